@@ -1,0 +1,20 @@
+#include "QEVSettings/preferences/PreferencesStore.hpp"
+
+namespace QEVSettings {
+
+std::int64_t PreferencesStore::integerForKey(std::string_view key) const {
+  const auto value = objectForKey(key);
+  return value ? value->convertedToInteger().value_or(0) : 0;
+}
+
+bool PreferencesStore::boolForKey(std::string_view key) const {
+  const auto value = objectForKey(key);
+  return value && value->convertedToBoolean().value_or(false);
+}
+
+std::optional<std::string> PreferencesStore::stringForKey(std::string_view key) const {
+  const auto value = objectForKey(key);
+  return value ? value->convertedToString() : std::nullopt;
+}
+
+}  // namespace QEVSettings

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <utility>
+
+namespace QEVSettings {
+
+// The right to be told about something, held by whoever wants to be told. Destroying it, or assigning
+// another to it, ends the telling; a source that dies first leaves it harmless.
+//
+//     Subscription token = store.observe(key, [](std::string_view) { … });
+class Subscription {
+public:
+  Subscription() = default;
+  explicit Subscription(std::function<void()> cancel) : cancel_(std::move(cancel)) {}
+  Subscription(Subscription&& other) noexcept : cancel_(std::exchange(other.cancel_, nullptr)) {}
+  Subscription& operator=(Subscription&& other) noexcept {
+    if (this != &other) {
+      cancel();
+      cancel_ = std::exchange(other.cancel_, nullptr);
+    }
+    return *this;
+  }
+  ~Subscription() { cancel(); }
+
+  void cancel() {
+    if (const auto cancel = std::exchange(cancel_, nullptr)) cancel();
+  }
+
+private:
+  std::function<void()> cancel_;
+};
+
+}  // namespace QEVSettings

@@ -1,0 +1,32 @@
+# The settings that every target of ours is built with, and one way to declare a room of the house.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+add_library(qev_options INTERFACE)
+target_compile_options(qev_options INTERFACE -Wall -Wextra -Wpedantic -Werror)
+if(QEV_SANITIZERS)
+  target_compile_options(qev_options INTERFACE
+    -fsanitize=${QEV_SANITIZERS} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  target_link_options(qev_options INTERFACE -fsanitize=${QEV_SANITIZERS})
+endif()
+
+# qev_library(NAME SOURCES a.cpp… [PUBLIC target…] [PRIVATE target…])
+#
+# A static library for the current folder. Its public headers stand in include/, and only the targets
+# that name it see them: an include against the arrows does not compile.
+function(qev_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+  if(ARG_SOURCES)
+    add_library(${name} STATIC ${ARG_SOURCES})
+    target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>)
+    target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE} $<BUILD_INTERFACE:qev_options>)
+  else()
+    add_library(${name} INTERFACE)
+    target_include_directories(${name} INTERFACE $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>)
+    target_link_libraries(${name} INTERFACE ${ARG_PUBLIC})
+  endif()
+endfunction()
