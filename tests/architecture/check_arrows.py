@@ -1,0 +1,161 @@
+#!/usr/bin/env python3
+"""Reads the includes of every C++ file below a folder and reports each one that runs against the arrows.
+
+    check_arrows.py ROOT
+
+Prints one line a finding and exits with 1 when there is any.
+"""
+
+import os
+import re
+import sys
+from pathlib import Path
+
+CONTRACT_BASE = {"viewkit", "sparkle"}
+
+# room: (its folder, the rooms directly below it). A room may include whatever can be reached downwards.
+ROOMS = {
+    "preferences": ("QEVSettings/preferences", set()),
+    "foundation": ("platform/foundation", {"preferences"}),
+    "appkit": ("platform/appkit", {"foundation"}),
+    "viewkit": ("platform/viewkit", {"appkit"}),
+    "sparkle": ("platform/sparkle", {"appkit"}),
+    "headless": ("platform/headless", {"viewkit"}),
+    "qt": ("platform/qt", {"viewkit"}),
+    "QEVLog": ("contracts/QEVLog", CONTRACT_BASE),
+    "QEVKonstantsKeys": ("contracts/QEVKonstantsKeys", CONTRACT_BASE),
+    "QEVCommonTools": ("contracts/QEVCommonTools", CONTRACT_BASE),
+    "QEVDependencies": ("contracts/QEVDependencies", {"QEVLog", "QEVKonstantsKeys", "QEVCommonTools"}),
+    "QEVModels": ("contracts/QEVModels", {"QEVDependencies"}),
+    "QEVCoreComponents": ("contracts/QEVCoreComponents", {"QEVModels"}),
+    "QEVSettings": ("QEVSettings", {"QEVCoreComponents"}),
+    "host": ("host", {"QEVSettings", "qt", "headless"}),
+    "tests": ("tests", {"host"}),
+    "benchmarks": ("benchmarks", {"QEVSettings", "headless", "qt"}),
+    "fuzz": ("fuzz", {"QEVSettings", "headless"}),
+}
+
+POSIX = r"(sys/\w+|unistd|fcntl|poll|pwd|signal|dlfcn|termios)\.h"
+QT = r"Q[A-Z]\w*(/\w+)?"
+
+# What a room may include besides the standard library; a room that is not named here, nothing.
+OUTSIDE = {
+    "foundation": [POSIX, r"sqlite3\.h", r"nlohmann/.+", r"plist/.+", r"date/.+"],
+    "sparkle": [r"expat\.h"],
+    "qt": [POSIX, QT],
+    "host": [POSIX, QT],
+    "tests": [r".+"],
+    "benchmarks": [POSIX, QT, r"benchmark/.+"],
+    "fuzz": [POSIX],
+}
+# The public headers of these keep their dependencies to themselves.
+HIDES_OUTSIDE = {"foundation", "sparkle", "host"}
+
+STANDARD = re.compile(r"[a-z0-9_]+")  # <vector>: a C++ header has neither a folder nor an ending
+DIRECTIVE = re.compile(r"^\s*#\s*(?:include|include_next|import)\b\s*(.*)", re.MULTILINE)
+TARGET = re.compile(r'<([^>]+)>|"([^"]+)"')
+SOURCE_ENDINGS = {".cpp", ".hpp", ".h", ".hh", ".hxx", ".cc", ".cxx", ".c", ".inc", ".ipp"}
+
+
+def reach(room):
+    """The rooms that a room may include: itself and all below."""
+    seen, pending = set(), [room]
+    while pending:
+        current = pending.pop()
+        if current not in seen:
+            seen.add(current)
+            pending.extend(ROOMS[current][1])
+    return seen
+
+
+def room_of(path):
+    """The room whose folder holds a path, the innermost one first; None when there is none."""
+    holding = [
+        (len(folder), room)
+        for room, (folder, _) in ROOMS.items()
+        if path.is_relative_to(folder)
+    ]
+    return max(holding)[1] if holding else None
+
+
+def included_room(root, source, room, target):
+    """The room that an include leads to; None when it leads out of the house."""
+    for folder in (source.parent, Path(ROOMS[room][0])):
+        if (root / folder / target).is_file():
+            return room_of(folder / target)
+    for other, (folder, _) in ROOMS.items():
+        if (root / folder / "include" / target).is_file():
+            return other
+    # What the build generates exists nowhere yet: its first folder says where it belongs.
+    parts = Path(target).parts
+    if parts[:2] == ("QEVSettings", "preferences"):
+        return "preferences"
+    return parts[0] if len(parts) > 1 and parts[0] in ROOMS else None
+
+
+def check_include(root, source, room, target):
+    """What is wrong with one include, or None."""
+    if ".." in Path(target).parts:
+        return f'includes "{target}" through "..": name it from its room'
+    other = included_room(root, source, room, target)
+    if other is not None:
+        return None if other in reach(room) else f"includes {target}, but {room} may not use {other}"
+    if target.endswith(".moc") or STANDARD.fullmatch(target):
+        return None
+    allowed = OUTSIDE.get(room, [])
+    if room in HIDES_OUTSIDE and "include" in source.parts:
+        allowed = []
+    if any(re.fullmatch(pattern, target) for pattern in allowed):
+        return None
+    return f"includes {target}, which is neither ours nor the standard library's"
+
+
+def check_built(root, source):
+    """Whether a CMakeLists in the folder of a source or above it names the source."""
+    for folder in source.parents:
+        lists = root / folder / "CMakeLists.txt"
+        if lists.is_file():
+            text = re.sub(r"#.*", "", lists.read_text(encoding="utf-8"))
+            name = re.escape(str(source.relative_to(folder)))
+            if re.search(rf'(^|[\s("/}}]){name}($|[\s)"])', text):
+                return None
+    return "is built by no CMakeLists.txt"
+
+
+def sources_below(root):
+    for folder, folders, files in os.walk(root):
+        here = Path(folder).relative_to(root)
+        folders[:] = sorted(f for f in folders if not f.startswith(".") and here / f != Path("build"))
+        yield from (here / f for f in sorted(files) if Path(f).suffix in SOURCE_ENDINGS)
+
+
+def check(root):
+    """Every finding below a root, as "path: what is wrong" lines."""
+    findings = []
+    includes = 0
+    for source in sources_below(root):
+        room = room_of(source)
+        if room is None:
+            findings.append(f"{source}: stands in no room")
+            continue
+        if source.suffix == ".cpp" and (problem := check_built(root, source)):
+            findings.append(f"{source}: {problem}")
+        for directive in DIRECTIVE.findall((root / source).read_text(encoding="utf-8")):
+            includes += 1
+            match = TARGET.match(directive)
+            problem = (
+                check_include(root, source, room, match[1] or match[2])
+                if match
+                else f"includes {directive}, which cannot be read without the preprocessor"
+            )
+            if problem:
+                findings.append(f"{source}: {problem}")
+    if includes == 0:
+        findings.append(f"{root}: not one include found, so nothing was checked")
+    return findings
+
+
+if __name__ == "__main__":
+    problems = check(Path(sys.argv[1]))
+    print("\n".join(problems))
+    sys.exit(1 if problems else 0)
