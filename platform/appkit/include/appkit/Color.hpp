@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstdint>
+
+namespace appkit {
+
+// Red, green, blue and opacity in sRGB, each from 0 to 1.
+struct RGBA {
+  double red = 0;
+  double green = 0;
+  double blue = 0;
+  double opacity = 1;
+
+  friend bool operator==(const RGBA&, const RGBA&) = default;
+};
+
+struct Palette;
+
+// A colour as a view asks for it: a fixed one, or a role that light and dark fill differently.
+//
+//     Color::primary().withOpacity(0.06)
+class Color {
+public:
+  enum class Role : std::uint8_t {
+    fixed,
+    clear,
+    accent,             // the application's own colour, for icons, titles and selections
+    primary,            // text
+    secondary,          // text of lesser weight
+    windowBackground,   // behind everything
+    groupBackground,    // a group box on the window
+    controlBackground,  // behind text that can be edited or stands as a sample
+    separator,          // hairlines and borders
+    systemRed,          // warnings
+  };
+
+  static Color clear() { return Color(Role::clear); }
+  static Color accent() { return Color(Role::accent); }
+  static Color primary() { return Color(Role::primary); }
+  static Color secondary() { return Color(Role::secondary); }
+  static Color windowBackground() { return Color(Role::windowBackground); }
+  static Color groupBackground() { return Color(Role::groupBackground); }
+  static Color controlBackground() { return Color(Role::controlBackground); }
+  static Color separator() { return Color(Role::separator); }
+  static Color systemRed() { return Color(Role::systemRed); }
+
+  Color(RGBA fixed) : fixed_(fixed) {}
+
+  // The same colour, its opacity multiplied by a factor from 0 to 1.
+  Color withOpacity(double factor) const;
+
+  bool isClear() const;
+  RGBA resolved(const Palette& palette) const;
+
+  friend bool operator==(const Color&, const Color&) = default;
+
+private:
+  explicit Color(Role role) : role_(role) {}
+
+  Role role_ = Role::fixed;
+  RGBA fixed_;
+  double opacity_ = 1;
+};
+
+// The colours behind the roles, for one appearance.
+struct Palette {
+  RGBA accent;
+  RGBA primary;
+  RGBA secondary;
+  RGBA windowBackground;
+  RGBA groupBackground;
+  RGBA controlBackground;
+  RGBA separator;
+  RGBA systemRed;
+
+  static const Palette& light();
+  static const Palette& dark();
+};
+
+}  // namespace appkit

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace appkit {
+
+// One of the machine's fonts at one size: what a person picks in a font chooser.
+struct Font {
+  std::string family;
+  // The face within the family as the machine names it, "Bold Italic" for instance; empty is the
+  // family's regular face.
+  std::string style;
+  double pointSize = 12;
+
+  // What a person calls it: family and style. The application's font catalogue decides.
+  std::string displayName() const;
+
+  // Every character has the same width.
+  bool isFixedPitch() const;
+
+  friend bool operator==(const Font&, const Font&) = default;
+};
+
+// What the machine knows about its fonts. A back end supplies one to the application; without any, a
+// font is named by its family and style, and is fixed-pitch when the family's name says so.
+class FontCatalog {
+public:
+  virtual ~FontCatalog() = default;
+
+  // Fonts the machine does not have are described as the one it would draw instead.
+  virtual std::string displayName(const Font& font) const;
+  virtual bool isFixedPitch(const Font& font) const;
+
+  // The fonts that a person gets who never chose any; `pointSize` 0 means the machine's own size.
+  virtual Font systemFont(double pointSize) const;
+  virtual Font fixedPitchFont(double pointSize) const;
+};
+
+}  // namespace appkit

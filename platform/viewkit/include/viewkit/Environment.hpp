@@ -1,0 +1,23 @@
+#pragma once
+
+#include "QEVSettings/preferences/PreferencesStore.hpp"
+#include "viewkit/Geometry.hpp"
+
+#include <functional>
+
+namespace viewkit {
+
+// What surrounds a view: the same for a whole window.
+struct Environment {
+  // The preferences store that stored preferences are bound to. It outlives every view.
+  std::reference_wrapper<QEVSettings::PreferencesStore> defaultStore;
+  LayoutDirection layoutDirection = LayoutDirection::leftToRight;
+  // Changes are shown at once, without fading.
+  bool reducedMotion = false;
+
+  // The environment of the view whose body is running; outside of a body, one over the standard
+  // preferences store.
+  static Environment current();
+};
+
+}  // namespace viewkit

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "viewkit/Control.hpp"
+#include "viewkit/Geometry.hpp"
+#include "viewkit/Visual.hpp"
+
+#include <optional>
+
+namespace viewkit {
+
+struct TextMetrics {
+  Size size;
+  // From the top of the text's box to its first and its last baseline.
+  double firstBaseline = 0;
+  double lastBaseline = 0;
+};
+
+// What layout has to ask the platform: how large things are there. Pure: the same question has the
+// same answer until the host's environment changes.
+class PlatformMetrics {
+public:
+  virtual ~PlatformMetrics() = default;
+
+  // The text broken into lines no wider than `maxWidth` (words that are wider are broken too) and cut
+  // to the visual's line limit. Without a width, lines break only where the text says so. The colour
+  // plays no part.
+  virtual TextMetrics measureText(const TextVisual& text, std::optional<double> maxWidth) const = 0;
+
+  // The size that a control of this kind with this content should have. A width that is offered may
+  // be used (a tab bar), or be ignored.
+  virtual Size controlSize(const Control& control, ProposedSize proposal) const = 0;
+};
+
+}  // namespace viewkit

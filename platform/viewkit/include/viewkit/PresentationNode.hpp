@@ -1,0 +1,70 @@
+#pragma once
+
+#include "viewkit/Control.hpp"
+#include "viewkit/Geometry.hpp"
+#include "viewkit/Visual.hpp"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace viewkit {
+
+using NodeId = std::uint64_t;
+
+enum class Role { none, text, image, group, button, helpButton, fontPicker, tabList, popover };
+
+// "text", "button" and so on.
+std::string_view nameOf(Role role);
+
+// What assistive technology is told of a node. A node with the role `none` is not told at all, its
+// children are.
+struct Accessibility {
+  Role role = Role::none;
+  std::string label;
+  std::string value;
+  std::string help;
+  bool enabled = true;
+
+  friend bool operator==(const Accessibility&, const Accessibility&) = default;
+};
+
+// One node of what is on the screen. The tree is retained: a node keeps its id and address from when
+// it is first shown until it is gone. It belongs to the view host; back ends read it and call the
+// functions of its control.
+//
+// Painted in this order: the node's visual, then its children, first to last.
+struct PresentationNode {
+  NodeId id = 0;
+  // In the coordinates of the parent.
+  Rect frame;
+  std::variant<std::monostate, TextVisual, SymbolVisual, ShapeVisual, Control> content;
+  // Children and content are cut to the frame, its corners rounded by this radius.
+  std::optional<double> clipRadius;
+  // Of the node and its children together, 0 to 1.
+  double opacity = 1;
+  Accessibility accessibility;
+  // Shown when the pointer rests on the node; empty for none.
+  std::string tooltip;
+
+  const PresentationNode* parent = nullptr;
+  std::vector<const PresentationNode*> children;
+
+  const Control* control() const { return std::get_if<Control>(&content); }
+  // In the coordinates of the root, whose own origin is (0, 0).
+  Rect frameInWindow() const;
+};
+
+// What one pass changed.
+struct PresentationChanges {
+  // Nodes that are new, that moved, or whose content, attributes or children are not what they were.
+  std::vector<const PresentationNode*> changed;
+  // Nodes that are gone.
+  std::vector<NodeId> removed;
+  // What has to be painted again, in window coordinates.
+  std::vector<Rect> damage;
+};
+
+}  // namespace viewkit

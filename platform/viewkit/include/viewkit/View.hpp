@@ -1,0 +1,5 @@
+#pragma once
+// filled in below
+namespace viewkit {
+class View;
+}
