@@ -16,7 +16,9 @@ Color Color::withOpacity(double factor) const {
   return result;
 }
 
-bool Color::isClear() const { return role_ == Role::clear || opacity_ <= 0 || (role_ == Role::fixed && fixed_.opacity <= 0); }
+bool Color::isClear() const {
+  return role_ == Role::clear || opacity_ <= 0 || (role_ == Role::fixed && fixed_.opacity <= 0);
+}
 
 RGBA Color::resolved(const Palette& palette) const {
   const auto base = [&]() -> RGBA {

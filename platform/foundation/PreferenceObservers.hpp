@@ -1,0 +1,36 @@
+#pragma once
+
+#include "QEVSettings/preferences/PreferencesStore.hpp"
+#include "QEVSettings/preferences/Subscription.hpp"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace foundation {
+
+// Who wants to hear of which key. An observer may subscribe, unsubscribe and write while it is told;
+// one that is added meanwhile is told from the next change on. Held by shared pointer. Main thread.
+class PreferenceObservers : public std::enable_shared_from_this<PreferenceObservers> {
+public:
+  using Observer = QEVSettings::PreferencesStore::Observer;
+  using Subscription = QEVSettings::Subscription;
+
+  [[nodiscard]] Subscription observe(std::string_view key, Observer observer);
+  [[nodiscard]] Subscription observeAll(Observer observer);
+  bool isEmpty() const { return everyKey_.empty() && byKey_.empty(); }
+
+  // Tells the observers of the key, then those of every key, each in the order of subscription.
+  void announce(std::string_view key);
+
+private:
+  using InOrder = std::map<std::uint64_t, std::shared_ptr<const Observer>>;
+
+  std::uint64_t next_ = 0;
+  InOrder everyKey_;
+  std::map<std::string, InOrder, std::less<>> byKey_;
+};
+
+}  // namespace foundation

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "appkit/Font.hpp"
+
+#include <map>
+#include <string>
+#include <utility>
+
+namespace qt {
+
+// The machine's fonts, as they would be drawn: a font that is missing is described as its substitute.
+class QtFontCatalog : public appkit::FontCatalog {
+public:
+  // Family and face: "DejaVu Sans Mono Book".
+  std::string displayName(const appkit::Font& font) const override;
+  bool isFixedPitch(const appkit::Font& font) const override;
+  appkit::Font systemFont(double pointSize) const override;
+  appkit::Font fixedPitchFont(double pointSize) const override;
+
+private:
+  using Face = std::pair<std::string, std::string>;
+  mutable std::map<Face, bool> fixedPitch_;
+};
+
+}  // namespace qt

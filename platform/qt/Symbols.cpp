@@ -1,0 +1,53 @@
+#include "Symbols.hpp"
+
+#include <QCache>
+#include <QCoreApplication>
+#include <QPainter>
+#include <QSvgRenderer>
+
+#include <tuple>
+
+static void initializeSymbols() { Q_INIT_RESOURCE(symbols); }
+
+namespace qt {
+
+namespace {
+
+using Key = std::tuple<QByteArray, int, int, QRgb, qreal>;
+
+QPixmap render(const QString& file, QSize pixels, const QColor& color) {
+  QSvgRenderer drawing(file);
+  if (!drawing.isValid()) return {};
+  drawing.setAspectRatioMode(Qt::KeepAspectRatio);
+  QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  drawing.render(&painter, QRectF(QPointF(), QSizeF(pixels)));
+  painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+  painter.fillRect(image.rect(), color);
+  painter.end();
+  return QPixmap::fromImage(image);
+}
+
+}  // namespace
+
+QPixmap symbolPixmap(std::string_view name, QSizeF size, const QColor& color, qreal devicePixelRatio) {
+  static QCache<Key, QPixmap> cache(256);
+  // Pixmaps must not outlive the application.
+  static const bool initialized = (initializeSymbols(), qAddPostRoutine([] { cache.clear(); }), true);
+  Q_UNUSED(initialized);
+
+  const QSize pixels = (size * devicePixelRatio).toSize();
+  if (pixels.isEmpty()) return {};
+  const QByteArray symbol(name.data(), static_cast<qsizetype>(name.size()));
+  const Key key{symbol, pixels.width(), pixels.height(), color.rgba(), devicePixelRatio};
+  if (const QPixmap* const known = cache.object(key)) return *known;
+
+  QPixmap pixmap = render(":/symbols/" + QString::fromUtf8(symbol) + ".svg", pixels, color);
+  pixmap.setDevicePixelRatio(devicePixelRatio);
+  cache.insert(key, new QPixmap(pixmap));
+  return pixmap;
+}
+
+}  // namespace qt

@@ -1,0 +1,153 @@
+#pragma once
+
+#include "Inherited.hpp"
+#include "viewkit/Geometry.hpp"
+#include "viewkit/PresentationNode.hpp"
+#include "viewkit/View.hpp"
+#include "viewkit/ViewHost.hpp"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace viewkit {
+
+// How large something is when it is offered a certain space, and where the first line of its text
+// stands.
+struct Measurement {
+  Size size;
+  std::optional<double> firstBaseline = std::nullopt;
+  friend bool operator==(const Measurement&, const Measurement&) = default;
+};
+
+// What works for one view at one place of the tree as long as the view's identity lasts: it holds the
+// newest description of the view, its children's nodes, its place and, where there is something to
+// see, its presentation.
+class Node {
+public:
+  Node() = default;
+  Node(const Node&) = delete;
+  Node& operator=(const Node&) = delete;
+  virtual ~Node();
+
+  // Rebuild. `become` takes a newer description of the same view and newer surroundings; it does
+  // nothing when neither is new.
+  void mount(ViewHost::Runtime& runtime, Node* parent, View view, InheritedPtr inherited);
+  bool canBecome(const View& next) const;
+  void become(View next, InheritedPtr inherited);
+  const View& view() const { return view_; }
+  // Whether the node is on the screen or only kept: the hidden pages of a tab view are not active.
+  void setActive(bool active);
+  bool isActive() const { return active_; }
+
+  // Layout.
+  const Measurement& measured(const ProposedSize& proposal);
+  Size sizeThatFits(const ProposedSize& proposal) { return measured(proposal).size; }
+  void place(Point origin, Size size);
+  Size size() const { return size_; }
+  int depth() const { return depth_; }
+  Node* parent() const { return parent_; }
+  // Answers earlier questions again after a change; whether every answer is what it was. If not, the
+  // parent has to place the node anew, even where it was.
+  bool remeasuresEqually();
+  // Places the children anew within the node's own frame, which stays.
+  void placeAgain();
+  // Forgets every answer of the branch, and that anything was placed.
+  void forgetLayout();
+
+  // Present. A node without a presentation of its own shows what its children show, in the
+  // presentation of the nearest ancestor that has one; the root always has one.
+  struct Presented {
+    PresentationNode node;
+    // What was last shown: whether at all, where in the window, and with which children.
+    bool isShown = false;
+    Rect shownFrame;
+    std::vector<NodeId> shownChildren;
+    // The node's own opacity, and how far it has faded in.
+    double opacity = 1;
+    double fade = 1;
+  };
+  Presented* presented() { return presented_.get(); }
+  Node& presentingAncestor();
+  Node& presentingSelfOrAncestor();
+  void collectPresentations(std::vector<Presented*>& into);
+  void setFade(double fade);
+
+  // Every child, shown or not, in the order of painting.
+  using Visitor = std::function<void(Node&)>;
+  virtual void visitChildren(const Visitor& visit) { static_cast<void>(visit); }
+  virtual void visitShownChildren(const Visitor& visit) { visitChildren(visit); }
+
+  virtual std::string kind() const { return view_.value()->kind(); }
+  NodeDescription describe(Point parentOrigin);
+
+  // The innermost regions under a point of the node's own coordinates, outermost first.
+  void collectRegions(Point point, std::vector<Node*>& into);
+  virtual bool wantsHover() const { return false; }
+  virtual void hover(bool inside) { static_cast<void>(inside); }
+  virtual bool wantsClick() const { return false; }
+  virtual void click() {}
+
+protected:
+  // The view or the surroundings are new: brings children and presentation up to date.
+  virtual void apply() = 0;
+  virtual Measurement measure(const ProposedSize& proposal) = 0;
+  virtual void placeChildren() {}
+  virtual void activeChanged() {}
+  virtual bool hasSameIdentity(const ViewValue& next) const;
+
+  template <class Value>
+  const Value& valueAs() const {
+    return static_cast<const Value&>(*view_.value());
+  }
+  const Inherited& inherited() const { return *inherited_; }
+  const InheritedPtr& inheritedPtr() const { return inherited_; }
+  ViewHost::Runtime& runtime() const { return *runtime_; }
+
+  // Makes, keeps, replaces or removes the node of one child.
+  void reconcile(std::unique_ptr<Node>& child, const View& next, const InheritedPtr& inherited);
+  std::unique_ptr<Node> makeChild(const View& view, const InheritedPtr& inherited);
+  void removeChild(std::unique_ptr<Node> child);
+
+  // What the node says of itself has changed: its answers to layout, its presentation, or the
+  // presentations below it.
+  void layoutChanged();
+  void childrenChanged();
+  // From the first call on the node has a presentation of its own.
+  PresentationNode& present();
+  void presentationChanged();
+  void setOpacity(double opacity);
+
+  // The surroundings without what is meant for one node only.
+  InheritedPtr inheritedByChildren() const;
+  void placeChild(Node& child, Point origin, Size size);
+
+private:
+  struct Answer {
+    ProposedSize proposal;
+    Measurement measurement;
+  };
+
+  ViewHost::Runtime* runtime_ = nullptr;
+  Node* parent_ = nullptr;
+  int depth_ = 0;
+  View view_;
+  InheritedPtr inherited_;
+  mutable InheritedPtr inheritedByChildren_;
+  mutable InheritedPtr inheritedFrom_;  // what the one above was made of
+  bool active_ = false;
+
+  std::vector<Answer> answers_;
+  Point origin_;  // in the coordinates of the presentation above
+  Size size_;
+  bool placed_ = false;
+
+  std::unique_ptr<Presented> presented_;
+};
+
+// The position of something within a container.
+Point aligned(Size inner, Size outer, Alignment alignment);
+
+}  // namespace viewkit

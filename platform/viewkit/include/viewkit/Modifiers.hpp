@@ -1,0 +1,120 @@
+#pragma once
+
+#include "appkit/Color.hpp"
+#include "viewkit/Binding.hpp"
+#include "viewkit/Font.hpp"
+#include "viewkit/Geometry.hpp"
+
+#include <concepts>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace viewkit {
+
+using appkit::Color;
+
+class View;
+
+// What tells one of several like views from another; unique among its siblings.
+using ViewId = std::variant<std::int64_t, std::string>;
+
+// A frame of fixed lengths; a length left out is the content's own.
+struct FixedFrame {
+  std::optional<double> width = std::nullopt;
+  std::optional<double> height = std::nullopt;
+  Alignment alignment = {};
+};
+
+// A frame that takes what it is offered, within limits; a limit left out is the content's own length.
+struct FlexibleFrame {
+  std::optional<double> minWidth = std::nullopt;
+  std::optional<double> maxWidth = std::nullopt;
+  std::optional<double> minHeight = std::nullopt;
+  std::optional<double> maxHeight = std::nullopt;
+  Alignment alignment = {};
+};
+
+enum class Edges { all, horizontal, vertical, top, leading, bottom, trailing };
+
+struct PopoverOptions {
+  // Points; a popover is as wide as its content, up to this.
+  double maxWidth = 320;
+};
+
+namespace modified {
+View byFrame(const View& content, const FixedFrame& frame);
+View byFlexibleFrame(const View& content, const FlexibleFrame& frame);
+View byPadding(const View& content, const EdgeInsets& insets);
+View byFixedSize(const View& content, bool horizontal, bool vertical);
+View byBackground(const View& content, const View& background, Alignment alignment);
+View byOverlay(const View& content, const View& overlay, Alignment alignment);
+View byClip(const View& content, double cornerRadius);
+View byOpacity(const View& content, double opacity);
+View byOpacityTransition(const View& content);
+View byForeground(const View& content, Color color);
+View byFont(const View& content, const Font& font);
+View byDisabled(const View& content, bool disabled);
+View byHelp(const View& content, std::string help);
+View byAccessibilityLabel(const View& content, std::string label);
+View byHover(const View& content, std::function<void(bool)> action);
+View byTap(const View& content, std::function<void()> action);
+View byAppear(const View& content, std::function<void()> appear, std::function<void()> disappear);
+View byId(const View& content, ViewId id);
+View byPopover(const View& content, const Binding<bool>& isPresented, std::function<View()> popover,
+               PopoverOptions options);
+EdgeInsets insets(Edges edges, double length);
+}  // namespace modified
+
+// What can be said of every view. Each modifier gives a view around the one that it is said of, so the
+// order matters: padding before a background lies inside it. Lengths are in points.
+template <class Self>
+class Modifiers {
+public:
+  View frame(const FixedFrame& frame) const;
+  View frame(const FlexibleFrame& frame) const;
+  View padding(double length) const;
+  View padding(Edges edges, double length) const;
+  // Keeps the content at its ideal size instead of what it is offered.
+  View fixedSize(bool horizontal = true, bool vertical = true) const;
+  View background(const View& background, Alignment alignment = {}) const;
+  View background(Color color) const;
+  View overlay(const View& overlay, Alignment alignment = {}) const;
+  // Cuts the content to its frame with rounded corners.
+  View clipped(double cornerRadius = 0) const;
+  View opacity(double opacity) const;
+  // Fades in when the view is first shown.
+  View opacityTransition() const;
+
+  // For this view and what it contains, unless it says otherwise itself.
+  View foreground(Color color) const;
+  View font(const Font& font) const;
+  View disabled(bool disabled) const;
+
+  // Shown when the pointer rests on the view, and told to assistive technology.
+  View help(std::string text) const;
+  View accessibilityLabel(std::string label) const;
+
+  // Called with true when the pointer enters the view's frame, with false when it leaves it or the
+  // view goes away under it.
+  View onHover(std::function<void(bool)> action) const;
+  // A click in the view's frame that no control and no view inside it took.
+  View onTap(std::function<void()> action) const;
+  // Each appearance is followed by exactly one disappearance, at the latest when the window closes.
+  View onAppear(std::function<void()> action) const;
+  View onDisappear(std::function<void()> action) const;
+
+  // A surface above the window, beside this view, while the binding is true.
+  View popover(const Binding<bool>& isPresented, std::function<View()> content, PopoverOptions options = {}) const;
+
+  // A new id is a new view: state starts afresh.
+  View id(ViewId id) const;
+
+private:
+  const Self& self() const { return static_cast<const Self&>(*this); }
+};
+
+}  // namespace viewkit

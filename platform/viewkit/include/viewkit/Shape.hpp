@@ -1,0 +1,34 @@
+#pragma once
+
+#include "viewkit/View.hpp"
+
+namespace viewkit {
+
+// A rectangle that takes all the space it is offered, with round corners of this radius.
+class RoundedRectangle : public Modifiers<RoundedRectangle> {
+public:
+  explicit RoundedRectangle(double cornerRadius = 0) : cornerRadius_(cornerRadius) {}
+
+  RoundedRectangle fill(Color color) const {
+    RoundedRectangle shape = *this;
+    shape.fill_ = color;
+    return shape;
+  }
+  // A line of this width just inside the edge.
+  RoundedRectangle border(Color color, double width) const {
+    RoundedRectangle shape = *this;
+    shape.border_ = color;
+    shape.borderWidth_ = width;
+    return shape;
+  }
+
+  operator View() const;
+
+private:
+  double cornerRadius_;
+  Color fill_ = Color::clear();
+  Color border_ = Color::clear();
+  double borderWidth_ = 0;
+};
+
+}  // namespace viewkit

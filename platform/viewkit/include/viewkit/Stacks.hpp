@@ -1,0 +1,79 @@
+#pragma once
+
+#include "viewkit/View.hpp"
+
+#include <initializer_list>
+#include <ranges>
+#include <utility>
+#include <vector>
+
+namespace viewkit {
+
+// A view's place among its siblings: its position as written, and its id where one place holds many.
+struct ChildKey {
+  int position = 0;
+  std::optional<ViewId> id = std::nullopt;
+  friend bool operator==(const ChildKey&, const ChildKey&) = default;
+};
+
+// The children of a container in order. A place may hold a view, nothing, or the many views of a
+// `forEach`; what stands in one place never disturbs the identity of the others.
+class Children {
+public:
+  struct Child {
+    ChildKey key;
+    View view;
+  };
+
+  // What one place holds.
+  class Place {
+  public:
+    template <class V>
+      requires std::convertible_to<V, View>
+    Place(V&& view) {
+      views_.push_back({.key = {}, .view = View(std::forward<V>(view))});
+    }
+    explicit Place(std::vector<Child> views) : views_(std::move(views)) {}
+
+  private:
+    friend class Children;
+    std::vector<Child> views_;
+  };
+
+  Children(std::initializer_list<Place> places);
+
+  const std::vector<Child>& all() const { return children_; }
+
+private:
+  std::vector<Child> children_;
+};
+
+// One view for each element, told apart by the id that `identify` gives it.
+template <std::ranges::input_range Elements, class Identify, class Make>
+Children::Place forEach(Elements&& elements, Identify identify, Make make) {
+  std::vector<Children::Child> views;
+  for (const auto& element : elements) {
+    views.push_back({.key = {.position = 0, .id = ViewId(identify(element))}, .view = View(make(element))});
+  }
+  return Children::Place(std::move(views));
+}
+
+struct HStackOptions {
+  VerticalAlignment alignment = VerticalAlignment::center;
+  double spacing = 8;
+};
+
+struct VStackOptions {
+  HorizontalAlignment alignment = HorizontalAlignment::center;
+  double spacing = 8;
+};
+
+// Children side by side, or one under the other. Space is shared out to the least flexible first, so
+// that a text keeps its width as long as a spacer can give way.
+View HStack(const HStackOptions& options, Children children);
+View VStack(const VStackOptions& options, Children children);
+
+// Takes what its stack has left over, along the stack's direction; never less than the minimum.
+View Spacer(double minLength = 8);
+
+}  // namespace viewkit

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "viewkit/Binding.hpp"
+#include "viewkit/Dependents.hpp"
+#include "viewkit/ViewProperty.hpp"
+
+#include <concepts>
+#include <memory>
+#include <utility>
+
+namespace viewkit {
+
+template <class T>
+struct StateSlot : Slot {
+  explicit StateSlot(T initial) : value(std::move(initial)) {}
+
+  const T& read() {
+    dependents.recordRead();
+    return value;
+  }
+
+  void write(T next) {
+    if constexpr (std::equality_comparable<T>) {
+      if (next == value) return;
+    }
+    value = std::move(next);
+    dependents.markAll();
+  }
+
+  T value;
+  Dependents dependents;
+};
+
+// A value that a view keeps for itself as long as it is on the screen. The value given at first counts
+// when the view appears and not again.
+//
+//     struct Row {
+//       State<bool> hovering = false;
+//       View body() const {
+//         return Text("…").foreground(hovering ? Color::accent() : Color::primary())
+//             .onHover([self = *this](bool inside) { self.hovering.set(inside); });
+//       }
+//     };
+template <class T>
+class State : public ViewProperty<StateSlot<T>> {
+public:
+  State(T initial) : initial_(std::move(initial)) {}
+  State()
+    requires std::default_initializable<T>
+      : initial_{} {}
+
+  const T& get() const { return this->slot().read(); }
+  operator const T&() const { return get(); }
+
+  // An equal value changes nothing; any other marks the bodies that read this one.
+  void set(T value) const { this->slot().write(std::move(value)); }
+
+  Binding<T> binding() const {
+    const auto slot = this->sharedSlot();
+    return {[slot] { return slot->read(); }, [slot](T value) { slot->write(std::move(value)); }};
+  }
+
+private:
+  std::shared_ptr<StateSlot<T>> makeSlot() const override { return std::make_shared<StateSlot<T>>(initial_); }
+
+  T initial_;
+};
+
+}  // namespace viewkit

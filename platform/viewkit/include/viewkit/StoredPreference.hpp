@@ -1,0 +1,82 @@
+#pragma once
+
+#include "QEVSettings/preferences/PreferenceKeys.hpp"
+#include "QEVSettings/preferences/PreferencesStore.hpp"
+#include "viewkit/Binding.hpp"
+#include "viewkit/Dependents.hpp"
+#include "viewkit/Environment.hpp"
+#include "viewkit/ViewProperty.hpp"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace viewkit {
+
+// How a type is kept in the store: what it reads as, and nothing where the stored value is no such.
+inline std::optional<bool> readPreference(const QEVSettings::PreferenceValue& value, const bool&) {
+  return value.convertedToBoolean();
+}
+inline std::optional<std::int64_t> readPreference(const QEVSettings::PreferenceValue& value, const std::int64_t&) {
+  return value.convertedToInteger();
+}
+inline std::optional<std::string> readPreference(const QEVSettings::PreferenceValue& value, const std::string&) {
+  return value.convertedToString();
+}
+
+template <class T>
+struct PreferenceSlot : Slot {
+  PreferenceSlot(QEVSettings::PreferencesStore& preferences, std::string name, T fallback)
+      : store(preferences),
+        key(std::move(name)),
+        defaultValue(std::move(fallback)),
+        subscription(store.observe(key, [this](std::string_view) { dependents.markAll(); })) {}
+
+  T read() {
+    dependents.recordRead();
+    const auto stored = store.objectForKey(key);
+    return stored ? readPreference(*stored, defaultValue).value_or(defaultValue) : defaultValue;
+  }
+
+  QEVSettings::PreferencesStore& store;
+  std::string key;
+  T defaultValue;
+  Dependents dependents;
+  QEVSettings::Subscription subscription;
+};
+
+// A value of the environment's default store, bound to its key: reads with a default and never writes
+// it, writes at once, and runs the bodies that read it again when anyone, in this process or another,
+// changes the key. For Booleans, integers and strings.
+template <class T>
+class StoredPreference : public ViewProperty<PreferenceSlot<T>> {
+public:
+  StoredPreference(QEVSettings::PreferenceKey<T> key) : key_(key.name), defaultValue_(std::move(key.defaultValue)) {}
+  StoredPreference(std::string_view key, T defaultValue) : key_(key), defaultValue_(std::move(defaultValue)) {}
+
+  T get() const { return this->slot().read(); }
+  operator T() const { return get(); }
+
+  void set(T value) const {
+    auto& slot = this->slot();
+    slot.store.setObject(std::move(value), slot.key);
+  }
+
+  Binding<T> binding() const {
+    const auto slot = this->sharedSlot();
+    return {[slot] { return slot->read(); }, [slot](T value) { slot->store.setObject(std::move(value), slot->key); }};
+  }
+
+private:
+  std::shared_ptr<PreferenceSlot<T>> makeSlot() const override {
+    return std::make_shared<PreferenceSlot<T>>(Environment::current().defaultStore.get(), key_, defaultValue_);
+  }
+
+  std::string key_;
+  T defaultValue_;
+};
+
+}  // namespace viewkit

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "viewkit/Binding.hpp"
+#include "viewkit/SymbolName.hpp"
+#include "viewkit/View.hpp"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace viewkit {
+
+template <class Tag>
+struct Tab {
+  Tag tag;
+  std::string title;
+  SymbolName symbol;
+  View page;
+};
+
+namespace detail {
+struct TabPage {
+  std::int64_t tag;
+  std::string title;
+  SymbolName symbol;
+  View page;
+};
+View makeTabView(std::vector<TabPage> pages, std::int64_t selected, std::function<void(std::int64_t)> select);
+}  // namespace detail
+
+// Pages of which one is seen, under a bar of tabs. A page is built when it is first selected and keeps
+// its state as long as the tab view is there; it appears and disappears with its selection. While the
+// selection names no page that is there, the first page is seen, and the selection stays as it is.
+// Tags are values of an enumeration.
+template <class Tag>
+View TabView(const Binding<Tag>& selection, std::vector<Tab<Tag>> tabs) {
+  std::vector<detail::TabPage> pages;
+  pages.reserve(tabs.size());
+  for (Tab<Tag>& tab : tabs) {
+    pages.push_back({.tag = static_cast<std::int64_t>(tab.tag),
+                     .title = std::move(tab.title),
+                     .symbol = tab.symbol,
+                     .page = std::move(tab.page)});
+  }
+  return detail::makeTabView(std::move(pages), static_cast<std::int64_t>(selection.get()),
+                             [selection](std::int64_t tag) { selection.set(static_cast<Tag>(tag)); });
+}
+
+}  // namespace viewkit
