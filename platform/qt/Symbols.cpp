@@ -5,15 +5,23 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
-#include <tuple>
-
 static void initializeSymbols() { Q_INIT_RESOURCE(symbols); }
 
 namespace qt {
 
 namespace {
 
-using Key = std::tuple<QByteArray, int, int, QRgb, qreal>;
+struct Key {
+  QByteArray name;
+  QSize pixels;
+  QRgb color;
+  qreal devicePixelRatio;
+
+  friend bool operator==(const Key&, const Key&) = default;
+  friend std::size_t qHash(const Key& key, std::size_t seed = 0) {
+    return qHashMulti(seed, key.name, key.pixels.width(), key.pixels.height(), key.color, key.devicePixelRatio);
+  }
+};
 
 QPixmap render(const QString& file, QSize pixels, const QColor& color) {
   QSvgRenderer drawing(file);
@@ -41,7 +49,7 @@ QPixmap symbolPixmap(std::string_view name, QSizeF size, const QColor& color, qr
   const QSize pixels = (size * devicePixelRatio).toSize();
   if (pixels.isEmpty()) return {};
   const QByteArray symbol(name.data(), static_cast<qsizetype>(name.size()));
-  const Key key{symbol, pixels.width(), pixels.height(), color.rgba(), devicePixelRatio};
+  const Key key{symbol, pixels, color.rgba(), devicePixelRatio};
   if (const QPixmap* const known = cache.object(key)) return *known;
 
   QPixmap pixmap = render(":/symbols/" + QString::fromUtf8(symbol) + ".svg", pixels, color);

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <tuple>
 
 namespace qt {
 
@@ -21,6 +20,22 @@ constexpr double kRoundingSlack = 1.0 / 64;
 struct Break {
   int start = 0;
   int length = 0;
+};
+
+struct Key {
+  QString text;
+  QString font;
+  int lineLimit;
+  viewkit::Truncation truncation;
+  double maxWidth;
+  double maxHeight;
+  Qt::LayoutDirection direction;
+
+  friend bool operator==(const Key&, const Key&) = default;
+  friend std::size_t qHash(const Key& key, std::size_t seed = 0) {
+    return qHashMulti(seed, key.text, key.font, key.lineLimit, static_cast<int>(key.truncation), key.maxWidth,
+                      key.maxHeight, static_cast<int>(key.direction));
+  }
 };
 
 QTextOption optionsFor(Qt::LayoutDirection direction) {
@@ -122,20 +137,22 @@ void TextLines::draw(QPainter& painter, QPointF origin, double width) const {
 
 std::shared_ptr<const TextLines> TextLines::of(const viewkit::TextVisual& visual, std::optional<double> maxWidth,
                                                std::optional<double> maxHeight, Qt::LayoutDirection direction) {
-  using Key = std::tuple<QString, QString, int, int, double, double, int>;
   static QCache<Key, std::shared_ptr<const TextLines>> cache(2048);
   // Laid-out lines hold fonts, which must not outlive the application.
   static const bool registered = (qAddPostRoutine([] { cache.clear(); }), true);
   Q_UNUSED(registered);
 
   const QFont font = fontOf(visual.font);
-  const Key key{text(visual.text),          font.key(),
-                visual.lineLimit,           static_cast<int>(visual.truncation),
-                maxWidth.value_or(-1),      maxHeight.value_or(-1),
-                static_cast<int>(direction)};
+  const Key key{.text = text(visual.text),
+                .font = font.key(),
+                .lineLimit = visual.lineLimit,
+                .truncation = visual.truncation,
+                .maxWidth = maxWidth.value_or(-1),
+                .maxHeight = maxHeight.value_or(-1),
+                .direction = direction};
   if (const auto* known = cache.object(key)) return *known;
   auto lines = std::make_shared<const TextLines>(
-      std::get<0>(key), font, visual.lineLimit,
+      key.text, font, visual.lineLimit,
       visual.truncation == viewkit::Truncation::middle ? Qt::ElideMiddle : Qt::ElideRight, maxWidth, maxHeight,
       direction);
   cache.insert(key, new std::shared_ptr<const TextLines>(lines));
