@@ -1,7 +1,11 @@
 #pragma once
 
+#include "appkit/Color.hpp"
 #include "appkit/Font.hpp"
+#include "viewkit/Font.hpp"
+#include "viewkit/Geometry.hpp"
 #include "viewkit/SymbolName.hpp"
+#include "viewkit/Visual.hpp"
 
 #include <functional>
 #include <optional>
@@ -52,14 +56,73 @@ struct TabBarControl {
   std::function<void(int)> select;
 };
 
+// An on/off switch.
+struct ToggleControl {
+  enum class Size { regular, small };
+
+  bool isOn = false;
+  Size size = Size::regular;
+  std::function<void(bool)> set;
+};
+
+// Shows a colour; a person opens a chooser with a field for hexadecimal text and, where the well asks
+// for it, opacity. `choose` is called with each colour that the person settles on while the chooser is
+// open.
+struct ColorWellControl {
+  appkit::RGBA color;
+  bool supportsOpacity = false;
+  std::function<void(appkit::RGBA)> choose;
+};
+
+struct MenuItem {
+  std::string title;
+  std::function<void()> action;
+  // In place of the platform's menu font.
+  std::optional<Font> font = std::nullopt;
+};
+
+// A button that opens a menu. With a title it looks like the platform's pop-up button and opens where
+// the item of the same title lies under it; without one its children are what is seen. The items are
+// asked for each time the menu opens.
+struct MenuControl {
+  std::string title;
+  std::function<std::vector<MenuItem>()> items;
+};
+
+// Text that a person types. `change` is called at every keystroke; `commit` when the person presses
+// Return, and when the field loses the keyboard after its text changed.
+struct TextFieldControl {
+  std::string text;
+  std::string placeholder;
+  // The field grows to this many lines, then scrolls; Return commits all the same.
+  int lineLimit = 1;
+  std::function<void(std::string)> change;
+  std::function<void()> commit;
+};
+
+// Text that a person can select and copy, but not change.
+struct SelectableTextControl {
+  TextVisual text;
+};
+
+// A view onto content that is larger: the one child of the node, placed at minus the offset. `scroll`
+// is called with the offset that the person asks for; the node itself keeps it within bounds.
+struct ScrollControl {
+  Size contentSize;
+  Point offset;
+  bool showsIndicators = true;
+  std::function<void(Point)> scroll;
+};
+
 // A surface of its own above the window, beside the node that is its parent in the tree. `dismiss` is
 // called when the person closes it: a click elsewhere, Escape.
 struct PopoverControl {
   std::function<void()> dismiss;
 };
 
-using Control = std::variant<ButtonControl, PlainButtonControl, HelpButtonControl, FontPickerControl, TabBarControl,
-                             PopoverControl>;
+using Control =
+    std::variant<ButtonControl, PlainButtonControl, HelpButtonControl, FontPickerControl, TabBarControl, PopoverControl,
+                 ToggleControl, ColorWellControl, MenuControl, TextFieldControl, SelectableTextControl, ScrollControl>;
 
 // Whether a back end would show both alike; functions are not compared.
 bool looksLike(const Control& a, const Control& b);

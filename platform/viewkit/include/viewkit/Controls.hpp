@@ -1,22 +1,50 @@
 #pragma once
 
+#include "appkit/Color.hpp"
 #include "appkit/Font.hpp"
 #include "viewkit/Binding.hpp"
+#include "viewkit/Control.hpp"
 #include "viewkit/SymbolName.hpp"
 #include "viewkit/View.hpp"
 
 #include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace viewkit {
 
-// Controls of the platform. Where a control has no title of its own, its help text names it to
-// assistive technology.
+// Controls of the platform. Where a control has no title of its own, its accessibility label, or else
+// its help text, names it to assistive technology.
 
 View Button(std::string title, std::function<void()> action);
+// With a symbol before its title.
+View Button(std::string title, SymbolName symbol, std::function<void()> action);
 // A button without a look of its own around any view.
 View PlainButton(const View& content, std::function<void()> action);
 View HelpButton(std::function<void()> action);
 View FontChooser(std::string title, const Binding<appkit::Font>& selection);
+
+// A switch without a label.
+View Toggle(const Binding<bool>& isOn, ToggleControl::Size size = ToggleControl::Size::regular);
+
+struct ColorWellOptions {
+  bool supportsOpacity = false;
+};
+View ColorWell(const Binding<appkit::RGBA>& selection, const ColorWellOptions& options = {});
+
+// A pop-up button that shows `title`, and asks for its items each time it opens.
+View PopUpMenu(std::string title, std::function<std::vector<MenuItem>()> items);
+// A menu behind any view, without a frame or an arrow of its own. `value` is what assistive technology
+// is told of the label.
+View Menu(const View& label, std::string value, std::function<std::vector<MenuItem>()> items);
+
+struct TextFieldOptions {
+  std::string placeholder = {};
+  int lineLimit = 1;
+};
+// Writes the binding at every keystroke. `onCommit` is called when the person presses Return, and when
+// the field loses the keyboard after its text changed.
+View TextField(const TextFieldOptions& options, const Binding<std::string>& text, std::function<void()> onCommit = {});
 
 }  // namespace viewkit

@@ -4,7 +4,9 @@
 #include "viewkit/Binding.hpp"
 #include "viewkit/Font.hpp"
 #include "viewkit/Geometry.hpp"
+#include "viewkit/PresentationNode.hpp"
 
+#include <any>
 #include <concepts>
 #include <cstdint>
 #include <functional>
@@ -60,9 +62,13 @@ View byFont(const View& content, const Font& font);
 View byDisabled(const View& content, bool disabled);
 View byHelp(const View& content, std::string help);
 View byAccessibilityLabel(const View& content, std::string label);
+View byAccessibilityRole(const View& content, Role role);
+View byAccessibilitySelected(const View& content, bool selected);
 View byHover(const View& content, std::function<void(bool)> action);
 View byTap(const View& content, std::function<void()> action);
 View byAppear(const View& content, std::function<void()> appear, std::function<void()> disappear);
+View byChange(const View& content, std::any value, std::function<bool(const std::any&, const std::any&)> isEqual,
+              std::function<void()> action);
 View byId(const View& content, ViewId id);
 View byPopover(const View& content, const Binding<bool>& isPresented, std::function<View()> popover,
                PopoverOptions options);
@@ -97,6 +103,9 @@ public:
   // Shown when the pointer rests on the view, and told to assistive technology.
   View help(std::string text) const;
   View accessibilityLabel(std::string label) const;
+  // What the view is to assistive technology, together with all that it contains.
+  View accessibilityRole(Role role) const;
+  View accessibilitySelected(bool selected) const;
 
   // Called with true when the pointer enters the view's frame, with false when it leaves it or the
   // view goes away under it.
@@ -106,6 +115,11 @@ public:
   // Each appearance is followed by exactly one disappearance, at the latest when the window closes.
   View onAppear(std::function<void()> action) const;
   View onDisappear(std::function<void()> action) const;
+
+  // Called after an update in which the value differs from the one before; not when the view is first
+  // shown.
+  template <std::equality_comparable T>
+  View onChange(T value, std::function<void(const T&)> action) const;
 
   // A surface above the window, beside this view, while the binding is true.
   View popover(const Binding<bool>& isPresented, std::function<View()> content, PopoverOptions options = {}) const;

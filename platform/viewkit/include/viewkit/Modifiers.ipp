@@ -78,6 +78,24 @@ View Modifiers<Self>::accessibilityLabel(std::string label) const {
 }
 
 template <class Self>
+View Modifiers<Self>::accessibilityRole(Role role) const {
+  return modified::byAccessibilityRole(self(), role);
+}
+
+template <class Self>
+View Modifiers<Self>::accessibilitySelected(bool selected) const {
+  return modified::byAccessibilitySelected(self(), selected);
+}
+
+template <class Self>
+template <std::equality_comparable T>
+View Modifiers<Self>::onChange(T value, std::function<void(const T&)> action) const {
+  const auto isEqual = [](const std::any& a, const std::any& b) { return std::any_cast<T>(a) == std::any_cast<T>(b); };
+  auto act = [value, action = std::move(action)] { action(value); };
+  return modified::byChange(self(), std::any(std::move(value)), isEqual, std::move(act));
+}
+
+template <class Self>
 View Modifiers<Self>::onHover(std::function<void(bool)> action) const {
   return modified::byHover(self(), std::move(action));
 }

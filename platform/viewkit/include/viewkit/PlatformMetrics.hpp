@@ -5,6 +5,7 @@
 #include "viewkit/Visual.hpp"
 
 #include <optional>
+#include <string>
 
 namespace viewkit {
 
@@ -25,6 +26,9 @@ public:
   // to the visual's line limit. Without a width, lines break only where the text says so. The colour
   // plays no part.
   virtual TextMetrics measureText(const TextVisual& text, std::optional<double> maxWidth) const = 0;
+
+  // The picture's own size in points; empty when there is none to read.
+  virtual Size imageSize(const std::string& path) const = 0;
 
   // The size that a control of this kind with this content should have. A width that is offered may
   // be used (a tab bar), or be ignored.

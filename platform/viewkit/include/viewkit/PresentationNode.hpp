@@ -14,7 +14,27 @@ namespace viewkit {
 
 using NodeId = std::uint64_t;
 
-enum class Role { none, text, image, group, button, helpButton, fontPicker, tabList, popover };
+enum class Role {
+  none,
+  text,
+  heading,
+  // Text that is spoken when it appears or changes.
+  alert,
+  image,
+  group,
+  button,
+  helpButton,
+  fontPicker,
+  tabList,
+  popover,
+  toggle,
+  colorWell,
+  menuButton,
+  textField,
+  scrollArea,
+  list,
+  listItem,
+};
 
 // "text", "button" and so on.
 std::string_view nameOf(Role role);
@@ -27,6 +47,10 @@ struct Accessibility {
   std::string value;
   std::string help;
   bool enabled = true;
+  // For one of several that can be selected.
+  std::optional<bool> selected = std::nullopt;
+  // Assistive technology can press it, as a click would: see ViewHost::press.
+  bool pressable = false;
 
   friend bool operator==(const Accessibility&, const Accessibility&) = default;
 };
@@ -40,7 +64,7 @@ struct PresentationNode {
   NodeId id = 0;
   // In the coordinates of the parent.
   Rect frame;
-  std::variant<std::monostate, TextVisual, SymbolVisual, ShapeVisual, Control> content;
+  std::variant<std::monostate, TextVisual, SymbolVisual, ImageVisual, ShapeVisual, Control> content;
   // Children and content are cut to the frame, its corners rounded by this radius.
   std::optional<double> clipRadius;
   // Of the node and its children together, 0 to 1.

@@ -73,6 +73,9 @@ struct VStackOptions {
 View HStack(const HStackOptions& options, Children children);
 View VStack(const VStackOptions& options, Children children);
 
+// Children one over the other, the first at the bottom; as large as the largest.
+View ZStack(Alignment alignment, Children children);
+
 // Takes what its stack has left over, along the stack's direction; never less than the minimum.
 View Spacer(double minLength = 8);
 

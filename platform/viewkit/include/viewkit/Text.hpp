@@ -20,7 +20,9 @@ public:
   // `truncation` says.
   Text lineLimit(int lines) const;
   Text truncation(Truncation truncation) const;
-  // In upper case, by the rules of Unicode.
+  // A person can select and copy it.
+  Text selectable() const;
+  // Shown in upper case, by the rules of Unicode; spoken as it is.
   Text uppercased() const;
 
   operator View() const;
@@ -38,6 +40,8 @@ private:
   std::optional<Color> color_;
   int lineLimit_ = 0;
   Truncation truncation_ = Truncation::tail;
+  bool selectable_ = false;
+  bool uppercased_ = false;
 };
 
 }  // namespace viewkit

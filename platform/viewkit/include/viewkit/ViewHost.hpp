@@ -73,6 +73,13 @@ public:
   // Whether anything wanted it.
   bool click(Point point);
 
+  // What a click on the node would do, for assistive technology: the node is found by id, a region that
+  // wants clicks takes it. Whether anything wanted it.
+  bool press(NodeId id);
+
+  // Scrolls whatever the node stands in, as little as it takes to bring the node into sight.
+  void reveal(NodeId id);
+
   // Fades in progress move on by this much time. A back end calls it for each frame while
   // `isAnimating`.
   bool isAnimating() const;

@@ -33,6 +33,20 @@ struct SymbolVisual {
   friend bool operator==(const SymbolVisual&, const SymbolVisual&) = default;
 };
 
+// A picture from a file, SVG or PNG.
+struct ImageVisual {
+  enum class Mode {
+    stretch,  // to the frame, whatever that does to the picture
+    fit,      // the whole picture, centred
+    fill,     // the whole frame; what hangs over is cut off
+  };
+
+  std::string path;
+  Mode mode = Mode::stretch;
+
+  friend bool operator==(const ImageVisual&, const ImageVisual&) = default;
+};
+
 // A rounded rectangle that fills its frame; radius 0 is a plain one. The border lies inside the frame.
 struct ShapeVisual {
   double cornerRadius = 0;

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace appkit {
+
+// A key that was pressed in one of the application's windows.
+struct Event {
+  // The keys that the application itself asks for; a back end gives every other key kOtherKey.
+  static constexpr int kDownArrow = 125;
+  static constexpr int kUpArrow = 126;
+  static constexpr int kLeftArrow = 123;
+  static constexpr int kRightArrow = 124;
+  static constexpr int kOtherKey = -1;
+
+  enum Modifier : std::uint8_t { none = 0, shift = 1, control = 2, option = 4, command = 8 };
+
+  int keyCode = kOtherKey;
+  std::uint8_t modifiers = none;
+  std::string characters;
+
+  // Kinds of events, as bits.
+  static constexpr std::uint64_t kKeyDownMask = 1024;
+
+  // Sees an event before the window does and returns what to pass on: the event, another one, or
+  // nothing to consume it.
+  using Handler = std::function<std::optional<Event>(const Event&)>;
+
+  // Ends when it is removed or destroyed.
+  class Monitor;
+
+  // Calls the handler for every event of these kinds in any window of the application, in the order in
+  // which monitors were added, until the monitor is removed. A handler may add and remove monitors.
+  // Main thread.
+  [[nodiscard]] static std::shared_ptr<Monitor> addLocalMonitorForEventsMatchingMask(std::uint64_t mask,
+                                                                                     Handler handler);
+  static void removeMonitor(const std::shared_ptr<Monitor>& monitor);
+
+  // For back ends: the event as the monitors leave it; nothing when one of them consumed it.
+  static std::optional<Event> passThroughMonitors(std::uint64_t kind, Event event);
+};
+
+}  // namespace appkit

@@ -1,0 +1,17 @@
+#pragma once
+
+namespace appkit {
+
+// What can receive the keyboard in a window.
+class Responder {
+public:
+  Responder() = default;
+  Responder(const Responder&) = delete;
+  Responder& operator=(const Responder&) = delete;
+  virtual ~Responder() = default;
+};
+
+// A responder in which text is being edited: arrow keys move its caret.
+class Text : public Responder {};
+
+}  // namespace appkit
