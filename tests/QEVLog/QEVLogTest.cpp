@@ -1,0 +1,57 @@
+#include "QEVLog/QEVLog.hpp"
+
+#include <gmock/gmock.h>
+
+#include <optional>
+#include <stdexcept>
+
+namespace QEVLog {
+namespace {
+
+using ::testing::ElementsAre;
+
+class QEVLogTest : public ::testing::Test {
+protected:
+  ~QEVLogTest() override { setLogSink(nullptr); }
+
+  std::optional<LogEntry> last_;
+  LogSink previous_ = setLogSink([this](const LogEntry& entry) { last_ = entry; });
+};
+
+TEST_F(QEVLogTest, HandsEveryArgumentToTheSink) {
+  qevLog({"ports", 8080, true, -1.5}, "Room/File.cpp", "run(with:)", 12, ", ", "!\n");
+  ASSERT_TRUE(last_);
+  EXPECT_THAT(last_->items, ElementsAre("ports", "8080", "true", "-1.500000"));
+  EXPECT_EQ(last_->text(), "ports, 8080, true, -1.500000!\n");
+  EXPECT_EQ(last_->filename, "Room/File.cpp");
+  EXPECT_EQ(last_->function, "run(with:)");
+  EXPECT_EQ(last_->line, 12);
+}
+
+TEST_F(QEVLogTest, AMessageComesFromThePlaceOfTheCall) {
+  logMessage("done", "migrateIfNeeded(defaults:)");
+  const int line = __LINE__ - 1;
+  ASSERT_TRUE(last_);
+  EXPECT_EQ(last_->text(), "done\n");
+  EXPECT_EQ(last_->filename, "QEVLog/QEVLogTest.cpp");
+  EXPECT_EQ(last_->function, "migrateIfNeeded(defaults:)");
+  EXPECT_EQ(last_->line, line);
+}
+
+TEST_F(QEVLogTest, ASinkMayFailLogAndReplaceItself) {
+  setLogSink([](const LogEntry&) { throw std::runtime_error("full"); });
+  logMessage("lost", "f");
+
+  int depth = 0;
+  setLogSink([&](const LogEntry&) {
+    if (++depth < 3) logMessage("again", "f");
+    setLogSink([this](const LogEntry& entry) { last_ = entry; });
+  });
+  logMessage("first", "f");
+  EXPECT_EQ(depth, 3);
+  logMessage("later", "f");
+  EXPECT_EQ(last_->text(), "later\n");
+}
+
+}  // namespace
+}  // namespace QEVLog
