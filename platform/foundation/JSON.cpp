@@ -1,0 +1,268 @@
+#include "foundation/JSON.hpp"
+
+#include "JSONDocument.hpp"
+#include "JSONParser.hpp"
+#include "foundation/Unicode.hpp"
+
+#include <algorithm>
+#include <charconv>
+#include <system_error>
+#include <utility>
+
+namespace foundation {
+
+namespace {
+
+constexpr std::int64_t kMaximumIntegerDigits = 1000;
+
+std::string_view rawNumber(const JSONDocument& document, JSONNode node) {
+  const std::string_view rest = document.text.substr(node.offset());
+  const auto isPart = [](char c) {
+    return (c >= '0' && c <= '9') || c == '.' || c == '-' || c == '+' || (c | 0x20) == 'e';
+  };
+  return {rest.begin(), std::find_if_not(rest.begin(), rest.end(), isPart)};
+}
+
+unsigned hexadecimal(std::string_view digits) {
+  unsigned number = 0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), number, 16);
+  return number;
+}
+
+char unescaped(char letter) {
+  switch (letter) {
+    case 'b': return '\b';
+    case 'f': return '\f';
+    case 'n': return '\n';
+    case 'r': return '\r';
+    case 't': return '\t';
+    default: return letter;
+  }
+}
+
+// A number taken apart: its digits without zeros at either end, none for 0, and how many of them, or of
+// zeros after them, stand before the point.
+struct Decimal {
+  bool isNegative;
+  std::string digits;
+  std::int64_t whole;
+};
+
+std::int64_t exponent(std::string_view text) {
+  constexpr std::int64_t beyondAnyNumber = 2'000'000'000;
+  if (text.starts_with('+')) text.remove_prefix(1);
+  std::int64_t exponent = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), exponent);
+  if (error != std::errc()) exponent = text.starts_with('-') ? -beyondAnyNumber : beyondAnyNumber;
+  return std::clamp(exponent, -beyondAnyNumber, beyondAnyNumber);
+}
+
+Decimal decimal(std::string_view text) {
+  Decimal number{.isNegative = text.front() == '-', .digits = {}, .whole = 0};
+  if (number.isNegative) text.remove_prefix(1);
+  const std::size_t exponentAt = std::min(text.find_first_of("eE"), text.size());
+  const std::string_view mantissa = text.substr(0, exponentAt);
+  const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+  number.digits = mantissa.substr(0, point);
+  if (point != mantissa.size()) number.digits += mantissa.substr(point + 1);
+  const std::size_t leading = std::min(number.digits.find_first_not_of('0'), number.digits.size());
+  number.digits.erase(0, leading);
+  number.digits.erase(number.digits.find_last_not_of('0') + 1);
+  if (number.digits.empty()) return number;
+  number.whole = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(leading);
+  if (exponentAt != text.size()) number.whole += exponent(text.substr(exponentAt + 1));
+  return number;
+}
+
+// Appends the node as text; returns the node after it.
+std::size_t append(const JSONDocument& document, std::size_t index, std::string& text) {
+  const JSONNode node = document.nodes[index];
+  const std::size_t end = index + node.length();
+  switch (node.type()) {
+    case JSON::Type::null: text += "null"; break;
+    case JSON::Type::boolean: text += document.text[node.offset()] == 't' ? "true" : "false"; break;
+    case JSON::Type::number: text += rawNumber(document, node); break;
+    case JSON::Type::string:
+      text += '"';
+      text += rawString(document, node);
+      text += '"';
+      break;
+    case JSON::Type::array:
+      text += '[';
+      for (std::size_t child = index + 1; child != end;) {
+        if (child != index + 1) text += ',';
+        child = append(document, child, text);
+      }
+      text += ']';
+      break;
+    case JSON::Type::object:
+      text += '{';
+      for (std::size_t child = index + 1; child != end;) {
+        if (child != index + 1) text += ',';
+        child = append(document, child, text);
+        text += ':';
+        child = append(document, child, text);
+      }
+      text += '}';
+      break;
+  }
+  return end;
+}
+
+}  // namespace
+
+std::string_view rawString(const JSONDocument& document, JSONNode node) {
+  const std::string_view text = document.text.substr(node.offset() + 1);
+  if (!node.isEscaped()) return text.substr(0, text.find('"'));
+  std::size_t end = 0;
+  while (text[end] != '"') end += text[end] == '\\' ? 2 : 1;
+  return text.substr(0, end);
+}
+
+std::string decodedString(const JSONDocument& document, JSONNode node) {
+  std::string_view raw = rawString(document, node);
+  if (!node.isEscaped()) return std::string(raw);
+  std::string decoded;
+  decoded.reserve(raw.size());
+  while (!raw.empty()) {
+    const std::size_t plain = raw.find('\\');
+    decoded += raw.substr(0, plain);
+    if (plain == std::string_view::npos) break;
+    const char letter = raw[plain + 1];
+    raw.remove_prefix(plain + 2);
+    if (letter != 'u') {
+      decoded += unescaped(letter);
+      continue;
+    }
+    char32_t character = hexadecimal(raw.substr(0, 4));
+    raw.remove_prefix(4);
+    if (character >= 0xD800 && character <= 0xDBFF) {
+      character = 0x10000 + ((character - 0xD800) << 10) + (hexadecimal(raw.substr(2, 4)) - 0xDC00);
+      raw.remove_prefix(6);
+    }
+    appendUtf8(decoded, character);
+  }
+  return decoded;
+}
+
+Result<JSON> JSON::parse(std::string text) {
+  auto document = std::make_shared<JSONDocument>();
+  document->owned = std::move(text);
+  document->text = document->owned;
+  return parsed(std::move(document));
+}
+
+Result<JSON> JSON::parseBorrowed(std::string_view text) {
+  auto document = std::make_shared<JSONDocument>();
+  document->text = text;
+  return parsed(std::move(document));
+}
+
+Result<JSON> JSON::parsed(std::shared_ptr<JSONDocument> document) {
+  if (auto error = parseJSON(*document)) return *std::move(error);
+  return JSON(std::move(document), 0);
+}
+
+JSON::Type JSON::type() const { return document_->nodes[node_].type(); }
+
+std::optional<bool> JSON::asBoolean() const {
+  if (type() != Type::boolean) return std::nullopt;
+  return document_->text[document_->nodes[node_].offset()] == 't';
+}
+
+std::optional<std::string> JSON::asString() const {
+  if (!isString()) return std::nullopt;
+  return decodedString(*document_, document_->nodes[node_]);
+}
+
+std::optional<std::string_view> JSON::numberText() const {
+  if (!isNumber()) return std::nullopt;
+  return rawNumber(*document_, document_->nodes[node_]);
+}
+
+std::optional<std::int64_t> JSON::asInteger() const {
+  const auto text = integerText();
+  std::int64_t number = 0;
+  if (!text || std::from_chars(text->data(), text->data() + text->size(), number).ec != std::errc()) {
+    return std::nullopt;
+  }
+  return number;
+}
+
+std::optional<double> JSON::asReal() const {
+  const auto text = numberText();
+  if (!text) return std::nullopt;
+  double number = 0;
+  const auto [end, error] = std::from_chars(text->data(), text->data() + text->size(), number);
+  if (error == std::errc()) return number;
+  // The standard conversion does not tell what is too large from what is too small, and that is 0.
+  if (decimal(*text).whole > 0) return std::nullopt;
+  return text->front() == '-' ? -0.0 : 0.0;
+}
+
+std::optional<std::string> JSON::integerText() const {
+  const auto text = numberText();
+  if (!text) return std::nullopt;
+  if (text->size() < 18 && text->find_first_of(".eE") == std::string_view::npos && *text != "-0") {
+    return std::string(*text);
+  }
+  Decimal number = decimal(*text);
+  if (number.digits.empty()) return "0";
+  if (number.whole > kMaximumIntegerDigits || number.whole < static_cast<std::int64_t>(number.digits.size())) {
+    return std::nullopt;
+  }
+  number.digits.resize(static_cast<std::size_t>(number.whole), '0');
+  return number.isNegative ? "-" + number.digits : number.digits;
+}
+
+std::size_t JSON::end() const { return after(*document_, node_); }
+
+std::size_t JSON::after(const JSONDocument& document, std::size_t node) { return node + document.nodes[node].length(); }
+
+JSON::Range<JSON> JSON::elements() const { return {document_, node_ + 1, isArray() ? end() : node_ + 1}; }
+
+JSON::Range<JSON::Member> JSON::members() const { return {document_, node_ + 1, isObject() ? end() : node_ + 1}; }
+
+std::optional<JSON> JSON::member(std::string_view name) const {
+  if (!isObject()) return std::nullopt;
+  const std::size_t last = end();
+  for (std::size_t node = node_ + 1; node != last; node = after(*document_, node + 1)) {
+    const JSONNode candidate = document_->nodes[node];
+    const bool isIt =
+        candidate.isEscaped() ? decodedString(*document_, candidate) == name : rawString(*document_, candidate) == name;
+    if (isIt) return JSON(document_, node + 1);
+  }
+  return std::nullopt;
+}
+
+std::string JSON::text() const {
+  std::string text;
+  appendTo(text);
+  return text;
+}
+
+void JSON::appendTo(std::string& text) const { append(*document_, node_, text); }
+
+template <>
+JSON JSON::Range<JSON>::Iterator::operator*() const {
+  return {*document_, node_};
+}
+
+template <>
+JSON::Range<JSON>::Iterator& JSON::Range<JSON>::Iterator::operator++() {
+  node_ = after(**document_, node_);
+  return *this;
+}
+
+template <>
+JSON::Member JSON::Range<JSON::Member>::Iterator::operator*() const {
+  return {.name = decodedString(**document_, (*document_)->nodes[node_]), .value = JSON(*document_, node_ + 1)};
+}
+
+template <>
+JSON::Range<JSON::Member>::Iterator& JSON::Range<JSON::Member>::Iterator::operator++() {
+  node_ = after(**document_, node_ + 1);
+  return *this;
+}
+
+}  // namespace foundation

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "foundation/JSON.hpp"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace foundation {
+
+// One value of a document in eight bytes. Nodes stand in the order of the text, a container before its
+// children, the name of a member before its value. Where a node begins is all that is kept of a scalar:
+// its end is found again in the text. A container keeps how many nodes it is long, itself included, so
+// that it can be skipped, and moved.
+class JSONNode {
+public:
+  static JSONNode scalar(JSON::Type type, std::size_t offset) { return JSONNode(type, offset); }
+  static JSONNode string(std::size_t offset, bool isEscaped) {
+    JSONNode node(JSON::Type::string, offset);
+    if (isEscaped) node.bits_ |= kEscaped;
+    return node;
+  }
+  static JSONNode container(JSON::Type type, std::size_t length) { return JSONNode(type, length); }
+
+  JSON::Type type() const { return static_cast<JSON::Type>(bits_ >> kTypeShift); }
+  bool isEscaped() const { return (bits_ & kEscaped) != 0; }
+  std::size_t offset() const { return bits_ & kPayload; }
+  std::size_t length() const {
+    return type() == JSON::Type::array || type() == JSON::Type::object ? bits_ & kPayload : 1;
+  }
+
+private:
+  static constexpr int kTypeShift = 61;
+  static constexpr std::uint64_t kEscaped = std::uint64_t{1} << 60;
+  static constexpr std::uint64_t kPayload = kEscaped - 1;
+
+  JSONNode(JSON::Type type, std::size_t payload)
+      : bits_(static_cast<std::uint64_t>(type) << kTypeShift | static_cast<std::uint64_t>(payload)) {}
+
+  std::uint64_t bits_;
+};
+
+struct JSONDocument {
+  std::string owned;      // the text, or nothing when it is borrowed
+  std::string_view text;  // of the document
+  std::vector<JSONNode> nodes;
+};
+
+// The characters between the quotes, escapes and all, of the string that begins at the offset.
+std::string_view rawString(const JSONDocument& document, JSONNode node);
+
+// The string itself.
+std::string decodedString(const JSONDocument& document, JSONNode node);
+
+}  // namespace foundation

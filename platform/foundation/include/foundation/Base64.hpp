@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace foundation {
+
+// The standard base64 text of the bytes: RFC 4648 alphabet, padded, on one line.
+std::string base64Encoded(std::span<const std::uint8_t> bytes);
+
+// The bytes of such a text; nothing when the text is any other than `base64Encoded` would make it: blanks,
+// line breaks, missing padding, or bits that stand for no byte.
+std::optional<std::vector<std::uint8_t>> base64Decoded(std::string_view text);
+
+}  // namespace foundation

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace foundation {
+
+// The length in bytes of the character that the text begins with, by strict UTF-8: 1 to 4, and 0 when
+// no well-formed character stands there (overlong forms, surrogates and the empty text among those).
+std::size_t utf8CharacterLength(std::string_view text);
+
+bool isValidUtf8(std::string_view text);
+
+// The text with every byte that belongs to no well-formed character replaced by U+FFFD.
+std::string repairedUtf8(std::string_view text);
+
+// Appends a Unicode scalar value as UTF-8; a surrogate or a value above U+10FFFF as U+FFFD.
+void appendUtf8(std::string& text, char32_t character);
+
+}  // namespace foundation
