@@ -1,0 +1,75 @@
+#include "sparkle/FileTransport.hpp"
+
+#include "foundation/MainQueue.hpp"
+
+#include <charconv>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <system_error>
+#include <utility>
+
+namespace sparkle {
+
+namespace {
+
+using foundation::Error;
+using foundation::Result;
+
+Result<std::string> read(const FeedRequest& request) {
+  const auto path = FileTransport::pathOf(request.address);
+  if (!path) return Error{"the address " + request.address + " is not a file:// address"};
+
+  // A pipe or a device could keep the main thread waiting.
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(*path, error)) {
+    return Error{path->string() + (error ? " cannot be opened" : " is no file")};
+  }
+  std::ifstream file(*path, std::ios::binary);
+  if (!file) return Error{path->string() + " cannot be opened"};
+
+  // One byte more than is allowed tells that there is more.
+  std::string contents(request.longestAnswer + 1, '\0');
+  file.read(contents.data(), static_cast<std::streamsize>(contents.size()));
+  if (file.bad()) return Error{path->string() + " cannot be read"};
+  contents.resize(static_cast<std::size_t>(file.gcount()));
+  if (contents.size() > request.longestAnswer) return Error{path->string() + " is longer than an update feed may be"};
+  return contents;
+}
+
+std::string withoutPercentEscapes(std::string_view text) {
+  std::string plain;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    int code = 0;
+    const char* const digits = text.data() + i + 1;
+    if (text[i] == '%' && i + 2 < text.size() && std::from_chars(digits, digits + 2, code, 16).ptr == digits + 2) {
+      plain += static_cast<char>(code);
+      i += 2;
+    } else {
+      plain += text[i];
+    }
+  }
+  return plain;
+}
+
+}  // namespace
+
+QEVSettings::Subscription FileTransport::fetch(const FeedRequest& request, Completion completion) {
+  const auto wanted = std::make_shared<bool>(true);
+  foundation::MainQueue::mainQueue().async([wanted, request, completion = std::move(completion)] {
+    if (*wanted) completion(read(request));
+  });
+  return QEVSettings::Subscription([wanted] { *wanted = false; });
+}
+
+std::optional<std::filesystem::path> FileTransport::pathOf(std::string_view address) {
+  constexpr std::string_view kScheme = "file://";
+  constexpr std::string_view kThisMachine = "localhost/";
+  if (!address.starts_with(kScheme)) return std::nullopt;
+  address.remove_prefix(kScheme.size());
+  if (address.starts_with(kThisMachine)) address.remove_prefix(kThisMachine.size() - 1);
+  if (!address.starts_with('/')) return std::nullopt;
+  return withoutPercentEscapes(address);
+}
+
+}  // namespace sparkle

@@ -1,0 +1,194 @@
+#include "sparkle/SPUUpdater.hpp"
+
+#include "Package.hpp"
+#include "foundation/UserDefaults.hpp"
+#include "sparkle/FileTransport.hpp"
+#include "sparkle/Version.hpp"
+
+#include <algorithm>
+#include <utility>
+
+namespace sparkle {
+
+namespace {
+
+using namespace std::chrono_literals;
+using foundation::Error;
+using foundation::ObservingOptions;
+using foundation::Result;
+using foundation::Subscription;
+using QEVSettings::PreferenceValue;
+
+constexpr std::string_view kAutomaticallyChecksKey = "sparkle_automaticallyChecks";
+constexpr std::string_view kAutomaticallyDownloadsKey = "sparkle_automaticallyDownloads";
+constexpr std::string_view kSendsSystemProfileKey = "sparkle_sendsSystemProfile";
+constexpr std::string_view kLastCheckKey = "sparkle_lastCheck";
+
+constexpr std::chrono::seconds kCheckInterval = 24h;
+// A timer stands still while the machine sleeps, so the clock is looked at more often.
+constexpr std::chrono::seconds kLongestWait = 1h;
+
+UpdaterConfiguration completed(UpdaterConfiguration configuration) {
+  if (configuration.store == nullptr) configuration.store = &foundation::UserDefaults::standardUserDefaults();
+  if (!configuration.transport) configuration.transport = std::make_shared<FileTransport>();
+  return configuration;
+}
+
+// The newest version of the feed when it is newer than the one that runs.
+Result<std::optional<AppcastItem>> newestUpdate(const Result<std::string>& feed, const std::string& currentVersion) {
+  if (!feed) return feed.error();
+  auto items = parseAppcast(*feed);
+  if (!items) return items.error();
+  const auto newest = std::ranges::max_element(
+      *items, [](const AppcastItem& a, const AppcastItem& b) { return compareVersions(a.version, b.version) < 0; });
+  if (newest == items->end() || compareVersions(newest->version, currentVersion) <= 0) return {std::nullopt};
+  return {std::move(*newest)};
+}
+
+}  // namespace
+
+SPUUpdater::Setting::Setting(QEVSettings::PreferencesStore& store, std::string_view key)
+    : store(store),
+      key(key),
+      property(store.boolForKey(key)),
+      storeObservation(store.observe(key, [this](std::string_view) {
+        const bool value = this->store.boolForKey(this->key);
+        if (value != property.get()) property.set(value);
+      })) {}
+
+SPUUpdater::SPUUpdater(UpdaterConfiguration configuration, std::weak_ptr<SPUUpdaterDelegate> delegate,
+                       std::weak_ptr<SPUStandardUserDriverDelegate> userDriverDelegate)
+    : configuration_(completed(std::move(configuration))),
+      delegate_(std::move(delegate)),
+      userDriverDelegate_(std::move(userDriverDelegate)),
+      automaticallyChecksForUpdates_(*configuration_.store, kAutomaticallyChecksKey),
+      automaticallyDownloadsUpdates_(*configuration_.store, kAutomaticallyDownloadsKey),
+      sendsSystemProfile_(*configuration_.store, kSendsSystemProfileKey),
+      scheduling_(
+          automaticallyChecksForUpdates_.property.observe(ObservingOptions::newValue, [this](bool) { schedule(); })) {}
+
+void SPUUpdater::start() {
+  if (isStarted_) return;
+  isStarted_ = true;
+  schedule();
+  canCheckForUpdates_.set(true);
+}
+
+void SPUUpdater::checkForUpdates() { check(Occasion::request); }
+
+Subscription SPUUpdater::observeCanCheckForUpdates(ObservingOptions options, BooleanObserver observer) {
+  return canCheckForUpdates_.observe(options, std::move(observer));
+}
+
+void SPUUpdater::setAutomaticallyChecksForUpdates(bool value) { automaticallyChecksForUpdates_.set(value); }
+
+Subscription SPUUpdater::observeAutomaticallyChecksForUpdates(ObservingOptions options, BooleanObserver observer) {
+  return automaticallyChecksForUpdates_.property.observe(options, std::move(observer));
+}
+
+void SPUUpdater::setAutomaticallyDownloadsUpdates(bool value) { automaticallyDownloadsUpdates_.set(value); }
+
+Subscription SPUUpdater::observeAutomaticallyDownloadsUpdates(ObservingOptions options, BooleanObserver observer) {
+  return automaticallyDownloadsUpdates_.property.observe(options, std::move(observer));
+}
+
+void SPUUpdater::setSendsSystemProfile(bool value) { sendsSystemProfile_.set(value); }
+
+Subscription SPUUpdater::observeSendsSystemProfile(ObservingOptions options, BooleanObserver observer) {
+  return sendsSystemProfile_.property.observe(options, std::move(observer));
+}
+
+void SPUUpdater::check(Occasion occasion) {
+  if (!canCheckForUpdates_.get()) return;
+  canCheckForUpdates_.set(false);
+
+  FeedRequest request{.address = configuration_.feedAddress, .headers = {}, .longestAnswer = kLongestFeed};
+  if (const auto delegate = delegate_.lock()) {
+    request.address = delegate->feedURLString(*this).value_or(request.address);
+  }
+  if (sendsSystemProfile()) {
+    request.headers = {{"X-System-Version", configuration_.profile.systemVersion},
+                       {"X-System-Architecture", configuration_.profile.architecture}};
+  }
+  if (request.address.empty()) {
+    takeFeed(occasion, Error{"the application names no update feed"});
+    return;
+  }
+  fetch_ = configuration_.transport->fetch(
+      request, [this, occasion](const Result<std::string>& feed) { takeFeed(occasion, feed); });
+}
+
+void SPUUpdater::takeFeed(Occasion occasion, const Result<std::string>& feed) {
+  const bool isRequested = occasion == Occasion::request;
+  configuration_.store->setObject(PreferenceValue::Date(configuration_.now().time_since_epoch()), kLastCheckKey);
+
+  auto newest = newestUpdate(feed, configuration_.applicationVersion);
+  if (!newest) {
+    finish(isRequested ? Show([error = newest.error()](SPUUserDriver& driver) { driver.showUpdaterError(error); })
+                       : Show());
+  } else if (!*newest) {
+    finish(isRequested ? Show([version = configuration_.applicationVersion](SPUUserDriver& driver) {
+      driver.showUpdateNotFound(version);
+    })
+                       : Show());
+  } else {
+    FoundUpdate update{std::move(**newest), configuration_.applicationVersion, std::nullopt};
+    if (!isRequested && automaticallyDownloadsUpdates() && !configuration_.downloadFolder.empty() &&
+        canDownload(update.item.enclosure)) {
+      download(std::move(update));
+    } else {
+      finish([update](SPUUserDriver& driver) { driver.showUpdateFound(update); });
+    }
+  }
+}
+
+void SPUUpdater::download(FoundUpdate update) {
+  const Enclosure& enclosure = update.item.enclosure;
+  const FeedRequest request{
+      .address = enclosure.url, .headers = {}, .longestAnswer = static_cast<std::size_t>(enclosure.length)};
+  fetch_ = configuration_.transport->fetch(request, [this, update](const Result<std::string>& contents) {
+    FoundUpdate shown = update;
+    // A download that fails is no reason to keep the new version secret.
+    if (contents) {
+      const auto package = keepPackage(update.item.enclosure, *contents, configuration_.downloadFolder);
+      if (package) shown.package = *package;
+    }
+    finish([shown](SPUUserDriver& driver) { driver.showUpdateFound(shown); });
+  });
+}
+
+void SPUUpdater::finish(const Show& show) {
+  schedule();
+  // Whoever hears of the end of the check may destroy the updater.
+  const auto userDriver = configuration_.userDriver;
+  const auto userDriverDelegate = userDriverDelegate_;
+  canCheckForUpdates_.set(true);
+  if (!show || !userDriver) return;
+  if (const auto delegate = userDriverDelegate.lock()) delegate->standardUserDriverWillShowOutcome();
+  show(*userDriver);
+}
+
+void SPUUpdater::schedule() {
+  timer_.cancel();
+  if (!isStarted_ || !automaticallyChecksForUpdates() || !configuration_.timer) return;
+  timer_ = configuration_.timer->after(std::min(timeUntilDue(), kLongestWait), [this] {
+    if (timeUntilDue() > 0s || !canCheckForUpdates()) {
+      schedule();
+    } else {
+      check(Occasion::schedule);
+    }
+  });
+}
+
+std::chrono::seconds SPUUpdater::timeUntilDue() const {
+  const auto stored = configuration_.store->objectForKey(kLastCheckKey);
+  if (!stored || stored->type() != PreferenceValue::Type::date) return 0s;
+  const auto lastCheck = stored->asDate().value_or(PreferenceValue::Date());
+  const PreferenceValue::Date now(configuration_.now().time_since_epoch());
+  // A check in the future was made by a clock that was wrong.
+  if (!(lastCheck <= now)) return 0s;
+  const auto left = lastCheck + kCheckInterval - now;
+  return left > 0s ? std::chrono::ceil<std::chrono::seconds>(left) : 0s;
+}
+
+}  // namespace sparkle

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "foundation/KeyValueObservation.hpp"
+#include "sparkle/SPUUpdaterDelegate.hpp"
+#include "sparkle/UpdaterConfiguration.hpp"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+namespace sparkle {
+
+// Looks for newer versions of the application in an update feed, when it is asked to and, where the person
+// wants that, once a day by itself. It never installs anything.
+//
+// Its three settings live in the preferences store and follow it: a change made there by another process
+// changes the property. All of them are off until someone turns them on. Main thread only.
+class SPUUpdater {
+public:
+  explicit SPUUpdater(UpdaterConfiguration configuration, std::weak_ptr<SPUUpdaterDelegate> delegate = {},
+                      std::weak_ptr<SPUStandardUserDriverDelegate> userDriverDelegate = {});
+  SPUUpdater(const SPUUpdater&) = delete;
+  SPUUpdater& operator=(const SPUUpdater&) = delete;
+  // Gives up a check that is under way.
+  ~SPUUpdater() = default;
+
+  // From now on checks can begin, and those begin by themselves that the settings ask for.
+  void start();
+
+  // Begins a check, whose outcome the user driver shows. Does nothing while `canCheckForUpdates` is false.
+  void checkForUpdates();
+
+  // The properties. An observer hears of each change of a value, whoever made it.
+  using BooleanObserver = foundation::Observable<bool>::Observer;
+
+  // True when the updater has started and no check is under way.
+  bool canCheckForUpdates() const { return canCheckForUpdates_.get(); }
+  [[nodiscard]] foundation::Subscription observeCanCheckForUpdates(foundation::ObservingOptions options,
+                                                                   BooleanObserver observer);
+
+  // Whether the updater checks by itself, at most once a day.
+  bool automaticallyChecksForUpdates() const { return automaticallyChecksForUpdates_.property.get(); }
+  void setAutomaticallyChecksForUpdates(bool value);
+  [[nodiscard]] foundation::Subscription observeAutomaticallyChecksForUpdates(foundation::ObservingOptions options,
+                                                                              BooleanObserver observer);
+
+  // Whether a check that the updater makes by itself also fetches the package that it finds.
+  bool automaticallyDownloadsUpdates() const { return automaticallyDownloadsUpdates_.property.get(); }
+  void setAutomaticallyDownloadsUpdates(bool value);
+  [[nodiscard]] foundation::Subscription observeAutomaticallyDownloadsUpdates(foundation::ObservingOptions options,
+                                                                              BooleanObserver observer);
+
+  // Whether a request for the feed says what system and what kind of machine it comes from.
+  bool sendsSystemProfile() const { return sendsSystemProfile_.property.get(); }
+  void setSendsSystemProfile(bool value);
+  [[nodiscard]] foundation::Subscription observeSendsSystemProfile(foundation::ObservingOptions options,
+                                                                   BooleanObserver observer);
+
+private:
+  // A property whose value is the store's.
+  struct Setting {
+    Setting(QEVSettings::PreferencesStore& store, std::string_view key);
+    void set(bool value) { store.setBool(value, key); }
+
+    QEVSettings::PreferencesStore& store;
+    std::string_view key;
+    foundation::Observable<bool> property;
+    foundation::Subscription storeObservation;
+  };
+
+  enum class Occasion { request, schedule };
+  using Show = std::function<void(SPUUserDriver&)>;
+
+  void check(Occasion occasion);
+  void takeFeed(Occasion occasion, const foundation::Result<std::string>& feed);
+  void download(FoundUpdate update);
+  void finish(const Show& show);
+  void schedule();
+  std::chrono::seconds timeUntilDue() const;
+
+  UpdaterConfiguration configuration_;
+  std::weak_ptr<SPUUpdaterDelegate> delegate_;
+  std::weak_ptr<SPUStandardUserDriverDelegate> userDriverDelegate_;
+  bool isStarted_ = false;
+  foundation::Observable<bool> canCheckForUpdates_{false};
+  Setting automaticallyChecksForUpdates_;
+  Setting automaticallyDownloadsUpdates_;
+  Setting sendsSystemProfile_;
+  foundation::Subscription scheduling_;
+  foundation::Subscription timer_;
+  foundation::Subscription fetch_;
+};
+
+}  // namespace sparkle
