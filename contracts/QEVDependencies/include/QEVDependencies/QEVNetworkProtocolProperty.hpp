@@ -1,0 +1,10 @@
+#pragma once
+
+#include <cstdint>
+
+namespace QEVDependencies {
+
+// The member of a protocol record that a change is about.
+enum class QEVNetworkProtocolProperty : std::uint8_t { protocolName, protocolPorts, sourceProtocol };
+
+}  // namespace QEVDependencies

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "QEVDependencies/QEVPreferencesObject.hpp"
+#include "foundation/UUID.hpp"
+
+#include <memory>
+#include <string>
+
+namespace QEVDependencies {
+
+// A loaded analyzer plug-in. Its texts are shown as they are.
+struct QEVPlugInStructure {
+  // Unique among the loaded plug-ins, and the same as long as the application runs.
+  foundation::UUID id;
+  std::string plugInTitle;
+  std::string plugInDescription;
+  std::string plugInAuthor;
+  std::string plugInVersion;
+  // Null when the plug-in has no preferences.
+  std::shared_ptr<QEVPreferencesObject> plugInPreferencesInstance;
+};
+
+}  // namespace QEVDependencies
