@@ -1,0 +1,53 @@
+#include "QEVModels/PortCorrection.hpp"
+
+#include <array>
+
+namespace QEVModels {
+
+namespace {
+
+// What is said of one piece, and of several.
+struct Predicate {
+  std::string_view one;
+  std::string_view several;
+};
+
+Predicate predicate(PortCorrection::Kind kind) {
+  switch (kind) {
+    case PortCorrection::Kind::invalid:
+      return {" is neither a port nor a range and was left out", " are neither ports nor ranges and were left out"};
+    case PortCorrection::Kind::outOfRange:
+      return {" is not a port (0–65535) and was left out", " are not ports (0–65535) and were left out"};
+    case PortCorrection::Kind::reversed:
+      return {" was written backwards and was turned", " were written backwards and were turned"};
+    case PortCorrection::Kind::duplicate:
+      return {" was named more than once and was kept once", " were named more than once and were kept once"};
+  }
+  return {};
+}
+
+// “a”, “a” and “b”, “a”, “b” and “c”, “a”, “b” and 7 more
+std::string listed(const std::vector<std::string>& pieces, std::size_t others) {
+  std::string result;
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    if (i > 0) result += others == 0 && i + 1 == pieces.size() ? " and " : ", ";
+    result += "“" + pieces[i] + "”";
+  }
+  if (others > 0) result += " and " + std::to_string(others) + " more";
+  return result;
+}
+
+}  // namespace
+
+PortCorrection::PortCorrection(Kind kind, const std::vector<std::string>& pieces, std::size_t others)
+    : kind_(kind), message_(listed(pieces, others)) {
+  const auto [one, several] = predicate(kind);
+  message_ += pieces.size() + others == 1 ? one : several;
+}
+
+std::string_view nameOf(PortCorrection::Kind kind) {
+  constexpr std::array<std::string_view, 4> names{"invalid", "outOfRange", "reversed", "duplicate"};
+  return names.at(static_cast<std::size_t>(kind));
+}
+
+}  // namespace QEVModels

@@ -1,0 +1,13 @@
+#include "QEVModels/QEVPortsController.hpp"
+
+namespace QEVModels {
+
+const std::shared_ptr<QEVDependencies::QEVPortsControllerProtocol>& QEVPortsController::sharedPortsController() {
+  static const std::shared_ptr<QEVDependencies::QEVPortsControllerProtocol> shared =
+      std::make_shared<QEVPortsController>();
+  return shared;
+}
+
+void QEVPortsController::registered(QEVDependencies::QEVNetworkProtocol& protocol) { bringUpToDate(protocol); }
+
+}  // namespace QEVModels

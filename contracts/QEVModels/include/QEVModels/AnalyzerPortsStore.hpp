@@ -1,0 +1,40 @@
+#pragma once
+
+#include "QEVDependencies/QEVNetworkProtocol.hpp"
+#include "QEVModels/PortValidationResult.hpp"
+#include "QEVSettings/preferences/PreferencesStore.hpp"
+
+#include <string>
+
+namespace QEVModels {
+
+// One analyzer's list of protocols in the preferences store: raw bytes that hold a JSON array with an
+// object for each record. Main thread; none of its operations fails.
+//
+//     AnalyzerPortsStore store(spec.networkProtocolKey, defaults);
+//     const auto list = store.decode(spec.defaultPorts);
+//
+// The members of a record are those that QEVNetworkProtocol encodes. What a record brings along besides
+// them is written back with it.
+class AnalyzerPortsStore {
+public:
+  // The store must live as long as this object.
+  AnalyzerPortsStore(std::string key, QEVSettings::PreferencesStore& defaults);
+
+  // The stored list, or the fallback when nothing usable is stored: no value, one that is no raw bytes,
+  // bytes that are no JSON array, or an array with an element that is no protocol record. An empty array
+  // is a list. Reads only, so what could not be used stays as it is.
+  QEVDependencies::QEVNetworkProtocolList decode(const QEVDependencies::QEVNetworkProtocolList& fallback) const;
+
+  // Stores the list in place of what is stored.
+  void encode(const QEVDependencies::QEVNetworkProtocolList& list) const;
+
+  // What the validator makes of the record's ports; the record stays as it is.
+  PortValidationResult validatedReporting(const QEVDependencies::QEVNetworkProtocol& protocol) const;
+
+private:
+  std::string key_;
+  QEVSettings::PreferencesStore& defaults_;
+};
+
+}  // namespace QEVModels

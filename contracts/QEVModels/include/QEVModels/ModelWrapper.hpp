@@ -1,0 +1,29 @@
+#pragma once
+
+#include "foundation/UUID.hpp"
+
+#include <memory>
+#include <utility>
+
+namespace QEVModels {
+
+// Gives a model an identity in a list: two wrappers differ even when they wrap the same model. Held by
+// shared pointer.
+template <class Model>
+class ModelWrapper {
+public:
+  explicit ModelWrapper(std::shared_ptr<Model> model) : model_(std::move(model)) {}
+  ModelWrapper(const ModelWrapper&) = delete;
+  ModelWrapper& operator=(const ModelWrapper&) = delete;
+  ~ModelWrapper() = default;
+
+  // Fixed for the wrapper's life.
+  const foundation::UUID& id() const { return id_; }
+  const std::shared_ptr<Model>& model() const { return model_; }
+
+private:
+  foundation::UUID id_ = foundation::UUID::random();
+  std::shared_ptr<Model> model_;
+};
+
+}  // namespace QEVModels
