@@ -1,0 +1,28 @@
+#include "ControlUse.hpp"
+
+namespace headless {
+
+using namespace viewkit;
+
+bool takesClicks(const Control& control) {
+  return !std::holds_alternative<ScrollControl>(control) && !std::holds_alternative<PopoverControl>(control) &&
+         !std::holds_alternative<SelectableTextControl>(control);
+}
+
+void operate(const Control& control) {
+  // A copy: acting may take the control away.
+  const Control pressed = control;
+  if (const auto* button = std::get_if<ButtonControl>(&pressed)) button->action();
+  if (const auto* plain = std::get_if<PlainButtonControl>(&pressed)) plain->action();
+  if (const auto* help = std::get_if<HelpButtonControl>(&pressed)) help->action();
+  if (const auto* toggle = std::get_if<ToggleControl>(&pressed)) toggle->set(!toggle->isOn);
+}
+
+void visitTree(const PresentationNode& node, const std::function<void(const PresentationNode&)>& visit) {
+  visit(node);
+  for (const PresentationNode* child : node.children) {
+    if (child->id != 0) visitTree(*child, visit);
+  }
+}
+
+}  // namespace headless

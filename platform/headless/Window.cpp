@@ -1,0 +1,292 @@
+#include "headless/Window.hpp"
+
+#include "ControlUse.hpp"
+#include "Finder.hpp"
+#include "Keyboard.hpp"
+#include "Utf8.hpp"
+#include "appkit/Application.hpp"
+#include "foundation/MainQueue.hpp"
+
+#include <algorithm>
+#include <utility>
+
+namespace headless {
+
+using appkit::Application;
+using appkit::Event;
+using viewkit::Point;
+using viewkit::PresentationNode;
+using viewkit::Rect;
+using viewkit::Role;
+
+namespace {
+
+Point centerOf(const Rect& rect) { return {rect.origin.x + rect.size.width / 2, rect.origin.y + rect.size.height / 2}; }
+
+// The innermost control, or popover, under a point of the coordinates that the node stands in.
+const PresentationNode* controlAt(const PresentationNode& node, Point point) {
+  const bool isInside = node.frame.contains(point);
+  if (node.id == 0 || (node.clipRadius && !isInside)) return nullptr;
+  for (auto child = node.children.rbegin(); child != node.children.rend(); ++child) {
+    if (const PresentationNode* hit = controlAt(**child, point - node.frame.origin)) return hit;
+  }
+  const viewkit::Control* control = node.control();
+  const bool isHit = control && (takesClicks(*control) || std::holds_alternative<viewkit::PopoverControl>(*control));
+  return isInside && isHit ? &node : nullptr;
+}
+
+bool isWithin(const PresentationNode* node, const PresentationNode& branch) {
+  for (; node; node = node->parent) {
+    if (node == &branch) return true;
+  }
+  return false;
+}
+
+template <class ControlType>
+ControlType controlFor(const PresentationNode& node, const char* what) {
+  if (const auto* control = controlOf<ControlType>(&node)) return *control;
+  throw NoSuchElement("the " + descriptionOf(node.accessibility) + " is no " + what);
+}
+
+template <class Items>
+const typename Items::value_type& itemTitled(const Items& items, std::string_view title) {
+  const auto item = std::find_if(items.begin(), items.end(), [&](const auto& each) { return each.title == title; });
+  if (item != items.end()) return *item;
+  std::string titles;
+  for (const auto& each : items) titles += (titles.empty() ? "\"" : ", \"") + each.title + '"';
+  throw NoSuchElement("nothing is called \"" + std::string(title) +
+                      "\" there; to choose from: " + (titles.empty() ? "nothing" : titles));
+}
+
+Event eventOf(Key key, std::uint8_t modifiers) {
+  const auto event = [&](int keyCode, std::string characters) {
+    return Event{.keyCode = keyCode, .modifiers = modifiers, .characters = std::move(characters)};
+  };
+  switch (key) {
+    case Key::enter: return event(Event::kOtherKey, "\r");
+    case Key::escape: return event(Event::kOtherKey, "\x1B");
+    case Key::tab: return event(Event::kOtherKey, "\t");
+    case Key::space: return event(Event::kOtherKey, " ");
+    case Key::deleteBackward: return event(Event::kOtherKey, "\x7F");
+    case Key::upArrow: return event(Event::kUpArrow, "");
+    case Key::downArrow: return event(Event::kDownArrow, "");
+    case Key::leftArrow: return event(Event::kLeftArrow, "");
+    case Key::rightArrow: return event(Event::kRightArrow, "");
+  }
+  return event(Event::kOtherKey, "");
+}
+
+}  // namespace
+
+Window::Window(viewkit::View root, viewkit::Environment environment, const WindowOptions& options)
+    : stepsAnimations_(options.stepsAnimations),
+      keyboard_(std::make_unique<Keyboard>(host_, [this] { settle(); })),
+      host_(std::move(root), environment, metrics_) {
+  if (options.isKey) becomeKey();
+  setSize(options.size ? *options.size : host_.sizeThatFits({}));
+}
+
+Window::~Window() {
+  keyboard_->resign();
+  settle();
+}
+
+void Window::setSize(viewkit::Size size) {
+  size_ = size;
+  host_.setSize(size);
+  settle();
+}
+
+void Window::setEnvironment(viewkit::Environment environment) {
+  host_.setEnvironment(environment);
+  settle();
+}
+
+Element Window::find(Role role, std::string_view label) const {
+  return Finder(*this, host_.presentation()).find(role, label);
+}
+Element Window::find(Role role) const { return Finder(*this, host_.presentation()).find(role, std::nullopt); }
+std::vector<Element> Window::findAll(Role role) const { return Finder(*this, host_.presentation()).findAll(role); }
+Element Window::findText(std::string_view text) const { return Finder(*this, host_.presentation()).findText(text); }
+
+const PresentationNode& Window::bringIntoSight(const Element& element) {
+  host_.reveal(element.content().id);
+  settle();
+  return element.content();
+}
+
+bool Window::click(const Element& element) {
+  const PresentationNode& node = bringIntoSight(element);
+  const Point center = centerOf(node.frameInWindow());
+  return node.control() && takesClicks(*node.control()) ? clickControl(node.id, center) : click(center);
+}
+
+bool Window::click(Point point) {
+  movePointer(point);
+  const PresentationNode* hit = controlAt(host_.presentation(), point);
+  if (hit && takesClicks(*hit->control())) return clickControl(hit->id, point);
+  closePopovers(hit);
+  const bool isWanted = host_.click(point);
+  settle();
+  return isWanted;
+}
+
+bool Window::clickControl(viewkit::NodeId id, Point point) {
+  movePointer(point);
+  if (const auto* node = host_.node(id)) closePopovers(node);
+  if (const auto* node = host_.node(id); !node || !node->accessibility.enabled) return false;
+  keyboard_->moveTo(id);
+  const PresentationNode* node = host_.node(id);
+  if (!node || !node->accessibility.enabled) return false;
+  if (const auto* tabs = controlOf<viewkit::TabBarControl>(node); tabs && !tabs->items.empty()) {
+    const Rect frame = node->frameInWindow();
+    const auto count = static_cast<double>(tabs->items.size());
+    const auto index = static_cast<std::size_t>((point.x - frame.origin.x) * count / frame.size.width);
+    pickTab(*tabs, tabs->items.at(index).title);
+  } else {
+    operate(*node->control());
+  }
+  settle();
+  return true;
+}
+
+bool Window::readyToUse(const Element& element) {
+  const PresentationNode& node = bringIntoSight(element);
+  closePopovers(&node);
+  if (!element.isEnabled()) return false;
+  keyboard_->moveTo(element.id());
+  return element.isEnabled();
+}
+
+std::vector<viewkit::MenuItem> Window::menuItems(const Element& menu) {
+  const auto control = controlFor<viewkit::MenuControl>(menu.content(), "menu");
+  if (!readyToUse(menu) || !control.items) return {};
+  return control.items();
+}
+
+bool Window::choose(const Element& menuOrTabs, std::string_view title) {
+  if (const auto* tabs = controlOf<viewkit::TabBarControl>(&menuOrTabs.content())) {
+    const viewkit::TabBarControl chosenFrom = *tabs;
+    if (!readyToUse(menuOrTabs)) return false;
+    pickTab(chosenFrom, title);
+  } else {
+    const auto items = menuItems(menuOrTabs);
+    if (!menuOrTabs.isEnabled()) return false;
+    itemTitled(items, title).action();
+  }
+  settle();
+  return true;
+}
+
+bool Window::choose(const Element& colorWell, appkit::RGBA color) {
+  const auto control = controlFor<viewkit::ColorWellControl>(colorWell.content(), "colour well");
+  if (!readyToUse(colorWell)) return false;
+  control.choose(color);
+  settle();
+  return true;
+}
+
+bool Window::choose(const Element& fontPicker, const appkit::Font& font) {
+  const auto control = controlFor<viewkit::FontPickerControl>(fontPicker.content(), "font picker");
+  if (!readyToUse(fontPicker)) return false;
+  control.choose(font);
+  settle();
+  return true;
+}
+
+void Window::selectTab(std::string_view title) { choose(find(Role::tabList), title); }
+
+void Window::pickTab(const viewkit::TabBarControl& tabs, std::string_view title) {
+  const auto index = static_cast<int>(&itemTitled(tabs.items, title) - tabs.items.data());
+  const auto select = tabs.select;
+  if (index != tabs.selected) select(index);
+}
+
+void Window::closePopovers(const PresentationNode* clicked) {
+  std::vector<std::function<void()>> dismissals;
+  visitTree(host_.presentation(), [&](const PresentationNode& node) {
+    const auto* popover = controlOf<viewkit::PopoverControl>(&node);
+    if (popover && !isWithin(clicked, node)) dismissals.push_back(popover->dismiss);
+  });
+  for (const auto& dismiss : dismissals) dismiss();
+  if (!dismissals.empty()) settle();
+}
+
+void Window::hover(const Element& element) { movePointer(centerOf(bringIntoSight(element).frameInWindow())); }
+
+void Window::movePointer(Point point) {
+  host_.pointerMoved(point);
+  settle();
+}
+
+void Window::pointerLeft() {
+  host_.pointerLeft();
+  settle();
+}
+
+void Window::scroll(const Element& element, double dy) {
+  const PresentationNode* node = &element.content();
+  while (node && !controlOf<viewkit::ScrollControl>(node)) node = node->parent;
+  if (!node) {
+    throw NoSuchElement("the " + descriptionOf(element.content().accessibility) + " stands in nothing that scrolls");
+  }
+  const viewkit::ScrollControl control = *controlOf<viewkit::ScrollControl>(node);
+  control.scroll(control.offset + Point{0, dy});
+  settle();
+}
+
+void Window::type(std::string_view text) {
+  for (const Character& each : characters(text)) pressKey({.characters = std::string(each.bytes)});
+}
+
+void Window::press(Key key, std::uint8_t modifiers) { pressKey(eventOf(key, modifiers)); }
+
+void Window::pressKey(const Event& event) {
+  if (!isKey()) return;
+  const auto passedOn = Event::passThroughMonitors(Event::kKeyDownMask, event);
+  settle();
+  if (!passedOn) return;
+  if (passedOn->characters == "\x1B") {
+    closePopovers(nullptr);
+  } else {
+    keyboard_->handle(*passedOn);
+  }
+  settle();
+}
+
+void Window::selectAll() { keyboard_->selectAll(); }
+
+bool Window::isKey() const { return Application::sharedApplication().keyWindow() == this; }
+void Window::becomeKey() { Application::sharedApplication().windowDidBecomeKey(*this); }
+void Window::resignKey() { Application::sharedApplication().windowDidResignKey(*this); }
+
+appkit::Responder* Window::firstResponder() const { return keyboard_->responder(); }
+
+bool Window::makeFirstResponder(appkit::Responder* responder) {
+  if (responder) return responder == firstResponder();
+  keyboard_->resign();
+  return true;
+}
+
+std::optional<Element> Window::focused() const {
+  const PresentationNode* node = keyboard_->focused();
+  return node ? std::optional(Element(*this, *node)) : std::nullopt;
+}
+
+void Window::settle() {
+  do {
+    foundation::MainQueue::mainQueue().drainAll();
+    if (!stepsAnimations_ && host_.isAnimating()) {
+      host_.finishAnimations();
+      foundation::MainQueue::mainQueue().drainAll();
+    }
+  } while (keyboard_->resignIfUnusable());
+}
+
+void Window::advance(std::chrono::duration<double> elapsed) {
+  settle();
+  host_.advanceAnimations(elapsed);
+  settle();
+}
+
+}  // namespace headless

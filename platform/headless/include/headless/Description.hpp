@@ -1,0 +1,19 @@
+#pragma once
+
+#include "viewkit/ViewHost.hpp"
+
+#include <string>
+
+namespace headless {
+
+// The laid-out tree for a person to read: a line a node, indented by its depth.
+//
+//     Button button "Check Now" help "Looks for a new version" disabled (20, 44) 96 x 28
+std::string textDescription(const viewkit::NodeDescription& node);
+
+// The same for a program: an object with the members "kind", "role", "label", "value", "help",
+// "enabled", "frame" (an object of "x", "y", "width" and "height", in points, relative to the window)
+// and "children" (an array of such objects).
+std::string jsonDescription(const viewkit::NodeDescription& node);
+
+}  // namespace headless
