@@ -25,13 +25,14 @@ std::vector<std::weak_ptr<Event::Monitor>>& monitors() {
 }  // namespace
 
 std::shared_ptr<Event::Monitor> Event::addLocalMonitorForEventsMatchingMask(std::uint64_t mask, Handler handler) {
+  std::erase_if(monitors(), [](const auto& each) { return each.expired(); });
   auto monitor = std::make_shared<Monitor>(mask, std::move(handler));
   monitors().push_back(monitor);
   return monitor;
 }
 
 void Event::removeMonitor(const std::shared_ptr<Monitor>& monitor) {
-  std::erase_if(monitors(), [&](const auto& each) { return each.expired() || each.lock() == monitor; });
+  std::erase_if(monitors(), [&](const auto& each) { return each.lock() == monitor; });
 }
 
 std::optional<Event> Event::passThroughMonitors(std::uint64_t kind, Event event) {

@@ -4,6 +4,7 @@
 #include "appkit/Font.hpp"
 #include "foundation/ObservableObject.hpp"
 
+#include <functional>
 #include <memory>
 #include <optional>
 

@@ -21,7 +21,8 @@ struct Event {
 
   int keyCode = kOtherKey;
   std::uint8_t modifiers = none;
-  std::string characters;
+  // What the key types, as UTF-8; a control character for Return, Tab, Escape and Backspace.
+  std::string characters = {};
 
   // Kinds of events, as bits.
   static constexpr std::uint64_t kKeyDownMask = 1024;

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "QEVSettings/preferences/PreferencesStore.hpp"
+#include "foundation/UserDefaults.hpp"
+
+#include <iosfwd>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace support {
+
+// What a store was asked to do.
+struct StoreOperation {
+  enum class Kind { read, readAll, write, remove };
+
+  Kind kind = Kind::read;
+  std::string key;
+  // What was written.
+  std::optional<QEVSettings::PreferenceValue> value;
+
+  friend bool operator==(const StoreOperation&, const StoreOperation&) = default;
+};
+
+StoreOperation read(std::string_view key);
+StoreOperation readAll();
+StoreOperation wrote(std::string_view key, QEVSettings::PreferenceValue value);
+StoreOperation removed(std::string_view key);
+
+std::ostream& operator<<(std::ostream& out, const StoreOperation& operation);
+
+// A real store in memory that writes down what is asked of it.
+//
+//     RecordingPreferencesStore store;
+//     …
+//     EXPECT_THAT(store.changes(), ElementsAre(wrote(kKey, "dark")));
+class RecordingPreferencesStore final : public QEVSettings::PreferencesStore {
+public:
+  // Every operation in order.
+  const std::vector<StoreOperation>& operations() const { return operations_; }
+  // The writes and the removals in order.
+  std::vector<StoreOperation> changes() const;
+  void forget() { operations_.clear(); }
+
+  // The store itself: what is done to it directly is not written down, but observers hear of it.
+  foundation::UserDefaults& underneath() { return *store_; }
+
+  std::optional<QEVSettings::PreferenceValue> objectForKey(std::string_view key) const override;
+  QEVSettings::PreferenceDictionary dictionaryRepresentation() const override;
+  void setObject(QEVSettings::PreferenceValue value, std::string_view key) override;
+  void removeObject(std::string_view key) override;
+  [[nodiscard]] QEVSettings::Subscription observe(std::string_view key, Observer observer) override;
+  [[nodiscard]] QEVSettings::Subscription observeAll(Observer observer) override;
+
+private:
+  std::unique_ptr<foundation::UserDefaults> store_ = foundation::UserDefaults::inMemory();
+  mutable std::vector<StoreOperation> operations_;
+};
+
+}  // namespace support
+
+namespace QEVSettings {
+// How GoogleTest shows a value.
+void PrintTo(const PreferenceValue& value, std::ostream* out);
+}  // namespace QEVSettings
