@@ -57,7 +57,7 @@ public:
 
   Binding<T> binding() const {
     const auto slot = this->sharedSlot();
-    return {[slot] { return slot->read(); }, [slot](T value) { slot->write(std::move(value)); }};
+    return {[slot] { return slot->read(); }, [slot](const T& value) { slot->write(value); }};
   }
 
 private:
