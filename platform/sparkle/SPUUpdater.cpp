@@ -102,7 +102,8 @@ void SPUUpdater::check(Occasion occasion) {
   if (!canCheckForUpdates_.get()) return;
   canCheckForUpdates_.set(false);
 
-  FeedRequest request{.address = configuration_.feedAddress, .headers = {}, .longestAnswer = kLongestFeed};
+  FeedRequest request{.address = configuration_.feedAddress};
+  request.longestAnswer = kLongestFeed;
   if (const auto delegate = delegate_.lock()) {
     request.address = delegate->feedURLString(*this).value_or(request.address);
   }
@@ -144,8 +145,9 @@ void SPUUpdater::takeFeed(Occasion occasion, const Result<std::string>& feed) {
 
 void SPUUpdater::download(FoundUpdate update) {
   const Enclosure& enclosure = update.item.enclosure;
-  const FeedRequest request{
-      .address = enclosure.url, .headers = {}, .longestAnswer = static_cast<std::size_t>(enclosure.length)};
+  FeedRequest request{.address = enclosure.url};
+  request.longestAnswer = static_cast<std::size_t>(enclosure.length);
+  request.patience = 30min;
   fetch_ = configuration_.transport->fetch(request, [this, update](const Result<std::string>& contents) {
     FoundUpdate shown = update;
     // A download that fails is no reason to keep the new version secret.

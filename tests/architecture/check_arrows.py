@@ -21,7 +21,7 @@ ROOMS = {
     "viewkit": ("platform/viewkit", {"appkit"}),
     "sparkle": ("platform/sparkle", {"appkit"}),
     "headless": ("platform/headless", {"viewkit"}),
-    "qt": ("platform/qt", {"viewkit"}),
+    "qt": ("platform/qt", {"viewkit", "sparkle"}),
     "QEVLog": ("contracts/QEVLog", CONTRACT_BASE),
     "QEVKonstantsKeys": ("contracts/QEVKonstantsKeys", CONTRACT_BASE),
     "QEVCommonTools": ("contracts/QEVCommonTools", CONTRACT_BASE),

@@ -3,6 +3,7 @@
 #include "QEVSettings/preferences/Subscription.hpp"
 #include "foundation/Result.hpp"
 
+#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <map>
@@ -14,9 +15,11 @@ namespace sparkle {
 // that tells one person or machine from another.
 struct FeedRequest {
   std::string address;
-  std::map<std::string, std::string> headers;
+  std::map<std::string, std::string> headers = {};
   // Bytes; a longer answer is an error, found before all of it was fetched.
   std::size_t longestAnswer = 0;
+  // For the whole answer; a slower one is an error.
+  std::chrono::seconds patience{30};
 };
 
 // The way to the update feed. The updater opens no connections itself; the host hands one of these in.

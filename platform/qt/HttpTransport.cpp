@@ -1,0 +1,110 @@
+#include "qt/HttpTransport.hpp"
+
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QNetworkRequest>
+#include <QPointer>
+#include <QTimer>
+#include <QUrl>
+#include <utility>
+
+namespace qt {
+
+namespace {
+
+using foundation::Error;
+using foundation::Result;
+
+// Between what was read and what the network has ready, an answer takes no more memory than this.
+constexpr qint64 kReadBufferSize = 256 * 1024;
+
+QNetworkRequest networkRequest(const QUrl& url, const sparkle::FeedRequest& request) {
+  QNetworkRequest result(url);
+  // Qt would tell its own version of these otherwise, the user's language among them.
+  result.setRawHeader("User-Agent", "zorvantine");
+  result.setRawHeader("Accept-Language", "*");
+  result.setRawHeader("Accept-Encoding", "identity");
+  for (const auto& [name, value] : request.headers) {
+    result.setRawHeader(QByteArray::fromStdString(name), QByteArray::fromStdString(value));
+  }
+  result.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
+  result.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
+  result.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
+  result.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
+  result.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
+  return result;
+}
+
+// One answer as it comes in. It belongs to its reply, and ends with it.
+class Fetch final : public QObject {
+public:
+  Fetch(QNetworkReply* reply, const sparkle::FeedRequest& request, sparkle::FeedTransport::Completion completion)
+      : QObject(reply), reply_(reply), longestAnswer_(request.longestAnswer), completion_(std::move(completion)) {
+    reply->setReadBufferSize(kReadBufferSize);
+    connect(reply, &QNetworkReply::readyRead, this, [this] { read(); });
+    connect(reply, &QNetworkReply::finished, this, [this] { finish(); });
+    QTimer::singleShot(request.patience, this, [this] { fail("the server takes too long to answer"); });
+  }
+
+  void giveUp() {
+    completion_ = nullptr;
+    reply_->abort();
+  }
+
+private:
+  void fail(const char* reason) {
+    if (!problem_) problem_ = Error{reason};
+    reply_->abort();
+  }
+
+  void read() {
+    if (problem_ || !completion_) return;
+    body_ += reply_->readAll().toStdString();
+    if (body_.size() > longestAnswer_) fail("the answer is longer than it may be");
+  }
+
+  Result<std::string> outcome() {
+    if (problem_) return *problem_;
+    const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    if (status >= 400) return Error{"the server answers with the code " + std::to_string(status)};
+    if (reply_->error() != QNetworkReply::NoError) return Error{reply_->errorString().toStdString()};
+    if (status != 200) return Error{"the server answers with the code " + std::to_string(status)};
+    return std::move(body_);
+  }
+
+  void finish() {
+    read();
+    reply_->deleteLater();
+    if (const auto completion = std::exchange(completion_, nullptr)) completion(outcome());
+  }
+
+  QNetworkReply* reply_;
+  std::size_t longestAnswer_;
+  sparkle::FeedTransport::Completion completion_;
+  std::string body_;
+  std::optional<Error> problem_;
+};
+
+}  // namespace
+
+struct HttpTransport::Network {
+  QNetworkAccessManager manager;
+};
+
+HttpTransport::HttpTransport() : network_(std::make_unique<Network>()) {}
+
+HttpTransport::~HttpTransport() = default;
+
+QEVSettings::Subscription HttpTransport::fetch(const sparkle::FeedRequest& request, Completion completion) {
+  const QUrl url(QString::fromStdString(request.address));
+  // The rest, and whatever is no address at all, is for the other to fetch or to refuse.
+  if (url.scheme() != "http" && url.scheme() != "https") return files_.fetch(request, std::move(completion));
+
+  QNetworkReply* const reply = network_->manager.get(networkRequest(url, request));
+  const QPointer<Fetch> fetch(new Fetch(reply, request, std::move(completion)));
+  return QEVSettings::Subscription([fetch] {
+    if (fetch) fetch->giveUp();
+  });
+}
+
+}  // namespace qt
