@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::size_t kShownCharacters = 32;
 constexpr char32_t kReplacement = 0xFFFD;
+constexpr char32_t kFullWidthZero = 0xFF10;
 
 // A blank is white space within a line, or a character that takes no room and comes along with pasted
 // text. A line end separates, as a comma does.
@@ -71,34 +72,44 @@ constexpr std::array kSigns{
     Signs{0x10EAD, 0x10EAD, Meaning::dash},     // Yezidi hyphen
 };
 
+constexpr Meaning meaningOf(char32_t character) {
+  const auto* const next = std::ranges::upper_bound(kSigns, character, {}, &Signs::first);
+  if (next == kSigns.begin()) return Meaning::other;
+  const Signs& signs = *std::prev(next);
+  return character <= signs.last ? signs.meaning : Meaning::other;
+}
+
+// Most texts are nothing but these, and a pasted one may be long.
+constexpr auto kAsciiMeanings = [] {
+  std::array<Meaning, 128> meanings{};
+  for (std::size_t i = 0; i < meanings.size(); ++i) meanings.at(i) = meaningOf(static_cast<char32_t>(i));
+  return meanings;
+}();
+
 struct Character {
   char32_t scalar = kReplacement;
   std::size_t length = 1;  // in bytes
   Meaning meaning = Meaning::other;
-  std::uint32_t digit = 0;
+
+  std::uint32_t digit() const { return scalar - (scalar <= U'9' ? U'0' : kFullWidthZero); }
 };
 
+// Of one character of more than one byte.
 char32_t scalarOf(std::string_view bytes) {
   const auto lead = static_cast<unsigned char>(bytes.front());
-  char32_t scalar = bytes.size() == 1 ? lead : lead & (0x7FU >> bytes.size());
+  char32_t scalar = lead & (0x7FU >> bytes.size());
   for (const char byte : bytes.substr(1)) scalar = scalar << 6 | (static_cast<unsigned char>(byte) & 0x3FU);
   return scalar;
 }
 
 // The character that a text begins with; the text is not empty.
 Character firstCharacter(std::string_view text) {
-  Character result;
+  const auto byte = static_cast<unsigned char>(text.front());
+  if (byte < kAsciiMeanings.size()) return {.scalar = byte, .length = 1, .meaning = kAsciiMeanings[byte]};
   const std::size_t length = foundation::utf8CharacterLength(text);
-  if (length == 0) return result;
-  result.length = length;
-  result.scalar = scalarOf(text.substr(0, length));
-  const auto* const next = std::ranges::upper_bound(kSigns, result.scalar, {}, &Signs::first);
-  if (next == kSigns.begin()) return result;
-  const Signs& signs = *std::prev(next);
-  if (result.scalar > signs.last) return result;
-  result.meaning = signs.meaning;
-  if (signs.meaning == Meaning::digit) result.digit = static_cast<std::uint32_t>(result.scalar - signs.first);
-  return result;
+  if (length == 0) return {};
+  const char32_t scalar = scalarOf(text.substr(0, length));
+  return {.scalar = scalar, .length = length, .meaning = meaningOf(scalar)};
 }
 
 bool startsWith(std::string_view text, Meaning meaning) {
@@ -168,8 +179,8 @@ std::optional<PortsPiece> PortsText::next() {
       continue;
     }
     state = after(state, character.meaning);
-    if (state == State::first) append(piece.first, character.digit);
-    if (state == State::last) append(piece.last, character.digit);
+    if (state == State::first) append(piece.first, character.digit());
+    if (state == State::last) append(piece.last, character.digit());
     rest_.remove_prefix(character.length);
   }
   piece.text = start.substr(0, start.size() - rest_.size());

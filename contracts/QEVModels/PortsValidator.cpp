@@ -42,58 +42,44 @@ private:
   std::size_t others_ = 0;
 };
 
-// The ports that a text names, each as a single port or as part of a range.
+// The ports and ranges that a text names; a port begins and ends with itself.
 class PortSet {
 public:
-  // False when the same port was inserted singly before.
-  bool insertPort(std::uint32_t port) {
-    const bool isNew = !singles_[port];
-    singles_[port] = true;
-    return isNew;
-  }
-
-  // False when the same range was inserted before. `first` is below `last`.
-  bool insertRange(std::uint32_t first, std::uint32_t last) {
-    if (!ranges_.insert(first << 16 | last).second) return false;
-    ++opening_[first];
-    ++closing_[last];
-    return true;
-  }
+  // False when the same was inserted before.
+  bool insert(std::uint32_t first, std::uint32_t last) { return items_.insert(first << 16 | last).second; }
 
   // The normal form: each unbroken run of ports is a range if a range is part of it, and single ports
   // otherwise.
   std::string text() const {
+    std::vector<std::uint32_t> sorted(items_.begin(), items_.end());
+    std::ranges::sort(sorted);
     std::string result;
     const auto append = [&](const std::string& item) {
       if (!result.empty()) result += ',';
       result += item;
     };
-    std::uint32_t port = 0;
-    while (port <= kHighestPort) {
-      const std::uint32_t start = port;
-      std::uint32_t open = 0;
+    for (auto item = sorted.begin(); item != sorted.end();) {
+      const auto run = item;
+      std::uint32_t last = lastOf(*run);
       bool hasRange = false;
-      for (; port <= kHighestPort && (open > 0 || singles_[port] || opening_[port] > 0); ++port) {
-        open += opening_[port];
-        hasRange = hasRange || open > 0;
-        open -= closing_[port];
+      for (; item != sorted.end() && firstOf(*item) <= last + 1; ++item) {
+        last = std::max(last, lastOf(*item));
+        hasRange = hasRange || firstOf(*item) < lastOf(*item);
       }
       if (hasRange) {
-        append(std::to_string(start) + '-' + std::to_string(port - 1));
+        append(std::to_string(firstOf(*run)) + '-' + std::to_string(last));
       } else {
-        for (std::uint32_t single = start; single < port; ++single) append(std::to_string(single));
+        std::for_each(run, item, [&](std::uint32_t port) { append(std::to_string(firstOf(port))); });
       }
-      if (port == start) ++port;
     }
     return result;
   }
 
 private:
-  std::vector<bool> singles_ = std::vector<bool>(kHighestPort + 1);
-  // How many ranges begin and end at each port.
-  std::vector<std::uint32_t> opening_ = std::vector<std::uint32_t>(kHighestPort + 1);
-  std::vector<std::uint32_t> closing_ = std::vector<std::uint32_t>(kHighestPort + 1);
-  std::unordered_set<std::uint32_t> ranges_;
+  static std::uint32_t firstOf(std::uint32_t item) { return item >> 16; }
+  static std::uint32_t lastOf(std::uint32_t item) { return item & 0xFFFF; }
+
+  std::unordered_set<std::uint32_t> items_;
 };
 
 }  // namespace
@@ -118,9 +104,8 @@ PortValidationResult validatedPorts(std::string_view text) {
     }
     if (piece->first > piece->last) report(Kind::reversed, *piece);
     // "80-80" names the port 80 twice.
-    const bool isNew = first == last ? ports.insertPort(first) && piece->form == PortsPiece::Form::port
-                                     : ports.insertRange(first, last);
-    if (!isNew) report(Kind::duplicate, *piece);
+    const bool isTwice = first == last && piece->form == PortsPiece::Form::range;
+    if (!ports.insert(first, last) || isTwice) report(Kind::duplicate, *piece);
   }
 
   PortValidationResult result{.ports = ports.text(), .corrections = {}};

@@ -15,7 +15,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-PreferenceValue data(std::string_view bytes) { return PreferenceValue::Bytes(bytes.begin(), bytes.end()); }
+PreferenceValue bytes(std::string_view text) { return PreferenceValue::Bytes(text.begin(), text.end()); }
 
 // A store in memory that writes down what is done to it.
 class RecordingStore final : public PreferencesStore {
@@ -68,10 +68,10 @@ protected:
 };
 
 TEST_F(QEVPreferencesMigrationTest, RunsEachStepOnAFreshSnapshotAndAdvancesTheVersionLast) {
-  RecordingStore store({{kColor, data("\x01\x02\x03")},
-                        {kOtherColor, data("")},
-                        {kList, data(R"([{"protocolPorts":[80,8080]}])")},
-                        {kOtherList, data("not JSON")},
+  RecordingStore store({{kColor, bytes("\x01\x02\x03")},
+                        {kOtherColor, bytes("")},
+                        {kList, bytes(R"([{"protocolPorts":[80,8080]}])")},
+                        {kOtherList, bytes("not JSON")},
                         {kVersion, -1}});
   QEVPreferencesMigration::migrateIfNeeded(store);
   EXPECT_THAT(store.operations, ElementsAre("read " + kVersion, "snapshot", std::string("write ") + kColor,
@@ -79,7 +79,7 @@ TEST_F(QEVPreferencesMigrationTest, RunsEachStepOnAFreshSnapshotAndAdvancesTheVe
                                             std::string("write ") + kList, "write " + kVersion));
   EXPECT_EQ(store.values.at(kColor), PreferenceValue("AQID"));
   EXPECT_EQ(store.values.at(kOtherColor), PreferenceValue(""));
-  EXPECT_EQ(store.values.at(kList), data(R"([{"protocolPorts":"80,8080"}])"));
+  EXPECT_EQ(store.values.at(kList), bytes(R"([{"protocolPorts":"80,8080"}])"));
   EXPECT_EQ(store.values.at(kVersion), PreferenceValue(2));
 
   ASSERT_EQ(log_.size(), 2);
@@ -101,8 +101,8 @@ TEST_F(QEVPreferencesMigrationTest, RunsEachStepOnAFreshSnapshotAndAdvancesTheVe
 }
 
 TEST_F(QEVPreferencesMigrationTest, StartsWhereTheStoredVersionSays) {
-  const auto color = data("\x01\x02\x03");
-  const auto list = data(R"([{"protocolPorts":[80]}])");
+  const auto color = bytes("\x01\x02\x03");
+  const auto list = bytes(R"([{"protocolPorts":[80]}])");
 
   RecordingStore empty({});
   QEVPreferencesMigration::migrateIfNeeded(empty);
@@ -111,7 +111,7 @@ TEST_F(QEVPreferencesMigrationTest, StartsWhereTheStoredVersionSays) {
   RecordingStore first({{kColor, color}, {kList, list}, {kVersion, 1}});
   QEVPreferencesMigration::migrateIfNeeded(first);
   EXPECT_EQ(first.values.at(kColor), color);
-  EXPECT_EQ(first.values.at(kList), data(R"([{"protocolPorts":"80"}])"));
+  EXPECT_EQ(first.values.at(kList), bytes(R"([{"protocolPorts":"80"}])"));
   EXPECT_EQ(first.values.at(kVersion), PreferenceValue(2));
 
   log_.clear();
@@ -139,10 +139,10 @@ TEST_F(QEVPreferencesMigrationTest, RewritesPortsAndNothingElseOfAList) {
   };
   for (const auto& [before, after] : lists) {
     SCOPED_TRACE(before);
-    EXPECT_EQ(migrated(kList, data(before)), data(after));
+    EXPECT_EQ(migrated(kList, bytes(before)), bytes(after));
     // Once rewritten, a list has nothing left to rewrite.
     log_.clear();
-    EXPECT_EQ(migrated(kList, data(after)), data(after));
+    EXPECT_EQ(migrated(kList, bytes(after)), bytes(after));
     EXPECT_THAT(log_, IsEmpty());
   }
 }
@@ -151,29 +151,29 @@ TEST_F(QEVPreferencesMigrationTest, LeavesWhatItDoesNotUnderstand) {
   const std::string deep =
       R"([{"protocolPorts":[80],"x":)" + std::string(10'000, '[') + std::string(10'000, ']') + "}]";
   const std::vector<std::pair<const char*, PreferenceValue>> values{
-      {kList, data("")},
-      {kList, data("[{\"protocolPorts\":[80]}")},
-      {kList, data("[{\"protocolPorts\":[80]}]]")},
-      {kList, data("[{\"protocolPorts\":[80],\"name\":\"\xFF\"}]")},
-      {kList, data("[{\"protocolPorts\":[80],\"name\":\"\xED\xA0\x80\"}]")},
-      {kList, data(deep)},
-      {kList, data(R"({"protocolPorts":[80]})")},
-      {kList, data("80")},
-      {kList, data("[]")},
-      {kList, data(R"([{"protocolPorts":[80]},80])")},
-      {kList, data(R"([{"protocolPorts": [80, "81"]}])")},
-      {kList, data(R"([{"protocolPorts": [80.5]}, {"protocolPorts": [true]}, {"protocolPorts": [null]}])")},
-      {kList, data(R"([{"protocolPorts": "80"}, {"protocolPorts": 80}, {"protocolPorts": {"0": 80}}])")},
+      {kList, bytes("")},
+      {kList, bytes("[{\"protocolPorts\":[80]}")},
+      {kList, bytes("[{\"protocolPorts\":[80]}]]")},
+      {kList, bytes("[{\"protocolPorts\":[80],\"name\":\"\xFF\"}]")},
+      {kList, bytes("[{\"protocolPorts\":[80],\"name\":\"\xED\xA0\x80\"}]")},
+      {kList, bytes(deep)},
+      {kList, bytes(R"({"protocolPorts":[80]})")},
+      {kList, bytes("80")},
+      {kList, bytes("[]")},
+      {kList, bytes(R"([{"protocolPorts":[80]},80])")},
+      {kList, bytes(R"([{"protocolPorts": [80, "81"]}])")},
+      {kList, bytes(R"([{"protocolPorts": [80.5]}, {"protocolPorts": [true]}, {"protocolPorts": [null]}])")},
+      {kList, bytes(R"([{"protocolPorts": "80"}, {"protocolPorts": 80}, {"protocolPorts": {"0": 80}}])")},
       {kList, PreferenceValue(R"([{"protocolPorts":[80]}])")},
       {kList, PreferenceValue::Array{80}},
       {kColor, PreferenceValue("AQID")},
       {kColor, PreferenceValue(7)},
-      {kColor, PreferenceValue::Array{data("\x01")}},
-      {"com_velloquin_zorvantine_dns_color", data("\x01")},
-      {"Com_velloquin_qev_dns_color", data("\x01")},
-      {"com_velloquin_qev_dns_Color", data("\x01")},
-      {"com_velloquin_qev_dns_color2", data("\x01")},
-      {"com_velloquin_qev_dns_protocols_", data(R"([{"protocolPorts":[80]}])")},
+      {kColor, PreferenceValue::Array{bytes("\x01")}},
+      {"com_velloquin_zorvantine_dns_color", bytes("\x01")},
+      {"Com_velloquin_qev_dns_color", bytes("\x01")},
+      {"com_velloquin_qev_dns_Color", bytes("\x01")},
+      {"com_velloquin_qev_dns_color2", bytes("\x01")},
+      {"com_velloquin_qev_dns_protocols_", bytes(R"([{"protocolPorts":[80]}])")},
   };
   for (const auto& [key, value] : values) {
     SCOPED_TRACE(key);

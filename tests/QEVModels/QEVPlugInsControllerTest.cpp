@@ -1,0 +1,48 @@
+#include "QEVModels/QEVPlugInsController.hpp"
+
+#include <gmock/gmock.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace QEVModels {
+namespace {
+
+using QEVDependencies::QEVPlugInStructure;
+using ::testing::ElementsAre;
+
+std::vector<std::string> titles() {
+  std::vector<std::string> result;
+  for (const auto& plugIn : QEVPlugInsController::sharedManager().plugInStructs()) {
+    result.push_back(plugIn.plugInTitle);
+  }
+  return result;
+}
+
+QEVPlugInStructure plugIn(const foundation::UUID& id, std::string title) {
+  QEVPlugInStructure result;
+  result.id = id;
+  result.plugInTitle = std::move(title);
+  return result;
+}
+
+TEST(QEVPlugInsControllerTest, ListsPlugInsInTheOrderOfTheirRegistration) {
+  auto& manager = QEVPlugInsController::sharedManager();
+  const auto dns = foundation::UUID::random();
+  const auto arp = foundation::UUID::random();
+  manager.registerPlugIn(plugIn(dns, "DNS"));
+  manager.registerPlugIn(plugIn(arp, "ARP"));
+  manager.registerPlugIn(plugIn(dns, "DNS 2"));
+  EXPECT_THAT(titles(), ElementsAre("DNS 2", "ARP"));
+  manager.unregisterPlugIn(manager.plugInStructs().front().id);
+  EXPECT_THAT(titles(), ElementsAre("ARP"));
+  manager.registerPlugIn(plugIn(dns, "DNS"));
+  EXPECT_THAT(titles(), ElementsAre("ARP", "DNS"));
+  manager.unregisterPlugIn(dns);
+  manager.unregisterPlugIn(arp);
+  EXPECT_THAT(titles(), ElementsAre());
+}
+
+}  // namespace
+}  // namespace QEVModels
