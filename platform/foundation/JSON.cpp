@@ -237,6 +237,9 @@ std::optional<JSON> JSON::member(std::string_view name) const {
 
 std::string JSON::text() const {
   std::string text;
+  // As large a part of the document's text as of its nodes.
+  const auto share = static_cast<double>(end() - node_) / static_cast<double>(document_->nodes.size());
+  text.reserve(static_cast<std::size_t>(static_cast<double>(document_->text.size()) * share));
   appendTo(text);
   return text;
 }

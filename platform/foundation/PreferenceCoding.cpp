@@ -1,4 +1,4 @@
-#include "PreferenceCoding.hpp"
+#include "foundation/PreferenceCoding.hpp"
 
 #include <bit>
 #include <string>

@@ -1,6 +1,6 @@
 #include "PreferencesFile.hpp"
 
-#include "PreferenceCoding.hpp"
+#include "foundation/PreferenceCoding.hpp"
 
 #include <fcntl.h>
 #include <sqlite3.h>

@@ -1,6 +1,12 @@
 #include "foundation/Unicode.hpp"
 
+#include "LongUppercases.hpp"
+
+#include <algorithm>
+#include <clocale>
 #include <cstdint>
+#include <cwctype>
+#include <iterator>
 
 namespace foundation {
 
@@ -9,6 +15,33 @@ namespace {
 constexpr char32_t kReplacementCharacter = 0xFFFD;
 
 std::uint8_t byteAt(std::string_view text, std::size_t at) { return static_cast<std::uint8_t>(text[at]); }
+
+// Of a well-formed character.
+char32_t decoded(std::string_view character) {
+  const std::uint8_t lead = byteAt(character, 0);
+  if (character.size() == 1) return lead;
+  char32_t value = lead & (0x7FU >> character.size());
+  for (const char c : character.substr(1)) value = value << 6 | (static_cast<std::uint8_t>(c) & 0x3FU);
+  return value;
+}
+
+// The C library's table of the characters of Unicode, which its locale "C" does not use. Kept for good.
+char32_t simpleUppercase(char32_t character) {
+  static const locale_t unicode = ::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+  if (unicode != nullptr) return static_cast<char32_t>(::towupper_l(static_cast<wint_t>(character), unicode));
+  return character >= 'a' && character <= 'z' ? character - 'a' + 'A' : character;
+}
+
+void appendUppercase(std::string& text, char32_t character) {
+  const auto* const found =
+      std::lower_bound(std::begin(kLongUppercases), std::end(kLongUppercases), character,
+                       [](const LongUppercase& entry, char32_t sought) { return entry.character < sought; });
+  if (found != std::end(kLongUppercases) && found->character == character) {
+    text += found->uppercase;
+  } else {
+    appendUtf8(text, simpleUppercase(character));
+  }
+}
 
 }  // namespace
 
@@ -66,6 +99,55 @@ void appendUtf8(std::string& text, char32_t character) {
   } else {
     text += {static_cast<char>(0xF0 | (character >> 18)), trailing(12), trailing(6), trailing(0)};
   }
+}
+
+std::string uppercased(std::string_view text) {
+  std::string capitals;
+  capitals.reserve(text.size());
+  while (!text.empty()) {
+    const std::size_t length = utf8CharacterLength(text);
+    if (length == 0) {
+      capitals += text.front();
+      text.remove_prefix(1);
+    } else {
+      appendUppercase(capitals, decoded(text.substr(0, length)));
+      text.remove_prefix(length);
+    }
+  }
+  return capitals;
+}
+
+std::optional<std::string> utf8FromUtf16(std::string_view bytes) {
+  if (bytes.size() % 2 != 0) return std::nullopt;
+  bool bigEndFirst = false;
+  if (bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xFF\xFE")) {
+    bigEndFirst = bytes.front() == '\xFE';
+    bytes.remove_prefix(2);
+  } else {
+    std::ptrdiff_t evenZeros = 0;
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+      if (bytes[i] == '\0') evenZeros += i % 2 == 0 ? 1 : -1;
+    }
+    bigEndFirst = evenZeros > 0;
+  }
+  const auto unit = [&](std::size_t at) {
+    return static_cast<char32_t>(byteAt(bytes, at + (bigEndFirst ? 0 : 1)) << 8 |
+                                 byteAt(bytes, at + (bigEndFirst ? 1 : 0)));
+  };
+  std::string text;
+  text.reserve(bytes.size());
+  for (std::size_t at = 0; at < bytes.size(); at += 2) {
+    char32_t character = unit(at);
+    if (character >= 0xDC00 && character <= 0xDFFF) return std::nullopt;
+    if (character >= 0xD800 && character <= 0xDBFF) {
+      at += 2;
+      const char32_t low = at < bytes.size() ? unit(at) : 0;
+      if (low < 0xDC00 || low > 0xDFFF) return std::nullopt;
+      character = 0x10000 + ((character - 0xD800) << 10) + (low - 0xDC00);
+    }
+    appendUtf8(text, character);
+  }
+  return text;
 }
 
 }  // namespace foundation

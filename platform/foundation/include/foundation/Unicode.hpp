@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,5 +18,14 @@ std::string repairedUtf8(std::string_view text);
 
 // Appends a Unicode scalar value as UTF-8; a surrogate or a value above U+10FFFF as U+FFFD.
 void appendUtf8(std::string& text, char32_t character);
+
+// The text in capitals by the rules of Unicode, whatever the locale, and the sharp s
+// becomes SS. What is no well-formed UTF-8 stays as it is.
+std::string uppercased(std::string_view text);
+
+// The text that UTF-16 bytes stand for, as UTF-8. A byte-order mark says the order and is left out; without
+// one the order is that in which more characters are below U+0100, and the little end comes first when that
+// tells nothing. Nothing when a byte is left over or a surrogate stands alone.
+std::optional<std::string> utf8FromUtf16(std::string_view bytes);
 
 }  // namespace foundation

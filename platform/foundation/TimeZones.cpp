@@ -1,0 +1,136 @@
+#include "foundation/TimeZones.hpp"
+
+#include "foundation/Files.hpp"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <optional>
+#include <string_view>
+#include <system_error>
+
+namespace foundation {
+
+namespace {
+
+constexpr std::string_view kUniversalTime = "UTC";
+
+std::filesystem::path database() {
+  const char* chosen = std::getenv("TZDIR");
+  return chosen != nullptr && *chosen != '\0' ? chosen : "/usr/share/zoneinfo";
+}
+
+bool isZone(const std::filesystem::path& file) {
+  std::error_code error;
+  return std::filesystem::is_regular_file(file, error);
+}
+
+// The words of a line.
+std::vector<std::string_view> words(std::string_view line) {
+  std::vector<std::string_view> words;
+  while (!line.empty()) {
+    const std::size_t end = std::min(line.find_first_of(" \t\r"), line.size());
+    if (end > 0) words.push_back(line.substr(0, end));
+    line.remove_prefix(std::min(end + 1, line.size()));
+  }
+  return words;
+}
+
+// The database's own list: "Z NAME …" begins a zone and "L NAME OTHER" gives it another name.
+std::vector<std::string> namesOfList(const std::filesystem::path& folder) {
+  const auto list = readFile(folder / "tzdata.zi");
+  std::vector<std::string> names;
+  if (!list) return names;
+  std::string_view text = *list;
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    const std::string_view line = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
+    if (!line.starts_with("Z ") && !line.starts_with("L ")) continue;
+    const auto parts = words(line);
+    const std::size_t nameAt = line.front() == 'Z' ? 1 : 2;
+    if (parts.size() > nameAt) names.emplace_back(parts[nameAt]);
+  }
+  // A package may leave out some of what the list names.
+  std::erase_if(names, [&](const std::string& name) { return !isZone(folder / name); });
+  return names;
+}
+
+std::vector<std::string> namesOfFiles(const std::filesystem::path& folder) {
+  std::vector<std::string> names;
+  std::error_code error;
+  for (std::filesystem::recursive_directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    std::string name = entry->path().lexically_relative(folder).string();
+    if (name == "posix" || name == "right") {
+      entry.disable_recursion_pending();  // the same zones once more
+    } else if (name != "localtime" && name != "posixrules" && isZone(entry->path())) {
+      const auto header = readFile(entry->path(), 1 << 20);
+      if (header && header->starts_with("TZif")) names.push_back(std::move(name));
+    }
+  }
+  return names;
+}
+
+// The name of a zone's file below a database, wherever that is.
+std::optional<std::string> nameOfFile(const std::filesystem::path& file) {
+  const std::string path = file.lexically_normal().string();
+  constexpr std::string_view folder = "/zoneinfo/";
+  const std::size_t found = path.rfind(folder);
+  if (found == std::string::npos) return std::nullopt;
+  return path.substr(found + folder.size());
+}
+
+std::optional<std::string> nameOfVariable() {
+  const char* variable = std::getenv("TZ");
+  std::string_view text = variable != nullptr ? variable : "";
+  if (text.starts_with(':')) text.remove_prefix(1);
+  if (text.empty()) return std::nullopt;
+  if (text.front() == '/') return nameOfFile(std::filesystem::path(text));
+  // A zone may also be described in the variable itself, as CET-1CEST, and then has no name.
+  return isZone(database() / text) ? std::optional(std::string(text)) : std::nullopt;
+}
+
+std::optional<std::string> nameOfLink() {
+  std::filesystem::path link = "/etc/localtime";
+  // One step at a time: the file of a zone may itself be a link to that of its main name.
+  constexpr int mostLinks = 8;
+  for (int i = 0; i < mostLinks; ++i) {
+    std::error_code error;
+    const auto target = std::filesystem::read_symlink(link, error);
+    if (error) return std::nullopt;
+    link = link.parent_path() / target;
+    if (auto name = nameOfFile(link)) return name;
+  }
+  return std::nullopt;
+}
+
+std::optional<std::string> nameOfFileOfName() {
+  const auto text = readFile("/etc/timezone", 4096);
+  if (!text) return std::nullopt;
+  const auto parts = words(std::string_view(*text).substr(0, text->find('\n')));
+  return !parts.empty() && isZone(database() / parts.front()) ? std::optional(std::string(parts.front()))
+                                                              : std::nullopt;
+}
+
+}  // namespace
+
+std::vector<std::string> knownTimeZoneNames() {
+  const auto folder = database();
+  auto names = namesOfList(folder);
+  if (names.empty()) names = namesOfFiles(folder);
+  std::erase(names, "Factory");  // stands for a machine that was never set up
+  if (names.empty()) names.emplace_back(kUniversalTime);
+  std::sort(names.begin(), names.end());
+  names.erase(std::unique(names.begin(), names.end()), names.end());
+  return names;
+}
+
+std::string currentTimeZoneName() {
+  for (const auto& source : {nameOfVariable, nameOfLink, nameOfFileOfName}) {
+    if (auto name = source()) return *name;
+  }
+  return std::string(kUniversalTime);
+}
+
+}  // namespace foundation
