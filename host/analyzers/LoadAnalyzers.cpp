@@ -1,0 +1,63 @@
+#include "analyzers/LoadAnalyzers.hpp"
+
+#include "QEVModels/QEVPlugInsController.hpp"
+#include "analyzers/AnalyzerDescription.hpp"
+#include "analyzers/AnalyzerPreferences.hpp"
+
+#include <memory>
+
+namespace zorvantine {
+
+using QEVDependencies::QEVPlugInStructure;
+using QEVDependencies::QEVPreferencesObject;
+
+namespace {
+
+// There may be a million of these, so that each works out what it is when it is asked.
+class SyntheticPreferences final : public QEVPreferencesObject, public QEVDependencies::QEVPluginPreferencesProtocol {
+public:
+  explicit SyntheticPreferences(std::size_t number) : number_(number) {}
+
+  std::optional<QEVDependencies::AnalyzerSettingsConfig> analyzerSettingsConfig() const override {
+    return configOf(syntheticAnalyzer(number_));
+  }
+
+private:
+  std::size_t number_;
+};
+
+std::shared_ptr<QEVPreferencesObject> preferencesOf(const AnalyzerDescription& analyzer,
+                                                    QEVSettings::PreferencesStore& store) {
+  switch (analyzer.preferences) {
+    case Preferences::none: return nullptr;
+    case Preferences::settings: return std::make_shared<AnalyzerPreferences>(analyzer, store);
+    case Preferences::settingsAndPorts:
+    case Preferences::settingsAndVetoes: return std::make_shared<AnalyzerPortsPreferences>(analyzer, store);
+  }
+  return nullptr;
+}
+
+void load(const AnalyzerDescription& analyzer, std::shared_ptr<QEVPreferencesObject> preferences) {
+  // Every id in the tables is well-formed; a test holds that.
+  QEVModels::QEVPlugInsController::sharedManager().registerPlugIn(
+      {.id = foundation::UUID::parse(analyzer.id).value_or(foundation::UUID::random()),
+       .plugInTitle = analyzer.title,
+       .plugInDescription = analyzer.description,
+       .plugInAuthor = "The Zorvantine developers",
+       .plugInVersion = analyzer.version,
+       .plugInPreferencesInstance = std::move(preferences)});
+}
+
+}  // namespace
+
+void loadAnalyzers(std::optional<std::size_t> syntheticCount, QEVSettings::PreferencesStore& store) {
+  if (!syntheticCount) {
+    for (const AnalyzerDescription& analyzer : sampleAnalyzers()) load(analyzer, preferencesOf(analyzer, store));
+    return;
+  }
+  for (std::size_t number = 1; number <= *syntheticCount; ++number) {
+    load(syntheticAnalyzer(number), std::make_shared<SyntheticPreferences>(number));
+  }
+}
+
+}  // namespace zorvantine

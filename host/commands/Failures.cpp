@@ -1,0 +1,16 @@
+#include "commandline/TextForm.hpp"
+#include "commands/Commands.hpp"
+
+namespace zorvantine {
+
+Failed storeFailure(const foundation::UserDefaults& store) {
+  if (const auto status = store.status()) return Failure{.code = ExitCode::unavailable, .message = status->message};
+  return std::nullopt;
+}
+
+Failure noSuchKey(std::string_view key) {
+  return {.code = ExitCode::noSuchKey,
+          .message = "there is no key “" + std::string(key) + "”; prefs list shows those that there are"};
+}
+
+}  // namespace zorvantine

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <csignal>
+
+namespace zorvantine {
+
+// While it lives, SIGINT and SIGTERM do not end the process but make a descriptor readable.
+class Interruption {
+public:
+  Interruption();
+  ~Interruption();
+  Interruption(const Interruption&) = delete;
+  Interruption& operator=(const Interruption&) = delete;
+
+  // -1 when there is none to be had.
+  int descriptor() const { return descriptor_; }
+
+private:
+  sigset_t before_{};
+  int descriptor_ = -1;
+};
+
+}  // namespace zorvantine

@@ -1,0 +1,12 @@
+#include "QEVSettings/QEVPreferencesMigration.hpp"
+#include "commands/Commands.hpp"
+
+namespace zorvantine {
+
+Failed run(const MigratePreferencesCommand&, Console&) {
+  if (auto failure = storeFailure(Console::store())) return failure;
+  QEVSettings::QEVPreferencesMigration::migrateIfNeeded(Console::store());
+  return storeFailure(Console::store());
+}
+
+}  // namespace zorvantine

@@ -1,0 +1,17 @@
+#include "commands/Commands.hpp"
+
+// The host built without Qt has everything but the window itself.
+
+namespace zorvantine {
+
+Failed run(const SettingsCommand&, Console&) {
+  return Failure{.message = "this build has no window; use describe and prefs, or build zorvantine with Qt"};
+}
+
+Failed run(const SnapshotCommand&, Console&) {
+  return Failure{.message = "this build cannot draw the window; use describe, or build zorvantine with Qt"};
+}
+
+Failed run(const DescribeCommand&, Console&) { return Failure{.message = "this build has no pages to describe yet"}; }
+
+}  // namespace zorvantine

@@ -1,0 +1,43 @@
+#include "QEVModels/PortsValidator.hpp"
+#include "commands/Commands.hpp"
+#include "foundation/JSONWriter.hpp"
+
+#include <istream>
+#include <iterator>
+#include <ostream>
+
+namespace zorvantine {
+
+using QEVModels::PortCorrection;
+using QEVModels::PortValidationResult;
+
+namespace {
+
+void printText(const PortValidationResult& result, std::ostream& out) {
+  out << result.ports << '\n';
+  for (const PortCorrection& correction : result.corrections) out << correction.message() << '\n';
+}
+
+void printJSON(const PortValidationResult& result, std::ostream& out) {
+  foundation::JSONWriter writer;
+  writer.beginObject().name("ports").string(result.ports).name("corrections").beginArray();
+  for (const PortCorrection& correction : result.corrections) {
+    writer.beginObject().name("kind").string(nameOf(correction.kind()));
+    writer.name("message").string(correction.message()).endObject();
+  }
+  writer.endArray().endObject();
+  out << writer.text() << '\n';
+}
+
+}  // namespace
+
+Failed run(const ValidatePortsCommand& command, Console& console) {
+  std::string text = command.text;
+  if (text == "-") text.assign(std::istreambuf_iterator(console.in), {});
+  if (console.in.bad()) return Failure{.message = "standard input could not be read; give the ports as an argument"};
+  const PortValidationResult result = QEVModels::validatedPorts(text);
+  command.format == OutputFormat::json ? printJSON(result, console.out) : printText(result, console.out);
+  return std::nullopt;
+}
+
+}  // namespace zorvantine

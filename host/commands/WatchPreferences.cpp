@@ -1,0 +1,37 @@
+#include "commands/Commands.hpp"
+#include "commands/Interruption.hpp"
+#include "commands/PreferenceLine.hpp"
+#include "foundation/MainQueue.hpp"
+
+#include <poll.h>
+
+#include <array>
+#include <cerrno>
+#include <ostream>
+
+namespace zorvantine {
+
+Failed run(const WatchPreferencesCommand&, Console& console) {
+  if (auto failure = storeFailure(Console::store())) return failure;
+  const Interruption interruption;
+  const auto subscription = Console::store().observeAll([&console](std::string_view key) {
+    console.out << preferenceLine(key, Console::store().objectForKey(key)) << std::endl;
+  });
+  const int changes = Console::store().changeDescriptor();
+  if (changes < 0 || interruption.descriptor() < 0) {
+    return Failure{.message = "the store cannot be watched: the system has no descriptors left; close other programs"};
+  }
+
+  std::array<pollfd, 2> waiting{{{.fd = changes, .events = POLLIN, .revents = 0},
+                                 {.fd = interruption.descriptor(), .events = POLLIN, .revents = 0}}};
+  // A reader that goes away ends the watching as an interruption does.
+  while (console.out) {
+    foundation::MainQueue::mainQueue().drainAll();
+    if (::poll(waiting.data(), waiting.size(), -1) < 0 && errno != EINTR) break;
+    if (waiting[1].revents != 0) break;
+    Console::store().readChanges();
+  }
+  return std::nullopt;
+}
+
+}  // namespace zorvantine

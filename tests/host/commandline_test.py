@@ -1,0 +1,253 @@
+#!/usr/bin/env python3
+"""The command line as a shell sees it: what it prints, where, and how it exits.
+
+    commandline_test.py ZORVANTINE SAMPLE
+"""
+
+import base64
+import datetime
+import json
+import os
+import plistlib
+import re
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+from pathlib import Path
+
+PROGRAM, SAMPLE = sys.argv[1:3]
+PREFIX = "com_velloquin_qev_"
+VERSION_KEY = "com_velloquin_zorvantine_prefs_schema_version"
+
+
+def plain(value):
+    """A value as the JSON output writes it."""
+    if isinstance(value, bytes):
+        return base64.b64encode(value).decode()
+    if isinstance(value, datetime.datetime):
+        return value.strftime("%Y-%m-%dT%H:%M:%SZ")
+    if isinstance(value, list):
+        return [plain(element) for element in value]
+    if isinstance(value, dict):
+        return {key: plain(element) for key, element in value.items()}
+    return value
+
+
+TYPES = {
+    bool: "boolean",
+    int: "integer",
+    float: "real",
+    str: "string",
+    bytes: "data",
+    datetime.datetime: "date",
+    list: "array",
+    dict: "dictionary",
+}
+
+
+class Number(str):
+    """A number of a JSON text, kept as it is written."""
+
+
+def migrated_list(data):
+    """What the migration makes of one protocol list, or None when it leaves it."""
+    try:
+        records = json.loads(data.decode("utf-8"), parse_int=Number, parse_float=Number)
+    except (ValueError, RecursionError):
+        return None
+    if not isinstance(records, list) or not all(isinstance(record, dict) for record in records):
+        return None
+    changed = False
+    for record in records:
+        ports = record.get("protocolPorts")
+        if not isinstance(ports, list):
+            continue
+        are_numbers = all(isinstance(port, Number) and re.fullmatch("-?[0-9]+", port) for port in ports)
+        are_texts = all(isinstance(port, str) and not isinstance(port, Number) for port in ports)
+        if are_numbers or are_texts:
+            record["protocolPorts"] = ",".join(ports)
+            changed = True
+    return records if changed else None
+
+
+class CommandLine(unittest.TestCase):
+    def setUp(self):
+        scratch = tempfile.TemporaryDirectory()
+        self.addCleanup(scratch.cleanup)
+        self.folder = Path(scratch.name)
+        self.store = self.folder / "store.sqlite"
+
+    def command(self, *words):
+        return [PROGRAM, "--store", str(self.store), *words]
+
+    def run_host(self, *words, code=0, text=""):
+        done = subprocess.run(self.command(*words), input=text, capture_output=True, text=True, timeout=120)
+        self.assertEqual(done.returncode, code, done.stderr)
+        if code == 0:
+            return done.stdout
+        self.assertEqual(done.stdout, "")
+        self.assertRegex(done.stderr, r"\Azorvantine: [^\n]+\n\Z")
+        return done.stderr
+
+    def listed(self):
+        return json.loads(self.run_host("prefs", "list", "--format", "json"))
+
+    def test_values_come_back_as_they_were_set(self):
+        cases = [
+            ("--string", "a line\nand another", "string", "a line\nand another"),
+            ("--int", "-9223372036854775808", "integer", -(2**63)),
+            ("--bool", "true", "boolean", True),
+            ("--real", "0.1", "real", 0.1),
+            ("--real", "-inf", "real", "-inf"),
+            ("--data", "AP8=", "data", "AP8="),
+        ]
+        for number, (option, text, kind, value) in enumerate(cases):
+            self.run_host("prefs", "set", f"key {number}", option, text)
+            self.assertEqual(self.run_host("prefs", "get", f"key {number}"), text + "\n")
+            self.assertEqual(self.listed()[f"key {number}"], {"type": kind, "value": value})
+        lines = self.run_host("prefs", "list").splitlines()
+        self.assertEqual(len(lines), len(cases))
+        self.assertEqual(lines, sorted(lines))
+
+    def test_deleted_key_is_gone(self):
+        self.run_host("prefs", "set", "key", "--int", "1")
+        self.run_host("prefs", "delete", "key")
+        self.run_host("prefs", "get", "key", code=1)
+        self.run_host("prefs", "delete", "key", code=1)
+        self.assertEqual(self.listed(), {})
+
+    def test_failures_say_what_to_do(self):
+        self.assertIn("--help", self.run_host("prefs", "frobnicate", code=2))
+        self.assertIn("--help", self.run_host("prefs", "get", "two\nlines", "more", code=2))
+        self.store.mkdir()
+        for words in (["list"], ["get", "key"], ["set", "key", "--int", "1"], ["delete", "key"], ["verify"]):
+            self.run_host("prefs", *words, code=3)
+
+    @unittest.skipUnless(os.path.exists("/dev/full"), "no device that is full")
+    def test_result_that_cannot_be_written_is_a_failure(self):
+        with open("/dev/full", "w") as full:
+            done = subprocess.run(self.command("--help"), stdout=full, stderr=subprocess.PIPE, text=True)
+        self.assertEqual(done.returncode, 3)
+        self.assertRegex(done.stderr, r"\Azorvantine: [^\n]+\n\Z")
+
+    def test_import_takes_over_the_list_of_another_writer(self):
+        with open(SAMPLE, "rb") as file:
+            expected = plistlib.load(file)
+        self.run_host("prefs", "set", "mine", "--string", "stays")
+        self.run_host("prefs", "import", SAMPLE)
+        listed = self.listed()
+        self.assertEqual(listed.pop("mine")["value"], "stays")
+        self.assertEqual(
+            listed, {key: {"type": TYPES[type(value)], "value": plain(value)} for key, value in expected.items()}
+        )
+
+    def test_import_is_all_or_nothing(self):
+        self.run_host("prefs", "set", "mine", "--string", "stays")
+        for name, contents in [("missing", None), ("no list", b"settings"), ("half", Path(SAMPLE).read_bytes()[:-40])]:
+            file = self.folder / name
+            if contents is not None:
+                file.write_bytes(contents)
+            self.run_host("prefs", "import", str(file), code=3)
+        self.assertEqual(list(self.listed()), ["mine"])
+
+    def test_export_is_readable_by_another_reader(self):
+        self.run_host("prefs", "import", SAMPLE)
+        with open(SAMPLE, "rb") as file:
+            expected = plistlib.load(file)
+        for form, beginning in (("xml", b"<?xml"), ("binary", b"bplist00")):
+            target = self.folder / form
+            self.run_host("prefs", "export", str(target), "--format", form)
+            self.assertTrue(target.read_bytes().startswith(beginning))
+            with target.open("rb") as file:
+                self.assertEqual(plistlib.load(file), expected)
+        self.run_host("prefs", "export", str(self.folder / "no" / "such" / "folder"), code=3)
+
+    def test_migration_brings_the_sample_up_to_date(self):
+        self.run_host("prefs", "import", SAMPLE)
+        before = self.listed()
+        done = subprocess.run(self.command("prefs", "migrate"), capture_output=True, text=True)
+        self.assertEqual((done.returncode, done.stdout), (0, ""))
+        after = self.listed()
+
+        self.assertEqual(after.pop(VERSION_KEY), {"type": "integer", "value": 2})
+        self.assertEqual(after.keys(), before.keys())
+        colors = lists = 0
+        for key, old in before.items():
+            is_data = key.startswith(PREFIX) and old["type"] == "data"
+            if is_data and key.endswith("_color"):
+                colors += 1
+                self.assertEqual(after[key], {"type": "string", "value": old["value"]}, key)
+                continue
+            expected = None
+            if is_data and key.endswith("_protocols"):
+                expected = migrated_list(base64.b64decode(old["value"]))
+            if expected is None:
+                self.assertEqual(after[key], old, key)
+                continue
+            lists += 1
+            self.assertEqual(after[key]["type"], "data")
+            written = base64.b64decode(after[key]["value"])
+            self.assertEqual(json.loads(written, parse_int=Number, parse_float=Number), expected, key)
+        self.assertGreaterEqual(colors, 24)
+        self.assertIn(f"prefs migration v1: rewrote {colors} color key(s) from Data to base64 String", done.stderr)
+        self.assertIn(
+            f"prefs migration v2: rewrote protocolPorts from array to String in {lists} protocol list(s)", done.stderr
+        )
+        self.assertLess(done.stderr.index("v1:"), done.stderr.index("v2:"))
+
+        again = subprocess.run(self.command("prefs", "migrate"), capture_output=True, text=True)
+        self.assertEqual((again.returncode, again.stdout, again.stderr), (0, "", ""))
+
+    def test_watch_tells_of_each_change_until_interrupted(self):
+        for stop in (signal.SIGINT, signal.SIGTERM):
+            watcher = subprocess.Popen(self.command("prefs", "watch"), stdout=subprocess.PIPE, text=True)
+            self.addCleanup(watcher.stdout.close)
+            try:
+                # The first change may come before the watching; one of the next does not.
+                os.set_blocking(watcher.stdout.fileno(), False)
+                line = ""
+                for attempt in range(1000):
+                    self.run_host("prefs", "set", "started", "--int", str(attempt))
+                    if line := watcher.stdout.readline():
+                        break
+                self.assertRegex(line, r"\Astarted +integer +[0-9]+\n\Z")
+                os.set_blocking(watcher.stdout.fileno(), True)
+                self.run_host("prefs", "set", "key", "--string", "one\ntwo")
+                self.run_host("prefs", "delete", "key")
+                lines = []
+                while not lines or not lines[-1].startswith("key  removed"):
+                    lines.append(watcher.stdout.readline())
+                    self.assertTrue(lines[-1], "the watcher ended by itself")
+                watcher.send_signal(stop)
+                self.assertEqual(watcher.wait(timeout=60), 0)
+            finally:
+                watcher.kill()
+                watcher.wait()
+
+    def test_analyzers_show_their_defaults_and_what_is_stored(self):
+        self.run_host("prefs", "set", f"{PREFIX}tcp_checksums", "--bool", "true")
+        analyzers = {analyzer["title"]: analyzer for analyzer in json.loads(self.run_host("analyzers", "--format", "json"))}
+        option = next(o for o in analyzers["TCP"]["options"] if o["label"] == "Compute checksums")
+        self.assertEqual((option["default"], option["value"]), (False, True))
+        self.assertEqual(
+            analyzers["SSH"]["ports"]["default"][0], {"name": "SSH", "ports": "22", "source": "TCP"}
+        )
+        self.assertIsNone(analyzers["LLDP"]["ports"])
+        text = self.run_host("analyzers")
+        for title in analyzers:
+            self.assertRegex(text, f"(?m)^{re.escape(title)} ")
+
+    def test_ports_are_put_in_order(self):
+        result = json.loads(self.run_host("ports", "validate", "90000; 443,80 80", "--format", "json"))
+        self.assertEqual(result["ports"], "80,443")
+        self.assertEqual([correction["kind"] for correction in result["corrections"]], ["outOfRange", "duplicate"])
+        lines = self.run_host("ports", "validate", "-", text="8010-8000\n").splitlines()
+        self.assertEqual(lines[0], "8000-8010")
+        self.assertEqual(len(lines), 2)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
