@@ -1,0 +1,33 @@
+#include "ApplicationDelegate.hpp"
+
+#include "QEVKonstantsKeys/Keys.hpp"
+#include "appkit/Application.hpp"
+
+#include <string>
+#include <string_view>
+
+namespace zorvantine {
+
+using appkit::Appearance;
+using QEVKonstantsKeys::kAppearanceName;
+using QEVKonstantsKeys::kAppearanceUseSystem;
+
+ApplicationDelegate::ApplicationDelegate(QEVSettings::PreferencesStore& store) : store_(store) {
+  const auto follow = [this](std::string_view) { setupAppearanceFromUserDefaults(); };
+  nameChanged_ = store_.observe(kAppearanceName.name, follow);
+  useSystemChanged_ = store_.observe(kAppearanceUseSystem.name, follow);
+  setupAppearanceFromUserDefaults();
+}
+
+void ApplicationDelegate::setupAppearanceFromUserDefaults() {
+  auto& application = appkit::Application::sharedApplication();
+  if (store_.boolForKey(kAppearanceUseSystem.name)) {
+    application.setAppearance(std::nullopt);
+    return;
+  }
+  // Every other name is as dark as the default.
+  const std::string name = store_.stringForKey(kAppearanceName.name).value_or(kAppearanceName.defaultValue);
+  application.setAppearance(name == "NSAppearanceNameAqua" ? Appearance::light : Appearance::dark);
+}
+
+}  // namespace zorvantine
