@@ -26,6 +26,13 @@ QString shortened(const std::string& version) {
   return text.size() > kLongestVersion ? text.left(kLongestVersion) + "…" : text;
 }
 
+// Errors are told without a capital and a full stop, to stand within a line.
+QString asSentence(const std::string& message) {
+  QString text = QString::fromStdString(message).simplified();
+  if (!text.isEmpty()) text[0] = text[0].toUpper();
+  return text + ".";
+}
+
 QLabel* label(const QString& text, QWidget* parent) {
   auto* const label = new QLabel(parent);
   label->setTextFormat(Qt::PlainText);
@@ -85,7 +92,7 @@ void UpdateDialog::showUpdateNotFound(const std::string& currentVersion) {
 void UpdateDialog::showUpdaterError(const foundation::Error& error) {
   show({.icon = QStyle::SP_MessageBoxWarning,
         .headline = QString::fromStdString(localize_("Could not check for updates")),
-        .text = QString::fromStdString(error.message),
+        .text = asSentence(error.message),
         .notes = {}});
 }
 
