@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// A store of settings, as the comparison uses it. Key i is `keys()[i]`: a third of the keys hold a
+// Boolean, a third a string of some twenty bytes, a third 4 KiB of bytes.
+class Contender {
+public:
+  Contender() = default;
+  Contender(const Contender&) = delete;
+  Contender& operator=(const Contender&) = delete;
+  virtual ~Contender() = default;
+
+  virtual bool readBoolean(std::size_t key) = 0;
+  // The string's length: enough to need its contents, not enough to demand a copy.
+  virtual std::size_t readString(std::size_t key) = 0;
+  virtual std::size_t readBytes(std::size_t key) = 0;
+
+  // On disk when it returns.
+  virtual void writeBoolean(std::size_t key, bool value) = 0;
+};
+
+struct ContenderKind {
+  std::string_view name;
+  // Opens the store in a folder of its own, which `fill` has filled before.
+  std::unique_ptr<Contender> (*open)(const std::filesystem::path& folder, std::size_t keyCount);
+  void (*fill)(const std::filesystem::path& folder, std::size_t keyCount);
+  // Whether anything is kept on disk: what is not, is not asked to open or to write.
+  bool persists = true;
+};
+
+const ContenderKind& userDefaultsContender();
+const ContenderKind& mapContender();
+const ContenderKind& qSettingsContender();
+const ContenderKind& gSettingsContender();
+const ContenderKind& sqliteContender();
+
+enum class KeyKind { boolean, string, bytes };
+
+inline KeyKind kindOf(std::size_t key) { return static_cast<KeyKind>(key % 3); }
+std::string keyName(std::size_t key);
+std::string stringValue(std::size_t key);
+std::vector<unsigned char> bytesValue(std::size_t key);

@@ -1,0 +1,174 @@
+// Prints one table: what our store's operations cost, and what those of the alternatives do, measured in
+// the same run on the same disk.
+//
+//     store_benchmark [FOLDER]     where the stores are made; a new folder below the working directory if left out
+
+#include "Contender.hpp"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int kRepeats = 7;
+constexpr std::chrono::milliseconds kReadingTime{20};
+constexpr std::size_t kReadsPerLook = 16;
+constexpr std::chrono::seconds kWritingTime{2};
+constexpr int kMaximumWrites = 100;
+
+double nanosecondsSince(Clock::time_point start) {
+  return std::chrono::duration<double, std::nano>(Clock::now() - start).count();
+}
+
+// The quickest of several: what the machine did besides only ever adds.
+double quickest(const std::function<double()>& measure) {
+  double best = measure();
+  for (int i = 1; i < kRepeats; ++i) best = std::min(best, measure());
+  return best;
+}
+
+double median(std::vector<double> values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::nth_element(values.begin(), middle, values.end());
+  return *middle;
+}
+
+std::vector<std::size_t> keysOfKind(KeyKind kind, std::size_t keyCount) {
+  std::vector<std::size_t> keys;
+  for (std::size_t i = 0; i < keyCount; ++i) {
+    if (kindOf(i) == kind) keys.push_back(i);
+  }
+  std::shuffle(keys.begin(), keys.end(), std::mt19937(1));
+  return keys;
+}
+
+std::uint64_t sink = 0;
+
+template <class Read>
+double perRead(const std::vector<std::size_t>& keys, Read read) {
+  return quickest([&] {
+    const auto start = Clock::now();
+    std::size_t next = 0;
+    std::size_t reads = 0;
+    while (Clock::now() - start < kReadingTime) {
+      for (std::size_t i = 0; i < kReadsPerLook; ++i) {
+        sink += read(keys[next]);
+        if (++next == keys.size()) next = 0;
+      }
+      reads += kReadsPerLook;
+    }
+    return nanosecondsSince(start) / static_cast<double>(reads);
+  });
+}
+
+double perWrite(Contender& store, const std::vector<std::size_t>& keys) {
+  std::vector<double> each;
+  const auto begin = Clock::now();
+  for (std::size_t i = 0; i < kMaximumWrites && Clock::now() - begin < kWritingTime; ++i) {
+    const auto start = Clock::now();
+    store.writeBoolean(keys[i % keys.size()], i / keys.size() % 2 == 1);
+    each.push_back(nanosecondsSince(start));
+  }
+  return median(std::move(each));
+}
+
+double openAndRead(const ContenderKind& kind, const std::filesystem::path& folder, std::size_t keyCount) {
+  const auto start = Clock::now();
+  const auto store = kind.open(folder, keyCount);
+  sink += store->readBoolean(0) ? 1U : 0U;
+  return nanosecondsSince(start);
+}
+
+// In a new process: several of the stores keep what they have read for the next time it is opened.
+double openInNewProcess(std::size_t kind, const std::filesystem::path& folder, std::size_t keyCount) {
+  const std::string self = std::filesystem::read_symlink("/proc/self/exe").string();
+  const std::string command =
+      "'" + self + "' --open " + std::to_string(kind) + " '" + folder.string() + "' " + std::to_string(keyCount);
+  FILE* answer = ::popen(command.c_str(), "r");
+  double nanoseconds = -1;
+  if (answer == nullptr || std::fscanf(answer, "%lf", &nanoseconds) != 1) std::abort();
+  ::pclose(answer);
+  return nanoseconds;
+}
+
+struct Row {
+  const char* what;
+  std::size_t keyCount;
+  // In the order of the contenders; negative where there is nothing to measure.
+  std::vector<double> nanoseconds;
+};
+
+void printTable(const std::vector<Row>& rows, const std::vector<const ContenderKind*>& kinds) {
+  std::printf("| operation | keys | %s |", std::string(kinds[0]->name).c_str());
+  for (std::size_t i = 1; i < kinds.size(); ++i) std::printf(" %s |", std::string(kinds[i]->name).c_str());
+  std::printf("\n|---|---:|---:|");
+  for (std::size_t i = 1; i < kinds.size(); ++i) std::printf("---:|");
+  std::printf("\n");
+  for (const Row& row : rows) {
+    const double ours = row.nanoseconds[0];
+    if (ours < 10'000) {
+      std::printf("| %s | %zu | %.1f ns |", row.what, row.keyCount, ours);
+    } else {
+      std::printf("| %s | %zu | %.0f µs |", row.what, row.keyCount, ours / 1000);
+    }
+    for (std::size_t i = 1; i < kinds.size(); ++i) {
+      if (row.nanoseconds[i] < 0) {
+        std::printf(" – |");
+      } else {
+        std::printf(" × %.2f |", row.nanoseconds[i] / ours);
+      }
+    }
+    std::printf("\n");
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::vector<const ContenderKind*> kinds{&userDefaultsContender(), &qSettingsContender(), &gSettingsContender(),
+                                                &sqliteContender(), &mapContender()};
+  if (argc == 5 && std::string_view(argv[1]) == "--open") {
+    std::printf("%f\n", openAndRead(*kinds[std::stoul(argv[2])], argv[3], std::stoul(argv[4])));
+    return 0;
+  }
+  const auto root = std::filesystem::absolute(argc > 1 ? argv[1] : "store-benchmark");
+  std::filesystem::remove_all(root);
+
+  std::vector<Row> rows;
+  for (const std::size_t keyCount : {std::size_t{10}, std::size_t{1'000}, std::size_t{10'000}}) {
+    Row booleans{"read a Boolean", keyCount, {}};
+    Row strings{"read a string", keyCount, {}};
+    Row bytes{"read 4 KiB of bytes", keyCount, {}};
+    Row writes{"write until durable", keyCount, {}};
+    Row opens{"open and first read", keyCount, {}};
+    for (std::size_t i = 0; i < kinds.size(); ++i) {
+      const ContenderKind& kind = *kinds[i];
+      const auto folder = root / std::to_string(keyCount) / kind.name;
+      std::filesystem::create_directories(folder);
+      kind.fill(folder, keyCount);
+      opens.nanoseconds.push_back(kind.persists ? quickest([&] { return openInNewProcess(i, folder, keyCount); }) : -1);
+      const auto store = kind.open(folder, keyCount);
+      const auto booleanKeys = keysOfKind(KeyKind::boolean, keyCount);
+      booleans.nanoseconds.push_back(
+          perRead(booleanKeys, [&](std::size_t key) { return store->readBoolean(key) ? 1U : 0U; }));
+      strings.nanoseconds.push_back(
+          perRead(keysOfKind(KeyKind::string, keyCount), [&](std::size_t key) { return store->readString(key); }));
+      bytes.nanoseconds.push_back(
+          perRead(keysOfKind(KeyKind::bytes, keyCount), [&](std::size_t key) { return store->readBytes(key); }));
+      writes.nanoseconds.push_back(kind.persists ? perWrite(*store, booleanKeys) : -1);
+    }
+    rows.insert(rows.end(), {booleans, strings, bytes, writes, opens});
+  }
+  printTable(rows, kinds);
+  std::filesystem::remove_all(root);
+  return sink == 0 ? 1 : 0;
+}
