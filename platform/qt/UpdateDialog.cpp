@@ -128,6 +128,7 @@ void UpdateDialog::show(const Outcome& outcome) {
   }
 
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, dialog);
+  buttons->button(QDialogButtonBox::Close)->setText(QString::fromStdString(localize_("Close")));
   QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
   texts->addWidget(buttons);
 

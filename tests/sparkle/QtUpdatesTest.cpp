@@ -1,3 +1,4 @@
+#include "foundation/StringsFile.hpp"
 #include "foundation/UserDefaults.hpp"
 #include "qt/EventLoopTimer.hpp"
 #include "qt/HttpTransport.hpp"
@@ -16,6 +17,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <sstream>
 #include <string>
 
@@ -181,6 +183,33 @@ TEST_F(QtUpdates, ACheckOverHttpEndsInADialogOfPlainText) {
   store->removeObject("sparkle_lastCheck");
   updater.setAutomaticallyChecksForUpdates(true);
   ASSERT_TRUE(waitFor([] { return textOf(*dialog()).find("Version 3.0") != std::string::npos; }));
+}
+
+TEST_F(QtUpdates, TheDialogSpeaksEachLanguageOfTheHost) {
+  std::set<std::string> keys;
+  qt::UpdateDialog driver([&](std::string_view key) { return *keys.emplace(key).first; });
+  FoundUpdate update;
+  update.item.notes = "All";
+  update.package = "/tmp/2.deb";
+  driver.showUpdateFound(update);
+  driver.showUpdateNotFound("1.0");
+  driver.showUpdaterError({"the server does not answer"});
+  ASSERT_EQ(keys.size(), 8U);
+  EXPECT_NE(textOf(*dialog()).find("The server does not answer."), std::string::npos);
+
+  for (const std::string language : {"en", "de", "fr", "es", "ja", "zh-Hans", "ar"}) {
+    const auto table =
+        foundation::readStringsFile(QEV_SOURCE_FOLDER "/host/resources/" + language + ".lproj/Localizable.strings");
+    ASSERT_TRUE(table) << table.error().message;
+    for (const std::string& key : keys) {
+      const auto entry = table->find(key);
+      ASSERT_NE(entry, table->end()) << language << ": " << key;
+      for (const char* const place : {"%1", "%2"}) {
+        EXPECT_EQ(entry->second.find(place) != std::string::npos, key.find(place) != std::string::npos)
+            << language << ": " << entry->second;
+      }
+    }
+  }
 }
 
 }  // namespace
