@@ -35,3 +35,21 @@ function(qev_library name)
     target_link_libraries(${name} INTERFACE ${ARG_PUBLIC})
   endif()
 endfunction()
+
+# qev_resource_bundle(TARGET): puts resources/TARGET_TARGET.bundle of the current folder where programs that
+# link the target find it: next to them while they are built, and in share/zorvantine when installed.
+function(qev_resource_bundle target)
+  set(name ${target}_${target}.bundle)
+  set(source ${CMAKE_CURRENT_SOURCE_DIR}/resources/${name})
+  file(GLOB_RECURSE files CONFIGURE_DEPENDS ${source}/*)
+  set(stamp ${CMAKE_CURRENT_BINARY_DIR}/${name}.stamp)
+  add_custom_command(OUTPUT ${stamp}
+    COMMAND ${CMAKE_COMMAND} -E rm -rf ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${name}
+    COMMAND ${CMAKE_COMMAND} -E copy_directory ${source} ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${name}
+    COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
+    DEPENDS ${files}
+    VERBATIM)
+  add_custom_target(${target}_resources ALL DEPENDS ${stamp})
+  add_dependencies(${target} ${target}_resources)
+  install(DIRECTORY ${source} DESTINATION share/zorvantine)
+endfunction()

@@ -1,5 +1,7 @@
 #include "foundation/Bundle.hpp"
 
+#include <dlfcn.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <system_error>
@@ -77,6 +79,14 @@ std::filesystem::path executable() {
   return std::filesystem::read_symlink("/proc/self/exe", error);
 }
 
+// The program itself is known to the loader by the name it was started with, which need be no path.
+std::optional<std::filesystem::path> libraryOf(const void* address) {
+  Dl_info info{};
+  if (dladdr(address, &info) == 0 || info.dli_fname == nullptr) return std::nullopt;
+  const std::filesystem::path path = info.dli_fname;
+  return path.filename().string().find(".so") != std::string::npos ? path : executable();
+}
+
 std::filesystem::path mainResourceFolder(const std::filesystem::path& program) {
   const auto folder = program.parent_path();
   for (const auto& candidate : {folder.parent_path() / "share" / program.filename(), folder / "Resources"}) {
@@ -115,6 +125,11 @@ std::shared_ptr<Bundle> Bundle::open(const std::filesystem::path& folder) {
 }
 
 void Bundle::setPreferredLanguages(std::vector<std::string> languages) { chosenLanguages() = std::move(languages); }
+
+std::shared_ptr<Bundle> Bundle::containing(const void* address) {
+  const auto library = libraryOf(address);
+  return library ? open(library->parent_path()) : nullptr;
+}
 
 const std::vector<std::string>& Bundle::preferredLanguages() { return chosenLanguages(); }
 

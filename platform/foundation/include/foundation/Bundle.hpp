@@ -31,6 +31,10 @@ public:
   // itself. Nothing when there is no such folder.
   static std::shared_ptr<Bundle> open(const std::filesystem::path& folder);
 
+  // The bundle of the program or library that a piece of code or data was linked into: the folder that it
+  // was loaded from, with resources as above. Nothing when the address belongs to none.
+  static std::shared_ptr<Bundle> containing(const void* address);
+
   // The languages that a person reads, the best first, as "de", "pt-BR" or "zh-Hans". A language also
   // stands for those it is a kind of ("zh-Hans-CN", "zh-Hans", "zh"), a bare one for its kinds, and English
   // for all that are missing. At first they are those of the environment (LANGUAGE, LC_ALL, LC_MESSAGES,
