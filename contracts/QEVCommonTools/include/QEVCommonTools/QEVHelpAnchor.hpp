@@ -1,0 +1,8 @@
+#pragma once
+
+namespace QEVCommonTools {
+
+// The places of the help: one for each page of the settings window.
+enum class QEVHelpAnchor { settingsGeneral, settingsCapture, proxy, settingsAnalyzers, settingsFonts };
+
+}  // namespace QEVCommonTools

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "QEVCommonTools/QEVHelpAnchor.hpp"
+#include "viewkit/State.hpp"
+#include "viewkit/View.hpp"
+
+namespace QEVCommonTools {
+
+// The small round button that opens the help of its anchor in a popover beside it.
+struct QEVHelpButton {
+  QEVHelpAnchor anchor;
+  viewkit::State<bool> isOpen = false;
+
+  viewkit::View body() const;
+};
+
+}  // namespace QEVCommonTools

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "viewkit/View.hpp"
+
+namespace QEVCommonTools {
+
+enum class RoundedBorderStyle {
+  line,  // a line along the inside of the edge
+  none,
+};
+
+// The view with an outline over its edge. A clear colour draws nothing and takes the same space.
+viewkit::View roundedBorder(const viewkit::View& view, RoundedBorderStyle borderStyle, double cornerRadius,
+                            viewkit::Color borderColor, double lineWidth);
+
+}  // namespace QEVCommonTools
