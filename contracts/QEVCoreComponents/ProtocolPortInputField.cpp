@@ -1,0 +1,73 @@
+#include "QEVCoreComponents/ProtocolPortInputField.hpp"
+
+#include "QEVCommonTools/ColorRawValue.hpp"
+#include "QEVCommonTools/RectCorner.hpp"
+#include "QEVCommonTools/Spacing.hpp"
+#include "QEVCommonTools/localized.hpp"
+#include "QEVDependencies/ErrorViewModel.hpp"
+#include "QEVDependencies/QEVError.hpp"
+#include "viewkit/Controls.hpp"
+#include "viewkit/Stacks.hpp"
+#include "viewkit/Text.hpp"
+
+namespace QEVCoreComponents {
+
+using namespace viewkit;
+using QEVCommonTools::kCornerMed;
+using QEVCommonTools::klear;
+using QEVCommonTools::localized;
+using QEVCommonTools::points;
+using QEVCommonTools::roundedBorder;
+using QEVCommonTools::Spacing;
+using QEVDependencies::ErrorState;
+using QEVDependencies::ErrorViewModel;
+using QEVDependencies::QEVNetworkProtocol;
+
+namespace {
+
+std::string textOf(const ErrorState& state) {
+  if (!state.errorDetails) return state.errorText;
+  return state.errorText + "\n" + localized(message(*state.errorDetails));
+}
+
+struct ErrorText {
+  ObservedObject<ErrorViewModel> model;
+
+  View body() const {
+    const ErrorState& state = model->errorState;
+    if (state.isEmpty()) return View();
+    return Text(textOf(state))
+        .font(Font::caption())
+        .foreground(Color::systemRed())
+        .accessibilityRole(Role::alert)
+        .fixedSize(false, true);
+  }
+};
+
+}  // namespace
+
+View ProtocolPortInputField::body() const {
+  const std::string helper = helperText.get().value_or("");
+
+  return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s1)},
+                {
+                    titleKey.empty() ? View() : Text(localized(titleKey)).font(Font::caption()),
+                    field(),
+                    helper.empty() ? View() : Text(helper).font(Font::caption()).foreground(Color::secondary()),
+                    ErrorText{.model = model->errorModel()},
+                });
+}
+
+View ProtocolPortInputField::field() const {
+  const std::string placeholder = placeholderKey ? localized(*placeholderKey) : "";
+  const bool isWrong = model->errorModel()->errorState.errorDetails.has_value();
+  const Binding<std::string> ports{
+      [protocol = model.get()] { return protocol->protocolPorts.get(); },
+      [protocol = model.get()](std::string text) { protocol->protocolPorts = std::move(text); }};
+
+  return roundedBorder(TextField({.placeholder = placeholder, .lineLimit = lineLimit}, ports, onCommit)
+                           .accessibilityLabel(titleKey.empty() ? placeholder : localized(titleKey)),
+                       borderStyle, kCornerMed, isWrong ? Color::systemRed() : klear(), 1);
+}
+
+}  // namespace QEVCoreComponents

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "QEVCommonTools/ViewModel.hpp"
+#include "QEVCoreComponents/NetworkInterfaces.hpp"
+#include "QEVSettings/preferences/PreferencesStore.hpp"
+#include "foundation/ObservableObject.hpp"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace QEVCoreComponents {
+
+// A whole number with limits, both included.
+struct NumberRange {
+  std::int64_t lowest;
+  std::int64_t highest;
+  std::int64_t initial;
+
+  bool contains(std::int64_t number) const { return number >= lowest && number <= highest; }
+};
+
+// The options of the next capture. They are kept in the preferences store below a prefix of their own,
+// each written the moment it is set; what is stored there by anyone and makes no sense reads as the
+// initial value. Main thread.
+class QEVCaptureViewModel final : public QEVCommonTools::ViewModel {
+public:
+  static constexpr std::string_view kKeyPrefix = "com_velloquin_zorvantine_capture_";
+
+  static constexpr NumberRange kSnapshotLength{.lowest = 64, .highest = 262144, .initial = 262144};  // bytes a packet
+  static constexpr NumberRange kBufferSize{.lowest = 1, .highest = 1024, .initial = 16};             // MiB
+  static constexpr NumberRange kRingFileCount{.lowest = 2, .highest = 1000, .initial = 10};
+  static constexpr NumberRange kRingFileSize{.lowest = 1, .highest = 10000, .initial = 100};  // MiB a file
+
+  // The store outlives the model.
+  QEVCaptureViewModel(QEVSettings::PreferencesStore& store, std::shared_ptr<NetworkInterfaces> interfaces);
+
+  std::vector<NetworkInterface> interfaces() const { return interfaces_->all(); }
+
+  // The interface to capture on; empty for the first one that is up.
+  std::string interfaceName() const;
+  void setInterfaceName(std::string_view name);
+
+  bool isPromiscuous() const;
+  void setPromiscuous(bool promiscuous);
+
+  // The text that decides which packets are recorded; empty for all.
+  std::string captureFilter() const;
+  void setCaptureFilter(std::string_view filter);
+
+  // A number outside of its range is not taken: its setter does nothing.
+  std::int64_t snapshotLength() const;
+  void setSnapshotLength(std::int64_t bytes);
+  std::int64_t bufferSize() const;
+  void setBufferSize(std::int64_t mebibytes);
+
+  // Whether packets go to a ring of files, of which the oldest is written anew when the last is full.
+  bool usesRingOfFiles() const;
+  void setUsesRingOfFiles(bool uses);
+  std::int64_t ringFileCount() const;
+  void setRingFileCount(std::int64_t count);
+  std::int64_t ringFileSize() const;
+  void setRingFileSize(std::int64_t mebibytes);
+
+private:
+  std::int64_t number(std::string_view key, const NumberRange& range) const;
+  void setNumber(std::int64_t number, std::string_view key, const NumberRange& range);
+  void set(QEVSettings::PreferenceValue value, std::string_view key);
+
+  QEVSettings::PreferencesStore& store_;
+  std::shared_ptr<NetworkInterfaces> interfaces_;
+  foundation::Subscription interfacesWillChange_;
+  QEVSettings::Subscription storeDidChange_;
+};
+
+}  // namespace QEVCoreComponents
