@@ -1,0 +1,57 @@
+#pragma once
+
+#include "AnalyzerSettingDetailsProvider.hpp"
+#include "AnalyzerSettingDetailsViewModel.hpp"
+#include "QEVDependencies/QEVPlugInStructure.hpp"
+#include "QEVSettings/preferences/PreferenceKeys.hpp"
+#include "appkit/Event.hpp"
+#include "foundation/ObservableObject.hpp"
+#include "viewkit/ObservedObject.hpp"
+#include "viewkit/ScrollView.hpp"
+#include "viewkit/State.hpp"
+#include "viewkit/StoredPreference.hpp"
+#include "viewkit/View.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace QEVSettings {
+
+// The loaded analyzers as they were when the tab was made.
+struct AnalyzerList final : foundation::ObservableObject {
+  static std::shared_ptr<AnalyzerList> loaded();
+
+  std::vector<QEVDependencies::QEVPlugInStructure> pluginStructs;
+};
+
+// The Analyzer tab: the list of the loaded analyzers, and all about the selected one. The selection is
+// kept in the preferences store, and the arrow keys move it from anywhere in the application unless a
+// text is being edited.
+class QEVAnalyzerSettingsView {
+public:
+  viewkit::View body() const;
+
+private:
+  using Plugins = std::vector<QEVDependencies::QEVPlugInStructure>;
+
+  viewkit::View listBox() const;
+  viewkit::View detailBox() const;
+
+  void appear(const viewkit::ScrollProxy& list) const;
+  void disappear() const;
+  void select(std::int64_t index, const viewkit::ScrollProxy& list) const;
+  void handleKey(const appkit::Event& event) const;
+
+  const Plugins& pluginStructs() const { return analyzers_->pluginStructs; }
+
+  viewkit::StateObject<AnalyzerSettingDetailsProvider> detailsModelProvider_{
+      [] { return std::make_shared<AnalyzerSettingDetailsProvider>(); }};
+  viewkit::State<std::shared_ptr<AnalyzerSettingDetailsViewModel>> selectedItem_;
+  viewkit::StoredPreference<std::int64_t> selection_{kAnalyzerSelectedIndex};
+  viewkit::State<std::shared_ptr<appkit::Event::Monitor>> keyMonitor_;
+  viewkit::StateObject<AnalyzerList> analyzers_{AnalyzerList::loaded};
+};
+
+}  // namespace QEVSettings

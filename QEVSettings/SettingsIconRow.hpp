@@ -1,0 +1,26 @@
+#pragma once
+
+#include "viewkit/Geometry.hpp"
+#include "viewkit/State.hpp"
+#include "viewkit/SymbolName.hpp"
+#include "viewkit/View.hpp"
+
+#include <functional>
+
+namespace QEVSettings {
+
+// An icon of fixed width before any content; the row tints itself while the pointer is over it.
+struct SettingsIconRow {
+  viewkit::SymbolName symbol;
+  viewkit::VerticalAlignment alignment = viewkit::VerticalAlignment::center;
+  // Points, both ways.
+  double iconSize = 0;
+  // Indents the whole row.
+  bool leadingInset = false;
+  std::function<viewkit::View()> content;
+  viewkit::State<bool> hovering = false;
+
+  viewkit::View body() const;
+};
+
+}  // namespace QEVSettings

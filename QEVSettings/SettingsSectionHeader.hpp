@@ -1,0 +1,19 @@
+#pragma once
+
+#include "viewkit/SymbolName.hpp"
+#include "viewkit/View.hpp"
+
+#include <string>
+
+namespace QEVSettings {
+
+// The title of a section: an icon and a caption in capitals, both in the accent colour.
+struct SettingsSectionHeader {
+  // Looked up in the module's string table.
+  std::string titleKey;
+  viewkit::SymbolName systemImage;
+
+  viewkit::View body() const;
+};
+
+}  // namespace QEVSettings

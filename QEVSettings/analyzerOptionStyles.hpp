@@ -1,0 +1,22 @@
+#pragma once
+
+#include "viewkit/SymbolName.hpp"
+
+#include <map>
+#include <string_view>
+
+namespace QEVSettings {
+
+// How an analyzer's option is listed: its position among the others and its icon.
+struct AnalyzerOptionStyle {
+  int order;
+  viewkit::SymbolName symbol;
+};
+
+// The styles of the options that many analyzers share, by label key.
+const std::map<std::string_view, AnalyzerOptionStyle>& analyzerOptionStyles();
+
+// The style of any option: those not in the table come after those that are, in the plug-in's order.
+AnalyzerOptionStyle optionStyle(std::string_view forLabelKey);
+
+}  // namespace QEVSettings
