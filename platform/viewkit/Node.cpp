@@ -25,8 +25,9 @@ void Node::mount(ViewHost::Runtime& runtime, Node* parent, View view, InheritedP
 
 bool Node::canBecome(const View& next) const {
   if (next.isEmpty()) return false;
+  const ViewValue& currentValue = *view_.value();
   const ViewValue& nextValue = *next.value();
-  return typeid(nextValue) == typeid(*view_.value()) && hasSameIdentity(nextValue);
+  return typeid(nextValue) == typeid(currentValue) && hasSameIdentity(nextValue);
 }
 
 bool Node::hasSameIdentity(const ViewValue& next) const {
