@@ -1,11 +1,11 @@
 #include "CompositeNode.hpp"
 
+#include "Diagnostics.hpp"
 #include "Runtime.hpp"
 #include "foundation/UserDefaults.hpp"
 #include "viewkit/Dependents.hpp"
 
 #include <algorithm>
-#include <cassert>
 #include <cstdio>
 #include <cstdlib>
 #include <utility>
@@ -16,18 +16,27 @@ namespace {
 
 CompositeNode* runningNode = nullptr;
 
+// The body that runs, until the block ends, however it ends.
+class Running {
+public:
+  explicit Running(CompositeNode& node) : outer_(std::exchange(runningNode, &node)) {}
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+  ~Running() { runningNode = outer_; }
+
+private:
+  CompositeNode* outer_;
+};
+
 }  // namespace
 
 std::unique_ptr<Node> CompositeViewValue::makeNode() const { return std::make_unique<CompositeNode>(); }
 
 CompositeNode* CompositeNode::running() { return runningNode; }
 
-std::weak_ptr<BodyRun> CompositeNode::currentRun() {
-  return runningNode ? std::weak_ptr(runningNode->run_) : std::weak_ptr<BodyRun>();
-}
-
-void CompositeNode::apply() {
-  if (!shown_.isEmpty() && shownIn_ == inheritedPtr() &&
+void CompositeNode::apply(const ViewValue* before) {
+  static_cast<void>(before);
+  if (!shown_.isEmpty() && !stale_ && shownIn_ == inheritedPtr() &&
       valueAs<CompositeViewValue>().equals(static_cast<const CompositeViewValue&>(*shown_.value()))) {
     return;
   }
@@ -35,33 +44,60 @@ void CompositeNode::apply() {
 }
 
 void CompositeNode::runBody() {
+  if (!body_) body_ = std::make_shared<Body>(Body{.node = this});
   ++runtime().counters().bodiesRun;
-  run_ = std::make_shared<BodyRun>(BodyRun{this});
+  ++body_->run;
+  stale_ = false;
   shown_ = view();
   shownIn_ = inheritedPtr();
-  CompositeNode* const outer = std::exchange(runningNode, this);
-  const View body = valueAs<CompositeViewValue>().body();
-  runningNode = outer;
-  reconcile(content_, body, inheritedPtr());
+  View next;
+  {
+    const Running running(*this);
+    next = valueAs<CompositeViewValue>().body();
+  }
+  runtime().bodyRan(*this);
+  reconcile(content_, next, inheritedPtr());
 }
 
-void CompositeNode::bodyChanged() { runtime().bodyChanged(*this); }
+void CompositeNode::bodyChanged() {
+  if (runningNode) {
+    reportMistake("the body of " + runningNode->kind() + " writes a value that the body of " + kind() +
+                  " reads: write it in a handler, bodies only say what is seen");
+  }
+  if (isActive()) {
+    runtime().bodyChanged(*this);
+  } else {
+    stale_ = true;
+  }
+}
 
-std::shared_ptr<Slot> CompositeNode::slotOf(const void* member, const std::function<std::shared_ptr<Slot>()>& make) {
+void CompositeNode::activeChanged() {
+  if (isActive() && stale_) runtime().bodyChanged(*this);
+}
+
+bool CompositeNode::owns(const void* member) const {
   const auto extent = valueAs<CompositeViewValue>().extent();
   const auto* address = static_cast<const std::byte*>(member);
   const std::less<const std::byte*> before;
-  if (before(address, extent.data()) || !before(address, extent.data() + extent.size())) return nullptr;
-  const auto offset = static_cast<std::size_t>(address - extent.data());
+  return !before(address, extent.data()) && before(address, extent.data() + extent.size());
+}
+
+std::shared_ptr<Slot> CompositeNode::slotOf(const void* member, const std::function<std::shared_ptr<Slot>()>& make) {
+  if (!owns(member)) return nullptr;
+  const auto offset = static_cast<const std::byte*>(member) - valueAs<CompositeViewValue>().extent().data();
   const auto known =
       std::find_if(members_.begin(), members_.end(), [&](const Member& each) { return each.offset == offset; });
   if (known != members_.end()) return known->slot;
-  return members_.emplace_back(offset, make()).slot;
+  std::shared_ptr<Slot> slot = make();
+  members_.push_back({offset, slot});
+  return slot;
 }
 
 std::shared_ptr<Slot> slotInRunningBody(const void* member, const std::function<std::shared_ptr<Slot>()>& make) {
   return runningNode ? runningNode->slotOf(member, make) : nullptr;
 }
+
+bool belongsToRunningBody(const void* member) { return runningNode && runningNode->owns(member); }
 
 void reportUnlinkedProperty(const std::type_info& property) {
 #ifndef NDEBUG
@@ -76,19 +112,27 @@ void reportUnlinkedProperty(const std::type_info& property) {
 }
 
 void Dependents::recordRead() {
-  auto run = CompositeNode::currentRun();
-  if (run.expired()) return;
-  const auto sameRun = [&](const std::weak_ptr<BodyRun>& other) {
-    return !other.owner_before(run) && !run.owner_before(other);
+  if (!runningNode) return;
+  const std::shared_ptr<Body>& body = runningNode->body();
+  const auto isBefore = [](const Reader& reader, const std::shared_ptr<Body>& other) {
+    return reader.body.owner_before(other);
   };
-  if (std::any_of(readers_.begin(), readers_.end(), sameRun)) return;
-  std::erase_if(readers_, [](const std::weak_ptr<BodyRun>& each) { return each.expired(); });
-  readers_.push_back(std::move(run));
+  auto place = std::lower_bound(readers_.begin(), readers_.end(), body, isBefore);
+  if (place != readers_.end() && !body.owner_before(place->body)) {
+    place->run = body->run;
+    return;
+  }
+  if (readers_.size() == readers_.capacity()) {
+    std::erase_if(readers_, [](const Reader& reader) { return reader.body.expired(); });
+    place = std::lower_bound(readers_.begin(), readers_.end(), body, isBefore);
+  }
+  readers_.insert(place, Reader{.body = body, .run = body->run});
 }
 
 void Dependents::markAll() {
-  for (const auto& reader : std::exchange(readers_, {})) {
-    if (const auto run = reader.lock()) run->node->bodyChanged();
+  for (const Reader& reader : readers_) {
+    const auto body = reader.body.lock();
+    if (body && body->run == reader.run) body->node->bodyChanged();
   }
 }
 

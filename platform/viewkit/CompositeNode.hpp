@@ -4,6 +4,7 @@
 #include "viewkit/ViewProperty.hpp"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -11,9 +12,10 @@ namespace viewkit {
 
 class CompositeNode;
 
-// One run of one body: what it read knows it by this, and forgets it when the body runs again.
-struct BodyRun {
-  CompositeNode* node;
+// The body of a node, as those know it that were read in one of its runs.
+struct Body {
+  CompositeNode* node = nullptr;
+  std::uint64_t run = 0;
 };
 
 // The node of a view with a body: it keeps the view's state and shows what the body last said.
@@ -23,17 +25,19 @@ public:
     if (content_) visit(*content_);
   }
 
-  void runBody();
+  void runBody() override;
   void bodyChanged();
 
-  // For the body that is running now, wherever that is in the tree.
+  // The node whose body is running now, wherever that is in the tree.
   static CompositeNode* running();
-  static std::weak_ptr<BodyRun> currentRun();
+  const std::shared_ptr<Body>& body() const { return body_; }
   std::shared_ptr<Slot> slotOf(const void* member, const std::function<std::shared_ptr<Slot>()>& make);
+  bool owns(const void* member) const;
   const Environment& environment() const { return inherited().environment; }
 
 protected:
-  void apply() override;
+  void apply(const ViewValue* before) override;
+  void activeChanged() override;
   Measurement measure(const ProposedSize& proposal) override {
     return content_ ? content_->measured(proposal) : Measurement{};
   }
@@ -43,7 +47,7 @@ protected:
 
 private:
   struct Member {
-    std::size_t offset;
+    std::ptrdiff_t offset;
     std::shared_ptr<Slot> slot;
   };
 
@@ -51,7 +55,10 @@ private:
   View shown_;
   InheritedPtr shownIn_;
   std::vector<Member> members_;
-  std::shared_ptr<BodyRun> run_;
+  // Shared with nobody, so that those that know it weakly see it end with the node.
+  std::shared_ptr<Body> body_;
+  // A write has marked the body while the node was not on the screen.
+  bool stale_ = false;
   std::unique_ptr<Node> content_;
 };
 

@@ -17,11 +17,49 @@ struct Inherited {
   Color foreground = Color::primary();
   Font font = Font::body();
   bool enabled = true;
-  // Both for the first node below that can carry them, not for everything below that one.
-  std::string help = {};
-  std::string accessibilityLabel = {};
+  // A node above speaks for everything it contains.
+  bool collapsed = false;
+
+  // For the first node below that can carry them, not for everything below that one.
+  struct ForOne {
+    std::string help;
+    std::string accessibilityLabel;
+    std::optional<bool> selected;
+
+    bool isEmpty() const { return help.empty() && accessibilityLabel.empty() && !selected; }
+    friend bool operator==(const ForOne&, const ForOne&) = default;
+  };
+  ForOne forOne = {};
+
+  friend bool operator==(const Inherited& a, const Inherited& b) {
+    return isSame(a.environment, b.environment) && a.foreground == b.foreground && a.font == b.font &&
+           a.enabled == b.enabled && a.collapsed == b.collapsed && a.forOne == b.forOne;
+  }
+
+private:
+  static bool isSame(const Environment& a, const Environment& b) {
+    return &a.defaultStore.get() == &b.defaultStore.get() && a.layoutDirection == b.layoutDirection &&
+           a.reducedMotion == b.reducedMotion;
+  }
 };
 
 using InheritedPtr = std::shared_ptr<const Inherited>;
+
+// What one node hands on in place of what it was given. It stays the same handle as long as it says
+// the same, so that nothing below notices.
+class HandedOn {
+public:
+  // `change` is applied to a copy of what came from above.
+  template <class Change>
+  const InheritedPtr& from(const InheritedPtr& above, Change change) {
+    Inherited next = *above;
+    change(next);
+    if (!handedOn_ || !(next == *handedOn_)) handedOn_ = std::make_shared<const Inherited>(std::move(next));
+    return handedOn_;
+  }
+
+private:
+  InheritedPtr handedOn_;
+};
 
 }  // namespace viewkit

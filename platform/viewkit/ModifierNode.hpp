@@ -24,7 +24,11 @@ public:
   }
 
 protected:
-  void apply() override { reconcile(content_, valueAs<ModifierValue>().content, inheritedByContent()); }
+  void apply(const ViewValue* before) override {
+    static_cast<void>(before);
+    const View& next = valueAs<ModifierValue>().content;
+    if (content_ || !next.isEmpty()) reconcile(content_, next, inheritedByContent());
+  }
 
   Measurement measure(const ProposedSize& proposal) override {
     return content_ ? content_->measured(proposal) : Measurement{};
@@ -35,9 +39,9 @@ protected:
   }
 
   // What the content inherits: what this node did, unless the modifier changes it.
-  virtual InheritedPtr inheritedByContent() { return inheritedPtr(); }
+  virtual const InheritedPtr& inheritedByContent() { return inheritedPtr(); }
 
-  Node* content() { return content_.get(); }
+  Node* content() const { return content_.get(); }
 
 private:
   std::unique_ptr<Node> content_;

@@ -2,11 +2,21 @@
 
 #include "Runtime.hpp"
 
+#include <algorithm>
 #include <cmath>
+#include <type_traits>
 #include <typeinfo>
 #include <utility>
+#include <variant>
 
 namespace viewkit {
+
+namespace {
+
+// As many different questions as a few containers inside one another ask in one layout.
+constexpr std::size_t kAnswersKept = 16;
+
+}  // namespace
 
 Node::~Node() {
   if (runtime_) runtime_->nodeGone(*this);
@@ -19,7 +29,7 @@ void Node::mount(ViewHost::Runtime& runtime, Node* parent, View view, InheritedP
   active_ = parent ? parent->active_ : true;
   view_ = std::move(view);
   inherited_ = std::move(inherited);
-  apply();
+  apply(nullptr);
   if (active_) activeChanged();
 }
 
@@ -37,9 +47,9 @@ bool Node::hasSameIdentity(const ViewValue& next) const {
 
 void Node::become(View next, InheritedPtr inherited) {
   if (next == view_ && inherited == inherited_) return;
-  view_ = std::move(next);
+  const View before = std::exchange(view_, std::move(next));
   inherited_ = std::move(inherited);
-  apply();
+  apply(before.value());
 }
 
 void Node::setActive(bool active) {
@@ -49,43 +59,65 @@ void Node::setActive(bool active) {
   visitShownChildren([&](Node& child) { child.setActive(active); });
 }
 
-const Measurement& Node::measured(const ProposedSize& proposal) {
-  for (const Answer& answer : answers_) {
-    if (answer.proposal == proposal) return answer.measurement;
+Measurement Node::measured(const ProposedSize& proposal) {
+  const std::uint64_t era = runtime_->layoutEra();
+  for (Answer& answer : answers_) {
+    if (answer.proposal != proposal) continue;
+    answer.era = era;
+    return answer.measurement;
   }
   ++runtime_->counters().nodesLaidOut;
   const Measurement measurement = measure(proposal);
-  return answers_.emplace_back(proposal, measurement).measurement;
+  if (answers_.size() == kAnswersKept) {
+    const auto oldest = std::min_element(answers_.begin(), answers_.end(),
+                                         [](const Answer& a, const Answer& b) { return a.era < b.era; });
+    answers_.erase(oldest);
+    forgotAnswers_ = true;
+  }
+  answers_.push_back({proposal, measurement, era});
+  return measurement;
 }
 
 bool Node::remeasuresEqually() {
+  childrenMisplaced_ = true;
+  const std::uint64_t era = runtime_->layoutEra();
   const std::vector<Answer> before = std::exchange(answers_, {});
-  bool equal = true;
-  for (const Answer& answer : before) equal = measured(answer.proposal) == answer.measurement && equal;
+  bool equal = !std::exchange(forgotAnswers_, false);
+  for (const Answer& answer : before) {
+    // Answers from before the window's last resize are not worth the work of checking them.
+    equal = equal && answer.era == era;
+    if (answer.era == era) equal = measured(answer.proposal) == answer.measurement && equal;
+  }
   return equal;
 }
 
 void Node::place(Point origin, Size size) {
   const bool moved = !placed_ || origin != origin_;
   const bool resized = !placed_ || size != size_;
-  if (!moved && !resized) return;
+  if (!moved && !resized && !childrenMisplaced_) return;
   placed_ = true;
   origin_ = origin;
   size_ = size;
-  if (presented_) {
+  if (presented_ && (moved || resized)) {
     presented_->node.frame = {origin, size};
     presentationChanged();
   }
   // Children of a presentation are placed in its own coordinates, so its moving does not move them.
-  if (resized || !presented_) placeChildren();
+  if (resized || childrenMisplaced_ || !presented_) {
+    childrenMisplaced_ = false;
+    placeChildren();
+  }
 }
 
 void Node::placeAgain() {
-  if (placed_) placeChildren();
+  if (!placed_) return;
+  childrenMisplaced_ = false;
+  placeChildren();
 }
 
 void Node::forgetLayout() {
   answers_.clear();
+  forgotAnswers_ = false;
   placed_ = false;
   visitChildren([](Node& child) { child.forgetLayout(); });
 }
@@ -94,7 +126,15 @@ void Node::placeChild(Node& child, Point origin, Size size) {
   child.place(presented_ ? origin : origin_ + origin, size);
 }
 
-Node& Node::presentingAncestor() { return parent_->presentingSelfOrAncestor(); }
+Point Node::originWithin(const Node& presenting) const {
+  Point point = origin_;
+  for (const Node* node = &presentingAncestor(); node != &presenting; node = &node->presentingAncestor()) {
+    point = point + node->origin_;
+  }
+  return point;
+}
+
+Node& Node::presentingAncestor() const { return parent_->presentingSelfOrAncestor(); }
 
 Node& Node::presentingSelfOrAncestor() {
   Node* node = this;
@@ -118,9 +158,11 @@ PresentationNode& Node::present() {
     presented_->node.id = runtime_->addPresentation(*this);
     if (parent_) runtime_->childrenChanged(presentingAncestor());
     runtime_->childrenChanged(*this);
-    // From now on the children stand in coordinates of this node.
-    placed_ = false;
-    layoutChanged();
+    if (placed_) {
+      // From now on the children stand in coordinates of this node.
+      presented_->node.frame = {origin_, size_};
+      placementChanged();
+    }
   }
   return presented_->node;
 }
@@ -128,9 +170,10 @@ PresentationNode& Node::present() {
 void Node::presentationChanged() { runtime_->presentationChanged(*this); }
 
 void Node::setOpacity(double opacity) {
-  present().opacity = opacity * presented_->fade;
+  present();
+  if (opacity == presented_->opacity) return;
   presented_->opacity = opacity;
-  presentationChanged();
+  setFade(presented_->fade);
 }
 
 void Node::setFade(double fade) {
@@ -143,10 +186,42 @@ void Node::setFade(double fade) {
   presentationChanged();
 }
 
+void Node::setContent(decltype(PresentationNode::content) content) {
+  PresentationNode& node = present();
+  const auto isSame = [&]<class Content>(const Content& before) {
+    const auto* after = std::get_if<Content>(&content);
+    if constexpr (std::is_same_v<Content, Control>) {
+      return after && looksLike(before, *after);
+    } else {
+      return after && before == *after;
+    }
+  };
+  const bool same = std::visit(isSame, node.content);
+  // The functions of a control are new even where its looks are not.
+  node.content = std::move(content);
+  if (!same) presentationChanged();
+}
+
+void Node::setAccessibility(Accessibility accessibility) {
+  PresentationNode& node = present();
+  const Inherited::ForOne& own = inherited_->forOne;
+  if (!own.accessibilityLabel.empty()) accessibility.label = own.accessibilityLabel;
+  if (!own.help.empty()) accessibility.help = own.help;
+  if (own.selected) accessibility.selected = own.selected;
+  accessibility.enabled = inherited_->enabled;
+  if (inherited_->collapsed) accessibility.role = Role::none;
+  if (node.accessibility == accessibility && node.tooltip == own.help) return;
+  node.accessibility = std::move(accessibility);
+  node.tooltip = own.help;
+  presentationChanged();
+}
+
 void Node::layoutChanged() { runtime_->layoutChanged(*this); }
+void Node::placementChanged() { runtime_->placementChanged(*this); }
+void Node::shownChildrenChanged() { runtime_->childrenChanged(presentingSelfOrAncestor()); }
 
 void Node::childrenChanged() {
-  runtime_->childrenChanged(presentingSelfOrAncestor());
+  shownChildrenChanged();
   layoutChanged();
 }
 
@@ -173,16 +248,24 @@ void Node::reconcile(std::unique_ptr<Node>& child, const View& next, const Inher
   childrenChanged();
 }
 
-InheritedPtr Node::inheritedByChildren() const {
-  if (inherited_->help.empty() && inherited_->accessibilityLabel.empty()) return inherited_;
-  if (inheritedFrom_ != inherited_) {
-    auto forChildren = std::make_shared<Inherited>(*inherited_);
-    forChildren->help.clear();
-    forChildren->accessibilityLabel.clear();
-    inheritedByChildren_ = std::move(forChildren);
-    inheritedFrom_ = inherited_;
+const InheritedPtr& Node::inheritedByChildren() {
+  if (inherited_->forOne.isEmpty()) return inherited_;
+  return withoutForOne_.from(inherited_, [](Inherited& next) { next.forOne = {}; });
+}
+
+std::string Node::spokenContents() {
+  std::string words;
+  visitShownChildren([&](Node& child) { child.appendSpoken(words); });
+  return words;
+}
+
+void Node::appendSpoken(std::string& into) {
+  if (presented_ && !presented_->node.accessibility.label.empty()) {
+    if (!into.empty()) into += ' ';
+    into += presented_->node.accessibility.label;
+    return;
   }
-  return inheritedByChildren_;
+  visitShownChildren([&](Node& child) { child.appendSpoken(into); });
 }
 
 NodeDescription Node::describe(Point parentOrigin) {
@@ -198,12 +281,35 @@ NodeDescription Node::describe(Point parentOrigin) {
   return description;
 }
 
+Node::Found Node::find(const ViewId& id) {
+  Found found;
+  visitShownChildren([&](Node& child) {
+    if (!found.node) found = child.find(id);
+  });
+  return found;
+}
+
 void Node::collectRegions(Point point, std::vector<Node*>& into) {
   const Point local = point - origin_;
   const bool inside = Rect{{}, size_}.contains(local);
   if (presented_ && presented_->node.clipRadius && !inside) return;
   if (inside && (wantsHover() || wantsClick())) into.push_back(this);
   visitShownChildren([&](Node& child) { child.collectRegions(presented_ ? local : point, into); });
+}
+
+Node* Node::clickRegion() {
+  const std::function<Node*(Node&)> inside = [&](Node& node) -> Node* {
+    if (node.wantsClick()) return &node;
+    Node* region = nullptr;
+    node.visitShownChildren([&](Node& child) {
+      if (!region) region = inside(child);
+    });
+    return region;
+  };
+  if (Node* region = inside(*this)) return region;
+  Node* node = parent_;
+  while (node && !node->wantsClick()) node = node->parent_;
+  return node;
 }
 
 Point aligned(Size inner, Size outer, Alignment alignment) {

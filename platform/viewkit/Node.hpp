@@ -6,6 +6,7 @@
 #include "viewkit/View.hpp"
 #include "viewkit/ViewHost.hpp"
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -13,6 +14,10 @@
 #include <vector>
 
 namespace viewkit {
+
+class ScrollNode;
+
+enum class Axis { horizontal, vertical };
 
 // How large something is when it is offered a certain space, and where the first line of its text
 // stands.
@@ -38,42 +43,63 @@ public:
   bool canBecome(const View& next) const;
   void become(View next, InheritedPtr inherited);
   const View& view() const { return view_; }
+  const Inherited& inherited() const { return *inherited_; }
   // Whether the node is on the screen or only kept: the hidden pages of a tab view are not active.
   void setActive(bool active);
   bool isActive() const { return active_; }
+  // Runs the body that a write has marked, for the nodes that have one.
+  virtual void runBody() {}
 
   // Layout.
-  const Measurement& measured(const ProposedSize& proposal);
+  Measurement measured(const ProposedSize& proposal);
   Size sizeThatFits(const ProposedSize& proposal) { return measured(proposal).size; }
   void place(Point origin, Size size);
+  // In the coordinates of the presentation above.
+  Point origin() const { return origin_; }
   Size size() const { return size_; }
   int depth() const { return depth_; }
   Node* parent() const { return parent_; }
   // Answers earlier questions again after a change; whether every answer is what it was. If not, the
-  // parent has to place the node anew, even where it was.
+  // parent has to be asked again too.
   bool remeasuresEqually();
   // Places the children anew within the node's own frame, which stays.
   void placeAgain();
   // Forgets every answer of the branch, and that anything was placed.
   void forgetLayout();
+  // Where the node stands in the coordinates of a presentation above it.
+  Point originWithin(const Node& presenting) const;
+  virtual ScrollNode* asScrollNode() { return nullptr; }
+  // The direction in which a container places its children one after the other.
+  virtual std::optional<Axis> stackAxis() const { return std::nullopt; }
 
   // Present. A node without a presentation of its own shows what its children show, in the
   // presentation of the nearest ancestor that has one; the root always has one.
   struct Presented {
     PresentationNode node;
-    // What was last shown: whether at all, where in the window, and with which children.
+    // What was last shown: whether at all, where in the window, how much of it was in sight, and with
+    // which children.
     bool isShown = false;
+    bool isNew = false;
+    Point shownOrigin;
     Rect shownFrame;
     std::vector<NodeId> shownChildren;
+    // At which place of its parent's children.
+    std::size_t place = 0;
     // The node's own opacity, and how far it has faded in.
     double opacity = 1;
     double fade = 1;
   };
   Presented* presented() { return presented_.get(); }
-  Node& presentingAncestor();
+  const Presented* presented() const { return presented_.get(); }
   Node& presentingSelfOrAncestor();
   void collectPresentations(std::vector<Presented*>& into);
   void setFade(double fade);
+
+  // A node that speaks for all it contains says their words where it has no label of its own.
+  virtual bool speaksForContents() const { return false; }
+  virtual void contentsChanged() {}
+  // The labels of what the node shows, joined by spaces.
+  std::string spokenContents();
 
   // Every child, shown or not, in the order of painting.
   using Visitor = std::function<void(Node&)>;
@@ -83,16 +109,36 @@ public:
   virtual std::string kind() const { return view_.value()->kind(); }
   NodeDescription describe(Point parentOrigin);
 
-  // The innermost regions under a point of the node's own coordinates, outermost first.
+  // What stands where in the branch: its frame in the node's own coordinates.
+  struct Found {
+    Node* node = nullptr;
+    Rect frame;
+  };
+  virtual Found find(const ViewId& id);
+
+  // The regions under a point, in the coordinates of the presentation above; outermost first.
   void collectRegions(Point point, std::vector<Node*>& into);
   virtual bool wantsHover() const { return false; }
   virtual void hover(bool inside) { static_cast<void>(inside); }
   virtual bool wantsClick() const { return false; }
   virtual void click() {}
+  // The region that takes a press of this node: one inside of it, or else the next one around it.
+  Node* clickRegion();
+
+  // What the runtime has marked the node for.
+  struct Marks {
+    bool body = false;
+    bool layout = false;
+    bool placement = false;
+    bool presentation = false;
+    bool children = false;
+  };
+  Marks marks;
 
 protected:
-  // The view or the surroundings are new: brings children and presentation up to date.
-  virtual void apply() = 0;
+  // The view or the surroundings are new: brings children and presentation up to date. `before` is the
+  // view's last description; there is none the first time.
+  virtual void apply(const ViewValue* before) = 0;
   virtual Measurement measure(const ProposedSize& proposal) = 0;
   virtual void placeChildren() {}
   virtual void activeChanged() {}
@@ -102,7 +148,6 @@ protected:
   const Value& valueAs() const {
     return static_cast<const Value&>(*view_.value());
   }
-  const Inherited& inherited() const { return *inherited_; }
   const InheritedPtr& inheritedPtr() const { return inherited_; }
   ViewHost::Runtime& runtime() const { return *runtime_; }
 
@@ -111,38 +156,50 @@ protected:
   std::unique_ptr<Node> makeChild(const View& view, const InheritedPtr& inherited);
   void removeChild(std::unique_ptr<Node> child);
 
-  // What the node says of itself has changed: its answers to layout, its presentation, or the
-  // presentations below it.
+  // What the node says of itself has changed: its answers to layout; where it places its children;
+  // which presentations stand below it, or that and its answers as well.
   void layoutChanged();
+  void placementChanged();
+  void shownChildrenChanged();
   void childrenChanged();
   // From the first call on the node has a presentation of its own.
   PresentationNode& present();
   void presentationChanged();
   void setOpacity(double opacity);
+  // Changes of the presentation that are told only if there is anything new to see or to say.
+  void setContent(decltype(PresentationNode::content) content);
+  // With the label, help and selection that the surroundings say for this one node.
+  void setAccessibility(Accessibility accessibility);
 
   // The surroundings without what is meant for one node only.
-  InheritedPtr inheritedByChildren() const;
+  const InheritedPtr& inheritedByChildren();
   void placeChild(Node& child, Point origin, Size size);
 
 private:
   struct Answer {
     ProposedSize proposal;
     Measurement measurement;
+    std::uint64_t era = 0;
   };
+
+  Node& presentingAncestor() const;
+  void appendSpoken(std::string& into);
 
   ViewHost::Runtime* runtime_ = nullptr;
   Node* parent_ = nullptr;
   int depth_ = 0;
   View view_;
   InheritedPtr inherited_;
-  mutable InheritedPtr inheritedByChildren_;
-  mutable InheritedPtr inheritedFrom_;  // what the one above was made of
+  HandedOn withoutForOne_;
   bool active_ = false;
 
   std::vector<Answer> answers_;
-  Point origin_;  // in the coordinates of the presentation above
+  // An answer that the parent may have relied on was dropped to keep the list short.
+  bool forgotAnswers_ = false;
+  Point origin_;
   Size size_;
   bool placed_ = false;
+  bool childrenMisplaced_ = false;
 
   std::unique_ptr<Presented> presented_;
 };

@@ -14,9 +14,9 @@ public:
 
 class RootNode final : public ModifierNode {
 protected:
-  void apply() override {
+  void apply(const ViewValue* before) override {
     present();
-    ModifierNode::apply();
+    ModifierNode::apply(before);
   }
   void placeChildren() override {
     if (content()) placeChild(*content(), {}, content()->sizeThatFits({size().width, size().height}));

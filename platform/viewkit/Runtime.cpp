@@ -1,21 +1,37 @@
 #include "Runtime.hpp"
 
 #include "CompositeNode.hpp"
+#include "Diagnostics.hpp"
 #include "RootNode.hpp"
+#include "ScrollNode.hpp"
+#include "ScrollTarget.hpp"
 #include "foundation/MainQueue.hpp"
 #include "viewkit/Animation.hpp"
 
 #include <algorithm>
-#include <set>
 #include <utility>
 
 namespace viewkit {
 
 namespace {
 
+// How often handlers may change what they are told of before their answers are given up.
+constexpr int kRoundsOfAnswers = 16;
+// How often a body may run in one update because bodies below each other write what others read, and
+// how often a placement may change sizes again.
+constexpr int kRoundsOfLayout = 8;
+
 bool withinAnimation = false;
 
-bool contains(const std::vector<NodeId>& ids, NodeId id) { return std::find(ids.begin(), ids.end(), id) != ids.end(); }
+template <class Marked>
+bool isDeeper(const Marked& a, const Marked& b) {
+  return a.depth > b.depth;
+}
+
+template <class Marked>
+bool isHigher(const Marked& a, const Marked& b) {
+  return a.depth < b.depth;
+}
 
 }  // namespace
 
@@ -25,33 +41,50 @@ void withAnimation(const std::function<void()>& changes) {
   withinAnimation = outer;
 }
 
-ViewHost::Runtime::Runtime(const View& root, Environment environment, const PlatformMetrics& metrics)
-    : metrics_(metrics), environment_(environment), self_(std::make_shared<Runtime*>(this)) {
+ViewHost::Runtime::Runtime(Environment environment, const PlatformMetrics& metrics)
+    : metrics_(metrics), environment_(environment) {}
+
+ViewHost::Runtime::~Runtime() { root_.reset(); }
+
+void ViewHost::Runtime::open(const View& root) {
   const View window(std::make_shared<const RootValue>(root));
+  inPass_ = true;
   root_ = window.value()->makeNode();
-  root_->mount(*this, nullptr, window, std::make_shared<const Inherited>(Inherited{.environment = environment}));
+  root_->mount(*this, nullptr, window, std::make_shared<const Inherited>(Inherited{.environment = environment_}));
+  inPass_ = false;
   schedule();
 }
 
-ViewHost::Runtime::~Runtime() {
-  self_.reset();
+void ViewHost::Runtime::close() {
   observer_ = nullptr;
+  closed_ = true;
   root_->setActive(false);
-  runCalls();
-  root_.reset();
+  while (!calls_.empty()) {
+    const Call call = std::move(calls_.front());
+    calls_.pop_front();
+    if (call.kind == CallKind::appearance) call.run();
+  }
+  // A body or a layout that is under way still needs its nodes; they go with the runtime.
+  if (!inPass_) root_.reset();
 }
 
 void ViewHost::Runtime::setSize(Size size) {
   if (size == size_) return;
   size_ = size;
+  ++layoutEra_;
   sizeChanged_ = true;
   schedule();
 }
 
 Size ViewHost::Runtime::sizeThatFits(const ProposedSize& proposal) {
+  if (inPass_) return root_->sizeThatFits(proposal);
+  inPass_ = true;
   rebuild();
-  layout();
-  return root_->sizeThatFits(proposal);
+  remeasure();
+  const Size size = root_->sizeThatFits(proposal);
+  inPass_ = false;
+  if (isMarked()) schedule();
+  return size;
 }
 
 void ViewHost::Runtime::setEnvironment(Environment environment) {
@@ -63,210 +96,212 @@ void ViewHost::Runtime::setEnvironment(Environment environment) {
 }
 
 const PresentationNode* ViewHost::Runtime::node(NodeId id) const {
-  const auto found = presenting_.find(id);
-  return found != presenting_.end() && found->second->presented()->isShown ? &found->second->presented()->node
-                                                                           : nullptr;
+  const Node* node = presenter_.shownNode(id);
+  return node ? &node->presented()->node : nullptr;
 }
 
 void ViewHost::Runtime::schedule() {
+  if (closed_) return;
   if (withinAnimation) animated_ = true;
-  if (scheduled_ || updating_) return;
+  if (scheduled_ || inPass_) return;
   scheduled_ = true;
-  foundation::MainQueue::mainQueue().async([weak = std::weak_ptr(self_)] {
-    if (const auto self = weak.lock()) (*self)->update();
+  foundation::MainQueue::mainQueue().async([weak = weak_from_this()] {
+    if (const auto self = weak.lock()) self->update();
   });
 }
 
 void ViewHost::Runtime::bodyChanged(CompositeNode& node) {
-  dirtyBodies_.insert(&node);
+  if (withinAnimation) animated_ = true;
+  if (std::exchange(node.marks.body, true)) return;
+  if (CompositeNode::running()) {
+    deferredBodies_.push_back({&node, node.depth()});
+  } else {
+    markedBodies_.push_back({&node, node.depth()});
+    std::push_heap(markedBodies_.begin(), markedBodies_.end(), isDeeper<Marked>);
+  }
   schedule();
 }
 
+void ViewHost::Runtime::bodyRan(CompositeNode& node) {
+  // It ran because its parent's did; the mark is served.
+  if (!std::exchange(node.marks.body, false)) return;
+  for (Marked& marked : markedBodies_) {
+    if (marked.node == &node) marked.node = nullptr;
+  }
+}
+
 void ViewHost::Runtime::layoutChanged(Node& node) {
-  dirtyLayouts_.insert(&node);
+  if (std::exchange(node.marks.layout, true)) return;
+  markedLayouts_.push_back({&node, node.depth()});
+  std::push_heap(markedLayouts_.begin(), markedLayouts_.end(), isHigher<Marked>);
+  schedule();
+}
+
+void ViewHost::Runtime::placementChanged(Node& node) {
+  if (std::exchange(node.marks.placement, true)) return;
+  markedPlacements_.push_back({&node, node.depth()});
   schedule();
 }
 
 void ViewHost::Runtime::presentationChanged(Node& node) {
-  dirtyPresentations_.insert(&node);
+  presenter_.presentationChanged(node);
   schedule();
 }
 
 void ViewHost::Runtime::childrenChanged(Node& presenting) {
-  dirtyChildren_.insert(&presenting);
+  presenter_.childrenChanged(presenting);
   schedule();
-}
-
-NodeId ViewHost::Runtime::addPresentation(Node& node) {
-  const NodeId id = nextId_++;
-  presenting_.emplace(id, &node);
-  return id;
 }
 
 void ViewHost::Runtime::nodeGone(Node& node) {
-  dirtyLayouts_.erase(&node);
-  dirtyPresentations_.erase(&node);
-  dirtyChildren_.erase(&node);
-  shown_.erase(&node);
-  if (auto* composite = dynamic_cast<CompositeNode*>(&node)) dirtyBodies_.erase(composite);
-  std::erase(hovered_, &node);
-  std::erase_if(fades_, [&](const Fade& fade) { return fade.node == &node; });
-  std::erase_if(ghosts_, [&](const Ghost& ghost) { return ghost.presenting == &node; });
-  if (Node::Presented* presented = node.presented()) {
-    hide(*presented);
-    presenting_.erase(presented->node.id);
+  const auto forget = [&](std::vector<Marked>& list) {
+    for (Marked& marked : list) {
+      if (marked.node == &node) marked.node = nullptr;
+    }
+  };
+  if (node.marks.body) {
+    forget(markedBodies_);
+    forget(deferredBodies_);
   }
+  if (node.marks.layout) forget(markedLayouts_);
+  if (node.marks.placement) forget(markedPlacements_);
+  std::erase(hovered_, &node);
+  fades_.nodeGone(node);
+  presenter_.nodeGone(node);
 }
 
-void ViewHost::Runtime::afterUpdate(std::function<void()> call) {
-  calls_.push_back(std::move(call));
+void ViewHost::Runtime::afterLayout(CallKind kind, std::function<void()> call) {
+  calls_.push_back({kind, std::move(call)});
   schedule();
 }
 
+void ViewHost::Runtime::scrollAfterLayout(std::weak_ptr<ScrollProxy::Target> target, ViewId id) {
+  scrolls_.push_back({std::move(target), std::move(id)});
+  schedule();
+}
+
+bool ViewHost::Runtime::isMarked() const {
+  return !markedBodies_.empty() || !markedLayouts_.empty() || !markedPlacements_.empty() || sizeChanged_ ||
+         !calls_.empty() || !scrolls_.empty();
+}
+
 void ViewHost::Runtime::update() {
-  if (updating_) return;
-  updating_ = true;
   scheduled_ = false;
-  rebuild();
-  layout();
+  if (inPass_ || closed_) return;
+  for (int round = 0; round == 0 || isMarked(); ++round) {
+    const bool withAnswers = round < kRoundsOfAnswers;
+    if (round == kRoundsOfAnswers + 1) break;
+    runPasses();
+    if (closed_) return;
+    // Once: where a region moves away from the pointer because the pointer is there, it must not go on.
+    if (round == 0) refreshHover();
+    runCalls(withAnswers);
+    if (closed_) return;
+  }
+  inPass_ = true;
   present();
+  inPass_ = false;
+  for (const Marked& deferred : std::exchange(deferredBodies_, {})) {
+    if (!deferred.node) continue;
+    deferred.node->marks.body = false;
+    bodyChanged(static_cast<CompositeNode&>(*deferred.node));
+  }
+  if (isMarked()) schedule();
+}
+
+void ViewHost::Runtime::runPasses() {
+  inPass_ = true;
+  rebuild();
   animated_ = false;
-  updating_ = false;
-  runCalls();
-  refreshHover();
+  layout();
+  scroll();
+  inPass_ = false;
 }
 
 void ViewHost::Runtime::rebuild() {
-  while (!dirtyBodies_.empty()) {
+  while (!markedBodies_.empty()) {
     // A body higher up may make those below it run, or go: it runs first.
-    const auto first = std::min_element(dirtyBodies_.begin(), dirtyBodies_.end(),
-                                        [](const Node* a, const Node* b) { return a->depth() < b->depth(); });
-    CompositeNode* node = *first;
-    dirtyBodies_.erase(first);
+    std::pop_heap(markedBodies_.begin(), markedBodies_.end(), isDeeper<Marked>);
+    Node* node = markedBodies_.back().node;
+    markedBodies_.pop_back();
+    if (!node) continue;
+    node->marks.body = false;
     node->runBody();
   }
 }
 
 void ViewHost::Runtime::layout() {
-  struct DeepestFirst {
-    bool operator()(const Node* a, const Node* b) const {
-      return a->depth() != b->depth() ? a->depth() > b->depth() : std::less<>()(a, b);
-    }
-  };
-  std::set<Node*, DeepestFirst> changed(dirtyLayouts_.begin(), dirtyLayouts_.end());
-  dirtyLayouts_.clear();
-  std::vector<Node*> unmoved;
-  while (!changed.empty()) {
-    Node* node = *changed.begin();
-    changed.erase(changed.begin());
-    // Where the size stays, nothing outside notices; where it does not, the parent is asked next.
-    if (node->remeasuresEqually() || !node->parent()) {
-      unmoved.push_back(node);
-    } else {
-      changed.insert(node->parent());
-    }
+  for (int round = 0; round < kRoundsOfLayout; ++round) {
+    remeasure();
+    if (std::exchange(sizeChanged_, false)) root_->place({}, size_);
+    placeMarked();
+    if (markedLayouts_.empty() && markedPlacements_.empty()) return;
   }
-  if (std::exchange(sizeChanged_, false)) root_->place({}, size_);
-  for (auto node = unmoved.rbegin(); node != unmoved.rend(); ++node) (*node)->placeAgain();
 }
 
-void ViewHost::Runtime::collectChildren(Node& presenting) {
-  std::vector<Node::Presented*> children;
-  presenting.collectPresentations(children);
-  PresentationNode& node = presenting.presented()->node;
-  node.children.clear();
-  for (Node::Presented* child : children) {
-    child->node.parent = &node;
-    node.children.push_back(&child->node);
-  }
-  for (const Ghost& ghost : ghosts_) {
-    if (ghost.presenting != &presenting) continue;
-    for (const auto& each : ghost.nodes) {
-      if (each->parent == &node) node.children.push_back(each.get());
+void ViewHost::Runtime::remeasure() {
+  while (!markedLayouts_.empty()) {
+    std::pop_heap(markedLayouts_.begin(), markedLayouts_.end(), isHigher<Marked>);
+    Node* node = markedLayouts_.back().node;
+    markedLayouts_.pop_back();
+    if (!node) continue;
+    node->marks.layout = false;
+    // Where the size stays, nothing outside notices; where it does not, the parent is asked next.
+    if (node->remeasuresEqually() || !node->parent()) {
+      placementChanged(*node);
+    } else {
+      layoutChanged(*node->parent());
     }
+  }
+}
+
+void ViewHost::Runtime::placeMarked() {
+  std::sort(markedPlacements_.begin(), markedPlacements_.end(), isHigher<Marked>);
+  // Nodes may go, and others be marked, while some are placed; those wait for the next round.
+  const std::size_t count = markedPlacements_.size();
+  for (std::size_t i = 0; i < count; ++i) {
+    Node* node = markedPlacements_[i].node;
+    if (!node) continue;
+    node->marks.placement = false;
+    markedPlacements_[i].node = nullptr;
+    node->placeAgain();
+  }
+  markedPlacements_.erase(markedPlacements_.begin(), markedPlacements_.begin() + static_cast<std::ptrdiff_t>(count));
+}
+
+void ViewHost::Runtime::scroll() {
+  for (const ScrollRequest& request : std::exchange(scrolls_, {})) {
+    // Rows that were never seen are only guessed at: each look is closer than the one before.
+    for (int round = 0; round < kRoundsOfLayout; ++round) {
+      const auto target = request.target.lock();
+      if (!target || !target->node) break;
+      const Node::Found found = target->node->find(request.id);
+      if (!found.node || !ScrollNode::reveal(*found.node, found.frame)) break;
+      layout();
+    }
+  }
+}
+
+void ViewHost::Runtime::runCalls(bool withAnswers) {
+  // One after the other off the queue: closing the host from a handler still makes the rest.
+  for (std::size_t left = calls_.size(); left > 0 && !calls_.empty(); --left) {
+    const Call call = std::move(calls_.front());
+    calls_.pop_front();
+    if (!withAnswers && call.kind == CallKind::answer) {
+      reportMistake("handlers of changes go on changing what they are called for; the last ones were not called");
+      continue;
+    }
+    call.run();
+    if (closed_) return;
   }
 }
 
 void ViewHost::Runtime::present() {
-  const auto changedChildren = std::exchange(dirtyChildren_, {});
-  for (Node* node : changedChildren) collectChildren(*node);
-  for (Node* node : changedChildren) {
-    Node::Presented& presented = *node->presented();
-    std::vector<NodeId> ids;
-    for (const PresentationNode* child : presented.node.children) {
-      if (child->id != 0) ids.push_back(child->id);
-    }
-    for (const NodeId old : presented.shownChildren) {
-      const auto found = presenting_.find(old);
-      if (!contains(ids, old) && found != presenting_.end()) hide(*found->second->presented());
-    }
-    presented.shownChildren = std::move(ids);
-  }
-  show(*root_->presented());
-  for (Node* node : changedChildren) {
-    if (node->presented()->isShown) show(*node->presented());
-  }
-
-  PresentationChanges changes;
-  auto moved = std::exchange(dirtyPresentations_, {});
-  moved.insert(changedChildren.begin(), changedChildren.end());
-  moved.insert(shown_.begin(), shown_.end());
-  for (Node* node : moved) {
-    Node::Presented& presented = *node->presented();
-    if (!presented.isShown) continue;
-    const bool isNew = shown_.contains(node);
-    const bool hasContentOfItsOwn = !dirtyChildren_.contains(node);
-    if (!isNew && hasContentOfItsOwn) damage_.push_back(presented.shownFrame);
-    noteShownFrames(presented);
-    damage_.push_back(presented.shownFrame);
-    changes.changed.push_back(&presented.node);
-  }
-  shown_.clear();
+  if (!presenter_.isMarked()) return;
+  const PresentationChanges changes = presenter_.present(*root_, fades_);
+  if (changes.changed.empty() && changes.removed.empty() && changes.damage.empty()) return;
   counters_.nodesChanged += changes.changed.size();
-  changes.removed = std::exchange(removed_, {});
-  changes.damage = std::exchange(damage_, {});
-  std::erase_if(changes.damage, [](const Rect& rect) { return rect.isEmpty(); });
-  if (observer_ && (!changes.changed.empty() || !changes.removed.empty() || !changes.damage.empty())) {
-    observer_(changes);
-  }
-}
-
-void ViewHost::Runtime::show(Node::Presented& presented) {
-  if (!presented.isShown) {
-    presented.isShown = true;
-    shown_.insert(presenting_.at(presented.node.id));
-  }
-  for (const PresentationNode* child : presented.node.children) {
-    const auto found = presenting_.find(child->id);
-    if (found != presenting_.end() && !found->second->presented()->isShown) show(*found->second->presented());
-  }
-}
-
-void ViewHost::Runtime::hide(Node::Presented& presented) {
-  if (!presented.isShown) return;
-  presented.isShown = false;
-  removed_.push_back(presented.node.id);
-  damage_.push_back(presented.shownFrame);
-  for (const NodeId id : presented.shownChildren) {
-    const auto found = presenting_.find(id);
-    if (found != presenting_.end()) hide(*found->second->presented());
-  }
-}
-
-void ViewHost::Runtime::noteShownFrames(Node::Presented& presented) {
-  const Rect frame = presented.node.frameInWindow();
-  const bool moved = frame.origin != presented.shownFrame.origin;
-  presented.shownFrame = frame;
-  if (!moved) return;
-  for (const NodeId id : presented.shownChildren) {
-    const auto found = presenting_.find(id);
-    if (found != presenting_.end()) noteShownFrames(*found->second->presented());
-  }
-}
-
-void ViewHost::Runtime::runCalls() {
-  const auto calls = std::exchange(calls_, {});
-  for (const auto& call : calls) call();
+  if (observer_) observer_(changes);
 }
 
 void ViewHost::Runtime::inserted(Node& child) {
@@ -274,84 +309,42 @@ void ViewHost::Runtime::inserted(Node& child) {
 }
 
 void ViewHost::Runtime::fadeIn(Node& node) {
-  if (environment_.reducedMotion) return;
-  node.setFade(0);
-  fades_.push_back({.node = &node});
-}
-
-PresentationNode& ViewHost::Runtime::copyInto(Ghost& ghost, const PresentationNode& original,
-                                              const PresentationNode* parent) {
-  PresentationNode& copy = *ghost.nodes.emplace_back(std::make_unique<PresentationNode>(original));
-  copy.id = 0;
-  copy.parent = parent;
-  copy.accessibility = {};
-  copy.tooltip.clear();
-  copy.children.clear();
-  if (copy.control()) copy.content = std::monostate();
-  for (const PresentationNode* child : original.children) {
-    if (child->id != 0) copy.children.push_back(&copyInto(ghost, *child, &copy));
-  }
-  return copy;
+  if (!environment_.reducedMotion) fades_.fadeIn(node);
 }
 
 void ViewHost::Runtime::removing(Node& child, Node& presenting) {
   if (!animated_ || environment_.reducedMotion || !child.isActive()) return;
-  Ghost ghost{.presenting = &presenting, .nodes = {}};
-  std::vector<Node::Presented*> leaving;
-  if (child.presented()) {
-    leaving.push_back(child.presented());
-  } else {
-    child.collectPresentations(leaving);
-  }
-  for (const Node::Presented* each : leaving) {
-    if (each->isShown) copyInto(ghost, each->node, &presenting.presented()->node);
-  }
-  if (!ghost.nodes.empty()) ghosts_.push_back(std::move(ghost));
-}
-
-void ViewHost::Runtime::removeGhost(const Ghost& ghost) {
-  for (const auto& node : ghost.nodes) damage_.push_back(node->frameInWindow());
-  childrenChanged(*ghost.presenting);
+  fades_.fadeOut(child, presenting);
 }
 
 void ViewHost::Runtime::advanceAnimations(std::chrono::duration<double> elapsed) {
-  const auto progress = [](double seconds) {
-    // Slow at both ends.
-    const double t = std::clamp(seconds / kDefaultAnimationDuration.count(), 0.0, 1.0);
-    return t * t * (3 - 2 * t);
-  };
-  for (Fade& fade : fades_) {
-    fade.elapsed += elapsed.count();
-    fade.node->setFade(progress(fade.elapsed));
-  }
-  std::erase_if(fades_, [](const Fade& fade) { return fade.elapsed >= kDefaultAnimationDuration.count(); });
-  for (Ghost& ghost : ghosts_) {
-    ghost.elapsed += elapsed.count();
-    for (const auto& node : ghost.nodes) {
-      if (node->parent == &ghost.presenting->presented()->node) node->opacity = 1 - progress(ghost.elapsed);
-      damage_.push_back(node->frameInWindow());
-    }
-    if (ghost.elapsed >= kDefaultAnimationDuration.count()) removeGhost(ghost);
-  }
-  std::erase_if(ghosts_, [](const Ghost& ghost) { return ghost.elapsed >= kDefaultAnimationDuration.count(); });
+  fades_.advance(elapsed, presenter_);
   update();
 }
 
 void ViewHost::Runtime::finishAnimations() {
-  while (isAnimating()) advanceAnimations(kDefaultAnimationDuration);
+  // A handler of an update may begin another fade; they are finished too, but not for ever.
+  for (int round = 0; round < kRoundsOfAnswers && isAnimating() && !closed_; ++round) {
+    advanceAnimations(kDefaultAnimationDuration);
+  }
 }
 
 void ViewHost::Runtime::pointerMoved(Point point) {
   pointer_ = point;
+  if (inPass_) return;
   refreshHover();
+  runCalls(true);
 }
 
 void ViewHost::Runtime::pointerLeft() {
   pointer_.reset();
+  if (inPass_) return;
   setHovered({});
+  runCalls(true);
 }
 
 bool ViewHost::Runtime::click(Point point) {
+  if (inPass_) return false;
   std::vector<Node*> regions;
   root_->collectRegions(point, regions);
   const auto wanting = std::find_if(regions.rbegin(), regions.rend(), [](const Node* n) { return n->wantsClick(); });
@@ -360,24 +353,37 @@ bool ViewHost::Runtime::click(Point point) {
   return true;
 }
 
+bool ViewHost::Runtime::press(NodeId id) {
+  Node* node = inPass_ ? nullptr : presenter_.shownNode(id);
+  Node* region = node ? node->clickRegion() : nullptr;
+  if (!region) return false;
+  region->click();
+  return true;
+}
+
+void ViewHost::Runtime::reveal(NodeId id) {
+  Node* node = presenter_.shownNode(id);
+  if (node) ScrollNode::reveal(*node, {{}, node->size()});
+}
+
 void ViewHost::Runtime::refreshHover() {
   if (!pointer_) return;
   std::vector<Node*> regions;
   root_->collectRegions(*pointer_, regions);
   std::erase_if(regions, [](const Node* node) { return !node->wantsHover(); });
-  setHovered(regions);
+  setHovered(std::move(regions));
 }
 
-void ViewHost::Runtime::setHovered(const std::vector<Node*>& regions) {
-  const std::vector<Node*> before = std::exchange(hovered_, regions);
-  const auto isIn = [](const std::vector<Node*>& list, const Node* node) {
+void ViewHost::Runtime::setHovered(std::vector<Node*> regions) {
+  const std::vector<Node*> before = std::exchange(hovered_, std::move(regions));
+  const auto isIn = [](const std::vector<Node*>& list, Node* node) {
     return std::find(list.begin(), list.end(), node) != list.end();
   };
   // Leaving comes first, so that a value shared by neighbours ends with the one entered.
   for (Node* node : before) {
     if (!isIn(hovered_, node)) node->hover(false);
   }
-  for (Node* node : regions) {
+  for (Node* node : hovered_) {
     if (!isIn(before, node)) node->hover(true);
   }
 }

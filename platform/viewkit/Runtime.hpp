@@ -1,14 +1,17 @@
 #pragma once
 
+#include "Fades.hpp"
 #include "Node.hpp"
+#include "Presenter.hpp"
+#include "viewkit/ScrollView.hpp"
 #include "viewkit/ViewHost.hpp"
 
 #include <chrono>
+#include <cstdint>
+#include <deque>
 #include <functional>
-#include <map>
 #include <memory>
-#include <unordered_map>
-#include <unordered_set>
+#include <optional>
 #include <vector>
 
 namespace viewkit {
@@ -16,12 +19,16 @@ namespace viewkit {
 class CompositeNode;
 
 // The three passes over a tree of nodes, and what is marked for each.
-class ViewHost::Runtime {
+class ViewHost::Runtime : public std::enable_shared_from_this<ViewHost::Runtime> {
 public:
-  Runtime(const View& root, Environment environment, const PlatformMetrics& metrics);
+  Runtime(Environment environment, const PlatformMetrics& metrics);
   ~Runtime();
   Runtime(const Runtime&) = delete;
   Runtime& operator=(const Runtime&) = delete;
+
+  void open(const View& root);
+  // Everything disappears; what a handler is in the middle of may still finish.
+  void close();
 
   const PlatformMetrics& metrics() const { return metrics_; }
   const Environment& environment() const { return environment_; }
@@ -35,85 +42,94 @@ public:
 
   Node& root() { return *root_; }
   const PresentationNode* node(NodeId id) const;
+  // Counts the sizes that the window has had.
+  std::uint64_t layoutEra() const { return layoutEra_; }
 
   // Marks, made by nodes.
   void bodyChanged(CompositeNode& node);
+  void bodyRan(CompositeNode& node);
   void layoutChanged(Node& node);
+  void placementChanged(Node& node);
   void presentationChanged(Node& node);
   void childrenChanged(Node& presenting);
   void nodeGone(Node& node);
-  NodeId addPresentation(Node& node);
+  NodeId addPresentation(Node& node) { return presenter_.add(node); }
   // The child has come into view, or is about to leave it; `presenting` is where it is seen.
   void inserted(Node& child);
   void removing(Node& child, Node& presenting);
   void fadeIn(Node& node);
-  // Makes the call when the update is over and the tree is whole again.
-  void afterUpdate(std::function<void()> call);
+  // Makes the call when layout is done and the tree is whole again. A call that answers a change is
+  // given up when changes and answers chase each other without end.
+  enum class CallKind { appearance, answer };
+  void afterLayout(CallKind kind, std::function<void()> call);
+  void scrollAfterLayout(std::weak_ptr<ScrollProxy::Target> target, ViewId id);
 
   void pointerMoved(Point point);
   void pointerLeft();
   bool click(Point point);
+  bool press(NodeId id);
+  void reveal(NodeId id);
 
-  bool isAnimating() const { return !fades_.empty() || !ghosts_.empty(); }
+  bool isAnimating() const { return !fades_.isEmpty(); }
   void advanceAnimations(std::chrono::duration<double> elapsed);
   void finishAnimations();
 
 private:
-  // What is left of a branch that fades out: a picture of it.
-  struct Ghost {
-    Node* presenting;
-    std::vector<std::unique_ptr<PresentationNode>> nodes;
-    double elapsed = 0;
+  struct Call {
+    CallKind kind;
+    std::function<void()> run;
   };
-  struct Fade {
+  struct ScrollRequest {
+    std::weak_ptr<ScrollProxy::Target> target;
+    ViewId id;
+  };
+  // A node marked for a pass. The depth stands here too, so that the order holds even when the node
+  // goes away meanwhile and leaves its place empty.
+  struct Marked {
     Node* node;
-    double elapsed = 0;
+    int depth;
   };
 
   void schedule();
+  bool isMarked() const;
+  void runPasses();
   void rebuild();
   void layout();
+  void remeasure();
+  void placeMarked();
+  void scroll();
+  void runCalls(bool withAnswers);
+
   void present();
-  void runCalls();
-
-  void collectChildren(Node& presenting);
-  void show(Node::Presented& presented);
-  void hide(Node::Presented& presented);
-  void noteShownFrames(Node::Presented& presented);
-  PresentationNode& copyInto(Ghost& ghost, const PresentationNode& original, const PresentationNode* parent);
-  void removeGhost(const Ghost& ghost);
-
   void refreshHover();
-  void setHovered(const std::vector<Node*>& regions);
+  void setHovered(std::vector<Node*> regions);
 
   const PlatformMetrics& metrics_;
   Environment environment_;
   PassCounters counters_;
   Observer observer_;
   Size size_;
+  std::uint64_t layoutEra_ = 0;
   bool sizeChanged_ = true;
   bool scheduled_ = false;
-  bool updating_ = false;
+  // In one of the passes: the tree is not whole.
+  bool inPass_ = false;
+  bool closed_ = false;
   // Whether a change since the last update was made within an animation.
   bool animated_ = false;
-  NodeId nextId_ = 1;
 
-  std::unordered_map<NodeId, Node*> presenting_;
-  std::unordered_set<CompositeNode*> dirtyBodies_;
-  std::unordered_set<Node*> dirtyLayouts_;
-  std::unordered_set<Node*> dirtyPresentations_;
-  std::unordered_set<Node*> dirtyChildren_;
-  std::unordered_set<Node*> shown_;  // in this update, for the first time
-  std::vector<Rect> damage_;
-  std::vector<NodeId> removed_;
-  std::vector<std::function<void()>> calls_;
-  std::vector<Fade> fades_;
-  std::vector<Ghost> ghosts_;
+  Presenter presenter_;
+  Fades fades_;
+  std::vector<Marked> markedBodies_;      // a heap, highest in the tree first
+  std::vector<Marked> markedLayouts_;     // a heap, deepest first, while measuring
+  std::vector<Marked> markedPlacements_;  // in any order
+  // Bodies that another body marked while it ran wait for the next update.
+  std::vector<Marked> deferredBodies_;
+  std::deque<Call> calls_;
+  std::vector<ScrollRequest> scrolls_;
   std::vector<Node*> hovered_;
   std::optional<Point> pointer_;
-  // Dies first, so that work queued for later knows.
   std::unique_ptr<Node> root_;
-  std::shared_ptr<Runtime*> self_;
 };
 
 }  // namespace viewkit

@@ -1,11 +1,12 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <vector>
 
 namespace viewkit {
 
-struct BodyRun;
+struct Body;
 
 // The bodies that read a value, each in its last run. Whatever holds a value that bodies read holds
 // one of these.
@@ -18,7 +19,14 @@ public:
   void markAll();
 
 private:
-  std::vector<std::weak_ptr<BodyRun>> readers_;
+  struct Reader {
+    std::weak_ptr<Body> body;
+    // Which of the body's runs read the value.
+    std::uint64_t run = 0;
+  };
+
+  // By the address of the body, which no other one takes as long as the reader is here.
+  std::vector<Reader> readers_;
 };
 
 }  // namespace viewkit

@@ -53,6 +53,7 @@ View byFlexibleFrame(const View& content, const FlexibleFrame& frame);
 View byPadding(const View& content, const EdgeInsets& insets);
 View byFixedSize(const View& content, bool horizontal, bool vertical);
 View byBackground(const View& content, const View& background, Alignment alignment);
+View byBackgroundColor(const View& content, Color color);
 View byOverlay(const View& content, const View& overlay, Alignment alignment);
 View byClip(const View& content, double cornerRadius);
 View byOpacity(const View& content, double opacity);

@@ -33,6 +33,11 @@ View Modifiers<Self>::background(const View& background, Alignment alignment) co
 }
 
 template <class Self>
+View Modifiers<Self>::background(Color color) const {
+  return modified::byBackgroundColor(self(), color);
+}
+
+template <class Self>
 View Modifiers<Self>::overlay(const View& overlay, Alignment alignment) const {
   return modified::byOverlay(self(), overlay, alignment);
 }

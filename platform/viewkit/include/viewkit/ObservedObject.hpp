@@ -36,7 +36,9 @@ public:
 
   const std::shared_ptr<T>& get() const {
     auto& slot = this->slot();
-    slot.observe(object_);
+    // A handler of an earlier description still works on the earlier object; only the body decides
+    // which one is watched.
+    if (belongsToRunningBody(this)) slot.observe(object_);
     slot.dependents.recordRead();
     return object_;
   }

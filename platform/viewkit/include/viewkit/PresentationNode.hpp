@@ -43,9 +43,9 @@ std::string_view nameOf(Role role);
 // children are.
 struct Accessibility {
   Role role = Role::none;
-  std::string label;
-  std::string value;
-  std::string help;
+  std::string label = {};
+  std::string value = {};
+  std::string help = {};
   bool enabled = true;
   // For one of several that can be selected.
   std::optional<bool> selected = std::nullopt;

@@ -93,7 +93,8 @@ public:
   class Runtime;
 
 private:
-  std::unique_ptr<Runtime> runtime_;
+  // Shared with the calls that are under way: a handler may destroy the host.
+  std::shared_ptr<Runtime> runtime_;
 };
 
 }  // namespace viewkit

@@ -16,6 +16,9 @@ struct Slot {
 // is running, if any, is not of the view that the member belongs to.
 std::shared_ptr<Slot> slotInRunningBody(const void* member, const std::function<std::shared_ptr<Slot>()>& make);
 
+// Whether the member is of the view whose body is running.
+bool belongsToRunningBody(const void* member);
+
 // Stops a debug build: a property was used that belongs to no view on the screen. Returns in others.
 void reportUnlinkedProperty(const std::type_info& property);
 

@@ -1,0 +1,118 @@
+#include "viewkit/Grid.hpp"
+
+#include "ContainerNode.hpp"
+#include "layout/GridLayout.hpp"
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <utility>
+
+namespace viewkit {
+
+namespace {
+
+class GridValue final : public ViewValue {
+public:
+  GridValue(const GridOptions& options, std::vector<GridRow> rows) : options(options), rows(std::move(rows)) {}
+
+  std::unique_ptr<Node> makeNode() const override;
+  std::string kind() const override { return "Grid"; }
+
+  const GridOptions options;
+  const std::vector<GridRow> rows;
+};
+
+class GridRowValue final : public ViewValue {
+public:
+  explicit GridRowValue(Children cells) : cells(std::move(cells)) {}
+
+  std::unique_ptr<Node> makeNode() const override;
+  std::string kind() const override { return "GridRow"; }
+
+  const Children cells;
+};
+
+// Only holds its cells: the grid measures and places them, all rows at once.
+class GridRowNode final : public ContainerNode {
+public:
+  using ContainerNode::children;
+
+  void placeCells(const std::vector<Rect>& frames) {
+    for (std::size_t i = 0; i < frames.size(); ++i) placeChild(*children()[i], frames[i].origin, frames[i].size);
+  }
+
+protected:
+  void apply(const ViewValue* before) override {
+    static_cast<void>(before);
+    reconcileChildren(valueAs<GridRowValue>().cells.all());
+  }
+  // Whatever changes in a row may change its columns, so the grid is always asked.
+  Measurement measure(const ProposedSize& proposal) override {
+    static_cast<void>(proposal);
+    return {{0, 0}, static_cast<double>(++changes_)};
+  }
+
+private:
+  std::size_t changes_ = 0;
+};
+
+std::unique_ptr<Node> GridRowValue::makeNode() const { return std::make_unique<GridRowNode>(); }
+
+class GridNode final : public ContainerNode {
+protected:
+  void apply(const ViewValue* before) override {
+    const auto& rows = valueAs<GridValue>().rows;
+    std::vector<Children::Child> described;
+    described.reserve(rows.size());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      const ChildKey key{.position = rows[i].id ? 0 : static_cast<int>(i), .id = rows[i].id};
+      described.push_back({key, View(std::make_shared<const GridRowValue>(rows[i].cells))});
+    }
+    reconcileChildren(described);
+    if (before && !looksLike(*static_cast<const GridValue*>(before))) layoutChanged();
+  }
+
+  Measurement measure(const ProposedSize& proposal) override { return layOut(proposal).measurement; }
+
+  void placeChildren() override {
+    const GridLayout::Result result = layOut({size().width, size().height});
+    for (std::size_t i = 0; i < children().size(); ++i) {
+      auto& row = static_cast<GridRowNode&>(*children()[i]);
+      row.sizeThatFits({});
+      placeChild(row, result.rows[i].frame.origin, result.rows[i].frame.size);
+      row.placeCells(result.rows[i].cells);
+    }
+  }
+
+private:
+  bool looksLike(const GridValue& last) const {
+    const auto& value = valueAs<GridValue>();
+    const auto& a = value.options;
+    const auto& b = last.options;
+    return a.horizontalAlignment == b.horizontalAlignment && a.verticalAlignment == b.verticalAlignment &&
+           a.horizontalSpacing == b.horizontalSpacing && a.verticalSpacing == b.verticalSpacing &&
+           std::equal(value.rows.begin(), value.rows.end(), last.rows.begin(), last.rows.end(),
+                      [](const GridRow& x, const GridRow& y) { return x.verticalPadding == y.verticalPadding; });
+  }
+
+  GridLayout::Result layOut(const ProposedSize& proposal) {
+    const auto& value = valueAs<GridValue>();
+    std::vector<GridLayout::Row> rows;
+    rows.reserve(children().size());
+    for (std::size_t i = 0; i < children().size(); ++i) {
+      rows.push_back({static_cast<GridRowNode&>(*children()[i]).children(), value.rows[i].verticalPadding});
+    }
+    return GridLayout{value.options}.layOut(rows, proposal);
+  }
+};
+
+std::unique_ptr<Node> GridValue::makeNode() const { return std::make_unique<GridNode>(); }
+
+}  // namespace
+
+View Grid(const GridOptions& options, std::vector<GridRow> rows) {
+  return View(std::make_shared<const GridValue>(options, std::move(rows)));
+}
+
+}  // namespace viewkit

@@ -1,0 +1,160 @@
+#include "viewkit/TabView.hpp"
+
+#include "Node.hpp"
+#include "Runtime.hpp"
+#include "controls/ControlNode.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <utility>
+
+namespace viewkit {
+
+namespace {
+
+// Between the bar and the page.
+constexpr double kSpacing = 8;
+
+class TabViewValue final : public ViewValue {
+public:
+  TabViewValue(std::vector<detail::TabPage> pages, std::int64_t selected, std::function<void(std::int64_t)> select)
+      : pages(std::move(pages)), selected(selected), select(std::move(select)) {}
+
+  std::unique_ptr<Node> makeNode() const override;
+  std::string kind() const override { return "TabView"; }
+
+  // The page that is seen: the first where none has the selected tag.
+  std::size_t shown() const {
+    const auto found = std::find_if(pages.begin(), pages.end(), [&](const auto& page) { return page.tag == selected; });
+    return found == pages.end() ? 0 : static_cast<std::size_t>(found - pages.begin());
+  }
+
+  const std::vector<detail::TabPage> pages;
+  const std::int64_t selected;
+  const std::function<void(std::int64_t)> select;
+};
+
+class TabViewNode final : public Node {
+public:
+  std::optional<Axis> stackAxis() const override { return Axis::vertical; }
+
+  void visitChildren(const Visitor& visit) override {
+    if (bar_) visit(*bar_);
+    for (Page& page : pages_) visit(*page.node);
+  }
+
+  void visitShownChildren(const Visitor& visit) override {
+    if (bar_) visit(*bar_);
+    if (Node* page = shownPage()) visit(*page);
+  }
+
+protected:
+  void apply(const ViewValue* before) override {
+    static_cast<void>(before);
+    const auto& value = valueAs<TabViewValue>();
+    reconcile(bar_, describeBar(), inheritedByChildren());
+    dropMissingPages();
+    if (value.pages.empty()) {
+      hasShown_ = false;
+      return;
+    }
+    const detail::TabPage& next = value.pages[value.shown()];
+    Node* const before_ = shownPage();
+    const bool switches = !before_ || shownTag_ != next.tag;
+    if (switches && before_) before_->setActive(false);
+    shownTag_ = next.tag;
+    hasShown_ = true;
+    auto page = std::find_if(pages_.begin(), pages_.end(), [&](const Page& each) { return each.tag == next.tag; });
+    if (page == pages_.end()) {
+      pages_.push_back({next.tag, nullptr});
+      page = std::prev(pages_.end());
+    }
+    reconcile(page->node, next.page, inheritedByChildren());
+    if (!page->node) {
+      pages_.erase(page);
+    } else {
+      page->node->setActive(isActive());
+    }
+    if (switches) childrenChanged();
+  }
+
+  Measurement measure(const ProposedSize& proposal) override {
+    const Size bar = bar_->sizeThatFits({proposal.width, std::nullopt});
+    Size page;
+    if (Node* node = shownPage()) page = node->sizeThatFits(pageProposal(proposal, bar));
+    double width = std::max(bar.width, page.width);
+    if (proposal.width) width = std::max(width, *proposal.width);
+    return {{width, bar.height + kSpacing + page.height}};
+  }
+
+  void placeChildren() override {
+    const Size bar = bar_->sizeThatFits({size().width, std::nullopt});
+    placeChild(*bar_, {std::floor((size().width - bar.width) / 2), 0}, bar);
+    Node* const node = shownPage();
+    if (!node) return;
+    const Size page = node->sizeThatFits(pageProposal({size().width, size().height}, bar));
+    placeChild(*node, {std::floor((size().width - page.width) / 2), bar.height + kSpacing}, page);
+  }
+
+private:
+  struct Page {
+    std::int64_t tag;
+    std::unique_ptr<Node> node;
+  };
+
+  static ProposedSize pageProposal(const ProposedSize& proposal, Size bar) {
+    std::optional<double> height = proposal.height;
+    if (height) *height = std::max(0.0, *height - bar.height - kSpacing);
+    return {proposal.width, height};
+  }
+
+  Node* shownPage() {
+    if (!hasShown_) return nullptr;
+    const auto page = std::find_if(pages_.begin(), pages_.end(), [&](const Page& p) { return p.tag == shownTag_; });
+    return page == pages_.end() ? nullptr : page->node.get();
+  }
+
+  View describeBar() const {
+    const auto& value = valueAs<TabViewValue>();
+    TabBarControl bar;
+    for (const detail::TabPage& page : value.pages) bar.items.push_back({page.title, page.symbol});
+    bar.selected = static_cast<int>(value.shown());
+    std::vector<std::int64_t> tags;
+    for (const detail::TabPage& page : value.pages) tags.push_back(page.tag);
+    bar.select = [tags = std::move(tags), select = value.select](int index) {
+      if (index >= 0 && static_cast<std::size_t>(index) < tags.size()) select(tags[static_cast<std::size_t>(index)]);
+    };
+    const std::string title = value.pages.empty() ? std::string() : value.pages[value.shown()].title;
+    return makeControl("TabBar", std::move(bar), {.role = Role::tabList, .value = title});
+  }
+
+  void dropMissingPages() {
+    const auto& described = valueAs<TabViewValue>().pages;
+    for (std::size_t i = pages_.size(); i-- > 0;) {
+      const auto isThis = [&](const detail::TabPage& page) { return page.tag == pages_[i].tag; };
+      if (std::any_of(described.begin(), described.end(), isThis)) continue;
+      std::unique_ptr<Node> node = std::move(pages_[i].node);
+      pages_.erase(pages_.begin() + static_cast<std::ptrdiff_t>(i));
+      removeChild(std::move(node));
+      childrenChanged();
+    }
+  }
+
+  std::unique_ptr<Node> bar_;
+  std::vector<Page> pages_;
+  std::int64_t shownTag_ = 0;
+  bool hasShown_ = false;
+};
+
+std::unique_ptr<Node> TabViewValue::makeNode() const { return std::make_unique<TabViewNode>(); }
+
+}  // namespace
+
+View detail::makeTabView(std::vector<TabPage> pages, std::int64_t selected, std::function<void(std::int64_t)> select) {
+  return View(std::make_shared<const TabViewValue>(std::move(pages), selected, std::move(select)));
+}
+
+}  // namespace viewkit

@@ -1,0 +1,74 @@
+#include "controls/ControlNode.hpp"
+
+#include "Runtime.hpp"
+
+#include <variant>
+
+namespace viewkit {
+
+namespace {
+
+// Whether both have the same size, whatever they show.
+bool measuresLike(const Control& a, const Control& b) {
+  if (std::holds_alternative<ColorWellControl>(a)) return true;
+  if (const auto* toggle = std::get_if<ToggleControl>(&a)) return toggle->size == std::get<ToggleControl>(b).size;
+  if (const auto* field = std::get_if<TextFieldControl>(&a)) {
+    const auto& other = std::get<TextFieldControl>(b);
+    if (field->lineLimit == 1 && other.lineLimit == 1) return field->placeholder == other.placeholder;
+  }
+  return looksLike(a, b);
+}
+
+class ControlNode final : public ModifierNode {
+public:
+  bool speaksForContents() const override { return content() != nullptr; }
+  void contentsChanged() override { say(); }
+
+protected:
+  bool hasSameIdentity(const ViewValue& next) const override {
+    return static_cast<const ControlValue&>(next).name == value().name;
+  }
+
+  void apply(const ViewValue* before) override {
+    const auto* last = static_cast<const ControlValue*>(before);
+    if (last && !measuresLike(last->control, value().control)) layoutChanged();
+    setContent(value().control);
+    ModifierNode::apply(before);
+    say();
+  }
+
+  Measurement measure(const ProposedSize& proposal) override {
+    return content() ? content()->measured(proposal)
+                     : Measurement{runtime().metrics().controlSize(value().control, proposal)};
+  }
+
+  const InheritedPtr& inheritedByContent() override {
+    return handedOn_.from(inheritedPtr(), [](Inherited& next) {
+      next.forOne = {};
+      next.collapsed = true;
+    });
+  }
+
+private:
+  const ControlValue& value() const { return valueAs<ControlValue>(); }
+
+  void say() {
+    Accessibility accessibility = value().accessibility;
+    // What a menu shows is its value; its name comes from elsewhere.
+    if (accessibility.label.empty() && accessibility.value.empty()) accessibility.label = spokenContents();
+    if (accessibility.label.empty()) accessibility.label = inherited().forOne.help;
+    setAccessibility(std::move(accessibility));
+  }
+
+  HandedOn handedOn_;
+};
+
+}  // namespace
+
+std::unique_ptr<Node> ControlValue::makeNode() const { return std::make_unique<ControlNode>(); }
+
+View makeControl(const char* name, Control control, Accessibility accessibility, const View& content) {
+  return View(std::make_shared<const ControlValue>(name, std::move(control), std::move(accessibility), content));
+}
+
+}  // namespace viewkit

@@ -1,0 +1,103 @@
+#include "layout/StackLayout.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <numeric>
+#include <optional>
+#include <utility>
+
+namespace viewkit {
+
+namespace {
+
+double along(Axis axis, Size size) { return axis == Axis::horizontal ? size.width : size.height; }
+double across(Axis axis, Size size) { return axis == Axis::horizontal ? size.height : size.width; }
+
+ProposedSize proposed(Axis axis, std::optional<double> along, std::optional<double> across) {
+  return axis == Axis::horizontal ? ProposedSize{along, across} : ProposedSize{across, along};
+}
+
+// Where the child's line stands that is aligned with the others' lines.
+double lineOf(const Measurement& child) { return child.firstBaseline.value_or(child.size.height); }
+
+std::vector<Measurement> measureAll(Axis axis, std::span<Node* const> children, std::optional<double> length,
+                                    std::optional<double> breadth, double spacing) {
+  std::vector<Measurement> measurements(children.size());
+  const auto measureEach = [&](std::optional<double> share) {
+    for (std::size_t i = 0; i < children.size(); ++i) {
+      measurements[i] = children[i]->measured(proposed(axis, share, breadth));
+    }
+  };
+  // Without a length, or with all the space there is, nobody has to give way.
+  if (!length || *length == kUnlimited || children.size() == 1) {
+    measureEach(length);
+    return measurements;
+  }
+
+  double left = *length - spacing * static_cast<double>(children.size() - 1);
+  std::vector<double> flexibility(children.size());
+  std::vector<std::size_t> order(children.size());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  for (const std::size_t i : order) {
+    const double most = along(axis, children[i]->sizeThatFits(proposed(axis, kUnlimited, breadth)));
+    const double least = along(axis, children[i]->sizeThatFits(proposed(axis, 0, breadth)));
+    flexibility[i] = most - least;
+  }
+  std::stable_sort(order.begin(), order.end(),
+                   [&](std::size_t a, std::size_t b) { return flexibility[a] < flexibility[b]; });
+  for (std::size_t done = 0; done < order.size(); ++done) {
+    const std::size_t i = order[done];
+    const double share = std::max(0.0, left / static_cast<double>(order.size() - done));
+    measurements[i] = children[i]->measured(proposed(axis, share, breadth));
+    left -= along(axis, measurements[i].size);
+  }
+  return measurements;
+}
+
+}  // namespace
+
+StackLayout::Result StackLayout::layOut(std::span<Node* const> children, const ProposedSize& proposal) const {
+  Result result;
+  if (children.empty()) return result;
+  const bool horizontal = axis == Axis::horizontal;
+  const auto measurements = horizontal ? measureAll(axis, children, proposal.width, proposal.height, spacing)
+                                       : measureAll(axis, children, proposal.height, proposal.width, spacing);
+  const bool byBaseline = horizontal && alignment.vertical == VerticalAlignment::firstTextBaseline;
+
+  double breadth = 0;
+  double line = 0;
+  for (const Measurement& child : measurements) {
+    breadth = std::max(breadth, across(axis, child.size));
+    line = std::max(line, lineOf(child));
+  }
+  if (byBaseline) {
+    breadth = 0;
+    for (const Measurement& child : measurements) {
+      breadth = std::max(breadth, line - lineOf(child) + child.size.height);
+    }
+  }
+
+  double position = 0;
+  std::optional<double> baseline;
+  for (const Measurement& child : measurements) {
+    Rect frame{{}, child.size};
+    if (horizontal) {
+      frame.origin = {
+          position, byBaseline ? line - lineOf(child) : aligned(child.size, {child.size.width, breadth}, alignment).y};
+    } else {
+      frame.origin = {aligned(child.size, {breadth, child.size.height}, alignment).x, position};
+    }
+    if (child.firstBaseline) {
+      const double childBaseline = frame.origin.y + *child.firstBaseline;
+      if (!baseline || (horizontal && childBaseline < *baseline)) baseline = childBaseline;
+    }
+    position += along(axis, child.size) + spacing;
+    result.frames.push_back(frame);
+  }
+  const double length = position - spacing;
+  result.measurement = {horizontal ? Size{length, breadth} : Size{breadth, length}, baseline};
+  return result;
+}
+
+}  // namespace viewkit

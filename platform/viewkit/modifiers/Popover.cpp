@@ -1,0 +1,94 @@
+#include "ModifierNode.hpp"
+
+#include <functional>
+#include <memory>
+#include <utility>
+
+namespace viewkit {
+
+namespace {
+
+// The surface itself: a root for what it shows.
+class PopoverSurfaceValue final : public ModifierValue {
+public:
+  PopoverSurfaceValue(View content, std::function<void()> dismiss)
+      : ModifierValue(std::move(content)), dismiss(std::move(dismiss)) {}
+
+  std::unique_ptr<Node> makeNode() const override;
+  std::string kind() const override { return "Popover"; }
+
+  const std::function<void()> dismiss;
+};
+
+class PopoverSurfaceNode final : public ModifierNode {
+protected:
+  void apply(const ViewValue* before) override {
+    setContent(Control(PopoverControl{.dismiss = valueAs<PopoverSurfaceValue>().dismiss}));
+    setAccessibility({.role = Role::popover});
+    ModifierNode::apply(before);
+  }
+};
+
+std::unique_ptr<Node> PopoverSurfaceValue::makeNode() const { return std::make_unique<PopoverSurfaceNode>(); }
+
+class PopoverValue final : public ModifierValue {
+public:
+  PopoverValue(View content, View surface, PopoverOptions options)
+      : ModifierValue(std::move(content)), surface(std::move(surface)), options(options) {}
+
+  std::unique_ptr<Node> makeNode() const override;
+  std::string kind() const override { return "PopoverAnchor"; }
+
+  // Nothing while it is not presented.
+  const View surface;
+  const PopoverOptions options;
+};
+
+class PopoverNode final : public ModifierNode {
+public:
+  void visitChildren(const Visitor& visit) override {
+    ModifierNode::visitChildren(visit);
+    if (surface_) visit(*surface_);
+  }
+
+protected:
+  void apply(const ViewValue* before) override {
+    // The surface stands beside this node's frame.
+    present();
+    ModifierNode::apply(before);
+    reconcile(surface_, valueAs<PopoverValue>().surface, onSurface());
+    if (before && static_cast<const PopoverValue*>(before)->options.maxWidth != options().maxWidth) placementChanged();
+  }
+
+  void placeChildren() override {
+    ModifierNode::placeChildren();
+    if (surface_) {
+      placeChild(*surface_, {0, size().height}, surface_->sizeThatFits({options().maxWidth, std::nullopt}));
+    }
+  }
+
+private:
+  const PopoverOptions& options() const { return valueAs<PopoverValue>().options; }
+
+  // What is said of the view beside it is not said of the surface.
+  const InheritedPtr& onSurface() {
+    return onSurface_.from(inheritedPtr(), [](Inherited& next) { next = Inherited{.environment = next.environment}; });
+  }
+
+  HandedOn onSurface_;
+  std::unique_ptr<Node> surface_;
+};
+
+std::unique_ptr<Node> PopoverValue::makeNode() const { return std::make_unique<PopoverNode>(); }
+
+}  // namespace
+
+View modified::byPopover(const View& content, const Binding<bool>& isPresented, std::function<View()> popover,
+                         PopoverOptions options) {
+  const View surface = isPresented.get()
+                           ? modifiedView<PopoverSurfaceValue>(popover(), [isPresented] { isPresented.set(false); })
+                           : View{};
+  return modifiedView<PopoverValue>(content, surface, options);
+}
+
+}  // namespace viewkit

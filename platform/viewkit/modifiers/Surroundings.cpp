@@ -1,0 +1,80 @@
+#include "ModifierNode.hpp"
+
+#include <functional>
+#include <memory>
+#include <utility>
+
+namespace viewkit {
+
+namespace {
+
+// What a view says for all it contains, or for the first node of it that can carry it.
+class SurroundingsValue final : public ModifierValue {
+public:
+  using Change = std::function<void(Inherited&)>;
+
+  SurroundingsValue(View content, const char* name, Change change)
+      : ModifierValue(std::move(content)), name(name), change(std::move(change)) {}
+
+  std::unique_ptr<Node> makeNode() const override;
+  std::string kind() const override { return name; }
+
+  const char* const name;
+  const Change change;
+};
+
+class SurroundingsNode final : public ModifierNode {
+protected:
+  bool hasSameIdentity(const ViewValue& next) const override {
+    return static_cast<const SurroundingsValue&>(next).name == valueAs<SurroundingsValue>().name;
+  }
+
+  const InheritedPtr& inheritedByContent() override {
+    return handedOn_.from(inheritedPtr(), valueAs<SurroundingsValue>().change);
+  }
+
+private:
+  HandedOn handedOn_;
+};
+
+std::unique_ptr<Node> SurroundingsValue::makeNode() const { return std::make_unique<SurroundingsNode>(); }
+
+View saying(const View& content, const char* name, SurroundingsValue::Change change) {
+  return modifiedView<SurroundingsValue>(content, name, std::move(change));
+}
+
+constexpr const char* kForeground = "Foreground";
+constexpr const char* kFont = "Font";
+constexpr const char* kDisabled = "Disabled";
+constexpr const char* kHelp = "Help";
+constexpr const char* kLabel = "AccessibilityLabel";
+constexpr const char* kSelected = "AccessibilitySelected";
+
+}  // namespace
+
+View modified::byForeground(const View& content, Color color) {
+  return saying(content, kForeground, [color](Inherited& next) { next.foreground = color; });
+}
+
+View modified::byFont(const View& content, const Font& font) {
+  return saying(content, kFont, [font](Inherited& next) { next.font = font; });
+}
+
+View modified::byDisabled(const View& content, bool disabled) {
+  return saying(content, kDisabled, [disabled](Inherited& next) { next.enabled = next.enabled && !disabled; });
+}
+
+View modified::byHelp(const View& content, std::string help) {
+  return saying(content, kHelp, [help = std::move(help)](Inherited& next) { next.forOne.help = help; });
+}
+
+View modified::byAccessibilityLabel(const View& content, std::string label) {
+  return saying(content, kLabel,
+                [label = std::move(label)](Inherited& next) { next.forOne.accessibilityLabel = label; });
+}
+
+View modified::byAccessibilitySelected(const View& content, bool selected) {
+  return saying(content, kSelected, [selected](Inherited& next) { next.forOne.selected = selected; });
+}
+
+}  // namespace viewkit
