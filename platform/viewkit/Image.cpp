@@ -2,6 +2,7 @@
 
 #include "Node.hpp"
 #include "Runtime.hpp"
+#include "foundation/Bundle.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -85,8 +86,12 @@ Image Image::symbol(SymbolName name) {
 }
 
 Image Image::named(const std::string& name) {
-  static_cast<void>(name);
-  return {};
+  Image image;
+  const foundation::Bundle& bundle = foundation::Bundle::mainBundle();
+  auto path = bundle.pathForResource(name, "svg");
+  if (!path) path = bundle.pathForResource(name, "png");
+  if (path) image.path_ = path->string();
+  return image;
 }
 
 Image Image::resizable() const {

@@ -187,7 +187,7 @@ bool ViewHost::Runtime::isMarked() const {
 
 void ViewHost::Runtime::update() {
   scheduled_ = false;
-  if (inPass_ || closed_) return;
+  if (inPass_ || closed_ || !(isMarked() || presenter_.isMarked())) return;
   for (int round = 0; round == 0 || isMarked(); ++round) {
     const bool withAnswers = round < kRoundsOfAnswers;
     if (round == kRoundsOfAnswers + 1) break;

@@ -2,7 +2,7 @@
 
 #include "Node.hpp"
 #include "Runtime.hpp"
-#include "UpperCase.hpp"
+#include "foundation/Unicode.hpp"
 
 #include <memory>
 #include <utility>
@@ -39,7 +39,7 @@ protected:
   void apply(const ViewValue* before) override {
     const TextDescription& description = valueAs<TextValue>().description;
     TextVisual next{
-        .text = description.uppercased ? upperCased(description.text) : description.text,
+        .text = description.uppercased ? foundation::uppercased(description.text) : description.text,
         .font = description.font.value_or(inherited().font),
         .color = description.color.value_or(inherited().foreground),
         .lineLimit = description.lineLimit,

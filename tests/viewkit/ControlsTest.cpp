@@ -1,0 +1,139 @@
+#include "Support.hpp"
+#include "viewkit/Controls.hpp"
+#include "viewkit/Image.hpp"
+#include "viewkit/Stacks.hpp"
+
+#include <gmock/gmock.h>
+
+#include <string>
+#include <vector>
+
+namespace viewkit {
+namespace {
+
+using headless::Key;
+using ::testing::ElementsAre;
+
+struct Form {
+  State<std::string> name = std::string("old");
+  State<bool> on = false;
+  State<bool> asking = false;
+  std::vector<std::string>* log;
+
+  View body() const {
+    return VStack(
+        {},
+        {TextField({.placeholder = "Name"}, name.binding(), [self = *this] { self.log->push_back(self.name); }),
+         Toggle(on.binding(), ToggleControl::Size::small).accessibilityLabel("Power"),
+         Text(name.get() + (on ? " on" : " off")),
+         Button("Apply", [self = *this] { self.log->push_back("apply"); }).disabled(!on).help("Applies it"),
+         Menu(HStack({}, {Text("TCP"), Image::symbol("chevron.up.chevron.down")}), "TCP",
+              [self = *this] {
+                return std::vector<MenuItem>{{"UDP", [self] { self.log->push_back("udp"); }}};
+              })
+             .help("Source"),
+         HelpButton([self = *this] { self.asking.set(true); }).accessibilityLabel("Help").popover(asking.binding(), [] {
+           return Text("the help");
+         })});
+  }
+};
+
+TEST(Controls, WriteTheirBindingsAndShowWhatTheySay) {
+  std::vector<std::string> log;
+  headless::Window window = testing::open(Form{.log = &log});
+  window.click(window.find(Role::toggle, "Power"));
+  EXPECT_EQ(window.find(Role::toggle, "Power").value(), "on");
+  window.click(window.find(Role::textField, "Name"));
+  window.selectAll();
+  window.type("new");
+  EXPECT_TRUE(window.findText("new on").exists());
+  EXPECT_THAT(log, ElementsAre());
+  window.press(Key::enter);
+  EXPECT_THAT(log, ElementsAre("new"));
+}
+
+TEST(Controls, DisabledOnesDoNothing) {
+  std::vector<std::string> log;
+  headless::Window window = testing::open(Form{.log = &log});
+  const headless::Element apply = window.find(Role::button, "Apply");
+  EXPECT_FALSE(apply.isEnabled());
+  EXPECT_EQ(apply.help(), "Applies it");
+  window.click(apply);
+  window.click(window.find(Role::toggle, "Power"));
+  window.click(apply);
+  EXPECT_THAT(log, ElementsAre("apply"));
+}
+
+TEST(Controls, AMenuIsNamedByItsHelpAndTellsItsValue) {
+  std::vector<std::string> log;
+  headless::Window window = testing::open(Form{.log = &log});
+  const headless::Element menu = window.find(Role::menuButton, "Source");
+  EXPECT_EQ(menu.value(), "TCP");
+  window.choose(menu, "UDP");
+  EXPECT_THAT(log, ElementsAre("udp"));
+}
+
+TEST(Controls, APopoverIsThereWhileItsBindingSaysSo) {
+  std::vector<std::string> log;
+  headless::Window window = testing::open(Form{.log = &log});
+  EXPECT_FALSE(window.findText("the help").exists());
+  window.click(window.find(Role::helpButton, "Help"));
+  EXPECT_TRUE(window.findText("the help").exists());
+  window.press(Key::escape);
+  EXPECT_FALSE(window.findText("the help").exists());
+}
+
+struct Card {
+  State<std::string> title = std::string("Light");
+  State<int> taps = 0;
+  View body() const {
+    return VStack({}, {Image::symbol("clock"), Text(title).uppercased(), Text("taps " + std::to_string(taps))})
+        .accessibilityRole(Role::listItem)
+        .accessibilitySelected(taps > 0)
+        .onTap([self = *this] {
+          self.taps.set(self.taps + 1);
+          self.title.set("Dark");
+        });
+  }
+};
+
+TEST(Accessibility, ARoleSpeaksForAllThatItContains) {
+  headless::Window window = testing::open(View(Card{}));
+  const headless::Element card = window.find(Role::listItem);
+  EXPECT_EQ(card.label(), "Light taps 0");
+  EXPECT_TRUE(window.findAll(Role::text).empty());
+  EXPECT_TRUE(card.content().accessibility.pressable);
+  EXPECT_TRUE(window.host().press(card.id()));
+  window.settle();
+  EXPECT_EQ(card.label(), "Dark taps 1");
+}
+
+TEST(Accessibility, WhatIsSaidOfAContainerIsSaidOnce) {
+  headless::Window window = testing::open(
+      HStack({}, {Text("a"), Text("b")}).accessibilityLabel("both").help("two letters").accessibilitySelected(true));
+  const headless::Element group = window.find(Role::group);
+  EXPECT_EQ(group.label(), "both");
+  EXPECT_EQ(group.help(), "two letters");
+  EXPECT_EQ(group.isSelected(), true);
+  EXPECT_EQ(group.findAll(Role::text).size(), 2U);
+  EXPECT_EQ(group.findText("a").label(), "a");
+}
+
+TEST(Accessibility, APlainButtonIsNamedByItsWords) {
+  headless::Window window = testing::open(PlainButton(HStack({}, {Text("Open"), Text("file")}), [] {}));
+  EXPECT_EQ(window.find(Role::button).label(), "Open file");
+}
+
+TEST(Pointer, ClicksGoToTheInnermostRegion) {
+  std::vector<std::string> log;
+  headless::Window window = testing::open(
+      HStack({.spacing = 0}, {Text("inner").onTap([&] { log.emplace_back("inner"); }), Text("beside")}).onTap([&] {
+        log.emplace_back("outer");
+      }));
+  window.click(window.findText("inner"));
+  window.click(window.findText("beside"));
+  EXPECT_THAT(log, ElementsAre("inner", "outer"));
+}
+
+}  // namespace
+}  // namespace viewkit
