@@ -1,0 +1,220 @@
+#include "AnalyzerWindowTest.hpp"
+#include "QEVDependencies/QEVError.hpp"
+#include "QEVDependencies/QEVProtocolKonstants.hpp"
+#include "QEVModels/AnalyzerPortsStore.hpp"
+#include "foundation/NotificationCenter.hpp"
+
+#include <gmock/gmock.h>
+
+#include <stdexcept>
+
+namespace QEVSettings {
+namespace {
+
+using headless::Key;
+using QEVDependencies::QEVError;
+using QEVDependencies::QEVProtocolKonstants;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using viewkit::Role;
+
+constexpr const char* kKey = "com_velloquin_qev_test_protocols";
+
+// An analyzer of two protocols; the journal tells the controller's calls, the writes of the list and the
+// notifications in one order.
+class CompactPortsEditorViewTest : public AnalyzerWindowTest {
+protected:
+  CompactPortsEditorViewTest() {
+    preferences->config = {.ports = {{.networkProtocolKey = kKey,
+                                      .defaultProtocolNames = {"HTTP", "Proxy", "WebSocket"},
+                                      .defaultPorts = factory}}};
+    load("Web", preferences);
+  }
+
+  headless::Window& show() {
+    headless::Window& window = open();
+    journal.clear();
+    return window;
+  }
+
+  std::vector<std::string> storedPorts() {
+    std::vector<std::string> texts;
+    for (const auto& each : QEVModels::AnalyzerPortsStore(kKey, store.underneath()).decode({})) {
+      texts.push_back(each->protocolName.get() + " " + each->protocolPorts.get());
+    }
+    return texts;
+  }
+
+  static std::vector<std::string> shownPorts(const headless::Window& window) {
+    std::vector<std::string> texts;
+    for (const auto& field : window.findAll(Role::textField)) texts.push_back(field.value());
+    return texts;
+  }
+
+  static void type(headless::Window& window, std::size_t row, std::string_view text) {
+    window.click(window.findAll(Role::textField)[row]);
+    window.selectAll();
+    window.type(text);
+  }
+
+  static headless::Element menu(const headless::Window& window, const char* label, std::size_t row) {
+    std::vector<headless::Element> menus = window.findAll(Role::menuButton);
+    std::erase_if(menus, [&](const headless::Element& each) { return each.label() != label; });
+    return menus.at(row);
+  }
+
+  Journal journal;
+  QEVDependencies::QEVNetworkProtocolList factory{protocol("HTTP", "80", 1), protocol("Proxy", "3128,8080", 1)};
+  std::shared_ptr<PortsPreferences> preferences = std::make_shared<PortsPreferences>(journal);
+
+private:
+  QEVSettings::Subscription stored_ = store.observe(kKey, [this](std::string_view) { journal.push_back("store"); });
+  QEVSettings::Subscription listChanged_ = foundation::NotificationCenter::defaultCenter().observe(
+      rawValue(static_cast<QEVProtocolKonstants>(9)), [this](std::string_view) { journal.push_back("notify 9"); });
+  QEVSettings::Subscription portsChanged_ = foundation::NotificationCenter::defaultCenter().observe(
+      rawValue(static_cast<QEVProtocolKonstants>(3)), [this](std::string_view) { journal.push_back("notify 3"); });
+};
+
+TEST_F(CompactPortsEditorViewTest, ShowsTheStoredListOrElseTheFactoryList) {
+  EXPECT_THAT(shownPorts(show()), ElementsAre("80", "3128,8080"));
+  EXPECT_FALSE(store.underneath().objectForKey(kKey)) << "being shown stores nothing";
+
+  QEVModels::AnalyzerPortsStore(kKey, store.underneath()).encode({protocol("", "1-5", 3), protocol("X", "9", 77)});
+  headless::Window& window = show();
+  EXPECT_THAT(shownPorts(window), ElementsAre("1-5", "9"));
+  EXPECT_EQ(menu(window, "Name", 0).value(), "Select");
+  EXPECT_EQ(menu(window, "Source", 0).value(), "UDP/TCP");
+  EXPECT_EQ(menu(window, "Source", 1).value(), "None");
+}
+
+TEST_F(CompactPortsEditorViewTest, ReportsStoresAndNotifiesAPickedNameInThisOrder) {
+  headless::Window& window = show();
+  std::vector<std::string> titles;
+  for (const auto& item : window.menuItems(menu(window, "Name", 0))) titles.push_back(item.title);
+  EXPECT_THAT(titles, ElementsAre("HTTP", "Proxy", "WebSocket"));
+
+  window.choose(menu(window, "Name", 0), "WebSocket");
+  EXPECT_THAT(journal, ElementsAre("replace HTTP 80 1 by WebSocket 80 1, name", "store", "notify 9", "notify 3"));
+  EXPECT_THAT(storedPorts(), ElementsAre("WebSocket 80", "Proxy 3128,8080"));
+  EXPECT_EQ(menu(window, "Name", 0).value(), "WebSocket");
+  EXPECT_EQ(factory[0]->protocolName.get(), "HTTP") << "the factory records stay as they are";
+}
+
+TEST_F(CompactPortsEditorViewTest, ReportsAPickedSourceAgainstTheLastRegisteredState) {
+  headless::Window& window = show();
+  window.choose(menu(window, "Source", 0), "UDP");
+  window.choose(menu(window, "Source", 0), "None");
+  EXPECT_THAT(journal, ElementsAre("replace HTTP 80 1 by HTTP 80 2, source", "store", "notify 9", "notify 3",
+                                   "replace HTTP 80 2 by HTTP 80 0, source", "store", "notify 9", "notify 3"));
+}
+
+TEST_F(CompactPortsEditorViewTest, CommitsTheNormalFormAndTellsTheCorrectionsLineByLine) {
+  headless::Window& window = show();
+  type(window, 0, "81, x, 70000, 81");
+  EXPECT_THAT(journal, IsEmpty()) << "typing alone changes nothing";
+
+  window.press(Key::enter);
+  EXPECT_THAT(journal, ElementsAre("replace HTTP 80 1 by HTTP 81 1, ports", "store", "notify 9", "notify 3"));
+  EXPECT_THAT(shownPorts(window), ElementsAre("81", "3128,8080"));
+  EXPECT_THAT(storedPorts(), ElementsAre("HTTP 81", "Proxy 3128,8080"));
+  const std::string said = window.find(Role::alert).label();
+  EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 2) << said;
+  EXPECT_THAT(said, HasSubstr("“70000”"));
+
+  type(window, 0, "82");
+  window.press(Key::enter);
+  EXPECT_FALSE(window.find(Role::alert).exists()) << "a clean commit clears what was said";
+}
+
+TEST_F(CompactPortsEditorViewTest, KeepsATextWithoutPortsAndSaysSoOnItsRow) {
+  headless::Window& window = show();
+  const auto second = window.findAll(Role::textField)[1].frame();
+  type(window, 0, "none of them");
+  window.press(Key::enter);
+  EXPECT_THAT(journal, IsEmpty());
+  EXPECT_THAT(shownPorts(window), ElementsAre("none of them", "3128,8080"));
+  const auto alert = window.find(Role::alert);
+  EXPECT_THAT(alert.label(), testing::StartsWith("Error"));
+  EXPECT_LE(alert.frame().maxY(), window.findAll(Role::textField)[1].frame().origin.y);
+  EXPECT_GT(window.findAll(Role::textField)[1].frame().origin.y, second.origin.y);
+}
+
+TEST_F(CompactPortsEditorViewTest, StopsWhereTheAnalyzerRefuses) {
+  const std::string details = message(QEVError::analyzerRefusedChange);
+  headless::Window& window = show();
+  preferences->refuse = [] { throw QEVError::analyzerRefusedChange; };
+  window.choose(menu(window, "Name", 0), "Proxy");
+  EXPECT_THAT(journal, ElementsAre("replace HTTP 80 1 by Proxy 80 1, name"));
+  EXPECT_EQ(window.find(Role::alert).label(), "Error\n" + details);
+  EXPECT_EQ(menu(window, "Name", 0).value(), "Proxy") << "the row keeps what was picked";
+
+  journal.clear();
+  preferences->refuse = [] { throw std::runtime_error("anything else"); };
+  type(window, 1, "1");
+  window.press(Key::enter);
+  EXPECT_THAT(journal, ElementsAre("replace Proxy 3128,8080 1 by Proxy 1 1, ports"));
+  ASSERT_EQ(window.findAll(Role::alert).size(), 2U);
+  EXPECT_EQ(window.findAll(Role::alert)[1].label(), "Error");
+  EXPECT_FALSE(store.underneath().objectForKey(kKey));
+  preferences->refuse = nullptr;
+}
+
+TEST_F(CompactPortsEditorViewTest, ResetsRowByRowAndStoresTheFactoryList) {
+  QEVModels::AnalyzerPortsStore(kKey, store.underneath())
+      .encode({protocol("HTTP", "8000", 1), protocol("Unknown", "5", 1), protocol("Proxy", "", 1),
+               protocol("Proxy", "9", 2)});
+  headless::Window& window = show();
+  preferences->refuse = [this] {
+    if (journal.size() == 1) throw QEVError::registrationFailed;
+  };
+  window.click(window.find(Role::button, "Reset"));
+  EXPECT_THAT(journal,
+              ElementsAre("replace HTTP 8000 1 by HTTP 80 1, ports", "replace Proxy 9 2 by Proxy 3128,8080 1, ports",
+                          "set default settings", "store", "notify 9", "notify 3"));
+  EXPECT_THAT(shownPorts(window), ElementsAre("80", "3128,8080"));
+  EXPECT_THAT(storedPorts(), ElementsAre("HTTP 80", "Proxy 3128,8080"));
+  EXPECT_FALSE(window.find(Role::alert).exists()) << "the rows that failed are no longer there";
+}
+
+TEST_F(CompactPortsEditorViewTest, CommitsWhatWasTypedWhenItGoesAway) {
+  load("Another");
+  const auto goAway = std::vector<std::pair<std::string, std::function<void(headless::Window&)>>>{
+      {"another tab", [](headless::Window& window) { window.selectTab("Fonts"); }},
+      {"another analyzer", [](headless::Window& window) { window.click(window.find(Role::listItem, "Another")); }},
+      {"the window closes", [this](headless::Window&) { close(); }},
+  };
+  for (const auto& [name, leave] : goAway) {
+    SCOPED_TRACE(name);
+    store.underneath().removeObject(kKey);
+    store.underneath().setInteger(0, "QEVAnalyzerSettingsSelectedIndex");
+    headless::Window& window = show();
+    type(window, 0, "99,98");
+    leave(window);
+    EXPECT_THAT(journal, ElementsAre("replace HTTP 80 1 by HTTP 98,99 1, ports", "store", "notify 9", "notify 3"));
+  }
+}
+
+TEST_F(CompactPortsEditorViewTest, CommitsNothingWhenItGoesAwayUnchanged) {
+  headless::Window& window = show();
+  window.selectTab("Fonts");
+  EXPECT_THAT(journal, IsEmpty());
+}
+
+TEST_F(CompactPortsEditorViewTest, GoesOnWithoutAControllerThatIsGone) {
+  auto silent = std::make_shared<AnalyzerPreferences>();
+  silent->config = preferences->config;
+  load("Web without a ports interface", silent);
+  headless::Window& window = show();
+  window.click(window.find(Role::listItem, "Web without a ports interface"));
+  journal.clear();
+  window.choose(menu(window, "Source", 1), "UDP/TCP");
+  type(window, 1, "1-3");
+  window.press(Key::enter);
+  window.click(window.find(Role::button, "Reset"));
+  EXPECT_THAT(journal, ElementsAre("store", "notify 9", "notify 3", "store", "notify 9", "notify 3", "store",
+                                   "notify 9", "notify 3"));
+}
+
+}  // namespace
+}  // namespace QEVSettings

@@ -1,0 +1,176 @@
+#include "QEVDependencies/ProxyServiceProtocol.hpp"
+#include "QEVSettings/ProxySettingsView.hpp"
+#include "SettingsWindowTest.hpp"
+#include "foundation/MainQueue.hpp"
+
+#include <gmock/gmock.h>
+
+namespace QEVSettings {
+namespace {
+
+using headless::Key;
+using testing::HasSubstr;
+using viewkit::Role;
+
+void enter(headless::Window& window, const char* label, std::string_view text) {
+  window.click(window.find(Role::textField, label));
+  window.selectAll();
+  window.type(text);
+  window.press(Key::enter);
+}
+
+class QEVCaptureSettingsViewTest : public SettingsWindowTest {
+protected:
+  // Below the fields, where nothing else is.
+  static viewkit::Point emptySpace(const headless::Window& window) {
+    const auto label = window.findText("Size of a file (MiB)").frame();
+    return {label.origin.x + 400, label.origin.y + 5};
+  }
+};
+
+TEST_F(QEVCaptureSettingsViewTest, EndsTheEditingOfTextAfterAClickBesideTheControls) {
+  headless::Window& window = open(Tabs::capture);
+  window.click(window.find(Role::textField, "Capture filter"));
+  window.type("tcp");
+  ASSERT_TRUE(window.firstResponder());
+
+  EXPECT_TRUE(window.host().click(emptySpace(window)));
+  EXPECT_TRUE(window.firstResponder()) << "the click itself changes nothing";
+  foundation::MainQueue::mainQueue().drainAll();
+  EXPECT_FALSE(window.firstResponder());
+  EXPECT_EQ(captureModel->captureFilter(), "tcp");
+}
+
+TEST_F(QEVCaptureSettingsViewTest, LeavesTheKeyboardAloneWhenNoWindowIsKey) {
+  headless::Window& window = open(Tabs::capture);
+  window.click(window.find(Role::textField, "Capture filter"));
+  window.resignKey();
+  EXPECT_TRUE(window.click(emptySpace(window)));
+  EXPECT_TRUE(window.firstResponder());
+}
+
+TEST_F(QEVCaptureSettingsViewTest, ListsTheMachinesInterfacesAndKeepsTheChosenOne) {
+  interfaces->interfaces = {
+      {.name = "lo", .addresses = {"127.0.0.1", "::1"}, .isUp = false},
+      {.name = "en0", .addresses = {"192.0.2.7"}, .isUp = true},
+      {.name = "en1", .addresses = {}, .isUp = true},
+  };
+  headless::Window& window = open(Tabs::capture);
+  const auto row = [&](std::size_t i) { return window.findAll(Role::listItem).at(i); };
+  EXPECT_THAT(row(0).label(), testing::AllOf(HasSubstr("lo"), HasSubstr("127.0.0.1, ::1"), HasSubstr("down")));
+  EXPECT_EQ(row(1).isSelected(), true) << "the first that is up, while none is chosen";
+
+  window.click(row(2));
+  EXPECT_EQ(captureModel->interfaceName(), "en1");
+  EXPECT_EQ(row(2).isSelected(), true);
+
+  interfaces->objectWillChange().announce();
+  interfaces->interfaces.resize(2);
+  window.settle();
+  EXPECT_EQ(row(2).isSelected(), true) << "it stays chosen while it is unplugged";
+  EXPECT_THAT(row(2).label(), HasSubstr("down"));
+}
+
+TEST_F(QEVCaptureSettingsViewTest, TakesANumberWithinItsLimitsAndExplainsAnyOther) {
+  headless::Window& window = open(Tabs::capture);
+  enter(window, "Snapshot length (bytes)", " 1500 ");
+  EXPECT_EQ(captureModel->snapshotLength(), 1500);
+  for (const char* wrong : {"63", "262145", "15 00", "0x40", "-64", "99999999999999999999", ""}) {
+    SCOPED_TRACE(wrong);
+    enter(window, "Snapshot length (bytes)", wrong);
+    EXPECT_EQ(captureModel->snapshotLength(), 1500);
+    EXPECT_THAT(window.find(Role::alert).label(), HasSubstr("64"));
+    EXPECT_EQ(window.find(Role::textField, "Snapshot length (bytes)").value(), wrong);
+  }
+  enter(window, "Snapshot length (bytes)", "64");
+  EXPECT_FALSE(window.find(Role::alert).exists());
+}
+
+TEST_F(QEVCaptureSettingsViewTest, OffersTheSizeOfARingOnlyWithARing) {
+  headless::Window& window = open(Tabs::capture);
+  const auto count = window.find(Role::textField, "Number of files");
+  EXPECT_FALSE(count.isEnabled());
+  window.click(window.find(Role::toggle, "Ring of files"));
+  EXPECT_TRUE(count.isEnabled());
+  enter(window, "Number of files", "3");
+  EXPECT_EQ(captureModel->ringFileCount(), 3);
+}
+
+TEST_F(QEVCaptureSettingsViewTest, ReadsWhatMakesNoSenseAsTheInitialValue) {
+  const auto& keys = QEVCoreComponents::QEVCaptureViewModel::kKeyPrefix;
+  store.underneath().setInteger(-1, std::string(keys) + "snapshotLength");
+  store.underneath().setObject("many", std::string(keys) + "bufferSize");
+  store.underneath().setObject(PreferenceValue::Bytes{0}, std::string(keys) + "filter");
+  headless::Window& window = open(Tabs::capture);
+  EXPECT_EQ(window.find(Role::textField, "Snapshot length (bytes)").value(), "262144");
+  EXPECT_EQ(window.find(Role::textField, "Buffer size (MiB)").value(), "16");
+  EXPECT_EQ(window.find(Role::textField, "Capture filter").value(), "");
+}
+
+class KeptProxy final : public QEVDependencies::ProxyServiceProtocol {
+public:
+  bool isEnabled() const override { return enabled; }
+  void setEnabled(bool next) override {
+    change([&] { enabled = next; });
+  }
+  std::string problem() const override { return enabled ? "the port is taken" : ""; }
+  QEVDependencies::ProxyAddress listeningAddress() const override { return listening; }
+  void setListeningAddress(QEVDependencies::ProxyAddress next) override {
+    change([&] { listening = next; });
+  }
+  std::optional<QEVDependencies::ProxyAddress> upstream() const override { return next; }
+  void setUpstream(std::optional<QEVDependencies::ProxyAddress> address) override {
+    change([&] { next = address; });
+  }
+  bool interceptsTLS() const override { return intercepts; }
+  void setInterceptsTLS(bool value) override {
+    change([&] { intercepts = value; });
+  }
+  std::string certificatePath() const override { return "/certificates/root.pem"; }
+
+  bool enabled = false;
+  QEVDependencies::ProxyAddress listening{.host = "127.0.0.1", .port = 8080};
+  std::optional<QEVDependencies::ProxyAddress> next;
+  bool intercepts = false;
+
+private:
+  void change(const std::function<void()>& make) {
+    objectWillChange().announce();
+    make();
+  }
+};
+
+class ProxySettingsViewTest : public SettingsWindowTest {};
+
+TEST_F(ProxySettingsViewTest, EditsTheHostsServiceAndRefusesBadAddresses) {
+  const auto proxy = std::make_shared<KeptProxy>();
+  headless::Window& window = open(Tabs::proxy, ProxySettingsView(proxy));
+
+  window.click(window.find(Role::toggle, "Proxy"));
+  EXPECT_TRUE(proxy->enabled);
+  EXPECT_EQ(window.find(Role::alert).label(), "the port is taken");
+  window.click(window.find(Role::toggle, "Proxy"));
+  window.click(window.find(Role::toggle, "Intercept TLS"));
+  EXPECT_TRUE(proxy->intercepts);
+
+  enter(window, "Listening address", "::1");
+  enter(window, "Listening port", "9090");
+  EXPECT_EQ(proxy->listening.text(), "[::1]:9090");
+  for (const auto& [label, text] : {std::pair{"Listening address", "not a host"}, {"Listening port", "0"}}) {
+    enter(window, label, text);
+    EXPECT_TRUE(window.find(Role::alert).exists()) << label;
+    EXPECT_EQ(proxy->listening.text(), "[::1]:9090");
+    enter(window, label, label == std::string("Listening port") ? "9090" : "::1");
+  }
+
+  EXPECT_FALSE(window.find(Role::textField, "Upstream port").isEnabled());
+  enter(window, "Upstream proxy", "proxy.example");
+  enter(window, "Upstream port", "3128");
+  ASSERT_TRUE(proxy->next);
+  EXPECT_EQ(proxy->next->text(), "proxy.example:3128");
+  enter(window, "Upstream proxy", "");
+  EXPECT_FALSE(proxy->next);
+}
+
+}  // namespace
+}  // namespace QEVSettings

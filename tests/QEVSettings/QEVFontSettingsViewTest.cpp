@@ -1,0 +1,98 @@
+#include "QEVCommonTools/FontPreferences.hpp"
+#include "SettingsWindowTest.hpp"
+
+#include <gmock/gmock.h>
+
+namespace QEVSettings {
+namespace {
+
+using QEVCommonTools::FontPreferences;
+using testing::ElementsAre;
+using viewkit::Role;
+
+constexpr const char* kWarning = "Not a monospaced font. Consider using a monospaced font.";
+constexpr const char* kConsoleLabel = "Console Font:";
+
+const appkit::Font kProportional{.family = "Serif", .style = "Italic", .pointSize = 12.5};
+const appkit::Font kMonospaced{.family = "Test Mono", .style = "", .pointSize = 13};
+
+struct FontRow {
+  const char* label;
+  const char* key;
+};
+
+constexpr std::array kRows{
+    FontRow{"Packets List Font:", "com_velloquin_zorvantine_fontPacketTable"},
+    FontRow{kConsoleLabel, "com_velloquin_zorvantine_fontConsoleRaw"},
+    FontRow{"Protocol Details:", "com_velloquin_zorvantine_fontProtocolDetails"},
+    FontRow{"Protocol Statistics Font:", "com_velloquin_zorvantine_fontBaseProtocolStatistics"},
+    FontRow{"Data Sources List Font:", "com_velloquin_zorvantine_fontDataSourcesList"},
+    FontRow{"Data Sources Header Font:", "com_velloquin_zorvantine_fontDataSourcesHead"},
+};
+
+class QEVFontSettingsViewTest : public SettingsWindowTest {};
+
+TEST_F(QEVFontSettingsViewTest, StoresAChoiceUnderItsRowsKeyAndShowsItThere) {
+  for (const FontRow& row : kRows) {
+    SCOPED_TRACE(row.label);
+    store.forget();
+    headless::Window& window = open(Tabs::appearance);
+    ASSERT_TRUE(window.choose(window.find(Role::fontPicker, row.label), kProportional));
+
+    ASSERT_EQ(store.changes().size(), 1U);
+    EXPECT_EQ(store.changes().front().key, row.key);
+    const auto sample = window.findText("Serif Italic 12.5");
+    ASSERT_TRUE(sample.exists()) << sample.problem();
+    EXPECT_EQ(std::get<viewkit::TextVisual>(sample.content().content).font.chosen(), kProportional);
+    EXPECT_EQ(window.findText(kWarning).exists(), row.label == kConsoleLabel);
+    store.underneath().removeObject(row.key);
+  }
+}
+
+TEST_F(QEVFontSettingsViewTest, WarnsAboutTheConsoleUntilItsFontIsMonospaced) {
+  FontPreferences(store.underneath()).setCom_velloquin_zorvantine_fontConsoleRaw(kProportional);
+  headless::Window& window = open(Tabs::appearance);
+  EXPECT_TRUE(window.findText(kWarning).exists());
+
+  window.choose(window.find(Role::fontPicker, kConsoleLabel), kMonospaced);
+  EXPECT_FALSE(window.findText(kWarning).exists());
+  EXPECT_TRUE(window.findText("Test Mono 13.0").exists());
+}
+
+TEST_F(QEVFontSettingsViewTest, KeepsItsSamplesWhenAFontChangesElsewhere) {
+  headless::Window& window = open(Tabs::appearance);
+  FontPreferences(store.underneath()).setCom_velloquin_zorvantine_fontConsoleRaw(kMonospaced);
+  window.settle();
+  EXPECT_FALSE(window.findText("Test Mono 13.0").exists());
+  EXPECT_TRUE(open(Tabs::appearance).findText("Test Mono 13.0").exists());
+}
+
+TEST_F(QEVFontSettingsViewTest, ShortensALongNameInItsMiddle) {
+  FontPreferences(store.underneath())
+      .setCom_velloquin_zorvantine_fontPacketTable({.family = std::string(200, 'W'), .style = "", .pointSize = 10});
+  headless::Window& window = open(Tabs::appearance);
+  const auto sample = window.findText(std::string(200, 'W') + " 10.0");
+  ASSERT_TRUE(sample.exists()) << sample.problem();
+  EXPECT_EQ(std::get<viewkit::TextVisual>(sample.content().content).truncation, viewkit::Truncation::middle);
+  EXPECT_LE(sample.frame().maxX(), window.find(Role::fontPicker, "Packets List Font:").frame().origin.x);
+}
+
+TEST_F(QEVFontSettingsViewTest, TintsTheRowUnderThePointer) {
+  headless::Window& window = open(Tabs::appearance);
+  EXPECT_THAT(tints(window), testing::IsEmpty());
+
+  const auto label = window.findText(kConsoleLabel);
+  window.hover(label);
+  ASSERT_EQ(tints(window).size(), 1U);
+  EXPECT_TRUE(tints(window).front().contains(label.frame().origin));
+
+  window.hover(window.findText("Protocol Details:"));
+  ASSERT_EQ(tints(window).size(), 1U);
+  EXPECT_FALSE(tints(window).front().contains(label.frame().origin));
+
+  window.pointerLeft();
+  EXPECT_THAT(tints(window), testing::IsEmpty());
+}
+
+}  // namespace
+}  // namespace QEVSettings
