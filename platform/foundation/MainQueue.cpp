@@ -16,6 +16,7 @@ void MainQueue::async(Work work) {
     if (pending_.empty()) waker = waker_;
     pending_.push_back(std::move(work));
   }
+  arrived_.notify_all();
   if (waker) waker();
 }
 
@@ -32,6 +33,11 @@ bool MainQueue::drain() {
 void MainQueue::drainAll(int turns) {
   while (turns-- > 0 && drain()) {
   }
+}
+
+bool MainQueue::wait(std::chrono::milliseconds longest) {
+  std::unique_lock lock(mutex_);
+  return arrived_.wait_for(lock, longest, [this] { return !pending_.empty(); });
 }
 
 void MainQueue::setWaker(std::function<void()> waker) {

@@ -1,5 +1,7 @@
 #include "PreferencesFile.hpp"
 
+#include "FileDescriptor.hpp"
+#include "PreferenceCell.hpp"
 #include "foundation/PreferenceCoding.hpp"
 
 #include <fcntl.h>
@@ -7,34 +9,39 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
 #include <atomic>
 #include <cerrno>
-#include <cmath>
-#include <limits>
+#include <cstdlib>
 #include <system_error>
 #include <utility>
 
 namespace foundation {
 
-using QEVSettings::PreferenceValue;
-
 namespace {
 
 constexpr int kApplicationId = 0x5A565052;  // "ZVPR" at a fixed place of the file
 constexpr int kFormatVersion = 1;
-constexpr int kBusyMilliseconds = 2000;
+constexpr auto kLongestWait = std::chrono::milliseconds(500);
 // SQLite holds a row of a thousand million bytes, of which its own bookkeeping takes a few.
 constexpr std::uint64_t kMaximumRowBytes = 999'000'000;
 
 std::string reason(int error) { return std::generic_category().message(error); }
+
+void sync(const std::filesystem::path& folder) {
+  if (const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)); opened) {
+    ::fsync(opened.get());
+  }
+}
 
 // A folder of ours is nobody else's, whatever the umask.
 Outcome makeFolders(const std::filesystem::path& folder) {
   std::error_code error;
   if (folder.empty() || std::filesystem::is_directory(folder, error)) return done();
   if (auto outcome = makeFolders(folder.parent_path()); !outcome) return outcome;
-  if (::mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST) {
+  if (::mkdir(folder.c_str(), 0700) == 0) {
+    ::chmod(folder.c_str(), 0700);
+    sync(folder.parent_path());
+  } else if (errno != EEXIST) {
     return Error{"cannot create the folder " + folder.string() + " (" + reason(errno) +
                  "); create it, or choose a file elsewhere"};
   }
@@ -44,84 +51,116 @@ Outcome makeFolders(const std::filesystem::path& folder) {
   return done();
 }
 
-// Must run before SQLite opens the file: closing any descriptor of it would drop SQLite's locks.
-Outcome makeFile(const std::filesystem::path& path) {
-  const int descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-  if (descriptor >= 0) {
-    ::fchmod(descriptor, 0600);
-    ::close(descriptor);
-    return done();
-  }
-  const int whyNot = errno;
-  struct stat found {};
-  if (::stat(path.c_str(), &found) != 0) {
-    return Error{"cannot create " + path.string() + " (" + reason(whyNot) +
-                 "); allow writing to its folder, or choose a file elsewhere"};
-  }
-  if (S_ISDIR(found.st_mode)) return Error{path.string() + " is a folder; choose a file"};
-  if (!S_ISREG(found.st_mode)) return Error{path.string() + " is no regular file; choose another"};
-  if (found.st_uid == ::geteuid() && (found.st_mode & 077) != 0) ::chmod(path.c_str(), 0600);
-  return done();
-}
-
-void bindBytes(sqlite3_stmt* statement, int column, const void* bytes, std::size_t size) {
-  // A null pointer would bind NULL, and an empty vector may have one.
-  if (size == 0) {
-    sqlite3_bind_zeroblob(statement, column, 0);
-  } else {
-    sqlite3_bind_blob64(statement, column, bytes, size, SQLITE_STATIC);
-  }
-}
-
-std::span<const std::uint8_t> columnBytes(sqlite3_stmt* statement, int column) {
-  const auto* bytes = static_cast<const std::uint8_t*>(sqlite3_column_blob(statement, column));
-  return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
+void removeStore(const std::filesystem::path& path) {
+  for (const char* ending : {"", "-wal", "-shm", "-journal"}) ::unlink((path.string() + ending).c_str());
 }
 
 std::string columnText(sqlite3_stmt* statement, int column) {
-  const auto bytes = columnBytes(statement, column);
-  return {bytes.begin(), bytes.end()};
+  const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement, column));
+  return bytes != nullptr ? std::string(bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)))
+                          : std::string();
 }
 
-double columnReal(sqlite3_stmt* statement, int column) {
-  return sqlite3_column_type(statement, column) == SQLITE_NULL ? std::numeric_limits<double>::quiet_NaN()
-                                                               : sqlite3_column_double(statement, column);
-}
-
-// The value of a row; nothing when the key was removed, or when the row holds what no release of ours wrote.
-std::optional<PreferenceValue> columnValue(sqlite3_stmt* statement, int typeColumn, int column) {
-  if (sqlite3_column_type(statement, typeColumn) != SQLITE_INTEGER) return std::nullopt;
-  switch (static_cast<PreferenceValue::Type>(sqlite3_column_int(statement, typeColumn))) {
-    case PreferenceValue::Type::integer: return std::int64_t{sqlite3_column_int64(statement, column)};
-    case PreferenceValue::Type::boolean: return sqlite3_column_int64(statement, column) != 0;
-    case PreferenceValue::Type::real: return columnReal(statement, column);
-    case PreferenceValue::Type::string: return columnText(statement, column);
-    case PreferenceValue::Type::data: {
-      const auto bytes = columnBytes(statement, column);
-      return PreferenceValue::Bytes(bytes.begin(), bytes.end());
+// The file and its log under names in a new folder, in which SQLite may do what it likes. Removed at the end.
+class PrivateCopy {
+public:
+  explicit PrivateCopy(const std::filesystem::path& original) {
+    std::error_code error;
+    std::string folder = (std::filesystem::temp_directory_path(error) / "preferences-XXXXXX").string();
+    if (error || ::mkdtemp(folder.data()) == nullptr) return;
+    folder_ = folder;
+    for (const char* ending : {"", "-wal"}) {
+      std::filesystem::copy_file(original.string() + ending, path().string() + ending, error);
     }
-    case PreferenceValue::Type::date:
-      return PreferenceValue::Date(PreferenceValue::Date::duration(columnReal(statement, column)));
-    case PreferenceValue::Type::array:
-    case PreferenceValue::Type::dictionary: return decodedPreference(columnBytes(statement, column));
+    ::chmod(path().c_str(), 0600);
   }
-  return std::nullopt;
-}
+  PrivateCopy(const PrivateCopy&) = delete;
+  PrivateCopy& operator=(const PrivateCopy&) = delete;
+  ~PrivateCopy() {
+    std::error_code error;
+    if (!folder_.empty()) std::filesystem::remove_all(folder_, error);
+  }
+
+  std::filesystem::path path() const { return folder_ / "copy.sqlite"; }
+
+private:
+  std::filesystem::path folder_;
+};
 
 }  // namespace
 
 void PreferencesFile::Close::operator()(sqlite3* database) const { sqlite3_close_v2(database); }
 void PreferencesFile::Close::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 
-Result<std::unique_ptr<PreferencesFile>> PreferencesFile::open(const std::filesystem::path& path) {
+Outcome PreferencesFile::open() {
+  state_ = State::unusable;
+  if (!path_.is_absolute() || !path_.has_filename()) return Error{"'" + path_.string() + "' names no file; choose one"};
+  if (auto outcome = makeFolders(path_.parent_path()); !outcome) return outcome;
+  // A person's folders may be links; the file and what stands next to it may not.
   std::error_code error;
-  const auto absolute = std::filesystem::absolute(path, error);
-  if (error || !absolute.has_filename()) return Error{"'" + path.string() + "' names no file; choose one"};
-  if (auto outcome = makeFolders(absolute.parent_path()); !outcome) return outcome.error();
-  if (auto outcome = makeFile(absolute); !outcome) return outcome.error();
-  std::unique_ptr<PreferencesFile> file(new PreferencesFile(absolute));
-  if (auto outcome = file->connect(); !outcome) return outcome.error();
-  return file;
+  if (auto folder = std::filesystem::canonical(path_.parent_path(), error); !error) path_ = folder / path_.filename();
+  if (auto outcome = makeFile(); !outcome) return outcome;
+  if (auto outcome = inspect(); !outcome) return outcome;
+  return connect(false);
+}
+
+Outcome PreferencesFile::openForReading() {
+  state_ = State::unusable;
+  std::error_code error;
+  if (auto folder = std::filesystem::canonical(path_.parent_path(), error); !error) path_ = folder / path_.filename();
+  if (auto outcome = inspect(); !outcome) return outcome;
+  return connect(true);
+}
+
+// A new store appears complete or not at all, so that an empty file is always a damaged one.
+Outcome PreferencesFile::makeFile() const {
+  struct stat found {};
+  if (::lstat(path_.c_str(), &found) == 0) return done();
+  const auto cannot = [&](int why) {
+    return Error{"cannot create " + path_.string() + " (" + reason(why) +
+                 "); allow writing to its folder, or choose a file elsewhere"};
+  };
+  if (errno != ENOENT) return cannot(errno);
+  std::string temporary = path_.string() + ".XXXXXX";
+  {
+    const FileDescriptor made(::mkostemp(temporary.data(), O_CLOEXEC));
+    if (!made) return cannot(errno);
+    ::fchmod(made.get(), 0600);
+  }
+  auto outcome = [&] {
+    PreferencesFile fresh(temporary);
+    return fresh.connect(false);
+  }();
+  if (outcome && ::link(temporary.c_str(), path_.c_str()) != 0 && errno != EEXIST &&
+      ::rename(temporary.c_str(), path_.c_str()) != 0) {
+    outcome = cannot(errno);
+  }
+  removeStore(temporary);
+  if (outcome) sync(path_.parent_path());
+  return outcome;
+}
+
+// Must run before SQLite opens the file, and opens none itself: closing any descriptor of the file would drop
+// SQLite's locks.
+Outcome PreferencesFile::inspect() {
+  struct stat found {};
+  if (::lstat(path_.c_str(), &found) != 0) {
+    return Error{"cannot read " + path_.string() + " (" + reason(errno) + "); check its name and its permissions"};
+  }
+  if (S_ISLNK(found.st_mode)) return Error{path_.string() + " is a symbolic link; choose the file that it leads to"};
+  if (S_ISDIR(found.st_mode)) return Error{path_.string() + " is a folder; choose a file"};
+  if (!S_ISREG(found.st_mode)) return Error{path_.string() + " is no regular file; choose another"};
+  if (found.st_uid != ::geteuid()) {
+    return Error{path_.string() + " belongs to another user; choose a file of your own"};
+  }
+  device_ = found.st_dev;
+  node_ = found.st_ino;
+  return done();
+}
+
+bool PreferencesFile::isReplaced() const {
+  struct stat found {};
+  return ::lstat(path_.c_str(), &found) != 0 ? errno == ENOENT : found.st_dev != device_ || found.st_ino != node_;
 }
 
 std::optional<Error> PreferencesFile::refusalOf(const PreferenceChange& change) {
@@ -142,47 +181,62 @@ std::optional<Error> PreferencesFile::refusalOf(const PreferenceChange& change) 
   return std::nullopt;
 }
 
-Outcome PreferencesFile::connect() {
+// Waits for another process in small steps, so that several writers take turns, for a moment in all; when
+// that was in vain, not again before an operation succeeds.
+int PreferencesFile::wait(void* self, int attempts) {
+  auto& file = *static_cast<PreferencesFile*>(self);
+  const auto now = std::chrono::steady_clock::now();
+  if (attempts == 0) file.waitingSince_ = now;
+  file.isStuck_ = file.isStuck_ || now - file.waitingSince_ > kLongestWait;
+  if (file.isStuck_) return 0;
+  ::usleep(500 + 100 * static_cast<unsigned>(::getpid() % 10));
+  return 1;
+}
+
+Outcome PreferencesFile::connect(bool forReading) {
   sqlite3* opened = nullptr;
-  const int code = sqlite3_open_v2(path_.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE, nullptr);
+  const int flags = (forReading ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE) | SQLITE_OPEN_NOFOLLOW |
+                    SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX;
+  const int code = sqlite3_open_v2(path_.c_str(), &opened, flags, nullptr);
   database_.reset(opened);
   if (code != SQLITE_OK) return failure("open");
-  sqlite3_busy_timeout(database_.get(), kBusyMilliseconds);
-  readOnly_ = sqlite3_db_readonly(database_.get(), "main") == 1;
-  if (readOnly_ && !number("PRAGMA schema_version")) return connectUnchanging();
+  sqlite3_busy_handler(database_.get(), &PreferencesFile::wait, this);
+  readOnly_ = forReading || sqlite3_db_readonly(database_.get(), "main") == 1;
+  // Where SQLite's companion files cannot be made, nobody can be writing either.
+  if (!number("PRAGMA schema_version") && (sqlite3_errcode(database_.get()) & 0xFF) != SQLITE_BUSY) {
+    const int problem = sqlite3_errcode(database_.get()) & 0xFF;
+    if (problem == SQLITE_CANTOPEN || problem == SQLITE_READONLY || problem == SQLITE_PERM) return connectUnchanging();
+  }
   if (auto outcome = identify(); !outcome) return outcome;
   return prepare();
 }
 
-// Where not even SQLite's companion files can be made, nobody can be writing either.
 Outcome PreferencesFile::connectUnchanging() {
-  constexpr std::string_view plain = "-._~/ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789";
-  constexpr std::string_view digits = "0123456789ABCDEF";
-  std::string uri = "file:";
-  for (const char c : path_.string()) {
-    if (plain.find(c) != std::string_view::npos) {
-      uri += c;
-    } else {
-      const auto byte = static_cast<unsigned char>(c);
-      uri += {'%', digits[byte >> 4], digits[byte & 15]};
-    }
-  }
-  uri += "?immutable=1";
+  insert_.reset();
+  select_.reset();
+  database_.reset();
+  const PrivateCopy copy(path_);
   sqlite3* opened = nullptr;
   const int code =
-      sqlite3_open_v2(uri.c_str(), &opened, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_EXRESCODE, nullptr);
+      sqlite3_open_v2(copy.path().c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE, nullptr);
   database_.reset(opened);
   if (code != SQLITE_OK) return failure("open");
+  readOnly_ = true;
   unchanging_ = true;
   if (auto outcome = identify(); !outcome) return outcome;
+  // The files may go while they are open.
   return prepare();
 }
 
 // Changing to the log needs the file for itself, and SQLite does not always wait for that.
 Outcome PreferencesFile::useWriteAheadLog() {
-  for (int waited = 0; !run("PRAGMA journal_mode = WAL"); waited += 10) {
-    if ((sqlite3_errcode(database_.get()) & 0xFF) != SQLITE_BUSY || waited > kBusyMilliseconds) return failure("open");
-    sqlite3_sleep(10);
+  const auto start = std::chrono::steady_clock::now();
+  while (!run("PRAGMA journal_mode = WAL")) {
+    if ((sqlite3_errcode(database_.get()) & 0xFF) != SQLITE_BUSY ||
+        std::chrono::steady_clock::now() - start > kLongestWait) {
+      return failure("open");
+    }
+    sqlite3_sleep(5);
   }
   return run("PRAGMA synchronous = FULL") && run("PRAGMA journal_size_limit = 4194304") ? done()
                                                                                         : Outcome(failure("open"));
@@ -195,21 +249,26 @@ Outcome PreferencesFile::identify() {
   const auto objects = number("SELECT count(*) FROM sqlite_schema");
   if (!objects) return failure("read");
   const bool isOurs = number("PRAGMA application_id") == kApplicationId;
-  if (*objects > 0 && !isOurs) {
-    return Error{path_.string() + " is a database of another program; choose another file"};
-  }
+  if (*objects > 0 && !isOurs) return fail(State::foreign, path_.string() + " is a database of another program");
   if (isOurs && number("PRAGMA user_version").value_or(0) > kFormatVersion) {
-    return Error{path_.string() + " was written by a newer release; update this program, or choose another file"};
+    return fail(State::unusable,
+                path_.string() + " was written by a newer release; update this program, or choose another file");
   }
-  if (readOnly_) return done();
-  if (auto outcome = useWriteAheadLog(); !outcome) return outcome;
-  if (*objects > 0) return done();
+  if (*objects == 0 && readOnly_) {
+    return fail(State::damaged, path_.string() + " is empty and cannot be written");
+  }
+  if (!readOnly_) {
+    if (auto outcome = useWriteAheadLog(); !outcome) return outcome;
+  }
+  return *objects > 0 ? done() : setUp();
+}
 
+Outcome PreferencesFile::setUp() {
   const std::string mark = "PRAGMA application_id = " + std::to_string(kApplicationId) +
                            "; PRAGMA user_version = " + std::to_string(kFormatVersion);
   const bool made = run("BEGIN IMMEDIATE") &&
-                    run("CREATE TABLE IF NOT EXISTS preferences (change INTEGER PRIMARY KEY, "
-                        "key BLOB NOT NULL UNIQUE, type INTEGER, value ANY) STRICT") &&
+                    run("CREATE TABLE IF NOT EXISTS preferences (change INTEGER PRIMARY KEY, key BLOB NOT NULL UNIQUE, "
+                        "type INTEGER, value ANY, sum INTEGER NOT NULL) STRICT") &&
                     run(mark.c_str()) && run("COMMIT");
   if (made) return done();
   const Error error = failure("set up");
@@ -224,15 +283,13 @@ Outcome PreferencesFile::prepare() {
     into.reset(statement);
     return code == SQLITE_OK && statement != nullptr;
   };
-  if (readOnly_ && number("SELECT count(*) FROM sqlite_schema") == 0) {
-    return Error{path_.string() + " is empty and cannot be written; allow writing to it, or choose another file"};
-  }
-  if (!prepared("SELECT change, key, type, value FROM preferences WHERE change > ?1 ORDER BY change", select_) ||
-      !prepared("REPLACE INTO preferences (key, type, value) VALUES (?1, ?2, ?3)", insert_)) {
-    return failure("read");
+  if (!prepared("SELECT change, key, type, value, sum FROM preferences WHERE change > ?1 ORDER BY change", select_) ||
+      !prepared("REPLACE INTO preferences (key, type, value, sum) VALUES (?1, ?2, ?3, ?4)", insert_)) {
+    const bool isOtherTable = (sqlite3_errcode(database_.get()) & 0xFF) == SQLITE_ERROR;
+    return isOtherTable ? fail(State::damaged, path_.string() + " is damaged") : failure("read");
   }
   findStamp();
-  return done();
+  return succeed();
 }
 
 // In WAL mode every commit ends by rewriting a header in memory that all processes share. The last eight
@@ -269,19 +326,28 @@ Outcome PreferencesFile::readChanges(const Receiver& receive) {
   const std::uint64_t stamp = stamp_ != nullptr ? std::atomic_ref(*stamp_).load(std::memory_order_acquire) : 0;
   sqlite3_bind_int64(select_.get(), 1, lastChange_);
   int code = sqlite3_step(select_.get());
-  for (; code == SQLITE_ROW; code = sqlite3_step(select_.get())) {
+  bool isAsWritten = true;
+  for (; code == SQLITE_ROW && isAsWritten; code = sqlite3_step(select_.get())) {
+    PreferenceChange change{.key = columnText(select_.get(), 1), .value = std::nullopt};
+    const auto cell = PreferenceCell::ofColumns(select_.get(), 2, 3);
+    isAsWritten = cell.sum(change.key) == sqlite3_column_int64(select_.get(), 4);
+    change.value = cell.value();
+    isAsWritten = isAsWritten && change.value.has_value() != cell.isRemoval();
+    if (!isAsWritten) break;
     lastChange_ = sqlite3_column_int64(select_.get(), 0);
-    receive({.key = columnText(select_.get(), 1), .value = columnValue(select_.get(), 2, 3)});
+    receive(std::move(change));
   }
   sqlite3_reset(select_.get());
+  if (!isAsWritten) return fail(State::damaged, path_.string() + " is damaged");
   if (code != SQLITE_DONE) return failure("read");
   seenStamp_ = stamp;
-  return done();
+  return succeed();
 }
 
 Outcome PreferencesFile::write(std::span<const PreferenceChange> changes, const Receiver& receive) {
   if (readOnly_) {
-    return Error{path_.string() + " cannot be written; allow writing to it and to its folder, or choose another file"};
+    return fail(State::unusable,
+                path_.string() + " cannot be written; allow writing to it and to its folder, or choose another file");
   }
   if (!run("BEGIN IMMEDIATE")) return failure("write");
   auto outcome = readChanges(receive);
@@ -298,41 +364,54 @@ Outcome PreferencesFile::write(std::span<const PreferenceChange> changes, const 
   }
   lastChange_ = last;
   // SQLite writes its log before the commit counts; this tells whoever watches the folder that it does.
-  ::utimensat(AT_FDCWD, path_.c_str(), nullptr, 0);
-  return done();
+  ::utimensat(AT_FDCWD, path_.c_str(), nullptr, AT_SYMLINK_NOFOLLOW);
+  return succeed();
 }
 
 bool PreferencesFile::insert(const PreferenceChange& change) {
+  const auto cell = PreferenceCell::ofValue(change.value);
+  if (!cell) return false;
   sqlite3_stmt* statement = insert_.get();
-  std::vector<std::uint8_t> encoded;
   sqlite3_clear_bindings(statement);
-  bindBytes(statement, 1, change.key.data(), change.key.size());
-  if (change.value) {
-    const PreferenceValue& value = *change.value;
-    sqlite3_bind_int(statement, 2, static_cast<int>(value.type()));
-    switch (value.type()) {
-      case PreferenceValue::Type::integer: sqlite3_bind_int64(statement, 3, *value.asInteger()); break;
-      case PreferenceValue::Type::boolean: sqlite3_bind_int(statement, 3, *value.asBoolean() ? 1 : 0); break;
-      case PreferenceValue::Type::real: sqlite3_bind_double(statement, 3, *value.asReal()); break;
-      case PreferenceValue::Type::string:
-        sqlite3_bind_text64(statement, 3, value.asString()->data(), value.asString()->size(), SQLITE_STATIC,
-                            SQLITE_UTF8);
-        break;
-      case PreferenceValue::Type::data: bindBytes(statement, 3, value.asData()->data(), value.asData()->size()); break;
-      case PreferenceValue::Type::date:
-        sqlite3_bind_double(statement, 3, value.asDate()->time_since_epoch().count());
-        break;
-      case PreferenceValue::Type::array:
-      case PreferenceValue::Type::dictionary:
-        encoded = encodedPreference(value).value_or(std::vector<std::uint8_t>{});
-        bindBytes(statement, 3, encoded.data(), encoded.size());
-        break;
-    }
-  }
+  // A null pointer would bind NULL, and an empty key may have one.
+  sqlite3_bind_blob64(statement, 1, change.key.empty() ? "" : change.key.data(), change.key.size(), SQLITE_STATIC);
+  cell->bind(statement, 2, 3);
+  sqlite3_bind_int64(statement, 4, cell->sum(change.key));
   const int code = sqlite3_step(statement);
   sqlite3_reset(statement);
   sqlite3_clear_bindings(statement);
   return code == SQLITE_DONE;
+}
+
+Outcome PreferencesFile::copyTo(const std::filesystem::path& path) {
+  auto outcome = [&]() -> Outcome {
+    PreferencesFile copy(path);
+    if (auto opened = copy.open(); !opened) return opened;
+    if (!copy.run("BEGIN IMMEDIATE")) return copy.failure("write");
+    lastChange_ = 0;
+    Outcome written = done();
+    const auto read = readChanges([&](const PreferenceChange& change) {
+      if (written && change.value && !copy.insert(change)) written = copy.failure("write");
+    });
+    if (!read || !written) return read ? written : read;
+    // One file that is complete in itself, wherever it is moved.
+    return copy.run("COMMIT") && copy.run("PRAGMA journal_mode = DELETE") ? done() : Outcome(copy.failure("write"));
+  }();
+  if (!outcome) removeStore(path);
+  return outcome;
+}
+
+std::vector<std::string> PreferencesFile::faults() {
+  std::vector<std::string> found;
+  sqlite3_stmt* prepared = nullptr;
+  sqlite3_prepare_v2(database_.get(), "PRAGMA integrity_check(10)", -1, &prepared, nullptr);
+  const Statement statement(prepared);
+  int code = sqlite3_step(prepared);
+  for (; code == SQLITE_ROW; code = sqlite3_step(prepared)) {
+    if (auto line = columnText(prepared, 0); line != "ok") found.push_back(std::move(line));
+  }
+  if (code != SQLITE_DONE) found.emplace_back(sqlite3_errmsg(database_.get()));
+  return found;
 }
 
 std::optional<std::int64_t> PreferencesFile::number(const char* query) {
@@ -347,20 +426,33 @@ bool PreferencesFile::run(const char* statement) {
   return sqlite3_exec(database_.get(), statement, nullptr, nullptr, nullptr) == SQLITE_OK;
 }
 
-Error PreferencesFile::failure(const char* what) const {
+Outcome PreferencesFile::succeed() {
+  state_ = State::open;
+  isStuck_ = false;
+  return done();
+}
+
+Error PreferencesFile::fail(State state, std::string message) {
+  state_ = state;
+  return {std::move(message)};
+}
+
+Error PreferencesFile::failure(const char* what) {
   const std::string begin = std::string("cannot ") + what + " " + path_.string() + " (";
   switch (sqlite3_errcode(database_.get()) & 0xFF) {
-    case SQLITE_NOTADB: return {path_.string() + " is no preferences store; move it away, or choose another file"};
-    case SQLITE_CORRUPT: return {path_.string() + " is damaged; move it away, or choose another file"};
+    case SQLITE_NOTADB: return fail(State::foreign, path_.string() + " is no preferences store");
+    case SQLITE_CORRUPT: return fail(State::damaged, path_.string() + " is damaged");
     case SQLITE_BUSY:
-    case SQLITE_LOCKED: return {begin + "another program holds it); end that program, then try again"};
-    case SQLITE_FULL: return {begin + "the disk is full); make room, then try again"};
+    case SQLITE_LOCKED: return fail(State::busy, begin + "another program holds it); end that program");
+    case SQLITE_FULL: return fail(State::unusable, begin + "the disk is full); make room");
     case SQLITE_CANTOPEN:
     case SQLITE_PERM:
     case SQLITE_READONLY:
-      return {begin + "no permission); allow access to it and to its folder, or choose another file"};
+      return fail(State::unusable,
+                  begin + "no permission); allow access to it and to its folder, or choose another file");
     default:
-      return {begin + sqlite3_errmsg(database_.get()) + "); check the disk and the folder, or choose another file"};
+      return fail(State::unusable,
+                  begin + sqlite3_errmsg(database_.get()) + "); check the disk and the folder, or choose another file");
   }
 }
 

@@ -3,6 +3,7 @@
 #include "QEVSettings/preferences/PreferenceValue.hpp"
 #include "foundation/Result.hpp"
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -10,6 +11,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -24,31 +26,54 @@ struct PreferenceChange {
 
 // The preferences on disk: an SQLite database in WAL mode with one table.
 //
-//     preferences(change INTEGER PRIMARY KEY, key BLOB UNIQUE, type INTEGER, value ANY)
+//     preferences(change INTEGER PRIMARY KEY, key BLOB UNIQUE, type INTEGER, value ANY, sum INTEGER)
 //
 // `key` holds the key's bytes. `type` is the PreferenceValue::Type, and NULL once the key was removed.
 // `value` holds an integer or a Boolean (0, 1) as INTEGER, a real as REAL, text as TEXT, data as BLOB, a
 // date as REAL seconds since 1970 (not-a-number as NULL), and an array or a dictionary as the BLOB that
-// PreferenceCoding describes.
+// PreferenceCoding describes. `sum` is a checksum of the three, since SQLite does not notice when the disk
+// hands back other bytes than it was given.
 //
 // Every write replaces its key's row by one with the next `change`, so that a reader finds all that is
 // new to it behind the last change it saw, removals included. The row of the last change is never
 // deleted, or its number would be given out twice.
 //
-// Several processes may have the file open. Main thread.
+// Several processes may have the file open. One thread at a time.
 class PreferencesFile {
 public:
   using Receiver = std::function<void(PreferenceChange)>;
 
-  // Creates what is missing: folders with mode 0700, the file with 0600. An existing file of another
-  // kind is left as it is and refused.
-  static Result<std::unique_ptr<PreferencesFile>> open(const std::filesystem::path& path);
+  // What became of an attempt to use the file.
+  enum class State {
+    closed,
+    open,
+    unusable,  // nothing is wrong with what it holds, as far as that could be seen
+    busy,      // another process holds it for longer than a moment
+    damaged,   // it holds no preferences, or not what was written
+    foreign,   // it holds something else
+  };
+
+  explicit PreferencesFile(std::filesystem::path absolutePath) : path_(std::move(absolutePath)) {}
+
+  // Creates what is missing, folders with mode 0700 and the file with 0600, and opens the file. Refused are
+  // a symbolic link, whatever is no regular file, and what belongs to another user.
+  Outcome open();
+
+  // Opens the file to be read alone: makes nothing, and changes nothing.
+  Outcome openForReading();
 
   // Why this change can never be stored, if so.
   static std::optional<Error> refusalOf(const PreferenceChange& change);
 
+  // After the last operation.
+  State state() const { return state_; }
+  bool isDamaged() const { return state_ == State::damaged || state_ == State::foreign; }
+
   // Whether the file may be read but not written.
   bool isReadOnly() const { return readOnly_; }
+
+  // Whether another file, or none, stands where this one stood when it was opened.
+  bool isReplaced() const;
 
   // Whether somebody may have written since the last `readChanges` began. Costs a look into shared
   // memory, no system call.
@@ -62,6 +87,13 @@ public:
   // handed over first.
   Outcome write(std::span<const PreferenceChange> changes, const Receiver& receive);
 
+  // Makes a store at another path of all that this one holds, without the removed keys. That file is
+  // complete and on disk when this succeeds, and does not exist otherwise.
+  Outcome copyTo(const std::filesystem::path& path);
+
+  // What SQLite finds wrong with the file, a line each; takes as long as reading all of it.
+  std::vector<std::string> faults();
+
 private:
   struct Close {
     void operator()(sqlite3* database) const;
@@ -70,25 +102,34 @@ private:
   using Database = std::unique_ptr<sqlite3, Close>;
   using Statement = std::unique_ptr<sqlite3_stmt, Close>;
 
-  explicit PreferencesFile(std::filesystem::path path) : path_(std::move(path)) {}
-
-  Outcome connect();
+  Outcome makeFile() const;
+  Outcome inspect();
+  Outcome connect(bool forReading);
   Outcome connectUnchanging();
-  Outcome useWriteAheadLog();
   Outcome identify();
+  Outcome setUp();
+  Outcome useWriteAheadLog();
   Outcome prepare();
   void findStamp();
   std::optional<std::int64_t> number(const char* query);
   bool run(const char* statement);
   bool insert(const PreferenceChange& change);
-  Error failure(const char* what) const;
+  Outcome succeed();
+  Error fail(State state, std::string message);
+  Error failure(const char* what);
+  static int wait(void* self, int attempts);
 
   std::filesystem::path path_;
   Database database_;
   Statement select_;
   Statement insert_;
+  State state_ = State::closed;
   bool readOnly_ = false;
   bool unchanging_ = false;
+  bool isStuck_ = false;  // the last wait for another process was in vain
+  std::chrono::steady_clock::time_point waitingSince_;
+  std::uint64_t device_ = 0;
+  std::uint64_t node_ = 0;
   std::int64_t lastChange_ = 0;
   std::uint64_t* stamp_ = nullptr;  // in memory that SQLite shares between processes
   std::uint64_t seenStamp_ = 0;

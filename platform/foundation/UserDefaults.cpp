@@ -2,14 +2,19 @@
 
 #include "PreferenceObservers.hpp"
 #include "PreferencesFile.hpp"
+#include "PreferencesRecovery.hpp"
+#include "PreferencesWatch.hpp"
+#include "foundation/Diagnostics.hpp"
 #include "foundation/MainQueue.hpp"
 
 #include <pwd.h>
-#include <sys/inotify.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
+#include <chrono>
 #include <cstdlib>
+#include <system_error>
+#include <unordered_set>
 #include <utility>
 
 namespace foundation {
@@ -40,43 +45,41 @@ std::optional<std::filesystem::path>& chosenStandardFile() {
   return path;
 }
 
+bool mayBeWritten(const std::filesystem::path& path) {
+  return ::access(path.c_str(), W_OK) == 0 && ::access(path.parent_path().c_str(), W_OK) == 0;
+}
+
+// A small store is copied whenever it is closed after a change; one that takes long, now and then.
+bool isCopyWorthwhile(const std::filesystem::path& store) {
+  constexpr std::uintmax_t smallBytes = std::uintmax_t{1} << 20;
+  constexpr auto longAgo = std::chrono::hours(1);
+  if (!isGoodCopyStale(store)) return false;
+  std::error_code error;
+  const auto size = std::filesystem::file_size(store, error);
+  if (!error && size <= smallBytes) return true;
+  const auto copied = std::filesystem::last_write_time(goodCopyOf(store), error);
+  return error || std::filesystem::file_time_type::clock::now() - copied > longAgo;
+}
+
 }  // namespace
 
-// Watches the folder rather than the file: SQLite's log next to it is made and removed as it goes.
-struct UserDefaults::FolderWatch {
-  explicit FolderWatch(const std::filesystem::path& folder) : descriptor(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
-    constexpr std::uint32_t events = IN_ATTRIB | IN_MODIFY | IN_CREATE | IN_MOVED_TO;
-    if (descriptor >= 0 && ::inotify_add_watch(descriptor, folder.c_str(), events) < 0) {
-      ::close(descriptor);
-      descriptor = -1;
-    }
-  }
-  FolderWatch(const FolderWatch&) = delete;
-  FolderWatch& operator=(const FolderWatch&) = delete;
-  ~FolderWatch() {
-    if (descriptor >= 0) ::close(descriptor);
-  }
-
-  void empty() const {
-    std::array<char, 4096> events{};
-    while (descriptor >= 0 && ::read(descriptor, events.data(), events.size()) > 0) {
-    }
-  }
-
-  int descriptor;
-};
-
 UserDefaults::UserDefaults() : observers_(std::make_shared<PreferenceObservers>()) {}
-UserDefaults::~UserDefaults() = default;
+
+UserDefaults::~UserDefaults() {
+  watch_.reset();
+  if (!unsaved_.empty()) save();
+  // The watch that saving may have asked for.
+  watch_.reset();
+  if (file_ && !file_->isReadOnly() && isCopyWorthwhile(path_)) static_cast<void>(keepGoodCopy(path_));
+}
 
 UserDefaults& UserDefaults::standardUserDefaults() {
   static const std::unique_ptr<UserDefaults> store = [] {
-    if (const auto& chosen = chosenStandardFile()) return open(*chosen);
-    if (const auto folder = configurationFolder(); !folder.empty()) {
-      return open(folder / "zorvantine" / "preferences.sqlite");
-    }
+    const auto file = standardFile();
+    if (!chosenStandardFile() && !file.empty()) ::chmod(file.parent_path().c_str(), 0700);
+    if (!file.empty()) return open(file);
     auto homeless = inMemory();
-    homeless->status_ = Error{"there is no home folder to keep preferences in; set XDG_CONFIG_HOME"};
+    homeless->setStatus(Error{"there is no home folder to keep preferences in; set XDG_CONFIG_HOME"});
     return homeless;
   }();
   return *store;
@@ -84,31 +87,53 @@ UserDefaults& UserDefaults::standardUserDefaults() {
 
 void UserDefaults::setStandardFile(std::filesystem::path path) { chosenStandardFile() = std::move(path); }
 
+std::filesystem::path UserDefaults::standardFile() {
+  if (const auto& chosen = chosenStandardFile()) return *chosen;
+  const auto folder = configurationFolder();
+  return folder.empty() ? folder : folder / "zorvantine" / "preferences.sqlite";
+}
+
 std::unique_ptr<UserDefaults> UserDefaults::inMemory() { return std::unique_ptr<UserDefaults>(new UserDefaults); }
 
 std::unique_ptr<UserDefaults> UserDefaults::open(const std::filesystem::path& path) {
   auto store = inMemory();
-  store->connect(path);
+  std::error_code error;
+  store->path_ = std::filesystem::absolute(path, error);
+  store->connect();
   return store;
 }
 
-void UserDefaults::connect(const std::filesystem::path& path) {
-  std::error_code error;
-  path_ = std::filesystem::absolute(path, error);
-  auto opened = PreferencesFile::open(path);
-  if (!opened) {
-    status_ = opened.error();
+void UserDefaults::connect() {
+  auto opened = openPreferences(path_);
+  for (PreferenceChange& change : opened.contents) {
+    if (change.value) image_.insert_or_assign(std::move(change.key), std::move(*change.value));
+  }
+  file_ = std::move(opened.file);
+  if (opened.notice) reportDiagnostic("preferences: " + *opened.notice);
+  setStatus(std::move(opened.error));
+}
+
+// Opens the file anew: it could not be used so far, or it is another one by now. What it holds counts, but for
+// what is still to be written; what only the memory holds is written to it.
+void UserDefaults::reconnect() {
+  auto opened = openPreferences(path_);
+  if (opened.notice) reportDiagnostic("preferences: " + *opened.notice);
+  if (!opened.file) {
+    setStatus(std::move(opened.error));
     return;
   }
-  const auto outcome = (*opened)->readChanges([this](PreferenceChange change) {
-    if (change.value) image_.insert_or_assign(std::move(change.key), std::move(*change.value));
-  });
-  // A file that cannot be read to its end is not written to: what it still holds may be rescued.
-  if (outcome) {
-    file_ = *std::move(opened);
-  } else {
-    status_ = outcome.error();
+  const bool isFirst = !file_ && image_.empty();
+  file_ = std::move(opened.file);
+  std::unordered_set<std::string> found;
+  std::vector<std::string> changedKeys;
+  for (PreferenceChange& change : opened.contents) {
+    if (!isFirst) found.insert(change.key);
+    takeOver(std::move(change), changedKeys);
   }
+  for (const auto& [key, value] : image_) {
+    if (!isFirst && !found.contains(key)) unsaved_.try_emplace(key, value);
+  }
+  announceLater(std::move(changedKeys));
 }
 
 std::optional<PreferenceValue> UserDefaults::objectForKey(std::string_view key) const {
@@ -138,7 +163,6 @@ void UserDefaults::write(PreferenceChange change) {
 
 Outcome UserDefaults::applyAll(const PreferenceDictionary& values) {
   for (const auto& [key, value] : values) {
-    if (!file_) break;
     if (auto refusal = PreferencesFile::refusalOf({.key = key, .value = value})) return *std::move(refusal);
   }
   std::vector<std::string> changed;
@@ -151,42 +175,31 @@ Outcome UserDefaults::applyAll(const PreferenceDictionary& values) {
 }
 
 Subscription UserDefaults::observe(std::string_view key, Observer observer) {
+  startWatch();
   return observers_->observe(key, std::move(observer));
 }
 
-Subscription UserDefaults::observeAll(Observer observer) { return observers_->observeAll(std::move(observer)); }
-
-int UserDefaults::changeDescriptor() {
-  if (!file_) return -1;
-  if (!watch_) {
-    watch_ = std::make_unique<FolderWatch>(path_.parent_path());
-    // What came before the watch gives no cue.
-    readChanges();
-  }
-  return watch_->descriptor;
+Subscription UserDefaults::observeAll(Observer observer) {
+  startWatch();
+  return observers_->observeAll(std::move(observer));
 }
 
-void UserDefaults::readChanges() {
-  if (watch_) watch_->empty();
-  catchUp();
-}
+void UserDefaults::readChanges() { catchUp(); }
 
 void UserDefaults::catchUp() const {
   if (!file_ || !file_->mayHaveChanged()) return;
   std::vector<std::string> changedKeys;
   const auto outcome = file_->readChanges([&](PreferenceChange change) { takeOver(std::move(change), changedKeys); });
-  if (!outcome) status_ = outcome.error();
+  if (!outcome) setStatus(outcome.error());
   announceLater(std::move(changedKeys));
 }
 
 // Puts a change into the image and among the unsaved ones; says whether it changes anything.
 bool UserDefaults::put(PreferenceChange change) {
   catchUp();
-  if (file_) {
-    if (auto refusal = PreferencesFile::refusalOf(change)) {
-      status_ = std::move(refusal);
-      return false;
-    }
+  if (auto refusal = PreferencesFile::refusalOf(change)) {
+    setStatus(std::move(refusal));
+    return false;
   }
   const auto found = image_.find(change.key);
   if (found == image_.end() ? !change.value : change.value == found->second) return false;
@@ -197,25 +210,45 @@ bool UserDefaults::put(PreferenceChange change) {
   } else {
     image_.emplace(change.key, *change.value);
   }
-  if (file_) unsaved_.insert_or_assign(std::move(change.key), std::move(change.value));
+  if (!path_.empty()) unsaved_.insert_or_assign(std::move(change.key), std::move(change.value));
   return true;
 }
 
 void UserDefaults::save() {
-  if (!file_) return;
+  if (path_.empty()) return;
+  startWatch();
+  auto outcome = saveOnce();
+  if (!outcome && file_ && file_->isDamaged()) {
+    // The memory is the best copy that there is.
+    keepAll();
+    file_.reset();
+    outcome = saveOnce();
+  }
+  if (outcome) {
+    unsaved_.clear();
+    setStatus(std::nullopt);
+    watch_->didSucceed();
+    watch_->didWrite();
+  } else {
+    setStatus(outcome.error());
+    watch_->retryLater();
+  }
+}
+
+Outcome UserDefaults::saveOnce() {
+  if (!file_ || file_->isReplaced() || (file_->isReadOnly() && mayBeWritten(path_))) reconnect();
+  if (!file_) return status_ ? *status_ : Error{path_.string() + " cannot be opened"};
   std::vector<PreferenceChange> changes;
   changes.reserve(unsaved_.size());
   for (const auto& [key, value] : unsaved_) changes.push_back({.key = key, .value = value});
   std::vector<std::string> changedKeys;
-  const auto outcome =
-      file_->write(changes, [&](PreferenceChange change) { takeOver(std::move(change), changedKeys); });
-  if (outcome) {
-    unsaved_.clear();
-    status_.reset();
-  } else {
-    status_ = outcome.error();
-  }
+  auto outcome = file_->write(changes, [&](PreferenceChange change) { takeOver(std::move(change), changedKeys); });
   announceLater(std::move(changedKeys));
+  return outcome;
+}
+
+void UserDefaults::keepAll() {
+  for (const auto& [key, value] : image_) unsaved_.try_emplace(key, value);
 }
 
 // A change that another process made. One of ours to the same key that is still to be written is newer.
@@ -238,6 +271,30 @@ void UserDefaults::announceLater(std::vector<std::string> keys) const {
       if (const auto alive = observers.lock()) alive->announce(key);
     }
   });
+}
+
+// A problem is said once, when it begins.
+void UserDefaults::setStatus(std::optional<Error> status) const {
+  if (status && !status_) reportDiagnostic("preferences: " + status->message);
+  status_ = std::move(status);
+}
+
+void UserDefaults::startWatch() {
+  if (watch_ || path_.empty()) return;
+  watch_ = std::make_unique<PreferencesWatch>(
+      path_,
+      [this] {
+        if (file_ && file_->isReplaced()) {
+          reconnect();
+          if (!unsaved_.empty()) save();
+        }
+        catchUp();
+      },
+      [this] {
+        if (!unsaved_.empty()) save();
+      });
+  // What came before the watch gives no cue.
+  catchUp();
 }
 
 }  // namespace foundation

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <condition_variable>
 #include <functional>
 #include <mutex>
 #include <vector>
@@ -26,12 +28,16 @@ public:
   // Drains until nothing is left, at most `turns` turns.
   void drainAll(int turns = 1000);
 
+  // Waits until work is pending, at most so long; says whether it is. For a program without an event loop.
+  bool wait(std::chrono::milliseconds longest);
+
   // Called on the queueing thread when work arrives at an empty queue: the event loop's cue to call
   // `drain` on the main thread. An empty function takes the cue away.
   void setWaker(std::function<void()> waker);
 
 private:
   std::mutex mutex_;
+  std::condition_variable arrived_;
   std::vector<Work> pending_;
   std::function<void()> waker_;
 };

@@ -1,0 +1,48 @@
+#include "foundation/Diagnostics.hpp"
+
+#include <iostream>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <utility>
+
+namespace foundation {
+
+namespace {
+
+struct Sink {
+  std::mutex mutex;
+  DiagnosticSink sink;
+};
+
+// Never destroyed: the store may have something to say while the process ends.
+Sink& shared() {
+  static auto* const sink = std::make_unique<Sink>().release();
+  return *sink;
+}
+
+}  // namespace
+
+void setDiagnosticSink(DiagnosticSink sink) {
+  const std::scoped_lock lock(shared().mutex);
+  shared().sink = std::move(sink);
+}
+
+void reportDiagnostic(std::string_view line) noexcept {
+  try {
+    DiagnosticSink sink;
+    {
+      const std::scoped_lock lock(shared().mutex);
+      sink = shared().sink;
+    }
+    if (sink) {
+      sink(line);
+    } else {
+      std::clog << (std::string(line) + '\n') << std::flush;
+    }
+  } catch (...) {
+    // A line that cannot be said is dropped.
+  }
+}
+
+}  // namespace foundation

@@ -1,0 +1,139 @@
+#include "PreferencesWatch.hpp"
+
+#include "PreferencesRecovery.hpp"
+#include "foundation/MainQueue.hpp"
+
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <sys/inotify.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <utility>
+
+namespace foundation {
+
+namespace {
+
+constexpr std::chrono::milliseconds kShortestPause(250);
+constexpr std::chrono::milliseconds kLongestPause(8000);
+constexpr std::chrono::seconds kIdleBeforeCopy(15);
+
+FileDescriptor watchOf(const std::filesystem::path& folder) {
+  constexpr std::uint32_t events = IN_ATTRIB | IN_MODIFY | IN_CREATE | IN_MOVED_TO | IN_DELETE;
+  FileDescriptor watch(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+  if (watch && ::inotify_add_watch(watch.get(), folder.c_str(), events) < 0) return FileDescriptor();
+  return watch;
+}
+
+}  // namespace
+
+PreferencesWatch::PreferencesWatch(std::filesystem::path store, Callback changed, Callback retry)
+    : store_(std::move(store)),
+      callbacks_(std::make_shared<Callbacks>()),
+      changes_(watchOf(store_.parent_path())),
+      wake_(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)),
+      pause_(kShortestPause) {
+  callbacks_->changed = std::move(changed);
+  callbacks_->retry = std::move(retry);
+  // Signals are the host's business, on threads of its own.
+  sigset_t all;
+  sigset_t before;
+  ::sigfillset(&all);
+  ::pthread_sigmask(SIG_SETMASK, &all, &before);
+  thread_ = std::thread([this] { run(); });
+  ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+}
+
+PreferencesWatch::~PreferencesWatch() {
+  {
+    const std::scoped_lock lock(mutex_);
+    ends_ = true;
+  }
+  wake();
+  thread_.join();
+}
+
+void PreferencesWatch::retryLater() {
+  {
+    const std::scoped_lock lock(mutex_);
+    if (retryAt_) return;
+    retryAt_ = Clock::now() + pause_;
+    pause_ = std::min(2 * pause_, kLongestPause);
+  }
+  wake();
+}
+
+void PreferencesWatch::didSucceed() {
+  const std::scoped_lock lock(mutex_);
+  retryAt_.reset();
+  pause_ = kShortestPause;
+}
+
+void PreferencesWatch::didWrite() {
+  const std::scoped_lock lock(mutex_);
+  // The thread is awake anyway, for it sees the file change.
+  copyAt_ = Clock::now() + kIdleBeforeCopy;
+}
+
+void PreferencesWatch::wake() const {
+  const std::uint64_t one = 1;
+  [[maybe_unused]] const auto written = ::write(wake_.get(), &one, sizeof one);
+}
+
+void PreferencesWatch::run() {
+  while (true) {
+    std::array<pollfd, 2> descriptors{pollfd{.fd = wake_.get(), .events = POLLIN, .revents = 0},
+                                      pollfd{.fd = changes_.get(), .events = POLLIN, .revents = 0}};
+    ::poll(descriptors.data(), descriptors.size(), timeout());
+    std::uint64_t count = 0;
+    [[maybe_unused]] const auto read = ::read(wake_.get(), &count, sizeof count);
+    {
+      const std::scoped_lock lock(mutex_);
+      if (ends_) return;
+    }
+    if ((descriptors[1].revents & POLLIN) != 0) handleChanges();
+    handleDeadlines();
+  }
+}
+
+int PreferencesWatch::timeout() {
+  const std::scoped_lock lock(mutex_);
+  if (!retryAt_ && !copyAt_) return -1;
+  const auto next = std::min(retryAt_.value_or(Clock::time_point::max()), copyAt_.value_or(Clock::time_point::max()));
+  const auto left = std::chrono::ceil<std::chrono::milliseconds>(next - Clock::now());
+  return static_cast<int>(std::max(left, std::chrono::milliseconds(0)).count());
+}
+
+void PreferencesWatch::handleChanges() {
+  std::array<char, 4096> events{};
+  while (::read(changes_.get(), events.data(), events.size()) > 0) {
+  }
+  if (callbacks_->isChangeQueued.exchange(true)) return;
+  MainQueue::mainQueue().async([weak = std::weak_ptr(callbacks_)] {
+    if (const auto callbacks = weak.lock()) {
+      callbacks->isChangeQueued = false;
+      callbacks->changed();
+    }
+  });
+}
+
+void PreferencesWatch::handleDeadlines() {
+  const auto isDue = [this](std::optional<Clock::time_point>& deadline) {
+    const std::scoped_lock lock(mutex_);
+    if (!deadline || *deadline > Clock::now()) return false;
+    deadline.reset();
+    return true;
+  };
+  if (isDue(retryAt_)) {
+    MainQueue::mainQueue().async([weak = std::weak_ptr(callbacks_)] {
+      if (const auto callbacks = weak.lock()) callbacks->retry();
+    });
+  }
+  // A copy that cannot be made now is made later; the store itself is where it matters.
+  if (isDue(copyAt_)) static_cast<void>(keepGoodCopy(store_));
+}
+
+}  // namespace foundation
