@@ -1,0 +1,78 @@
+#include "ProxyService.hpp"
+
+#include <utility>
+
+namespace zorvantine {
+
+using QEVDependencies::ProxyAddress;
+
+namespace {
+
+constexpr std::string_view kEnabled = "com_velloquin_zorvantine_proxy_enabled";
+constexpr std::string_view kListeningAddress = "com_velloquin_zorvantine_proxy_listeningAddress";
+constexpr std::string_view kUpstream = "com_velloquin_zorvantine_proxy_upstream";
+constexpr std::string_view kInterceptsTLS = "com_velloquin_zorvantine_proxy_interceptsTLS";
+constexpr std::string_view kCertificatePath = "com_velloquin_zorvantine_proxy_certificatePath";
+
+constexpr std::string_view kInitialHost = "localhost";
+constexpr std::uint16_t kInitialPort = 8080;
+
+// The address of a text as ProxyAddress writes it.
+std::optional<ProxyAddress> addressOf(std::string_view text) {
+  const std::size_t colon = text.rfind(':');
+  if (colon == std::string_view::npos) return std::nullopt;
+  auto address = ProxyAddress::fromText(text.substr(0, colon), text.substr(colon + 1));
+  return address ? std::optional(*std::move(address)) : std::nullopt;
+}
+
+}  // namespace
+
+ProxyService::ProxyService(QEVSettings::PreferencesStore& store)
+    : store_(store), storeDidChange_(store.observeAll([this](std::string_view key) {
+        if (key.starts_with(kKeyPrefix)) objectWillChange().announce();
+      })) {}
+
+bool ProxyService::isEnabled() const { return store_.boolForKey(kEnabled); }
+
+void ProxyService::setEnabled(bool enabled) { set(enabled, kEnabled); }
+
+std::string ProxyService::problem() const {
+  if (!isEnabled()) return "";
+  if (upstream() == listeningAddress()) {
+    return "The proxy would send its traffic to itself: give it another upstream proxy or port.";
+  }
+  if (interceptsTLS() && certificatePath().empty()) {
+    return "Intercepting TLS needs a certificate: make one, or turn it off.";
+  }
+  return "";
+}
+
+ProxyAddress ProxyService::listeningAddress() const {
+  return address(kListeningAddress).value_or(ProxyAddress{.host = std::string(kInitialHost), .port = kInitialPort});
+}
+
+void ProxyService::setListeningAddress(ProxyAddress address) { set(address.text(), kListeningAddress); }
+
+std::optional<ProxyAddress> ProxyService::upstream() const { return address(kUpstream); }
+
+void ProxyService::setUpstream(std::optional<ProxyAddress> upstream) {
+  set(upstream ? upstream->text() : std::string(), kUpstream);
+}
+
+bool ProxyService::interceptsTLS() const { return store_.boolForKey(kInterceptsTLS); }
+
+void ProxyService::setInterceptsTLS(bool intercepts) { set(intercepts, kInterceptsTLS); }
+
+std::string ProxyService::certificatePath() const { return store_.stringForKey(kCertificatePath).value_or(""); }
+
+void ProxyService::set(QEVSettings::PreferenceValue value, std::string_view key) {
+  objectWillChange().announce();
+  store_.setObject(std::move(value), key);
+}
+
+std::optional<ProxyAddress> ProxyService::address(std::string_view key) const {
+  const auto text = store_.stringForKey(key);
+  return text ? addressOf(*text) : std::nullopt;
+}
+
+}  // namespace zorvantine

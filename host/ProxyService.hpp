@@ -1,0 +1,40 @@
+#pragma once
+
+#include "QEVDependencies/ProxyServiceProtocol.hpp"
+#include "QEVSettings/preferences/PreferencesStore.hpp"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace zorvantine {
+
+// The settings of the host's interception proxy, kept in the preferences store below a prefix of their
+// own. What is stored there and makes no sense reads as the initial value. Main thread.
+class ProxyService final : public QEVDependencies::ProxyServiceProtocol {
+public:
+  static constexpr std::string_view kKeyPrefix = "com_velloquin_zorvantine_proxy_";
+
+  // The store outlives the service.
+  explicit ProxyService(QEVSettings::PreferencesStore& store);
+
+  bool isEnabled() const override;
+  void setEnabled(bool enabled) override;
+  std::string problem() const override;
+  QEVDependencies::ProxyAddress listeningAddress() const override;
+  void setListeningAddress(QEVDependencies::ProxyAddress address) override;
+  std::optional<QEVDependencies::ProxyAddress> upstream() const override;
+  void setUpstream(std::optional<QEVDependencies::ProxyAddress> upstream) override;
+  bool interceptsTLS() const override;
+  void setInterceptsTLS(bool intercepts) override;
+  std::string certificatePath() const override;
+
+private:
+  void set(QEVSettings::PreferenceValue value, std::string_view key);
+  std::optional<QEVDependencies::ProxyAddress> address(std::string_view key) const;
+
+  QEVSettings::PreferencesStore& store_;
+  QEVSettings::Subscription storeDidChange_;
+};
+
+}  // namespace zorvantine
