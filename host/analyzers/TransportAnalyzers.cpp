@@ -1,4 +1,5 @@
 #include "analyzers/AnalyzerGroups.hpp"
+#include "analyzers/TLSKeyLogField.hpp"
 
 namespace zorvantine {
 
@@ -51,6 +52,7 @@ std::vector<AnalyzerDescription> transportAnalyzers() {
                         {"POP3S", "995", Transport::tcp},
                         {"SIPS", "5061", Transport::tcp},
                         {"MQTTS", "8883", Transport::tcp}},
+          .extraContent = [] { return TLSKeyLogField{}; },
       },
   };
 }

@@ -12,6 +12,4 @@ Failed run(const SnapshotCommand&, Console&) {
   return Failure{.message = "this build cannot draw the window; use describe, or build zorvantine with Qt"};
 }
 
-Failed run(const DescribeCommand&, Console&) { return Failure{.message = "this build has no pages to describe yet"}; }
-
 }  // namespace zorvantine

@@ -36,6 +36,7 @@ ROOMS = {
 }
 
 POSIX = r"(sys/\w+|unistd|fcntl|poll|pwd|signal|dlfcn|termios)\.h"
+NETWORK = r"(arpa/inet|ifaddrs|net/if|netinet/in)\.h"
 QT = r"Q[A-Z]\w*(/\w+)?"
 
 # What a room may include besides the standard library; a room that is not named here, nothing.
@@ -44,7 +45,7 @@ OUTSIDE = {
     "viewkit": [r"cxxabi\.h"],
     "sparkle": [r"expat\.h"],
     "qt": [POSIX, QT],
-    "host": [POSIX, QT],
+    "host": [POSIX, NETWORK, QT],
     "tests": [r".+"],
     "benchmarks": [POSIX, QT, r"benchmark/.+", r"sqlite3\.h", r"gio/.+"],
     "fuzz": [POSIX],

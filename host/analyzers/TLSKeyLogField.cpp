@@ -1,0 +1,17 @@
+#include "analyzers/TLSKeyLogField.hpp"
+
+#include "viewkit/Controls.hpp"
+#include "viewkit/Stacks.hpp"
+#include "viewkit/Text.hpp"
+
+namespace zorvantine {
+
+using namespace viewkit;
+
+View TLSKeyLogField::body() const {
+  const std::string label = "Log of session keys";
+  const View field = TextField({.placeholder = "The file that SSLKEYLOGFILE names"}, file.binding());
+  return HStack({.spacing = 12}, {Text(label), field.accessibilityLabel(label)});
+}
+
+}  // namespace zorvantine
