@@ -1,13 +1,24 @@
 #include "qt/Application.hpp"
 
 #include "Colors.hpp"
+#include "DesktopPreferences.hpp"
+#include "Fonts.hpp"
+#include "MonitoredApplication.hpp"
 #include "QtFontCatalog.hpp"
 #include "Style.hpp"
+#include "accessibility/makeAccessible.hpp"
 #include "appkit/Application.hpp"
 #include "foundation/MainQueue.hpp"
 
-#include <QApplication>
+#include <QAccessible>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QPointer>
+#include <QSocketNotifier>
 #include <QToolTip>
+#include <QTranslator>
+
+#include <utility>
 
 namespace qt {
 
@@ -34,7 +45,11 @@ public:
   Runtime(int& argc, char** argv, Display display) : application_((prepare(display), argc), argv) {
     auto& shared = appkit::Application::sharedApplication();
     // What the desktop wants is known only until we set colours of our own.
-    shared.setSystemAppearance(appearanceOf(QApplication::palette()));
+    ownAppearance_ = appearanceOf(QApplication::palette());
+    if (display == Display::screen) {
+      desktop_ = std::make_unique<DesktopPreferences>([this] { followDesktop(); });
+    }
+    followDesktop();
     QApplication::setApplicationName("zorvantine");
     QGuiApplication::setDesktopFileName("zorvantine");
     QApplication::setStyle(new Style);
@@ -46,6 +61,7 @@ public:
     QApplication::setFont(font);
     QToolTip::setFont(font);
 
+    QAccessible::installFactory(makeAccessible);
     shared.setFontCatalog(std::make_shared<QtFontCatalog>());
     applyAppearance();
     appearance_ = shared.effectiveAppearanceDidChange().subscribe([] { applyAppearance(); });
@@ -58,11 +74,30 @@ public:
   ~Runtime() {
     foundation::MainQueue::mainQueue().setWaker(nullptr);
     appkit::Application::sharedApplication().setFontCatalog(nullptr);
+    QAccessible::removeFactory(makeAccessible);
   }
 
   int run() { return QApplication::exec(); }
 
+  bool reducedMotion() const { return desktop_ && desktop_->reducedMotion(); }
+
+  void setLanguage(const QString& code) {
+    const QLocale locale(code);
+    QLocale::setDefault(locale);
+    QCoreApplication::removeTranslator(&translator_);
+    if (translator_.load(locale, QStringLiteral("qtbase"), QStringLiteral("_"),
+                         QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+      QCoreApplication::installTranslator(&translator_);
+    }
+    QGuiApplication::setLayoutDirection(locale.textDirection());
+  }
+
 private:
+  void followDesktop() {
+    const auto wanted = desktop_ ? desktop_->appearance() : std::nullopt;
+    appkit::Application::sharedApplication().setSystemAppearance(wanted.value_or(ownAppearance_));
+  }
+
   static void applyAppearance() {
     const QPalette palette = paletteOf(appkit::Application::sharedApplication().palette());
     QApplication::setPalette(palette);
@@ -75,7 +110,11 @@ private:
         &application_, [] { foundation::MainQueue::mainQueue().drain(); }, Qt::QueuedConnection);
   }
 
-  QApplication application_;
+  MonitoredApplication application_;
+  // Without a portal: what the desktop gave Qt.
+  appkit::Appearance ownAppearance_ = appkit::Appearance::light;
+  std::unique_ptr<DesktopPreferences> desktop_;
+  QTranslator translator_;
   foundation::Subscription appearance_;
 };
 
@@ -92,6 +131,35 @@ Application::~Application() = default;
 int Application::run() { return runtime_->run(); }
 
 void Application::quit() { QApplication::quit(); }
+
+std::vector<std::string> Application::preferredLanguages() {
+  std::vector<std::string> codes;
+  for (const QString& code : QLocale::system().uiLanguages()) codes.push_back(code.toStdString());
+  return codes;
+}
+
+void Application::setLanguage(const std::string& code) { runtime_->setLanguage(text(code)); }
+
+viewkit::LayoutDirection Application::layoutDirection() {
+  return QGuiApplication::layoutDirection() == Qt::RightToLeft ? viewkit::LayoutDirection::rightToLeft
+                                                               : viewkit::LayoutDirection::leftToRight;
+}
+
+bool Application::reducedMotion() const { return runtime_->reducedMotion(); }
+
+QEVSettings::Subscription Application::watch(int descriptor, std::function<void()> readable) {
+  const QPointer<QSocketNotifier> notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read, qApp);
+  QObject::connect(notifier, &QSocketNotifier::activated, notifier, [readable = std::move(readable)] {
+    const auto call = readable;
+    call();
+  });
+  return QEVSettings::Subscription([notifier] {
+    if (!notifier) return;
+    notifier->setEnabled(false);
+    // It may be what is calling just now.
+    notifier->deleteLater();
+  });
+}
 
 void Application::processEvents() {
   QApplication::processEvents();

@@ -1,26 +1,121 @@
 #include "Style.hpp"
 
 #include "Colors.hpp"
+#include "NodePainter.hpp"
+#include "Symbols.hpp"
 
+#include <QApplication>
+#include <QFontMetricsF>
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QWidget>
 
+#include <algorithm>
+#include <cmath>
+
 namespace qt {
 
 namespace {
 
-constexpr qreal kButtonRadius = 6;
 constexpr qreal kTooltipRadius = 0;
 constexpr qreal kFocusRingWidth = 2;
 constexpr int kButtonMargin = 12;
+constexpr int kControlPadding = 5;
+
+constexpr int kScrollBarExtent = 12;
+constexpr qreal kScrollBarThickness = 6;
+constexpr qreal kHoveredScrollBarThickness = 8;
+constexpr int kScrollBarEdge = 2;
+constexpr int kShortestSlider = 24;
 
 QColor outline(const QPalette& palette, qreal strength) {
   return blended(palette.color(QPalette::Window), palette.color(QPalette::WindowText), strength);
 }
 
+QRect scrollSlider(const QStyleOptionSlider& bar) {
+  const bool isVertical = bar.orientation == Qt::Vertical;
+  const int track = (isVertical ? bar.rect.height() : bar.rect.width()) - 2 * kScrollBarEdge;
+  const double whole = double(bar.maximum) - bar.minimum + bar.pageStep;
+  if (whole <= 0 || track <= 0) return bar.rect;
+  const int length = std::clamp(static_cast<int>(track * bar.pageStep / whole), std::min(kShortestSlider, track), track);
+  const int start = kScrollBarEdge + QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition,
+                                                                     track - length, bar.upsideDown);
+  return isVertical ? QRect(bar.rect.left(), bar.rect.top() + start, bar.rect.width(), length)
+                    : QRect(bar.rect.left() + start, bar.rect.top(), length, bar.rect.height());
+}
+
+void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar) {
+  if (bar.maximum <= bar.minimum) return;
+  const bool isHeld = bar.state & QStyle::State_Sunken;
+  const bool isActive = isHeld || (bar.state & QStyle::State_MouseOver);
+  const qreal thickness = isActive ? kHoveredScrollBarThickness : kScrollBarThickness;
+  QRectF handle = scrollSlider(bar);
+  if (bar.orientation == Qt::Horizontal) {
+    handle = {handle.left(), handle.bottom() - kScrollBarEdge - thickness, handle.width(), thickness};
+  } else if (bar.direction == Qt::RightToLeft) {
+    handle = {handle.left() + kScrollBarEdge, handle.top(), thickness, handle.height()};
+  } else {
+    handle = {handle.right() - kScrollBarEdge - thickness, handle.top(), thickness, handle.height()};
+  }
+  QColor color = bar.palette.color(QPalette::Active, QPalette::WindowText);
+  color.setAlphaF(isHeld ? 0.55F : isActive ? 0.42F : 0.28F);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(color);
+  painter.drawRoundedRect(handle, thickness / 2, thickness / 2);
+  painter.restore();
+}
+
 }  // namespace
+
+qreal Style::controlHeight() { return std::ceil(QFontMetricsF(QApplication::font()).height()) + 2 * kControlPadding; }
+
+void Style::drawFieldSurface(QPainter& painter, const QRectF& frame, const QPalette& palette, bool enabled) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QColor base = palette.color(QPalette::Base);
+  painter.setPen(QPen(outline(palette, enabled ? 0.22 : 0.12), 1));
+  painter.setBrush(enabled ? base : blended(palette.color(QPalette::Window), base, 0.4));
+  painter.drawRoundedRect(frame.adjusted(0.5, 0.5, -0.5, -0.5), kCornerRadius, kCornerRadius);
+  painter.restore();
+}
+
+void Style::drawFloatingSurface(QPainter& painter, const QRectF& frame, qreal radius, const QPalette& palette) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(outline(palette, 0.22), 1));
+  painter.setBrush(palette.color(QPalette::ToolTipBase));
+  painter.drawRoundedRect(frame.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+  painter.restore();
+}
+
+void Style::drawShadow(QPainter& painter, const QRectF& frame, qreal extent) {
+  constexpr double darkest = 0.16;
+  constexpr qreal drop = 3;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  // One faint layer over the other: together they fade out smoothly.
+  const qreal reach = extent - drop;
+  painter.setBrush(QColor::fromRgbF(0, 0, 0, static_cast<float>(darkest / reach)));
+  for (qreal by = reach; by > 0; --by) {
+    const QRectF layer = frame.adjusted(-by, -by, by, by).translated(0, drop);
+    painter.drawRoundedRect(layer, kFloatingRadius + by, kFloatingRadius + by);
+  }
+  painter.restore();
+}
+
+void Style::drawIndicator(QPainter& painter, const QRectF& area, bool rightToLeft, const QPalette& palette) {
+  const qreal left = rightToLeft ? area.left() : area.right() - kIndicatorSize;
+  const qreal top = std::floor(area.center().y() - kIndicatorSize / 2);
+  const QColor color = blended(palette.color(QPalette::Button), palette.color(QPalette::ButtonText), 0.7);
+  painter.drawPixmap(QPointF(left, top), symbolPixmap("chevron.up.chevron.down", {kIndicatorSize, kIndicatorSize},
+                                                      color, devicePixelRatioOf(painter)));
+}
+
+double Style::contentOpacity(const QStyleOption& option) { return option.state & State_Sunken ? 0.6 : 1; }
 
 Style::Style() : QProxyStyle(QStyleFactory::create("Fusion")) {}
 
@@ -58,13 +153,46 @@ void Style::drawFocusRing(QPainter& painter, const QRectF& frame, qreal radius, 
   painter.restore();
 }
 
+void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                               const QWidget* widget) const {
+  const auto* bar = control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
+  if (bar) {
+    drawScrollBar(*painter, *bar);
+  } else {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+  }
+}
+
+QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                            const QWidget* widget) const {
+  const auto* bar = control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
+  if (!bar) return QProxyStyle::subControlRect(control, option, part, widget);
+  const QRect slider = scrollSlider(*bar);
+  QRect before = bar->rect;
+  QRect after = bar->rect;
+  if (bar->orientation == Qt::Vertical) {
+    before.setBottom(slider.top() - 1);
+    after.setTop(slider.bottom() + 1);
+  } else {
+    before.setRight(slider.left() - 1);
+    after.setLeft(slider.right() + 1);
+  }
+  switch (part) {
+    case SC_ScrollBarGroove: return bar->rect;
+    case SC_ScrollBarSlider: return slider;
+    case SC_ScrollBarSubPage: return before;
+    case SC_ScrollBarAddPage: return after;
+    default: return {};
+  }
+}
+
 void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                           const QWidget* widget) const {
   switch (element) {
-    case PE_PanelButtonCommand: drawButtonSurface(*painter, option->rect, kButtonRadius, *option); return;
+    case PE_PanelButtonCommand: drawButtonSurface(*painter, option->rect, kCornerRadius, *option); return;
     case PE_FrameFocusRect:
       if (option->state & State_KeyboardFocusChange) {
-        drawFocusRing(*painter, option->rect, kButtonRadius, option->palette);
+        drawFocusRing(*painter, option->rect, kCornerRadius, option->palette);
       }
       return;
     case PE_PanelTipLabel:
@@ -84,6 +212,7 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
     case PM_ButtonShiftVertical: return 0;
     case PM_ButtonMargin: return kButtonMargin;
     case PM_ToolTipLabelFrameWidth: return 5;
+    case PM_ScrollBarExtent: return kScrollBarExtent;
     default: return QProxyStyle::pixelMetric(metric, option, widget);
   }
 }

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "Coordinates.hpp"
+#include "viewkit/PresentationNode.hpp"
+
+#include <QPainter>
+
+#include <functional>
+
+namespace qt {
+
+// Paints what is not a control: texts, symbols, pictures and shapes of a branch of the presentation
+// tree, down to the controls in it, which paint themselves.
+class NodePainter {
+public:
+  // Which nodes to paint.
+  using Filter = std::function<bool(const viewkit::PresentationNode&)>;
+
+  // The painter's coordinates are those of the window; `dirty` is the part that is wanted.
+  NodePainter(QPainter& painter, const Coordinates& coordinates, QRectF dirty, Filter filter);
+
+  // The branch below the node, whose own place in the window is `origin`.
+  void paintChildren(const viewkit::PresentationNode& node, viewkit::Point origin, double opacity);
+
+private:
+  void paint(const viewkit::PresentationNode& node, viewkit::Point parentOrigin, double opacity);
+  void paintContent(const viewkit::PresentationNode& node, const QRectF& frame);
+  void draw(const viewkit::TextVisual& text, const QRectF& frame);
+  void draw(const viewkit::SymbolVisual& symbol, const QRectF& frame);
+  void draw(const viewkit::ImageVisual& image, const QRectF& frame);
+  void draw(const viewkit::ShapeVisual& shape, const QRectF& frame);
+
+  // The nearest place that lies on a whole device pixel.
+  QPointF snapped(QPointF point) const;
+  QRectF snapped(const QRectF& rect) const;
+
+  QPainter& painter_;
+  const Coordinates& coordinates_;
+  QRectF dirty_;
+  Filter filter_;
+  qreal devicePixelRatio_;
+};
+
+// How many device pixels the painter draws for a logical one.
+qreal devicePixelRatioOf(const QPainter& painter);
+
+}  // namespace qt

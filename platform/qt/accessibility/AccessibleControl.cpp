@@ -1,0 +1,83 @@
+#include "AccessibleControl.hpp"
+
+#include "AccessibleTree.hpp"
+#include "Mirror.hpp"
+#include "controls/ControlWidget.hpp"
+#include "told.hpp"
+
+#include <QAbstractButton>
+
+namespace qt {
+
+AccessibleControl::AccessibleControl(ControlWidget& control)
+    : QAccessibleWidget(&control.widget()), control_(control) {}
+
+const viewkit::PresentationNode* AccessibleControl::node() const { return control_.node(); }
+
+AccessibleTree& AccessibleControl::tree() const { return control_.mirror().accessibles(); }
+
+bool AccessibleControl::isValid() const { return QAccessibleWidget::isValid() && node(); }
+
+QAccessibleInterface* AccessibleControl::parent() const {
+  return node() ? tree().parentOf(*node()) : QAccessibleWidget::parent();
+}
+
+QAccessibleInterface* AccessibleControl::child(int index) const {
+  return node() ? childOf(tree(), *node(), index) : nullptr;
+}
+
+int AccessibleControl::childCount() const {
+  return node() ? static_cast<int>(AccessibleTree::toldBelow(*node()).size()) : 0;
+}
+
+int AccessibleControl::indexOfChild(const QAccessibleInterface* child) const {
+  return node() ? indexIn(tree(), *node(), child) : -1;
+}
+
+QAccessibleInterface* AccessibleControl::childAt(int x, int y) const {
+  return node() ? childUnder(tree(), *node(), {x, y}) : nullptr;
+}
+
+QString AccessibleControl::text(QAccessible::Text kind) const {
+  return node() ? toldText(node()->accessibility, kind) : QString();
+}
+
+QAccessible::Role AccessibleControl::role() const {
+  return node() ? roleOf(node()->accessibility.role) : QAccessible::NoRole;
+}
+
+QAccessible::State AccessibleControl::state() const {
+  QAccessible::State state = QAccessibleWidget::state();
+  if (!node()) return state;
+  addTold(state, node()->accessibility);
+  if (const auto* toggle = std::get_if<viewkit::ToggleControl>(node()->control())) {
+    state.checkable = true;
+    state.checked = toggle->isOn;
+  }
+  state.hasPopup = std::holds_alternative<viewkit::MenuControl>(*node()->control());
+  return state;
+}
+
+QString AccessibleControl::actionName() const {
+  if (!node()) return {};
+  if (std::holds_alternative<viewkit::ToggleControl>(*node()->control())) return toggleAction();
+  if (std::holds_alternative<viewkit::MenuControl>(*node()->control())) return showMenuAction();
+  return dynamic_cast<QAbstractButton*>(&control_.widget()) ? pressAction() : QString();
+}
+
+QStringList AccessibleControl::actionNames() const {
+  QStringList names = QAccessibleWidget::actionNames();
+  const QString own = actionName();
+  if (!own.isEmpty() && widget()->isEnabled()) names.prepend(own);
+  return names;
+}
+
+void AccessibleControl::doAction(const QString& name) {
+  if (!name.isEmpty() && name == actionName()) {
+    control_.performPress();
+  } else {
+    QAccessibleWidget::doAction(name);
+  }
+}
+
+}  // namespace qt

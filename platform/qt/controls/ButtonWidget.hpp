@@ -1,0 +1,26 @@
+#pragma once
+
+#include "ControlWidget.hpp"
+
+#include <QAbstractButton>
+#include <QStyleOption>
+
+namespace qt {
+
+// What all controls that are pressed have in common: Space and Return press them too.
+class ButtonWidget : public QAbstractButton, public ControlWidget {
+public:
+  ButtonWidget(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent);
+
+  QWidget& widget() override { return *this; }
+  bool performPress() override;
+
+protected:
+  virtual void press() = 0;
+
+  void keyPressEvent(QKeyEvent* event) override;
+  // Hovered, pressed, enabled, and the colours to draw with.
+  QStyleOption styleOption() const;
+};
+
+}  // namespace qt

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "appkit/Responder.hpp"
+#include "viewkit/PresentationNode.hpp"
+
+#include <QWidget>
+
+#include <functional>
+#include <utility>
+#include <variant>
+
+namespace qt {
+
+class Mirror;
+
+// What a control of the presentation tree is on the screen: a widget that shows its node and hands the
+// person's actions to the functions in it. Every control derives from this and from the kind of widget
+// that it is; Qt owns it through the widget's parent.
+class ControlWidget {
+public:
+  ControlWidget(Mirror& mirror, const viewkit::PresentationNode& node)
+      : mirror_(mirror), node_(&node), kind_(node.control()->index()) {}
+  ControlWidget(const ControlWidget&) = delete;
+  ControlWidget& operator=(const ControlWidget&) = delete;
+  virtual ~ControlWidget() = default;
+
+  virtual QWidget& widget() = 0;
+  // The node's content or attributes are new.
+  virtual void refresh() { widget().update(); }
+  // Whether what is below the node is shown inside of this widget.
+  virtual bool holdsChildren() const { return false; }
+  // Where the corner of the node lies in the widget.
+  virtual QPoint contentOrigin() const { return {}; }
+  // What is below the node was brought up to date.
+  virtual void contentsChanged() {}
+  // Whether it stands above the window instead of among its neighbours.
+  virtual bool floats() const { return false; }
+  // Where the widget belongs when its node has this place in the window, in window coordinates.
+  virtual QRect placeFor(const QRect& frame) const { return frame; }
+  // Commits a text that is being edited.
+  virtual void endEditing() {}
+  virtual appkit::Responder& responder() { return responder_; }
+
+  // Whether this is the right kind of widget for the node.
+  bool shows(const viewkit::PresentationNode& node) const {
+    return node.control() && node.control()->index() == kind_;
+  }
+
+  // Nothing from when the node is gone until the widget is.
+  const viewkit::PresentationNode* node() const { return node_; }
+  void forgetNode() { node_ = nullptr; }
+
+  // Of everything that the node stands in.
+  double opacity() const { return opacity_; }
+  void setOpacity(double opacity) { opacity_ = opacity; }
+
+  // Used while there is a node.
+  Mirror& mirror() const { return mirror_; }
+  // What a click does, for assistive technology. Whether there is such a thing.
+  virtual bool performPress() { return false; }
+
+protected:
+  template <class C>
+  const C* control() const {
+    return node_ && node_->control() ? std::get_if<C>(node_->control()) : nullptr;
+  }
+
+  // Calls a function of the control as it is now; the call may replace it or end the node.
+  template <class C, class... Parameters, class... Arguments>
+  void call(std::function<void(Parameters...)> C::* function, Arguments&&... arguments) {
+    const C* current = control<C>();
+    if (!current) return;
+    if (const auto action = current->*function) action(std::forward<Arguments>(arguments)...);
+  }
+
+  // Shows what the view made of the person's action, should it be something else or nothing.
+  void refreshLater();
+
+private:
+  Mirror& mirror_;
+  const viewkit::PresentationNode* node_;
+  std::size_t kind_;
+  appkit::Responder responder_;
+  double opacity_ = 1;
+};
+
+}  // namespace qt

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "ButtonWidget.hpp"
+
+namespace qt {
+
+// The small round button that opens a page's help.
+class HelpButton : public ButtonWidget {
+public:
+  using ButtonWidget::ButtonWidget;
+
+  static QSizeF sizeFor();
+
+protected:
+  void press() override { call(&viewkit::HelpButtonControl::action); }
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace qt

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "MenuOpener.hpp"
+
+namespace qt {
+
+// The platform's pop-up button: a title, and an arrow to show that there is more.
+class MenuButton : public MenuOpener {
+public:
+  using MenuOpener::MenuOpener;
+
+  static QSizeF sizeFor(const viewkit::MenuControl& menu);
+
+protected:
+  void paintEvent(QPaintEvent* event) override;
+  std::string currentTitle(const viewkit::MenuControl& menu) const override { return menu.title; }
+  void open(MenuPopup& popup) override { popup.openOver(); }
+};
+
+}  // namespace qt

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "MenuOpener.hpp"
+
+namespace qt {
+
+// A menu behind the views that are its label.
+class MenuLabel : public MenuOpener {
+public:
+  using MenuOpener::MenuOpener;
+
+  bool holdsChildren() const override { return true; }
+
+protected:
+  void paintEvent(QPaintEvent* event) override;
+  std::string currentTitle(const viewkit::MenuControl& menu) const override;
+  void open(MenuPopup& popup) override { popup.openUnder(); }
+};
+
+}  // namespace qt

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "ButtonWidget.hpp"
+#include "MenuPopup.hpp"
+
+#include <QPointer>
+
+#include <string>
+
+namespace qt {
+
+// What opens a menu: by a press of the mouse, Space, Return or the Down key.
+class MenuOpener : public ButtonWidget {
+public:
+  using ButtonWidget::ButtonWidget;
+
+protected:
+  void press() override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+  virtual std::string currentTitle(const viewkit::MenuControl& menu) const = 0;
+  virtual void open(MenuPopup& popup) = 0;
+
+private:
+  QPointer<MenuPopup> popup_;
+};
+
+}  // namespace qt

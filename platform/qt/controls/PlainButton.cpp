@@ -1,0 +1,17 @@
+#include "PlainButton.hpp"
+
+#include "Mirror.hpp"
+#include "Style.hpp"
+
+#include <QPaintEvent>
+#include <QPainter>
+
+namespace qt {
+
+void PlainButton::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  mirror().paint(painter, *this, event->rect(), Style::contentOpacity(styleOption()));
+  if (Style::showsFocus(*this)) Style::drawFocusRing(painter, rect(), Style::kCornerRadius, palette());
+}
+
+}  // namespace qt

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "ButtonWidget.hpp"
+
+namespace qt {
+
+// A button that looks like the views in it.
+class PlainButton : public ButtonWidget {
+public:
+  using ButtonWidget::ButtonWidget;
+
+  bool holdsChildren() const override { return true; }
+
+protected:
+  void press() override { call(&viewkit::PlainButtonControl::action); }
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace qt

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "ControlWidget.hpp"
+
+namespace qt {
+
+// A surface that stands above the window, beside the view it belongs to. A click elsewhere or Escape
+// closes it.
+class Popover : public QWidget, public ControlWidget {
+public:
+  Popover(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& canvas);
+  ~Popover() override;
+
+  QWidget& widget() override { return *this; }
+  bool holdsChildren() const override { return true; }
+  bool floats() const override { return true; }
+  QPoint contentOrigin() const override;
+  QRect placeFor(const QRect& frame) const override;
+
+  void dismiss() { call(&viewkit::PopoverControl::dismiss); }
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+};
+
+}  // namespace qt

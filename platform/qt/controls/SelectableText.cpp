@@ -1,0 +1,85 @@
+#include "SelectableText.hpp"
+
+#include "Colors.hpp"
+#include "Fonts.hpp"
+#include "Style.hpp"
+
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QTextBlockFormat>
+#include <QWheelEvent>
+
+#include <cmath>
+
+namespace qt {
+
+SelectableText::SelectableText(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent)
+    : QTextEdit(&parent), ControlWidget(mirror, node) {
+  setReadOnly(true);
+  setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  setFrameShape(QFrame::NoFrame);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  document()->setDocumentMargin(0);
+  viewport()->setAutoFillBackground(false);
+  viewport()->setMouseTracking(true);
+}
+
+void SelectableText::refresh() {
+  const auto* selectable = control<viewkit::SelectableTextControl>();
+  if (!selectable) return;
+  const QFont font = fontOf(selectable->text.font);
+  const QString wanted = text(selectable->text.text);
+  if (document()->defaultFont() != font) document()->setDefaultFont(font);
+  if (toPlainText() != wanted) setPlainText(wanted);
+
+  // Lines as high as those of text that is only shown, which layout has measured.
+  const QFontMetricsF metrics(font);
+  QTextBlockFormat lines;
+  lines.setLineHeight(std::ceil(metrics.ascent()) + std::ceil(metrics.descent()), QTextBlockFormat::FixedHeight);
+  QTextCursor cursor(document());
+  cursor.select(QTextCursor::Document);
+  cursor.mergeBlockFormat(lines);
+
+  QPalette colors = palette();
+  const QColor color = colorOf(selectable->text.color);
+  if (colors.color(QPalette::Text) != color) {
+    colors.setColor(QPalette::Text, color);
+    setPalette(colors);
+  }
+}
+
+void SelectableText::changeEvent(QEvent* event) {
+  QTextEdit::changeEvent(event);
+  if (event->type() == QEvent::ApplicationPaletteChange) refresh();
+}
+
+void SelectableText::keyPressEvent(QKeyEvent* event) {
+  const bool isForWindow = event->key() == Qt::Key_Escape || event->key() == Qt::Key_Tab || event->key() == Qt::Key_F1;
+  if (isForWindow) {
+    event->ignore();
+  } else {
+    QTextEdit::keyPressEvent(event);
+  }
+}
+
+void SelectableText::focusOutEvent(QFocusEvent* event) {
+  QTextEdit::focusOutEvent(event);
+  if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason) return;
+  QTextCursor cursor = textCursor();
+  cursor.clearSelection();
+  setTextCursor(cursor);
+}
+
+void SelectableText::paintEvent(QPaintEvent* event) {
+  QTextEdit::paintEvent(event);
+  if (!Style::showsFocus(*this)) return;
+  QPainter painter(viewport());
+  Style::drawFocusRing(painter, rect(), 2, palette());
+}
+
+void SelectableText::wheelEvent(QWheelEvent* event) { event->ignore(); }
+
+}  // namespace qt

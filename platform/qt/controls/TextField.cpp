@@ -1,0 +1,166 @@
+#include "TextField.hpp"
+
+#include "Fonts.hpp"
+#include "Style.hpp"
+#include "editText.hpp"
+
+#include <QApplication>
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPainter>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <cmath>
+
+namespace qt {
+
+namespace {
+
+constexpr int kHorizontalPadding = 7;
+constexpr double kDefaultWidth = 160;
+// What is longer than any field shows lines of plays no part in its height.
+constexpr qsizetype kMeasuredLength = 4096;
+
+int lineCount(const QString& text, double width, int limit) {
+  int lines = 0;
+  QTextLayout layout(text.left(kMeasuredLength), QApplication::font());
+  QTextOption options;
+  options.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  layout.setTextOption(options);
+  layout.beginLayout();
+  for (QTextLine line = layout.createLine(); line.isValid() && lines < limit; line = layout.createLine()) {
+    line.setLineWidth(width);
+    ++lines;
+  }
+  layout.endLayout();
+  return std::max(lines, 1);
+}
+
+double lineHeight() { return std::ceil(QFontMetricsF(QApplication::font()).height()); }
+
+}  // namespace
+
+TextField::TextField(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent)
+    : QTextEdit(&parent), ControlWidget(mirror, node) {
+  const int limit = std::get<viewkit::TextFieldControl>(*node.control()).lineLimit;
+  setAcceptRichText(false);
+  setTabChangesFocus(true);
+  setFrameShape(QFrame::NoFrame);
+  setLineWrapMode(limit > 1 ? QTextEdit::WidgetWidth : QTextEdit::NoWrap);
+  setWordWrapMode(limit > 1 ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  document()->setDocumentMargin(0);
+  viewport()->setAutoFillBackground(false);
+  viewport()->setMouseTracking(true);
+  const int padding = static_cast<int>((Style::controlHeight() - lineHeight()) / 2);
+  setViewportMargins(kHorizontalPadding, padding, kHorizontalPadding, padding);
+  connect(this, &QTextEdit::textChanged, this, [this] { textEdited(); });
+}
+
+QSizeF TextField::sizeFor(const viewkit::TextFieldControl& field, const viewkit::ProposedSize& proposal) {
+  const double width = proposal.width && std::isfinite(*proposal.width) ? *proposal.width : kDefaultWidth;
+  const int lines = field.lineLimit > 1
+                        ? lineCount(text(field.text), std::max(1.0, width - 2 * kHorizontalPadding), field.lineLimit)
+                        : 1;
+  return {width, Style::controlHeight() + (lines - 1) * lineHeight()};
+}
+
+void TextField::refresh() {
+  const auto* field = control<viewkit::TextFieldControl>();
+  if (!field) return;
+  setPlaceholderText(text(field->placeholder));
+  const QString wanted = text(field->text);
+  // What an input method has in hand is not disturbed.
+  if (composing_ || toPlainText() == wanted) return;
+  refreshing_ = true;
+  editText(*this, wanted);
+  told_ = wanted;
+  refreshing_ = false;
+}
+
+void TextField::textEdited() {
+  const QString now = toPlainText();
+  if (refreshing_ || now == told_) return;
+  told_ = now;
+  changedSinceCommit_ = true;
+  call(&viewkit::TextFieldControl::change, now.toStdString());
+  refreshLater();
+}
+
+void TextField::commit() {
+  changedSinceCommit_ = false;
+  call(&viewkit::TextFieldControl::commit);
+  refreshLater();
+}
+
+void TextField::endEditing() {
+  if (changedSinceCommit_) commit();
+}
+
+bool TextField::event(QEvent* event) {
+  if (event->type() != QEvent::Paint) return QTextEdit::event(event);
+  QPainter painter(this);
+  Style::drawFieldSurface(painter, rect(), palette(), isEnabled());
+  if (hasFocus()) Style::drawFocusRing(painter, rect(), Style::kCornerRadius, palette());
+  return true;
+}
+
+void TextField::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter: commit(); return;
+    case Qt::Key_Escape:
+    case Qt::Key_F1: event->ignore(); return;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+      if (event->modifiers() & Qt::ControlModifier) {
+        event->ignore();
+        return;
+      }
+      break;
+    default: break;
+  }
+  QTextEdit::keyPressEvent(event);
+}
+
+void TextField::focusInEvent(QFocusEvent* event) {
+  QTextEdit::focusInEvent(event);
+  const auto reason = event->reason();
+  if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason) selectAll();
+  update();
+}
+
+void TextField::focusOutEvent(QFocusEvent* event) {
+  QTextEdit::focusOutEvent(event);
+  update();
+  // A menu of the field's own takes the keyboard only for a while.
+  if (event->reason() == Qt::PopupFocusReason) return;
+  QTextCursor cursor = textCursor();
+  cursor.clearSelection();
+  setTextCursor(cursor);
+  endEditing();
+}
+
+void TextField::inputMethodEvent(QInputMethodEvent* event) {
+  composing_ = !event->preeditString().isEmpty();
+  QTextEdit::inputMethodEvent(event);
+}
+
+bool TextField::canInsertFromMimeData(const QMimeData* source) const { return source->hasText(); }
+
+void TextField::insertFromMimeData(const QMimeData* source) {
+  QString pasted = source->text();
+  pasted.replace(QLatin1String("\r\n"), QLatin1String(" "));
+  for (QChar& each : pasted) {
+    if (each == '\n' || each == '\r' || each == QChar::ParagraphSeparator || each == QChar::LineSeparator) each = ' ';
+  }
+  insertPlainText(pasted);
+  ensureCursorVisible();
+}
+
+}  // namespace qt

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "ControlWidget.hpp"
+
+#include <QTextEdit>
+
+namespace qt {
+
+// Text that a person types, in one line or a few. Every keystroke is told at once; Return commits, and
+// so does leaving the field after a change.
+class TextField : public QTextEdit, public ControlWidget {
+public:
+  TextField(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent);
+
+  static QSizeF sizeFor(const viewkit::TextFieldControl& field, const viewkit::ProposedSize& proposal);
+
+  QWidget& widget() override { return *this; }
+  void refresh() override;
+  void endEditing() override;
+  appkit::Responder& responder() override { return textResponder_; }
+
+protected:
+  bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
+  bool canInsertFromMimeData(const QMimeData* source) const override;
+  void insertFromMimeData(const QMimeData* source) override;
+
+private:
+  void textEdited();
+  void commit();
+
+  appkit::Text textResponder_;
+  QString told_;
+  bool changedSinceCommit_ = false;
+  bool refreshing_ = false;
+  bool composing_ = false;
+};
+
+}  // namespace qt

@@ -1,0 +1,61 @@
+#include "makeControl.hpp"
+
+#include "ColorWell.hpp"
+#include "FontPicker.hpp"
+#include "HelpButton.hpp"
+#include "MenuButton.hpp"
+#include "MenuLabel.hpp"
+#include "Mirror.hpp"
+#include "PlainButton.hpp"
+#include "Popover.hpp"
+#include "PushButton.hpp"
+#include "ScrollArea.hpp"
+#include "SelectableText.hpp"
+#include "Switch.hpp"
+#include "TabBar.hpp"
+#include "TextField.hpp"
+
+namespace qt {
+
+namespace {
+
+class Maker {
+public:
+  Maker(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent)
+      : mirror_(mirror), node_(node), parent_(parent) {}
+
+  ControlWidget* operator()(const viewkit::ButtonControl&) const { return make<PushButton>(); }
+  ControlWidget* operator()(const viewkit::PlainButtonControl&) const { return make<PlainButton>(); }
+  ControlWidget* operator()(const viewkit::HelpButtonControl&) const { return make<HelpButton>(); }
+  ControlWidget* operator()(const viewkit::FontPickerControl&) const { return make<FontPicker>(); }
+  ControlWidget* operator()(const viewkit::TabBarControl&) const { return make<TabBar>(); }
+  ControlWidget* operator()(const viewkit::PopoverControl&) const {
+    return new Popover(mirror_, node_, mirror_.canvas());
+  }
+  ControlWidget* operator()(const viewkit::ToggleControl&) const { return make<Switch>(); }
+  ControlWidget* operator()(const viewkit::ColorWellControl&) const { return make<ColorWell>(); }
+  ControlWidget* operator()(const viewkit::MenuControl& menu) const {
+    return menu.title.empty() ? make<MenuLabel>() : make<MenuButton>();
+  }
+  ControlWidget* operator()(const viewkit::TextFieldControl&) const { return make<TextField>(); }
+  ControlWidget* operator()(const viewkit::SelectableTextControl&) const { return make<SelectableText>(); }
+  ControlWidget* operator()(const viewkit::ScrollControl&) const { return make<ScrollArea>(); }
+
+private:
+  template <class Widget>
+  ControlWidget* make() const {
+    return new Widget(mirror_, node_, parent_);
+  }
+
+  Mirror& mirror_;
+  const viewkit::PresentationNode& node_;
+  QWidget& parent_;
+};
+
+}  // namespace
+
+ControlWidget* makeControl(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent) {
+  return std::visit(Maker(mirror, node, parent), *node.control());
+}
+
+}  // namespace qt

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "appkit/Window.hpp"
+#include "foundation/Result.hpp"
+#include "viewkit/Environment.hpp"
+#include "viewkit/Geometry.hpp"
+#include "viewkit/View.hpp"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace viewkit {
+class ViewHost;
+}
+
+namespace qt {
+
+class WindowWidget;
+
+struct WindowOptions {
+  std::string title;
+  // Points; the window is never smaller than its root view needs, and follows the view's height until
+  // the person gives it another one.
+  viewkit::Size size{720, 480};
+  viewkit::Environment environment;
+  viewkit::View root;
+};
+
+// A window with a view in it. Its controls are the platform's own, so keyboard, input methods,
+// selection and assistive technology work as they do everywhere.
+//
+// Escape closes it, Ctrl+Tab and Ctrl+Page Up or Down go through the tabs of the first tab view, F1
+// presses the first help button. Needs a qt::Application that outlives it. Main thread only.
+class Window : public appkit::Window {
+public:
+  explicit Window(WindowOptions options);
+  // The views disappear; `onClose` is not told.
+  ~Window() override;
+
+  // Opens the window, or brings it to the front.
+  void show();
+  // As a person would: a text that is being edited is committed, the views disappear, and the window
+  // stays closed for good.
+  void close();
+  bool isOpen() const;
+  // Called on the turn of the main queue after the window was closed, by whomever; it may destroy the
+  // window.
+  void onClose(std::function<void()> closed);
+
+  // Draws the window's content as it is, on the screen or not, into a PNG file with `scale` pixels a
+  // point. Fades in progress are ended first.
+  foundation::Outcome snapshot(const std::string& path, double scale);
+
+  // The views at work. Until the window is closed.
+  viewkit::ViewHost& host();
+
+  appkit::Responder* firstResponder() const override;
+  bool makeFirstResponder(appkit::Responder* responder) override;
+
+private:
+  std::unique_ptr<WindowWidget> widget_;
+};
+
+}  // namespace qt
