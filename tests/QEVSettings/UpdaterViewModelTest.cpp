@@ -1,5 +1,6 @@
 #include "QEVSettings/UpdaterViewModel.hpp"
 
+#include "SilentTransport.hpp"
 #include "foundation/MainQueue.hpp"
 #include "foundation/UserDefaults.hpp"
 
@@ -15,18 +16,6 @@ namespace {
 constexpr std::string_view kChecksKey = "sparkle_automaticallyChecks";
 constexpr std::string_view kDownloadsKey = "sparkle_automaticallyDownloads";
 constexpr std::string_view kProfileKey = "sparkle_sendsSystemProfile";
-
-// Never answers, so that a check goes on until the test ends it.
-class SilentTransport final : public sparkle::FeedTransport {
-public:
-  Subscription fetch(const sparkle::FeedRequest& /*request*/, Completion completion) override {
-    ++requests;
-    answer = std::move(completion);
-    return Subscription();
-  }
-  int requests = 0;
-  Completion answer;
-};
 
 class UpdaterViewModelTest : public testing::Test {
 protected:
