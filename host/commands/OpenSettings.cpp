@@ -1,0 +1,39 @@
+#include "commandline/TextForm.hpp"
+#include "commands/Commands.hpp"
+#include "commands/Interruption.hpp"
+#include "qt/Application.hpp"
+#include "window/DesktopHost.hpp"
+#include "window/Snapshots.hpp"
+
+#include <filesystem>
+#include <iostream>
+
+namespace zorvantine {
+
+namespace {
+
+constexpr const char* kPicturesFolder = "zorvantine-settings";
+
+void tell(const std::string& message) { std::cerr << "zorvantine: " << onOneLine(message) << std::endl; }
+
+}  // namespace
+
+Failed run(const SettingsCommand& command, Console&) {
+  auto& store = Console::store();
+  if (!qt::Application::hasDisplay()) {
+    if (auto failure = storeFailure(store)) return failure;
+    tell(std::string("there is no display to open the window on, so it is drawn into the folder ") + kPicturesFolder +
+         "; set DISPLAY or WAYLAND_DISPLAY to open it");
+    SnapshotCommand snapshot;
+    snapshot.folder = kPicturesFolder;
+    snapshot.window = command.window;
+    return takeSnapshots(snapshot, store);
+  }
+  // The window is of use all the same: it shows what could be read.
+  if (const auto status = store.status()) tell(status->message);
+  const Interruption interruption;
+  DesktopHost(command.window, store, qt::Application::Display::screen).run(command.tab, interruption);
+  return std::nullopt;
+}
+
+}  // namespace zorvantine
