@@ -37,7 +37,7 @@ ROOMS = {
 
 POSIX = r"(sys/\w+|unistd|fcntl|poll|pwd|signal|dlfcn|termios)\.h"
 NETWORK = r"(arpa/inet|ifaddrs|net/if|netinet/in)\.h"
-QT = r"Q[A-Z]\w*(/\w+)?"
+QT = r"Qt|Q[A-Z]\w*(/\w+)?"
 
 # What a room may include besides the standard library; a room that is not named here, nothing.
 OUTSIDE = {
