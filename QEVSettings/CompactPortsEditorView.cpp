@@ -57,7 +57,7 @@ GridRow protocolRow(const PortsEditing::Row& row, const std::vector<std::string>
                                               .disableAutocorrection = true,
                                               .borderStyle = RoundedBorderStyle::line,
                                               .lineLimit = 4,
-                                              .onCommit = [editing, row] { editing->commitPorts(row); }})
+                                              .onCommit = [editing, row] { editing->fieldCommitted(row); }})
                       .frame(FlexibleFrame{.minWidth = 120}),
                   PortSourceCell{.model = row->model(),
                                  .onPick = [editing, row](std::int64_t source) { editing->pickSource(row, source); }},
@@ -69,8 +69,8 @@ GridRow protocolRow(const PortsEditing::Row& row, const std::vector<std::string>
 }  // namespace
 
 View CompactPortsEditorView::body() const {
-  const auto editing = std::make_shared<const PortsEditing>(ports, controller,
-                                                            Environment::current().defaultStore.get(), rows.binding());
+  const auto editing = std::make_shared<const PortsEditing>(
+      ports, controller, Environment::current().defaultStore.get(), rows.binding(), isShown.binding());
 
   std::vector<GridRow> table{headerRow()};
   for (const PortsEditing::Row& row : rows.get()) {

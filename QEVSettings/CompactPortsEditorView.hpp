@@ -19,6 +19,7 @@ struct CompactPortsEditorView {
   std::weak_ptr<QEVDependencies::QEVPortsPreferencesProtocol> controller;
   // Loaded whenever the view appears.
   viewkit::State<PortsEditing::Rows> rows = {};
+  viewkit::State<bool> isShown = false;
 
   viewkit::View body() const;
 };

@@ -80,10 +80,17 @@ bool attempt(const Protocol& protocol, const std::function<void()>& steps) {
 
 PortsEditing::PortsEditing(QEVDependencies::AnalyzerPortsSpec ports,
                            std::weak_ptr<QEVDependencies::QEVPortsPreferencesProtocol> controller,
-                           PreferencesStore& defaults, viewkit::Binding<Rows> rows)
-    : ports_(std::move(ports)), controller_(std::move(controller)), defaults_(&defaults), rows_(std::move(rows)) {}
+                           PreferencesStore& defaults, viewkit::Binding<Rows> rows, viewkit::Binding<bool> isShown)
+    : ports_(std::move(ports)),
+      controller_(std::move(controller)),
+      defaults_(&defaults),
+      rows_(std::move(rows)),
+      isShown_(std::move(isShown)) {}
 
-void PortsEditing::load() const { replaceRows(store().decode(ports_.defaultPorts)); }
+void PortsEditing::load() const {
+  isShown_.set(true);
+  replaceRows(store().decode(ports_.defaultPorts));
+}
 
 void PortsEditing::pickName(const Row& row, const std::string& name) const {
   const Protocol& protocol = row->model();
@@ -97,6 +104,10 @@ void PortsEditing::pickSource(const Row& row, std::int64_t source) const {
   const Protocol old = snapshot(*protocol);
   protocol->sourceProtocol = source;
   if (attempt(protocol, [&] { report(old, protocol, QEVNetworkProtocolProperty::sourceProtocol); })) saveAndNotify();
+}
+
+void PortsEditing::fieldCommitted(const Row& row) const {
+  if (isShown_.get()) commitPorts(row);
 }
 
 void PortsEditing::commitPorts(const Row& row) const {
@@ -134,6 +145,7 @@ void PortsEditing::flush() const {
     const bool isStored = i < stored.size() && stored[i]->protocolPorts.get() == rows[i]->model()->protocolPorts.get();
     if (!isStored) commitPorts(rows[i]);
   }
+  isShown_.set(false);
 }
 
 QEVModels::AnalyzerPortsStore PortsEditing::store() const { return {ports_.networkProtocolKey, *defaults_}; }

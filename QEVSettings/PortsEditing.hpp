@@ -26,14 +26,16 @@ public:
   using Rows = std::vector<Row>;
 
   // The store outlives the editing. Without a controller, or when it is gone, only its calls are left out.
+  // `isShown` is kept true from a load to the flush.
   PortsEditing(QEVDependencies::AnalyzerPortsSpec ports,
                std::weak_ptr<QEVDependencies::QEVPortsPreferencesProtocol> controller, PreferencesStore& defaults,
-               viewkit::Binding<Rows> rows);
+               viewkit::Binding<Rows> rows, viewkit::Binding<bool> isShown);
 
   void load() const;
   void pickName(const Row& row, const std::string& name) const;
   void pickSource(const Row& row, std::int64_t source) const;
-  void commitPorts(const Row& row) const;
+  // A field that is being edited when it goes away says so after the flush, which has committed it then.
+  void fieldCommitted(const Row& row) const;
   // Back to the factory list.
   void reset() const;
   // Commits what was typed and not committed.
@@ -43,6 +45,7 @@ private:
   using Protocol = std::shared_ptr<QEVDependencies::QEVNetworkProtocol>;
 
   QEVModels::AnalyzerPortsStore store() const;
+  void commitPorts(const Row& row) const;
   void replaceRows(const QEVDependencies::QEVNetworkProtocolList& list) const;
   Protocol factoryRecord(const std::string& name) const;
   void report(const Protocol& old, const Protocol& current, QEVDependencies::QEVNetworkProtocolProperty changed) const;
@@ -52,6 +55,7 @@ private:
   std::weak_ptr<QEVDependencies::QEVPortsPreferencesProtocol> controller_;
   PreferencesStore* defaults_;
   viewkit::Binding<Rows> rows_;
+  viewkit::Binding<bool> isShown_;
 };
 
 }  // namespace QEVSettings

@@ -32,6 +32,9 @@ protected:
     load("Web", preferences);
   }
 
+  // While the journal is still there.
+  ~CompactPortsEditorViewTest() override { close(); }
+
   headless::Window& show() {
     headless::Window& window = open();
     journal.clear();
@@ -80,6 +83,7 @@ TEST_F(CompactPortsEditorViewTest, ShowsTheStoredListOrElseTheFactoryList) {
   EXPECT_THAT(shownPorts(show()), ElementsAre("80", "3128,8080"));
   EXPECT_FALSE(store.underneath().objectForKey(kKey)) << "being shown stores nothing";
 
+  close();
   QEVModels::AnalyzerPortsStore(kKey, store.underneath()).encode({protocol("", "1-5", 3), protocol("X", "9", 77)});
   headless::Window& window = show();
   EXPECT_THAT(shownPorts(window), ElementsAre("1-5", "9"));

@@ -15,6 +15,7 @@ using viewkit::Role;
 void enter(headless::Window& window, const char* label, std::string_view text) {
   window.click(window.find(Role::textField, label));
   window.selectAll();
+  window.press(Key::deleteBackward);
   window.type(text);
   window.press(Key::enter);
 }

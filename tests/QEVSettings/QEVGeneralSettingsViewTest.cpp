@@ -1,8 +1,11 @@
 #include "QEVKonstantsKeys/Keys.hpp"
 #include "SettingsWindowTest.hpp"
 #include "appkit/Application.hpp"
+#include "foundation/Bundle.hpp"
 
 #include <gmock/gmock.h>
+
+#include <filesystem>
 
 namespace QEVSettings {
 namespace {
@@ -102,6 +105,7 @@ TEST_F(QEVGeneralSettingsViewTest, TintsTheModeUnderThePointer) {
 }
 
 TEST_F(QEVGeneralSettingsViewTest, StoresTheTextOfTheZoneThatIsPicked) {
+  foundation::Bundle::setMainResourceFolder(std::filesystem::path(QEV_SOURCE_FOLDER) / "host/resources");
   headless::Window& window = open(Tabs::general);
   const auto menu = window.find(Role::menuButton, "Packet time zone");
   const auto items = window.menuItems(menu);
@@ -114,6 +118,7 @@ TEST_F(QEVGeneralSettingsViewTest, StoresTheTextOfTheZoneThatIsPicked) {
   store.underneath().setObject("no zone that anyone lists", kPrefTimezoneString);
   window.settle();
   EXPECT_EQ(menu.value(), "no zone that anyone lists");
+  foundation::Bundle::setMainResourceFolder(foundation::Bundle::mainBundle().folder());
 }
 
 TEST_F(QEVGeneralSettingsViewTest, MakesOneWriteForOneActionOnAnUpdateRow) {

@@ -1,0 +1,233 @@
+#include "AnalyzerWindowTest.hpp"
+#include "QEVCommonTools/FontPreferences.hpp"
+#include "QEVCommonTools/localized.hpp"
+#include "QEVDependencies/ProxyAddress.hpp"
+#include "QEVDependencies/ProxyServiceProtocol.hpp"
+#include "QEVDependencies/QEVError.hpp"
+#include "QEVSettings/CheckForUpdatesView.hpp"
+#include "QEVSettings/ProxySettingsView.hpp"
+#include "analyzers/AnalyzerDescription.hpp"
+#include "foundation/Bundle.hpp"
+#include "foundation/StringsFile.hpp"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+#include <set>
+
+// A program of its own: the module looks for its resources once in the life of a process.
+namespace QEVSettings {
+namespace {
+
+using foundation::StringsTable;
+using testing::IsEmpty;
+using viewkit::Role;
+
+const std::filesystem::path kSource = QEV_SOURCE_FOLDER;
+const std::filesystem::path kModule = "QEVSettings/resources/QEVSettings_QEVSettings.bundle";
+const std::filesystem::path kTools = "contracts/QEVCommonTools/resources/QEVCommonTools_QEVCommonTools.bundle";
+
+StringsTable readTable(const std::filesystem::path& bundle, const std::string& language) {
+  auto table = foundation::readStringsFile(kSource / bundle / (language + ".lproj") / "Localizable.strings");
+  EXPECT_TRUE(table) << bundle << ' ' << language << ": " << (table ? "" : table.error().message);
+  return table ? *std::move(table) : StringsTable();
+}
+
+std::size_t places(std::string_view text) {
+  std::size_t count = 0;
+  for (auto at = text.find("%@"); at != std::string_view::npos; at = text.find("%@", at + 1)) ++count;
+  return count;
+}
+
+TEST(TranslationsTest, SayInEveryLanguageWhatTheEnglishTablesSay) {
+  for (const auto& bundle : {kModule, kTools}) {
+    const StringsTable english = readTable(bundle, "en");
+    ASSERT_FALSE(english.empty());
+    for (const char* language : {"de", "fr", "es", "ja", "zh-Hans", "ar"}) {
+      const StringsTable table = readTable(bundle, language);
+      for (const auto& [key, text] : english) {
+        const auto found = table.find(key);
+        ASSERT_NE(found, table.end()) << language << " lacks \"" << key << '"';
+        EXPECT_FALSE(found->second.empty()) << language << ' ' << key;
+        EXPECT_EQ(places(found->second), places(key)) << language << ' ' << key;
+      }
+      EXPECT_EQ(table.size(), english.size()) << language << " has entries that nobody asks for";
+    }
+  }
+}
+
+// Wraps every text of the English tables in marks: what is shown without them did not come from there.
+constexpr std::string_view kOpen = "⟦";
+constexpr std::string_view kClose = "⟧";
+
+class MarkedTexts {
+public:
+  MarkedTexts() {
+    for (const auto& bundle : {kModule, kTools}) {
+      const auto folder = folder_ / bundle.filename() / "en.lproj";
+      std::filesystem::create_directories(folder);
+      std::ofstream file(folder / "Localizable.strings");
+      for (const auto& [key, text] : readTable(bundle, "en")) {
+        keys_.insert(key);
+        file << '"' << key << "\" = \"" << kOpen << text << kClose << "\";\n";
+      }
+    }
+    foundation::Bundle::setMainResourceFolder(folder_);
+  }
+  MarkedTexts(const MarkedTexts&) = delete;
+  MarkedTexts& operator=(const MarkedTexts&) = delete;
+  ~MarkedTexts() { std::filesystem::remove_all(folder_); }
+
+  // Everything shown or said in the window.
+  void see(const headless::Window& window) {
+    see(window.describe());
+    seePlaceholders(window.host().presentation());
+  }
+  void see(const std::string& text) {
+    if (isOfTheTest(text)) return;
+    if (!text.starts_with(kOpen)) unmarked_.push_back(text);
+    for (auto open = text.find(kOpen); open != std::string::npos; open = text.find(kOpen, open + 1)) {
+      const auto begin = open + kOpen.size();
+      seen_.insert(text.substr(begin, text.find(kClose, begin) - begin));
+    }
+  }
+
+  const std::vector<std::string>& unmarked() const { return unmarked_; }
+  std::vector<std::string> unseen() const {
+    std::vector<std::string> keys;
+    for (const std::string& key : keys_) {
+      // Up to where a value is filled in.
+      const std::string beginning = key.substr(0, key.find("%@"));
+      const auto found = seen_.lower_bound(beginning);
+      if (found == seen_.end() || !found->starts_with(beginning)) keys.push_back(key);
+    }
+    return keys;
+  }
+
+private:
+  // Names, numbers and samples of fonts are the same in every language.
+  static bool isOfTheTest(std::string_view text) {
+    return text.find("x-") != std::string_view::npos || text.starts_with("Sans ") || text == "TCP" ||
+           text.find_first_not_of(" .,:0123456789") == std::string_view::npos;
+  }
+
+  void see(const viewkit::NodeDescription& node) {
+    see(node.accessibility.label);
+    see(node.accessibility.help);
+    for (const auto& child : node.children) see(child);
+  }
+
+  void seePlaceholders(const viewkit::PresentationNode& node) {
+    const auto* field = node.control() ? std::get_if<viewkit::TextFieldControl>(node.control()) : nullptr;
+    if (field) see(field->placeholder);
+    for (const auto* child : node.children) seePlaceholders(*child);
+  }
+
+  std::filesystem::path folder_ = std::filesystem::path(testing::TempDir()) / "marked";
+  std::set<std::string> keys_;
+  std::set<std::string> seen_;
+  std::vector<std::string> unmarked_;
+};
+
+class SilentProxy final : public QEVDependencies::ProxyServiceProtocol {
+public:
+  bool isEnabled() const override { return true; }
+  void setEnabled(bool) override {}
+  std::string problem() const override { return ""; }
+  QEVDependencies::ProxyAddress listeningAddress() const override { return {.host = "x-host", .port = 80}; }
+  void setListeningAddress(QEVDependencies::ProxyAddress) override {}
+  std::optional<QEVDependencies::ProxyAddress> upstream() const override { return std::nullopt; }
+  void setUpstream(std::optional<QEVDependencies::ProxyAddress>) override {}
+  bool interceptsTLS() const override { return false; }
+  void setInterceptsTLS(bool) override {}
+  std::string certificatePath() const override { return ""; }
+};
+
+class LocalizationTest : public AnalyzerWindowTest {
+protected:
+  // With every option that an analyzer of the host has.
+  static std::shared_ptr<AnalyzerPreferences> analyzerWithAllOptions() {
+    auto preferences = std::make_shared<AnalyzerPreferences>();
+    preferences->config = QEVDependencies::AnalyzerSettingsConfig{
+        .color = QEVDependencies::AnalyzerColorSpec{.colorKey = "color", .usesColorKey = "usesColor"}};
+    auto analyzers = zorvantine::sampleAnalyzers();
+    analyzers.push_back(zorvantine::syntheticAnalyzer(1));
+    std::set<std::string> labels;
+    for (const auto& analyzer : analyzers) {
+      for (const auto& option : analyzer.options) labels.insert(option.label);
+    }
+    for (const auto& label : labels) {
+      preferences->config->toggles.push_back({.id = label, .defaultsKey = label, .labelKey = label});
+    }
+    return preferences;
+  }
+
+  static std::shared_ptr<AnalyzerPreferences> analyzerWithPorts() {
+    auto preferences = std::make_shared<AnalyzerPreferences>();
+    preferences->config = QEVDependencies::AnalyzerSettingsConfig{
+        .ports = QEVDependencies::AnalyzerPortsSpec{.networkProtocolKey = "com_velloquin_qev_test_protocols",
+                                                    .defaultProtocolNames = {},
+                                                    .defaultPorts = {protocol("", "1", 1)}}};
+    return preferences;
+  }
+
+  static void enter(headless::Window& window, const std::string& label, std::string_view text) {
+    window.click(window.find(Role::textField, label));
+    window.selectAll();
+    window.type(text);
+    window.press(headless::Key::enter);
+  }
+  static std::string marked(std::string_view text) {
+    return std::string(kOpen) + std::string(text) + std::string(kClose);
+  }
+};
+
+TEST_F(LocalizationTest, AsksTheTablesForEveryTextAndForNothingElse) {
+  MarkedTexts texts;
+  QEVCommonTools::FontPreferences(store.underneath())
+      .setCom_velloquin_zorvantine_fontConsoleRaw({.family = "x-Serif", .style = "", .pointSize = 12});
+  const auto openAnalyzers = [this]() -> headless::Window& { return SettingsWindowTest::open(Tabs::analyze); };
+  texts.see(openAnalyzers());
+
+  load("x-none");
+  load("x-options", analyzerWithAllOptions());
+  load("x-ports", analyzerWithPorts());
+  interfaces->interfaces = {{.name = "x-0", .addresses = {}, .isUp = true}, {.name = "x-1", .addresses = {}}};
+  captureModel->setUsesRingOfFiles(true);
+  const auto proxy = std::make_shared<SilentProxy>();
+  headless::Window& window = SettingsWindowTest::open(Tabs::general, ProxySettingsView(proxy));
+  for (const char* tab : {"General", "Capture", "MITM Proxy", "Analyzer", "Fonts"}) {
+    window.selectTab(marked(tab));
+    texts.see(marked(tab));
+    texts.see(window);
+    window.click(window.find(Role::helpButton));
+    texts.see(window);
+    window.press(headless::Key::escape);
+  }
+  window.selectTab(marked("Analyzer"));
+  for (const char* analyzer : {"x-none", "x-options", "x-ports"}) {
+    window.click(window.find(Role::listItem, analyzer));
+    texts.see(window);
+  }
+  window.selectTab(marked("Capture"));
+  enter(window, marked("Buffer size (MiB)"), "0");
+  enter(window, marked("Capture filter"), "(");
+  texts.see(window);
+  interfaces->interfaces.clear();
+  texts.see(SettingsWindowTest::open(Tabs::capture));
+  texts.see(headless::Window(CheckForUpdatesView(updater), {.defaultStore = store}));
+
+  for (int i = 0; i < 10; ++i) texts.see(QEVCommonTools::localized(message(static_cast<QEVDependencies::QEVError>(i))));
+  texts.see(QEVCommonTools::localized(message(static_cast<QEVDependencies::QEVError>(10))));
+  for (const char* host : {"", "no host"}) {
+    texts.see(QEVCommonTools::localized(QEVDependencies::validatedProxyHost(host).error().message));
+  }
+  texts.see(QEVCommonTools::localized(QEVDependencies::validatedProxyPort("none").error().message));
+
+  EXPECT_THAT(texts.unmarked(), IsEmpty()) << "shown without being looked up, or missing in the English table";
+  EXPECT_THAT(texts.unseen(), IsEmpty()) << "in the English table, but nobody asks for it";
+}
+
+}  // namespace
+}  // namespace QEVSettings
