@@ -100,7 +100,10 @@ Outcome PreferencesFile::open() {
   std::error_code error;
   if (auto folder = std::filesystem::canonical(path_.parent_path(), error); !error) path_ = folder / path_.filename();
   if (auto outcome = makeFile(); !outcome) return outcome;
-  if (auto outcome = inspect(); !outcome) return outcome;
+  const auto mode = inspect();
+  if (!mode) return mode.error();
+  // As private as it should have been made, and no more writable than it is.
+  if ((*mode & 077U) != 0) ::chmod(path_.c_str(), *mode & 0700U);
   return connect(false);
 }
 
@@ -108,7 +111,7 @@ Outcome PreferencesFile::openForReading() {
   state_ = State::unusable;
   std::error_code error;
   if (auto folder = std::filesystem::canonical(path_.parent_path(), error); !error) path_ = folder / path_.filename();
-  if (auto outcome = inspect(); !outcome) return outcome;
+  if (const auto mode = inspect(); !mode) return mode.error();
   return connect(true);
 }
 
@@ -142,7 +145,7 @@ Outcome PreferencesFile::makeFile() const {
 
 // Must run before SQLite opens the file, and opens none itself: closing any descriptor of the file would drop
 // SQLite's locks.
-Outcome PreferencesFile::inspect() {
+Result<unsigned> PreferencesFile::inspect() {
   struct stat found {};
   if (::lstat(path_.c_str(), &found) != 0) {
     return Error{"cannot read " + path_.string() + " (" + reason(errno) + "); check its name and its permissions"};
@@ -155,7 +158,7 @@ Outcome PreferencesFile::inspect() {
   }
   device_ = found.st_dev;
   node_ = found.st_ino;
-  return done();
+  return static_cast<unsigned>(found.st_mode);
 }
 
 bool PreferencesFile::isReplaced() const {

@@ -103,7 +103,7 @@ private:
   using Statement = std::unique_ptr<sqlite3_stmt, Close>;
 
   Outcome makeFile() const;
-  Outcome inspect();
+  Result<unsigned> inspect();  // says its mode
   Outcome connect(bool forReading);
   Outcome connectUnchanging();
   Outcome identify();

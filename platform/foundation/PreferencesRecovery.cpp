@@ -52,19 +52,33 @@ bool isThere(const std::filesystem::path& path) {
   return ::lstat(path.c_str(), &found) == 0;
 }
 
-OpenedPreferences attempt(const std::filesystem::path& path) {
-  OpenedPreferences opened;
-  auto file = std::make_unique<PreferencesFile>(path);
+struct Attempt : OpenedPreferences {
+  bool isDamaged = false;
+};
+
+Attempt attempt(const std::filesystem::path& store) {
+  Attempt opened;
+  std::error_code error;
+  // A store that is being made never stands there empty.
+  if (isThere(goodCopyOf(store)) && std::filesystem::file_size(store, error) == 0 && !error) {
+    opened.error = Error{store.string() + " is empty"};
+    opened.isDamaged = true;
+    return opened;
+  }
+  auto file = std::make_unique<PreferencesFile>(store);
   auto outcome = file->open();
   if (outcome) {
     outcome = file->readChanges([&](PreferenceChange change) { opened.contents.push_back(std::move(change)); });
   }
-  if (!outcome) opened.error = outcome.error();
-  opened.file = std::move(file);
+  if (outcome) {
+    opened.file = std::move(file);
+  } else {
+    opened.error = outcome.error();
+    opened.isDamaged = file->isDamaged();
+    opened.contents.clear();
+  }
   return opened;
 }
-
-bool isDamaged(const OpenedPreferences& opened) { return opened.error && opened.file->isDamaged(); }
 
 // The file under a new name, which it says; empty when it cannot be moved.
 std::filesystem::path setAside(const std::filesystem::path& path) {
@@ -121,14 +135,12 @@ std::vector<std::filesystem::path> setAsideOf(const std::filesystem::path& store
 
 OpenedPreferences openPreferences(const std::filesystem::path& store) {
   auto opened = attempt(store);
-  if (isDamaged(opened)) {
-    opened.file.reset();
+  if (opened.isDamaged) {
     const RepairLock lock(store);
     // Another process may have repaired it.
     opened = attempt(store);
-    if (isDamaged(opened)) {
+    if (opened.isDamaged) {
       const std::string problem = opened.error->message;
-      opened.file.reset();
       const auto aside = lock.isHeld() ? setAside(store) : std::filesystem::path();
       if (aside.empty()) {
         return {.file = nullptr,
@@ -148,7 +160,6 @@ OpenedPreferences openPreferences(const std::filesystem::path& store) {
       opened.notice = problem + "; it was set aside as " + aside.filename().string() + ", and " + instead;
     }
   }
-  if (opened.error) opened.file.reset();
   return opened;
 }
 
