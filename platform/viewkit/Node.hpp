@@ -71,6 +71,8 @@ public:
   virtual ScrollNode* asScrollNode() { return nullptr; }
   // The direction in which a container places its children one after the other.
   virtual std::optional<Axis> stackAxis() const { return std::nullopt; }
+  // In a stack: whether the others get all they can use before it gets more than its least.
+  virtual bool givesWay() const { return false; }
 
   // Present. A node without a presentation of its own shows what its children show, in the
   // presentation of the nearest ancestor that has one; the root always has one.

@@ -109,6 +109,9 @@ public:
 };
 
 class SpacerNode final : public Node {
+public:
+  bool givesWay() const override { return true; }
+
 protected:
   void apply(const ViewValue* before) override {
     if (!before) {

@@ -1,7 +1,11 @@
 #include "controls/ControlNode.hpp"
 
 #include "Runtime.hpp"
+#include "viewkit/PlatformMetrics.hpp"
 
+#include <algorithm>
+#include <cmath>
+#include <optional>
 #include <variant>
 
 namespace viewkit {
@@ -38,8 +42,9 @@ protected:
   }
 
   Measurement measure(const ProposedSize& proposal) override {
-    return content() ? content()->measured(proposal)
-                     : Measurement{runtime().metrics().controlSize(value().control, proposal)};
+    if (content()) return content()->measured(proposal);
+    const Size size = runtime().metrics().controlSize(value().control, proposal);
+    return {size, firstBaseline(size.height)};
   }
 
   const InheritedPtr& inheritedByContent() override {
@@ -51,6 +56,15 @@ protected:
 
 private:
   const ControlValue& value() const { return valueAs<ControlValue>(); }
+
+  // A control's line of text stands in its middle; a field may have grown to several, with the same space
+  // around them all.
+  double firstBaseline(double height) {
+    const TextMetrics line = runtime().metrics().measureText({.text = "x"}, std::nullopt);
+    const bool grows = std::holds_alternative<TextFieldControl>(value().control);
+    const double lines = grows ? std::max(1.0, std::floor(height / line.size.height)) : 1;
+    return (height - lines * line.size.height) / 2 + line.firstBaseline;
+  }
 
   void say() {
     Accessibility accessibility = value().accessibility;

@@ -36,6 +36,9 @@ std::vector<Measurement> measureAll(Axis axis, std::span<Node* const> children, 
   }
 
   double left = *length - spacing * static_cast<double>(children.size() - 1);
+  // What those that give way keep in any case, set aside until their turn.
+  double setAside = 0;
+  std::size_t sharing = 0;
   std::vector<double> flexibility(children.size());
   std::vector<std::size_t> order(children.size());
   std::iota(order.begin(), order.end(), std::size_t{0});
@@ -43,12 +46,21 @@ std::vector<Measurement> measureAll(Axis axis, std::span<Node* const> children, 
     const double most = along(axis, children[i]->sizeThatFits(proposed(axis, kUnlimited, breadth)));
     const double least = along(axis, children[i]->sizeThatFits(proposed(axis, 0, breadth)));
     flexibility[i] = most - least;
+    if (children[i]->givesWay()) {
+      setAside += least;
+    } else {
+      ++sharing;
+    }
   }
-  std::stable_sort(order.begin(), order.end(),
-                   [&](std::size_t a, std::size_t b) { return flexibility[a] < flexibility[b]; });
+  std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
+    return std::pair(children[a]->givesWay(), flexibility[a]) < std::pair(children[b]->givesWay(), flexibility[b]);
+  });
+  left -= setAside;
   for (std::size_t done = 0; done < order.size(); ++done) {
     const std::size_t i = order[done];
-    const double share = std::max(0.0, left / static_cast<double>(order.size() - done));
+    if (done == sharing) left += setAside;
+    const std::size_t waiting = (done < sharing ? sharing : order.size()) - done;
+    const double share = std::max(0.0, left / static_cast<double>(waiting));
     measurements[i] = children[i]->measured(proposed(axis, share, breadth));
     left -= along(axis, measurements[i].size);
   }
