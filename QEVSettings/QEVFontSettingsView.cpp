@@ -70,7 +70,7 @@ struct FontRow {
                       Text(label)
                           .font(Font::body())
                           .fixedSize()
-                          .frame(FixedFrame{.width = 160, .alignment = Alignment::leading()}),
+                          .frame(FlexibleFrame{.minWidth = 160, .alignment = Alignment::leading()}),
                       preview(),
                       FontPicker{.title = "", .selection = font}.body().help(label),
                   });
