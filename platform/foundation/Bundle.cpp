@@ -1,6 +1,7 @@
 #include "foundation/Bundle.hpp"
 
 #include <dlfcn.h>
+#include <sys/auxv.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -76,7 +77,12 @@ std::vector<std::string> generalizations(std::string language) {
 
 std::filesystem::path executable() {
   std::error_code error;
-  return std::filesystem::read_symlink("/proc/self/exe", error);
+  auto path = std::filesystem::read_symlink("/proc/self/exe", error);
+  if (!error) return path;
+  // Where /proc is not mounted, the file that the process was started from is known all the same.
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the system hands the address over as a number
+  const auto* name = reinterpret_cast<const char*>(getauxval(AT_EXECFN));
+  return name != nullptr ? std::filesystem::canonical(name, error) : std::filesystem::path();
 }
 
 // The program itself is known to the loader by the name it was started with, which need be no path.
