@@ -7,6 +7,15 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 
+# What is installed comes in two components: `runtime`, the program, and `dev`, the library for other hosts.
+# The library keeps to folders of its own, because its rooms have names that others have too.
+include(GNUInstallDirs)
+set(QEV_INSTALL_HEADERS ${CMAKE_INSTALL_INCLUDEDIR}/QEVSettings)
+set(QEV_INSTALL_LIBRARIES ${CMAKE_INSTALL_LIBDIR}/QEVSettings)
+set(QEV_INSTALL_PACKAGE ${CMAKE_INSTALL_LIBDIR}/cmake/QEVSettings)
+set(QEV_INSTALL_BUNDLES ${CMAKE_INSTALL_DATADIR}/QEVSettings)
+set(ZORVANTINE_INSTALL_RESOURCES ${CMAKE_INSTALL_DATADIR}/zorvantine)
+
 add_library(qev_options INTERFACE)
 target_compile_options(qev_options INTERFACE -Wall -Wextra -Wpedantic -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
@@ -22,22 +31,31 @@ endif()
 # qev_library(NAME SOURCES a.cpp… [PUBLIC target…] [PRIVATE target…])
 #
 # A static library for the current folder. Its public headers stand in include/, and only the targets
-# that name it see them: an include against the arrows does not compile.
+# that name it see them: an include against the arrows does not compile. Other projects know it as QEVSettings::NAME.
 function(qev_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
   if(ARG_SOURCES)
     add_library(${name} STATIC ${ARG_SOURCES})
     target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>)
     target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE} $<BUILD_INTERFACE:qev_options>)
+    set(scope PUBLIC)
   else()
     add_library(${name} INTERFACE)
     target_include_directories(${name} INTERFACE $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>)
     target_link_libraries(${name} INTERFACE ${ARG_PUBLIC})
+    set(scope INTERFACE)
   endif()
+  target_compile_features(${name} ${scope} cxx_std_20)
+  add_library(QEVSettings::${name} ALIAS ${name})
+  install(TARGETS ${name} EXPORT QEVSettingsTargets
+    ARCHIVE DESTINATION ${QEV_INSTALL_LIBRARIES} COMPONENT dev
+    INCLUDES DESTINATION ${QEV_INSTALL_HEADERS})
+  install(DIRECTORY include/ DESTINATION ${QEV_INSTALL_HEADERS} COMPONENT dev)
 endfunction()
 
 # qev_resource_bundle(TARGET): puts resources/TARGET_TARGET.bundle of the current folder where programs that
-# link the target find it: next to them while they are built, and in share/zorvantine when installed.
+# link the target find it: next to them while they are built, and with the program's own resources when installed.
+# Other projects copy it from where the package puts it.
 function(qev_resource_bundle target)
   set(name ${target}_${target}.bundle)
   set(source ${CMAKE_CURRENT_SOURCE_DIR}/resources/${name})
@@ -51,5 +69,6 @@ function(qev_resource_bundle target)
     VERBATIM)
   add_custom_target(${target}_resources ALL DEPENDS ${stamp})
   add_dependencies(${target} ${target}_resources)
-  install(DIRECTORY ${source} DESTINATION share/zorvantine)
+  install(DIRECTORY ${source} DESTINATION ${ZORVANTINE_INSTALL_RESOURCES} COMPONENT runtime)
+  install(DIRECTORY ${source} DESTINATION ${QEV_INSTALL_BUNDLES} COMPONENT dev)
 endfunction()
