@@ -38,6 +38,9 @@ class GridRowNode final : public ContainerNode {
 public:
   using ContainerNode::children;
 
+  // Whatever changes in a row may change the columns of all.
+  bool answersForItself() const override { return false; }
+
   void placeCells(const std::vector<Rect>& frames) {
     for (std::size_t i = 0; i < frames.size(); ++i) placeChild(*children()[i], frames[i].origin, frames[i].size);
   }
@@ -47,14 +50,10 @@ protected:
     static_cast<void>(before);
     reconcileChildren(valueAs<GridRowValue>().cells.all());
   }
-  // Whatever changes in a row may change its columns, so the grid is always asked.
   Measurement measure(const ProposedSize& proposal) override {
     static_cast<void>(proposal);
-    return {{0, 0}, static_cast<double>(++changes_)};
+    return {};
   }
-
-private:
-  std::size_t changes_ = 0;
 };
 
 std::unique_ptr<Node> GridRowValue::makeNode() const { return std::make_unique<GridRowNode>(); }
@@ -79,7 +78,6 @@ protected:
     const GridLayout::Result result = layOut({size().width, size().height});
     for (std::size_t i = 0; i < children().size(); ++i) {
       auto& row = static_cast<GridRowNode&>(*children()[i]);
-      row.sizeThatFits({});
       placeChild(row, result.rows[i].frame.origin, result.rows[i].frame.size);
       row.placeCells(result.rows[i].cells);
     }

@@ -13,6 +13,9 @@ namespace viewkit {
 
 namespace {
 
+// Of a resizable symbol that is offered nothing.
+constexpr double kIdealLength = 16;
+
 struct ImageDescription {
   std::optional<SymbolName> symbol;
   std::string path;
@@ -34,12 +37,12 @@ class ImageNode final : public Node {
 protected:
   void apply(const ViewValue* before) override {
     const ImageDescription& description = valueAs<ImageValue>().description;
-    const Size ideal = idealSize();
     const auto* last = before ? &static_cast<const ImageValue*>(before)->description : nullptr;
-    if (last && (ideal != ideal_ || last->resizable != description.resizable || last->mode != description.mode)) {
+    if (last && (!(inherited().font == font_) || last->symbol != description.symbol || last->path != description.path ||
+                 last->resizable != description.resizable || last->mode != description.mode)) {
       layoutChanged();
     }
-    ideal_ = ideal;
+    font_ = inherited().font;
     if (description.symbol) {
       setContent(SymbolVisual{.name = *description.symbol, .color = inherited().foreground});
     } else {
@@ -52,27 +55,30 @@ protected:
 
   Measurement measure(const ProposedSize& proposal) override {
     const ImageDescription& description = valueAs<ImageValue>().description;
-    if (!description.resizable) return {ideal_};
-    const Size offered{proposal.width.value_or(ideal_.width), proposal.height.value_or(ideal_.height)};
-    if (description.mode == ImageVisual::Mode::stretch || ideal_.width <= 0 || ideal_.height <= 0) return {offered};
-    const double acrossScale = proposal.width ? *proposal.width / ideal_.width : kUnlimited;
-    const double downScale = proposal.height ? *proposal.height / ideal_.height : kUnlimited;
+    if (!description.resizable || !(proposal.width || proposal.height)) return {idealSize()};
+    const Size ideal = idealSize();
+    const Size offered{proposal.width.value_or(ideal.width), proposal.height.value_or(ideal.height)};
+    if (description.mode == ImageVisual::Mode::stretch || ideal.width <= 0 || ideal.height <= 0) return {offered};
     if (description.mode == ImageVisual::Mode::fill && proposal.width && proposal.height) return {offered};
+    const double acrossScale = proposal.width ? *proposal.width / ideal.width : kUnlimited;
+    const double downScale = proposal.height ? *proposal.height / ideal.height : kUnlimited;
     const double scale = std::min(acrossScale, downScale);
-    if (!std::isfinite(scale)) return {proposal.width || proposal.height ? offered : ideal_};
-    return {{ideal_.width * scale, ideal_.height * scale}};
+    if (!std::isfinite(scale)) return {offered};
+    return {{ideal.width * scale, ideal.height * scale}};
   }
 
 private:
   Size idealSize() const {
     const ImageDescription& description = valueAs<ImageValue>().description;
+    // A symbol that takes what it is offered is asked for its shape only.
+    if (description.symbol && description.resizable) return {kIdealLength, kIdealLength};
     if (!description.symbol) return description.path.empty() ? Size{} : runtime().metrics().imageSize(description.path);
     const TextVisual line{.text = "X", .font = inherited().font};
     const double height = runtime().metrics().measureText(line, std::nullopt).size.height;
     return {height, height};
   }
 
-  Size ideal_;
+  Font font_ = Font::body();
 };
 
 std::unique_ptr<Node> ImageValue::makeNode() const { return std::make_unique<ImageNode>(); }

@@ -66,7 +66,8 @@ Measurement Node::measured(const ProposedSize& proposal) {
     answer.era = era;
     return answer.measurement;
   }
-  ++runtime_->counters().nodesLaidOut;
+  const std::uint64_t before = std::exchange(laidOutIn_, runtime_->layoutPass());
+  if (before != laidOutIn_) ++runtime_->counters().nodesLaidOut;
   const Measurement measurement = measure(proposal);
   if (answers_.size() == kAnswersKept) {
     const auto oldest = std::min_element(answers_.begin(), answers_.end(),
@@ -82,7 +83,7 @@ bool Node::remeasuresEqually() {
   childrenMisplaced_ = true;
   const std::uint64_t era = runtime_->layoutEra();
   const std::vector<Answer> before = std::exchange(answers_, {});
-  bool equal = !std::exchange(forgotAnswers_, false);
+  bool equal = !std::exchange(forgotAnswers_, false) && answersForItself();
   for (const Answer& answer : before) {
     // Answers from before the window's last resize are not worth the work of checking them.
     equal = equal && answer.era == era;

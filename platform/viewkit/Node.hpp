@@ -68,6 +68,8 @@ public:
   void forgetLayout();
   // Where the node stands in the coordinates of a presentation above it.
   Point originWithin(const Node& presenting) const;
+  // Whether the node's answers say all that the node above has to know of a change.
+  virtual bool answersForItself() const { return true; }
   virtual ScrollNode* asScrollNode() { return nullptr; }
   // The direction in which a container places its children one after the other.
   virtual std::optional<Axis> stackAxis() const { return std::nullopt; }
@@ -198,6 +200,8 @@ private:
   std::vector<Answer> answers_;
   // An answer that the parent may have relied on was dropped to keep the list short.
   bool forgotAnswers_ = false;
+  // The last layout pass that the node did any work in.
+  std::uint64_t laidOutIn_ = 0;
   Point origin_;
   Size size_;
   bool placed_ = false;

@@ -17,8 +17,7 @@ namespace {
 
 // How often handlers may change what they are told of before their answers are given up.
 constexpr int kRoundsOfAnswers = 16;
-// How often a body may run in one update because bodies below each other write what others read, and
-// how often a placement may change sizes again.
+// How often placing views may change sizes again, as it does where rows come into sight.
 constexpr int kRoundsOfLayout = 8;
 
 bool withinAnimation = false;
@@ -79,6 +78,7 @@ void ViewHost::Runtime::setSize(Size size) {
 Size ViewHost::Runtime::sizeThatFits(const ProposedSize& proposal) {
   if (inPass_) return root_->sizeThatFits(proposal);
   inPass_ = true;
+  ++layoutPass_;
   rebuild();
   remeasure();
   const Size size = root_->sizeThatFits(proposal);
@@ -159,10 +159,8 @@ void ViewHost::Runtime::nodeGone(Node& node) {
       if (marked.node == &node) marked.node = nullptr;
     }
   };
-  if (node.marks.body) {
-    forget(markedBodies_);
-    forget(deferredBodies_);
-  }
+  if (node.marks.body) forget(markedBodies_);
+  if (!deferredBodies_.empty()) forget(deferredBodies_);
   if (node.marks.layout) forget(markedLayouts_);
   if (node.marks.placement) forget(markedPlacements_);
   std::erase(hovered_, &node);
@@ -198,9 +196,8 @@ void ViewHost::Runtime::update() {
     runCalls(withAnswers);
     if (closed_) return;
   }
-  inPass_ = true;
   present();
-  inPass_ = false;
+  if (closed_) return;
   for (const Marked& deferred : std::exchange(deferredBodies_, {})) {
     if (!deferred.node) continue;
     deferred.node->marks.body = false;
@@ -211,6 +208,7 @@ void ViewHost::Runtime::update() {
 
 void ViewHost::Runtime::runPasses() {
   inPass_ = true;
+  ++layoutPass_;
   rebuild();
   animated_ = false;
   layout();
@@ -298,10 +296,14 @@ void ViewHost::Runtime::runCalls(bool withAnswers) {
 
 void ViewHost::Runtime::present() {
   if (!presenter_.isMarked()) return;
+  inPass_ = true;
   const PresentationChanges changes = presenter_.present(*root_, fades_);
+  inPass_ = false;
   if (changes.changed.empty() && changes.removed.empty() && changes.damage.empty()) return;
   counters_.nodesChanged += changes.changed.size();
-  if (observer_) observer_(changes);
+  // A copy: the observer may take itself away, or end the host.
+  const Observer observer = observer_;
+  if (observer) observer(changes);
 }
 
 void ViewHost::Runtime::inserted(Node& child) {

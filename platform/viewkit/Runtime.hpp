@@ -44,6 +44,7 @@ public:
   const PresentationNode* node(NodeId id) const;
   // Counts the sizes that the window has had.
   std::uint64_t layoutEra() const { return layoutEra_; }
+  std::uint64_t layoutPass() const { return layoutPass_; }
 
   // Marks, made by nodes.
   void bodyChanged(CompositeNode& node);
@@ -110,6 +111,7 @@ private:
   Observer observer_;
   Size size_;
   std::uint64_t layoutEra_ = 0;
+  std::uint64_t layoutPass_ = 1;
   bool sizeChanged_ = true;
   bool scheduled_ = false;
   // In one of the passes: the tree is not whole.

@@ -38,8 +38,9 @@ private:
   Point clamped(Point offset) const;
   bool revealInContent(const Rect& rect);
 
-  std::unique_ptr<Node> content_;
+  // Outlives the content, whose nodes take themselves off the list.
   std::vector<Node*> lazies_;
+  std::unique_ptr<Node> content_;
   Size contentSize_;
   Point offset_;
 };

@@ -45,9 +45,8 @@ protected:
         .lineLimit = description.lineLimit,
         .truncation = description.truncation,
     };
-    if (!before || visual_.text != next.text || visual_.font != next.font || visual_.lineLimit != next.lineLimit) {
-      ideal_.reset();
-      if (before) layoutChanged();
+    if (before && (visual_.text != next.text || visual_.font != next.font || visual_.lineLimit != next.lineLimit)) {
+      layoutChanged();
     }
     visual_ = std::move(next);
     if (description.selectable) {
@@ -59,20 +58,21 @@ protected:
   }
 
   Measurement measure(const ProposedSize& proposal) override {
-    if (!ideal_) ideal_ = runtime().metrics().measureText(visual_, std::nullopt);
-    if (!proposal.width || *proposal.width >= ideal_->size.width - kTolerance) {
-      return {ideal_->size, ideal_->firstBaseline};
-    }
+    if (!proposal.width) return measuredWithin(std::nullopt);
+    const Measurement ideal = measured({});
+    if (*proposal.width >= ideal.size.width - kTolerance) return ideal;
     // How narrow a text can be is only asked to find out who gives way; it is not worth breaking lines.
-    if (*proposal.width <= 0) return {{0, ideal_->size.height}, ideal_->firstBaseline};
-    const TextMetrics broken = runtime().metrics().measureText(visual_, proposal.width);
-    return {broken.size, broken.firstBaseline};
+    if (*proposal.width <= 0) return {{0, ideal.size.height}, ideal.firstBaseline};
+    return measuredWithin(proposal.width);
   }
 
 private:
+  Measurement measuredWithin(std::optional<double> width) const {
+    const TextMetrics metrics = runtime().metrics().measureText(visual_, width);
+    return {metrics.size, metrics.firstBaseline};
+  }
+
   TextVisual visual_;
-  // Without a limit to its width.
-  std::optional<TextMetrics> ideal_;
 };
 
 std::unique_ptr<Node> TextValue::makeNode() const { return std::make_unique<TextNode>(); }

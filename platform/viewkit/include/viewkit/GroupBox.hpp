@@ -4,8 +4,8 @@
 
 namespace viewkit {
 
-// The platform's standard frame around things that belong together, as large as it is offered or as
-// its content needs.
+// The platform's standard frame around things that belong together. It is as large as its content
+// takes, so content that takes what it is offered makes a box that does.
 struct GroupBox {
   View content;
 

@@ -57,7 +57,10 @@ struct Accessibility {
 
 // One node of what is on the screen. The tree is retained: a node keeps its id and address from when
 // it is first shown until it is gone. It belongs to the view host; back ends read it and call the
-// functions of its control.
+// functions of its control, each a copy taken at that moment: they change without notice, and a call may
+// end the node.
+//
+// A node with the id 0 is a picture of something that is fading out: it is painted and nothing else.
 //
 // Painted in this order: the node's visual, then its children, first to last.
 struct PresentationNode {

@@ -1,0 +1,15 @@
+#include "AllocationCount.hpp"
+
+#include <cstdlib>
+#include <new>
+
+std::size_t allocatedBytes = 0;
+
+void* operator new(std::size_t size) {
+  allocatedBytes += size;
+  if (void* memory = std::malloc(size)) return memory;
+  throw std::bad_alloc();
+}
+
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
