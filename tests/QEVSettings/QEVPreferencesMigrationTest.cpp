@@ -1,6 +1,7 @@
 #include "QEVSettings/QEVPreferencesMigration.hpp"
 
-#include "QEVLog/QEVLog.hpp"
+#include "support/LogCapture.hpp"
+#include "support/RecordingPreferencesStore.hpp"
 
 #include <gmock/gmock.h>
 
@@ -12,36 +13,13 @@
 namespace QEVSettings {
 namespace {
 
+using support::read;
+using support::readAll;
+using support::wrote;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 PreferenceValue bytes(std::string_view text) { return PreferenceValue::Bytes(text.begin(), text.end()); }
-
-// A store in memory that writes down what is done to it.
-class RecordingStore final : public PreferencesStore {
-public:
-  explicit RecordingStore(PreferenceDictionary values) : values(std::move(values)) {}
-
-  std::optional<PreferenceValue> objectForKey(std::string_view key) const override {
-    operations.push_back("read " + std::string(key));
-    const auto found = values.find(key);
-    return found == values.end() ? std::nullopt : std::optional(found->second);
-  }
-  PreferenceDictionary dictionaryRepresentation() const override {
-    operations.emplace_back("snapshot");
-    return values;
-  }
-  void setObject(PreferenceValue value, std::string_view key) override {
-    operations.push_back("write " + std::string(key));
-    values.insert_or_assign(std::string(key), std::move(value));
-  }
-  void removeObject(std::string_view key) override { operations.push_back("remove " + std::string(key)); }
-  Subscription observe(std::string_view /*key*/, Observer /*observer*/) override { return {}; }
-  Subscription observeAll(Observer /*observer*/) override { return {}; }
-
-  PreferenceDictionary values;
-  mutable std::vector<std::string> operations;
-};
 
 const std::string kVersion{QEVPreferencesMigration::schemaVersionKey};
 constexpr const char* kColor = "com_velloquin_qev_dns_color";
@@ -51,74 +29,68 @@ constexpr const char* kOtherList = "com_velloquin_qev_http_protocols";
 
 class QEVPreferencesMigrationTest : public ::testing::Test {
 protected:
-  QEVPreferencesMigrationTest() {
-    QEVLog::setLogSink([this](const QEVLog::LogEntry& entry) { log_.push_back(entry); });
+  void fill(const PreferenceDictionary& values) {
+    for (const auto& [key, value] : values) store_.underneath().setObject(value, key);
   }
-  ~QEVPreferencesMigrationTest() override { QEVLog::setLogSink(nullptr); }
 
   // What becomes of one value under a key, in a store of schema 0.
   PreferenceValue migrated(const char* key, const PreferenceValue& value) {
-    RecordingStore store({{key, value}});
-    QEVPreferencesMigration::migrateIfNeeded(store);
-    EXPECT_EQ(store.values.at(kVersion), PreferenceValue(2));
-    return store.values.at(key);
+    fill({{key, value}, {kVersion, 0}});
+    QEVPreferencesMigration::migrateIfNeeded(store_);
+    EXPECT_EQ(store_.underneath().objectForKey(kVersion), PreferenceValue(2));
+    return *store_.underneath().objectForKey(key);
   }
 
-  std::vector<QEVLog::LogEntry> log_;
+  support::RecordingPreferencesStore store_;
+  support::LogCapture log_;
 };
 
 TEST_F(QEVPreferencesMigrationTest, RunsEachStepOnAFreshSnapshotAndAdvancesTheVersionLast) {
-  RecordingStore store({{kColor, bytes("\x01\x02\x03")},
-                        {kOtherColor, bytes("")},
-                        {kList, bytes(R"([{"protocolPorts":[80,8080]}])")},
-                        {kOtherList, bytes("not JSON")},
-                        {kVersion, -1}});
-  QEVPreferencesMigration::migrateIfNeeded(store);
-  EXPECT_THAT(store.operations, ElementsAre("read " + kVersion, "snapshot", std::string("write ") + kColor,
-                                            std::string("write ") + kOtherColor, "snapshot",
-                                            std::string("write ") + kList, "write " + kVersion));
-  EXPECT_EQ(store.values.at(kColor), PreferenceValue("AQID"));
-  EXPECT_EQ(store.values.at(kOtherColor), PreferenceValue(""));
-  EXPECT_EQ(store.values.at(kList), bytes(R"([{"protocolPorts":"80,8080"}])"));
-  EXPECT_EQ(store.values.at(kVersion), PreferenceValue(2));
+  fill({{kColor, bytes("\x01\x02\x03")},
+        {kOtherColor, bytes("")},
+        {kList, bytes(R"([{"protocolPorts":[80,8080]}])")},
+        {kOtherList, bytes("not JSON")},
+        {kVersion, -1}});
+  QEVPreferencesMigration::migrateIfNeeded(store_);
+  EXPECT_THAT(store_.operations(),
+              ElementsAre(read(kVersion), readAll(), wrote(kColor, "AQID"), wrote(kOtherColor, ""), readAll(),
+                          wrote(kList, bytes(R"([{"protocolPorts":"80,8080"}])")), wrote(kVersion, 2)));
 
-  ASSERT_EQ(log_.size(), 2);
-  EXPECT_THAT(log_[0].items, ElementsAre("prefs migration v1: rewrote 2 color key(s) from Data to base64 String"));
-  EXPECT_EQ(log_[0].function, "migrateColorFormatDataToBase64(defaults:)");
-  EXPECT_THAT(log_[1].items,
+  const auto& entries = log_.entries();
+  ASSERT_EQ(entries.size(), 2);
+  EXPECT_THAT(entries[0].items, ElementsAre("prefs migration v1: rewrote 2 color key(s) from Data to base64 String"));
+  EXPECT_EQ(entries[0].function, "migrateColorFormatDataToBase64(defaults:)");
+  EXPECT_THAT(entries[1].items,
               ElementsAre("prefs migration v2: rewrote protocolPorts from array to String in 1 protocol list(s)"));
-  EXPECT_EQ(log_[1].function, "migrateProtocolsPortsFromArrayToString(defaults:)");
-  for (const auto& entry : log_) {
+  EXPECT_EQ(entries[1].function, "migrateProtocolsPortsFromArrayToString(defaults:)");
+  for (const auto& entry : entries) {
     EXPECT_EQ(entry.filename, "QEVSettings/QEVPreferencesMigration.cpp");
     EXPECT_GT(entry.line, 0);
     EXPECT_EQ(entry.separator, ", ");
     EXPECT_EQ(entry.terminator, "\n");
   }
 
-  store.operations.clear();
-  QEVPreferencesMigration::migrateIfNeeded(store);
-  EXPECT_THAT(store.operations, ElementsAre("read " + kVersion));
+  store_.forget();
+  QEVPreferencesMigration::migrateIfNeeded(store_);
+  EXPECT_THAT(store_.operations(), ElementsAre(read(kVersion)));
+}
+
+TEST_F(QEVPreferencesMigrationTest, AnEmptyStoreOnlyGetsItsVersion) {
+  QEVPreferencesMigration::migrateIfNeeded(store_);
+  EXPECT_THAT(store_.changes(), ElementsAre(wrote(kVersion, 2)));
+  EXPECT_THAT(log_.texts(), IsEmpty());
 }
 
 TEST_F(QEVPreferencesMigrationTest, StartsWhereTheStoredVersionSays) {
-  const auto color = bytes("\x01\x02\x03");
-  const auto list = bytes(R"([{"protocolPorts":[80]}])");
+  fill({{kColor, bytes("\x01")}, {kList, bytes(R"([{"protocolPorts":[80]}])")}, {kVersion, 1}});
+  QEVPreferencesMigration::migrateIfNeeded(store_);
+  EXPECT_THAT(store_.changes(), ElementsAre(wrote(kList, bytes(R"([{"protocolPorts":"80"}])")), wrote(kVersion, 2)));
 
-  RecordingStore empty({});
-  QEVPreferencesMigration::migrateIfNeeded(empty);
-  EXPECT_EQ(empty.values, (PreferenceDictionary{{kVersion, 2}}));
-
-  RecordingStore first({{kColor, color}, {kList, list}, {kVersion, 1}});
-  QEVPreferencesMigration::migrateIfNeeded(first);
-  EXPECT_EQ(first.values.at(kColor), color);
-  EXPECT_EQ(first.values.at(kList), bytes(R"([{"protocolPorts":"80"}])"));
-  EXPECT_EQ(first.values.at(kVersion), PreferenceValue(2));
-
-  log_.clear();
-  RecordingStore later({{kColor, color}, {kList, list}, {kVersion, 3}});
-  QEVPreferencesMigration::migrateIfNeeded(later);
-  EXPECT_THAT(later.operations, ElementsAre("read " + kVersion));
-  EXPECT_THAT(log_, IsEmpty());
+  store_.forget();
+  fill({{kList, bytes(R"([{"protocolPorts":[80]}])")}, {kVersion, 3}});
+  QEVPreferencesMigration::migrateIfNeeded(store_);
+  EXPECT_THAT(store_.operations(), ElementsAre(read(kVersion)));
+  EXPECT_EQ(log_.entries().size(), 1);
 }
 
 TEST_F(QEVPreferencesMigrationTest, RewritesPortsAndNothingElseOfAList) {
@@ -141,9 +113,9 @@ TEST_F(QEVPreferencesMigrationTest, RewritesPortsAndNothingElseOfAList) {
     SCOPED_TRACE(before);
     EXPECT_EQ(migrated(kList, bytes(before)), bytes(after));
     // Once rewritten, a list has nothing left to rewrite.
-    log_.clear();
+    store_.forget();
     EXPECT_EQ(migrated(kList, bytes(after)), bytes(after));
-    EXPECT_THAT(log_, IsEmpty());
+    EXPECT_THAT(store_.changes(), ElementsAre(wrote(kVersion, 2)));
   }
 }
 
@@ -177,9 +149,11 @@ TEST_F(QEVPreferencesMigrationTest, LeavesWhatItDoesNotUnderstand) {
   };
   for (const auto& [key, value] : values) {
     SCOPED_TRACE(key);
+    store_.forget();
     EXPECT_EQ(migrated(key, value), value);
-    EXPECT_THAT(log_, IsEmpty());
+    EXPECT_THAT(store_.changes(), ElementsAre(wrote(kVersion, 2)));
   }
+  EXPECT_THAT(log_.texts(), IsEmpty());
 }
 
 }  // namespace
