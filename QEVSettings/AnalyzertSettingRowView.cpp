@@ -16,7 +16,7 @@ using QEVCommonTools::Spacing;
 View AnalyzertSettingRowView::body() const {
   return Text(model->pluginStruct.get().plugInTitle)
       .font(Font::body())
-      .foreground(model->isActive ? Color::windowBackground() : Color::primary())
+      .foreground(model->isActive ? Color::selectedText() : Color::primary())
       .padding(points(Spacing::s5))
       .frame(FixedFrame{.width = 150, .alignment = Alignment::leading()})
       .background(model->isActive ? Color::accent() : klear())

@@ -64,8 +64,8 @@ std::string joined(const std::vector<std::string>& texts) {
 }
 
 View interfaceRow(const NetworkInterface& interface, bool isSelected, const Model& model) {
-  const Color text = isSelected ? Color::windowBackground() : Color::primary();
-  const Color detail = isSelected ? Color::windowBackground() : Color::secondary();
+  const Color text = isSelected ? Color::selectedText() : Color::primary();
+  const Color detail = isSelected ? Color::selectedText() : Color::secondary();
 
   return HStack(
              {.spacing = points(Spacing::s6)},

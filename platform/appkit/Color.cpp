@@ -28,6 +28,7 @@ RGBA Color::resolved(const Palette& palette) const {
       case Role::accent: return palette.accent;
       case Role::primary: return palette.primary;
       case Role::secondary: return palette.secondary;
+      case Role::selectedText: return palette.selectedText;
       case Role::windowBackground: return palette.windowBackground;
       case Role::groupBackground: return palette.groupBackground;
       case Role::controlBackground: return palette.controlBackground;
@@ -47,6 +48,7 @@ const Palette& Palette::light() {
       .accent = rgb(10, 98, 209),
       .primary = rgb(28, 28, 30),
       .secondary = rgb(96, 96, 102),
+      .selectedText = gray(1),
       .windowBackground = rgb(242, 242, 244),
       .groupBackground = rgb(250, 250, 251),
       .controlBackground = gray(1),
@@ -61,6 +63,7 @@ const Palette& Palette::dark() {
       .accent = rgb(98, 170, 255),
       .primary = rgb(235, 235, 238),
       .secondary = rgb(165, 165, 172),
+      .selectedText = rgb(16, 24, 38),
       .windowBackground = rgb(32, 33, 36),
       .groupBackground = rgb(42, 43, 47),
       .controlBackground = rgb(27, 28, 30),

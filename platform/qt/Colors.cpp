@@ -43,7 +43,7 @@ QPalette paletteOf(const appkit::Palette& palette) {
   set(QPalette::ToolTipBase, dark ? blended(group, Qt::white, 0.06) : group);
   set(QPalette::ToolTipText, text);
   set(QPalette::Highlight, accent);
-  set(QPalette::HighlightedText, accent.lightnessF() > 0.6 ? QColor(Qt::black) : QColor(Qt::white));
+  set(QPalette::HighlightedText, colorOf(palette.selectedText));
   set(QPalette::Link, accent);
   set(QPalette::LinkVisited, accent);
   set(QPalette::Light, blended(button, Qt::white, 0.2));

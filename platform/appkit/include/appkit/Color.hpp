@@ -27,6 +27,7 @@ public:
     accent,             // the application's own colour, for icons, titles and selections
     primary,            // text
     secondary,          // text of lesser weight
+    selectedText,       // text on the accent colour
     windowBackground,   // behind everything
     groupBackground,    // a group box on the window
     controlBackground,  // behind text that can be edited or stands as a sample
@@ -38,6 +39,7 @@ public:
   static Color accent() { return Color(Role::accent); }
   static Color primary() { return Color(Role::primary); }
   static Color secondary() { return Color(Role::secondary); }
+  static Color selectedText() { return Color(Role::selectedText); }
   static Color windowBackground() { return Color(Role::windowBackground); }
   static Color groupBackground() { return Color(Role::groupBackground); }
   static Color controlBackground() { return Color(Role::controlBackground); }
@@ -67,6 +69,7 @@ struct Palette {
   RGBA accent;
   RGBA primary;
   RGBA secondary;
+  RGBA selectedText;
   RGBA windowBackground;
   RGBA groupBackground;
   RGBA controlBackground;
