@@ -38,7 +38,9 @@ void fade(QWidget& widget, double opacity) {
 
 void refresh(ControlWidget& control, const viewkit::PresentationNode& node) {
   const viewkit::Accessibility& told = node.accessibility;
-  control.widget().setAccessibleName(text(told.label.empty() ? told.help : told.label));
+  const QString name = text(told.label.empty() ? told.help : told.label);
+  // Naming announces a new name, whatever it was.
+  if (control.widget().accessibleName() != name) control.widget().setAccessibleName(name);
   control.widget().setEnabled(told.enabled);
   control.refresh();
 }

@@ -74,7 +74,8 @@ private:
     QRegion covered;
   };
 
-  void mirror(const viewkit::PresentationNode& node, viewkit::Point parentOrigin, double opacity, QRect clip, Walk& walk);
+  void mirror(const viewkit::PresentationNode& node, viewkit::Point parentOrigin, double opacity, QRect clip,
+              Walk& walk);
   void mirrorControl(const viewkit::PresentationNode& node, const QRectF& frame, double opacity, const QRect& clip,
                      Walk& walk);
   void finish(Walk& walk);

@@ -37,7 +37,9 @@ public:
   viewkit::Size operator()(const viewkit::FontPickerControl& picker) const {
     return sizeFrom(FontPicker::sizeFor(picker));
   }
-  viewkit::Size operator()(const viewkit::TabBarControl& tabs) const { return within(TabBar::sizeFor(tabs), proposal_); }
+  viewkit::Size operator()(const viewkit::TabBarControl& tabs) const {
+    return within(TabBar::sizeFor(tabs), proposal_);
+  }
   viewkit::Size operator()(const viewkit::ToggleControl& toggle) const { return sizeFrom(Switch::sizeFor(toggle)); }
   viewkit::Size operator()(const viewkit::ColorWellControl&) const { return sizeFrom(ColorWell::sizeFor()); }
   viewkit::Size operator()(const viewkit::MenuControl& menu) const {
@@ -63,9 +65,8 @@ private:
 
 viewkit::TextMetrics QtMetrics::measureText(const viewkit::TextVisual& text, std::optional<double> maxWidth) const {
   const auto lines = TextLines::of(text, maxWidth, std::nullopt, direction_);
-  return {.size = sizeFrom(lines->size()),
-          .firstBaseline = lines->firstBaseline(),
-          .lastBaseline = lines->lastBaseline()};
+  return {
+      .size = sizeFrom(lines->size()), .firstBaseline = lines->firstBaseline(), .lastBaseline = lines->lastBaseline()};
 }
 
 viewkit::Size QtMetrics::imageSize(const std::string& path) const { return sizeFrom(pictureSize(path)); }

@@ -38,7 +38,8 @@ QRect scrollSlider(const QStyleOptionSlider& bar) {
   const int track = (isVertical ? bar.rect.height() : bar.rect.width()) - 2 * kScrollBarEdge;
   const double whole = double(bar.maximum) - bar.minimum + bar.pageStep;
   if (whole <= 0 || track <= 0) return bar.rect;
-  const int length = std::clamp(static_cast<int>(track * bar.pageStep / whole), std::min(kShortestSlider, track), track);
+  const int length =
+      std::clamp(static_cast<int>(track * bar.pageStep / whole), std::min(kShortestSlider, track), track);
   const int start = kScrollBarEdge + QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition,
                                                                      track - length, bar.upsideDown);
   return isVertical ? QRect(bar.rect.left(), bar.rect.top() + start, bar.rect.width(), length)

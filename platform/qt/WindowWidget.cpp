@@ -108,7 +108,8 @@ void WindowWidget::step() {
 void WindowWidget::fitLater() {
   if (std::exchange(fitPending_, true)) return;
   // Before the next painting, which has a lower priority.
-  QMetaObject::invokeMethod(this, [this] { fit(); }, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      this, [this] { fit(); }, Qt::QueuedConnection);
 }
 
 void WindowWidget::fit() {
@@ -116,13 +117,15 @@ void WindowWidget::fit() {
   if (!host_) return;
   const double least = std::ceil(host_->sizeThatFits({.width = 0, .height = 0}).width);
   const double across = std::max(least, double(width()));
-  const QSize needed(static_cast<int>(least),
-                     static_cast<int>(std::ceil(host_->sizeThatFits({.width = across, .height = 0}).height)));
+  const double lowest = std::ceil(host_->sizeThatFits({.width = across, .height = 0}).height);
+  const QSize needed(static_cast<int>(least), static_cast<int>(lowest));
   if (needed == fitted_) return;
   const bool wasFitting = height() <= fitted_.height() || !fitted_.isValid();
+  const bool isRigid = host_->sizeThatFits({.width = across, .height = viewkit::kUnlimited}).height <= lowest;
   fitted_ = needed;
   setMinimumSize(needed);
-  const QSize size(std::max(width(), needed.width()), wasFitting ? needed.height() : std::max(height(), needed.height()));
+  const int high = wasFitting && isRigid ? needed.height() : std::max(height(), needed.height());
+  const QSize size(std::max(width(), needed.width()), high);
   if (size != this->size()) resize(size);
   host_->setSize({double(width()), double(height())});
 }
@@ -286,7 +289,8 @@ foundation::Outcome WindowWidget::snapshot(const std::string& path, double scale
   image.fill(palette().color(QPalette::Window));
   render(&image);
   if (image.save(text(path), "PNG")) return foundation::done();
-  return foundation::Error{"the picture cannot be written to " + path + ": choose a folder that exists and that you may write to"};
+  return foundation::Error{"the picture cannot be written to " + path +
+                           ": choose a folder that exists and that you may write to"};
 }
 
 }  // namespace qt

@@ -9,6 +9,19 @@
 
 namespace qt {
 
+namespace {
+
+QString labelsBelow(const viewkit::PresentationNode& node) {
+  QStringList labels;
+  for (const viewkit::PresentationNode* child : AccessibleTree::toldBelow(node)) {
+    labels.append(toldText(child->accessibility, QAccessible::Name));
+  }
+  labels.removeAll(QString());
+  return labels.join(' ');
+}
+
+}  // namespace
+
 AccessibleControl::AccessibleControl(ControlWidget& control)
     : QAccessibleWidget(&control.widget()), control_(control) {}
 
@@ -39,7 +52,11 @@ QAccessibleInterface* AccessibleControl::childAt(int x, int y) const {
 }
 
 QString AccessibleControl::text(QAccessible::Text kind) const {
-  return node() ? toldText(node()->accessibility, kind) : QString();
+  if (!node()) return {};
+  const QString told = toldText(node()->accessibility, kind);
+  // What is named by nothing else is named by what is in it.
+  const bool isUnnamed = kind == QAccessible::Name && told.isEmpty() && actionName() == pressAction();
+  return isUnnamed ? labelsBelow(*node()) : told;
 }
 
 QAccessible::Role AccessibleControl::role() const {

@@ -19,7 +19,9 @@ QAccessibleInterface* AccessibleNode::parent() const {
   return node() ? tree_.parentOf(*node()) : nullptr;
 }
 
-QAccessibleInterface* AccessibleNode::child(int index) const { return node() ? childOf(tree_, *node(), index) : nullptr; }
+QAccessibleInterface* AccessibleNode::child(int index) const {
+  return node() ? childOf(tree_, *node(), index) : nullptr;
+}
 
 int AccessibleNode::childCount() const {
   return node() ? static_cast<int>(AccessibleTree::toldBelow(*node()).size()) : 0;

@@ -69,7 +69,6 @@ QAccessibleInterface* AccessibleTree::parentOf(const viewkit::PresentationNode& 
 
 void AccessibleTree::show(const viewkit::PresentationChanges& changes) {
   for (const viewkit::NodeId id : changes.removed) forget(id);
-  if (!QAccessible::isActive()) return;
   for (const viewkit::PresentationNode* node : changes.changed) {
     if (isTold(*node)) announce(*node);
   }
@@ -81,12 +80,12 @@ void AccessibleTree::announce(const viewkit::PresentationNode& node) {
   const auto known = told_.find(node.id);
   if (known == told_.end()) {
     told_.emplace(node.id, now);
-    announceNew(node);
+    if (QAccessible::isActive()) announceNew(node);
     return;
   }
   const viewkit::Accessibility before = known->second.accessibility;
   known->second = now;
-  if (before == now.accessibility) return;
+  if (before == now.accessibility || !QAccessible::isActive()) return;
   QAccessibleInterface* interface = interfaceOf(node);
   const bool isRenamed = before.label != now.accessibility.label;
   if (isRenamed) notify(interface, QAccessible::NameChanged);
@@ -95,7 +94,8 @@ void AccessibleTree::announce(const viewkit::PresentationNode& node) {
   QAccessible::State changed;
   if (before.selected != now.accessibility.selected) changed.selected = true;
   if (before.enabled != now.accessibility.enabled) changed.disabled = true;
-  if (before.value != now.accessibility.value && now.accessibility.role == viewkit::Role::toggle) changed.checked = true;
+  if (before.value != now.accessibility.value && now.accessibility.role == viewkit::Role::toggle)
+    changed.checked = true;
   if (changed.selected || changed.disabled || changed.checked) notifyState(interface, changed);
   if (isRenamed && now.accessibility.role == viewkit::Role::alert) notify(interface, QAccessible::Alert);
 }

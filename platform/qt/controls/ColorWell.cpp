@@ -54,8 +54,9 @@ void ColorWell::press() {
     dialog_->setOption(QColorDialog::NoButtons);
     dialog_->setOption(QColorDialog::ShowAlphaChannel, well->supportsOpacity);
     hideScreenPicker(*dialog_);
-    connect(dialog_, &QColorDialog::currentColorChanged, this,
-            [this](const QColor& color) { call(&viewkit::ColorWellControl::choose, rgbaOf(color)); });
+    connect(dialog_, &QColorDialog::currentColorChanged, this, [this](const QColor& color) {
+      settleOn([this, color] { call(&viewkit::ColorWellControl::choose, rgbaOf(color)); });
+    });
   }
   dialog_->show();
   dialog_->raise();

@@ -12,4 +12,14 @@ void ControlWidget::refreshLater() {
   });
 }
 
+void ControlWidget::settleOn(std::function<void()> choose) {
+  const bool isWaiting = settledOn_ != nullptr;
+  settledOn_ = std::move(choose);
+  if (isWaiting) return;
+  foundation::MainQueue::mainQueue().async([this, alive = QPointer<QWidget>(&widget())] {
+    if (!alive) return;
+    if (const auto call = std::exchange(settledOn_, nullptr)) call();
+  });
+}
+
 }  // namespace qt

@@ -42,9 +42,7 @@ public:
   virtual appkit::Responder& responder() { return responder_; }
 
   // Whether this is the right kind of widget for the node.
-  bool shows(const viewkit::PresentationNode& node) const {
-    return node.control() && node.control()->index() == kind_;
-  }
+  bool shows(const viewkit::PresentationNode& node) const { return node.control() && node.control()->index() == kind_; }
 
   // Nothing from when the node is gone until the widget is.
   const viewkit::PresentationNode* node() const { return node_; }
@@ -67,7 +65,7 @@ protected:
 
   // Calls a function of the control as it is now; the call may replace it or end the node.
   template <class C, class... Parameters, class... Arguments>
-  void call(std::function<void(Parameters...)> C::* function, Arguments&&... arguments) {
+  void call(std::function<void(Parameters...)> C::*function, Arguments&&... arguments) {
     const C* current = control<C>();
     if (!current) return;
     if (const auto action = current->*function) action(std::forward<Arguments>(arguments)...);
@@ -75,6 +73,9 @@ protected:
 
   // Shows what the view made of the person's action, should it be something else or nothing.
   void refreshLater();
+  // Makes the last of the calls that are asked for in this turn, on the next one: a chooser goes through
+  // several values until it settles on what the person picked.
+  void settleOn(std::function<void()> choose);
 
 private:
   Mirror& mirror_;
@@ -82,6 +83,7 @@ private:
   std::size_t kind_;
   appkit::Responder responder_;
   double opacity_ = 1;
+  std::function<void()> settledOn_;
 };
 
 }  // namespace qt

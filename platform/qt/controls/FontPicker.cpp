@@ -20,16 +20,21 @@ namespace {
 constexpr qreal kMargin = 9;
 constexpr qreal kSampleWidth = 24;
 constexpr qreal kGap = 6;
+constexpr int kSampleHeight = 96;
 
 const QString& sample() {
   static const QString letters = QStringLiteral("Aa");
   return letters;
 }
 
-// Underlining and the like are no part of a font of ours.
+// Underlining and the like are no part of a font of ours; the sample gets their room.
 void hideEffects(const QFontDialog& dialog) {
   for (QGroupBox* group : dialog.findChildren<QGroupBox*>()) {
-    if (group->findChild<QCheckBox*>()) group->hide();
+    if (group->findChild<QCheckBox*>()) {
+      group->hide();
+    } else {
+      group->setMinimumHeight(kSampleHeight);
+    }
   }
 }
 
@@ -54,8 +59,9 @@ void FontPicker::press() {
     dialog_->setOption(QFontDialog::DontUseNativeDialog);
     dialog_->setOption(QFontDialog::NoButtons);
     hideEffects(*dialog_);
-    connect(dialog_, &QFontDialog::currentFontChanged, this,
-            [this](const QFont& font) { call(&viewkit::FontPickerControl::choose, fontFrom(font)); });
+    connect(dialog_, &QFontDialog::currentFontChanged, this, [this](const QFont& font) {
+      settleOn([this, font] { call(&viewkit::FontPickerControl::choose, fontFrom(font)); });
+    });
   }
   dialog_->show();
   dialog_->raise();

@@ -10,6 +10,7 @@
 #include <QStyledItemDelegate>
 
 #include <algorithm>
+#include <optional>
 
 namespace qt {
 
@@ -101,14 +102,26 @@ void MenuList::setCurrentRow(int row) {
 QRect MenuList::rowRect(int row) const {
   if (uniformItemSizes()) {
     const int height = sizeHintForRow(0);
-    return {0, row * height, contentWidth(), height};
+    return {0, row * height, width(), height};
   }
   int top = 0;
   for (int i = 0; i < row; ++i) top += sizeHintForRow(i);
-  return {0, top, contentWidth(), sizeHintForRow(row)};
+  return {0, top, width(), sizeHintForRow(row)};
 }
 
-int MenuList::contentWidth() const { return sizeHintForColumn(0); }
+int MenuList::contentWidth() const {
+  int width = 0;
+  std::optional<viewkit::Font> font;
+  QFontMetrics metrics(this->font());
+  for (const viewkit::MenuItem& item : items_) {
+    if (item.font != font) {
+      font = item.font;
+      metrics = QFontMetrics(font ? fontOf(*font) : this->font());
+    }
+    width = std::max(width, metrics.horizontalAdvance(text(item.title)));
+  }
+  return width + 2 * kHorizontalPadding;
+}
 
 int MenuList::contentHeight() const { return rowRect(static_cast<int>(items_.size()) - 1).bottom() + 1; }
 

@@ -56,8 +56,8 @@ void MenuPopup::openOver() {
   const int limit = static_cast<int>(screen.height() * kMaxShare);
   const int height = std::min(naturalHeight(), limit);
   // The whole menu where it fits, else as much of it on both sides.
-  const int wanted = naturalHeight() <= limit ? button.center().y() - kPadding - item.center().y()
-                                              : button.center().y() - height / 2;
+  const int wanted =
+      naturalHeight() <= limit ? button.center().y() - kPadding - item.center().y() : button.center().y() - height / 2;
   const int top = std::clamp(wanted, screen.top(), std::max(screen.top(), screen.bottom() - height));
   open(top, height, item.center().y() - (button.center().y() - top - kPadding));
 }
@@ -78,12 +78,16 @@ void MenuPopup::open(int top, int height, int scrolledBy) {
   const QRect button = openerOnScreen();
   const QRect screen = available();
   const int bar = height < naturalHeight() ? list_->verticalScrollBar()->sizeHint().width() : 0;
-  const int width = std::clamp(list_->contentWidth() + 2 * kPadding + bar, button.width(), std::max(button.width(), kMaxWidth));
+  const int width =
+      std::clamp(list_->contentWidth() + 2 * kPadding + bar, button.width(), std::max(button.width(), kMaxWidth));
   const int wanted = layoutDirection() == Qt::RightToLeft ? button.right() + 1 - width : button.left();
   const int left = std::clamp(wanted, screen.left(), std::max(screen.left(), screen.right() - width));
   setGeometry(left, top, width, height);
   show();
   list_->setFocus();
+  // Before the list knows how long it is it does not scroll.
+  layout()->activate();
+  list_->doItemsLayout();
   list_->verticalScrollBar()->setValue(scrolledBy);
 }
 

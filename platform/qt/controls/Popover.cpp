@@ -30,9 +30,8 @@ QPoint Popover::contentOrigin() const { return {kShadow, kShadow}; }
 
 QRect Popover::placeFor(const QRect& frame) const {
   const QRect window = mirror().canvas().rect().adjusted(kWindowMargin, kWindowMargin, -kWindowMargin, -kWindowMargin);
-  const QRect anchor = node()->parent
-                           ? wholePixels(mirror().coordinates().toDevice(node()->parent->frameInWindow()))
-                           : frame;
+  const QRect anchor =
+      node()->parent ? wholePixels(mirror().coordinates().toDevice(node()->parent->frameInWindow())) : frame;
   // Above what it belongs to where there is room, else below it, and always within the window.
   const bool fitsAbove = anchor.top() - kGap - frame.height() >= window.top();
   const int top = fitsAbove ? anchor.top() - kGap - frame.height() : anchor.bottom() + 1 + kGap;

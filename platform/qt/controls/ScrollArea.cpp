@@ -115,8 +115,8 @@ void ScrollArea::wheelEvent(QWheelEvent* event) {
   const auto* scroll = control<viewkit::ScrollControl>();
   const double angle = event->angleDelta().y();
   const bool isVertical = std::abs(angle) >= std::abs(event->angleDelta().x());
-  const double from = glide_.state() == QAbstractAnimation::Running ? glide_.endValue().toDouble()
-                                                                   : (scroll ? scroll->offset.y : 0);
+  const double from =
+      glide_.state() == QAbstractAnimation::Running ? glide_.endValue().toDouble() : (scroll ? scroll->offset.y : 0);
   const bool isAtEnd = angle > 0 ? from <= 0 : from >= maximum();
   // What cannot scroll any further leaves the wheel to what is around it.
   if (!scroll || !isVertical || isAtEnd) {

@@ -21,7 +21,11 @@ SelectableText::SelectableText(Mirror& mirror, const viewkit::PresentationNode& 
   setFrameShape(QFrame::NoFrame);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  QTextOption options;
+  options.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  options.setTextDirection(parent.layoutDirection());
+  setWordWrapMode(options.wrapMode());
+  document()->setDefaultTextOption(options);
   document()->setDocumentMargin(0);
   viewport()->setAutoFillBackground(false);
   viewport()->setMouseTracking(true);
@@ -32,16 +36,17 @@ void SelectableText::refresh() {
   if (!selectable) return;
   const QFont font = fontOf(selectable->text.font);
   const QString wanted = text(selectable->text.text);
-  if (document()->defaultFont() != font) document()->setDefaultFont(font);
-  if (toPlainText() != wanted) setPlainText(wanted);
-
-  // Lines as high as those of text that is only shown, which layout has measured.
-  const QFontMetricsF metrics(font);
-  QTextBlockFormat lines;
-  lines.setLineHeight(std::ceil(metrics.ascent()) + std::ceil(metrics.descent()), QTextBlockFormat::FixedHeight);
-  QTextCursor cursor(document());
-  cursor.select(QTextCursor::Document);
-  cursor.mergeBlockFormat(lines);
+  if (document()->defaultFont() != font || toPlainText() != wanted) {
+    document()->setDefaultFont(font);
+    setPlainText(wanted);
+    // Lines as high as those of text that is only shown, which layout has measured.
+    const QFontMetricsF metrics(font);
+    QTextBlockFormat lines;
+    lines.setLineHeight(std::ceil(metrics.ascent()) + std::ceil(metrics.descent()), QTextBlockFormat::FixedHeight);
+    QTextCursor cursor(document());
+    cursor.select(QTextCursor::Document);
+    cursor.mergeBlockFormat(lines);
+  }
 
   QPalette colors = palette();
   const QColor color = colorOf(selectable->text.color);

@@ -61,8 +61,8 @@ void Switch::paintEvent(QPaintEvent* /*event*/) {
   QRectF track(QPointF(), trackSize(toggle->size));
   track.moveCenter(QRectF(rect()).center());
   const qreal radius = track.height() / 2;
-  const double position = position_.state() == QAbstractAnimation::Running ? position_.currentValue().toDouble()
-                                                                          : (isOn_ ? 1.0 : 0.0);
+  const double position =
+      position_.state() == QAbstractAnimation::Running ? position_.currentValue().toDouble() : (isOn_ ? 1.0 : 0.0);
 
   const QColor window = palette().color(QPalette::Window);
   const QColor label = palette().color(QPalette::Active, QPalette::WindowText);

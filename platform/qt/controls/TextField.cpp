@@ -49,7 +49,13 @@ TextField::TextField(Mirror& mirror, const viewkit::PresentationNode& node, QWid
   setTabChangesFocus(true);
   setFrameShape(QFrame::NoFrame);
   setLineWrapMode(limit > 1 ? QTextEdit::WidgetWidth : QTextEdit::NoWrap);
-  setWordWrapMode(limit > 1 ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
+  QTextOption options;
+  options.setWrapMode(limit > 1 ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
+  // At the leading edge, whatever the direction of what is typed.
+  options.setAlignment((parent.layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft) |
+                       Qt::AlignAbsolute);
+  setWordWrapMode(options.wrapMode());
+  document()->setDefaultTextOption(options);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   document()->setDocumentMargin(0);

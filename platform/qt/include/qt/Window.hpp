@@ -20,8 +20,8 @@ class WindowWidget;
 
 struct WindowOptions {
   std::string title;
-  // Points; the window is never smaller than its root view needs, and follows the view's height until
-  // the person gives it another one.
+  // Points. The window is never smaller than its root view needs; where the view has a height of its
+  // own, the window takes that and follows it until the person gives it another one.
   viewkit::Size size{720, 480};
   viewkit::Environment environment;
   viewkit::View root;

@@ -1,0 +1,193 @@
+#include "WindowFixture.hpp"
+
+#include "viewkit/Controls.hpp"
+#include "viewkit/ScrollView.hpp"
+#include "viewkit/Stacks.hpp"
+#include "viewkit/State.hpp"
+#include "viewkit/TabView.hpp"
+#include "viewkit/Text.hpp"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QFontDialog>
+#include <QListView>
+#include <QTabBar>
+#include <QTest>
+#include <vector>
+
+namespace qt {
+namespace {
+
+using viewkit::Binding;
+using viewkit::View;
+
+using ControlsTest = WindowFixture;
+
+// A binding that writes down what it is set to.
+template <class T>
+Binding<T> recording(std::vector<T>& writes, T shown) {
+  return {[shown] { return shown; }, [&writes](T value) { writes.push_back(std::move(value)); }};
+}
+
+TEST_F(ControlsTest, ButtonsArePressedByMouseAndKeyboard) {
+  std::vector<std::string> pressed;
+  open(viewkit::VStack(
+      {},
+      {viewkit::Button("push", [&] { pressed.push_back("push"); }),
+       viewkit::PlainButton(viewkit::Text("plain"), [&] { pressed.push_back("plain"); }).accessibilityLabel("plain"),
+       viewkit::Button("off", [&] { pressed.push_back("off"); }).disabled(true)}));
+  for (const char* name : {"push", "plain", "off"}) {
+    QWidget& button = widget(QAccessible::PushButton, name);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    QTest::keyClick(&button, Qt::Key_Space);
+    QTest::keyClick(&button, Qt::Key_Return);
+  }
+  EXPECT_EQ(pressed, (std::vector<std::string>{"push", "push", "push", "plain", "plain", "plain"}));
+}
+
+TEST_F(ControlsTest, ASwitchAsksForTheOtherValueAndShowsWhatItsViewSays) {
+  std::vector<bool> writes;
+  open(viewkit::Toggle(recording(writes, false)).accessibilityLabel("switch"));
+  QWidget& toggle = widget(QAccessible::CheckBox, "switch");
+  QTest::mouseClick(&toggle, Qt::LeftButton);
+  QTest::keyClick(&toggle, Qt::Key_Space);
+  settle();
+  EXPECT_EQ(writes, (std::vector<bool>{true, true})) << "the view never took the value over";
+  EXPECT_FALSE(find(QAccessible::CheckBox, "switch").state().checked);
+}
+
+enum class Page { first, second };
+
+struct Tabs {
+  viewkit::State<Page> page = Page::first;
+  View body() const {
+    return viewkit::TabView(page.binding(),
+                            std::vector<viewkit::Tab<Page>>{{Page::first, "First", "clock", viewkit::Text("one")},
+                                                            {Page::second, "Second", "globe", viewkit::Text("two")}});
+  }
+};
+
+TEST_F(ControlsTest, TheTabBarShowsThePageThatIsChosen) {
+  open(Tabs{});
+  auto* bar = topLevel().findChild<QTabBar*>();
+  ASSERT_NE(bar, nullptr);
+  QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(1).center());
+  settle();
+  EXPECT_TRUE(has(QAccessible::StaticText, "two"));
+  bar->setFocus();
+  QTest::keyClick(bar, Qt::Key_Left);
+  settle();
+  EXPECT_TRUE(has(QAccessible::StaticText, "one"));
+  EXPECT_FALSE(has(QAccessible::StaticText, "two"));
+  EXPECT_TRUE(find(QAccessible::PageTab, "First").state().selected);
+}
+
+class MenuTest : public WindowFixture {
+protected:
+  void SetUp() override {
+    const auto items = [this] {
+      ++asked;
+      std::vector<viewkit::MenuItem> made;
+      for (int i = 0; i < 600; ++i) {
+        const std::string title = "Zone " + std::to_string(i);
+        made.push_back({.title = i == 333 ? "Gulf of " + title : title, .action = [this, title] { picked = title; }});
+      }
+      return made;
+    };
+    open(viewkit::VStack({}, {viewkit::PopUpMenu("Zone 400", items).accessibilityLabel("zone")}));
+  }
+
+  QListView& list() const {
+    auto* popup = QApplication::activePopupWidget();
+    auto* found = popup ? popup->findChild<QListView*>() : nullptr;
+    if (!found) throw std::runtime_error("no menu is open");
+    return *found;
+  }
+
+  int asked = 0;
+  std::string picked;
+};
+
+TEST_F(MenuTest, OpensOnTheCurrentItemAndPicksWithTheKeyboard) {
+  EXPECT_EQ(asked, 0);
+  QTest::keyClick(&widget(QAccessible::ButtonMenu, "zone"), Qt::Key_Space);
+  EXPECT_EQ(asked, 1);
+  EXPECT_EQ(list().currentIndex().row(), 400);
+  const QRect current = list().visualRect(list().currentIndex());
+  EXPECT_GE(current.top(), 0);
+  EXPECT_LE(current.bottom(), list().viewport()->height());
+
+  QTest::keyClicks(&list(), "zone 7");
+  EXPECT_EQ(list().currentIndex().row(), 7);
+  QTest::keyClick(&list(), Qt::Key_Down);
+  QTest::keyClick(&list(), Qt::Key_Return);
+  EXPECT_EQ(picked, "Zone 8");
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(MenuTest, FindsAWordInTheMiddleOfATitleToo) {
+  QTest::keyClick(&widget(QAccessible::ButtonMenu, "zone"), Qt::Key_Down);
+  QTest::keyClicks(&list(), "of");
+  EXPECT_EQ(list().currentIndex().row(), 333);
+  QTest::keyClick(&list(), Qt::Key_Escape);
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+  EXPECT_EQ(picked, "");
+}
+
+TEST_F(MenuTest, PicksWithTheMouseButNotByTheClickThatOpensIt) {
+  QWidget& button = widget(QAccessible::ButtonMenu, "zone");
+  QTest::mouseClick(&button, Qt::LeftButton);
+  ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+  EXPECT_EQ(picked, "");
+  list().scrollTo(list().model()->index(401, 0));
+  QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, list().visualRect(list().model()->index(401, 0)).center());
+  EXPECT_EQ(picked, "Zone 401");
+}
+
+TEST_F(ControlsTest, ChoosersWriteWhileTheyAreOpen) {
+  std::vector<appkit::RGBA> colors;
+  std::vector<appkit::Font> fonts;
+  open(viewkit::VStack({}, {viewkit::ColorWell(recording(colors, appkit::RGBA{1, 0, 0, 1}), {.supportsOpacity = true})
+                                .accessibilityLabel("color"),
+                            viewkit::FontChooser("font", recording(fonts, appkit::Font{"DejaVu Sans", "Bold", 11}))}));
+  QTest::mouseClick(&widget(QAccessible::PushButton, "color"), Qt::LeftButton);
+  QTest::mouseClick(&widget(QAccessible::PushButton, "font"), Qt::LeftButton);
+  auto* colorDialog = topLevel().findChild<QColorDialog*>();
+  auto* fontDialog = topLevel().findChild<QFontDialog*>();
+  ASSERT_TRUE(colorDialog && fontDialog);
+  EXPECT_EQ(colorDialog->currentColor(), QColor(Qt::red));
+  EXPECT_EQ(fontDialog->currentFont().family(), "DejaVu Sans");
+  EXPECT_TRUE(colors.empty() && fonts.empty()) << "opening a chooser chooses nothing";
+
+  colorDialog->setCurrentColor(QColor(0, 255, 0, 128));
+  QFont larger = fontDialog->currentFont();
+  larger.setPointSize(20);
+  fontDialog->setCurrentFont(larger);
+  settle();
+  ASSERT_EQ(colors.size(), 1U) << "a chooser tells what it settles on";
+  EXPECT_EQ(colors.back().green, 1);
+  EXPECT_NEAR(colors.back().opacity, 0.5, 0.01);
+  ASSERT_EQ(fonts.size(), 1U);
+  EXPECT_EQ(fonts[0], (appkit::Font{"DejaVu Sans", "Bold", 20}));
+}
+
+TEST_F(ControlsTest, FocusBringsWhatIsHiddenIntoSight) {
+  open(viewkit::ScrollView(
+      {},
+      viewkit::VStack(
+          {}, {viewkit::forEach(
+                  std::vector{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}, [](int i) { return i; },
+                  [](int i) {
+                    return viewkit::Button("row " + std::to_string(i), [] {}).frame(viewkit::FixedFrame{.height = 100});
+                  })})));
+  QWidget& last = widget(QAccessible::PushButton, "row 9");
+  EXPECT_TRUE(last.visibleRegion().isEmpty());
+  widget(QAccessible::PushButton, "row 0").setFocus();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+  settle();
+  EXPECT_TRUE(last.hasFocus());
+  EXPECT_EQ(last.visibleRegion().boundingRect(), last.rect());
+}
+
+}  // namespace
+}  // namespace qt
