@@ -59,7 +59,11 @@ void MenuPopup::openOver() {
   const int wanted =
       naturalHeight() <= limit ? button.center().y() - kPadding - item.center().y() : button.center().y() - height / 2;
   const int top = std::clamp(wanted, screen.top(), std::max(screen.top(), screen.bottom() - height));
-  open(top, height, item.center().y() - (button.center().y() - top - kPadding));
+  // Over the button, and in sight as a whole where the button lies at the edge of the screen.
+  const int half = (item.height() + 1) / 2;
+  const int inList =
+      std::clamp(button.center().y() - top - kPadding, half, std::max(half, height - 2 * kPadding - half));
+  open(top, height, item.center().y() - inList);
 }
 
 void MenuPopup::openUnder() {
