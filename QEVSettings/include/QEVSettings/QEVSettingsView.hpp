@@ -15,9 +15,9 @@ namespace QEVSettings {
 
 // The content of the settings window: a tab view with a page and a help button for each subject.
 //
-// The host makes one each time it opens the window; the selected tab lives no longer than that. All
-// that a person changes is in the environment's preferences store, or with the owner of the model
-// concerned, at once. Main thread.
+// The host makes one each time it opens the window; the selected tab lives no longer than that. All that a
+// person changes is at once in the environment's preferences store, or with the owner of the model concerned.
+// Needs the module's string tables: the process stops where they are not installed. Main thread.
 //
 //     View content = QEVSettingsView(updater, delegate, captureModel, QEVSettingsView::Tabs::general,
 //                                    ProxySettingsView(proxyService));

@@ -12,7 +12,7 @@ inline constexpr double kCornerHigh = 9;
 // Which corners of a view are rounded.
 enum class RectCorner { allCorners };
 
-// The view cut to its frame, with these corners rounded.
+// The view cut to its frame, with these corners rounded; the radius in points.
 viewkit::View cornerRadius(const viewkit::View& view, double radius, RectCorner corners);
 
 }  // namespace QEVCommonTools

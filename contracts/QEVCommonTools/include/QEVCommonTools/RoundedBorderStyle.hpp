@@ -9,7 +9,7 @@ enum class RoundedBorderStyle {
   none,
 };
 
-// The view with an outline over its edge. A clear colour draws nothing and takes the same space.
+// The view with an outline over its edge; lengths in points. A clear colour draws nothing in the same space.
 viewkit::View roundedBorder(const viewkit::View& view, RoundedBorderStyle borderStyle, double cornerRadius,
                             viewkit::Color borderColor, double lineWidth);
 

@@ -34,7 +34,7 @@ public:
   static constexpr NumberRange kRingFileCount{.lowest = 2, .highest = 1000, .initial = 10};
   static constexpr NumberRange kRingFileSize{.lowest = 1, .highest = 10000, .initial = 100};  // MiB a file
 
-  // The store outlives the model.
+  // The store outlives the model; the interfaces are shared with the host and never null.
   QEVCaptureViewModel(QEVSettings::PreferencesStore& store, std::shared_ptr<NetworkInterfaces> interfaces);
 
   std::vector<NetworkInterface> interfaces() const { return interfaces_->all(); }

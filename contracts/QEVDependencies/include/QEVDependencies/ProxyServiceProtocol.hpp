@@ -8,8 +8,8 @@
 
 namespace QEVDependencies {
 
-// The host's interception proxy, as its settings page sees it. The service keeps its own settings and
-// announces each change of what it says before the change happens. Main thread.
+// The host's interception proxy, as its settings page sees it. The service keeps its own settings, and announces
+// each change of what it says before it happens. A setter is given valid addresses only. Main thread.
 class ProxyServiceProtocol : public foundation::ObservableObject {
 public:
   // Whether the proxy is meant to run.

@@ -16,9 +16,9 @@ public:
   QEVPortsPreferencesProtocol& operator=(const QEVPortsPreferencesProtocol&) = delete;
   virtual ~QEVPortsPreferencesProtocol() = default;
 
-  // The running analyzer is to go by `current` in place of `old`, which differ in the member `changed`.
-  // An implementation that has done so calls `current->reportRegistered()`. One that cannot throws a
-  // QEVError, whose message the user gets to see, or anything else.
+  // The running analyzer is to go by `current` in place of `old`, which differ in the member `changed`; the
+  // list is not stored yet. An implementation that has done so calls `current->reportRegistered()`. One that
+  // cannot throws a QEVError, whose message the user gets to see, or anything else: nothing is stored then.
   virtual void replaceProtoocol(const std::shared_ptr<QEVNetworkProtocol>& old,
                                 const std::shared_ptr<QEVNetworkProtocol>& current,
                                 QEVNetworkProtocolProperty changed) = 0;

@@ -8,7 +8,7 @@
 
 namespace QEVModels {
 
-// The loaded analyzer plug-ins, in the order in which the host registered them. Main thread.
+// The loaded analyzer plug-ins, in the order of registration. A page keeps to those it was built with. Main thread.
 class QEVPlugInsController {
 public:
   // The one registry of the application.

@@ -12,7 +12,7 @@ namespace foundation {
 
 // Tells whoever asked that something with a name has happened. Main thread.
 //
-//     Subscription token = NotificationCenter::defaultCenter().observe("ports changed", [] { … });
+//     Subscription token = NotificationCenter::defaultCenter().observe("ports changed", [](std::string_view) { … });
 //     NotificationCenter::defaultCenter().post("ports changed");
 class NotificationCenter {
 public:
