@@ -1,5 +1,6 @@
 #include "SettingsHost.hpp"
 
+#include "Language.hpp"
 #include "MachineInterfaces.hpp"
 #include "QEVSettings/ProxySettingsView.hpp"
 #include "QEVSettings/QEVPreferencesMigration.hpp"
@@ -13,7 +14,6 @@ namespace zorvantine {
 
 using foundation::Bundle;
 using QEVSettings::QEVSettingsView;
-using viewkit::LayoutDirection;
 
 namespace {
 
@@ -49,10 +49,7 @@ viewkit::View SettingsHost::settingsView(Tab tab) const {
 }
 
 viewkit::Environment SettingsHost::environment() const {
-  const auto& languages = Bundle::preferredLanguages();
-  const bool isArabic = !languages.empty() && languages.front().starts_with("ar");
-  return {.defaultStore = store_,
-          .layoutDirection = isArabic ? LayoutDirection::rightToLeft : LayoutDirection::leftToRight};
+  return {.defaultStore = store_, .layoutDirection = windowDirection()};
 }
 
 }  // namespace zorvantine

@@ -1,7 +1,9 @@
+#include "QEVLog/QEVLog.hpp"
 #include "commandline/ExitCode.hpp"
 #include "commandline/Options.hpp"
 #include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
+#include "foundation/Diagnostics.hpp"
 #include "foundation/UserDefaults.hpp"
 
 #include <cstdlib>
@@ -20,6 +22,7 @@ int report(const Failure& failure) {
 }
 
 Failed carryOut(const Options& options) {
+  foundation::setDiagnosticSink([](std::string_view line) { QEVLog::logMessage(line, "reportDiagnostic(_:)"); });
   if (options.store) foundation::UserDefaults::setStandardFile(*options.store);
   Console console{.in = std::cin, .out = std::cout};
   return std::visit([&console](const auto& command) { return run(command, console); }, options.command);

@@ -22,7 +22,7 @@ Failed run(const SettingsCommand& command, Console&) {
   auto& store = Console::store();
   if (!qt::Application::hasDisplay()) {
     if (auto failure = storeFailure(store)) return failure;
-    tell(std::string("there is no display to open the window on, so it is drawn into the folder ") + kPicturesFolder +
+    tell(std::string("no display can be reached, so the window is drawn into the folder ") + kPicturesFolder +
          "; set DISPLAY or WAYLAND_DISPLAY to open it");
     SnapshotCommand snapshot;
     snapshot.folder = kPicturesFolder;

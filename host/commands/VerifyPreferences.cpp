@@ -1,16 +1,20 @@
-#include "QEVSettings/preferences/PreferenceKeys.hpp"
 #include "commands/Commands.hpp"
+#include "foundation/PreferencesVerification.hpp"
 
 #include <ostream>
 
 namespace zorvantine {
 
 Failed run(const VerifyPreferencesCommand&, Console& console) {
-  const std::size_t count = Console::store().dictionaryRepresentation().size();
-  if (auto failure = storeFailure(Console::store())) return failure;
-  console.out << "The store is well: " << count << (count == 1 ? " key" : " keys") << ", schema version "
-              << Console::store().integerForKey(QEVSettings::kPrefsSchemaVersion.name) << ".\n";
-  return std::nullopt;
+  const auto file = foundation::UserDefaults::standardFile();
+  // Only opening it tells why there is none.
+  if (file.empty()) return storeFailure(Console::store());
+  const auto verification = foundation::verifyPreferences(file);
+  for (const std::string& sentence : verification.sentences) console.out << sentence << '\n';
+  if (verification.isGood) return std::nullopt;
+  return Failure{.message =
+                     "the store is not in order, as the lines on standard output tell; every other command "
+                     "that opens it puts right what can be"};
 }
 
 }  // namespace zorvantine

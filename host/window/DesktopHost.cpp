@@ -1,8 +1,10 @@
 #include "window/DesktopHost.hpp"
 
+#include "Language.hpp"
 #include "foundation/Bundle.hpp"
 #include "window/DescriptorWatch.hpp"
 #include "window/Updates.hpp"
+#include "window/startAgainWithoutDisplay.hpp"
 
 #include <array>
 #include <string>
@@ -23,13 +25,20 @@ NoArguments& noArguments() {
   return arguments;
 }
 
+NoArguments& preparedFor(QtMessages& messages, qt::Application::Display display) {
+  if (display == qt::Application::Display::screen) messages.beforeStop(startAgainWithoutDisplay);
+  return noArguments();
+}
+
 }  // namespace
 
 DesktopHost::DesktopHost(const WindowOptions& options, foundation::UserDefaults& store,
                          qt::Application::Display display)
-    : application_(noArguments().count, noArguments().words.data(), display) {
+    : application_(preparedFor(messages_, display).count, noArguments().words.data(), display) {
+  messages_.beforeStop(nullptr);
   useDesktopForUpdates(store);
   host_.emplace(options, store);
+  application_.setLanguage(windowLanguage());
 }
 
 DesktopHost::~DesktopHost() {
@@ -38,9 +47,11 @@ DesktopHost::~DesktopHost() {
 }
 
 std::unique_ptr<qt::Window> DesktopHost::makeWindow(Tab tab) const {
+  viewkit::Environment environment = host_->environment();
+  environment.reducedMotion = application_.reducedMotion();
   return std::make_unique<qt::Window>(
       qt::WindowOptions{.title = foundation::Bundle::mainBundle().localizedString("Settings"),
-                        .environment = host_->environment(),
+                        .environment = environment,
                         .root = host_->settingsView(tab)});
 }
 

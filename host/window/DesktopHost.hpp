@@ -6,6 +6,7 @@
 #include "foundation/UserDefaults.hpp"
 #include "qt/Application.hpp"
 #include "qt/Window.hpp"
+#include "window/QtMessages.hpp"
 
 #include <memory>
 #include <optional>
@@ -16,7 +17,8 @@ namespace zorvantine {
 // main thread.
 class DesktopHost {
 public:
-  // The store outlives the host.
+  // The store outlives the host. When the display that was asked for is out of reach, the program starts again
+  // without one.
   DesktopHost(const WindowOptions& options, foundation::UserDefaults& store, qt::Application::Display display);
   ~DesktopHost();
   DesktopHost(const DesktopHost&) = delete;
@@ -30,6 +32,7 @@ public:
   void run(Tab tab, const Interruption& interruption);
 
 private:
+  QtMessages messages_;
   qt::Application application_;
   std::optional<SettingsHost> host_;
 };
