@@ -24,6 +24,7 @@ public:
   // The window's content, new for each window.
   viewkit::View settingsView(Tab tab) const;
   viewkit::Environment environment() const;
+  const std::shared_ptr<QEVSettings::UpdaterViewModel>& updater() const { return updater_; }
 
 private:
   bool hasProxyTab_;

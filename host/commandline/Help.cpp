@@ -10,6 +10,7 @@ The settings of the packet analyzer: in a window, and from the shell.
 The window
   settings [--tab TAB] [WINDOW]    open it; also what happens without a COMMAND.
                                    Without a display, draw it into files instead
+  run [WINDOW]                     open the main window, which opens the settings
   snapshot --out DIR [--tab TAB|all] [--appearance light|dark] [--scale 1|2] [WINDOW]
                                    draw it into DIR, one picture TAB.png a tab
   describe [--tab TAB] [--format text|json] [WINDOW]

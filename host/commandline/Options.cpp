@@ -116,6 +116,15 @@ Result<Command> parseSettings(CommandLine& line) {
   return Command(command);
 }
 
+Result<Command> parseRun(CommandLine& line) {
+  RunCommand command;
+  std::vector<Option> options;
+  addWindowOptions(options, command.window);
+  const auto operands = line.read(std::move(options));
+  if (!operands) return operands.error();
+  return Command(command);
+}
+
 Result<Command> parseSnapshot(CommandLine& line) {
   SnapshotCommand command;
   auto tabs = tabChoices<std::optional<Tab>>();
@@ -242,8 +251,9 @@ struct Entry {
   Result<Command> (*parse)(CommandLine&);
 };
 
-constexpr std::array<Entry, 15> kCommands{{
+constexpr std::array<Entry, 16> kCommands{{
     {"settings", parseSettings},
+    {"run", parseRun},
     {"snapshot", parseSnapshot},
     {"describe", parseDescribe},
     {"prefs list", parseList},

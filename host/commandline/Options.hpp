@@ -36,6 +36,9 @@ struct SettingsCommand {
   Tab tab = Tab::general;
   WindowOptions window;
 };
+struct RunCommand {
+  WindowOptions window;
+};
 struct SnapshotCommand {
   std::filesystem::path folder;
   // Nothing for every tab.
@@ -88,10 +91,10 @@ struct HelpCommand {};
 struct VersionCommand {};
 
 using Command =
-    std::variant<SettingsCommand, SnapshotCommand, DescribeCommand, ListPreferencesCommand, GetPreferenceCommand,
-                 SetPreferenceCommand, DeletePreferenceCommand, ImportPreferencesCommand, ExportPreferencesCommand,
-                 MigratePreferencesCommand, WatchPreferencesCommand, VerifyPreferencesCommand, ListAnalyzersCommand,
-                 ValidatePortsCommand, HelpCommand, VersionCommand>;
+    std::variant<SettingsCommand, RunCommand, SnapshotCommand, DescribeCommand, ListPreferencesCommand,
+                 GetPreferenceCommand, SetPreferenceCommand, DeletePreferenceCommand, ImportPreferencesCommand,
+                 ExportPreferencesCommand, MigratePreferencesCommand, WatchPreferencesCommand, VerifyPreferencesCommand,
+                 ListAnalyzersCommand, ValidatePortsCommand, HelpCommand, VersionCommand>;
 
 // A command line, understood.
 struct Options {

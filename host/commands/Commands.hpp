@@ -33,6 +33,7 @@ Failed run(const VerifyPreferencesCommand& command, Console& console);
 Failed run(const ListAnalyzersCommand& command, Console& console);
 Failed run(const ValidatePortsCommand& command, Console& console);
 Failed run(const SettingsCommand& command, Console& console);
+Failed run(const RunCommand& command, Console& console);
 Failed run(const SnapshotCommand& command, Console& console);
 Failed run(const DescribeCommand& command, Console& console);
 Failed run(const HelpCommand& command, Console& console);

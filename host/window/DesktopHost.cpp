@@ -3,6 +3,7 @@
 #include "Language.hpp"
 #include "foundation/Bundle.hpp"
 #include "window/DescriptorWatch.hpp"
+#include "window/MainWindow.hpp"
 #include "window/Updates.hpp"
 #include "window/startAgainWithoutDisplay.hpp"
 
@@ -42,16 +43,21 @@ DesktopHost::DesktopHost(const WindowOptions& options, foundation::UserDefaults&
 }
 
 DesktopHost::~DesktopHost() {
+  settings_.reset();
   host_.reset();
   forgetDesktopUpdates();
 }
 
-std::unique_ptr<qt::Window> DesktopHost::makeWindow(Tab tab) const {
+viewkit::Environment DesktopHost::environment() const {
   viewkit::Environment environment = host_->environment();
   environment.reducedMotion = application_.reducedMotion();
+  return environment;
+}
+
+std::unique_ptr<qt::Window> DesktopHost::makeWindow(Tab tab) const {
   return std::make_unique<qt::Window>(
       qt::WindowOptions{.title = foundation::Bundle::mainBundle().localizedString("Settings"),
-                        .environment = environment,
+                        .environment = environment(),
                         .root = host_->settingsView(tab)});
 }
 
@@ -61,6 +67,31 @@ void DesktopHost::run(Tab tab, const Interruption& interruption) {
   const DescriptorWatch interrupted(interruption.descriptor(), [&window] { window->close(); });
   window->show();
   application_.run();
+}
+
+void DesktopHost::runMainWindow(const Interruption& interruption) {
+  MainWindow main({.environment = environment(),
+                   .updater = host_->updater(),
+                   .openSettings = [this] { openSettings(); },
+                   .closed =
+                       [this] {
+                         if (settings_) settings_->close();
+                         qt::Application::quit();
+                       }});
+  const DescriptorWatch interrupted(interruption.descriptor(), [&main] { main.close(); });
+  main.show();
+  application_.run();
+}
+
+void DesktopHost::openSettings() {
+  if (!settings_ || !settings_->isOpen()) {
+    settings_ = makeWindow(Tab::general);
+    // By the time this is told, there may be another window already.
+    settings_->onClose([this] {
+      if (settings_ && !settings_->isOpen()) settings_.reset();
+    });
+  }
+  settings_->show();
 }
 
 }  // namespace zorvantine

@@ -31,10 +31,18 @@ public:
   // thread of the process and so than the host, closes it too.
   void run(Tab tab, const Interruption& interruption);
 
+  // Opens the main window and runs until it is closed. Settings windows come from it, one at a time.
+  void runMainWindow(const Interruption& interruption);
+
 private:
+  viewkit::Environment environment() const;
+  void openSettings();
+
   QtMessages messages_;
   qt::Application application_;
   std::optional<SettingsHost> host_;
+  // That of the main window.
+  std::unique_ptr<qt::Window> settings_;
 };
 
 }  // namespace zorvantine

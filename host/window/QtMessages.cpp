@@ -2,8 +2,6 @@
 
 #include "QEVLog/QEVLog.hpp"
 
-#include <QtGlobal>
-
 #include <QString>
 
 #include <atomic>

@@ -13,6 +13,7 @@ Window::~Window() = default;
 
 void Window::show() {
   if (!isOpen()) return;
+  widget_->setWindowState(widget_->windowState() & ~Qt::WindowMinimized);
   widget_->show();
   widget_->raise();
   widget_->activateWindow();
@@ -25,6 +26,8 @@ bool Window::isOpen() const { return widget_->isOpen(); }
 void Window::onClose(std::function<void()> closed) { widget_->setClosed(std::move(closed)); }
 
 foundation::Outcome Window::snapshot(const std::string& path, double scale) { return widget_->snapshot(path, scale); }
+
+QWidget& Window::widget() { return *widget_; }
 
 viewkit::ViewHost& Window::host() { return widget_->host(); }
 

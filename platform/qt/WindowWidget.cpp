@@ -126,7 +126,8 @@ void WindowWidget::fit() {
   setMinimumSize(needed);
   const int high = wasFitting && isRigid ? needed.height() : std::max(height(), needed.height());
   const QSize size(std::max(width(), needed.width()), high);
-  if (size != this->size()) resize(size);
+  // In another window, that one decides.
+  if (isWindow() && size != this->size()) resize(size);
   host_->setSize({double(width()), double(height())});
 }
 
@@ -256,10 +257,11 @@ void WindowWidget::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Escape:
       if (const auto* popover = firstControl<viewkit::PopoverControl>()) {
         if (const auto dismiss = popover->dismiss) dismiss();
-      } else {
+        handled = true;
+      } else if (isWindow()) {
         close();
+        handled = true;
       }
-      handled = true;
       break;
     case Qt::Key_F1:
       if (const auto* help = firstControl<viewkit::HelpButtonControl>()) {

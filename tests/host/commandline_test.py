@@ -123,8 +123,19 @@ class CommandLine(unittest.TestCase):
         self.assertIn("--help", self.run_host("prefs", "frobnicate", code=2))
         self.assertIn("--help", self.run_host("prefs", "get", "two\nlines", "more", code=2))
         self.store.mkdir()
-        for words in (["list"], ["get", "key"], ["set", "key", "--int", "1"], ["delete", "key"], ["verify"]):
+        for words in (["list"], ["get", "key"], ["set", "key", "--int", "1"], ["delete", "key"]):
             self.run_host("prefs", *words, code=3)
+
+    def test_verification_tells_a_good_store_from_a_damaged_one(self):
+        self.run_host("prefs", "set", "key", "--string", "a value")
+        report = self.run_host("prefs", "verify")
+        self.assertIn("in order: 1 key", report)
+        self.assertNotIn("a value", report)
+        self.store.write_bytes(b"no store any more" * 1000)
+        done = subprocess.run(self.command("prefs", "verify"), capture_output=True, text=True)
+        self.assertEqual(done.returncode, 3)
+        self.assertIn(str(self.store), done.stdout)
+        self.assertRegex(done.stderr, r"\Azorvantine: [^\n]+\n\Z")
 
     @unittest.skipUnless(os.path.exists("/dev/full"), "no device that is full")
     def test_result_that_cannot_be_written_is_a_failure(self):

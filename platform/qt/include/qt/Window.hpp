@@ -14,6 +14,8 @@ namespace viewkit {
 class ViewHost;
 }
 
+class QWidget;
+
 namespace qt {
 
 class WindowWidget;
@@ -51,6 +53,10 @@ public:
   // Draws the window's content as it is, on the screen or not, into a PNG file with `scale` pixels a
   // point. Fades in progress are ended first.
   foundation::Outcome snapshot(const std::string& path, double scale);
+
+  // What the window consists of, to be put into a window of the host's own instead of being shown: that one
+  // then has its title, its size and its Escape key. It stays this window's, which goes before the host's.
+  QWidget& widget();
 
   // The views at work. Until the window is closed.
   viewkit::ViewHost& host();

@@ -1,0 +1,143 @@
+#!/usr/bin/env python3
+"""The commands about the window, as a shell sees them, without a display.
+
+    window_test.py ZORVANTINE
+"""
+
+import json
+import os
+import signal
+import struct
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+from pathlib import Path
+
+PROGRAM = sys.argv[1]
+TABS = ["general", "capture", "proxy", "analyze", "appearance"]
+MEMBERS = {"kind", "role", "label", "value", "help", "enabled", "frame", "children"}
+
+
+def pixels(picture):
+    """The width and height of a PNG file."""
+    data = picture.read_bytes()
+    assert data.startswith(b"\x89PNG\r\n\x1a\n"), picture
+    return struct.unpack(">II", data[16:24])
+
+
+def nodes(tree):
+    yield tree
+    for child in tree["children"]:
+        yield from nodes(child)
+
+
+class WindowCommands(unittest.TestCase):
+    def setUp(self):
+        scratch = tempfile.TemporaryDirectory()
+        self.addCleanup(scratch.cleanup)
+        self.folder = Path(scratch.name)
+        hidden = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR", "LANGUAGE", "LC_ALL", "LC_MESSAGES"}
+        self.environment = {name: value for name, value in os.environ.items() if name not in hidden}
+        self.environment["LANG"] = "C.UTF-8"
+
+    def command(self, *words):
+        return [PROGRAM, "--store", str(self.folder / "store.sqlite"), *words]
+
+    def run_host(self, *words, code=0, **variables):
+        done = subprocess.run(
+            self.command(*words),
+            capture_output=True,
+            text=True,
+            timeout=120,
+            cwd=self.folder,
+            env=self.environment | variables,
+        )
+        self.assertEqual(done.returncode, code, done.stderr)
+        return done
+
+    def described(self, tab, *words, **variables):
+        return json.loads(self.run_host("describe", "--tab", tab, "--format", "json", *words, **variables).stdout)
+
+    def test_snapshot_draws_every_tab_as_large_as_the_page(self):
+        for scale in (1, 2):
+            target = self.folder / f"scale {scale}"
+            done = self.run_host("snapshot", "--out", str(target), "--scale", str(scale))
+            self.assertEqual((done.stdout, done.stderr), ("", ""))
+            self.assertEqual({picture.name for picture in target.iterdir()}, {f"{tab}.png" for tab in TABS})
+        for tab in TABS:
+            width, height = pixels(self.folder / "scale 1" / f"{tab}.png")
+            self.assertEqual(width, 720)
+            self.assertEqual(pixels(self.folder / "scale 2" / f"{tab}.png"), (2 * width, 2 * height))
+
+    def test_snapshot_refuses_what_it_cannot_do(self):
+        (self.folder / "file").write_text("in the way")
+        cases = [
+            (["--out", "pictures", "--tab", "sixth"], 2),
+            (["--out", "pictures", "--tab", "proxy", "--no-proxy"], 2),
+            (["--out", "file/pictures"], 3),
+        ]
+        for words, code in cases:
+            done = self.run_host("snapshot", *words, code=code)
+            self.assertRegex(done.stderr, r"\Azorvantine: [^\n]+\n\Z")
+        self.assertFalse((self.folder / "pictures").exists())
+
+    def test_description_has_the_same_members_everywhere(self):
+        for tab in TABS:
+            page = self.described(tab)
+            for node in nodes(page):
+                self.assertEqual(set(node), MEMBERS)
+                self.assertEqual(set(node["frame"]), {"x", "y", "width", "height"})
+            self.assertGreater(sum(node["enabled"] and node["role"] == "button" for node in nodes(page)), 0)
+        labels = {node["label"] for node in nodes(self.described("general"))}
+        text = self.run_host("describe", "--tab", "general").stdout
+        for label in labels - {""}:
+            self.assertIn(label, text)
+
+    def test_language_is_the_desktops_or_the_one_asked_for(self):
+        def tab_bar(*words, **variables):
+            page = self.described("general", *words, **variables)
+            return next(node for node in nodes(page) if node["kind"] == "TabBar")
+
+        self.assertEqual(tab_bar()["value"], "General")
+        self.assertEqual(tab_bar(LANG="de_AT.UTF-8")["value"], "Allgemein")
+        self.assertEqual(tab_bar(LC_MESSAGES="fr_FR.UTF-8", LANG="de_DE.UTF-8")["value"], "Général")
+        self.assertEqual(tab_bar("--language", "ar", LANG="de_DE.UTF-8")["value"], "عام")
+        # Right to left is the same picture for every language that is, and another one than left to right.
+        for words, variables in ((["--language", "ar"], {}), ([], {"LANG": "ar_EG.UTF-8"})):
+            target = self.folder / f"pictures {len(words)}"
+            self.run_host("snapshot", "--out", str(target), "--tab", "general", *words, **variables)
+        self.assertEqual(
+            *[(self.folder / name / "general.png").read_bytes() for name in ("pictures 2", "pictures 0")]
+        )
+
+    def test_without_a_display_the_window_is_drawn(self):
+        for number, variables in enumerate([{}, {"DISPLAY": ":4747"}]):
+            done = self.run_host("settings", **variables)
+            self.assertRegex(done.stderr, r"\Azorvantine: no display [^\n]+\n\Z")
+            pictures = self.folder / "zorvantine-settings"
+            self.assertEqual({picture.name for picture in pictures.iterdir()}, {f"{tab}.png" for tab in TABS})
+            pictures.rename(self.folder / f"drawn {number}")
+        self.assertRegex(self.run_host("run", code=3).stderr, r"\Azorvantine: no display [^\n]+\n\Z")
+
+    def test_windows_run_until_they_are_told_to_end(self):
+        for words in (["settings", "--tab", "analyze"], ["run"]):
+            window = subprocess.Popen(
+                self.command(*words), stderr=subprocess.PIPE, env=self.environment | {"QT_QPA_PLATFORM": "offscreen"}
+            )
+            try:
+                # The signals are held back from the moment on at which they close the window.
+                status = Path(f"/proc/{window.pid}/status")
+                while not int(status.read_text().split("SigBlk:")[1].split()[0], 16) & 1 << signal.SIGTERM - 1:
+                    self.assertIsNone(window.poll(), "the window did not stay open")
+                    time.sleep(0.01)
+                window.send_signal(signal.SIGTERM)
+                self.assertEqual((window.communicate(timeout=60)[1], window.returncode), (b"", 0))
+            finally:
+                window.kill()
+                window.wait()
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
