@@ -9,13 +9,22 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cerrno>
 #include <cstdlib>
 #include <system_error>
 #include <utility>
 
 namespace foundation {
+
+void syncFolder(const std::filesystem::path& folder) {
+  if (const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)); opened) {
+    ::fsync(opened.get());
+  }
+}
+
+void cueWatchers(const std::filesystem::path& store) {
+  ::utimensat(AT_FDCWD, store.c_str(), nullptr, AT_SYMLINK_NOFOLLOW);
+}
 
 namespace {
 
@@ -27,12 +36,6 @@ constexpr std::uint64_t kMaximumRowBytes = 999'000'000;
 
 std::string reason(int error) { return std::generic_category().message(error); }
 
-void sync(const std::filesystem::path& folder) {
-  if (const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)); opened) {
-    ::fsync(opened.get());
-  }
-}
-
 // A folder of ours is nobody else's, whatever the umask.
 Outcome makeFolders(const std::filesystem::path& folder) {
   std::error_code error;
@@ -40,7 +43,7 @@ Outcome makeFolders(const std::filesystem::path& folder) {
   if (auto outcome = makeFolders(folder.parent_path()); !outcome) return outcome;
   if (::mkdir(folder.c_str(), 0700) == 0) {
     ::chmod(folder.c_str(), 0700);
-    sync(folder.parent_path());
+    syncFolder(folder.parent_path());
   } else if (errno != EEXIST) {
     return Error{"cannot create the folder " + folder.string() + " (" + reason(errno) +
                  "); create it, or choose a file elsewhere"};
@@ -139,7 +142,7 @@ Outcome PreferencesFile::makeFile() const {
     outcome = cannot(errno);
   }
   removeStore(temporary);
-  if (outcome) sync(path_.parent_path());
+  if (outcome) syncFolder(path_.parent_path());
   return outcome;
 }
 
@@ -215,8 +218,7 @@ Outcome PreferencesFile::connect(bool forReading) {
 }
 
 Outcome PreferencesFile::connectUnchanging() {
-  insert_.reset();
-  select_.reset();
+  for (Statement* statement : {&begin_, &select_, &insert_, &commit_}) statement->reset();
   database_.reset();
   const PrivateCopy copy(path_);
   sqlite3* opened = nullptr;
@@ -231,18 +233,36 @@ Outcome PreferencesFile::connectUnchanging() {
   return prepare();
 }
 
+// A file that nobody knows before it is complete: there is nothing to return to, and nothing to sync
+// before its end.
+Outcome PreferencesFile::makeUnshared() {
+  {
+    const FileDescriptor made(::open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+    if (!made)
+      return Error{"cannot create " + path_.string() + " (" + reason(errno) + "); allow writing to its folder"};
+    ::fchmod(made.get(), 0600);
+  }
+  sqlite3* opened = nullptr;
+  const int code = sqlite3_open_v2(path_.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE, nullptr);
+  database_.reset(opened);
+  if (code != SQLITE_OK || !run("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF")) return failure("open");
+  if (auto outcome = setUp(); !outcome) return outcome;
+  return prepare();
+}
+
 // Changing to the log needs the file for itself, and SQLite does not always wait for that.
 Outcome PreferencesFile::useWriteAheadLog() {
   const auto start = std::chrono::steady_clock::now();
   while (!run("PRAGMA journal_mode = WAL")) {
-    if ((sqlite3_errcode(database_.get()) & 0xFF) != SQLITE_BUSY ||
+    if ((sqlite3_errcode(database_.get()) & 0xFF) != SQLITE_BUSY || isStuck_ ||
         std::chrono::steady_clock::now() - start > kLongestWait) {
       return failure("open");
     }
     sqlite3_sleep(5);
   }
-  return run("PRAGMA synchronous = FULL") && run("PRAGMA journal_size_limit = 4194304") ? done()
-                                                                                        : Outcome(failure("open"));
+  // Keeps the file consistent whatever happens; what makes a write outlive a power cut is `synchronize`.
+  return run("PRAGMA synchronous = NORMAL") && run("PRAGMA journal_size_limit = 4194304") ? done()
+                                                                                          : Outcome(failure("open"));
 }
 
 // Says whether the file is a store of ours, and makes one of an empty file.
@@ -286,7 +306,8 @@ Outcome PreferencesFile::prepare() {
     into.reset(statement);
     return code == SQLITE_OK && statement != nullptr;
   };
-  if (!prepared("SELECT change, key, type, value, sum FROM preferences WHERE change > ?1 ORDER BY change", select_) ||
+  if (!prepared("BEGIN IMMEDIATE", begin_) || !prepared("COMMIT", commit_) ||
+      !prepared("SELECT change, key, type, value, sum FROM preferences WHERE change > ?1 ORDER BY change", select_) ||
       !prepared("REPLACE INTO preferences (key, type, value, sum) VALUES (?1, ?2, ?3, ?4)", insert_)) {
     const bool isOtherTable = (sqlite3_errcode(database_.get()) & 0xFF) == SQLITE_ERROR;
     return isOtherTable ? fail(State::damaged, path_.string() + " is damaged") : failure("read");
@@ -319,14 +340,15 @@ void PreferencesFile::findStamp() {
   }
 }
 
-bool PreferencesFile::mayHaveChanged() const {
-  if (unchanging_) return false;
-  return stamp_ == nullptr || std::atomic_ref(*stamp_).load(std::memory_order_acquire) != seenStamp_;
+// The count stands at the third word of the header.
+std::uint32_t PreferencesFile::commitCount() const {
+  constexpr int wordsBefore = 8;
+  return std::atomic_ref(*(reinterpret_cast<std::uint32_t*>(stamp_) - wordsBefore)).load(std::memory_order_acquire);
 }
 
 Outcome PreferencesFile::readChanges(const Receiver& receive) {
   // Taken first: what is committed while this reads is looked for again.
-  const std::uint64_t stamp = stamp_ != nullptr ? std::atomic_ref(*stamp_).load(std::memory_order_acquire) : 0;
+  const std::uint64_t found = stamp_ != nullptr ? stamp() : 0;
   sqlite3_bind_int64(select_.get(), 1, lastChange_);
   int code = sqlite3_step(select_.get());
   bool isAsWritten = true;
@@ -343,7 +365,7 @@ Outcome PreferencesFile::readChanges(const Receiver& receive) {
   sqlite3_reset(select_.get());
   if (!isAsWritten) return fail(State::damaged, path_.string() + " is damaged");
   if (code != SQLITE_DONE) return failure("read");
-  seenStamp_ = stamp;
+  seenStamp_ = found;
   return succeed();
 }
 
@@ -352,23 +374,40 @@ Outcome PreferencesFile::write(std::span<const PreferenceChange> changes, const 
     return fail(State::unusable,
                 path_.string() + " cannot be written; allow writing to it and to its folder, or choose another file");
   }
-  if (!run("BEGIN IMMEDIATE")) return failure("write");
-  auto outcome = readChanges(receive);
+  if (!run(begin_)) return failure("write");
+  auto outcome = mayHaveChanged() ? readChanges(receive) : succeed();
+  const std::uint32_t commitsBefore = stamp_ != nullptr ? commitCount() : 0;
   std::int64_t last = lastChange_;
   for (const PreferenceChange& change : changes) {
     if (!outcome) break;
     if (!insert(change)) outcome = failure("write");
     last = sqlite3_last_insert_rowid(database_.get());
   }
-  if (outcome && !run("COMMIT")) outcome = failure("write");
+  if (outcome && !run(commit_)) outcome = failure("write");
   if (!outcome) {
     run("ROLLBACK");
     return outcome;
   }
   lastChange_ = last;
-  // SQLite writes its log before the commit counts; this tells whoever watches the folder that it does.
-  ::utimensat(AT_FDCWD, path_.c_str(), nullptr, AT_SYMLINK_NOFOLLOW);
+  isSynchronized_ = false;
+  if (stamp_ != nullptr) {
+    // Nothing new to this object, unless another process has committed meanwhile.
+    const std::uint64_t found = stamp();
+    if (commitCount() == commitsBefore + 1) seenStamp_ = found;
+  }
   return succeed();
+}
+
+Outcome PreferencesFile::synchronize() {
+  if (isSynchronized_) return done();
+  sqlite3_file* log = nullptr;
+  sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_JOURNAL_POINTER, static_cast<void*>(&log));
+  if (log != nullptr && log->pMethods != nullptr && log->pMethods->xSync(log, SQLITE_SYNC_NORMAL) != SQLITE_OK) {
+    return fail(State::unusable, "cannot write " + path_.string() + " (" + reason(errno) + "); check the disk");
+  }
+  isSynchronized_ = true;
+  cueWatchers(path_);
+  return done();
 }
 
 bool PreferencesFile::insert(const PreferenceChange& change) {
@@ -389,7 +428,7 @@ bool PreferencesFile::insert(const PreferenceChange& change) {
 Outcome PreferencesFile::copyTo(const std::filesystem::path& path) {
   auto outcome = [&]() -> Outcome {
     PreferencesFile copy(path);
-    if (auto opened = copy.open(); !opened) return opened;
+    if (auto made = copy.makeUnshared(); !made) return made;
     if (!copy.run("BEGIN IMMEDIATE")) return copy.failure("write");
     lastChange_ = 0;
     Outcome written = done();
@@ -397,9 +436,12 @@ Outcome PreferencesFile::copyTo(const std::filesystem::path& path) {
       if (written && change.value && !copy.insert(change)) written = copy.failure("write");
     });
     if (!read || !written) return read ? written : read;
-    // One file that is complete in itself, wherever it is moved.
-    return copy.run("COMMIT") && copy.run("PRAGMA journal_mode = DELETE") ? done() : Outcome(copy.failure("write"));
+    return copy.run("COMMIT") ? done() : Outcome(copy.failure("write"));
   }();
+  if (outcome) {
+    const FileDescriptor written(::open(path.c_str(), O_RDWR | O_NOFOLLOW | O_CLOEXEC));
+    if (!written || ::fsync(written.get()) != 0) outcome = Error{"cannot write " + path.string() + "; check the disk"};
+  }
   if (!outcome) removeStore(path);
   return outcome;
 }
@@ -427,6 +469,12 @@ std::optional<std::int64_t> PreferencesFile::number(const char* query) {
 
 bool PreferencesFile::run(const char* statement) {
   return sqlite3_exec(database_.get(), statement, nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+bool PreferencesFile::run(const Statement& statement) {
+  const int code = sqlite3_step(statement.get());
+  sqlite3_reset(statement.get());
+  return code == SQLITE_DONE;
 }
 
 Outcome PreferencesFile::succeed() {

@@ -3,6 +3,7 @@
 #include "QEVSettings/preferences/PreferenceValue.hpp"
 #include "foundation/Result.hpp"
 
+#include <atomic>
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
@@ -17,6 +18,12 @@ struct sqlite3;
 struct sqlite3_stmt;
 
 namespace foundation {
+
+// Puts the names of a folder's files on disk.
+void syncFolder(const std::filesystem::path& folder);
+
+// Tells whoever watches the folder of a store that a write to it counts by now: SQLite writes its log before.
+void cueWatchers(const std::filesystem::path& store);
 
 // A key's new value, or nothing when the key was removed.
 struct PreferenceChange {
@@ -62,6 +69,10 @@ public:
   // Opens the file to be read alone: makes nothing, and changes nothing.
   Outcome openForReading();
 
+  // From now on, finds the file busy at once where it would have waited for another process, until an
+  // operation succeeds.
+  void dontWait() { isStuck_ = true; }
+
   // Why this change can never be stored, if so.
   static std::optional<Error> refusalOf(const PreferenceChange& change);
 
@@ -77,15 +88,19 @@ public:
 
   // Whether somebody may have written since the last `readChanges` began. Costs a look into shared
   // memory, no system call.
-  bool mayHaveChanged() const;
+  bool mayHaveChanged() const { return stamp_ != nullptr ? stamp() != seenStamp_ : !unchanging_; }
 
   // Hands over what was written since the last call, by anyone but this object, in the order of writing;
   // at first, everything.
   Outcome readChanges(const Receiver& receive);
 
-  // Writes all of the changes or none, and returns when they are on disk. What others wrote before is
-  // handed over first.
+  // Writes all of the changes or none. When it returns they are the system's to keep, and survive the end
+  // of this process. What others wrote before is handed over first.
   Outcome write(std::span<const PreferenceChange> changes, const Receiver& receive);
+
+  // Returns when what was written survives a power cut. Until then a power cut undoes the last writes, but
+  // leaves no other harm.
+  Outcome synchronize();
 
   // Makes a store at another path of all that this one holds, without the removed keys. That file is
   // complete and on disk when this succeeds, and does not exist otherwise.
@@ -106,13 +121,17 @@ private:
   Result<unsigned> inspect();  // says its mode
   Outcome connect(bool forReading);
   Outcome connectUnchanging();
+  Outcome makeUnshared();
   Outcome identify();
   Outcome setUp();
   Outcome useWriteAheadLog();
   Outcome prepare();
   void findStamp();
+  std::uint64_t stamp() const { return std::atomic_ref(*stamp_).load(std::memory_order_acquire); }
+  std::uint32_t commitCount() const;
   std::optional<std::int64_t> number(const char* query);
   bool run(const char* statement);
+  static bool run(const Statement& statement);
   bool insert(const PreferenceChange& change);
   Outcome succeed();
   Error fail(State state, std::string message);
@@ -121,11 +140,14 @@ private:
 
   std::filesystem::path path_;
   Database database_;
+  Statement begin_;
   Statement select_;
   Statement insert_;
+  Statement commit_;
   State state_ = State::closed;
   bool readOnly_ = false;
   bool unchanging_ = false;
+  bool isSynchronized_ = true;
   bool isStuck_ = false;  // the last wait for another process was in vain
   std::chrono::steady_clock::time_point waitingSince_;
   std::uint64_t device_ = 0;

@@ -24,9 +24,9 @@ constexpr std::array<const char*, 2> kCompanions{"-wal", "-journal"};
 // Keeps other processes from repairing or copying the same store meanwhile.
 class RepairLock {
 public:
-  explicit RepairLock(const std::filesystem::path& store)
+  RepairLock(const std::filesystem::path& store, Patience patience)
       : file_(::open((store.string() + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600)) {
-    constexpr int attempts = 50;
+    const int attempts = patience == Patience::none ? 1 : 50;
     for (int i = 0; file_ && i < attempts && !isHeld_; ++i) {
       if (i > 0) ::usleep(10'000);
       isHeld_ = ::flock(file_.get(), LOCK_EX | LOCK_NB) == 0;
@@ -56,7 +56,7 @@ struct Attempt : OpenedPreferences {
   bool isDamaged = false;
 };
 
-Attempt attempt(const std::filesystem::path& store) {
+Attempt attempt(const std::filesystem::path& store, Patience patience) {
   Attempt opened;
   std::error_code error;
   // A store that is being made never stands there empty.
@@ -66,6 +66,7 @@ Attempt attempt(const std::filesystem::path& store) {
     return opened;
   }
   auto file = std::make_unique<PreferencesFile>(store);
+  if (patience == Patience::none) file->dontWait();
   auto outcome = file->open();
   if (outcome) {
     outcome = file->readChanges([&](PreferenceChange change) { opened.contents.push_back(std::move(change)); });
@@ -101,6 +102,7 @@ Outcome restore(const std::filesystem::path& store) {
   if (auto outcome = copy.copyTo(temporary); !outcome) return outcome;
   // A process that found no file may have made an empty one; it finds this one in its place.
   std::filesystem::rename(temporary, store, error);
+  if (!error) syncFolder(store.parent_path());
   return error ? Outcome(Error{error.message()}) : done();
 }
 
@@ -133,12 +135,12 @@ std::vector<std::filesystem::path> setAsideOf(const std::filesystem::path& store
   return found;
 }
 
-OpenedPreferences openPreferences(const std::filesystem::path& store) {
-  auto opened = attempt(store);
+OpenedPreferences openPreferences(const std::filesystem::path& store, Patience patience) {
+  auto opened = attempt(store, patience);
   if (opened.isDamaged) {
-    const RepairLock lock(store);
+    const RepairLock lock(store, patience);
     // Another process may have repaired it.
-    opened = attempt(store);
+    opened = attempt(store, patience);
     if (opened.isDamaged) {
       const std::string problem = opened.error->message;
       const auto aside = lock.isHeld() ? setAside(store) : std::filesystem::path();
@@ -156,7 +158,7 @@ OpenedPreferences openPreferences(const std::filesystem::path& store) {
           instead = "its copy is damaged too, so the store begins empty";
         }
       }
-      opened = attempt(store);
+      opened = attempt(store, patience);
       opened.notice = problem + "; it was set aside as " + aside.filename().string() + ", and " + instead;
     }
   }
@@ -173,7 +175,7 @@ bool isGoodCopyStale(const std::filesystem::path& store) {
 
 Outcome keepGoodCopy(const std::filesystem::path& store) {
   if (!isGoodCopyStale(store)) return done();
-  const RepairLock lock(store);
+  const RepairLock lock(store, Patience::aMoment);
   if (!lock.isHeld()) return Error{"another process is at it"};
   std::error_code error;
   const auto written = std::filesystem::last_write_time(store, error);
@@ -182,7 +184,8 @@ Outcome keepGoodCopy(const std::filesystem::path& store) {
   PreferencesFile source(store);
   if (auto outcome = source.openForReading(); !outcome) return outcome;
   if (auto outcome = source.copyTo(temporary); !outcome) return outcome;
-  // What is written to the store from now on makes it newer than its copy.
+  // What is written to the store from now on makes it newer than its copy. A power cut leaves this copy or the
+  // one before, so that the folder needs no syncing.
   std::filesystem::last_write_time(temporary, written, error);
   std::filesystem::rename(temporary, goodCopyOf(store), error);
   return error ? Outcome(Error{error.message()}) : done();

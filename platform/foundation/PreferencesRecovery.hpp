@@ -22,9 +22,12 @@ struct OpenedPreferences {
   std::optional<std::string> notice;       // what had to be done to get there
 };
 
+// How long to wait for a process that holds the file.
+enum class Patience { none, aMoment };
+
 // Opens a store and reads it to its end. A file that is damaged, or something else than a store, is set aside
 // first, and the last good copy takes its place, or an empty store where there is none.
-OpenedPreferences openPreferences(const std::filesystem::path& store);
+OpenedPreferences openPreferences(const std::filesystem::path& store, Patience patience = Patience::aMoment);
 
 // Makes the good copy anew when the store changed since. A store that cannot be read to its end leaves the
 // copy as it is. Any thread; takes as long as reading and writing the whole store.

@@ -3,6 +3,7 @@
 #include "PreferencesRecovery.hpp"
 #include "foundation/MainQueue.hpp"
 
+#include <fcntl.h>
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/inotify.h>
@@ -10,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <utility>
 
@@ -20,6 +22,7 @@ namespace {
 constexpr std::chrono::milliseconds kShortestPause(250);
 constexpr std::chrono::milliseconds kLongestPause(8000);
 constexpr std::chrono::seconds kIdleBeforeCopy(15);
+constexpr std::chrono::milliseconds kGathering(5);
 
 FileDescriptor watchOf(const std::filesystem::path& folder) {
   constexpr std::uint32_t events = IN_ATTRIB | IN_MODIFY | IN_CREATE | IN_MOVED_TO | IN_DELETE;
@@ -28,9 +31,15 @@ FileDescriptor watchOf(const std::filesystem::path& folder) {
   return watch;
 }
 
+// A log that is gone has been taken over into the store, and was put on disk before.
+bool synchronizeLogOf(const std::filesystem::path& store) {
+  const FileDescriptor log(::open((store.string() + "-wal").c_str(), O_RDWR | O_NOFOLLOW | O_CLOEXEC));
+  return log ? ::fdatasync(log.get()) == 0 : errno == ENOENT;
+}
+
 }  // namespace
 
-PreferencesWatch::PreferencesWatch(std::filesystem::path store, Callback changed, Callback retry)
+PreferencesWatch::PreferencesWatch(std::filesystem::path store, Callback changed, Callback retry, Callback lost)
     : store_(std::move(store)),
       callbacks_(std::make_shared<Callbacks>()),
       changes_(watchOf(store_.parent_path())),
@@ -38,6 +47,7 @@ PreferencesWatch::PreferencesWatch(std::filesystem::path store, Callback changed
       pause_(kShortestPause) {
   callbacks_->changed = std::move(changed);
   callbacks_->retry = std::move(retry);
+  callbacks_->lost = std::move(lost);
   // Signals are the host's business, on threads of its own.
   sigset_t all;
   sigset_t before;
@@ -72,6 +82,15 @@ void PreferencesWatch::didSucceed() {
   pause_ = kShortestPause;
 }
 
+void PreferencesWatch::synchronizeLater(std::chrono::milliseconds pause) {
+  {
+    const std::scoped_lock lock(mutex_);
+    if (synchronizeAt_) return;
+    synchronizeAt_ = Clock::now() + pause;
+  }
+  wake();
+}
+
 void PreferencesWatch::didWrite() {
   const std::scoped_lock lock(mutex_);
   // The thread is awake anyway, for it sees the file change.
@@ -101,13 +120,17 @@ void PreferencesWatch::run() {
 
 int PreferencesWatch::timeout() {
   const std::scoped_lock lock(mutex_);
-  if (!retryAt_ && !copyAt_) return -1;
-  const auto next = std::min(retryAt_.value_or(Clock::time_point::max()), copyAt_.value_or(Clock::time_point::max()));
+  constexpr auto never = Clock::time_point::max();
+  const auto next = std::min({retryAt_.value_or(never), copyAt_.value_or(never), synchronizeAt_.value_or(never)});
+  if (next == never) return -1;
   const auto left = std::chrono::ceil<std::chrono::milliseconds>(next - Clock::now());
   return static_cast<int>(std::max(left, std::chrono::milliseconds(0)).count());
 }
 
 void PreferencesWatch::handleChanges() {
+  // A write changes the file several times, and a burst many times: one look after them is enough.
+  pollfd untilWoken{.fd = wake_.get(), .events = POLLIN, .revents = 0};
+  ::poll(&untilWoken, 1, static_cast<int>(kGathering.count()));
   std::array<char, 4096> events{};
   while (::read(changes_.get(), events.data(), events.size()) > 0) {
   }
@@ -131,6 +154,14 @@ void PreferencesWatch::handleDeadlines() {
     MainQueue::mainQueue().async([weak = std::weak_ptr(callbacks_)] {
       if (const auto callbacks = weak.lock()) callbacks->retry();
     });
+  }
+  if (isDue(synchronizeAt_)) {
+    if (!synchronizeLogOf(store_)) {
+      MainQueue::mainQueue().async([weak = std::weak_ptr(callbacks_)] {
+        if (const auto callbacks = weak.lock()) callbacks->lost();
+      });
+    }
+    cueWatchers(store_);
   }
   // A copy that cannot be made now is made later; the store itself is where it matters.
   if (isDue(copyAt_)) static_cast<void>(keepGoodCopy(store_));

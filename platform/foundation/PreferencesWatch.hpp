@@ -14,13 +14,13 @@
 namespace foundation {
 
 // Looks after a store's file from a thread of its own, and has the main queue call back: when somebody may
-// have written, and when it is time to try again what failed. Makes the good copy by itself when there
-// was no writing for a while.
+// have written, and when it is time to try again what failed. Has the writes of a burst put on disk, and makes the good
+// copy by itself when there was no writing for a while.
 class PreferencesWatch {
 public:
   using Callback = std::function<void()>;
 
-  PreferencesWatch(std::filesystem::path store, Callback changed, Callback retry);
+  PreferencesWatch(std::filesystem::path store, Callback changed, Callback retry, Callback lost);
   PreferencesWatch(const PreferencesWatch&) = delete;
   PreferencesWatch& operator=(const PreferencesWatch&) = delete;
   // No callback runs afterwards.
@@ -30,6 +30,10 @@ public:
   void retryLater();
   void didSucceed();
 
+  // Has what was written to the store put on disk so much later, unless that is under way; calls `lost` when the
+  // disk refuses.
+  void synchronizeLater(std::chrono::milliseconds pause);
+
   // Somebody of this process wrote.
   void didWrite();
 
@@ -38,6 +42,7 @@ private:
   struct Callbacks {
     Callback changed;
     Callback retry;
+    Callback lost;
     std::atomic<bool> isChangeQueued = false;
   };
 
@@ -54,6 +59,7 @@ private:
   std::mutex mutex_;
   std::optional<Clock::time_point> retryAt_;
   std::optional<Clock::time_point> copyAt_;
+  std::optional<Clock::time_point> synchronizeAt_;
   std::chrono::milliseconds pause_;
   bool ends_ = false;
   std::thread thread_;

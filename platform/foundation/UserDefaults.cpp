@@ -25,6 +25,13 @@ using QEVSettings::Subscription;
 
 namespace {
 
+using Clock = std::chrono::steady_clock;
+
+// Writes that follow each other quicker are one burst, which waits for the disk once in this time.
+constexpr std::chrono::milliseconds kBurst(20);
+// What could not be written is not tried again with every write.
+constexpr std::chrono::milliseconds kPauseAfterFailure(250);
+
 // A relative path in one of these variables counts as none.
 std::filesystem::path folderFromEnvironment(const char* variable) {
   const char* text = std::getenv(variable);
@@ -67,7 +74,7 @@ UserDefaults::UserDefaults() : observers_(std::make_shared<PreferenceObservers>(
 
 UserDefaults::~UserDefaults() {
   watch_.reset();
-  if (!unsaved_.empty()) save();
+  static_cast<void>(synchronize());
   // The watch that saving may have asked for.
   watch_.reset();
   if (file_ && !file_->isReadOnly() && isCopyWorthwhile(path_)) static_cast<void>(keepGoodCopy(path_));
@@ -116,7 +123,7 @@ void UserDefaults::connect() {
 // Opens the file anew: it could not be used so far, or it is another one by now. What it holds counts, but for
 // what is still to be written; what only the memory holds is written to it.
 void UserDefaults::reconnect() {
-  auto opened = openPreferences(path_);
+  auto opened = openPreferences(path_, status_ ? Patience::none : Patience::aMoment);
   if (opened.notice) reportDiagnostic("preferences: " + *opened.notice);
   if (!opened.file) {
     setStatus(std::move(opened.error));
@@ -136,10 +143,10 @@ void UserDefaults::reconnect() {
   announceLater(std::move(changedKeys));
 }
 
-std::optional<PreferenceValue> UserDefaults::objectForKey(std::string_view key) const {
+const PreferenceValue* UserDefaults::find(std::string_view key) const {
   catchUp();
   const auto found = image_.find(key);
-  return found != image_.end() ? std::optional(found->second) : std::nullopt;
+  return found != image_.end() ? &found->second : nullptr;
 }
 
 PreferenceDictionary UserDefaults::dictionaryRepresentation() const {
@@ -157,7 +164,7 @@ void UserDefaults::write(PreferenceChange change) {
   const std::string key = change.key;
   const bool changed = put(std::move(change));
   // The same value again is still a chance for what could not be saved before.
-  if (changed || !unsaved_.empty()) save();
+  if (changed || !unsaved_.empty()) saveUnlessJustFailed();
   if (changed) observers_->announce(key);
 }
 
@@ -187,7 +194,10 @@ Subscription UserDefaults::observeAll(Observer observer) {
 void UserDefaults::readChanges() { catchUp(); }
 
 void UserDefaults::catchUp() const {
-  if (!file_ || !file_->mayHaveChanged()) return;
+  if (file_ && file_->mayHaveChanged()) takeOverChanges();
+}
+
+void UserDefaults::takeOverChanges() const {
   std::vector<std::string> changedKeys;
   const auto outcome = file_->readChanges([&](PreferenceChange change) { takeOver(std::move(change), changedKeys); });
   if (!outcome) setStatus(outcome.error());
@@ -214,6 +224,18 @@ bool UserDefaults::put(PreferenceChange change) {
   return true;
 }
 
+Outcome UserDefaults::synchronize() {
+  if (!unsaved_.empty()) save();
+  if (file_ && unsaved_.empty()) {
+    if (auto outcome = file_->synchronize(); !outcome) return outcome;
+  }
+  return status_ ? Outcome(*status_) : done();
+}
+
+void UserDefaults::saveUnlessJustFailed() {
+  if (!status_ || Clock::now() - failed_ >= kPauseAfterFailure) save();
+}
+
 void UserDefaults::save() {
   if (path_.empty()) return;
   startWatch();
@@ -230,6 +252,7 @@ void UserDefaults::save() {
     watch_->didSucceed();
     watch_->didWrite();
   } else {
+    failed_ = Clock::now();
     setStatus(outcome.error());
     watch_->retryLater();
   }
@@ -244,6 +267,16 @@ Outcome UserDefaults::saveOnce() {
   std::vector<std::string> changedKeys;
   auto outcome = file_->write(changes, [&](PreferenceChange change) { takeOver(std::move(change), changedKeys); });
   announceLater(std::move(changedKeys));
+  return outcome ? synchronizeOrLater() : outcome;
+}
+
+Outcome UserDefaults::synchronizeOrLater() {
+  if (Clock::now() - synchronized_ < kBurst) {
+    watch_->synchronizeLater(kBurst);
+    return done();
+  }
+  auto outcome = file_->synchronize();
+  synchronized_ = Clock::now();
   return outcome;
 }
 
@@ -292,6 +325,10 @@ void UserDefaults::startWatch() {
       },
       [this] {
         if (!unsaved_.empty()) save();
+      },
+      [this] {
+        keepAll();
+        save();
       });
   // What came before the watch gives no cue.
   catchUp();

@@ -36,9 +36,9 @@ std::vector<StoreOperation> RecordingPreferencesStore::changes() const {
   return changes;
 }
 
-std::optional<PreferenceValue> RecordingPreferencesStore::objectForKey(std::string_view key) const {
+const PreferenceValue* RecordingPreferencesStore::find(std::string_view key) const {
   operations_.push_back(read(key));
-  return store_->objectForKey(key);
+  return store_->find(key);
 }
 
 QEVSettings::PreferenceDictionary RecordingPreferencesStore::dictionaryRepresentation() const {

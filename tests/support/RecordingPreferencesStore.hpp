@@ -47,7 +47,7 @@ public:
   // The store itself: what is done to it directly is not written down, but observers hear of it.
   foundation::UserDefaults& underneath() { return *store_; }
 
-  std::optional<QEVSettings::PreferenceValue> objectForKey(std::string_view key) const override;
+  const QEVSettings::PreferenceValue* find(std::string_view key) const override;
   QEVSettings::PreferenceDictionary dictionaryRepresentation() const override;
   void setObject(QEVSettings::PreferenceValue value, std::string_view key) override;
   void removeObject(std::string_view key) override;

@@ -3,6 +3,7 @@
 #include "QEVSettings/preferences/PreferencesStore.hpp"
 #include "foundation/Result.hpp"
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -22,8 +23,12 @@ struct PreferenceChange;
 // The preferences store over one file, shared by every process of the user.
 //
 //     UserDefaults& defaults = UserDefaults::standardUserDefaults();
-//     defaults.setObject("Europe/Berlin", key);  // on disk when this returns
+//     defaults.setObject("Europe/Berlin", key);  // kept, whatever becomes of this process
 //     defaults.stringForKey(key);                // as the last writer left it, whichever process that was
+//
+// A write that returned survives the end of the process, however sudden. It survives a power cut too, unless
+// the last write was less than 20 ms before: a burst of writes waits for the disk together, on a thread of
+// the store, 20 ms later at most. `synchronize` waits for it at once.
 //
 // Reads come from memory and copy no contents; what another process wrote is seen by the next read, and
 // observers hear of it from the main queue some milliseconds later. For that, and to try again what could
@@ -54,7 +59,7 @@ public:
   // Tries once more to write what is not written yet, and sees to the good copy.
   ~UserDefaults() override;
 
-  std::optional<QEVSettings::PreferenceValue> objectForKey(std::string_view key) const override;
+  const QEVSettings::PreferenceValue* find(std::string_view key) const override;
   QEVSettings::PreferenceDictionary dictionaryRepresentation() const override;
   // A value that no file can hold (nested deeper than 512 levels, or above 999 MB) is refused: the key keeps
   // its value, and `status` says why.
@@ -66,6 +71,9 @@ public:
   // Sets every key of the dictionary in one write, of which either all or nothing reaches the disk.
   // Fails when that was nothing; a dictionary with a value that is refused changes nothing at all.
   Outcome applyAll(const QEVSettings::PreferenceDictionary& values);
+
+  // Returns when all that was written survives a power cut; fails when that cannot be had.
+  Outcome synchronize();
 
   // Why the file cannot be read, or why the last write is not in it; nothing when all is well.
   std::optional<Error> status() const { return status_; }
@@ -87,10 +95,13 @@ private:
   void connect();
   void reconnect();
   void catchUp() const;
+  void takeOverChanges() const;
   void write(PreferenceChange change);
   bool put(PreferenceChange change);
+  void saveUnlessJustFailed();
   void save();
   Outcome saveOnce();
+  Outcome synchronizeOrLater();
   void keepAll();
   void takeOver(PreferenceChange change, std::vector<std::string>& changedKeys) const;
   void announceLater(std::vector<std::string> keys) const;
@@ -103,6 +114,8 @@ private:
   mutable Image image_;  // a read first takes over what other processes wrote
   mutable std::optional<Error> status_;
   Unsaved unsaved_;
+  std::chrono::steady_clock::time_point failed_;
+  std::chrono::steady_clock::time_point synchronized_;
   std::unique_ptr<PreferencesWatch> watch_;
 };
 

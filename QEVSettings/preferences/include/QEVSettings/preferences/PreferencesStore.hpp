@@ -14,9 +14,9 @@ namespace QEVSettings {
 // The per-user preferences store, as the settings module and the host's other modules see it: a map
 // from keys to property-list values that outlives every process that uses it.
 //
-// Used on the main thread. Reading never writes; a write is on disk when it returns. No operation
-// throws or fails towards the caller: a store that cannot reach its file goes on in memory and says so
-// where the host asks for it.
+// Used on the main thread. Reading never writes; a write that returned outlives the process, however it
+// ends. No operation throws or fails towards the caller: a store that cannot reach its file goes on in
+// memory and says so where the host asks for it.
 //
 //     store.setBool(true, "com_velloquin_qev_dns_checksums");
 //     store.boolForKey("com_velloquin_qev_dns_checksums");  // true, in every process
@@ -29,8 +29,12 @@ public:
   PreferencesStore& operator=(const PreferencesStore&) = delete;
   virtual ~PreferencesStore() = default;
 
-  // The value under the key with its own type, or nothing.
-  virtual std::optional<PreferenceValue> objectForKey(std::string_view key) const = 0;
+  // The value under the key with its own type, or none. Nothing is copied: it belongs to the store, and is
+  // gone or another one once the store is used again.
+  virtual const PreferenceValue* find(std::string_view key) const = 0;
+
+  // The same, to keep; text and bytes are shared with the store.
+  std::optional<PreferenceValue> objectForKey(std::string_view key) const;
 
   // Every key with its value, as it stands now.
   virtual PreferenceDictionary dictionaryRepresentation() const = 0;
