@@ -96,9 +96,15 @@ void QEVPreferencesMigration::migrateIfNeeded(PreferencesStore& defaults) {
   defaults.setInteger(currentSchemaVersion, schemaVersionKey);
 }
 
+// Both steps let go of an entry of their snapshot once it is dealt with: two of every list may be more than there
+// is room for.
 void QEVPreferencesMigration::migrateColorFormatDataToBase64(PreferencesStore& defaults) {
   int rewritten = 0;
-  for (const auto& [key, value] : defaults.dictionaryRepresentation()) {
+  auto snapshot = defaults.dictionaryRepresentation();
+  while (!snapshot.empty()) {
+    const auto entry = snapshot.extract(snapshot.begin());
+    const std::string& key = entry.key();
+    const PreferenceValue& value = entry.mapped();
     const auto* bytes = isAnalyzerKey(key, kColorKeySuffix) ? value.asData() : nullptr;
     if (!bytes) continue;
     defaults.setObject(foundation::base64Encoded(*bytes), key);
@@ -112,7 +118,11 @@ void QEVPreferencesMigration::migrateColorFormatDataToBase64(PreferencesStore& d
 
 void QEVPreferencesMigration::migrateProtocolsPortsFromArrayToString(PreferencesStore& defaults) {
   int rewritten = 0;
-  for (const auto& [key, value] : defaults.dictionaryRepresentation()) {
+  auto snapshot = defaults.dictionaryRepresentation();
+  while (!snapshot.empty()) {
+    const auto entry = snapshot.extract(snapshot.begin());
+    const std::string& key = entry.key();
+    const PreferenceValue& value = entry.mapped();
     const auto* bytes = isAnalyzerKey(key, kProtocolsKeySuffix) ? value.asData() : nullptr;
     if (!bytes) continue;
     auto list = listWithPortsAsStrings(*bytes);

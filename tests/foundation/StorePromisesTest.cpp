@@ -256,12 +256,38 @@ TEST_F(Promises, AReadOnlyStoreGoesOnInMemory) {
     const auto store = open();
     store->setInteger(store->integerForKey("key") + 1, "key");
     store->setInteger(3, "other");
-    if (store->integerForKey("key") != 2 || !store->status() || said.size() != 1) return 1;
+    if (store->integerForKey("key") != 2 || !store->status() || store->synchronize() || said.size() != 1) return 1;
     std::filesystem::permissions(folder, std::filesystem::perms::owner_all);
     std::filesystem::permissions(path, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
     if (!waitUntil([&] { return !store->status(); })) return 2;
     const auto other = open();
-    return other->integerForKey("key") == 2 && other->integerForKey("other") == 3 ? 0 : 3;
+    return other->integerForKey("key") == 2 && other->integerForKey("other") == 3 && store->synchronize() ? 0 : 3;
+  });
+  EXPECT_EQ(child.wait(), 0);
+}
+
+TEST_F(Promises, AReadOnlyFolderWithALeftoverLogIsReadToItsEnd) {
+  Child child([&] {
+    loseRootIn(folder);
+    Child writer([&] {
+      const auto store = open();
+      store->setInteger(1, "key");
+      return ::kill(::getpid(), SIGKILL);
+    });
+    if (writer.wait() != -1 || !std::filesystem::exists(path.string() + "-wal")) return 1;
+    using std::filesystem::perms;
+    for (const bool isIndexLeftToo : {true, false}) {
+      if (!isIndexLeftToo) std::filesystem::remove(path.string() + "-shm");
+      for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        std::filesystem::permissions(entry.path(), perms::owner_read);
+      }
+      std::filesystem::permissions(folder, perms::owner_read | perms::owner_exec);
+      const std::string before = contentsOf(path) + contentsOf(path.string() + "-wal");
+      if (open()->integerForKey("key") != 1) return 2;
+      if (contentsOf(path) + contentsOf(path.string() + "-wal") != before) return 3;
+      std::filesystem::permissions(folder, perms::owner_all);
+    }
+    return 0;
   });
   EXPECT_EQ(child.wait(), 0);
 }
