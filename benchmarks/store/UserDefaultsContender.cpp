@@ -1,6 +1,8 @@
 #include "Contender.hpp"
 #include "foundation/UserDefaults.hpp"
 
+#include <cstdlib>
+
 using foundation::UserDefaults;
 using QEVSettings::PreferenceDictionary;
 using QEVSettings::PreferenceValue;
@@ -17,15 +19,12 @@ public:
   }
 
   bool readBoolean(std::size_t key) override { return store_->boolForKey(names_[key]); }
-  std::size_t readString(std::size_t key) override {
-    const auto value = store_->objectForKey(names_[key]);
-    return value->asString()->size();
+  std::size_t readString(std::size_t key) override { return store_->find(names_[key])->asString()->size(); }
+  std::size_t readBytes(std::size_t key) override { return store_->find(names_[key])->asData()->size(); }
+  void writeBoolean(std::size_t key, bool value) override {
+    store_->setBool(value, names_[key]);
+    if (!store_->synchronize()) std::abort();
   }
-  std::size_t readBytes(std::size_t key) override {
-    const auto value = store_->objectForKey(names_[key]);
-    return value->asData()->size();
-  }
-  void writeBoolean(std::size_t key, bool value) override { store_->setBool(value, names_[key]); }
 
 private:
   std::unique_ptr<UserDefaults> store_;
