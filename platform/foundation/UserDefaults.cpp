@@ -112,8 +112,10 @@ std::unique_ptr<UserDefaults> UserDefaults::open(const std::filesystem::path& pa
 
 void UserDefaults::connect() {
   auto opened = openPreferences(path_);
-  for (PreferenceChange& change : opened.contents) {
-    if (change.value) image_.insert_or_assign(std::move(change.key), std::move(*change.value));
+  image_.reserve(opened.contents.size());
+  // Copies of the keys lie next to each other, which look-ups feel: the keys as read lie between the values.
+  for (const PreferenceChange& change : opened.contents) {
+    if (change.value) image_.insert_or_assign(std::string(change.key), *change.value);
   }
   file_ = std::move(opened.file);
   if (opened.notice) reportDiagnostic("preferences: " + *opened.notice);

@@ -47,7 +47,7 @@ OUTSIDE = {
     "qt": [POSIX, QT],
     "host": [POSIX, NETWORK, QT],
     "tests": [r".+"],
-    "benchmarks": [POSIX, QT, r"benchmark/.+", r"sqlite3\.h", r"gio/.+"],
+    "benchmarks": [POSIX, QT, r"benchmark/.+", r"sqlite3\.h", r"gio/.+", r"nlohmann/.+"],
     "fuzz": [POSIX],
 }
 # The public headers of these keep their dependencies to themselves.
