@@ -8,7 +8,11 @@
 
 #include <cstdlib>
 #include <iostream>
+#include <memory>
+#include <mutex>
+#include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 namespace {
@@ -21,11 +25,51 @@ int report(const Failure& failure) {
   return static_cast<int>(failure.code);
 }
 
+void logDiagnostic(std::string_view line) { QEVLog::logMessage(line, "reportDiagnostic(_:)"); }
+
+bool isLongRunning(const Command& command) {
+  return std::holds_alternative<SettingsCommand>(command) || std::holds_alternative<RunCommand>(command) ||
+         std::holds_alternative<WatchPreferencesCommand>(command);
+}
+
+// What a command that is soon over finds out on its way is logged when it succeeds: one that fails says
+// in its own words what is wrong, once.
+class DiagnosticsUntilDone {
+public:
+  DiagnosticsUntilDone() {
+    foundation::setDiagnosticSink([lines = lines_](std::string_view line) {
+      const std::scoped_lock lock(lines->mutex);
+      lines->all.emplace_back(line);
+    });
+  }
+
+  void log() const {
+    const std::scoped_lock lock(lines_->mutex);
+    for (const std::string& line : lines_->all) logDiagnostic(line);
+  }
+
+private:
+  struct Lines {
+    std::mutex mutex;
+    std::vector<std::string> all;
+  };
+  std::shared_ptr<Lines> lines_ = std::make_shared<Lines>();
+};
+
 Failed carryOut(const Options& options) {
-  foundation::setDiagnosticSink([](std::string_view line) { QEVLog::logMessage(line, "reportDiagnostic(_:)"); });
   if (options.store) foundation::UserDefaults::setStandardFile(*options.store);
   Console console{.in = std::cin, .out = std::cout};
-  return std::visit([&console](const auto& command) { return run(command, console); }, options.command);
+  const auto perform = [&] {
+    return std::visit([&console](const auto& command) { return run(command, console); }, options.command);
+  };
+  if (isLongRunning(options.command)) {
+    foundation::setDiagnosticSink(logDiagnostic);
+    return perform();
+  }
+  const DiagnosticsUntilDone diagnostics;
+  const Failed failed = perform();
+  if (!failed) diagnostics.log();
+  return failed;
 }
 
 }  // namespace

@@ -89,7 +89,7 @@ class WindowCommands(unittest.TestCase):
             for node in nodes(page):
                 self.assertEqual(set(node), MEMBERS)
                 self.assertEqual(set(node["frame"]), {"x", "y", "width", "height"})
-            self.assertGreater(sum(node["enabled"] and node["role"] == "button" for node in nodes(page)), 0)
+            self.assertEqual(sum(node["enabled"] and node["role"] == "helpButton" for node in nodes(page)), 1)
         labels = {node["label"] for node in nodes(self.described("general"))}
         text = self.run_host("describe", "--tab", "general").stdout
         for label in labels - {""}:

@@ -20,15 +20,34 @@ QAccessibleInterface* findIn(QAccessibleInterface* root, QAccessible::Role role,
   return nullptr;
 }
 
+// Qt's application has to be gone before static objects go, those of the window among them.
+class ApplicationOfAllTests : public testing::Environment {
+public:
+  void TearDown() override { application_.reset(); }
+
+  Application& application() {
+    if (!application_) application_ = std::make_unique<Application>(argc_, argv_, Application::Display::offscreen);
+    return *application_;
+  }
+
+private:
+  int argc_ = 1;
+  char name_[8] = "qt_test";
+  char* argv_[2] = {name_, nullptr};
+  std::unique_ptr<Application> application_;
+};
+
+ApplicationOfAllTests& applicationOfAllTests() {
+  // GoogleTest destroys it.
+  static auto* environment = new ApplicationOfAllTests;
+  static const auto* registered = testing::AddGlobalTestEnvironment(environment);
+  static_cast<void>(registered);
+  return *environment;
+}
+
 }  // namespace
 
-Application& WindowFixture::application() {
-  static int argc = 1;
-  static char name[] = "qt_test";
-  static char* argv[] = {name, nullptr};
-  static Application application(argc, argv, Application::Display::offscreen);
-  return application;
-}
+Application& WindowFixture::application() { return applicationOfAllTests().application(); }
 
 void WindowFixture::TearDown() {
   destroyWindow();
