@@ -1,6 +1,7 @@
 #include "AccessibleTree.hpp"
 
 #include "AccessibleNode.hpp"
+#include "Fonts.hpp"
 #include "Mirror.hpp"
 #include "controls/ControlWidget.hpp"
 
@@ -18,6 +19,11 @@ const viewkit::PresentationNode* toldAbove(const viewkit::PresentationNode& node
 
 void notify(QAccessibleInterface* interface, QAccessible::Event type) {
   QAccessibleEvent event(interface, type);
+  QAccessible::updateAccessibility(&event);
+}
+
+void notifyValue(QAccessibleInterface* interface, const std::string& value) {
+  QAccessibleValueChangeEvent event(interface, text(value));
   QAccessible::updateAccessibility(&event);
 }
 
@@ -90,7 +96,7 @@ void AccessibleTree::announce(const viewkit::PresentationNode& node) {
   const bool isRenamed = before.label != now.accessibility.label;
   if (isRenamed) notify(interface, QAccessible::NameChanged);
   if (before.help != now.accessibility.help) notify(interface, QAccessible::DescriptionChanged);
-  if (before.value != now.accessibility.value) notify(interface, QAccessible::ValueChanged);
+  if (before.value != now.accessibility.value) notifyValue(interface, now.accessibility.value);
   QAccessible::State changed;
   if (before.selected != now.accessibility.selected) changed.selected = true;
   if (before.enabled != now.accessibility.enabled) changed.disabled = true;
