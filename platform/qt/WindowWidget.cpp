@@ -78,6 +78,9 @@ WindowWidget::WindowWidget(Window& window, WindowOptions options) : window_(wind
 WindowWidget::~WindowWidget() {
   closed_ = nullptr;
   endViews();
+  // The base class moves the keyboard away when nothing of this one is left to hear of it.
+  qApp->removeEventFilter(this);
+  disconnect(qApp, nullptr, this, nullptr);
 }
 
 void WindowWidget::endViews() {

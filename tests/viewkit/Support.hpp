@@ -33,7 +33,8 @@ struct Flagged {
   State<bool> flag = false;
 
   View body() const {
-    control->set = [self = *this](bool value) { self.flag.set(value); };
+    // Only the flag: the view holds the switch, which must not hold the view.
+    control->set = [flag = flag.binding()](bool value) { flag.set(value); };
     return content(flag);
   }
 };
