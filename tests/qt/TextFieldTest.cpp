@@ -32,8 +32,8 @@ struct FieldsView {
       fields->committed = fields->ports;
       ++fields->commits;
     };
-    return viewkit::VStack(
-        {}, {viewkit::TextField({.placeholder = "Ports"}, ports, commit), viewkit::Button("Elsewhere", [] {})});
+    return viewkit::VStack({}, {viewkit::TextField({.placeholder = "Ports", .lineLimit = 4}, ports, commit),
+                                viewkit::Button("Elsewhere", [] {})});
   }
 };
 
@@ -108,6 +108,11 @@ TEST_F(TextFieldTest, TakesNeitherLinesNorStylesFromTheClipboard) {
   EXPECT_EQ(fields->ports.get(), "1 2 3");
 }
 
+TEST_F(TextFieldTest, NothingIsUndoneThatThePersonDidNotDo) {
+  field().undo();
+  EXPECT_EQ(fields->ports.get(), "80");
+}
+
 TEST_F(TextFieldTest, LeavesAnInputMethodAlone) {
   field().selectAll();
   QInputMethodEvent composing("ni", {});
@@ -121,14 +126,96 @@ TEST_F(TextFieldTest, LeavesAnInputMethodAlone) {
   EXPECT_EQ(fields->ports.get(), "你");
 }
 
-TEST_F(TextFieldTest, StaysAliveWithAMillionCharacters) {
-  std::string long_(1'000'000, '1');
-  for (size_t i = 4; i < long_.size(); i += 5) long_[i] = ',';
-  QGuiApplication::clipboard()->setText(QString::fromStdString(long_));
+class LongTextTest : public TextFieldTest {
+protected:
+  // A million characters, as many of them different ports as fit.
+  static std::string manyPorts() {
+    std::string text;
+    for (int port = 0; text.size() < 1'000'000; port = (port + 1) % 65536) text += std::to_string(port) + ", ";
+    return text;
+  }
+
+  void paste(const std::string& text) {
+    QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+    field().paste();
+    settle();
+  }
+
+  std::string copied() {
+    field().copy();
+    return QGuiApplication::clipboard()->text().toStdString();
+  }
+
+  // A failure does not print these.
+  bool holds(const std::string& text) const { return fields->ports.get() == text; }
+
+  // Laying text out takes time that grows with the square of this.
+  int charactersLaidOut() const { return field().document()->characterCount(); }
+  static constexpr int kFewEnough = 10'000;
+
+  const std::string ports = manyPorts();
+};
+
+TEST_F(LongTextTest, AMillionCharactersAreKeptWholeAndHardlyLaidOut) {
   field().selectAll();
-  field().paste();
+  paste(ports);
+  EXPECT_TRUE(holds(ports));
+  EXPECT_LT(charactersLaidOut(), kFewEnough);
+  EXPECT_TRUE(find(QAccessible::EditableText).text(QAccessible::Value).toStdString() == ports);
+
+  field().undo();
+  EXPECT_EQ(fields->ports.get(), "80");
+  field().redo();
+  EXPECT_TRUE(holds(ports));
+  QTest::keyClicks(&field(), "7");
+  EXPECT_TRUE(holds(ports + "7")) << "typed behind what was pasted";
+
+  QTest::keyClick(&field(), Qt::Key_Return);
+  EXPECT_TRUE(fields->committed == ports + "7");
+  fields->ports = ports.substr(2);
   settle();
-  EXPECT_EQ(fields->ports.get(), long_);
+  field().selectAll();
+  EXPECT_TRUE(copied() == ports.substr(2)) << "what the view puts there is shown";
+  EXPECT_LT(charactersLaidOut(), kFewEnough);
+  QTest::keyClick(&field(), Qt::Key_Delete);
+  EXPECT_EQ(fields->ports.get(), "");
+}
+
+TEST_F(LongTextTest, WhatIsLeftOutIsSelectedCopiedAndRemovedLikeACharacter) {
+  field().selectAll();
+  paste(ports);
+  QTextCursor cursor = field().textCursor();
+  cursor.setPosition(10);
+  cursor.setPosition(charactersLaidOut() - 11, QTextCursor::KeepAnchor);
+  field().setTextCursor(cursor);
+  EXPECT_TRUE(copied() == ports.substr(10, ports.size() - 20));
+  field().cut();
+  EXPECT_EQ(fields->ports.get(), ports.substr(0, 10) + ports.substr(ports.size() - 10));
+  field().paste();
+  EXPECT_TRUE(holds(ports));
+}
+
+TEST_F(LongTextTest, ATextThatGrowsIsShortenedAwayFromTheCaret) {
+  field().selectAll();
+  std::string expected;
+  const std::string piece = ports.substr(0, 3'000);
+  for (int i = 0; i < 20; ++i) {
+    paste(piece);
+    expected += piece;
+    ASSERT_TRUE(holds(expected));
+    ASSERT_LT(charactersLaidOut(), kFewEnough);
+  }
+  field().moveCursor(QTextCursor::Start);
+  for (int i = 0; i < 20; ++i) {
+    paste(piece);
+    expected += piece;
+    ASSERT_TRUE(holds(expected));
+    ASSERT_LT(charactersLaidOut(), kFewEnough);
+  }
+  QTest::keyClicks(&field(), "x");
+  EXPECT_TRUE(holds(expected.substr(0, 60'000) + "x" + expected.substr(60'000)));
+  for (int i = 0; i < 50 && field().document()->isUndoAvailable(); ++i) field().undo();
+  EXPECT_EQ(fields->ports.get(), "80") << "no step of the way back is lost";
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "AccessibleText.hpp"
 
+#include "controls/LongText.hpp"
+
 #include <QTextCursor>
 #include <QTextDocument>
 
@@ -10,7 +12,7 @@ namespace qt {
 AccessibleText::AccessibleText(ControlWidget& control, QTextEdit& edit) : AccessibleControl(control), edit_(edit) {}
 
 QString AccessibleText::text(QAccessible::Text kind) const {
-  if (kind == QAccessible::Value) return edit_.toPlainText();
+  if (kind == QAccessible::Value) return LongText::whole(*edit_.document());
   const QString told = AccessibleControl::text(kind);
   return kind == QAccessible::Name && told.isEmpty() ? edit_.placeholderText() : told;
 }
@@ -103,8 +105,11 @@ QString AccessibleText::attributes(int /*offset*/, int* start, int* end) const {
 
 void AccessibleText::deleteText(int start, int end) { cursorOver(start, end).removeSelectedText(); }
 
-void AccessibleText::insertText(int offset, const QString& text) { cursorOver(offset, offset).insertText(text); }
+void AccessibleText::insertText(int offset, const QString& text) { replaceText(offset, offset, text); }
 
-void AccessibleText::replaceText(int start, int end, const QString& text) { cursorOver(start, end).insertText(text); }
+void AccessibleText::replaceText(int start, int end, const QString& text) {
+  QTextCursor cursor = cursorOver(start, end);
+  LongText::insert(cursor, text);
+}
 
 }  // namespace qt

@@ -1,6 +1,7 @@
 #include "TextField.hpp"
 
 #include "Fonts.hpp"
+#include "LongText.hpp"
 #include "Style.hpp"
 #include "editText.hpp"
 
@@ -44,7 +45,8 @@ double lineHeight() { return std::ceil(QFontMetricsF(QApplication::font()).heigh
 
 TextField::TextField(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent)
     : QTextEdit(&parent), ControlWidget(mirror, node) {
-  const int limit = std::get<viewkit::TextFieldControl>(*node.control()).lineLimit;
+  const auto& field = std::get<viewkit::TextFieldControl>(*node.control());
+  const int limit = field.lineLimit;
   setAcceptRichText(false);
   setTabChangesFocus(true);
   setFrameShape(QFrame::NoFrame);
@@ -59,10 +61,16 @@ TextField::TextField(Mirror& mirror, const viewkit::PresentationNode& node, QWid
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   document()->setDocumentMargin(0);
+  LongText::prepare(*document());
   viewport()->setAutoFillBackground(false);
   viewport()->setMouseTracking(true);
   const int padding = static_cast<int>((Style::controlHeight() - lineHeight()) / 2);
   setViewportMargins(kHorizontalPadding, padding, kHorizontalPadding, padding);
+  // What the person did not do is not undone.
+  setUndoRedoEnabled(false);
+  told_ = text(field.text);
+  editText(*this, told_);
+  setUndoRedoEnabled(true);
   connect(this, &QTextEdit::textChanged, this, [this] { textEdited(); });
 }
 
@@ -80,7 +88,7 @@ void TextField::refresh() {
   setPlaceholderText(text(field->placeholder));
   const QString wanted = text(field->text);
   // What an input method has in hand is not disturbed.
-  if (composing_ || toPlainText() == wanted) return;
+  if (composing_ || LongText::whole(*document()) == wanted) return;
   refreshing_ = true;
   editText(*this, wanted);
   told_ = wanted;
@@ -88,9 +96,11 @@ void TextField::refresh() {
 }
 
 void TextField::textEdited() {
-  const QString now = toPlainText();
-  if (refreshing_ || now == told_) return;
+  if (refreshing_) return;
+  const QString now = LongText::whole(*document());
+  if (now == told_) return;
   told_ = now;
+  LongText::shorten(*this);
   changedSinceCommit_ = true;
   call(&viewkit::TextFieldControl::change, now.toStdString());
   refreshLater();
@@ -157,6 +167,12 @@ void TextField::inputMethodEvent(QInputMethodEvent* event) {
   QTextEdit::inputMethodEvent(event);
 }
 
+QMimeData* TextField::createMimeDataFromSelection() const {
+  auto* copied = new QMimeData;
+  copied->setText(LongText::selected(textCursor()));
+  return copied;
+}
+
 bool TextField::canInsertFromMimeData(const QMimeData* source) const { return source->hasText(); }
 
 void TextField::insertFromMimeData(const QMimeData* source) {
@@ -165,7 +181,8 @@ void TextField::insertFromMimeData(const QMimeData* source) {
   for (QChar& each : pasted) {
     if (each == '\n' || each == '\r' || each == QChar::ParagraphSeparator || each == QChar::LineSeparator) each = ' ';
   }
-  insertPlainText(pasted);
+  QTextCursor cursor = textCursor();
+  LongText::insert(cursor, pasted);
   ensureCursorVisible();
 }
 
