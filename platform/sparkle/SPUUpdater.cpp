@@ -102,17 +102,14 @@ void SPUUpdater::check(Occasion occasion) {
   if (!canCheckForUpdates_.get()) return;
   canCheckForUpdates_.set(false);
 
-  FeedRequest request{.address = configuration_.feedAddress};
+  FeedRequest request{.address = feedAddress()};
   request.longestAnswer = kLongestFeed;
-  if (const auto delegate = delegate_.lock()) {
-    request.address = delegate->feedURLString(*this).value_or(request.address);
-  }
   if (sendsSystemProfile()) {
     request.headers = {{"X-System-Version", configuration_.profile.systemVersion},
                        {"X-System-Architecture", configuration_.profile.architecture}};
   }
   if (request.address.empty()) {
-    takeFeed(occasion, Error{"the application names no update feed"});
+    fail(occasion, Error{"the application names no update feed"});
     return;
   }
   fetch_ = configuration_.transport->fetch(
@@ -120,13 +117,12 @@ void SPUUpdater::check(Occasion occasion) {
 }
 
 void SPUUpdater::takeFeed(Occasion occasion, const Result<std::string>& feed) {
-  const bool isRequested = occasion == Occasion::request;
   configuration_.store->setObject(PreferenceValue::Date(configuration_.now().time_since_epoch()), kLastCheckKey);
 
   auto newest = newestUpdate(feed, configuration_.applicationVersion);
+  const bool isRequested = occasion == Occasion::request;
   if (!newest) {
-    finish(isRequested ? Show([error = newest.error()](SPUUserDriver& driver) { driver.showUpdaterError(error); })
-                       : Show());
+    fail(occasion, newest.error());
   } else if (!*newest) {
     finish(isRequested ? Show([version = configuration_.applicationVersion](SPUUserDriver& driver) {
       driver.showUpdateNotFound(version);
@@ -141,6 +137,11 @@ void SPUUpdater::takeFeed(Occasion occasion, const Result<std::string>& feed) {
       finish([update](SPUUserDriver& driver) { driver.showUpdateFound(update); });
     }
   }
+}
+
+void SPUUpdater::fail(Occasion occasion, const Error& error) {
+  const bool isRequested = occasion == Occasion::request;
+  finish(isRequested ? Show([error](SPUUserDriver& driver) { driver.showUpdaterError(error); }) : Show());
 }
 
 void SPUUpdater::download(FoundUpdate update) {
@@ -173,13 +174,21 @@ void SPUUpdater::finish(const Show& show) {
 void SPUUpdater::schedule() {
   timer_.cancel();
   if (!isStarted_ || !automaticallyChecksForUpdates() || !configuration_.timer) return;
-  timer_ = configuration_.timer->after(std::min(timeUntilDue(), kLongestWait), [this] {
-    if (timeUntilDue() > 0s || !canCheckForUpdates()) {
+  // Without a feed nothing is due; there may be one later.
+  const bool hasFeed = !feedAddress().empty();
+  timer_ = configuration_.timer->after(hasFeed ? std::min(timeUntilDue(), kLongestWait) : kLongestWait, [this] {
+    if (feedAddress().empty() || timeUntilDue() > 0s || !canCheckForUpdates()) {
       schedule();
     } else {
       check(Occasion::schedule);
     }
   });
+}
+
+std::string SPUUpdater::feedAddress() {
+  const auto delegate = delegate_.lock();
+  const auto address = delegate ? delegate->feedURLString(*this) : std::nullopt;
+  return address.value_or(configuration_.feedAddress);
 }
 
 std::chrono::seconds SPUUpdater::timeUntilDue() const {

@@ -155,6 +155,28 @@ TEST_F(UpdaterTest, CannotCheckBeforeItStartsNorWithoutAnAddress) {
   EXPECT_TRUE(controller->updater().canCheckForUpdates());
 }
 
+TEST_F(UpdaterTest, WhatNeverRanIsNoLastCheck) {
+  const std::string address = std::exchange(configuration.feedAddress, "");
+  auto controller = start();
+  controller->updater().setAutomaticallyChecksForUpdates(true);
+  controller->checkForUpdates(nullptr);
+  for (int i = 0; i < 3; ++i) {
+    ASSERT_TRUE(timer->wish);
+    EXPECT_EQ(timer->wish->delay, 1h);
+    timer->fire();
+  }
+  EXPECT_TRUE(transport->requests.empty());
+  EXPECT_FALSE(store->objectForKey("sparkle_lastCheck"));
+
+  controller.reset();
+  configuration.feedAddress = address;
+  controller = start();
+  EXPECT_EQ(timer->wish->delay, 0s);
+  timer->fire();
+  transport->answer(Error{"no network"});
+  EXPECT_TRUE(store->objectForKey("sparkle_lastCheck")) << "one that ran and failed counts";
+}
+
 TEST_F(UpdaterTest, TheProfileIsSentOnlyWhenAllowed) {
   const auto controller = start();
   controller->checkForUpdates(nullptr);

@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace sparkle {
@@ -75,9 +76,12 @@ private:
 
   void check(Occasion occasion);
   void takeFeed(Occasion occasion, const foundation::Result<std::string>& feed);
+  void fail(Occasion occasion, const foundation::Error& error);
   void download(FoundUpdate update);
   void finish(const Show& show);
   void schedule();
+  // Empty when there is none.
+  std::string feedAddress();
   std::chrono::seconds timeUntilDue() const;
 
   UpdaterConfiguration configuration_;
