@@ -1,30 +1,11 @@
 #include "PortsSectionHeader.hpp"
 
-#include "QEVCommonTools/Spacing.hpp"
-#include "resource_bundle_accessor.hpp"
-#include "viewkit/Image.hpp"
-#include "viewkit/Stacks.hpp"
-#include "viewkit/Text.hpp"
+#include "SettingsSectionHeader.hpp"
 
 namespace QEVSettings {
 
-using namespace viewkit;
-using QEVCommonTools::points;
-using QEVCommonTools::Spacing;
-
-View PortsSectionHeader::body() const {
-  return HStack({.spacing = points(Spacing::s5)}, {
-                                                      Image::symbol("app.connected.to.app.below.fill")
-                                                          .resizable()
-                                                          .scaledToFit()
-                                                          .frame(FixedFrame{.width = 20, .height = 20})
-                                                          .foreground(Color::accent()),
-                                                      Text(localized("Ports"))
-                                                          .font(Font::caption().semibold())
-                                                          .uppercased()
-                                                          .foreground(Color::accent())
-                                                          .accessibilityRole(Role::heading),
-                                                  });
+viewkit::View PortsSectionHeader::body() const {
+  return SettingsSectionHeader{.titleKey = "Ports", .systemImage = "app.connected.to.app.below.fill"};
 }
 
 }  // namespace QEVSettings
