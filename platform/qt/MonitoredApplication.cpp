@@ -3,6 +3,7 @@
 #include "Fonts.hpp"
 #include "appkit/Event.hpp"
 
+#include <QDialog>
 #include <QKeyEvent>
 
 #include <array>
@@ -57,10 +58,18 @@ bool areAlike(const appkit::Event& a, const appkit::Event& b) {
   return a.keyCode == b.keyCode && a.modifiers == b.modifiers && a.characters == b.characters;
 }
 
+// Menus and the choosers of colours and fonts are the platform's own: what is pressed in them is for
+// nobody else.
+bool isForPlatform() {
+  return QApplication::activePopupWidget() || qobject_cast<const QDialog*>(QApplication::activeWindow());
+}
+
 }  // namespace
 
 bool MonitoredApplication::notify(QObject* receiver, QEvent* event) {
-  if (event->type() != QEvent::KeyPress || event == passing_) return QApplication::notify(receiver, event);
+  if (event->type() != QEvent::KeyPress || event == passing_ || isForPlatform()) {
+    return QApplication::notify(receiver, event);
+  }
   const auto& press = *static_cast<QKeyEvent*>(event);
   const appkit::Event pressed = eventFrom(press);
   const auto passedOn = appkit::Event::passThroughMonitors(appkit::Event::kKeyDownMask, pressed);

@@ -4,7 +4,8 @@
 
 namespace qt {
 
-// Shows each key press to appkit's monitors before the window that it is meant for.
+// Shows each key press to appkit's monitors before the window that it is meant for, unless that is a menu
+// or a dialog.
 class MonitoredApplication : public QApplication {
 public:
   using QApplication::QApplication;

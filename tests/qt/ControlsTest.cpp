@@ -1,5 +1,6 @@
 #include "WindowFixture.hpp"
 
+#include "appkit/Event.hpp"
 #include "viewkit/Controls.hpp"
 #include "viewkit/ScrollView.hpp"
 #include "viewkit/Stacks.hpp"
@@ -125,6 +126,22 @@ TEST_F(MenuTest, OpensOnTheCurrentItemAndPicksWithTheKeyboard) {
   EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
+TEST_F(MenuTest, KeepsItsKeysFromMonitors) {
+  int seen = 0;
+  const auto monitor =
+      appkit::Event::addLocalMonitorForEventsMatchingMask(appkit::Event::kKeyDownMask, [&](const appkit::Event& event) {
+        ++seen;
+        return std::optional(event);
+      });
+  QTest::keyClick(&widget(QAccessible::ButtonMenu, "zone"), Qt::Key_Down);
+  ASSERT_EQ(seen, 1);
+  QTest::keyClick(&list(), Qt::Key_Down);
+  QTest::keyClick(&list(), Qt::Key_Return);
+  EXPECT_EQ(picked, "Zone 401");
+  EXPECT_EQ(seen, 1);
+  appkit::Event::removeMonitor(monitor);
+}
+
 TEST_F(MenuTest, FindsAWordInTheMiddleOfATitleToo) {
   QTest::keyClick(&widget(QAccessible::ButtonMenu, "zone"), Qt::Key_Down);
   QTest::keyClicks(&list(), "of");
@@ -132,6 +149,25 @@ TEST_F(MenuTest, FindsAWordInTheMiddleOfATitleToo) {
   QTest::keyClick(&list(), Qt::Key_Escape);
   EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
   EXPECT_EQ(picked, "");
+}
+
+TEST_F(MenuTest, AssistiveTechnologyOpensItReadsItAndPicks) {
+  QAccessibleInterface& button = find(QAccessible::ButtonMenu, "zone");
+  ASSERT_EQ(button.childCount(), 0);
+  button.actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+  settle();
+  ASSERT_EQ(button.childCount(), 1) << "the menu is in what opened it";
+  EXPECT_TRUE(button.state().expanded);
+  QAccessibleInterface& menu = *button.child(0);
+  EXPECT_EQ(menu.parent(), &button);
+  EXPECT_TRUE(find(QAccessible::MenuItem, "Zone 400").state().focused);
+
+  QAccessibleInterface& item = find(QAccessible::MenuItem, "Zone 7");
+  EXPECT_TRUE(item.state().offscreen);
+  item.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  settle();
+  EXPECT_EQ(picked, "Zone 7");
+  EXPECT_EQ(button.childCount(), 0);
 }
 
 TEST_F(MenuTest, PicksWithTheMouseButNotByTheClickThatOpensIt) {

@@ -1,56 +1,33 @@
 #pragma once
 
 #include "AccessibleControl.hpp"
+#include "AccessibleParts.hpp"
 
-#include <QPointer>
 #include <QTabBar>
-
-#include <vector>
 
 namespace qt {
 
 // A tab bar as assistive technology sees it: a list of tabs, one of them selected.
-class AccessibleTabBar : public AccessibleControl {
+class AccessibleTabBar : public AccessibleControl, private PartedWidget {
 public:
-  AccessibleTabBar(ControlWidget& control, QTabBar& bar) : AccessibleControl(control), bar_(bar) {}
-  ~AccessibleTabBar() override;
+  AccessibleTabBar(ControlWidget& control, QTabBar& bar) : AccessibleControl(control), bar_(bar), tabs_(*this) {}
 
-  QAccessibleInterface* child(int index) const override;
+  QAccessibleInterface* child(int index) const override { return tabs_.part(index); }
   int childCount() const override { return bar_.count(); }
-  int indexOfChild(const QAccessibleInterface* child) const override;
-  QAccessibleInterface* childAt(int x, int y) const override;
+  int indexOfChild(const QAccessibleInterface* child) const override { return tabs_.indexOf(child); }
+  QAccessibleInterface* childAt(int x, int y) const override { return tabs_.partAt({x, y}); }
 
 private:
+  QWidget& partedWidget() const override { return bar_; }
+  QAccessible::Role partRole() const override { return QAccessible::PageTab; }
+  int partCount() const override { return bar_.count(); }
+  QString partName(int index) const override { return bar_.tabText(index); }
+  QRect partRect(int index) const override { return bar_.tabRect(index); }
+  bool isCurrentPart(int index) const override { return bar_.currentIndex() == index; }
+  void pressPart(int index) override { bar_.setCurrentIndex(index); }
+
   QTabBar& bar_;
-  // Of the tabs that were asked for, by index.
-  mutable std::vector<QAccessible::Id> tabs_;
-};
-
-class AccessibleTab : public QAccessibleInterface, public QAccessibleActionInterface {
-public:
-  AccessibleTab(QTabBar& bar, int index) : bar_(&bar), index_(index) {}
-
-  bool isValid() const override { return bar_ && index_ < bar_->count(); }
-  QObject* object() const override { return nullptr; }
-  QAccessibleInterface* parent() const override;
-  QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
-  int childCount() const override { return 0; }
-  int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
-  QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
-  QString text(QAccessible::Text kind) const override;
-  void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
-  QRect rect() const override;
-  QAccessible::Role role() const override { return QAccessible::PageTab; }
-  QAccessible::State state() const override;
-  void* interface_cast(QAccessible::InterfaceType type) override;
-
-  QStringList actionNames() const override { return {pressAction()}; }
-  void doAction(const QString& name) override;
-  QStringList keyBindingsForAction(const QString& /*name*/) const override { return {}; }
-
-private:
-  QPointer<QTabBar> bar_;
-  int index_;
+  AccessibleParts tabs_;
 };
 
 }  // namespace qt

@@ -1,6 +1,7 @@
 #include "makeAccessible.hpp"
 
 #include "AccessibleControl.hpp"
+#include "AccessibleMenu.hpp"
 #include "AccessibleTabBar.hpp"
 #include "AccessibleText.hpp"
 #include "AccessibleWindow.hpp"
@@ -11,10 +12,12 @@ namespace qt {
 
 QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* object) {
   if (auto* window = dynamic_cast<WindowWidget*>(object)) return new AccessibleWindow(*window);
+  if (auto* menu = dynamic_cast<MenuList*>(object)) return new AccessibleMenu(*menu);
   auto* control = dynamic_cast<ControlWidget*>(object);
   if (!control) return nullptr;
   if (auto* tabs = dynamic_cast<QTabBar*>(object)) return new AccessibleTabBar(*control, *tabs);
   if (auto* edit = dynamic_cast<QTextEdit*>(object)) return new AccessibleText(*control, *edit);
+  if (auto* opener = dynamic_cast<MenuOpener*>(object)) return new AccessibleMenuOpener(*control, *opener);
   return new AccessibleControl(*control);
 }
 

@@ -36,7 +36,7 @@ QString toldText(const viewkit::Accessibility& told, QAccessible::Text kind) {
   switch (kind) {
     case QAccessible::Name: return text(told.label.empty() ? told.help : told.label);
     case QAccessible::Description:
-    case QAccessible::Help: return told.label.empty() ? QString() : text(told.help);
+    case QAccessible::Help: return told.label.empty() || told.label == told.help ? QString() : text(told.help);
     case QAccessible::Value: return text(told.value);
     default: return {};
   }

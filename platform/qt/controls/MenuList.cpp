@@ -10,6 +10,7 @@
 #include <QStyledItemDelegate>
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 
 namespace qt {
@@ -82,8 +83,8 @@ bool hasWordThatBegins(const QString& title, const QString& typed) {
 
 }  // namespace
 
-MenuList::MenuList(const std::vector<viewkit::MenuItem>& items, QWidget& parent)
-    : QListView(&parent), items_(items), openedAt_(QCursor::pos()) {
+MenuList::MenuList(const std::vector<viewkit::MenuItem>& items, QWidget& opener, QWidget& parent)
+    : QListView(&parent), items_(items), opener_(&opener), openedAt_(QCursor::pos()) {
   setFrameShape(QFrame::NoFrame);
   setUniformItemSizes(haveOneFont(items));
   setVerticalScrollMode(ScrollPerPixel);
@@ -94,6 +95,12 @@ MenuList::MenuList(const std::vector<viewkit::MenuItem>& items, QWidget& parent)
   setModel(new Model(items, this));
   setItemDelegate(new Delegate(this));
 }
+
+void MenuList::pick(int row) {
+  if (row >= 0 && row < rowCount() && picked_) picked_(row);
+}
+
+QString MenuList::title(int row) const { return text(items_.at(static_cast<size_t>(row)).title); }
 
 void MenuList::setCurrentRow(int row) {
   if (row >= 0) setCurrentIndex(model()->index(row, 0));
@@ -112,13 +119,13 @@ QRect MenuList::rowRect(int row) const {
 int MenuList::contentWidth() const {
   int width = 0;
   std::optional<viewkit::Font> font;
-  QFontMetrics metrics(this->font());
+  QFontMetricsF metrics(this->font());
   for (const viewkit::MenuItem& item : items_) {
     if (item.font != font) {
       font = item.font;
-      metrics = QFontMetrics(font ? fontOf(*font) : this->font());
+      metrics = QFontMetricsF(font ? fontOf(*font) : this->font());
     }
-    width = std::max(width, metrics.horizontalAdvance(text(item.title)));
+    width = std::max(width, static_cast<int>(std::ceil(metrics.horizontalAdvance(text(item.title)))));
   }
   return width + 2 * kHorizontalPadding;
 }
@@ -144,7 +151,7 @@ void MenuList::keyPressEvent(QKeyEvent* event) {
   const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const bool picks = isReturn || (event->key() == Qt::Key_Space && typed_.isEmpty());
   if (picks) {
-    if (currentIndex().isValid() && picked_) picked_(currentRow());
+    pick(currentRow());
   } else if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Tab) {
     window()->close();
   } else {
@@ -170,8 +177,8 @@ void MenuList::mouseMoveEvent(QMouseEvent* event) {
 
 void MenuList::mouseReleaseEvent(QMouseEvent* event) {
   const QModelIndex index = indexAt(event->position().toPoint());
-  if (armed_ && index.isValid() && viewport()->rect().contains(event->position().toPoint()) && picked_) {
-    picked_(index.row());
+  if (armed_ && index.isValid() && viewport()->rect().contains(event->position().toPoint())) {
+    pick(index.row());
     return;
   }
   armed_ = true;

@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 #include <QListView>
+#include <QPointer>
 
 #include <functional>
 #include <vector>
@@ -15,15 +16,26 @@ namespace qt {
 class MenuList : public QListView {
 public:
   // The items outlive the list.
-  MenuList(const std::vector<viewkit::MenuItem>& items, QWidget& parent);
+  MenuList(const std::vector<viewkit::MenuItem>& items, QWidget& opener, QWidget& parent);
+
+  // What was pressed to open it, while it exists.
+  QWidget* opener() const { return opener_; }
 
   void setPicked(std::function<void(int)> picked) { picked_ = std::move(picked); }
 
+  // Picks the item and ends the menu.
+  void pick(int row);
+
+  int rowCount() const { return static_cast<int>(items_.size()); }
+  QString title(int row) const;
   int currentRow() const { return currentIndex().row(); }
   void setCurrentRow(int row);
   QRect rowRect(int row) const;
   int contentWidth() const;
   int contentHeight() const;
+
+  // How far the first row lies above the list's top.
+  using QListView::verticalOffset;
 
   void keyboardSearch(const QString& typed) override;
 
@@ -35,6 +47,7 @@ protected:
 
 private:
   const std::vector<viewkit::MenuItem>& items_;
+  QPointer<QWidget> opener_;
   std::function<void(int)> picked_;
   QString typed_;
   QElapsedTimer sinceTyped_;

@@ -14,6 +14,9 @@ class MenuOpener : public ButtonWidget {
 public:
   using ButtonWidget::ButtonWidget;
 
+  // Of the menu that is open; nothing when none is.
+  MenuList* openList() const { return popup_ ? &popup_->list() : nullptr; }
+
 protected:
   void press() override;
   void mousePressEvent(QMouseEvent* event) override;

@@ -30,7 +30,7 @@ MenuPopup::MenuPopup(std::vector<viewkit::MenuItem> items, const std::string& cu
     : QFrame(opener.window(), Qt::Popup | Qt::FramelessWindowHint),
       items_(std::move(items)),
       opener_(&opener),
-      list_(new MenuList(items_, *this)) {
+      list_(new MenuList(items_, opener, *this)) {
   setAttribute(Qt::WA_DeleteOnClose);
   setAccessibleName(opener.accessibleName());
   setLayoutDirection(opener.layoutDirection());
@@ -93,6 +93,17 @@ void MenuPopup::open(int top, int height, int scrolledBy) {
   layout()->activate();
   list_->doItemsLayout();
   list_->verticalScrollBar()->setValue(scrolledBy);
+  tell(QAccessible::ObjectCreated);
+}
+
+void MenuPopup::hideEvent(QHideEvent* event) {
+  tell(QAccessible::ObjectDestroyed);
+  QFrame::hideEvent(event);
+}
+
+void MenuPopup::tell(QAccessible::Event what) {
+  QAccessibleEvent event(list_, what);
+  QAccessible::updateAccessibility(&event);
 }
 
 int MenuPopup::naturalHeight() const { return list_->contentHeight() + 2 * kPadding; }

@@ -2,6 +2,7 @@
 
 #include "viewkit/Control.hpp"
 
+#include <QAccessible>
 #include <QFrame>
 #include <QPointer>
 
@@ -23,13 +24,18 @@ public:
   void openOver();
   void openUnder();
 
+  MenuList& list() const { return *list_; }
+
 protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
 
 private:
   void open(int top, int height, int scrolledBy);
   void pick(int row);
+  // That the menu is there, or is no longer, to assistive technology.
+  void tell(QAccessible::Event what);
   int naturalHeight() const;
   QRect openerOnScreen() const;
   QRect available() const;

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "AccessibleControl.hpp"
+#include "AccessibleParts.hpp"
+#include "controls/MenuList.hpp"
+#include "controls/MenuOpener.hpp"
+
+#include <QAccessibleWidget>
+
+namespace qt {
+
+// An open menu as assistive technology sees it: it belongs to what opened it.
+class AccessibleMenu : public QAccessibleWidget, private PartedWidget {
+public:
+  explicit AccessibleMenu(MenuList& list)
+      : QAccessibleWidget(&list, QAccessible::PopupMenu), list_(list), items_(*this) {}
+
+  QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(list_.opener()); }
+  QAccessibleInterface* child(int index) const override { return items_.part(index); }
+  int childCount() const override { return partCount(); }
+  int indexOfChild(const QAccessibleInterface* child) const override { return items_.indexOf(child); }
+  QAccessibleInterface* childAt(int x, int y) const override { return items_.partAt({x, y}); }
+
+private:
+  QWidget& partedWidget() const override { return list_; }
+  QAccessible::Role partRole() const override { return QAccessible::MenuItem; }
+  int partCount() const override { return list_.rowCount(); }
+  QString partName(int index) const override { return list_.title(index); }
+  QRect partRect(int index) const override {
+    const QRect row = list_.rowRect(index);
+    return row.translated(0, -list_.verticalOffset());
+  }
+  bool isCurrentPart(int index) const override { return list_.currentRow() == index; }
+  void pressPart(int index) override { list_.pick(index); }
+
+  MenuList& list_;
+  AccessibleParts items_;
+};
+
+// What opens a menu has the menu in it while it is open: a window of its own would be told to nobody.
+class AccessibleMenuOpener : public AccessibleControl {
+public:
+  AccessibleMenuOpener(ControlWidget& control, MenuOpener& opener) : AccessibleControl(control), opener_(opener) {}
+
+  QAccessibleInterface* child(int index) const override { return index == 0 ? menu() : nullptr; }
+  int childCount() const override { return menu() ? 1 : 0; }
+  int indexOfChild(const QAccessibleInterface* child) const override { return child && child == menu() ? 0 : -1; }
+  QAccessibleInterface* childAt(int x, int y) const override {
+    QAccessibleInterface* open = menu();
+    return open && open->rect().contains(x, y) ? open : nullptr;
+  }
+  // What is chosen: the platform tells a value only of what counts.
+  QString text(QAccessible::Text kind) const override {
+    const QString chosen = kind == QAccessible::Description ? AccessibleControl::text(QAccessible::Value) : QString();
+    return chosen.isEmpty() ? AccessibleControl::text(kind) : chosen;
+  }
+  QAccessible::State state() const override {
+    QAccessible::State state = AccessibleControl::state();
+    state.expandable = true;
+    state.expanded = menu() != nullptr;
+    state.collapsed = !state.expanded;
+    return state;
+  }
+
+private:
+  QAccessibleInterface* menu() const {
+    MenuList* list = opener_.openList();
+    return list ? QAccessible::queryAccessibleInterface(list) : nullptr;
+  }
+
+  MenuOpener& opener_;
+};
+
+}  // namespace qt
