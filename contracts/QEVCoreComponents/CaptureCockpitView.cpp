@@ -57,9 +57,15 @@ std::string effectiveInterface(const QEVCaptureViewModel& model, const std::vect
   return up != interfaces.end() ? up->name : "";
 }
 
-std::string joined(const std::vector<std::string>& texts) {
+// Each keeps its own order of characters within a line that runs from right to left.
+std::string listed(const std::vector<std::string>& addresses) {
+  constexpr std::string_view kLeftToRightIsolate = "\u2066";
+  constexpr std::string_view kPopIsolate = "\u2069";
   std::string all;
-  for (const std::string& text : texts) all += (all.empty() ? "" : ", ") + text;
+  for (const std::string& address : addresses) {
+    if (!all.empty()) all += ", ";
+    all.append(kLeftToRightIsolate).append(address).append(kPopIsolate);
+  }
   return all;
 }
 
@@ -67,19 +73,20 @@ View interfaceRow(const NetworkInterface& interface, bool isSelected, const Mode
   const Color text = isSelected ? Color::selectedText() : Color::primary();
   const Color detail = isSelected ? Color::selectedText() : Color::secondary();
 
-  return HStack(
-             {.spacing = points(Spacing::s6)},
+  const View content =
+      HStack({.spacing = points(Spacing::s6)},
              {
                  Text(interface.name).foreground(text).fixedSize(),
-                 Text(joined(interface.addresses)).font(Font::callout()).foreground(detail).lineLimit(1),
+                 Text(listed(interface.addresses)).font(Font::callout()).foreground(detail).lineLimit(1),
                  Spacer(0),
                  Text(localized(interface.isUp ? "up" : "down")).font(Font::callout()).foreground(detail).fixedSize(),
              })
-      .padding(Edges::vertical, points(Spacing::s3))
-      .padding(Edges::horizontal, points(Spacing::s5))
-      .background(isSelected ? Color::accent() : klear())
-      .clipped(kCornerMed)
-      .onTap([model, name = interface.name] { model->setInterfaceName(name); })
+          .padding(Edges::vertical, points(Spacing::s3))
+          .padding(Edges::horizontal, points(Spacing::s5))
+          .background(isSelected ? Color::accent() : klear())
+          .clipped(kCornerMed);
+
+  return PlainButton(content, [model, name = interface.name] { model->setInterfaceName(name); })
       .accessibilityRole(Role::listItem)
       .accessibilitySelected(isSelected);
 }
@@ -107,10 +114,10 @@ std::optional<std::string> setNumber(std::string_view text, const NumberRange& r
 
 View numberField(const std::string& label, const NumberRange& range, const Model& model, NumberGetter getter,
                  NumberSetter setter) {
-  return View(CheckedTextField{.label = label,
-                               .value = std::to_string(((*model).*getter)()),
-                               .commit = [=](std::string_view text) { return setNumber(text, range, model, setter); }})
-      .frame(FlexibleFrame{.minWidth = kNumberWidth, .maxWidth = kNumberWidth, .alignment = Alignment::leading()});
+  return CheckedTextField{.label = label,
+                          .value = std::to_string(((*model).*getter)()),
+                          .commit = [=](std::string_view text) { return setNumber(text, range, model, setter); },
+                          .width = kNumberWidth};
 }
 
 std::optional<std::string> setFilter(std::string_view text, const Model& model) {

@@ -21,7 +21,8 @@ View CheckedTextField::body() const {
   return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s1)},
                 {
                     TextField({.placeholder = placeholder}, text, [self = *this] { self.commitDraft(); })
-                        .accessibilityLabel(label),
+                        .accessibilityLabel(label)
+                        .frame(FlexibleFrame{.maxWidth = width}),
                     wrong.empty() ? View()
                                   : Text(wrong)
                                         .font(Font::caption())

@@ -20,6 +20,8 @@ struct CheckedTextField {
   std::string value;
   // Takes the text over, or tells why not in the person's language.
   std::function<std::optional<std::string>(std::string_view)> commit;
+  // Of the field alone, in points; what is said under it takes the width that there is.
+  double width = viewkit::kUnlimited;
 
   viewkit::State<std::optional<std::string>> draft = {};
   viewkit::State<std::string> problem = {};

@@ -54,7 +54,7 @@ View addressFields(const View& host, const View& port) {
   return HStack({.alignment = VerticalAlignment::top, .spacing = points(Spacing::s5)},
                 {
                     host.frame(FixedFrame{.width = kHostWidth}),
-                    port.frame(FixedFrame{.width = kPortWidth}),
+                    port,
                 });
 }
 
@@ -68,7 +68,8 @@ View listeningAddress(const Service& service) {
                        .commit = [=](std::string_view text) { return takeHost(text, address.port, take); }},
       CheckedTextField{.label = localized("Listening port"),
                        .value = std::to_string(address.port),
-                       .commit = [=](std::string_view text) { return takePort(text, address.host, take); }});
+                       .commit = [=](std::string_view text) { return takePort(text, address.host, take); },
+                       .width = kPortWidth});
 }
 
 View upstream(const Service& service) {
@@ -88,7 +89,8 @@ View upstream(const Service& service) {
                        .commit = takeOrClear},
       View(CheckedTextField{.label = localized("Upstream port"),
                             .value = address ? std::to_string(known.port) : "",
-                            .commit = [=](std::string_view text) { return takePort(text, known.host, take); }})
+                            .commit = [=](std::string_view text) { return takePort(text, known.host, take); },
+                            .width = kPortWidth})
           .disabled(!address));
 }
 
@@ -133,6 +135,7 @@ View ProxySetupForm::body() const {
                                                      ToggleControl::Size::small)
                                                   .accessibilityLabel(enabled),
                                               problemText(proxy->problem()),
+                                              Spacer(0),
                                           })),
                   formRow(localized("Listening address"), listeningAddress(proxy)),
                   formRow(localized("Upstream proxy"), upstream(proxy)),

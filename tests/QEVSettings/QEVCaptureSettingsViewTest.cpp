@@ -58,7 +58,8 @@ TEST_F(QEVCaptureSettingsViewTest, ListsTheMachinesInterfacesAndKeepsTheChosenOn
   };
   headless::Window& window = open(Tabs::capture);
   const auto row = [&](std::size_t i) { return window.findAll(Role::listItem).at(i); };
-  EXPECT_THAT(row(0).label(), testing::AllOf(HasSubstr("lo"), HasSubstr("127.0.0.1, ::1"), HasSubstr("down")));
+  EXPECT_THAT(row(0).label(),
+              testing::AllOf(HasSubstr("lo"), HasSubstr("\u2066127.0.0.1\u2069, \u2066::1\u2069"), HasSubstr("down")));
   EXPECT_EQ(row(1).isSelected(), true) << "the first that is up, while none is chosen";
 
   window.click(row(2));

@@ -1,4 +1,4 @@
-#include "TestAnalyzers.hpp"
+#include "AnalyzerWindowTest.hpp"
 
 #include "QEVModels/QEVPlugInsController.hpp"
 
@@ -34,11 +34,13 @@ void PortsPreferences::setDefaultSettings(bool reset) {
   journal_.push_back(reset ? "set default settings" : "leave default settings");
 }
 
-LoadedPlugIns::~LoadedPlugIns() {
+AnalyzerWindowTest::~AnalyzerWindowTest() {
+  close();
   for (const auto& id : loaded_) QEVPlugInsController::sharedManager().unregisterPlugIn(id);
 }
 
-void LoadedPlugIns::load(const std::string& title, std::shared_ptr<QEVDependencies::QEVPreferencesObject> preferences) {
+void AnalyzerWindowTest::load(const std::string& title,
+                              std::shared_ptr<QEVDependencies::QEVPreferencesObject> preferences) {
   loaded_.push_back(foundation::UUID::random());
   QEVPlugInsController::sharedManager().registerPlugIn({.id = loaded_.back(),
                                                         .plugInTitle = title,
