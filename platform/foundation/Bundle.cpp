@@ -94,7 +94,7 @@ std::optional<std::filesystem::path> libraryOf(const void* address) {
 }
 
 std::filesystem::path mainResourceFolder(const std::filesystem::path& program) {
-  const auto folder = program.parent_path();
+  std::filesystem::path folder = program.parent_path();
   for (const auto& candidate : {folder.parent_path() / "share" / program.filename(), folder / "Resources"}) {
     if (isFolder(candidate)) return candidate;
   }

@@ -26,9 +26,8 @@ constexpr PreferenceValue::Date kEpoch = std::chrono::sys_days(std::chrono::Janu
 
 struct Free {
   void operator()(void* node) const { ::plist_free(node); }
-  void operator()(char* memory) const {
-    std::free(memory);
-  }  // NOLINT(cppcoreguidelines-no-malloc,cppcoreguidelines-owning-memory)
+  // NOLINTNEXTLINE(cppcoreguidelines-no-malloc,cppcoreguidelines-owning-memory): the library allocated it
+  void operator()(char* memory) const { std::free(memory); }
 };
 using Node = std::unique_ptr<void, Free>;
 using Memory = std::unique_ptr<char, Free>;
@@ -182,7 +181,7 @@ private:
     const double seconds = (date - kEpoch).count();
     const double whole = std::floor(seconds);
     using Seconds = std::numeric_limits<std::int32_t>;
-    if (!(whole >= Seconds::min() && whole <= Seconds::max())) {
+    if (std::isnan(whole) || whole < Seconds::min() || whole > Seconds::max()) {
       return Error{"a property list holds no date before 1933 or after 2069; remove it first"};
     }
     const auto microseconds = format_ == PropertyListFormat::binary ? std::lround((seconds - whole) * 1e6) : 0L;

@@ -96,10 +96,10 @@ private:
       case 0x1:
         if ((marker & 0xF) > 3 && number(at + 1, 16) != 0) return fail(integerTooLarge());
         return true;
-      case 0x4: return visitRun(object, at, 1);
+      case 0x4:
       case 0x5: return visitRun(object, at, 1);
       case 0x6: return visitRun(object, at, 2);
-      case 0xA: return visitContents(object, at, 1, depth);
+      case 0xA:
       case 0xC: return visitContents(object, at, 1, depth);
       case 0xD: return visitContents(object, at, 2, depth);
       default: return true;

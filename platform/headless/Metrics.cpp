@@ -112,6 +112,8 @@ template <class... Each>
 struct Overloaded : Each... {
   using Each::operator()...;
 };
+template <class... Each>
+Overloaded(Each...) -> Overloaded<Each...>;
 
 constexpr double kControlHeight = 28;
 constexpr double kTextFieldHeight = 26;

@@ -78,7 +78,7 @@ void CompositeNode::activeChanged() {
 bool CompositeNode::owns(const void* member) const {
   const auto extent = valueAs<CompositeViewValue>().extent();
   const auto* address = static_cast<const std::byte*>(member);
-  const std::less<const std::byte*> before;
+  const std::less<> before;
   return !before(address, extent.data()) && before(address, extent.data() + extent.size());
 }
 

@@ -26,11 +26,11 @@ public:
 
 private:
   struct In {
-    Node* node;
+    Node* node = nullptr;
     double elapsed = 0;
   };
   struct Out {
-    Node* presenting;
+    Node* presenting = nullptr;
     std::vector<std::unique_ptr<PresentationNode>> pictures;
     double elapsed = 0;
   };

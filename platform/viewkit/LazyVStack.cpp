@@ -88,8 +88,8 @@ protected:
   Measurement measure(const ProposedSize& proposal) override {
     if (rows_.empty()) return {};
     double width = proposal.width.value_or(0);
-    for (std::size_t i = 0; i < rows_.size(); ++i) {
-      const Size size = rows_[i]->sizeThatFits({proposal.width, std::nullopt});
+    for (const auto& row : rows_) {
+      const Size size = row->sizeThatFits({proposal.width, std::nullopt});
       if (!proposal.width) width = std::max(width, size.width);
     }
     if (heights_->count() == 0) return {{width, 0}};

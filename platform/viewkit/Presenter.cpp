@@ -84,7 +84,7 @@ void Presenter::refreshSpokenLabels() {
     while (node && !node->speaksForContents()) node = node->parent();
     if (node) node->contentsChanged();
   };
-  // The list grows by the nodes whose label changes.
+  // NOLINTNEXTLINE(modernize-loop-convert): the list grows by the nodes whose label changes
   for (std::size_t i = 0; i < changed_.size(); ++i) {
     if (changed_[i]->inherited().collapsed) refresh(changed_[i]);
   }

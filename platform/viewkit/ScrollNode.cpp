@@ -64,6 +64,7 @@ void ScrollNode::placeChildren() {
   // Content that is narrower or lower than the view still starts where the view does.
   offset_ = clamped(offset_);
   placeChild(*content_, Point{} - offset_, contentSize_);
+  // NOLINTNEXTLINE(modernize-loop-convert): placing rows may make lists within them
   for (std::size_t i = 0; i < lazies_.size(); ++i) lazies_[i]->placeAgain();
   showOffset();
 }

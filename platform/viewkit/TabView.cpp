@@ -62,9 +62,9 @@ protected:
       return;
     }
     const detail::TabPage& next = value.pages[value.shown()];
-    Node* const before_ = shownPage();
-    const bool switches = !before_ || shownTag_ != next.tag;
-    if (switches && before_) before_->setActive(false);
+    Node* const previous = shownPage();
+    const bool switches = !previous || shownTag_ != next.tag;
+    if (switches && previous) previous->setActive(false);
     shownTag_ = next.tag;
     hasShown_ = true;
     auto page = std::find_if(pages_.begin(), pages_.end(), [&](const Page& each) { return each.tag == next.tag; });

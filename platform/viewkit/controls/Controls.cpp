@@ -3,6 +3,7 @@
 #include "controls/ControlNode.hpp"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <string_view>
 #include <utility>
@@ -16,7 +17,7 @@ std::string hexadecimal(const appkit::RGBA& color) {
   constexpr std::string_view digits = "0123456789ABCDEF";
   std::string text = "#";
   const auto append = [&](double part) {
-    const int byte = static_cast<int>(std::clamp(part, 0.0, 1.0) * 255 + 0.5);
+    const int byte = static_cast<int>(std::lround(std::clamp(part, 0.0, 1.0) * 255));
     text += digits[static_cast<std::size_t>(byte / 16)];
     text += digits[static_cast<std::size_t>(byte % 16)];
   };
