@@ -1,60 +1,26 @@
 #pragma once
 
-#include "QEVDependencies/AnalyzerSettingsConfig.hpp"
-#include "QEVDependencies/QEVPlugInStructure.hpp"
-#include "QEVDependencies/QEVPluginPreferencesProtocol.hpp"
-#include "QEVDependencies/QEVPortsPreferencesProtocol.hpp"
-#include "QEVDependencies/QEVPreferencesObject.hpp"
 #include "SettingsWindowTest.hpp"
+#include "TestAnalyzers.hpp"
 
-#include <functional>
 #include <memory>
 #include <string>
-#include <vector>
+#include <utility>
 
 namespace QEVSettings {
-
-// What happened, in the order in which it did.
-using Journal = std::vector<std::string>;
-
-class AnalyzerPreferences : public QEVDependencies::QEVPreferencesObject,
-                            public QEVDependencies::QEVPluginPreferencesProtocol {
-public:
-  std::optional<QEVDependencies::AnalyzerSettingsConfig> analyzerSettingsConfig() const override { return config; }
-  std::optional<QEVDependencies::AnalyzerSettingsConfig> config;
-};
-
-// Writes its calls down: "replace HTTP 80 1 by HTTP 81 1, ports".
-class PortsPreferences final : public AnalyzerPreferences, public QEVDependencies::QEVPortsPreferencesProtocol {
-public:
-  explicit PortsPreferences(Journal& journal) : journal_(journal) {}
-
-  void replaceProtoocol(const std::shared_ptr<QEVDependencies::QEVNetworkProtocol>& old,
-                        const std::shared_ptr<QEVDependencies::QEVNetworkProtocol>& current,
-                        QEVDependencies::QEVNetworkProtocolProperty changed) override;
-  void setDefaultSettings(bool reset) override;
-
-  // Called for each replacement; may throw.
-  std::function<void()> refuse;
-
-private:
-  Journal& journal_;
-};
 
 // The settings window on its Analyzer tab, with plug-ins of the test's own.
 class AnalyzerWindowTest : public SettingsWindowTest {
 protected:
-  ~AnalyzerWindowTest() override;
+  ~AnalyzerWindowTest() override { close(); }
 
-  // A loaded plug-in, listed after those before it.
-  void load(const std::string& title, std::shared_ptr<QEVDependencies::QEVPreferencesObject> preferences = nullptr);
+  void load(const std::string& title, std::shared_ptr<QEVDependencies::QEVPreferencesObject> preferences = nullptr) {
+    plugIns_.load(title, std::move(preferences));
+  }
   headless::Window& open() { return SettingsWindowTest::open(Tabs::analyze); }
 
 private:
-  std::vector<foundation::UUID> loaded_;
+  LoadedPlugIns plugIns_;
 };
-
-std::shared_ptr<QEVDependencies::QEVNetworkProtocol> protocol(const std::string& name, const std::string& ports,
-                                                              std::int64_t source);
 
 }  // namespace QEVSettings

@@ -1,30 +1,9 @@
 #include "SettingsWindowTest.hpp"
 
-#include "foundation/Bundle.hpp"
-
 #include <utility>
 #include <variant>
 
 namespace QEVSettings {
-
-SettingsWindowTest::SettingsWindowTest() {
-  foundation::Bundle::setPreferredLanguages({"en"});
-  sparkle::UpdaterConfiguration configuration;
-  configuration.store = &updaterStore;
-  sparkle::UpdaterConfiguration::setStandard(configuration);
-  captureModel = std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(store.underneath(), interfaces);
-  updater = std::make_shared<UpdaterViewModel>();
-}
-
-SettingsWindowTest::~SettingsWindowTest() {
-  close();
-  updater.reset();
-  sparkle::UpdaterConfiguration::setStandard({});
-}
-
-QEVSettingsView SettingsWindowTest::settingsView(Tabs tab, std::optional<viewkit::View> proxyTab) const {
-  return {updater, delegate, captureModel, tab, std::move(proxyTab)};
-}
 
 headless::Window& SettingsWindowTest::open(Tabs tab, std::optional<viewkit::View> proxyTab) {
   close();

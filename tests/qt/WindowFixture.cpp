@@ -11,13 +11,11 @@ namespace qt {
 
 namespace {
 
-QAccessibleInterface* findIn(QAccessibleInterface* root, QAccessible::Role role, const QString& name) {
-  if (!root) return nullptr;
-  if (root->role() == role && (name.isEmpty() || root->text(QAccessible::Name) == name)) return root;
-  for (int i = 0; i < root->childCount(); ++i) {
-    if (auto* found = findIn(root->child(i), role, name)) return found;
-  }
-  return nullptr;
+void collect(QAccessibleInterface* root, QAccessible::Role role, const QString& name,
+             std::vector<QAccessibleInterface*>& found) {
+  if (!root) return;
+  if (root->role() == role && (name.isEmpty() || root->text(QAccessible::Name) == name)) found.push_back(root);
+  for (int i = 0; i < root->childCount(); ++i) collect(root->child(i), role, name, found);
 }
 
 // Qt's application has to be gone before static objects go, those of the window among them.
@@ -73,20 +71,41 @@ void WindowFixture::settle() {
   for (int i = 0; i < 5; ++i) Application::processEvents();
 }
 
-QAccessibleInterface& WindowFixture::find(QAccessible::Role role, const QString& name) const {
-  auto* found = findIn(QAccessible::queryAccessibleInterface(topLevel_), role, name);
-  if (!found) throw std::runtime_error("there is no such control: " + name.toStdString());
-  return *found;
+std::vector<QAccessibleInterface*> WindowFixture::findAll(QAccessible::Role role, const QString& name) const {
+  std::vector<QAccessibleInterface*> found;
+  collect(QAccessible::queryAccessibleInterface(topLevel_), role, name, found);
+  return found;
 }
 
-bool WindowFixture::has(QAccessible::Role role, const QString& name) const {
-  return findIn(QAccessible::queryAccessibleInterface(topLevel_), role, name) != nullptr;
+QAccessibleInterface& WindowFixture::find(QAccessible::Role role, const QString& name) const {
+  const auto found = findAll(role, name);
+  if (found.empty()) throw std::runtime_error("there is no such control: " + name.toStdString());
+  return *found.front();
 }
+
+bool WindowFixture::has(QAccessible::Role role, const QString& name) const { return !findAll(role, name).empty(); }
 
 QWidget& WindowFixture::widget(QAccessible::Role role, const QString& name) const {
   auto* found = qobject_cast<QWidget*>(find(role, name).object());
   if (!found) throw std::runtime_error("that is not a widget: " + name.toStdString());
   return *found;
+}
+
+void WindowFixture::click(const QAccessibleInterface& target) const {
+  const QPoint middle = topLevel_->mapFromGlobal(target.rect().center());
+  QTest::mouseMove(topLevel_->windowHandle(), middle);
+  QTest::mouseClick(topLevel_->windowHandle(), Qt::LeftButton, {}, middle);
+  settle();
+}
+
+void WindowFixture::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const {
+  QTest::keyClick(topLevel_->windowHandle(), key, modifiers);
+  settle();
+}
+
+void WindowFixture::type(const QString& text) const {
+  for (const QChar each : text) QTest::keyClick(topLevel_->windowHandle(), each.toLatin1());
+  settle();
 }
 
 void WindowFixture::destroyWindow() {

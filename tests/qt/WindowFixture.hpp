@@ -10,6 +10,7 @@
 #include <QWidget>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace qt {
 
@@ -23,21 +24,30 @@ protected:
   static Application& application();
 
   void open(viewkit::View root, viewkit::LayoutDirection direction = viewkit::LayoutDirection::leftToRight);
+  // The window's default store, instead of an empty one.
+  void useStore(QEVSettings::PreferencesStore& store) { store_ = &store; }
   // Lets everything happen that is waiting to.
   static void settle();
 
   // The first that has this role and, unless it is empty, this name; a test that asks for what is not
   // there fails.
   QAccessibleInterface& find(QAccessible::Role role, const QString& name = {}) const;
+  std::vector<QAccessibleInterface*> findAll(QAccessible::Role role, const QString& name = {}) const;
   bool has(QAccessible::Role role, const QString& name = {}) const;
   QWidget& widget(QAccessible::Role role, const QString& name = {}) const;
+  // As a person does: the pointer on the middle of it, and keys for whatever has the keyboard.
+  void click(const QAccessibleInterface& target) const;
+  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+  void type(const QString& text) const;
+
   QWidget& topLevel() const { return *topLevel_; }
   Window& window() const { return *window_; }
   // Closes and destroys it.
   void destroyWindow();
 
 private:
-  std::unique_ptr<foundation::UserDefaults> store_ = foundation::UserDefaults::inMemory();
+  std::unique_ptr<foundation::UserDefaults> empty_ = foundation::UserDefaults::inMemory();
+  QEVSettings::PreferencesStore* store_ = empty_.get();
   std::unique_ptr<Window> window_;
   QWidget* topLevel_ = nullptr;
 };

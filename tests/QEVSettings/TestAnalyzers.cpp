@@ -1,4 +1,4 @@
-#include "AnalyzerWindowTest.hpp"
+#include "TestAnalyzers.hpp"
 
 #include "QEVModels/QEVPlugInsController.hpp"
 
@@ -34,13 +34,11 @@ void PortsPreferences::setDefaultSettings(bool reset) {
   journal_.push_back(reset ? "set default settings" : "leave default settings");
 }
 
-AnalyzerWindowTest::~AnalyzerWindowTest() {
-  close();
+LoadedPlugIns::~LoadedPlugIns() {
   for (const auto& id : loaded_) QEVPlugInsController::sharedManager().unregisterPlugIn(id);
 }
 
-void AnalyzerWindowTest::load(const std::string& title,
-                              std::shared_ptr<QEVDependencies::QEVPreferencesObject> preferences) {
+void LoadedPlugIns::load(const std::string& title, std::shared_ptr<QEVDependencies::QEVPreferencesObject> preferences) {
   loaded_.push_back(foundation::UUID::random());
   QEVPlugInsController::sharedManager().registerPlugIn({.id = loaded_.back(),
                                                         .plugInTitle = title,

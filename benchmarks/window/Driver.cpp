@@ -1,0 +1,208 @@
+#include "Driver.hpp"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QTimer>
+#include <QWindow>
+
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <fstream>
+#include <utility>
+
+namespace {
+
+constexpr int kPatienceMilliseconds = 10'000;
+constexpr int kSettlingRounds = 4;
+// What is seen of the list without scrolling.
+constexpr int kAnalyzersInTurn = 8;
+constexpr int kPixelsBesideSwitch = 60;
+constexpr int kWidthsInTurn = 40;
+
+using Microseconds = std::chrono::duration<double, std::micro>;
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+double processorMicroseconds() {
+  timespec now{};
+  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+  return double(now.tv_sec) * 1e6 + double(now.tv_nsec) / 1e3;
+}
+
+// Notices when what it watches for has been painted.
+class PaintWatch : public QObject {
+public:
+  explicit PaintWatch(std::function<bool(const QWidget&, const QRect&)> watched) : watched_(std::move(watched)) {
+    qApp->installEventFilter(this);
+  }
+
+  bool hasSeen() const { return seen_; }
+
+  bool eventFilter(QObject* receiver, QEvent* event) override {
+    if (event->type() == QEvent::Paint && !seen_) {
+      const auto* widget = qobject_cast<QWidget*>(receiver);
+      seen_ = widget && watched_(*widget, static_cast<QPaintEvent*>(event)->rect());
+    }
+    return false;
+  }
+
+private:
+  std::function<bool(const QWidget&, const QRect&)> watched_;
+  bool seen_ = false;
+};
+
+auto within(const QWidget& window, QRect rect) {
+  return [&window, rect](const QWidget& painted, const QRect& part) {
+    return painted.window() == &window && part.translated(painted.mapTo(&window, QPoint())).intersects(rect);
+  };
+}
+
+auto inAnotherWindowThan(const QWidget& window) {
+  return [&window](const QWidget& painted, const QRect& /*part*/) { return painted.window() != &window; };
+}
+
+// Everything that is under way comes to its end.
+void settle() {
+  for (int i = 0; i < kSettlingRounds; ++i) {
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+}
+
+void sendMouse(QWidget& window, QEvent::Type type, QPoint at) {
+  const bool isMove = type == QEvent::MouseMove;
+  QMouseEvent event(type, at, at, window.mapToGlobal(QPointF(at)), isMove ? Qt::NoButton : Qt::LeftButton,
+                    type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(window.windowHandle(), &event);
+}
+
+void pointAt(QWidget& window, QPoint at) {
+  sendMouse(window, QEvent::MouseMove, at);
+  settle();
+}
+
+void click(QWidget& window, QPoint at) {
+  sendMouse(window, QEvent::MouseButtonPress, at);
+  sendMouse(window, QEvent::MouseButtonRelease, at);
+}
+
+void type(QWidget& window, int key, const QString& text) {
+  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+  QCoreApplication::sendEvent(window.windowHandle(), &press);
+  QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, text);
+  QCoreApplication::sendEvent(window.windowHandle(), &release);
+}
+
+}  // namespace
+
+Task Task::of(int argc, char** argv) {
+  if (argc != 4) {
+    std::fprintf(stderr, "usage: %s ANALYZERS REPETITIONS STARTED\n", argv[0]);
+    std::exit(2);
+  }
+  return {.analyzers = std::stoul(argv[1]),
+          .repetitions = std::stoi(argv[2]),
+          .started = Clock::time_point(std::chrono::nanoseconds(std::stoll(argv[3])))};
+}
+
+void Driver::waitFor(const Watched& watched) const {
+  const PaintWatch watch(watched);
+  while (!watch.hasSeen()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+void Driver::measure(const char* name, const Watched& watched, const std::function<void()>& act) const {
+  QTimer patience;
+  patience.setSingleShot(true);
+  patience.callOnTimeout([name] {
+    std::fprintf(stderr, "%s: nothing was painted\n", name);
+    std::exit(1);
+  });
+  patience.start(kPatienceMilliseconds);
+  const PaintWatch watch(watched);
+  const double processor = processorMicroseconds();
+  const auto start = Clock::now();
+  act();
+  while (!watch.hasSeen()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  const Microseconds elapsed = Clock::now() - start;
+  settle();
+  std::printf("%s %.1f %.1f\n", name, elapsed.count(), processorMicroseconds() - processor);
+}
+
+void Driver::reportMemory(const char* name) const {
+  std::ifstream status("/proc/self/status");
+  std::string word;
+  while (status >> word) {
+    if (word != "VmHWM:") continue;
+    status >> word;
+    std::printf("%s %s\n", name, word.c_str());
+    return;
+  }
+}
+
+void Driver::run(Contender& contender) {
+  QWidget& window = contender.window();
+  window.show();
+  waitFor(within(window, window.rect()));
+  const auto painted = Clock::now();
+  std::printf("first-frame %.2f\n", Milliseconds(painted - task_.started).count());
+  std::printf("own-part %.2f\n", Milliseconds(painted - ready_).count());
+  settle();
+  reportMemory("memory-first-frame");
+  if (task_.repetitions == 0) return;
+
+  window.activateWindow();
+  settle();
+  for (int i = 1; i <= task_.repetitions; ++i) {
+    const QPoint row = contender.analyzer(i % kAnalyzersInTurn).center();
+    pointAt(window, row);
+    measure("selection", within(window, contender.details()), [&] { click(window, row); });
+  }
+
+  const QRect toggle = contender.firstSwitch();
+  pointAt(window, toggle.center());
+  for (int i = 0; i < task_.repetitions; ++i) {
+    measure("switch", within(window, toggle), [&] { click(window, toggle.center()); });
+  }
+
+  const QPoint beside(toggle.left() - kPixelsBesideSwitch, toggle.center().y());
+  const QPoint elsewhere(1, 1);
+  for (int i = 0; i < task_.repetitions; ++i) {
+    pointAt(window, elsewhere);
+    measure("hover", within(window, QRect(beside, QSize(1, 1))), [&] { sendMouse(window, QEvent::MouseMove, beside); });
+  }
+
+  const QRect field = contender.firstPorts();
+  pointAt(window, field.center());
+  click(window, field.center());
+  settle();
+  for (int i = 0; i < task_.repetitions; ++i) {
+    const bool isAdding = i % 2 == 0;
+    measure("key", within(window, field), [&] {
+      type(window, isAdding ? Qt::Key_8 : Qt::Key_Backspace, isAdding ? QStringLiteral("8") : QString());
+    });
+  }
+
+  pointAt(window, elsewhere);
+  const QSize size = window.size();
+  for (int i = 1; i <= task_.repetitions; ++i) {
+    measure("resize", within(window, window.rect()),
+            [&] { window.resize(size.width() + i % kWidthsInTurn, size.height()); });
+  }
+  reportMemory("memory-peak");
+
+  QWidget& zones = contender.timeZoneWindow();
+  zones.show();
+  waitFor(within(zones, zones.rect()));
+  settle();
+  const QPoint menu = contender.timeZoneMenu().center();
+  pointAt(zones, menu);
+  const auto inPopup = [&](const QWidget& widget, const QRect& rect) {
+    return inAnotherWindowThan(zones)(widget, rect) && inAnotherWindowThan(window)(widget, rect);
+  };
+  for (int i = 0; i < task_.repetitions; ++i) {
+    measure("menu", inPopup, [&] { click(zones, menu); });
+    if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+    settle();
+  }
+}
