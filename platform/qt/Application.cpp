@@ -14,7 +14,9 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QSocketNotifier>
+#include <QTimer>
 #include <QToolTip>
 #include <QTranslator>
 
@@ -64,7 +66,12 @@ public:
     QAccessible::installFactory(makeAccessible);
     shared.setFontCatalog(std::make_shared<QtFontCatalog>());
     applyAppearance();
-    appearance_ = shared.effectiveAppearanceDidChange().subscribe([] { applyAppearance(); });
+    appearance_ = shared.effectiveAppearanceDidChange().subscribe([this] { applyAppearance(); });
+    platformChanged_.setSingleShot(true);
+    platformChanged_.callOnTimeout(&platformChanged_, [this] { platformChanged(); });
+    application_.onNewColors([this] {
+      if (!isSettingColors_) platformChanged_.start();
+    });
 
     auto& queue = foundation::MainQueue::mainQueue();
     queue.setWaker([this] { wake(); });
@@ -72,6 +79,7 @@ public:
   }
 
   ~Runtime() {
+    application_.onNewColors(nullptr);
     foundation::MainQueue::mainQueue().setWaker(nullptr);
     appkit::Application::sharedApplication().setFontCatalog(nullptr);
     QAccessible::removeFactory(makeAccessible);
@@ -98,10 +106,24 @@ private:
     appkit::Application::sharedApplication().setSystemAppearance(wanted.value_or(ownAppearance_));
   }
 
-  static void applyAppearance() {
+  void applyAppearance() {
+    const QScopedValueRollback guard(isSettingColors_, true);
     const QPalette palette = paletteOf(appkit::Application::sharedApplication().palette());
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
+    ownPalette_ = QApplication::palette();
+  }
+
+  // The platform has new colours, not we.
+  void platformChanged() {
+    {
+      const QScopedValueRollback guard(isSettingColors_, true);
+      // Behind ours, those of a new theme are not seen.
+      if (QApplication::palette() == ownPalette_) QApplication::setPalette(QPalette());
+      ownAppearance_ = appearanceOf(QApplication::palette());
+    }
+    followDesktop();
+    applyAppearance();
   }
 
   // On any thread.
@@ -111,8 +133,12 @@ private:
   }
 
   MonitoredApplication application_;
-  // Without a portal: what the desktop gave Qt.
+  // Without a portal: what the platform gives Qt.
   appkit::Appearance ownAppearance_ = appkit::Appearance::light;
+  QPalette ownPalette_;
+  bool isSettingColors_ = false;
+  // Several windows hear of one change.
+  QTimer platformChanged_;
   std::unique_ptr<DesktopPreferences> desktop_;
   QTranslator translator_;
   foundation::Subscription appearance_;

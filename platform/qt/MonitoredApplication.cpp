@@ -67,9 +67,14 @@ bool isForPlatform() {
 }  // namespace
 
 bool MonitoredApplication::notify(QObject* receiver, QEvent* event) {
-  if (event->type() != QEvent::KeyPress || event == passing_ || isForPlatform()) {
-    return QApplication::notify(receiver, event);
-  }
+  const bool isNewPalette = event->type() == QEvent::ApplicationPaletteChange && receiver == this;
+  const bool isNewTheme = event->type() == QEvent::ThemeChange && receiver->isWindowType();
+  if ((isNewPalette || isNewTheme) && newColors_) newColors_();
+  const bool isNewPress = event->type() == QEvent::KeyPress && event != passing_ && !isForPlatform();
+  return isNewPress ? notifyOfPress(receiver, event) : QApplication::notify(receiver, event);
+}
+
+bool MonitoredApplication::notifyOfPress(QObject* receiver, QEvent* event) {
   const auto& press = *static_cast<QKeyEvent*>(event);
   const appkit::Event pressed = eventFrom(press);
   const auto passedOn = appkit::Event::passThroughMonitors(appkit::Event::kKeyDownMask, pressed);

@@ -142,6 +142,33 @@ TEST_F(WindowTest, ClosingEndsTheViewsThenTellsWhoeverMayDestroyIt) {
   EXPECT_FALSE(window().isOpen()) << "a closed window stays closed";
 }
 
+TEST_F(WindowTest, FollowsThePlatformsColoursWhereTheApplicationHasNoneOfItsOwn) {
+  open(viewkit::Text("text"));
+  auto& shared = appkit::Application::sharedApplication();
+  const auto looksDark = [this] { return topLevel().grab().toImage().pixelColor(3, 3).lightness() < 128; };
+  const auto platformTurns = [](Qt::GlobalColor window, Qt::GlobalColor text) {
+    QPalette palette;
+    palette.setColor(QPalette::Window, window);
+    palette.setColor(QPalette::WindowText, text);
+    QApplication::setPalette(palette);
+    settle();
+  };
+  EXPECT_FALSE(looksDark());
+  platformTurns(Qt::black, Qt::white);
+  EXPECT_EQ(shared.effectiveAppearance(), appkit::Appearance::dark);
+  EXPECT_TRUE(looksDark());
+
+  shared.setAppearance(appkit::Appearance::light);
+  platformTurns(Qt::white, Qt::black);
+  platformTurns(Qt::black, Qt::white);
+  EXPECT_FALSE(looksDark());
+  shared.setAppearance(std::nullopt);
+  settle();
+  EXPECT_TRUE(looksDark()) << "what the platform wanted meanwhile";
+  platformTurns(Qt::white, Qt::black);
+  EXPECT_FALSE(looksDark());
+}
+
 TEST_F(WindowTest, WatchesADescriptorUntilTheSubscriptionEnds) {
   int ends[2];
   ASSERT_EQ(pipe(ends), 0);

@@ -1,0 +1,134 @@
+#include "appkit/Application.hpp"
+#include "foundation/UserDefaults.hpp"
+#include "qt/Application.hpp"
+#include "qt/Window.hpp"
+#include "viewkit/Text.hpp"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWidget>
+
+#include <memory>
+#include <optional>
+
+namespace qt {
+namespace {
+
+// A session bus of the test's own.
+class Bus {
+public:
+  Bus() {
+    QFile configuration(folder_.filePath("bus.conf"));
+    EXPECT_TRUE(configuration.open(QFile::WriteOnly));
+    configuration.write(QStringLiteral(R"(<busconfig><type>session</type><listen>unix:path=%1</listen>
+<policy context="default"><allow send_destination="*"/><allow receive_sender="*"/><allow own="*"/></policy>
+</busconfig>)")
+                            .arg(folder_.filePath("bus"))
+                            .toUtf8());
+    configuration.close();
+    process_.start("dbus-daemon",
+                   {"--nofork", "--nopidfile", "--print-address", "--config-file=" + configuration.fileName()});
+    EXPECT_TRUE(process_.waitForReadyRead(20'000)) << "there is no dbus-daemon";
+    address_ = process_.readLine().trimmed();
+  }
+  Bus(const Bus&) = delete;
+  Bus& operator=(const Bus&) = delete;
+  ~Bus() {
+    process_.kill();
+    process_.waitForFinished();
+  }
+
+  const QByteArray& address() const { return address_; }
+
+private:
+  QTemporaryDir folder_;
+  QProcess process_;
+  QByteArray address_;
+};
+
+// A settings portal in a process of its own; see fake_portal.cpp.
+class Portal {
+public:
+  Portal() {
+    process_.start(QEV_FAKE_PORTAL, {});
+    EXPECT_TRUE(process_.waitForReadyRead(20'000)) << process_.readAllStandardError().toStdString();
+  }
+  Portal(const Portal&) = delete;
+  Portal& operator=(const Portal&) = delete;
+  ~Portal() {
+    process_.closeWriteChannel();
+    process_.waitForFinished();
+  }
+
+  void announce(const QByteArray& setting, int value) {
+    process_.write(setting + ' ' + QByteArray::number(value) + '\n');
+    process_.waitForBytesWritten();
+  }
+
+private:
+  QProcess process_;
+};
+
+// The desktop begins dark.
+class PortalTest : public testing::Test {
+protected:
+  PortalTest() { appkit::Application::sharedApplication().setAppearance(std::nullopt); }
+  ~PortalTest() override { appkit::Application::sharedApplication().setAppearance(std::nullopt); }
+
+  static QByteArray busAddress(const Bus& bus) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address());
+    return bus.address();
+  }
+
+  bool becomes(appkit::Appearance appearance) {
+    return QTest::qWaitFor([&] { return looksDark() == (appearance == appkit::Appearance::dark); }, 20'000);
+  }
+  bool looksDark() { return window_.widget().grab().toImage().pixelColor(3, 3).lightness() < 128; }
+
+  // In this order.
+  Bus bus_;
+  QByteArray address_ = busAddress(bus_);
+  Portal portal_;
+  int argumentCount_ = 1;
+  char name_[12] = "portal_test";
+  char* arguments_[2] = {name_, nullptr};
+  Application application_{argumentCount_, arguments_, Application::Display::screen};
+  std::unique_ptr<foundation::UserDefaults> store_ = foundation::UserDefaults::inMemory();
+  Window window_{
+      {.title = "Test", .size = {200, 100}, .environment = {.defaultStore = *store_}, .root = viewkit::Text("text")}};
+};
+
+TEST_F(PortalTest, TheWindowFollowsTheDesktopUnlessItIsToldOtherwise) {
+  using appkit::Appearance;
+  window_.show();
+  EXPECT_TRUE(looksDark()) << "from its first moment";
+  for (const auto& [scheme, appearance] :
+       {std::pair{2, Appearance::light}, {1, Appearance::dark}, {0, Appearance::light}}) {
+    portal_.announce("color-scheme", scheme);
+    EXPECT_TRUE(becomes(appearance)) << scheme;
+  }
+
+  auto& shared = appkit::Application::sharedApplication();
+  shared.setAppearance(Appearance::light);
+  portal_.announce("color-scheme", 1);
+  // Later than the scheme, so that was heard too.
+  portal_.announce("reduced-motion", 1);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return application_.reducedMotion(); }, 20'000));
+  EXPECT_FALSE(looksDark());
+  shared.setAppearance(std::nullopt);
+  EXPECT_TRUE(becomes(Appearance::dark));
+
+  shared.setAppearance(Appearance::dark);
+  portal_.announce("color-scheme", 2);
+  portal_.announce("reduced-motion", 0);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !application_.reducedMotion(); }, 20'000));
+  EXPECT_TRUE(looksDark());
+}
+
+}  // namespace
+}  // namespace qt
