@@ -6,6 +6,7 @@
 
 import json
 import os
+import shutil
 import signal
 import struct
 import subprocess
@@ -42,12 +43,12 @@ class WindowCommands(unittest.TestCase):
         self.environment = {name: value for name, value in os.environ.items() if name not in hidden}
         self.environment["LANG"] = "C.UTF-8"
 
-    def command(self, *words):
-        return [PROGRAM, "--store", str(self.folder / "store.sqlite"), *words]
+    def command(self, *words, program=PROGRAM):
+        return [str(program), "--store", str(self.folder / "store.sqlite"), *words]
 
-    def run_host(self, *words, code=0, **variables):
+    def run_host(self, *words, code=0, program=PROGRAM, **variables):
         done = subprocess.run(
-            self.command(*words),
+            self.command(*words, program=program),
             capture_output=True,
             text=True,
             timeout=120,
@@ -111,6 +112,29 @@ class WindowCommands(unittest.TestCase):
         self.assertEqual(
             *[(self.folder / name / "general.png").read_bytes() for name in ("pictures 2", "pictures 0")]
         )
+
+    def test_finds_the_modules_texts_in_the_first_of_their_places(self):
+        program = self.folder / "programs" / "zorvantine"
+        program.parent.mkdir()
+        shutil.copy(PROGRAM, program)
+        resources = program.parent / "Resources"
+        resources.mkdir()
+
+        def place(folder, general):
+            tables = folder / "QEVSettings_QEVSettings.bundle" / "de.lproj"
+            tables.mkdir(parents=True)
+            (tables / "Localizable.strings").write_text(f'"General" = "{general}";', encoding="utf-16")
+
+        def title():
+            done = self.run_host("describe", "--format", "json", "--language", "de", program=program)
+            return next(each for each in nodes(json.loads(done.stdout)) if each["role"] == "tabList")["value"]
+
+        stopped = self.run_host("describe", program=program, code=-signal.SIGABRT)
+        self.assertIn("unable to find bundle named QEVSettings_QEVSettings\n", stopped.stderr)
+        place(program.parent, "beside the program")
+        self.assertEqual(title(), "beside the program")
+        place(resources, "in the resources")
+        self.assertEqual(title(), "in the resources")
 
     def test_without_a_display_the_window_is_drawn(self):
         for number, variables in enumerate([{}, {"DISPLAY": ":4747"}]):
