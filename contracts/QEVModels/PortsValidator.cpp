@@ -33,6 +33,7 @@ public:
 
   PortCorrection correction(Kind kind) const {
     std::vector<std::string> texts;
+    texts.reserve(named_.size());
     for (const PortsPiece& piece : named_) texts.push_back(piece.shown());
     return {kind, texts, others_};
   }

@@ -16,7 +16,7 @@ using foundation::Error;
 using foundation::Result;
 
 // Between what was read and what the network has ready, an answer takes no more memory than this.
-constexpr qint64 kReadBufferSize = 256 * 1024;
+constexpr qint64 kReadBufferSize = qint64{256} * 1024;
 
 QNetworkRequest networkRequest(const QUrl& url, const sparkle::FeedRequest& request) {
   QNetworkRequest result(url);

@@ -6,6 +6,7 @@
 #include "sparkle/Version.hpp"
 
 #include <algorithm>
+#include <compare>
 #include <utility>
 
 namespace sparkle {
@@ -39,9 +40,10 @@ Result<std::optional<AppcastItem>> newestUpdate(const Result<std::string>& feed,
   if (!feed) return feed.error();
   auto items = parseAppcast(*feed);
   if (!items) return items.error();
-  const auto newest = std::ranges::max_element(
-      *items, [](const AppcastItem& a, const AppcastItem& b) { return compareVersions(a.version, b.version) < 0; });
-  if (newest == items->end() || compareVersions(newest->version, currentVersion) <= 0) return {std::nullopt};
+  const auto newest = std::ranges::max_element(*items, [](const AppcastItem& a, const AppcastItem& b) {
+    return std::is_lt(compareVersions(a.version, b.version));
+  });
+  if (newest == items->end() || std::is_lteq(compareVersions(newest->version, currentVersion))) return {std::nullopt};
   return {std::move(*newest)};
 }
 
@@ -149,15 +151,16 @@ void SPUUpdater::download(FoundUpdate update) {
   FeedRequest request{.address = enclosure.url};
   request.longestAnswer = static_cast<std::size_t>(enclosure.length);
   request.patience = 30min;
-  fetch_ = configuration_.transport->fetch(request, [this, update](const Result<std::string>& contents) {
-    FoundUpdate shown = update;
-    // A download that fails is no reason to keep the new version secret.
-    if (contents) {
-      const auto package = keepPackage(update.item.enclosure, *contents, configuration_.downloadFolder);
-      if (package) shown.package = *package;
-    }
-    finish([shown](SPUUserDriver& driver) { driver.showUpdateFound(shown); });
-  });
+  fetch_ =
+      configuration_.transport->fetch(request, [this, update = std::move(update)](const Result<std::string>& contents) {
+        FoundUpdate shown = update;
+        // A download that fails is no reason to keep the new version secret.
+        if (contents) {
+          const auto package = keepPackage(update.item.enclosure, *contents, configuration_.downloadFolder);
+          if (package) shown.package = *package;
+        }
+        finish([shown](SPUUserDriver& driver) { driver.showUpdateFound(shown); });
+      });
 }
 
 void SPUUpdater::finish(const Show& show) {
