@@ -17,7 +17,10 @@ set(QEV_INSTALL_BUNDLES ${CMAKE_INSTALL_DATADIR}/QEVSettings)
 set(ZORVANTINE_INSTALL_RESOURCES ${CMAKE_INSTALL_DATADIR}/zorvantine)
 
 add_library(qev_options INTERFACE)
-target_compile_options(qev_options INTERFACE -Wall -Wextra -Wpedantic -Werror)
+target_compile_options(qev_options INTERFACE -Wall -Wextra -Wpedantic)
+if(QEV_WARNINGS_ARE_ERRORS)
+  target_compile_options(qev_options INTERFACE -Werror)
+endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # Optimised, g++ 12 sees overlapping copies in every concatenation of strings, and optionals that hold nothing
   # being destroyed.
