@@ -133,7 +133,8 @@ int MenuList::contentWidth() const {
 int MenuList::contentHeight() const { return rowRect(static_cast<int>(items_.size()) - 1).bottom() + 1; }
 
 void MenuList::keyboardSearch(const QString& typed) {
-  if (!sinceTyped_.isValid() || sinceTyped_.hasExpired(qint64{3} * QApplication::keyboardInputInterval())) typed_.clear();
+  if (!sinceTyped_.isValid() || sinceTyped_.hasExpired(qint64{3} * QApplication::keyboardInputInterval()))
+    typed_.clear();
   sinceTyped_.restart();
   typed_ += typed;
   const auto begins = [this](const viewkit::MenuItem& item) {
