@@ -17,8 +17,9 @@ struct Inherited {
   Color foreground = Color::primary();
   Font font = Font::body();
   bool enabled = true;
-  // A node above speaks for everything it contains.
-  bool collapsed = false;
+  // What a node above tells assistive technology of itself, instead of the nodes that it contains.
+  enum class SpokenFor { nothing, allButControls, everything };
+  SpokenFor spokenFor = SpokenFor::nothing;
 
   // For the first node below that can carry them, not for everything below that one.
   struct ForOne {
@@ -33,7 +34,7 @@ struct Inherited {
 
   friend bool operator==(const Inherited& a, const Inherited& b) {
     return isSame(a.environment, b.environment) && a.foreground == b.foreground && a.font == b.font &&
-           a.enabled == b.enabled && a.collapsed == b.collapsed && a.forOne == b.forOne;
+           a.enabled == b.enabled && a.spokenFor == b.spokenFor && a.forOne == b.forOne;
   }
 
 private:

@@ -210,7 +210,7 @@ void Node::setAccessibility(Accessibility accessibility) {
   if (!own.help.empty()) accessibility.help = own.help;
   if (own.selected) accessibility.selected = own.selected;
   accessibility.enabled = inherited_->enabled;
-  if (inherited_->collapsed) accessibility.role = Role::none;
+  if (!speaksForItself()) accessibility.role = Role::none;
   if (node.accessibility == accessibility && node.tooltip == own.help) return;
   node.accessibility = std::move(accessibility);
   node.tooltip = own.help;
@@ -254,19 +254,29 @@ const InheritedPtr& Node::inheritedByChildren() {
   return withoutForOne_.from(inherited_, [](Inherited& next) { next.forOne = {}; });
 }
 
+bool Node::speaksForItself() const {
+  using SpokenFor = Inherited::SpokenFor;
+  const bool isControl = presented_ && presented_->node.control();
+  return inherited_->spokenFor == SpokenFor::nothing ||
+         (inherited_->spokenFor == SpokenFor::allButControls && isControl);
+}
+
 std::string Node::spokenContents() {
   std::string words;
-  visitShownChildren([&](Node& child) { child.appendSpoken(words); });
+  for (const bool withControls : {false, true}) {
+    if (words.empty()) visitShownChildren([&](Node& child) { child.appendSpoken(words, withControls); });
+  }
   return words;
 }
 
-void Node::appendSpoken(std::string& into) {
+void Node::appendSpoken(std::string& into, bool withControls) {
+  if (inherited_->spokenFor == Inherited::SpokenFor::allButControls && speaksForItself() && !withControls) return;
   if (presented_ && !presented_->node.accessibility.label.empty()) {
     if (!into.empty()) into += ' ';
     into += presented_->node.accessibility.label;
     return;
   }
-  visitShownChildren([&](Node& child) { child.appendSpoken(into); });
+  visitShownChildren([&](Node& child) { child.appendSpoken(into, withControls); });
 }
 
 NodeDescription Node::describe(Point parentOrigin) {

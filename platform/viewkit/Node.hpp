@@ -102,7 +102,8 @@ public:
   // A node that speaks for all it contains says their words where it has no label of its own.
   virtual bool speaksForContents() const { return false; }
   virtual void contentsChanged() {}
-  // The labels of what the node shows, joined by spaces.
+  // The labels of what the node shows, joined by spaces; those of controls that speak for themselves only
+  // where there are no others.
   std::string spokenContents();
 
   // Every child, shown or not, in the order of painting.
@@ -187,7 +188,8 @@ private:
   };
 
   Node& presentingAncestor() const;
-  void appendSpoken(std::string& into);
+  bool speaksForItself() const;
+  void appendSpoken(std::string& into, bool withControls);
 
   ViewHost::Runtime* runtime_ = nullptr;
   Node* parent_ = nullptr;

@@ -86,7 +86,7 @@ void Presenter::refreshSpokenLabels() {
   };
   // NOLINTNEXTLINE(modernize-loop-convert): the list grows by the nodes whose label changes
   for (std::size_t i = 0; i < changed_.size(); ++i) {
-    if (changed_[i]->inherited().collapsed) refresh(changed_[i]);
+    if (changed_[i]->inherited().spokenFor != Inherited::SpokenFor::nothing) refresh(changed_[i]);
   }
   for (Node* node : changedChildren_) refresh(node);
 }

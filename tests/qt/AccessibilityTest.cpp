@@ -28,12 +28,14 @@ struct Rows {
 
   View body() const {
     return viewkit::VStack(
-        {}, {viewkit::Text("Heading").accessibilityRole(Role::heading),
-             viewkit::Image::symbol("clock").accessibilityLabel("A clock"),
-             viewkit::VStack({}, {row(0), row(1)}).accessibilityRole(Role::list).accessibilityLabel("Rows"),
-             viewkit::HStack({}, {viewkit::Toggle(viewkit::Binding<bool>::constant(true)).accessibilityLabel("switch")})
-                 .accessibilityRole(Role::group),
-             selected.get() == 1 ? View(viewkit::Text("Beware").accessibilityRole(Role::alert)) : View{}});
+        {},
+        {viewkit::Text("Heading").accessibilityRole(Role::heading),
+         viewkit::Image::symbol("clock").accessibilityLabel("A clock"),
+         viewkit::VStack({}, {row(0), row(1)}).accessibilityRole(Role::list).accessibilityLabel("Rows"),
+         viewkit::HStack({}, {viewkit::Toggle(viewkit::Binding<bool>::constant(true)).accessibilityLabel("switch")})
+             .accessibilityRole(Role::group),
+         viewkit::HStack({}, {viewkit::Text("Row"), viewkit::Button("Edit", [] {})}).accessibilityRole(Role::listItem),
+         selected.get() == 1 ? View(viewkit::Text("Beware").accessibilityRole(Role::alert)) : View{}});
   }
 };
 
@@ -55,6 +57,11 @@ TEST_F(AccessibilityTest, WhatIsPaintedIsToldWithItsPlaceAndItsParents) {
   EXPECT_EQ(toggle.parent()->role(), QAccessible::Grouping) << "a control stands where its view does";
   EXPECT_TRUE(toggle.state().checked);
   EXPECT_TRUE(toggle.parent()->rect().contains(toggle.rect()));
+  QAccessibleInterface& row = find(QAccessible::ListItem, "Row");
+  ASSERT_EQ(row.childCount(), 1) << "a row does not hide its controls";
+  EXPECT_EQ(row.child(0)->role(), QAccessible::PushButton);
+  EXPECT_EQ(row.child(0)->text(QAccessible::Name), "Edit");
+  EXPECT_EQ(row.child(0)->parent(), &row);
   EXPECT_EQ(list.childAt(second.rect().center().x(), second.rect().center().y()), &second);
 }
 

@@ -108,6 +108,29 @@ TEST(Accessibility, ARoleSpeaksForAllThatItContains) {
   EXPECT_EQ(card.label(), "Dark taps 1");
 }
 
+TEST(Accessibility, AListItemLeavesItsControlsTold) {
+  bool isOn = false;
+  int presses = 0;
+  headless::Window window = testing::open(VStack(
+      {},
+      {HStack({}, {Text("Checksums"),
+                   Toggle(Binding<bool>([&] { return isOn; }, [&](bool on) { isOn = on; })).accessibilityLabel("on")})
+           .accessibilityRole(Role::listItem),
+       PlainButton(Text("eth0"), [&] { ++presses; }).accessibilityRole(Role::listItem)}));
+  const auto items = window.findAll(Role::listItem);
+  ASSERT_EQ(items.size(), 2U);
+  EXPECT_EQ(items[0].label(), "Checksums") << "a control says its own name";
+  EXPECT_TRUE(items[0].findAll(Role::text).empty());
+  ASSERT_EQ(items[0].findAll(Role::toggle).size(), 1U);
+  window.click(items[0].findAll(Role::toggle)[0]);
+  EXPECT_TRUE(isOn);
+
+  EXPECT_EQ(items[1].label(), "eth0") << "unless there is nothing else to say";
+  ASSERT_EQ(items[1].findAll(Role::button).size(), 1U);
+  window.click(items[1].findAll(Role::button)[0]);
+  EXPECT_EQ(presses, 1);
+}
+
 TEST(Accessibility, WhatIsSaidOfAContainerIsSaidOnce) {
   headless::Window window = testing::open(
       HStack({}, {Text("a"), Text("b")}).accessibilityLabel("both").help("two letters").accessibilitySelected(true));

@@ -50,7 +50,7 @@ protected:
   const InheritedPtr& inheritedByContent() override {
     return handedOn_.from(inheritedPtr(), [](Inherited& next) {
       next.forOne = {};
-      next.collapsed = true;
+      next.spokenFor = Inherited::SpokenFor::everything;
     });
   }
 

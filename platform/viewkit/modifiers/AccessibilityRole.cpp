@@ -1,5 +1,6 @@
 #include "ModifierNode.hpp"
 
+#include <algorithm>
 #include <memory>
 
 namespace viewkit {
@@ -10,6 +11,12 @@ namespace {
 bool holdsOthers(Role role) {
   return role == Role::group || role == Role::list || role == Role::scrollArea || role == Role::popover ||
          role == Role::tabList;
+}
+
+Inherited::SpokenFor spokenForBy(Role role) {
+  if (holdsOthers(role)) return Inherited::SpokenFor::nothing;
+  // A row of a list is read in one go, and what can be used in it is still reached.
+  return role == Role::listItem ? Inherited::SpokenFor::allButControls : Inherited::SpokenFor::everything;
 }
 
 class RoleValue final : public ModifierValue {
@@ -24,7 +31,9 @@ public:
 
 class RoleNode final : public ModifierNode {
 public:
-  bool speaksForContents() const override { return !holdsOthers(role()) && !inherited().collapsed; }
+  bool speaksForContents() const override {
+    return !holdsOthers(role()) && inherited().spokenFor == Inherited::SpokenFor::nothing;
+  }
   void contentsChanged() override { say(); }
 
 protected:
@@ -37,7 +46,7 @@ protected:
   const InheritedPtr& inheritedByContent() override {
     return handedOn_.from(inheritedPtr(), [this](Inherited& next) {
       next.forOne = {};
-      next.collapsed = next.collapsed || !holdsOthers(role());
+      next.spokenFor = std::max(next.spokenFor, spokenForBy(role()));
     });
   }
 

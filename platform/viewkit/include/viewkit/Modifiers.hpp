@@ -104,7 +104,8 @@ public:
   // Shown when the pointer rests on the view, and told to assistive technology.
   View help(std::string text) const;
   View accessibilityLabel(std::string label) const;
-  // What the view is to assistive technology, together with all that it contains.
+  // What the view is to assistive technology, together with all that it contains; the controls in a list
+  // item are told besides.
   View accessibilityRole(Role role) const;
   View accessibilitySelected(bool selected) const;
 
