@@ -1,5 +1,6 @@
 #include "QEVModels/PortsValidator.hpp"
 #include "commands/Commands.hpp"
+#include "foundation/Bundle.hpp"
 #include "foundation/JSONWriter.hpp"
 
 #include <istream>
@@ -35,6 +36,8 @@ Failed run(const ValidatePortsCommand& command, Console& console) {
   std::string text = command.text;
   if (text == "-") text.assign(std::istreambuf_iterator(console.in), {});
   if (console.in.bad()) return Failure{.message = "standard input could not be read; give the ports as an argument"};
+  // A shell is spoken to in English.
+  foundation::Bundle::setPreferredLanguages({"en"});
   const PortValidationResult result = QEVModels::validatedPorts(text);
   command.format == OutputFormat::json ? printJSON(result, console.out) : printText(result, console.out);
   return std::nullopt;

@@ -1,5 +1,7 @@
 #include "QEVModels/PortsValidator.hpp"
 
+#include "foundation/Bundle.hpp"
+
 #include <gmock/gmock.h>
 
 #include <string>
@@ -100,7 +102,8 @@ TEST(PortsValidatorTest, BringsEveryTextIntoNormalForm) {
   }
 }
 
-std::string onlyMessage(std::string_view text) {
+std::string onlyMessage(std::string_view text, const std::string& language = "en") {
+  foundation::Bundle::setPreferredLanguages({language});
   const auto result = validatedPorts(text);
   EXPECT_THAT(result.corrections, SizeIs(1));
   return result.corrections.empty() ? "" : result.corrections.front().message();
@@ -114,6 +117,23 @@ TEST(PortsValidatorTest, MessagesNameThePiecesAsTheyWereWritten) {
   EXPECT_EQ(onlyMessage("a,b,a,c,a,d,e,a"), "“a”, “b”, “c” and 2 more are neither ports nor ranges and were left out");
   EXPECT_EQ(onlyMessage("20 – 10, 7-3"), "“20 – 10” and “7-3” were written backwards and were turned");
   EXPECT_EQ(onlyMessage("80,80,80"), "“80” was named more than once and was kept once");
+}
+
+TEST(PortsValidatorTest, MessagesSpeakThePersonsLanguage) {
+  EXPECT_EQ(onlyMessage("70000", "de"), "„70000“ ist kein Port (0–65535) und wurde weggelassen");
+  EXPECT_EQ(onlyMessage("a,b", "fr"),
+            "«\u00a0a\u00a0» et «\u00a0b\u00a0» ne sont ni des ports ni des plages et ont été ignorés");
+  EXPECT_EQ(onlyMessage("a b c d", "ja"), "「a」、「b」、「c」、ほか1件はポートでも範囲でもないため除きました");
+  for (const char* language : {"de", "fr", "es", "ja", "zh-Hans", "ar"}) {
+    for (const char* text :
+         {"x1", "x1,x2", "70001", "70001,70002", "70-1", "70-1,71-1", "7,7", "7,7,8,8", "x1,x2,x3,x4"}) {
+      const std::string english = onlyMessage(text);
+      const std::string message = onlyMessage(text, language);
+      EXPECT_NE(message, english) << language;
+      EXPECT_THAT(message, HasSubstr(std::string(text).substr(0, std::string_view(text).find(',')))) << language;
+      EXPECT_THAT(message, Not(HasSubstr("%"))) << language;
+    }
+  }
 }
 
 TEST(PortsValidatorTest, MessagesStayShortAndPrintable) {

@@ -4,6 +4,7 @@
 #include "QEVDependencies/ProxyAddress.hpp"
 #include "QEVDependencies/ProxyServiceProtocol.hpp"
 #include "QEVDependencies/QEVError.hpp"
+#include "QEVModels/PortsValidator.hpp"
 #include "QEVSettings/CheckForUpdatesView.hpp"
 #include "QEVSettings/ProxySettingsView.hpp"
 #include "analyzers/AnalyzerDescription.hpp"
@@ -12,6 +13,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <set>
@@ -26,6 +28,7 @@ using viewkit::Role;
 
 const std::filesystem::path kSource = QEV_SOURCE_FOLDER;
 const std::filesystem::path kModule = "QEVSettings/resources/QEVSettings_QEVSettings.bundle";
+const std::filesystem::path kHost = "host/resources";
 const std::filesystem::path kTools = "contracts/QEVCommonTools/resources/QEVCommonTools_QEVCommonTools.bundle";
 
 StringsTable readTable(const std::filesystem::path& bundle, const std::string& language) {
@@ -34,14 +37,17 @@ StringsTable readTable(const std::filesystem::path& bundle, const std::string& l
   return table ? *std::move(table) : StringsTable();
 }
 
-std::size_t places(std::string_view text) {
-  std::size_t count = 0;
-  for (auto at = text.find("%@"); at != std::string_view::npos; at = text.find("%@", at + 1)) ++count;
-  return count;
+// Where values are filled in: "%@", and "%1" for a value that has a number.
+std::multiset<std::string> places(std::string_view text) {
+  std::multiset<std::string> found;
+  for (auto at = text.find('%'); at != std::string_view::npos; at = text.find('%', at + 1)) {
+    found.emplace(text.substr(at, 2));
+  }
+  return found;
 }
 
 TEST(TranslationsTest, SayInEveryLanguageWhatTheEnglishTablesSay) {
-  for (const auto& bundle : {kModule, kTools}) {
+  for (const auto& bundle : {kModule, kTools, kHost}) {
     const StringsTable english = readTable(bundle, "en");
     ASSERT_FALSE(english.empty());
     for (const char* language : {"de", "fr", "es", "ja", "zh-Hans", "ar"}) {
@@ -88,8 +94,7 @@ public:
     if (isOfTheTest(text)) return;
     if (!text.starts_with(kOpen)) unmarked_.push_back(text);
     for (auto open = text.find(kOpen); open != std::string::npos; open = text.find(kOpen, open + 1)) {
-      const auto begin = open + kOpen.size();
-      seen_.insert(text.substr(begin, text.find(kClose, begin) - begin));
+      seen_.insert(withoutMarks(text.substr(open + kOpen.size(), closeOf(text, open) - open - kOpen.size())));
     }
   }
 
@@ -97,15 +102,45 @@ public:
   std::vector<std::string> unseen() const {
     std::vector<std::string> keys;
     for (const std::string& key : keys_) {
-      // Up to where a value is filled in.
-      const std::string beginning = key.substr(0, key.find("%@"));
-      const auto found = seen_.lower_bound(beginning);
-      if (found == seen_.end() || !found->starts_with(beginning)) keys.push_back(key);
+      if (std::ranges::none_of(seen_, [&](const std::string& text) { return isMadeOf(key, text); }))
+        keys.push_back(key);
     }
     return keys;
   }
 
 private:
+  // Where the mark ends that begins there; a text may be filled into another.
+  static std::size_t closeOf(const std::string& text, std::size_t open) {
+    int depth = 0;
+    for (std::size_t at = open; at < text.size(); ++at) {
+      const std::string_view rest = std::string_view(text).substr(at);
+      if (rest.starts_with(kOpen)) ++depth;
+      if (rest.starts_with(kClose) && --depth == 0) return at;
+    }
+    return text.size();
+  }
+
+  static std::string withoutMarks(std::string text) {
+    for (const std::string_view mark : {kOpen, kClose}) {
+      for (auto at = text.find(mark); at != std::string::npos; at = text.find(mark)) text.erase(at, mark.size());
+    }
+    return text;
+  }
+
+  // The text with values for the places in the key.
+  static bool isMadeOf(std::string_view key, std::string_view text) {
+    for (auto place = key.find("%@"); place != std::string_view::npos; place = key.find("%@")) {
+      if (!text.starts_with(key.substr(0, place))) return false;
+      key.remove_prefix(place + 2);
+      text.remove_prefix(place);
+      if (key.empty()) return true;
+      const auto next = text.find(key.substr(0, key.find("%@")));
+      if (next == std::string_view::npos) return false;
+      text.remove_prefix(next);
+    }
+    return text == key;
+  }
+
   // Names, numbers and samples of fonts are the same in every language.
   static bool isOfTheTest(std::string_view text) {
     return text.find("x-") != std::string_view::npos || text.starts_with("Sans ") || text == "TCP" ||
@@ -220,6 +255,9 @@ TEST_F(LocalizationTest, AsksTheTablesForEveryTextAndForNothingElse) {
 
   for (int i = 0; i < 10; ++i) texts.see(QEVCommonTools::localized(message(static_cast<QEVDependencies::QEVError>(i))));
   texts.see(QEVCommonTools::localized(message(static_cast<QEVDependencies::QEVError>(10))));
+  for (const char* ports : {"x", "x,y", "70000", "70000,70001", "2-1", "2-1,3-1", "1,1", "1,1,2,2", "x,y,z,w"}) {
+    texts.see(QEVModels::validatedPorts(ports).corrections.front().message());
+  }
   for (const char* host : {"", "no host"}) {
     texts.see(QEVCommonTools::localized(QEVDependencies::validatedProxyHost(host).error().message));
   }

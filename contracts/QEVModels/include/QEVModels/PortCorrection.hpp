@@ -23,7 +23,7 @@ public:
   PortCorrection(Kind kind, const std::vector<std::string>& pieces, std::size_t others);
 
   Kind kind() const { return kind_; }
-  // One sentence for the user, which names the pieces.
+  // One sentence for the user, in their language, which names the pieces.
   const std::string& message() const { return message_; }
 
   friend bool operator==(const PortCorrection&, const PortCorrection&) = default;
