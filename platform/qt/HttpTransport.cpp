@@ -1,5 +1,7 @@
 #include "qt/HttpTransport.hpp"
 
+#include "sparkle/reason.hpp"
+
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
@@ -35,6 +37,8 @@ QNetworkRequest networkRequest(const QUrl& url, const sparkle::FeedRequest& requ
   return result;
 }
 
+Error badStatus(int status) { return sparkle::reason("the server answers with the code %1", {std::to_string(status)}); }
+
 // One answer as it comes in. It belongs to its reply, and ends with it.
 class Fetch final : public QObject {
 public:
@@ -53,7 +57,7 @@ public:
 
 private:
   void fail(const char* reason) {
-    if (!problem_) problem_ = Error{reason};
+    if (!problem_) problem_ = sparkle::reason(reason);
     reply_->abort();
   }
 
@@ -66,9 +70,9 @@ private:
   Result<std::string> outcome() {
     if (problem_) return *problem_;
     const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    if (status >= 400) return Error{"the server answers with the code " + std::to_string(status)};
+    if (status >= 400) return badStatus(status);
     if (reply_->error() != QNetworkReply::NoError) return Error{reply_->errorString().toStdString()};
-    if (status != 200) return Error{"the server answers with the code " + std::to_string(status)};
+    if (status != 200) return badStatus(status);
     return std::move(body_);
   }
 

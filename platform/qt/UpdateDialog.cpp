@@ -26,11 +26,11 @@ QString shortened(const std::string& version) {
   return text.size() > kLongestVersion ? text.left(kLongestVersion) + "…" : text;
 }
 
-// Errors are told without a capital and a full stop, to stand within a line.
-QString asSentence(const std::string& message) {
+// Errors are told without a capital, to stand within a line.
+QString capitalized(const std::string& message) {
   QString text = QString::fromStdString(message).simplified();
   if (!text.isEmpty()) text[0] = text[0].toUpper();
-  return text + ".";
+  return text;
 }
 
 QLabel* label(const QString& text, QWidget* parent) {
@@ -92,7 +92,7 @@ void UpdateDialog::showUpdateNotFound(const std::string& currentVersion) {
 void UpdateDialog::showUpdaterError(const foundation::Error& error) {
   show({.icon = QStyle::SP_MessageBoxWarning,
         .headline = QString::fromStdString(localize_("Could not check for updates")),
-        .text = asSentence(error.message),
+        .text = QString::fromStdString(localize_("%1.")).arg(capitalized(error.message)),
         .notes = {}});
 }
 

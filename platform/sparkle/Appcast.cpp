@@ -1,5 +1,7 @@
 #include "sparkle/Appcast.hpp"
 
+#include "sparkle/reason.hpp"
+
 #include <expat.h>
 
 #include <array>
@@ -69,7 +71,7 @@ private:
   }
 
   void stop(const char* message) {
-    problem_ = Error{message};
+    problem_ = reason(message);
     XML_StopParser(parser_, XML_FALSE);
   }
 
@@ -146,18 +148,18 @@ private:
 }  // namespace
 
 foundation::Result<std::vector<AppcastItem>> parseAppcast(std::string_view feed) {
-  if (feed.size() > kLongestFeed) return Error{"the update feed is longer than 4 MiB"};
+  if (feed.size() > kLongestFeed) return reason("the update feed is longer than 4 MiB");
   const Parser parser(XML_ParserCreate(nullptr));
-  if (parser == nullptr) return Error{"there is not enough memory to read the update feed"};
+  if (parser == nullptr) return reason("there is not enough memory to read the update feed");
 
   Reader reader(parser.get());
   const auto status = XML_Parse(parser.get(), feed.data(), static_cast<int>(feed.size()), XML_TRUE);
   if (reader.problem()) return *reader.problem();
   if (status != XML_STATUS_OK) {
-    return Error{"the update feed is damaged in line " + std::to_string(XML_GetCurrentLineNumber(parser.get())) + ": " +
-                 XML_ErrorString(XML_GetErrorCode(parser.get()))};
+    return reason("the update feed is damaged in line %1: %2", {std::to_string(XML_GetCurrentLineNumber(parser.get())),
+                                                                XML_ErrorString(XML_GetErrorCode(parser.get()))});
   }
-  if (!reader.hasChannel()) return Error{"the update feed is no RSS feed"};
+  if (!reader.hasChannel()) return reason("the update feed is no RSS feed");
   return reader.takeItems();
 }
 

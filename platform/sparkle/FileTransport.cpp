@@ -1,6 +1,7 @@
 #include "sparkle/FileTransport.hpp"
 
 #include "foundation/MainQueue.hpp"
+#include "sparkle/reason.hpp"
 
 #include <charconv>
 #include <fstream>
@@ -13,27 +14,28 @@ namespace sparkle {
 
 namespace {
 
-using foundation::Error;
 using foundation::Result;
 
 Result<std::string> read(const FeedRequest& request) {
   const auto path = FileTransport::pathOf(request.address);
-  if (!path) return Error{"the address " + request.address + " is not a file:// address"};
+  if (!path) return reason("the address %1 is not a file:// address", {request.address});
 
   // A pipe or a device could keep the main thread waiting.
   std::error_code error;
   if (!std::filesystem::is_regular_file(*path, error)) {
-    return Error{path->string() + (error ? " cannot be opened" : " is no file")};
+    return reason(error ? "%1 cannot be opened" : "%1 is no file", {path->string()});
   }
   std::ifstream file(*path, std::ios::binary);
-  if (!file) return Error{path->string() + " cannot be opened"};
+  if (!file) return reason("%1 cannot be opened", {path->string()});
 
   // One byte more than is allowed tells that there is more.
   std::string contents(request.longestAnswer + 1, '\0');
   file.read(contents.data(), static_cast<std::streamsize>(contents.size()));
-  if (file.bad()) return Error{path->string() + " cannot be read"};
+  if (file.bad()) return reason("%1 cannot be read", {path->string()});
   contents.resize(static_cast<std::size_t>(file.gcount()));
-  if (contents.size() > request.longestAnswer) return Error{path->string() + " is longer than an update feed may be"};
+  if (contents.size() > request.longestAnswer) {
+    return reason("%1 is longer than an update feed may be", {path->string()});
+  }
   return contents;
 }
 

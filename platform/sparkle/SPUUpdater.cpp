@@ -4,6 +4,7 @@
 #include "foundation/UserDefaults.hpp"
 #include "sparkle/FileTransport.hpp"
 #include "sparkle/Version.hpp"
+#include "sparkle/reason.hpp"
 
 #include <algorithm>
 #include <compare>
@@ -111,7 +112,7 @@ void SPUUpdater::check(Occasion occasion) {
                        {"X-System-Architecture", configuration_.profile.architecture}};
   }
   if (request.address.empty()) {
-    fail(occasion, Error{"the application names no update feed"});
+    fail(occasion, reason("the application names no update feed"));
     return;
   }
   fetch_ = configuration_.transport->fetch(

@@ -1,3 +1,4 @@
+#include "foundation/Bundle.hpp"
 #include "foundation/StringsFile.hpp"
 #include "foundation/UserDefaults.hpp"
 #include "qt/EventLoopTimer.hpp"
@@ -121,18 +122,20 @@ TEST_F(QtUpdates, FetchesOverHttpAndTellsNothingButItsHeaders) {
                                                          {"Pragma", "no-cache"}}));
 }
 
-TEST_F(QtUpdates, SaysWhyItCouldNotFetch) {
+TEST_F(QtUpdates, SaysWhyItCouldNotFetchInThePersonsLanguage) {
   struct Case {
     std::string answer;
     std::string reason;
   };
   const std::vector<Case> cases = {
-      {"HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\nConnection: close\r\n\r\n", "code 404"},
-      {"HTTP/1.1 204 No Content\r\nConnection: close\r\n\r\n", "code 204"},
-      {ok(std::string(100, 'x')), "longer than it may be"},
+      {"HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\nConnection: close\r\n\r\n", "Code 404"},
+      {"HTTP/1.1 204 No Content\r\nConnection: close\r\n\r\n", "Code 204"},
+      {ok(std::string(100, 'x')), "länger, als sie sein darf"},
       {"HTTP/1.1 302 Found\r\nLocation: file:///etc/passwd\r\nContent-Length: 0\r\nConnection: close\r\n\r\n", ""},
-      {"", "too long to answer"},
+      {"", "zu lange für eine Antwort"},
   };
+  foundation::Bundle::setMainResourceFolder(QEV_SOURCE_FOLDER "/host/resources");
+  foundation::Bundle::setPreferredLanguages({"de"});
   for (const Case& each : cases) {
     server.answer = each.answer;
     server.asked.clear();
@@ -194,7 +197,7 @@ TEST_F(QtUpdates, TheDialogSpeaksEachLanguageOfTheHost) {
   driver.showUpdateFound(update);
   driver.showUpdateNotFound("1.0");
   driver.showUpdaterError({"the server does not answer"});
-  ASSERT_EQ(keys.size(), 8U);
+  ASSERT_EQ(keys.size(), 9U);
   EXPECT_NE(textOf(*dialog()).find("The server does not answer."), std::string::npos);
 
   for (const std::string language : {"en", "de", "fr", "es", "ja", "zh-Hans", "ar"}) {

@@ -1,5 +1,6 @@
 #include "sparkle/SPUStandardUpdaterController.hpp"
 
+#include "foundation/Bundle.hpp"
 #include "foundation/MainQueue.hpp"
 #include "foundation/UserDefaults.hpp"
 
@@ -92,6 +93,7 @@ public:
 class UpdaterTest : public testing::Test {
 protected:
   UpdaterTest() {
+    foundation::Bundle::setPreferredLanguages({"en"});
     configuration.feedAddress = "http://mirror/appcast.xml";
     configuration.applicationVersion = "1.9";
     configuration.profile = {.systemVersion = "Debian 12", .architecture = "amd64"};
@@ -266,6 +268,27 @@ TEST_F(UpdaterTest, AScheduledCheckDownloadsThePackageWhereThatIsWanted) {
   EXPECT_FALSE(driver->package);
   EXPECT_FALSE(std::filesystem::exists(folder / "zorvantine_203.0.deb"));
   std::filesystem::remove_all(folder);
+}
+
+TEST_F(UpdaterTest, SaysWhyInThePersonsLanguage) {
+  const std::vector<std::pair<std::string, std::string>> addressesAndReasons = {
+      {"", "die Anwendung nennt keinen Update-Feed"},
+      {"file:///dev/zero", "/dev/zero ist keine Datei"},
+      {"file:///dev/zero/none", "/dev/zero/none kann nicht geöffnet werden"},
+      {"ftp://mirror", "die Adresse ftp://mirror ist keine file://-Adresse"},
+  };
+  foundation::Bundle::setMainResourceFolder(QEV_SOURCE_FOLDER "/host/resources");
+  foundation::Bundle::setPreferredLanguages({"de"});
+  configuration.transport = nullptr;
+  for (const auto& [address, reason] : addressesAndReasons) {
+    configuration.feedAddress = address;
+    driver->shown.clear();
+    const auto controller = start();
+    controller->checkForUpdates(nullptr);
+    MainQueue::mainQueue().drainAll();
+    EXPECT_EQ(driver->shown, std::vector<std::string>{"error " + reason});
+  }
+  foundation::Bundle::setMainResourceFolder(foundation::Bundle::mainBundle().folder());
 }
 
 TEST_F(UpdaterTest, GoingAwayGivesTheCheckUp) {
