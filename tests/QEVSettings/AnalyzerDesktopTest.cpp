@@ -178,6 +178,25 @@ TEST_F(AnalyzerDesktopTest, PortsAreCommittedByReturnAndPutRight) {
   EXPECT_THAT(said(), IsEmpty());
 }
 
+TEST_F(AnalyzerDesktopTest, ANameAndATransportArePickedFromTheirMenus) {
+  const auto pick = [this](const char* menu, Qt::Key key) {
+    click(find(QAccessible::ButtonMenu, menu));
+    QWidget* popup = QApplication::activePopupWidget();
+    ASSERT_NE(popup, nullptr);
+    QWidget& list = popup->focusWidget() ? *popup->focusWidget() : *popup;
+    QTest::keyClick(&list, key);
+    QTest::keyClick(&list, Qt::Key_Return);
+    settle();
+  };
+  pick("Name", Qt::Key_Down);
+  EXPECT_EQ(find(QAccessible::ButtonMenu, "Name").text(QAccessible::Value), "Proxy");
+  pick("Source", Qt::Key_Down);
+  EXPECT_EQ(find(QAccessible::ButtonMenu, "Source").text(QAccessible::Value), "UDP");
+  EXPECT_THAT(journal, ElementsAre("replace HTTP 80 1 by Proxy 80 1, name", "store", "notify 9", "notify 3",
+                                   "replace Proxy 80 1 by Proxy 80 2, source", "store", "notify 9", "notify 3"));
+  EXPECT_THAT(stored(), ElementsAre("Proxy 80", "Proxy 3128"));
+}
+
 TEST_F(AnalyzerDesktopTest, WhatCannotBeDoneIsSaidAndTheTextKept) {
   write(0, "none");
   press(Qt::Key_Return);

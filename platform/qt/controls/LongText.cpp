@@ -16,7 +16,7 @@ namespace qt::LongText {
 
 namespace {
 
-constexpr int kEnd = kLongestShown / 4;
+constexpr qsizetype kEnd = kLongestShown / 4;
 constexpr int kRest = QTextFormat::UserObject;
 constexpr int kRestText = QTextFormat::UserProperty;
 constexpr QChar kEllipsis(0x2026);

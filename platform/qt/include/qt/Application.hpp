@@ -12,8 +12,8 @@ namespace qt {
 
 // The process's connection to the desktop. While it lives, the main queue is drained by the event loop,
 // the application's fonts are the machine's, and every window is drawn in the effective appearance, at
-// once when that changes. What the desktop prefers is asked of its settings portal where it has one,
-// and followed while the application runs.
+// once when that changes. What the desktop prefers is asked of its settings portal where it has one, and
+// is else what the colours tell that the platform gives Qt; both are followed while the application runs.
 // One at a time, made before any window and before threads; main thread.
 class Application {
 public:
