@@ -27,6 +27,7 @@ std::string labelOf(std::int64_t source) {
 View PortSourceCell::body() const {
   return portMenu(labelOf(model->sourceProtocol), localized("Source"), [onPick = onPick] {
     std::vector<MenuItem> items;
+    items.reserve(kQEVSourceProtocols::allCases.size());
     for (const std::int64_t source : kQEVSourceProtocols::allCases) {
       items.push_back({.title = labelOf(source), .action = [onPick, source] { onPick(source); }});
     }

@@ -127,8 +127,8 @@ View QEVGeneralSettingsView::modeButton(AppearanceMode mode, const std::string& 
 }
 
 View QEVGeneralSettingsView::thumbnail(AppearanceMode mode) {
-  const View light = Image::named("QEVAquaIcon").resizable().scaledToFill();
-  const View dark = Image::named("QEVAquaDarkIcon").resizable().scaledToFill();
+  View light = Image::named("QEVAquaIcon").resizable().scaledToFill();
+  View dark = Image::named("QEVAquaDarkIcon").resizable().scaledToFill();
   switch (mode) {
     case AppearanceMode::light: return light;
     case AppearanceMode::dark: return dark;

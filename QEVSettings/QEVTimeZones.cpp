@@ -40,10 +40,11 @@ std::vector<std::string> QEVTimeZones::localizedTimeZoneNames() {
 
   // A file that cannot be parsed has no entries, and the identifiers stand for themselves.
   auto parsed = foundation::parseStringsText(*text);
-  const auto names = parsed ? *std::move(parsed) : foundation::StringsTable();
+  const bool isTable = static_cast<bool>(parsed);
+  const auto names = isTable ? *std::move(parsed) : foundation::StringsTable();
 
   std::vector<std::string> list = foundation::knownTimeZoneNames();
-  if (!parsed || names.size() != list.size()) {
+  if (!isTable || names.size() != list.size()) {
     log("LocalizableTimeZone Strings need update (" + std::to_string(names.size()) +
         " != " + std::to_string(list.size()) + " )");
   }

@@ -9,7 +9,7 @@ namespace QEVSettings {
 
 // How an analyzer's option is listed: its position among the others and its icon.
 struct AnalyzerOptionStyle {
-  int order;
+  int order = 0;
   viewkit::SymbolName symbol;
 };
 

@@ -67,7 +67,7 @@ Failed carryOut(const Options& options) {
     return perform();
   }
   const DiagnosticsUntilDone diagnostics;
-  const Failed failed = perform();
+  Failed failed = perform();
   if (!failed) diagnostics.log();
   return failed;
 }

@@ -37,9 +37,11 @@ std::optional<appkit::RGBA> colorFromRawValue(std::string_view rawValue) {
   for (std::size_t i = 0; i < kComponents; ++i) {
     std::uint64_t bits = 0;
     for (std::size_t j = kComponentSize; j-- > 0;) bits = bits << kBitsPerByte | (*bytes)[i * kComponentSize + j];
-    components.at(i) = std::bit_cast<double>(bits);
-    // Not a number fails this too.
-    if (!(components.at(i) >= 0 && components.at(i) <= 1)) return std::nullopt;
+    const auto component = std::bit_cast<double>(bits);
+    // False also of what is not a number.
+    const bool isInRange = component >= 0 && component <= 1;
+    if (!isInRange) return std::nullopt;
+    components.at(i) = component;
   }
   return appkit::RGBA{components[0], components[1], components[2], components[3]};
 }

@@ -52,7 +52,7 @@ std::vector<NetworkInterface> listedInterfaces(const QEVCaptureViewModel& model)
 }
 
 std::string effectiveInterface(const QEVCaptureViewModel& model, const std::vector<NetworkInterface>& interfaces) {
-  if (const std::string chosen = model.interfaceName(); !chosen.empty()) return chosen;
+  if (std::string chosen = model.interfaceName(); !chosen.empty()) return chosen;
   const auto up = std::ranges::find(interfaces, true, &NetworkInterface::isUp);
   return up != interfaces.end() ? up->name : "";
 }

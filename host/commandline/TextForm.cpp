@@ -88,7 +88,8 @@ std::string textForm(PreferenceValue::Date date) {
   // The years that ISO 8601 writes with four digits; what lies outside is told in seconds.
   constexpr double firstSecond = -62167219200.0;  // 0000-01-01
   constexpr double endSecond = 253402300800.0;    // 10000-01-01
-  if (!(seconds >= firstSecond && seconds < endSecond)) {
+  const bool hasFourDigits = seconds >= firstSecond && seconds < endSecond;
+  if (!hasFourDigits) {
     return PreferenceValue(seconds).convertedToString().value_or("") + " seconds since 1970";
   }
   using namespace std::chrono;

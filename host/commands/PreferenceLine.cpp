@@ -20,7 +20,7 @@ void fillTo(std::string& line, std::size_t width) {
 std::string readableForm(const PreferenceValue& value) {
   const auto* bytes = value.asData();
   if (bytes == nullptr || bytes->empty()) return textForm(value);
-  std::string text(bytes->begin(), bytes->end());
+  const std::string text(bytes->begin(), bytes->end());
   return onOneLine(text) == text ? text : textForm(value);
 }
 

@@ -15,6 +15,7 @@ void startAgainWithoutDisplay() {
   std::vector<std::string> words;
   for (std::string word; std::getline(commandLine, word, '\0');) words.push_back(word);
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
 
