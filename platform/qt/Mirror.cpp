@@ -132,20 +132,28 @@ void Mirror::mirrorControl(const viewkit::PresentationNode& node, const QRectF& 
   const QRect geometry = place.translated(isInSurface ? -walk.surface.origin : QPoint());
   if (widget.geometry() != geometry) widget.setGeometry(geometry);
   if (isInSurface) {
-    showOnly(widget, geometry & clip.translated(-walk.surface.origin));
     walk.covered += place;
     walk.controls.push_back(&control);
+  }
+  control.setOpacity(opacity);
+  if (widget.focusPolicy() & Qt::TabFocus) nextTabOrder_.push_back(&widget);
+  if (control.holdsChildren()) {
+    mirrorInside(node, frame, opacity, control);
+  } else {
+    fade(widget, opacity);
+  }
+  // Last: what is in a new widget appears together with it, which asks the window system once and not for each.
+  if (isInSurface) {
+    showOnly(widget, geometry & clip.translated(-walk.surface.origin));
   } else {
     widget.show();
     widget.raise();
   }
-  control.setOpacity(opacity);
-  if (widget.focusPolicy() & Qt::TabFocus) nextTabOrder_.push_back(&widget);
-  if (!control.holdsChildren()) {
-    fade(widget, opacity);
-    return;
-  }
+}
 
+void Mirror::mirrorInside(const viewkit::PresentationNode& node, const QRectF& frame, double opacity,
+                          ControlWidget& control) {
+  QWidget& widget = control.widget();
   Surface& inner = surfaces_[&widget];
   inner.widget = &widget;
   inner.node = &node;

@@ -78,6 +78,7 @@ private:
               Walk& walk);
   void mirrorControl(const viewkit::PresentationNode& node, const QRectF& frame, double opacity, const QRect& clip,
                      Walk& walk);
+  void mirrorInside(const viewkit::PresentationNode& node, const QRectF& frame, double opacity, ControlWidget& control);
   void finish(Walk& walk);
   ControlWidget& controlFor(const viewkit::PresentationNode& node, QWidget& parent);
   void retire(viewkit::NodeId id);
