@@ -24,6 +24,7 @@ public:
   void visitChildren(const Visitor& visit) override {
     if (content_) visit(*content_);
   }
+  bool answersForItself() const override { return false; }
 
   void runBody() override;
   void bodyChanged();

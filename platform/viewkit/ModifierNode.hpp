@@ -22,6 +22,8 @@ public:
   void visitChildren(const Visitor& visit) override {
     if (content_) visit(*content_);
   }
+  // Its answers are its content's, unless the modifier measures otherwise.
+  bool answersForItself() const override { return false; }
 
 protected:
   void apply(const ViewValue* before) override {

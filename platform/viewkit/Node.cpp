@@ -15,6 +15,8 @@ namespace {
 
 // As many different questions as a few containers inside one another ask in one layout.
 constexpr std::size_t kAnswersKept = 16;
+// As many as most nodes are asked.
+constexpr std::size_t kAnswersExpected = 4;
 
 }  // namespace
 
@@ -59,7 +61,9 @@ void Node::setActive(bool active) {
   visitShownChildren([&](Node& child) { child.setActive(active); });
 }
 
-Measurement Node::measured(const ProposedSize& proposal) {
+Measurement Node::measured(const ProposedSize& offer) {
+  if (!answersForItself()) return measure(offer);
+  const ProposedSize proposal = heeded(offer);
   const std::uint64_t era = runtime_->layoutEra();
   for (Answer& answer : answers_) {
     if (answer.proposal != proposal) continue;
@@ -75,6 +79,7 @@ Measurement Node::measured(const ProposedSize& proposal) {
     answers_.erase(oldest);
     forgotAnswers_ = true;
   }
+  if (answers_.empty()) answers_.reserve(kAnswersExpected);
   answers_.push_back({proposal, measurement, era});
   return measurement;
 }

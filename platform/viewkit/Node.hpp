@@ -51,8 +51,8 @@ public:
   virtual void runBody() {}
 
   // Layout.
-  Measurement measured(const ProposedSize& proposal);
-  Size sizeThatFits(const ProposedSize& proposal) { return measured(proposal).size; }
+  Measurement measured(const ProposedSize& offer);
+  Size sizeThatFits(const ProposedSize& offer) { return measured(offer).size; }
   void place(Point origin, Size size);
   // In the coordinates of the presentation above.
   Point origin() const { return origin_; }
@@ -68,8 +68,11 @@ public:
   void forgetLayout();
   // Where the node stands in the coordinates of a presentation above it.
   Point originWithin(const Node& presenting) const;
-  // Whether the node's answers say all that the node above has to know of a change.
+  // Whether the node keeps its answers, and they say all that the node above has to know of a change. Not where
+  // the content keeps the same ones, or where an answer costs nothing.
   virtual bool answersForItself() const { return true; }
+  // What of an offer the answer depends on: offers that differ in nothing else have one answer.
+  virtual ProposedSize heeded(const ProposedSize& offer) const { return offer; }
   virtual ScrollNode* asScrollNode() { return nullptr; }
   // The direction in which a container places its children one after the other.
   virtual std::optional<Axis> stackAxis() const { return std::nullopt; }

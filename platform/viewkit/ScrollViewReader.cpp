@@ -34,6 +34,7 @@ public:
 class ReaderNode final : public Node {
 public:
   void visitChildren(const Visitor& visit) override { visit(*content_); }
+  bool answersForItself() const override { return false; }
 
 protected:
   void apply(const ViewValue* before) override {

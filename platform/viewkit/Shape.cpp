@@ -22,6 +22,9 @@ public:
 };
 
 class ShapeNode final : public Node {
+public:
+  bool answersForItself() const override { return false; }
+
 protected:
   void apply(const ViewValue* before) override {
     static_cast<void>(before);

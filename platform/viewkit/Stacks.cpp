@@ -39,13 +39,12 @@ protected:
     if (last.alignment != layout().alignment || last.spacing != layout().spacing) layoutChanged();
   }
 
-  Measurement measure(const ProposedSize& proposal) override {
-    return layout().layOut(children(), proposal).measurement;
-  }
+  Measurement measure(const ProposedSize& proposal) override { return layout().layOut(children(), proposal); }
 
   void placeChildren() override {
-    const auto frames = layout().layOut(children(), {size().width, size().height}).frames;
-    for (std::size_t i = 0; i < frames.size(); ++i) placeChild(*children()[i], frames[i].origin, frames[i].size);
+    layout().layOut(children(), {size().width, size().height}, [this](std::size_t child, const Rect& frame) {
+      placeChild(*children()[child], frame.origin, frame.size);
+    });
   }
 
 private:
@@ -110,6 +109,7 @@ public:
 
 class SpacerNode final : public Node {
 public:
+  bool answersForItself() const override { return false; }
   bool givesWay() const override { return true; }
 
 protected:

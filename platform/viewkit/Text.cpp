@@ -35,6 +35,11 @@ public:
 };
 
 class TextNode final : public Node {
+public:
+  ProposedSize heeded(const ProposedSize& offer) const override {
+    return {offer.width == kUnlimited ? std::nullopt : offer.width, std::nullopt};
+  }
+
 protected:
   void apply(const ViewValue* before) override {
     const TextDescription& description = valueAs<TextValue>().description;

@@ -25,6 +25,9 @@ bool measuresLike(const Control& a, const Control& b) {
 
 class ControlNode final : public ModifierNode {
 public:
+  bool answersForItself() const override { return content() == nullptr; }
+  // No control is higher because there is room.
+  ProposedSize heeded(const ProposedSize& offer) const override { return {offer.width, std::nullopt}; }
   bool speaksForContents() const override { return content() != nullptr; }
   void contentsChanged() override { say(); }
 

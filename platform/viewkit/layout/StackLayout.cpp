@@ -1,11 +1,14 @@
 #include "layout/StackLayout.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
+#include <memory_resource>
 #include <numeric>
 #include <optional>
-#include <utility>
+#include <tuple>
+#include <vector>
 
 namespace viewkit {
 
@@ -21,9 +24,18 @@ ProposedSize proposed(Axis axis, std::optional<double> along, std::optional<doub
 // Where the child's line stands that is aligned with the others' lines.
 double lineOf(const Measurement& child) { return child.firstBaseline.value_or(child.size.height); }
 
-std::vector<Measurement> measureAll(Axis axis, std::span<Node* const> children, std::optional<double> length,
-                                    std::optional<double> breadth, double spacing) {
-  std::vector<Measurement> measurements(children.size());
+// What layout needs for a while: on the stack, for as many children as most stacks have.
+class Scratch : public std::pmr::monotonic_buffer_resource {
+public:
+  Scratch() : monotonic_buffer_resource(room_.data(), room_.size()) {}
+
+private:
+  std::array<std::byte, 1024> room_;
+};
+
+std::pmr::vector<Measurement> measureAll(Axis axis, std::span<Node* const> children, std::optional<double> length,
+                                         std::optional<double> breadth, double spacing, Scratch& scratch) {
+  std::pmr::vector<Measurement> measurements(children.size(), &scratch);
   const auto measureEach = [&](std::optional<double> share) {
     for (std::size_t i = 0; i < children.size(); ++i) {
       measurements[i] = children[i]->measured(proposed(axis, share, breadth));
@@ -39,8 +51,8 @@ std::vector<Measurement> measureAll(Axis axis, std::span<Node* const> children, 
   // What those that give way keep in any case, set aside until their turn.
   double setAside = 0;
   std::size_t sharing = 0;
-  std::vector<double> flexibility(children.size());
-  std::vector<std::size_t> order(children.size());
+  std::pmr::vector<double> flexibility(children.size(), &scratch);
+  std::pmr::vector<std::size_t> order(children.size(), &scratch);
   std::iota(order.begin(), order.end(), std::size_t{0});
   for (const std::size_t i : order) {
     const double most = along(axis, children[i]->sizeThatFits(proposed(axis, kUnlimited, breadth)));
@@ -52,8 +64,9 @@ std::vector<Measurement> measureAll(Axis axis, std::span<Node* const> children, 
       ++sharing;
     }
   }
-  std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
-    return std::pair(children[a]->givesWay(), flexibility[a]) < std::pair(children[b]->givesWay(), flexibility[b]);
+  std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
+    return std::tuple(children[a]->givesWay(), flexibility[a], a) <
+           std::tuple(children[b]->givesWay(), flexibility[b], b);
   });
   left -= setAside;
   for (std::size_t done = 0; done < order.size(); ++done) {
@@ -69,12 +82,13 @@ std::vector<Measurement> measureAll(Axis axis, std::span<Node* const> children, 
 
 }  // namespace
 
-StackLayout::Result StackLayout::layOut(std::span<Node* const> children, const ProposedSize& proposal) const {
-  Result result;
-  if (children.empty()) return result;
+Measurement StackLayout::layOut(std::span<Node* const> children, const ProposedSize& proposal,
+                                const Place& place) const {
+  if (children.empty()) return {};
   const bool horizontal = axis == Axis::horizontal;
-  const auto measurements = horizontal ? measureAll(axis, children, proposal.width, proposal.height, spacing)
-                                       : measureAll(axis, children, proposal.height, proposal.width, spacing);
+  Scratch scratch;
+  const auto measurements = horizontal ? measureAll(axis, children, proposal.width, proposal.height, spacing, scratch)
+                                       : measureAll(axis, children, proposal.height, proposal.width, spacing, scratch);
   const bool byBaseline = horizontal && alignment.vertical == VerticalAlignment::firstTextBaseline;
 
   double breadth = 0;
@@ -92,7 +106,8 @@ StackLayout::Result StackLayout::layOut(std::span<Node* const> children, const P
 
   double position = 0;
   std::optional<double> baseline;
-  for (const Measurement& child : measurements) {
+  for (std::size_t i = 0; i < measurements.size(); ++i) {
+    const Measurement& child = measurements[i];
     Rect frame{{}, child.size};
     if (horizontal) {
       frame.origin = {
@@ -105,11 +120,10 @@ StackLayout::Result StackLayout::layOut(std::span<Node* const> children, const P
       if (!baseline || (horizontal && childBaseline < *baseline)) baseline = childBaseline;
     }
     position += along(axis, child.size) + spacing;
-    result.frames.push_back(frame);
+    if (place) place(i, frame);
   }
   const double length = position - spacing;
-  result.measurement = {horizontal ? Size{length, breadth} : Size{breadth, length}, baseline};
-  return result;
+  return {horizontal ? Size{length, breadth} : Size{breadth, length}, baseline};
 }
 
 }  // namespace viewkit

@@ -2,8 +2,9 @@
 
 #include "Node.hpp"
 
+#include <cstddef>
+#include <functional>
 #include <span>
-#include <vector>
 
 namespace viewkit {
 
@@ -14,12 +15,9 @@ struct StackLayout {
   Alignment alignment = {};
   double spacing = 0;
 
-  struct Result {
-    Measurement measurement;
-    // One for each child.
-    std::vector<Rect> frames;
-  };
-  Result layOut(std::span<Node* const> children, const ProposedSize& proposal) const;
+  // Is told where each child goes, by its position.
+  using Place = std::function<void(std::size_t child, const Rect& frame)>;
+  Measurement layOut(std::span<Node* const> children, const ProposedSize& proposal, const Place& place = {}) const;
 };
 
 }  // namespace viewkit

@@ -27,6 +27,10 @@ public:
 };
 
 class FixedFrameNode final : public ModifierNode {
+public:
+  bool answersForItself() const override { return true; }
+  ProposedSize heeded(const ProposedSize& offer) const override { return inside(offer); }
+
 protected:
   void apply(const ViewValue* before) override {
     ModifierNode::apply(before);
@@ -87,6 +91,9 @@ double taken(const Limit& offered, double content, const Limit& least, const Lim
 }
 
 class FlexibleFrameNode final : public ModifierNode {
+public:
+  bool answersForItself() const override { return true; }
+
 protected:
   void apply(const ViewValue* before) override {
     ModifierNode::apply(before);

@@ -18,6 +18,9 @@ public:
 };
 
 class PaddingNode final : public ModifierNode {
+public:
+  bool answersForItself() const override { return true; }
+
 protected:
   void apply(const ViewValue* before) override {
     ModifierNode::apply(before);
