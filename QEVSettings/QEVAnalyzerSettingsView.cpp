@@ -14,6 +14,7 @@
 #include "viewkit/Text.hpp"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace QEVSettings {
@@ -29,6 +30,38 @@ bool isEditingText() {
   return window && dynamic_cast<const appkit::Text*>(window->firstResponder());
 }
 
+// A body of its own reads the selection, so that the list is not made anew with each.
+struct FollowingSelection {
+  View list;
+  StoredPreference<std::int64_t> selection;
+  std::function<void(std::int64_t)> select;
+
+  View body() const { return list.onChange<std::int64_t>(selection, select); }
+};
+
+struct DetailBox {
+  Binding<std::shared_ptr<AnalyzerSettingDetailsViewModel>> selectedItem;
+
+  View body() const {
+    const std::shared_ptr<AnalyzerSettingDetailsViewModel> selected = selectedItem.get();
+    if (!selected) {
+      return View(GroupBox{VStack({},
+                                  {
+                                      Spacer(),
+                                      Text(localized("Nothing selected")).font(Font::title()),
+                                      Spacer(),
+                                  })})
+          .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::leading()});
+    }
+    return View(
+               GroupBox{ScrollView({.showsIndicators = true},
+                                   View(AnalyzerSettingsDetailView{.model = selected})
+                                       .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::leading()}))
+                            .id(selected->pluginStruct.get().id.text())})
+        .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::leading()});
+  }
+};
+
 }  // namespace
 
 std::shared_ptr<AnalyzerList> AnalyzerList::loaded() {
@@ -41,47 +74,30 @@ View QEVAnalyzerSettingsView::body() const {
   return HStack({.alignment = VerticalAlignment::top, .spacing = 16},
                 {
                     listBox(),
-                    detailBox(),
+                    DetailBox{.selectedItem = selectedItem_.binding()},
                 })
       .frame(FlexibleFrame{
           .maxWidth = kUnlimited, .minHeight = 520, .maxHeight = 520, .alignment = Alignment::topLeading()});
 }
 
 View QEVAnalyzerSettingsView::listBox() const {
-  const std::int64_t selection = selection_;
-
-  return GroupBox{ScrollViewReader([self = *this, selection](const ScrollProxy& list) {
+  return GroupBox{ScrollViewReader([self = *this](const ScrollProxy& list) {
     const auto row = [self](std::size_t i) {
       return View(AnalyzertSettingRowView{.model =
                                               self.detailsModelProvider_->detailsViewModel(self.pluginStructs()[i])})
           .onTap([self, i] { self.selection_.set(static_cast<std::int64_t>(i)); });
     };
-    return ScrollView({.showsIndicators = false}, LazyVStack({.alignment = HorizontalAlignment::leading, .spacing = 2},
-                                                             {.count = self.pluginStructs().size(), .row = row})
-                                                      .accessibilityRole(Role::list))
-        .frame(FixedFrame{.width = 150, .alignment = Alignment::leading()})
-        .onAppear([self, list] { self.appear(list); })
-        .onDisappear([self] { self.disappear(); })
-        .onChange<std::int64_t>(selection, [self, list](std::int64_t index) { self.select(index, list); });
+    const View analyzers =
+        ScrollView({.showsIndicators = false}, LazyVStack({.alignment = HorizontalAlignment::leading, .spacing = 2},
+                                                          {.count = self.pluginStructs().size(), .row = row})
+                                                   .accessibilityRole(Role::list))
+            .frame(FixedFrame{.width = 150, .alignment = Alignment::leading()})
+            .onAppear([self, list] { self.appear(list); })
+            .onDisappear([self] { self.disappear(); });
+    return FollowingSelection{.list = analyzers,
+                              .selection = self.selection_,
+                              .select = [self, list](std::int64_t index) { self.select(index, list); }};
   })};
-}
-
-View QEVAnalyzerSettingsView::detailBox() const {
-  const std::shared_ptr<AnalyzerSettingDetailsViewModel>& selected = selectedItem_;
-  if (!selected) {
-    return View(GroupBox{VStack({},
-                                {
-                                    Spacer(),
-                                    Text(localized("Nothing selected")).font(Font::title()),
-                                    Spacer(),
-                                })})
-        .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::leading()});
-  }
-  return View(GroupBox{ScrollView({.showsIndicators = true},
-                                  View(AnalyzerSettingsDetailView{.model = selected})
-                                      .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::leading()}))
-                           .id(selected->pluginStruct.get().id.text())})
-      .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::leading()});
 }
 
 void QEVAnalyzerSettingsView::appear(const ScrollProxy& list) const {

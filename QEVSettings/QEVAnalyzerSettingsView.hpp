@@ -37,7 +37,6 @@ private:
   using Plugins = std::vector<QEVDependencies::QEVPlugInStructure>;
 
   viewkit::View listBox() const;
-  viewkit::View detailBox() const;
 
   void appear(const viewkit::ScrollProxy& list) const;
   void disappear() const;
