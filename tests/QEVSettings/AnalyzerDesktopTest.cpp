@@ -244,26 +244,6 @@ TEST_F(AnalyzerDesktopTest, WhatWasTypedIsCommittedOnceHoweverThePageIsLeft) {
   }
 }
 
-TEST_F(AnalyzerDesktopTest, AStoredTextIsLeftAloneHoweverStrangeItIs) {
-  for (const std::string& text :
-       {std::string(1'000'000, '8'), std::string("80\x01\x1B[31m,81"), std::string("80\n81\r82\r\n83"),
-        std::string("80\u00a0\u2028\u2029\uFFFC81"), std::string("80, 80")}) {
-    SCOPED_TRACE(text.substr(0, 20));
-    destroyWindow();
-    QEVModels::AnalyzerPortsStore(kPortsKey, store.underneath()).encode({protocol("HTTP", text, 1)});
-    WindowFixture::open(settingsView(QEVSettingsView::Tabs::analyze));
-    journal.clear();
-    EXPECT_LT(dynamic_cast<QTextEdit&>(*field(0).object()).document()->characterCount(), 10'000);
-    click(field(0));
-    press(Qt::Key_End);
-    press(Qt::Key_Tab);
-    press(Qt::Key_Escape);
-    EXPECT_FALSE(window().isOpen());
-    EXPECT_THAT(journal, IsEmpty());
-    EXPECT_TRUE(stored() == std::vector{"HTTP " + text});
-  }
-}
-
 TEST_F(AnalyzerDesktopTest, AMillionPastedCharactersAreValidatedWhole) {
   std::string ports;
   while (ports.size() < 1'000'000) ports += "x" + std::to_string(ports.size()) + ", 443 ";
