@@ -51,38 +51,28 @@ std::optional<std::string> portsAsString(const JSON& ports) {
   return joined(ports, [](const JSON& element) { return element.asString(); });
 }
 
-bool needsRewriting(const JSON& record) {
-  const auto ports = record.member(kPorts);
-  return ports && portsAsString(*ports);
-}
-
-void rewrite(const JSON& record, JSONWriter& writer) {
-  writer.beginObject();
-  for (const JSON::Member& member : record.members()) {
-    writer.name(member.name);
-    const auto ports = member.name == kPorts ? portsAsString(member.value) : std::nullopt;
-    if (ports) {
-      writer.string(*ports);
-    } else {
-      writer.value(member.value);
-    }
-  }
-  writer.endObject();
-}
-
 // The list with every record's ports as a string; nothing when it is no list or needs no change.
 std::optional<PreferenceValue::Bytes> listWithPortsAsStrings(const PreferenceValue::Bytes& bytes) {
   const std::string_view stored(reinterpret_cast<const char*>(bytes.data()), bytes.size());
   const auto list = JSON::parseBorrowed(stored);
   if (!list || !isArrayOfObjects(*list)) return std::nullopt;
-  const auto records = list->elements();
-  if (std::none_of(records.begin(), records.end(), needsRewriting)) return std::nullopt;
 
+  bool isChanged = false;
   JSONWriter writer;
   writer.reserve(stored.size());
   writer.beginArray();
-  for (const JSON& record : records) rewrite(record, writer);
+  for (const JSON& record : list->elements()) {
+    const auto ports = record.member(kPorts);
+    const auto text = ports ? portsAsString(*ports) : std::nullopt;
+    if (text) {
+      writer.object(record, kPorts, *text);
+      isChanged = true;
+    } else {
+      writer.value(record);
+    }
+  }
   writer.endArray();
+  if (!isChanged) return std::nullopt;
   return PreferenceValue::Bytes(writer.text().begin(), writer.text().end());
 }
 

@@ -223,14 +223,18 @@ JSON::Range<JSON> JSON::elements() const { return {document_, node_ + 1, isArray
 
 JSON::Range<JSON::Member> JSON::members() const { return {document_, node_ + 1, isObject() ? end() : node_ + 1}; }
 
+bool JSON::isNamed(const JSONDocument& document, std::size_t node, std::string_view name) {
+  const JSONNode candidate = document.nodes[node];
+  if (candidate.isEscaped()) return decodedString(document, candidate) == name;
+  const std::string_view text = document.text.substr(candidate.offset() + 1);
+  return text.starts_with(name) && text[name.size()] == '"';
+}
+
 std::optional<JSON> JSON::member(std::string_view name) const {
   if (!isObject()) return std::nullopt;
   const std::size_t last = end();
   for (std::size_t node = node_ + 1; node != last; node = after(*document_, node + 1)) {
-    const JSONNode candidate = document_->nodes[node];
-    const bool isIt =
-        candidate.isEscaped() ? decodedString(*document_, candidate) == name : rawString(*document_, candidate) == name;
-    if (isIt) return JSON(document_, node + 1);
+    if (isNamed(*document_, node, name)) return JSON(document_, node + 1);
   }
   return std::nullopt;
 }
@@ -245,6 +249,23 @@ std::string JSON::text() const {
 }
 
 void JSON::appendTo(std::string& text) const { append(*document_, node_, text); }
+
+void JSON::appendTo(std::string& text, std::string_view member, std::string_view valueText) const {
+  if (!isObject()) return appendTo(text);
+  const std::size_t last = end();
+  text += '{';
+  for (std::size_t node = node_ + 1; node != last; node = after(*document_, node + 1)) {
+    if (node != node_ + 1) text += ',';
+    append(*document_, node, text);
+    text += ':';
+    if (isNamed(*document_, node, member)) {
+      text += valueText;
+    } else {
+      append(*document_, node + 1, text);
+    }
+  }
+  text += '}';
+}
 
 template <>
 JSON JSON::Range<JSON>::Iterator::operator*() const {

@@ -38,6 +38,14 @@ JSONWriter& JSONWriter::value(const JSON& value) {
   return *this;
 }
 
+JSONWriter& JSONWriter::object(const JSON& object, std::string_view member, std::string_view string) {
+  separate();
+  JSONWriter valueWriter;
+  valueWriter.quote(string);
+  object.appendTo(text_, member, valueWriter.text());
+  return *this;
+}
+
 std::string JSONWriter::takeText() {
   followsValue_ = false;
   return std::exchange(text_, {});

@@ -30,6 +30,9 @@ namespace {
 
 constexpr int kApplicationId = 0x5A565052;  // "ZVPR" at a fixed place of the file
 constexpr int kFormatVersion = 1;
+// Of SQLite's cache. Reading passes through it once, and what is written at once should fit.
+constexpr int kPagesToRead = 50;
+constexpr int kPagesToWrite = 500;
 constexpr auto kLongestWait = std::chrono::milliseconds(500);
 // SQLite holds a row of a thousand million bytes, of which its own bookkeeping takes a few.
 constexpr std::uint64_t kMaximumRowBytes = 999'000'000;
@@ -208,17 +211,17 @@ Outcome PreferencesFile::connect(bool forReading) {
   if (code != SQLITE_OK) return failure("open");
   sqlite3_busy_handler(database_.get(), &PreferencesFile::wait, this);
   readOnly_ = forReading || sqlite3_db_readonly(database_.get(), "main") == 1;
-  // Where SQLite's companion files cannot be made, nobody can be writing either.
-  if (!number("PRAGMA schema_version") && (sqlite3_errcode(database_.get()) & 0xFF) != SQLITE_BUSY) {
+  const auto objects = objectCount();
+  if (!objects) {
+    // Where SQLite's companion files cannot be made, nobody can be writing either.
     const int problem = sqlite3_errcode(database_.get()) & 0xFF;
     if (problem == SQLITE_CANTOPEN || problem == SQLITE_READONLY || problem == SQLITE_PERM) return connectUnchanging();
   }
-  if (auto outcome = identify(); !outcome) return outcome;
-  return prepare();
+  if (auto outcome = identify(objects); !outcome) return outcome;
+  return prepareToRead();
 }
 
 Outcome PreferencesFile::connectUnchanging() {
-  for (Statement* statement : {&begin_, &select_, &insert_, &commit_}) statement->reset();
   database_.reset();
   const PrivateCopy copy(path_);
   sqlite3* opened = nullptr;
@@ -228,9 +231,9 @@ Outcome PreferencesFile::connectUnchanging() {
   if (code != SQLITE_OK) return failure("open");
   readOnly_ = true;
   unchanging_ = true;
-  if (auto outcome = identify(); !outcome) return outcome;
+  if (auto outcome = identify(objectCount()); !outcome) return outcome;
   // The files may go while they are open.
-  return prepare();
+  return prepareToRead();
 }
 
 // A file that nobody knows before it is complete: there is nothing to return to, and nothing to sync
@@ -247,7 +250,7 @@ Outcome PreferencesFile::makeUnshared() {
   database_.reset(opened);
   if (code != SQLITE_OK || !run("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF")) return failure("open");
   if (auto outcome = setUp(); !outcome) return outcome;
-  return prepare();
+  return prepareToWrite();
 }
 
 // Changing to the log needs the file for itself, and SQLite does not always wait for that.
@@ -260,16 +263,19 @@ Outcome PreferencesFile::useWriteAheadLog() {
     }
     sqlite3_sleep(5);
   }
-  // Keeps the file consistent whatever happens; what makes a write outlive a power cut is `synchronize`.
-  return run("PRAGMA synchronous = NORMAL") && run("PRAGMA journal_size_limit = 4194304") ? done()
-                                                                                          : Outcome(failure("open"));
+  usesLog_ = true;
+  return done();
+}
+
+// How many tables and the like the file has; opens it in truth.
+std::optional<std::int64_t> PreferencesFile::objectCount() {
+  sqlite3_db_config(database_.get(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  run("PRAGMA cell_size_check = ON; PRAGMA cache_size = " + std::to_string(kPagesToRead));
+  return number("SELECT count(*) FROM sqlite_schema");
 }
 
 // Says whether the file is a store of ours, and makes one of an empty file.
-Outcome PreferencesFile::identify() {
-  run("PRAGMA trusted_schema = OFF");
-  run("PRAGMA cell_size_check = ON");
-  const auto objects = number("SELECT count(*) FROM sqlite_schema");
+Outcome PreferencesFile::identify(std::optional<std::int64_t> objects) {
   if (!objects) return failure("read");
   const bool isOurs = number("PRAGMA application_id") == kApplicationId;
   if (*objects > 0 && !isOurs) return fail(State::foreign, path_.string() + " is a database of another program");
@@ -292,28 +298,42 @@ Outcome PreferencesFile::setUp() {
   const bool made = run("BEGIN IMMEDIATE") &&
                     run("CREATE TABLE IF NOT EXISTS preferences (change INTEGER PRIMARY KEY, key BLOB NOT NULL UNIQUE, "
                         "type INTEGER, value ANY, sum INTEGER NOT NULL) STRICT") &&
-                    run(mark.c_str()) && run("COMMIT");
+                    run(mark) && run("COMMIT");
   if (made) return done();
   const Error error = failure("set up");
   run("ROLLBACK");
   return error;
 }
 
-Outcome PreferencesFile::prepare() {
-  const auto prepared = [this](const char* sql, Statement& into) {
-    sqlite3_stmt* statement = nullptr;
-    const int code = sqlite3_prepare_v3(database_.get(), sql, -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
-    into.reset(statement);
-    return code == SQLITE_OK && statement != nullptr;
-  };
-  if (!prepared("BEGIN IMMEDIATE", begin_) || !prepared("COMMIT", commit_) ||
-      !prepared("SELECT change, key, type, value, sum FROM preferences WHERE change > ?1 ORDER BY change", select_) ||
-      !prepared("REPLACE INTO preferences (key, type, value, sum) VALUES (?1, ?2, ?3, ?4)", insert_)) {
+PreferencesFile::Statement PreferencesFile::prepared(const char* text) {
+  sqlite3_stmt* statement = nullptr;
+  sqlite3_prepare_v3(database_.get(), text, -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
+  return Statement(statement);
+}
+
+Outcome PreferencesFile::prepareToRead() {
+  select_ = prepared("SELECT change, key, type, value, sum FROM preferences WHERE change > ?1 ORDER BY change");
+  if (!select_) {
     const bool isOtherTable = (sqlite3_errcode(database_.get()) & 0xFF) == SQLITE_ERROR;
     return isOtherTable ? fail(State::damaged, path_.string() + " is damaged") : failure("read");
   }
   findStamp();
   return succeed();
+}
+
+Outcome PreferencesFile::prepareToWrite() {
+  if (insert_) return done();
+  // Keeps the file consistent whatever happens; what makes a write outlive a power cut is `synchronize`.
+  if (usesLog_ &&
+      !run("PRAGMA synchronous = NORMAL; PRAGMA journal_size_limit = 4194304; PRAGMA wal_autocheckpoint = 4000")) {
+    return failure("write");
+  }
+  // Else a page that is given up would be written once more, with zeros.
+  run("PRAGMA secure_delete = FAST; PRAGMA cache_size = " + std::to_string(kPagesToWrite));
+  begin_ = prepared("BEGIN IMMEDIATE");
+  commit_ = prepared("COMMIT");
+  insert_ = prepared("REPLACE INTO preferences (key, type, value, sum) VALUES (?1, ?2, ?3, ?4)");
+  return begin_ && commit_ && insert_ ? done() : Outcome(failure("write"));
 }
 
 // In WAL mode every commit ends by rewriting a header in memory that all processes share. The last eight
@@ -330,10 +350,11 @@ void PreferencesFile::findStamp() {
       file == nullptr || file->pMethods == nullptr || file->pMethods->iVersion < 2) {
     return;
   }
-  sqlite3_stmt* journal = nullptr;
-  sqlite3_prepare_v2(database_.get(), "PRAGMA journal_mode", -1, &journal, nullptr);
-  const Statement owner(journal);
-  if (sqlite3_step(journal) != SQLITE_ROW || columnText(journal, 0) != "wal") return;
+  if (readOnly_) {
+    const Statement journal = prepared("PRAGMA journal_mode");
+    usesLog_ = journal && sqlite3_step(journal.get()) == SQLITE_ROW && columnText(journal.get(), 0) == "wal";
+  }
+  if (!usesLog_) return;
   file->pMethods->xShmMap(file, 0, regionBytes, 0, &region);
   if (region != nullptr) {
     stamp_ = reinterpret_cast<std::uint64_t*>(const_cast<char*>(static_cast<volatile char*>(region)) + stampOffset);
@@ -374,6 +395,7 @@ Outcome PreferencesFile::write(std::span<const PreferenceChange> changes, const 
     return fail(State::unusable,
                 path_.string() + " cannot be written; allow writing to it and to its folder, or choose another file");
   }
+  if (auto outcome = prepareToWrite(); !outcome) return outcome;
   if (!run(begin_)) return failure("write");
   auto outcome = mayHaveChanged() ? readChanges(receive) : succeed();
   const std::uint32_t commitsBefore = stamp_ != nullptr ? commitCount() : 0;
@@ -429,14 +451,14 @@ Outcome PreferencesFile::copyTo(const std::filesystem::path& path) {
   auto outcome = [&]() -> Outcome {
     PreferencesFile copy(path);
     if (auto made = copy.makeUnshared(); !made) return made;
-    if (!copy.run("BEGIN IMMEDIATE")) return copy.failure("write");
+    if (!copy.run(copy.begin_)) return copy.failure("write");
     lastChange_ = 0;
     Outcome written = done();
     const auto read = readChanges([&](const PreferenceChange& change) {
       if (written && change.value && !copy.insert(change)) written = copy.failure("write");
     });
     if (!read || !written) return read ? written : read;
-    return copy.run("COMMIT") ? done() : Outcome(copy.failure("write"));
+    return copy.run(copy.commit_) ? done() : Outcome(copy.failure("write"));
   }();
   if (outcome) {
     const FileDescriptor written(::open(path.c_str(), O_RDWR | O_NOFOLLOW | O_CLOEXEC));
@@ -448,27 +470,23 @@ Outcome PreferencesFile::copyTo(const std::filesystem::path& path) {
 
 std::vector<std::string> PreferencesFile::faults() {
   std::vector<std::string> found;
-  sqlite3_stmt* prepared = nullptr;
-  sqlite3_prepare_v2(database_.get(), "PRAGMA integrity_check(10)", -1, &prepared, nullptr);
-  const Statement statement(prepared);
-  int code = sqlite3_step(prepared);
-  for (; code == SQLITE_ROW; code = sqlite3_step(prepared)) {
-    if (auto line = columnText(prepared, 0); line != "ok") found.push_back(std::move(line));
+  const Statement statement = prepared("PRAGMA integrity_check(10)");
+  int code = sqlite3_step(statement.get());
+  for (; code == SQLITE_ROW; code = sqlite3_step(statement.get())) {
+    if (auto line = columnText(statement.get(), 0); line != "ok") found.push_back(std::move(line));
   }
   if (code != SQLITE_DONE) found.emplace_back(sqlite3_errmsg(database_.get()));
   return found;
 }
 
 std::optional<std::int64_t> PreferencesFile::number(const char* query) {
-  sqlite3_stmt* prepared = nullptr;
-  sqlite3_prepare_v2(database_.get(), query, -1, &prepared, nullptr);
-  const Statement statement(prepared);
-  if (!statement || sqlite3_step(prepared) != SQLITE_ROW) return std::nullopt;
-  return sqlite3_column_int64(prepared, 0);
+  const Statement statement = prepared(query);
+  if (!statement || sqlite3_step(statement.get()) != SQLITE_ROW) return std::nullopt;
+  return sqlite3_column_int64(statement.get(), 0);
 }
 
-bool PreferencesFile::run(const char* statement) {
-  return sqlite3_exec(database_.get(), statement, nullptr, nullptr, nullptr) == SQLITE_OK;
+bool PreferencesFile::run(const std::string& statements) {
+  return sqlite3_exec(database_.get(), statements.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
 }
 
 bool PreferencesFile::run(const Statement& statement) {

@@ -122,15 +122,18 @@ private:
   Outcome connect(bool forReading);
   Outcome connectUnchanging();
   Outcome makeUnshared();
-  Outcome identify();
+  std::optional<std::int64_t> objectCount();
+  Outcome identify(std::optional<std::int64_t> objects);
   Outcome setUp();
   Outcome useWriteAheadLog();
-  Outcome prepare();
+  Statement prepared(const char* text);
+  Outcome prepareToRead();
+  Outcome prepareToWrite();
   void findStamp();
   std::uint64_t stamp() const { return std::atomic_ref(*stamp_).load(std::memory_order_acquire); }
   std::uint32_t commitCount() const;
   std::optional<std::int64_t> number(const char* query);
-  bool run(const char* statement);
+  bool run(const std::string& statements);
   static bool run(const Statement& statement);
   bool insert(const PreferenceChange& change);
   Outcome succeed();
@@ -147,6 +150,7 @@ private:
   State state_ = State::closed;
   bool readOnly_ = false;
   bool unchanging_ = false;
+  bool usesLog_ = false;
   bool isSynchronized_ = true;
   bool isStuck_ = false;  // the last wait for another process was in vain
   std::chrono::steady_clock::time_point waitingSince_;

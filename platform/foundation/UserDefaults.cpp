@@ -27,7 +27,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// Writes that follow each other quicker are one burst, which waits for the disk once in this time.
+// Writes that follow each other quicker are one burst, which a thread puts on disk once in this time.
 constexpr std::chrono::milliseconds kBurst(20);
 // What could not be written is not tried again with every write.
 constexpr std::chrono::milliseconds kPauseAfterFailure(250);
@@ -273,12 +273,13 @@ Outcome UserDefaults::saveOnce() {
 }
 
 Outcome UserDefaults::synchronizeOrLater() {
-  if (Clock::now() - synchronized_ < kBurst) {
+  auto outcome = done();
+  if (Clock::now() - written_ < kBurst) {
     watch_->synchronizeLater(kBurst);
-    return done();
+  } else {
+    outcome = file_->synchronize();
   }
-  auto outcome = file_->synchronize();
-  synchronized_ = Clock::now();
+  written_ = Clock::now();
   return outcome;
 }
 

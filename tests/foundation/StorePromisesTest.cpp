@@ -1,5 +1,6 @@
 #include "StoreFixture.hpp"
 #include "foundation/PreferencesVerification.hpp"
+#include "foundation/Unicode.hpp"
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
@@ -111,6 +112,40 @@ TEST_F(Promises, WhatWasAcknowledgedSurvivesBeingKilled) {
     }
   }
   EXPECT_THAT(said, IsEmpty());
+}
+
+// What was not on disk yet is cut off the log, or is there in part, with something else behind it.
+TEST_F(Promises, APowerCutTakesOnlyTheLastWrites) {
+  Child writer([&] {
+    const auto store = open();
+    for (int i = 0; i < 60; ++i) store->setInteger(i, "key " + std::to_string(i));
+    return ::kill(::getpid(), SIGKILL);
+  });
+  ASSERT_EQ(writer.wait(), -1);
+  const std::string log = contentsOf(path.string() + "-wal");
+  std::size_t kept = 0;
+  for (std::size_t length = 0; length <= log.size(); length += 1 + log.size() / 50) {
+    for (const bool isFollowedByOther : {false, true}) {
+      SCOPED_TRACE(length);
+      std::filesystem::remove(path.string() + "-shm");
+      overwrite(path.string() + "-wal", log.substr(0, length) + (isFollowedByOther ? std::string(9000, '\xA5') : ""));
+      Child reader([&] {
+        const auto store = open();
+        const auto values = store->dictionaryRepresentation();
+        for (std::size_t i = 0; i < values.size(); ++i) {
+          if (store->objectForKey("key " + std::to_string(i)) != PreferenceValue(static_cast<int>(i))) return 100;
+        }
+        if (store->status() || !said.empty()) return 101;
+        // The file proper is left as the power cut left it.
+        ::_exit(static_cast<int>(values.size()));
+      });
+      const int found = reader.wait();
+      ASSERT_LE(found, 60);
+      ASSERT_GE(found, static_cast<int>(kept));
+      kept = static_cast<std::size_t>(found);
+    }
+  }
+  EXPECT_GT(kept, 50U);
 }
 
 TEST_F(Promises, EightProcessesLoseNothing) {
@@ -237,6 +272,17 @@ TEST_F(Promises, ADamagedFileWithoutAGoodCopyLeavesAnEmptyStore) {
   EXPECT_EQ(open()->integerForKey("key"), 1);
 }
 
+TEST_F(Promises, ADamagedGoodCopyIsSetAsideToo) {
+  { open()->setInteger(1, "key"); }
+  for (const char* ending : {"", ".good"}) overwrite(path.string() + ending, std::string(5000, '#'));
+  const auto store = open();
+  EXPECT_THAT(store->dictionaryRepresentation(), IsEmpty());
+  EXPECT_EQ(store->status(), std::nullopt);
+  EXPECT_THAT(said, testing::ElementsAre(HasSubstr("its copy is damaged too")));
+  store->setInteger(2, "key");
+  EXPECT_EQ(open()->integerForKey("key"), 2);
+}
+
 TEST_F(Promises, AFileThatVanishesIsWrittenAnew) {
   const auto store = open();
   store->setInteger(1, "old");
@@ -325,6 +371,56 @@ TEST_F(Promises, AFolderInPlaceOfTheFileIsWaitedFor) {
   EXPECT_EQ(open()->integerForKey("key"), 1);
 }
 
+TEST_F(Promises, AFileThatMayNotBeReadIsWaitedFor) {
+  Child child([&] {
+    loseRootIn(folder);
+    { open()->setInteger(1, "old"); }
+    std::filesystem::permissions(path, std::filesystem::perms::none);
+    const auto store = open();
+    store->setInteger(2, "new");
+    if (store->integerForKey("new") != 2 || !store->status() || said.size() != 1) return 1;
+    std::filesystem::permissions(path, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+    if (!waitUntil([&] { return !store->status(); })) return 2;
+    const auto other = open();
+    return store->integerForKey("old") == 1 && other->integerForKey("old") == 1 && other->integerForKey("new") == 2 ? 0
+                                                                                                                    : 3;
+  });
+  EXPECT_EQ(child.wait(), 0);
+}
+
+TEST_F(Promises, ARefusedWriteIsTriedAgainLessAndLessOften) {
+  using Clock = std::chrono::steady_clock;
+  std::filesystem::create_directories(path);
+  const auto store = open();
+  std::vector<Clock::time_point> turns{Clock::now()};
+  store->setInteger(1, "key");
+  // Nothing but another try wakes the main queue, for nothing changes in the folder.
+  while (turns.size() < 4) {
+    ASSERT_TRUE(MainQueue::mainQueue().wait(std::chrono::seconds(20)));
+    MainQueue::mainQueue().drain();
+    turns.push_back(Clock::now());
+  }
+  for (std::size_t i = 1; i < turns.size(); ++i) {
+    EXPECT_GE(turns[i] - turns[i - 1], std::chrono::milliseconds(250) * (1 << (i - 1))) << i;
+  }
+  EXPECT_TRUE(store->status());
+  EXPECT_THAT(said, SizeIs(1));
+}
+
+TEST_F(Promises, WithoutAHomeItGoesOnInMemory) {
+  Child child([&] {
+    constexpr uid_t unknown = 54321;
+    ::unsetenv("HOME");
+    ::unsetenv("XDG_CONFIG_HOME");
+    if (::geteuid() == 0 && ::setuid(unknown) != 0) return 1;
+    if (::getuid() != unknown) return 0;  // somebody, who has a home
+    UserDefaults& store = UserDefaults::standardUserDefaults();
+    store.setInteger(1, "key");
+    return UserDefaults::standardFile().empty() && store.status() && store.integerForKey("key") == 1 ? 0 : 2;
+  });
+  EXPECT_EQ(child.wait(), 0);
+}
+
 TEST_F(Promises, IsPrivateWhateverTheUmask) {
   for (const mode_t mask : {mode_t{0}, mode_t{0777}}) {
     const mode_t before = ::umask(mask);
@@ -372,23 +468,49 @@ TEST_F(Promises, RefusesLinksPipesAndOthersFiles) {
   EXPECT_EQ(child.wait(), 0);
 }
 
+TEST_F(Promises, LinksPlantedNextToTheFileLeadNowhere) {
+  const auto elsewhere = folder / "elsewhere";
+  for (const char* ending : {"-wal", "-shm", ".good", ".lock", ".copy", ".restored"}) {
+    SCOPED_TRACE(ending);
+    overwrite(elsewhere, "not ours");
+    std::filesystem::create_symlink(elsewhere, path.string() + ending);
+    {
+      const auto store = open();
+      store->setInteger(1, "key");
+      EXPECT_EQ(store->integerForKey("key"), 1);
+    }
+    EXPECT_EQ(contentsOf(elsewhere), "not ours");
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) std::filesystem::remove(entry);
+  }
+}
+
 TEST_F(Promises, HoldsWhatIsLargeAndRefusesWhatIsTooLarge) {
   const PreferenceValue large = PreferenceValue::Bytes(100'000'000, 7);
   const std::string longKey(1'000'000, 'k');
   const int keys = runs(20'000, 1'000'000);
+  constexpr char32_t planes = 17;  // of Unicode
+  const auto keyInPlane = [](char32_t plane) {
+    std::string key;
+    appendUtf8(key, plane << 16 | 0x263A);
+    return key;
+  };
   {
     const auto store = open();
     store->setObject(large, "large");
     store->setInteger(1, longKey);
     QEVSettings::PreferenceDictionary many;
     for (int i = 0; i < keys; ++i) many.emplace("key " + std::to_string(i), i);
+    for (char32_t plane = 0; plane < planes; ++plane) many.emplace(keyInPlane(plane), static_cast<int>(plane));
     EXPECT_TRUE(store->applyAll(many));
     EXPECT_EQ(store->status(), std::nullopt);
   }
   const auto store = open();
   EXPECT_EQ(store->objectForKey("large"), large);
   EXPECT_EQ(store->integerForKey(longKey), 1);
-  EXPECT_EQ(store->dictionaryRepresentation().size(), static_cast<std::size_t>(keys) + 2);
+  EXPECT_EQ(store->dictionaryRepresentation().size(), static_cast<std::size_t>(keys) + 2 + planes);
+  for (char32_t plane = 0; plane < planes; ++plane) {
+    EXPECT_EQ(store->objectForKey(keyInPlane(plane)), PreferenceValue(static_cast<int>(plane)));
+  }
   EXPECT_EQ(store->integerForKey("key " + std::to_string(keys - 1)), keys - 1);
   if (runs(0, 1) == 0) return;  // the rest takes gigabytes
   store->setObject(std::string(999'000'001, 'x'), "too large");

@@ -81,10 +81,14 @@ public:
   std::string text() const;
   void appendTo(std::string& text) const;
 
+  // The same for an object, with other JSON text as the value of its member of that name.
+  void appendTo(std::string& text, std::string_view member, std::string_view valueText) const;
+
 private:
   JSON(std::shared_ptr<const JSONDocument> document, std::size_t node) : document_(std::move(document)), node_(node) {}
   static Result<JSON> parsed(std::shared_ptr<JSONDocument> document);
   std::size_t end() const;
+  static bool isNamed(const JSONDocument& document, std::size_t node, std::string_view name);
   static std::size_t after(const JSONDocument& document, std::size_t node);
 
   std::shared_ptr<const JSONDocument> document_;

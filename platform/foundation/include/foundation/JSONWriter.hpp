@@ -31,6 +31,8 @@ public:
   JSONWriter& string(std::string_view value);
   // A parsed value with all that is in it; its numbers and strings keep their spelling.
   JSONWriter& value(const JSON& value);
+  // A parsed object, with a string as the value of its member of that name.
+  JSONWriter& object(const JSON& object, std::string_view member, std::string_view string);
 
   // Makes room for a text of so many bytes.
   void reserve(std::size_t bytes) { text_.reserve(bytes); }

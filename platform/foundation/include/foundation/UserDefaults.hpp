@@ -115,7 +115,7 @@ private:
   mutable std::optional<Error> status_;
   Unsaved unsaved_;
   std::chrono::steady_clock::time_point failed_;
-  std::chrono::steady_clock::time_point synchronized_;
+  std::chrono::steady_clock::time_point written_;
   std::unique_ptr<PreferencesWatch> watch_;
 };
 
