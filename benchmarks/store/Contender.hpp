@@ -17,7 +17,7 @@ public:
   virtual ~Contender() = default;
 
   virtual bool readBoolean(std::size_t key) = 0;
-  // The string's length: enough to need its contents, not enough to demand a copy.
+  // The length and the last character together: enough to need the contents, not enough to demand a copy.
   virtual std::size_t readString(std::size_t key) = 0;
   virtual std::size_t readBytes(std::size_t key) = 0;
 
@@ -41,6 +41,11 @@ const ContenderKind& gSettingsContender();
 const ContenderKind& sqliteContender();
 
 enum class KeyKind { boolean, string, bytes };
+
+template <class Contents>
+std::size_t lengthAndLast(const Contents& contents) {
+  return contents.size() + static_cast<unsigned char>(contents.back());
+}
 
 inline KeyKind kindOf(std::size_t key) { return static_cast<KeyKind>(key % 3); }
 std::string keyName(std::size_t key);

@@ -51,16 +51,17 @@ public:
   bool readBoolean(std::size_t key) override { return g_settings_get_boolean(settings_.get(), names_[key].c_str()); }
   std::size_t readString(std::size_t key) override {
     gchar* text = g_settings_get_string(settings_.get(), names_[key].c_str());
-    const std::size_t length = std::string_view(text).size();
+    const std::size_t read = lengthAndLast(std::string_view(text));
     g_free(text);
-    return length;
+    return read;
   }
   std::size_t readBytes(std::size_t key) override {
     GVariant* value = g_settings_get_value(settings_.get(), names_[key].c_str());
     gsize size = 0;
-    static_cast<void>(g_variant_get_fixed_array(value, &size, 1));
+    const auto* bytes = static_cast<const char*>(g_variant_get_fixed_array(value, &size, 1));
+    const std::size_t read = lengthAndLast(std::string_view(bytes, size));
     g_variant_unref(value);
-    return size;
+    return read;
   }
   void writeBoolean(std::size_t key, bool value) override {
     g_settings_set_boolean(settings_.get(), names_[key].c_str(), value);

@@ -21,10 +21,10 @@ public:
 
   bool readBoolean(std::size_t key) override { return std::get<bool>(values_.find(names_[key])->second); }
   std::size_t readString(std::size_t key) override {
-    return std::get<std::string>(values_.find(names_[key])->second).size();
+    return lengthAndLast(std::get<std::string>(values_.find(names_[key])->second));
   }
   std::size_t readBytes(std::size_t key) override {
-    return std::get<std::vector<unsigned char>>(values_.find(names_[key])->second).size();
+    return lengthAndLast(std::get<std::vector<unsigned char>>(values_.find(names_[key])->second));
   }
   void writeBoolean(std::size_t key, bool value) override { values_.insert_or_assign(names_[key], value); }
 

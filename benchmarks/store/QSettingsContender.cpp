@@ -17,11 +17,10 @@ public:
 
   bool readBoolean(std::size_t key) override { return settings_.value(names_[key]).toBool(); }
   std::size_t readString(std::size_t key) override {
-    return static_cast<std::size_t>(settings_.value(names_[key]).toString().size());
+    const QString text = settings_.value(names_[key]).toString();
+    return static_cast<std::size_t>(text.size()) + text.back().unicode();
   }
-  std::size_t readBytes(std::size_t key) override {
-    return static_cast<std::size_t>(settings_.value(names_[key]).toByteArray().size());
-  }
+  std::size_t readBytes(std::size_t key) override { return lengthAndLast(settings_.value(names_[key]).toByteArray()); }
   void writeBoolean(std::size_t key, bool value) override {
     settings_.setValue(names_[key], value);
     settings_.sync();

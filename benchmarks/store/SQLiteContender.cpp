@@ -48,13 +48,13 @@ public:
   }
   std::size_t readString(std::size_t key) override {
     look(key);
-    sqlite3_column_text(select_.get(), 0);
-    return static_cast<std::size_t>(sqlite3_column_bytes(select_.get(), 0));
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(select_.get(), 0));
+    return lengthAndLast(std::string_view(text, static_cast<std::size_t>(sqlite3_column_bytes(select_.get(), 0))));
   }
   std::size_t readBytes(std::size_t key) override {
     look(key);
-    sqlite3_column_blob(select_.get(), 0);
-    return static_cast<std::size_t>(sqlite3_column_bytes(select_.get(), 0));
+    const auto* bytes = static_cast<const char*>(sqlite3_column_blob(select_.get(), 0));
+    return lengthAndLast(std::string_view(bytes, static_cast<std::size_t>(sqlite3_column_bytes(select_.get(), 0))));
   }
   void writeBoolean(std::size_t key, bool value) override {
     sqlite3_reset(select_.get());

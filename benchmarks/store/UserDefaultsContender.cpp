@@ -19,8 +19,8 @@ public:
   }
 
   bool readBoolean(std::size_t key) override { return store_->boolForKey(names_[key]); }
-  std::size_t readString(std::size_t key) override { return store_->find(names_[key])->asString()->size(); }
-  std::size_t readBytes(std::size_t key) override { return store_->find(names_[key])->asData()->size(); }
+  std::size_t readString(std::size_t key) override { return lengthAndLast(*store_->find(names_[key])->asString()); }
+  std::size_t readBytes(std::size_t key) override { return lengthAndLast(*store_->find(names_[key])->asData()); }
   void writeBoolean(std::size_t key, bool value) override {
     store_->setBool(value, names_[key]);
     if (!store_->synchronize()) std::abort();
