@@ -451,14 +451,14 @@ Outcome PreferencesFile::copyTo(const std::filesystem::path& path) {
   auto outcome = [&]() -> Outcome {
     PreferencesFile copy(path);
     if (auto made = copy.makeUnshared(); !made) return made;
-    if (!copy.run(copy.begin_)) return copy.failure("write");
+    if (!run(copy.begin_)) return copy.failure("write");
     lastChange_ = 0;
     Outcome written = done();
     const auto read = readChanges([&](const PreferenceChange& change) {
       if (written && change.value && !copy.insert(change)) written = copy.failure("write");
     });
     if (!read || !written) return read ? written : read;
-    return copy.run(copy.commit_) ? done() : Outcome(copy.failure("write"));
+    return run(copy.commit_) ? done() : Outcome(copy.failure("write"));
   }();
   if (outcome) {
     const FileDescriptor written(::open(path.c_str(), O_RDWR | O_NOFOLLOW | O_CLOEXEC));

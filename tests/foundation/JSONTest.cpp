@@ -235,5 +235,17 @@ TEST(JSONWriter, WritesEveryKind) {
   EXPECT_EQ(writer.string("anew").text(), "\"anew\"");
 }
 
+TEST(JSONWriter, PutsAStringInPlaceOfAMember) {
+  const auto written = [](std::string_view object) {
+    return JSONWriter().object(parsed(object), "port", "5\"3").takeText();
+  };
+  EXPECT_EQ(written(R"({"ports": 1, "port" : [2, {"port": 3}], "x": {"port": 4}})"),
+            R"({"ports":1,"port":"5\"3","x":{"port":4}})");
+  EXPECT_EQ(written(R"({"p\u006frt": 1})"), R"({"p\u006frt":"5\"3"})");
+  EXPECT_EQ(written(R"({"po": 1, "porty": 2})"), R"({"po":1,"porty":2})");
+  EXPECT_EQ(written("{}"), "{}");
+  EXPECT_EQ(written("[1]"), "[1]");
+}
+
 }  // namespace
 }  // namespace foundation

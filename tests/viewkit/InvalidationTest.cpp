@@ -1,4 +1,5 @@
 #include "Support.hpp"
+#include "foundation/MainQueue.hpp"
 #include "foundation/ObservableObject.hpp"
 #include "viewkit/Controls.hpp"
 #include "viewkit/ObservedObject.hpp"
@@ -8,6 +9,9 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -115,6 +119,23 @@ TEST(Invalidation, ASwitchRunsTheBodiesThatReadItsKey) {
   window.settle();
   EXPECT_EQ(work.done()[0], 3U);
   EXPECT_TRUE(window.findText("two on").exists());
+}
+
+TEST(Invalidation, AWriteByAnotherOwnerOfTheFileRunsTheBodiesThatReadItsKey) {
+  std::string folder = ::testing::TempDir() + "invalidation-XXXXXX";
+  ASSERT_NE(::mkdtemp(folder.data()), nullptr);
+  {
+    const auto ours = foundation::UserDefaults::open(folder + "/preferences.sqlite");
+    const auto theirs = foundation::UserDefaults::open(folder + "/preferences.sqlite");
+    headless::Window window(View(Preferences{}), Environment{.defaultStore = *ours});
+    ASSERT_TRUE(window.findText("two off").exists());
+    theirs->setBool(true, "two");
+    while (!window.findText("two on").exists()) {
+      ASSERT_TRUE(foundation::MainQueue::mainQueue().wait(std::chrono::seconds(20)));
+      window.settle();
+    }
+  }
+  std::filesystem::remove_all(folder);
 }
 
 TEST(Invalidation, AWriteOfTheSameValueDoesNothing) {
