@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
+#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -75,15 +76,25 @@ double perRead(const std::vector<std::size_t>& keys, Read read) {
   });
 }
 
-double perWrite(Contender& store, const std::vector<std::size_t>& keys) {
-  std::vector<double> each;
-  const auto begin = Clock::now();
-  for (std::size_t i = 0; i < kMaximumWrites && Clock::now() - begin < kWritingTime; ++i) {
-    const auto start = Clock::now();
-    store.writeBoolean(keys[i % keys.size()], i / keys.size() % 2 == 1);
-    each.push_back(nanosecondsSince(start));
+// One after the other in turn, since what else the disk has to do changes from second to second.
+std::vector<double> perWrite(const std::vector<std::unique_ptr<Contender>>& stores,
+                             const std::vector<const ContenderKind*>& kinds, const std::vector<std::size_t>& keys) {
+  std::vector<std::vector<double>> each(stores.size());
+  std::vector<double> spent(stores.size());
+  for (std::size_t i = 0; i < kMaximumWrites; ++i) {
+    for (std::size_t store = 0; store < stores.size(); ++store) {
+      if (!kinds[store]->persists || spent[store] > std::chrono::nanoseconds(kWritingTime).count()) continue;
+      const auto start = Clock::now();
+      stores[store]->writeBoolean(keys[i % keys.size()], i / keys.size() % 2 == 1);
+      each[store].push_back(nanosecondsSince(start));
+      spent[store] += each[store].back();
+    }
   }
-  return median(std::move(each));
+  std::vector<double> medians;
+  for (std::size_t store = 0; store < stores.size(); ++store) {
+    medians.push_back(each[store].empty() ? -1 : median(std::move(each[store])));
+  }
+  return medians;
 }
 
 double openAndRead(const ContenderKind& kind, const std::filesystem::path& folder, std::size_t keyCount) {
@@ -152,22 +163,23 @@ int main(int argc, char** argv) {
     Row bytes{"read 4 KiB of bytes", keyCount, {}};
     Row writes{"write until durable", keyCount, {}};
     Row opens{"open and first read", keyCount, {}};
+    const auto booleanKeys = keysOfKind(KeyKind::boolean, keyCount);
+    std::vector<std::unique_ptr<Contender>> stores;
     for (std::size_t i = 0; i < kinds.size(); ++i) {
       const ContenderKind& kind = *kinds[i];
       const auto folder = root / std::to_string(keyCount) / kind.name;
       std::filesystem::create_directories(folder);
       kind.fill(folder, keyCount);
       opens.nanoseconds.push_back(kind.persists ? quickest([&] { return openInNewProcess(i, folder, keyCount); }) : -1);
-      const auto store = kind.open(folder, keyCount);
-      const auto booleanKeys = keysOfKind(KeyKind::boolean, keyCount);
+      const auto& store = stores.emplace_back(kind.open(folder, keyCount));
       booleans.nanoseconds.push_back(
           perRead(booleanKeys, [&](std::size_t key) { return store->readBoolean(key) ? 1U : 0U; }));
       strings.nanoseconds.push_back(
           perRead(keysOfKind(KeyKind::string, keyCount), [&](std::size_t key) { return store->readString(key); }));
       bytes.nanoseconds.push_back(
           perRead(keysOfKind(KeyKind::bytes, keyCount), [&](std::size_t key) { return store->readBytes(key); }));
-      writes.nanoseconds.push_back(kind.persists ? perWrite(*store, booleanKeys) : -1);
     }
+    writes.nanoseconds = perWrite(stores, kinds, booleanKeys);
     rows.insert(rows.end(), {booleans, strings, bytes, writes, opens});
   }
   printTable(rows, kinds);
