@@ -91,6 +91,11 @@ void PreferencesWatch::synchronizeLater(std::chrono::milliseconds pause) {
   wake();
 }
 
+void PreferencesWatch::didSynchronize() {
+  const std::scoped_lock lock(mutex_);
+  synchronizeAt_.reset();
+}
+
 void PreferencesWatch::didWrite() {
   const std::scoped_lock lock(mutex_);
   // The thread is awake anyway, for it sees the file change.

@@ -33,6 +33,8 @@ public:
   // Has what was written to the store put on disk so much later, unless that is under way; calls `lost` when the
   // disk refuses.
   void synchronizeLater(std::chrono::milliseconds pause);
+  // That is done, and needs no doing again.
+  void didSynchronize();
 
   // Somebody of this process wrote.
   void didWrite();

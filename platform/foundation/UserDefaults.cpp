@@ -230,6 +230,7 @@ Outcome UserDefaults::synchronize() {
   if (!unsaved_.empty()) save();
   if (file_ && unsaved_.empty()) {
     if (auto outcome = file_->synchronize(); !outcome) return outcome;
+    if (watch_) watch_->didSynchronize();
   }
   return status_ ? Outcome(*status_) : done();
 }
