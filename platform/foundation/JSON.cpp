@@ -226,8 +226,9 @@ JSON::Range<JSON::Member> JSON::members() const { return {document_, node_ + 1, 
 bool JSON::isNamed(const JSONDocument& document, std::size_t node, std::string_view name) {
   const JSONNode candidate = document.nodes[node];
   if (candidate.isEscaped()) return decodedString(document, candidate) == name;
+  // A quote would be escaped in the text, and ends it.
   const std::string_view text = document.text.substr(candidate.offset() + 1);
-  return text.starts_with(name) && text[name.size()] == '"';
+  return text.starts_with(name) && name.find('"') == name.npos && text[name.size()] == '"';
 }
 
 std::optional<JSON> JSON::member(std::string_view name) const {

@@ -95,6 +95,9 @@ TEST(JSON, ReadsStringsAndMembers) {
   EXPECT_TRUE(object.member("none")->isNull());
   EXPECT_FALSE(object.member("absent"));
   EXPECT_FALSE(object.member("list")->member("0"));
+  const JSON small = parsed(R"({"a":"b"})");
+  EXPECT_FALSE(small.member(R"(a":"b)")) << "a name ends at its quote";
+  EXPECT_FALSE(small.member(R"(a":"b"})"));
   EXPECT_FALSE(object.member("text")->asInteger());
   EXPECT_FALSE(object.asString());
   std::vector<std::string> names;
