@@ -4,7 +4,9 @@
 #include <sys/auxv.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
+#include <string>
 #include <system_error>
 #include <utility>
 
@@ -56,6 +58,9 @@ std::vector<std::string>& chosenLanguages() {
   static std::vector<std::string> languages = languagesOfEnvironment();
   return languages;
 }
+
+// Counts the choices of languages.
+std::uint64_t languageChoice = 0;
 
 // A language and those it is a kind of, the nearest first.
 std::vector<std::string> generalizations(std::string language) {
@@ -130,7 +135,10 @@ std::shared_ptr<Bundle> Bundle::open(const std::filesystem::path& folder) {
   return std::shared_ptr<Bundle>(new Bundle(folder, isFolder(resources) ? resources : folder));
 }
 
-void Bundle::setPreferredLanguages(std::vector<std::string> languages) { chosenLanguages() = std::move(languages); }
+void Bundle::setPreferredLanguages(std::vector<std::string> languages) {
+  chosenLanguages() = std::move(languages);
+  ++languageChoice;
+}
 
 std::shared_ptr<Bundle> Bundle::containing(const void* address) {
   const auto library = libraryOf(address);
@@ -168,20 +176,22 @@ std::optional<std::filesystem::path> Bundle::pathForResource(std::string_view na
 }
 
 std::string Bundle::localizedString(std::string_view key, std::string_view value, std::string_view table) const {
-  const auto file = pathForResource(table.empty() ? "Localizable" : table, "strings");
-  if (file) {
-    const StringsTable& strings = this->table(*file);
-    if (const auto found = strings.find(key); found != strings.end()) return found->second;
-  }
+  const StringsTable& strings = this->table(table.empty() ? "Localizable" : table);
+  if (const auto found = strings.find(key); found != strings.end()) return found->second;
   return std::string(value.empty() ? key : value);
 }
 
-// A table that cannot be read is an empty one.
+// A table that is missing or cannot be read is an empty one. It is kept by its file's name, below the choice of
+// languages that it was looked for in.
 const StringsTable& Bundle::table(const std::filesystem::path& file) const {
-  const auto found = tables_.find(file);
-  if (found != tables_.end()) return found->second;
-  auto read = readStringsFile(file);
-  return tables_.emplace(file, read ? *std::move(read) : StringsTable()).first->second;
+  const auto place = std::filesystem::path(std::to_string(languageChoice)) / file;
+  const auto known = tables_.find(place);
+  if (known != tables_.end()) return known->second;
+  StringsTable table;
+  if (const auto found = pathForResource(file.string(), "strings")) {
+    if (auto read = readStringsFile(*found)) table = *std::move(read);
+  }
+  return tables_.emplace(place, std::move(table)).first->second;
 }
 
 }  // namespace foundation
