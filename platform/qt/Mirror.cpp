@@ -86,9 +86,39 @@ Mirror::~Mirror() {
 
 void Mirror::show(const viewkit::PresentationChanges& changes) {
   for (const viewkit::NodeId id : changes.removed) retire(id);
-  changed_.clear();
-  for (const viewkit::PresentationNode* node : changes.changed) changed_.insert(node->id);
+  if (noteArrangement(changes)) {
+    changed_.clear();
+    for (const viewkit::PresentationNode* node : changes.changed) changed_.insert(node->id);
+    arrange();
+  } else {
+    for (const viewkit::PresentationNode* node : changes.changed) {
+      if (ControlWidget* control = controlOf(node->id)) refresh(*control, *node);
+    }
+  }
+  for (const viewkit::Rect& rect : changes.damage) damage(rect);
+  accessibles_.show(changes);
+}
 
+bool Mirror::noteArrangement(const viewkit::PresentationChanges& changes) {
+  bool isNews = !changes.removed.empty();
+  for (const viewkit::NodeId id : changes.removed) arrangements_.erase(id);
+  for (const viewkit::PresentationNode* node : changes.changed) {
+    const viewkit::Control* control = node->control();
+    Arrangement now{.frame = node->frame,
+                    .clipRadius = node->clipRadius,
+                    .opacity = node->opacity,
+                    .kind = {node->content.index(), control ? control->index() : 0},
+                    .children = node->children};
+    const auto known = arrangements_.find(node->id);
+    if (known != arrangements_.end() && known->second == now) continue;
+    arrangements_.insert_or_assign(node->id, std::move(now));
+    isNews = true;
+  }
+  return isNews;
+}
+
+// Brings every widget to where the tree has it.
+void Mirror::arrange() {
   const viewkit::PresentationNode& root = host_.presentation();
   coordinates_ = {.windowWidth = root.frame.size.width,
                   .rightToLeft = host_.environment().layoutDirection == viewkit::LayoutDirection::rightToLeft};
@@ -101,12 +131,9 @@ void Mirror::show(const viewkit::PresentationChanges& changes) {
   for (const viewkit::PresentationNode* child : root.children) mirror(*child, {}, root.opacity, kEverything, walk);
   finish(walk);
 
-  if (nextTabOrder_ != tabOrder_) {
-    tabOrder_ = nextTabOrder_;
-    for (size_t i = 1; i < tabOrder_.size(); ++i) QWidget::setTabOrder(tabOrder_[i - 1], tabOrder_[i]);
-  }
-  for (const viewkit::Rect& rect : changes.damage) damage(rect);
-  accessibles_.show(changes);
+  if (nextTabOrder_ == tabOrder_) return;
+  tabOrder_ = nextTabOrder_;
+  for (size_t i = 1; i < tabOrder_.size(); ++i) QWidget::setTabOrder(tabOrder_[i - 1], tabOrder_[i]);
 }
 
 void Mirror::mirror(const viewkit::PresentationNode& node, viewkit::Point parentOrigin, double opacity, QRect clip,
@@ -211,6 +238,8 @@ void Mirror::retire(viewkit::NodeId id) {
   surfaces_.erase(&widget);
   for (auto& [parent, surface] : surfaces_) std::erase(surface.controls, &control);
   std::erase(tabOrder_, &widget);
+  // What it stands in is gone as well, and takes it along.
+  if (!surfaces_.contains(widget.parentWidget())) return;
   widget.hide();
   // It may be its own action that made it go.
   widget.deleteLater();

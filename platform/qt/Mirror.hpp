@@ -10,8 +10,11 @@
 #include <QRegion>
 #include <QWidget>
 
+#include <cstddef>
+#include <optional>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace qt {
@@ -67,6 +70,16 @@ private:
     std::vector<ControlWidget*> controls;
   };
   class Overlay;
+  // What of a node decides where widgets stand, and which paints what.
+  struct Arrangement {
+    viewkit::Rect frame;
+    std::optional<double> clipRadius;
+    double opacity = 1;
+    std::pair<std::size_t, std::size_t> kind;
+    std::vector<const viewkit::PresentationNode*> children;
+
+    friend bool operator==(const Arrangement&, const Arrangement&) = default;
+  };
   // What one walk over the tree has come to know about the surface it is in.
   struct Walk {
     Surface& surface;
@@ -74,6 +87,9 @@ private:
     QRegion covered;
   };
 
+  // Remembers how the nodes are arranged now; whether that is news.
+  bool noteArrangement(const viewkit::PresentationChanges& changes);
+  void arrange();
   void mirror(const viewkit::PresentationNode& node, viewkit::Point parentOrigin, double opacity, QRect clip,
               Walk& walk);
   void mirrorControl(const viewkit::PresentationNode& node, const QRectF& frame, double opacity, const QRect& clip,
@@ -93,6 +109,7 @@ private:
   std::unordered_map<viewkit::NodeId, ControlWidget*> controls_;
   std::unordered_map<const QWidget*, Surface> surfaces_;
   std::unordered_set<viewkit::NodeId> changed_;
+  std::unordered_map<viewkit::NodeId, Arrangement> arrangements_;
   std::vector<QWidget*> tabOrder_;
   std::vector<QWidget*> nextTabOrder_;
   AccessibleTree accessibles_;
