@@ -22,7 +22,7 @@ using viewkit::Role;
 
 constexpr std::string_view kSelectedKey = "QEVAnalyzerSettingsSelectedIndex";
 // Bytes for one selection, whose details are all made anew; and what may be left of a thousand.
-constexpr std::size_t kSelectionLimit = std::size_t{768} * 1024;
+constexpr std::size_t kSelectionLimit = std::size_t{512} * 1024;
 constexpr std::size_t kLeftoverLimit = 1024;
 
 struct Work {
