@@ -27,6 +27,7 @@ double lineOf(const Measurement& child) { return child.firstBaseline.value_or(ch
 // What layout needs for a while: on the stack, for as many children as most stacks have.
 class Scratch : public std::pmr::monotonic_buffer_resource {
 public:
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): nobody reads what nobody wrote
   Scratch() : monotonic_buffer_resource(room_.data(), room_.size()) {}
 
 private:
