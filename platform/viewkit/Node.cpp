@@ -323,8 +323,13 @@ Node* Node::clickRegion() {
     return region;
   };
   if (Node* region = inside(*this)) return region;
+  // A region around others as well is not this node's.
   Node* node = parent_;
-  while (node && !node->wantsClick()) node = node->parent_;
+  while (node && !node->wantsClick()) {
+    int children = 0;
+    node->visitShownChildren([&](Node& /*child*/) { ++children; });
+    node = children == 1 ? node->parent_ : nullptr;
+  }
   return node;
 }
 

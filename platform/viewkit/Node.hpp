@@ -130,7 +130,7 @@ public:
   virtual void hover(bool inside) { static_cast<void>(inside); }
   virtual bool wantsClick() const { return false; }
   virtual void click() {}
-  // The region that takes a press of this node: one inside of it, or else the next one around it.
+  // The region that takes a press of this node: one inside of it, or else the next one around it alone.
   Node* clickRegion();
 
   // What the runtime has marked the node for.

@@ -108,6 +108,19 @@ TEST(Accessibility, ARoleSpeaksForAllThatItContains) {
   EXPECT_EQ(card.label(), "Dark taps 1");
 }
 
+TEST(Accessibility, APageThatTakesClicksMakesNoneOfItsPartsAButton) {
+  int onPage = 0;
+  int onRow = 0;
+  const View row = HStack({}, {Text("row")}).accessibilityRole(Role::listItem).onTap([&] { ++onRow; });
+  headless::Window window =
+      testing::open(VStack({}, {Text("title").accessibilityRole(Role::heading), row}).onTap([&] { ++onPage; }));
+  EXPECT_FALSE(window.find(Role::heading).content().accessibility.pressable);
+  EXPECT_TRUE(window.find(Role::listItem).content().accessibility.pressable);
+  EXPECT_TRUE(window.host().press(window.find(Role::listItem).id()));
+  EXPECT_EQ(onRow, 1);
+  EXPECT_EQ(onPage, 0);
+}
+
 TEST(Accessibility, AListItemLeavesItsControlsTold) {
   bool isOn = false;
   int presses = 0;
