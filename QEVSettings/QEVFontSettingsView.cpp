@@ -14,7 +14,9 @@
 #include "viewkit/Stacks.hpp"
 #include "viewkit/Text.hpp"
 
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace QEVSettings {
 
@@ -49,6 +51,12 @@ FontBinding animated(const FontBinding& binding) {
           [binding](const appkit::Font& font) { withAnimation([&] { binding.set(font); }); }};
 }
 
+std::vector<std::string> allLabels() {
+  return {localized("Packets List Font:"),      localized("Console Font:"),
+          localized("Protocol Details:"),       localized("Protocol Statistics Font:"),
+          localized("Data Sources List Font:"), localized("Data Sources Header Font:")};
+}
+
 struct FontRow {
   std::string label;
   SymbolName symbol;
@@ -65,15 +73,25 @@ struct FontRow {
   }
 
   View content() const {
-    return HStack({.spacing = points(Spacing::s5)},
+    return HStack({.spacing = points(Spacing::s5)}, {
+                                                        labelColumn(),
+                                                        preview(),
+                                                        FontPicker{.title = "", .selection = font}.body().help(label),
+                                                    });
+  }
+
+  // As wide in every row as the longest label, which only the person's font decides.
+  View labelColumn() const {
+    const auto identify = [](const std::string& each) { return each; };
+    const auto widen = [](const std::string& each) { return Text(each).opacity(0).accessibilityRole(Role::none); };
+    return ZStack(Alignment::leading(),
                   {
-                      Text(label)
-                          .font(Font::body())
-                          .fixedSize()
-                          .frame(FlexibleFrame{.minWidth = 160, .alignment = Alignment::leading()}),
-                      preview(),
-                      FontPicker{.title = "", .selection = font}.body().help(label),
-                  });
+                      forEach(allLabels(), identify, widen),
+                      Text(label),
+                  })
+        .font(Font::body())
+        .fixedSize()
+        .frame(FlexibleFrame{.minWidth = 160, .alignment = Alignment::leading()});
   }
 
   View preview() const {

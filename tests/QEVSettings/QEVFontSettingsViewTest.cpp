@@ -81,12 +81,12 @@ TEST_F(QEVFontSettingsViewTest, TintsTheRowUnderThePointer) {
   headless::Window& window = open(Tabs::appearance);
   EXPECT_THAT(tints(window), testing::IsEmpty());
 
-  const auto label = window.findText(kConsoleLabel);
+  const auto label = window.find(Role::text, kConsoleLabel);
   window.hover(label);
   ASSERT_EQ(tints(window).size(), 1U);
   EXPECT_TRUE(tints(window).front().contains(label.frame().origin));
 
-  window.hover(window.findText("Protocol Details:"));
+  window.hover(window.find(Role::text, "Protocol Details:"));
   ASSERT_EQ(tints(window).size(), 1U);
   EXPECT_FALSE(tints(window).front().contains(label.frame().origin));
 
