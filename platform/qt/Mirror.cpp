@@ -85,6 +85,10 @@ Mirror::~Mirror() {
 }
 
 void Mirror::show(const viewkit::PresentationChanges& changes) {
+  // A widget that is hidden hands the keyboard on, perhaps to another one that has to go.
+  for (const viewkit::NodeId id : changes.removed) {
+    if (ControlWidget* control = controlOf(id)) control->forgetNode();
+  }
   for (const viewkit::NodeId id : changes.removed) retire(id);
   if (noteArrangement(changes)) {
     changed_.clear();
