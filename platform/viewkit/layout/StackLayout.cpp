@@ -25,18 +25,18 @@ ProposedSize proposed(Axis axis, std::optional<double> along, std::optional<doub
 double lineOf(const Measurement& child) { return child.firstBaseline.value_or(child.size.height); }
 
 // What layout needs for a while: on the stack, for as many children as most stacks have.
-class Scratch : public std::pmr::monotonic_buffer_resource {
+class Scratch {
 public:
-  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): nobody reads what nobody wrote
-  Scratch() : monotonic_buffer_resource(room_.data(), room_.size()) {}
+  std::pmr::memory_resource* memory() { return &memory_; }
 
 private:
-  std::array<std::byte, 1024> room_;
+  std::array<std::byte, 1024> room_{};
+  std::pmr::monotonic_buffer_resource memory_{room_.data(), room_.size()};
 };
 
 std::pmr::vector<Measurement> measureAll(Axis axis, std::span<Node* const> children, std::optional<double> length,
                                          std::optional<double> breadth, double spacing, Scratch& scratch) {
-  std::pmr::vector<Measurement> measurements(children.size(), &scratch);
+  std::pmr::vector<Measurement> measurements(children.size(), scratch.memory());
   const auto measureEach = [&](std::optional<double> share) {
     for (std::size_t i = 0; i < children.size(); ++i) {
       measurements[i] = children[i]->measured(proposed(axis, share, breadth));
@@ -52,8 +52,8 @@ std::pmr::vector<Measurement> measureAll(Axis axis, std::span<Node* const> child
   // What those that give way keep in any case, set aside until their turn.
   double setAside = 0;
   std::size_t sharing = 0;
-  std::pmr::vector<double> flexibility(children.size(), &scratch);
-  std::pmr::vector<std::size_t> order(children.size(), &scratch);
+  std::pmr::vector<double> flexibility(children.size(), scratch.memory());
+  std::pmr::vector<std::size_t> order(children.size(), scratch.memory());
   std::iota(order.begin(), order.end(), std::size_t{0});
   for (const std::size_t i : order) {
     const double most = along(axis, children[i]->sizeThatFits(proposed(axis, kUnlimited, breadth)));
