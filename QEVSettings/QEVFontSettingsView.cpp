@@ -51,18 +51,14 @@ FontBinding animated(const FontBinding& binding) {
           [binding](const appkit::Font& font) { withAnimation([&] { binding.set(font); }); }};
 }
 
-std::vector<std::string> allLabels() {
-  return {localized("Packets List Font:"),      localized("Console Font:"),
-          localized("Protocol Details:"),       localized("Protocol Statistics Font:"),
-          localized("Data Sources List Font:"), localized("Data Sources Header Font:")};
-}
-
 struct FontRow {
   std::string label;
   SymbolName symbol;
   DescriptionBinding description;
   FontBinding font;
   bool warnsOfProportionalFont = false;
+  // Of all rows: the column is as wide as the longest.
+  std::vector<std::string> allLabels = {};
 
   View body() const {
     return SettingsIconRow{.symbol = symbol,
@@ -80,13 +76,13 @@ struct FontRow {
                                                     });
   }
 
-  // As wide in every row as the longest label, which only the person's font decides.
+  // Which label is the longest only the person's font decides.
   View labelColumn() const {
     const auto identify = [](const std::string& each) { return each; };
     const auto widen = [](const std::string& each) { return Text(each).opacity(0).accessibilityRole(Role::none); };
     return ZStack(Alignment::leading(),
                   {
-                      forEach(allLabels(), identify, widen),
+                      forEach(allLabels, identify, widen),
                       Text(label),
                   })
         .font(Font::body())
@@ -139,48 +135,51 @@ View QEVFontSettingsView::body() const {
   const auto dataSourcesList = dataSourcesListFontDescription_.binding();
   const auto dataSourcesHead = dataSourcesHeadFontDescription_.binding();
 
+  std::vector<FontRow> rows{
+      FontRow{.label = localized("Packets List Font:"),
+              .symbol = "list.bullet.rectangle",
+              .description = packetTable,
+              .font = fontBinding(&FontPreferences::com_velloquin_zorvantine_fontPacketTable,
+                                  &FontPreferences::setCom_velloquin_zorvantine_fontPacketTable, packetTable)},
+      FontRow{.label = localized("Console Font:"),
+              .symbol = "terminal",
+              .description = console,
+              .font = animated(fontBinding(&FontPreferences::com_velloquin_zorvantine_fontConsoleRaw,
+                                           &FontPreferences::setCom_velloquin_zorvantine_fontConsoleRaw, console)),
+              .warnsOfProportionalFont = true},
+      FontRow{.label = localized("Protocol Details:"),
+              .symbol = "rectangle.split.3x1",
+              .description = protocolDetails,
+              .font = fontBinding(&FontPreferences::com_velloquin_zorvantine_fontProtocolDetails,
+                                  &FontPreferences::setCom_velloquin_zorvantine_fontProtocolDetails, protocolDetails)},
+      FontRow{
+          .label = localized("Protocol Statistics Font:"),
+          .symbol = "chart.bar.xaxis",
+          .description = statistics,
+          .font = fontBinding(&FontPreferences::com_velloquin_zorvantine_fontBaseProtocolStatistics,
+                              &FontPreferences::setCom_velloquin_zorvantine_fontBaseProtocolStatistics, statistics)},
+      FontRow{.label = localized("Data Sources List Font:"),
+              .symbol = "sidebar.left",
+              .description = dataSourcesList,
+              .font = fontBinding(&FontPreferences::com_velloquin_zorvantine_fontDataSourcesList,
+                                  &FontPreferences::setCom_velloquin_zorvantine_fontDataSourcesList, dataSourcesList)},
+      FontRow{.label = localized("Data Sources Header Font:"),
+              .symbol = "tablecells",
+              .description = dataSourcesHead,
+              .font = fontBinding(&FontPreferences::com_velloquin_zorvantine_fontDataSourcesHead,
+                                  &FontPreferences::setCom_velloquin_zorvantine_fontDataSourcesHead, dataSourcesHead)},
+  };
+  std::vector<std::string> labels;
+  for (const FontRow& row : rows) labels.push_back(row.label);
+  for (FontRow& row : rows) row.allLabels = labels;
+
   return GroupBox{
-      VStack(
-          {.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
-          {
-              SettingsSectionHeader{.titleKey = "Interface Fonts", .systemImage = "character.magnify"},
-              FontRow{.label = localized("Packets List Font:"),
-                      .symbol = "list.bullet.rectangle",
-                      .description = packetTable,
-                      .font = fontBinding(&FontPreferences::com_velloquin_zorvantine_fontPacketTable,
-                                          &FontPreferences::setCom_velloquin_zorvantine_fontPacketTable, packetTable)},
-              FontRow{
-                  .label = localized("Console Font:"),
-                  .symbol = "terminal",
-                  .description = console,
-                  .font = animated(fontBinding(&FontPreferences::com_velloquin_zorvantine_fontConsoleRaw,
-                                               &FontPreferences::setCom_velloquin_zorvantine_fontConsoleRaw, console)),
-                  .warnsOfProportionalFont = true},
-              FontRow{.label = localized("Protocol Details:"),
-                      .symbol = "rectangle.split.3x1",
-                      .description = protocolDetails,
-                      .font = fontBinding(&FontPreferences::com_velloquin_zorvantine_fontProtocolDetails,
-                                          &FontPreferences::setCom_velloquin_zorvantine_fontProtocolDetails,
-                                          protocolDetails)},
-              FontRow{.label = localized("Protocol Statistics Font:"),
-                      .symbol = "chart.bar.xaxis",
-                      .description = statistics,
-                      .font = fontBinding(&FontPreferences::com_velloquin_zorvantine_fontBaseProtocolStatistics,
-                                          &FontPreferences::setCom_velloquin_zorvantine_fontBaseProtocolStatistics,
-                                          statistics)},
-              FontRow{.label = localized("Data Sources List Font:"),
-                      .symbol = "sidebar.left",
-                      .description = dataSourcesList,
-                      .font = fontBinding(&FontPreferences::com_velloquin_zorvantine_fontDataSourcesList,
-                                          &FontPreferences::setCom_velloquin_zorvantine_fontDataSourcesList,
-                                          dataSourcesList)},
-              FontRow{.label = localized("Data Sources Header Font:"),
-                      .symbol = "tablecells",
-                      .description = dataSourcesHead,
-                      .font = fontBinding(&FontPreferences::com_velloquin_zorvantine_fontDataSourcesHead,
-                                          &FontPreferences::setCom_velloquin_zorvantine_fontDataSourcesHead,
-                                          dataSourcesHead)},
-          })
+      VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
+             {
+                 SettingsSectionHeader{.titleKey = "Interface Fonts", .systemImage = "character.magnify"},
+                 forEach(
+                     rows, [](const FontRow& row) { return row.label; }, [](const FontRow& row) { return row; }),
+             })
           .padding(points(Spacing::s6))
           .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::topLeading()})};
 }
