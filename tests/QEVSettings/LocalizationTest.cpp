@@ -10,6 +10,7 @@
 #include "analyzers/AnalyzerDescription.hpp"
 #include "foundation/Bundle.hpp"
 #include "foundation/StringsFile.hpp"
+#include "support/TemporaryFolder.hpp"
 
 #include <gmock/gmock.h>
 
@@ -71,7 +72,7 @@ class MarkedTexts {
 public:
   MarkedTexts() {
     for (const auto& bundle : {kModule, kTools}) {
-      const auto folder = folder_ / bundle.filename() / "en.lproj";
+      const auto folder = folder_.path() / bundle.filename() / "en.lproj";
       std::filesystem::create_directories(folder);
       std::ofstream file(folder / "Localizable.strings");
       for (const auto& [key, text] : readTable(bundle, "en")) {
@@ -79,11 +80,10 @@ public:
         file << '"' << key << "\" = \"" << kOpen << text << kClose << "\";\n";
       }
     }
-    foundation::Bundle::setMainResourceFolder(folder_);
+    foundation::Bundle::setMainResourceFolder(folder_.path());
   }
   MarkedTexts(const MarkedTexts&) = delete;
   MarkedTexts& operator=(const MarkedTexts&) = delete;
-  ~MarkedTexts() { std::filesystem::remove_all(folder_); }
 
   // Everything shown or said in the window.
   void see(const headless::Window& window) {
@@ -159,7 +159,7 @@ private:
     for (const auto* child : node.children) seePlaceholders(*child);
   }
 
-  std::filesystem::path folder_ = std::filesystem::path(testing::TempDir()) / "marked";
+  support::TemporaryFolder folder_;
   std::set<std::string> keys_;
   std::set<std::string> seen_;
   std::vector<std::string> unmarked_;

@@ -4,6 +4,7 @@
 #include "foundation/StringsFile.hpp"
 #include "foundation/TimeZones.hpp"
 #include "support/LogCapture.hpp"
+#include "support/TemporaryFolder.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -40,7 +41,6 @@ std::string utf16(std::string_view ascii, Order order = Order::littleEndian, boo
 class QEVTimeZonesTest : public testing::Test {
 protected:
   QEVTimeZonesTest() {
-    fs::remove_all(folder_);
     fs::create_directories(folder_ / "zones" / "Europe");
     fs::create_directories(folder_ / "resources");
     for (const char* const name : {"UTC", "Europe/Berlin", "Europe/Paris"}) std::ofstream(folder_ / "zones" / name);
@@ -48,16 +48,14 @@ protected:
     setenv("TZDIR", (folder_ / "zones").c_str(), 1);
     Bundle::setMainResourceFolder(folder_ / "resources");
   }
-  ~QEVTimeZonesTest() override {
-    unsetenv("TZDIR");
-    fs::remove_all(folder_);
-  }
+  ~QEVTimeZonesTest() override { unsetenv("TZDIR"); }
 
   void ship(std::string_view bytes) const {
     std::ofstream(folder_ / "resources" / "LocalizableTimeZones.strings", std::ios::binary) << bytes;
   }
 
-  const fs::path folder_ = fs::path(testing::TempDir()) / "QEVTimeZonesTest";
+  const support::TemporaryFolder scratch_;
+  const fs::path folder_ = scratch_.path();
 };
 
 TEST_F(QEVTimeZonesTest, NamesEachIdentifierInTheOrderOfIdentifiers) {

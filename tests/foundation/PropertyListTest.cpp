@@ -1,4 +1,5 @@
 #include "foundation/PropertyList.hpp"
+#include "support/TemporaryFolder.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -114,8 +115,8 @@ TEST(PropertyList, SurvivesHostileLists) {
 }
 
 TEST(PropertyList, ReadsAndWritesFiles) {
-  const auto folder = std::filesystem::path(testing::TempDir()) / "property lists";
-  std::filesystem::create_directories(folder);
+  const support::TemporaryFolder scratch;
+  const std::filesystem::path& folder = scratch.path();
   const auto path = folder / "list.plist";
   ASSERT_TRUE(writePropertyList(everyType(), path, PropertyListFormat::xml));
   ASSERT_TRUE(writePropertyList({{"a", 1}}, path, PropertyListFormat::binary));
@@ -126,7 +127,6 @@ TEST(PropertyList, ReadsAndWritesFiles) {
   EXPECT_FALSE(readPropertyList(folder));
   EXPECT_FALSE(writePropertyList({}, folder, PropertyListFormat::xml));
   EXPECT_FALSE(writePropertyList({}, folder / "no" / "list", PropertyListFormat::xml));
-  std::filesystem::remove_all(folder);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "foundation/Diagnostics.hpp"
 #include "foundation/MainQueue.hpp"
 #include "foundation/UserDefaults.hpp"
+#include "support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -10,7 +11,6 @@
 
 #include <chrono>
 #include <csignal>
-#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -25,22 +25,18 @@ namespace foundation {
 class StoreTest : public testing::Test {
 protected:
   void SetUp() override {
-    std::string name = (std::filesystem::path(testing::TempDir()) / "store-XXXXXX").string();
-    folder = ::mkdtemp(name.data());
-    path = folder / "preferences.sqlite";
     setDiagnosticSink([this](std::string_view line) { said.emplace_back(line); });
   }
   void TearDown() override {
     setDiagnosticSink({});
     MainQueue::mainQueue().drainAll();
-    std::filesystem::permissions(folder, std::filesystem::perms::owner_all);
-    std::filesystem::remove_all(folder);
   }
 
   std::unique_ptr<UserDefaults> open() const { return UserDefaults::open(path); }
 
-  std::filesystem::path folder;
-  std::filesystem::path path;
+  const support::TemporaryFolder scratch;
+  const std::filesystem::path folder = scratch.path();
+  const std::filesystem::path path = folder / "preferences.sqlite";
   std::vector<std::string> said;
 };
 

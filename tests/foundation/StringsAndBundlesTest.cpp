@@ -3,6 +3,7 @@
 #include "foundation/StringsFile.hpp"
 #include "foundation/TimeZones.hpp"
 #include "foundation/Unicode.hpp"
+#include "support/TemporaryFolder.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -80,7 +81,6 @@ TEST(StringsFile, NamesTheLineThatGoesWrong) {
 class Bundles : public testing::Test {
 protected:
   void SetUp() override {
-    folder = std::filesystem::path(testing::TempDir()) / "Test.bundle";
     write("en.lproj/Localizable.strings", "hello = Hello; only = English;");
     write("de.lproj/Localizable.strings", "hello = Hallo;");
     write("zh-Hans.lproj/Localizable.strings", "hello = nihao;");
@@ -91,16 +91,14 @@ protected:
     write("de.lproj/page.html", "");
     before = Bundle::preferredLanguages();
   }
-  void TearDown() override {
-    Bundle::setPreferredLanguages(before);
-    std::filesystem::remove_all(folder);
-  }
+  void TearDown() override { Bundle::setPreferredLanguages(before); }
   void write(const std::string& name, std::string_view contents) const {
     std::filesystem::create_directories((folder / name).parent_path());
     ASSERT_TRUE(writeFile(folder / name, contents));
   }
 
-  std::filesystem::path folder;
+  const support::TemporaryFolder scratch;
+  const std::filesystem::path folder = scratch.path() / "Test.bundle";
   std::vector<std::string> before;
 };
 

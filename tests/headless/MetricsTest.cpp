@@ -1,6 +1,7 @@
 #include "headless/Metrics.hpp"
 
 #include "support/ElementPrinting.hpp"
+#include "support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>
 
@@ -88,8 +89,7 @@ TEST(HeadlessText, BaselinesLieInTheFirstAndTheLastLine) {
 }
 
 TEST(HeadlessPictures, AreAsLargeAsTheirFilesSay) {
-  const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "headless-pictures";
-  std::filesystem::create_directories(folder);
+  const support::TemporaryFolder folder;
   struct Case {
     std::string name;
     std::string contents;
@@ -106,12 +106,11 @@ TEST(HeadlessPictures, AreAsLargeAsTheirFilesSay) {
            Case{"none.svg", "<svg>", {}},
            Case{"empty", "", {}},
        }) {
-    const std::filesystem::path path = folder / each.name;
+    const std::filesystem::path path = folder.path() / each.name;
     std::ofstream(path, std::ios::binary) << each.contents;
     EXPECT_EQ(kMetrics.imageSize(path), each.size) << each.name;
   }
-  EXPECT_EQ(kMetrics.imageSize(folder / "missing.png"), Size());
-  std::filesystem::remove_all(folder);
+  EXPECT_EQ(kMetrics.imageSize(folder.path() / "missing.png"), Size());
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "foundation/Bundle.hpp"
 #include "foundation/MainQueue.hpp"
 #include "foundation/UserDefaults.hpp"
+#include "support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>
 
@@ -241,8 +242,8 @@ TEST_F(UpdaterTest, ChecksByItselfOnceADayAndSpeaksOnlyOfNewVersions) {
 }
 
 TEST_F(UpdaterTest, AScheduledCheckDownloadsThePackageWhereThatIsWanted) {
-  const auto folder = std::filesystem::path(testing::TempDir()) / "sparkle-packages";
-  std::filesystem::remove_all(folder);
+  const support::TemporaryFolder scratch;
+  const auto folder = scratch.path() / "packages";
   configuration.downloadFolder = folder;
   const auto controller = start();
   controller->updater().setAutomaticallyDownloadsUpdates(true);
@@ -267,7 +268,6 @@ TEST_F(UpdaterTest, AScheduledCheckDownloadsThePackageWhereThatIsWanted) {
   EXPECT_EQ(driver->shown.back(), "found 3.0");
   EXPECT_FALSE(driver->package);
   EXPECT_FALSE(std::filesystem::exists(folder / "zorvantine_203.0.deb"));
-  std::filesystem::remove_all(folder);
 }
 
 TEST_F(UpdaterTest, SaysWhyInThePersonsLanguage) {
@@ -300,10 +300,11 @@ TEST_F(UpdaterTest, GoingAwayGivesTheCheckUp) {
 }
 
 TEST_F(UpdaterTest, ReadsFeedsFromFiles) {
-  const auto path = std::filesystem::path(testing::TempDir()) / "sparkle feed.xml";
+  const support::TemporaryFolder folder;
+  const auto path = folder.path() / "a feed.xml";
   std::ofstream(path) << feedWith("2.0");
   configuration.transport = nullptr;
-  configuration.feedAddress = "file://" + path.parent_path().string() + "/sparkle%20feed.xml";
+  configuration.feedAddress = "file://" + folder.path().string() + "/a%20feed.xml";
   auto controller = start();
   controller->checkForUpdates(nullptr);
   EXPECT_FALSE(controller->updater().canCheckForUpdates());
@@ -326,7 +327,6 @@ TEST_F(UpdaterTest, ReadsFeedsFromFiles) {
     ASSERT_EQ(driver->shown.size(), 1U);
     EXPECT_NE(driver->shown.front().find(reason), std::string::npos) << driver->shown.front();
   }
-  std::filesystem::remove(path);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "Support.hpp"
 #include "foundation/MainQueue.hpp"
 #include "foundation/ObservableObject.hpp"
+#include "support/TemporaryFolder.hpp"
 #include "viewkit/Controls.hpp"
 #include "viewkit/ObservedObject.hpp"
 #include "viewkit/Shape.hpp"
@@ -10,8 +11,6 @@
 #include <gmock/gmock.h>
 
 #include <chrono>
-#include <cstdlib>
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -122,20 +121,16 @@ TEST(Invalidation, ASwitchRunsTheBodiesThatReadItsKey) {
 }
 
 TEST(Invalidation, AWriteByAnotherOwnerOfTheFileRunsTheBodiesThatReadItsKey) {
-  std::string folder = ::testing::TempDir() + "invalidation-XXXXXX";
-  ASSERT_NE(::mkdtemp(folder.data()), nullptr);
-  {
-    const auto ours = foundation::UserDefaults::open(folder + "/preferences.sqlite");
-    const auto theirs = foundation::UserDefaults::open(folder + "/preferences.sqlite");
-    headless::Window window(View(Preferences{}), Environment{.defaultStore = *ours});
-    ASSERT_TRUE(window.findText("two off").exists());
-    theirs->setBool(true, "two");
-    while (!window.findText("two on").exists()) {
-      ASSERT_TRUE(foundation::MainQueue::mainQueue().wait(std::chrono::seconds(20)));
-      window.settle();
-    }
+  const support::TemporaryFolder folder;
+  const auto ours = foundation::UserDefaults::open(folder.path() / "preferences.sqlite");
+  const auto theirs = foundation::UserDefaults::open(folder.path() / "preferences.sqlite");
+  headless::Window window(View(Preferences{}), Environment{.defaultStore = *ours});
+  ASSERT_TRUE(window.findText("two off").exists());
+  theirs->setBool(true, "two");
+  while (!window.findText("two on").exists()) {
+    ASSERT_TRUE(foundation::MainQueue::mainQueue().wait(std::chrono::seconds(20)));
+    window.settle();
   }
-  std::filesystem::remove_all(folder);
 }
 
 TEST(Invalidation, AWriteOfTheSameValueDoesNothing) {
