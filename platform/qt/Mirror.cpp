@@ -9,6 +9,7 @@
 #include <QPaintEvent>
 #include <QPainterPath>
 
+#include <algorithm>
 #include <utility>
 
 namespace qt {
@@ -80,20 +81,17 @@ Mirror::Mirror(QWidget& canvas, viewkit::ViewHost& host) : canvas_(canvas), host
 }
 
 Mirror::~Mirror() {
-  while (!controls_.empty()) retire(controls_.begin()->first);
+  for (const auto& [node, control] : std::exchange(controls_, {})) discard(*control);
   delete surfaces_.at(&canvas_).overlay;
 }
 
 void Mirror::show(const viewkit::PresentationChanges& changes) {
-  // A widget that is hidden hands the keyboard on, perhaps to another one that has to go.
-  for (const viewkit::NodeId id : changes.removed) {
-    if (ControlWidget* control = controlOf(id)) control->forgetNode();
-  }
-  for (const viewkit::NodeId id : changes.removed) retire(id);
+  setAside(changes.removed);
   if (noteArrangement(changes)) {
     changed_.clear();
     for (const viewkit::PresentationNode* node : changes.changed) changed_.insert(node->id);
     arrange();
+    for (ControlWidget* control : std::exchange(spares_, {})) discard(*control);
   } else {
     for (const viewkit::PresentationNode* node : changes.changed) {
       if (ControlWidget* control = controlOf(node->id)) refresh(*control, *node);
@@ -223,21 +221,51 @@ ControlWidget& Mirror::controlFor(const viewkit::PresentationNode& node, QWidget
       if (changed_.contains(node.id)) refresh(control, node);
       return control;
     }
-    retire(node.id);
+    controls_.erase(known);
+    discard(control);
   }
-  ControlWidget& control = *makeControl(*this, node, parent);
-  control.widget().setMouseTracking(true);
-  refresh(control, node);
-  controls_.emplace(node.id, &control);
+  ControlWidget* control = takeSpare(node, parent);
+  if (!control) {
+    control = makeControl(*this, node, parent);
+    control->widget().setMouseTracking(true);
+  }
+  refresh(*control, node);
+  controls_.emplace(node.id, control);
+  return *control;
+}
+
+ControlWidget* Mirror::takeSpare(const viewkit::PresentationNode& node, const QWidget& parent) {
+  const auto spare = std::ranges::find_if(spares_, [&](ControlWidget* each) {
+    return each->shows(node) && each->widget().parentWidget() == &parent && each->isAtRest();
+  });
+  if (spare == spares_.end()) return nullptr;
+  ControlWidget* control = *spare;
+  spares_.erase(spare);
+  accessibles_.forgetControl(*control);
+  control->takeOver(node);
   return control;
 }
 
-void Mirror::retire(viewkit::NodeId id) {
-  const auto found = controls_.find(id);
-  if (found == controls_.end()) return;
-  ControlWidget& control = *found->second;
+void Mirror::setAside(const std::vector<viewkit::NodeId>& removed) {
+  for (const viewkit::NodeId id : removed) {
+    const auto found = controls_.find(id);
+    if (found == controls_.end()) continue;
+    found->second->forgetNode();
+    spares_.push_back(found->second);
+    controls_.erase(found);
+  }
+  const auto isBusy = [](const ControlWidget* each) { return !each->isAtRest(); };
+  // A widget that is hidden hands the keyboard on, perhaps to another one that has to go.
+  for (auto busy = std::ranges::find_if(spares_, isBusy); busy != spares_.end();
+       busy = std::ranges::find_if(spares_, isBusy)) {
+    ControlWidget& control = **busy;
+    spares_.erase(busy);
+    discard(control);
+  }
+}
+
+void Mirror::discard(ControlWidget& control) {
   QWidget& widget = control.widget();
-  controls_.erase(found);
   control.forgetNode();
   surfaces_.erase(&widget);
   for (auto& [parent, surface] : surfaces_) std::erase(surface.controls, &control);

@@ -97,7 +97,10 @@ private:
   void mirrorInside(const viewkit::PresentationNode& node, const QRectF& frame, double opacity, ControlWidget& control);
   void finish(Walk& walk);
   ControlWidget& controlFor(const viewkit::PresentationNode& node, QWidget& parent);
-  void retire(viewkit::NodeId id);
+  // A widget that has lost its node and can show this one.
+  ControlWidget* takeSpare(const viewkit::PresentationNode& node, const QWidget& parent);
+  void setAside(const std::vector<viewkit::NodeId>& removed);
+  void discard(ControlWidget& control);
   void paintSurface(QPainter& painter, const Surface& surface, const QRect& dirty, double opacity, bool above) const;
   void clipToAncestors(QPainter& painter, const Surface& surface) const;
   const Surface& surfaceAround(const QWidget& widget) const;
@@ -107,6 +110,9 @@ private:
   viewkit::ViewHost& host_;
   Coordinates coordinates_;
   std::unordered_map<viewkit::NodeId, ControlWidget*> controls_;
+  // Of nodes that went in this pass, until those that came in it have taken what they can use: making widgets
+  // and showing them costs many times what it costs to change them.
+  std::vector<ControlWidget*> spares_;
   std::unordered_map<const QWidget*, Surface> surfaces_;
   std::unordered_set<viewkit::NodeId> changed_;
   std::unordered_map<viewkit::NodeId, Arrangement> arrangements_;

@@ -80,6 +80,14 @@ void AccessibleTree::show(const viewkit::PresentationChanges& changes) {
   }
 }
 
+void AccessibleTree::forgetControl(ControlWidget& control) {
+  if (!control.isTold()) return;
+  control.setTold(false);
+  QAccessibleInterface* leaving = QAccessible::queryAccessibleInterface(&control.widget());
+  notify(leaving, QAccessible::ObjectDestroyed);
+  QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(leaving));
+}
+
 void AccessibleTree::announce(const viewkit::PresentationNode& node) {
   const viewkit::PresentationNode* above = toldAbove(node);
   const Told now{.accessibility = node.accessibility, .parent = above ? above->id : 0};

@@ -10,6 +10,7 @@
 namespace qt {
 
 class AccessibleNode;
+class ControlWidget;
 class Mirror;
 
 // What assistive technology is told of a window: the presentation tree without the nodes that say
@@ -29,6 +30,9 @@ public:
   // Of the nearest node above that is told, or of the window.
   QAccessibleInterface* parentOf(const viewkit::PresentationNode& node);
   QAccessibleInterface* windowInterface() const;
+
+  // The control will be another thing.
+  void forgetControl(ControlWidget& control);
 
   // Announces what a pass changed, to whom it may concern.
   void show(const viewkit::PresentationChanges& changes);

@@ -15,6 +15,7 @@ QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* obje
   if (auto* menu = dynamic_cast<MenuList*>(object)) return new AccessibleMenu(*menu);
   auto* control = dynamic_cast<ControlWidget*>(object);
   if (!control) return nullptr;
+  control->setTold(true);
   if (auto* tabs = dynamic_cast<QTabBar*>(object)) return new AccessibleTabBar(*control, *tabs);
   if (auto* edit = dynamic_cast<QTextEdit*>(object)) return new AccessibleText(*control, *edit);
   if (auto* opener = dynamic_cast<MenuOpener*>(object)) return new AccessibleMenuOpener(*control, *opener);

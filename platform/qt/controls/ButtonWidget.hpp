@@ -14,6 +14,7 @@ public:
 
   QWidget& widget() override { return *this; }
   bool performPress() override;
+  bool isAtRest() const override { return !isDown() && ControlWidget::isAtRest(); }
 
 protected:
   virtual void press() = 0;

@@ -6,6 +6,17 @@
 
 namespace qt {
 
+bool ControlWidget::isAtRest() const {
+  const QWidget* focused = widget().window()->focusWidget();
+  return !floats() && focused != &widget();
+}
+
+void ControlWidget::takeOver(const viewkit::PresentationNode& node) {
+  node_ = &node;
+  settledOn_ = nullptr;
+  startAnew();
+}
+
 void ControlWidget::refreshLater() {
   foundation::MainQueue::mainQueue().async([this, alive = QPointer<QWidget>(&widget())] {
     if (alive && node_) refresh();

@@ -25,6 +25,7 @@ public:
   virtual ~ControlWidget() = default;
 
   virtual QWidget& widget() = 0;
+  const QWidget& widget() const { return const_cast<ControlWidget&>(*this).widget(); }
   // The node's content or attributes are new.
   virtual void refresh() { widget().update(); }
   // Whether what is below the node is shown inside of this widget.
@@ -42,11 +43,22 @@ public:
   virtual appkit::Responder& responder() { return responder_; }
 
   // Whether this is the right kind of widget for the node.
-  bool shows(const viewkit::PresentationNode& node) const { return node.control() && node.control()->index() == kind_; }
+  virtual bool shows(const viewkit::PresentationNode& node) const {
+    return node.control() && node.control()->index() == kind_;
+  }
+  // Whether nothing that the person began with it is under way, so that it may show another node as a new
+  // widget would.
+  virtual bool isAtRest() const;
+  // From having no node to showing this one, as if it had been made for it.
+  void takeOver(const viewkit::PresentationNode& node);
 
   // Nothing from when the node is gone until the widget is.
   const viewkit::PresentationNode* node() const { return node_; }
   void forgetNode() { node_ = nullptr; }
+
+  // Whether assistive technology was given an interface of it.
+  bool isTold() const { return isTold_; }
+  void setTold(bool isTold) { isTold_ = isTold; }
 
   // Of everything that the node stands in.
   double opacity() const { return opacity_; }
@@ -58,6 +70,9 @@ public:
   virtual bool performPress() { return false; }
 
 protected:
+  // It shows another node: nothing of the one before may be seen or done.
+  virtual void startAnew() {}
+
   template <class C>
   const C* control() const {
     return node_ && node_->control() ? std::get_if<C>(node_->control()) : nullptr;
@@ -83,6 +98,7 @@ private:
   std::size_t kind_;
   appkit::Responder responder_;
   double opacity_ = 1;
+  bool isTold_ = false;
   std::function<void()> settledOn_;
 };
 

@@ -13,6 +13,8 @@ public:
   using ButtonWidget::ButtonWidget;
   ~FontPicker() override { delete dialog_; }
 
+  bool isAtRest() const override { return !dialog_ && ButtonWidget::isAtRest(); }
+
   static QSizeF sizeFor(const viewkit::FontPickerControl& picker);
 
 protected:

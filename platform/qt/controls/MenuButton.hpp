@@ -11,6 +11,10 @@ public:
 
   static QSizeF sizeFor(const viewkit::MenuControl& menu);
 
+  bool shows(const viewkit::PresentationNode& node) const override {
+    return MenuOpener::shows(node) && !std::get<viewkit::MenuControl>(*node.control()).title.empty();
+  }
+
 protected:
   void paintEvent(QPaintEvent* event) override;
   std::string currentTitle(const viewkit::MenuControl& menu) const override { return menu.title; }

@@ -10,6 +10,9 @@ public:
   using MenuOpener::MenuOpener;
 
   bool holdsChildren() const override { return true; }
+  bool shows(const viewkit::PresentationNode& node) const override {
+    return MenuOpener::shows(node) && std::get<viewkit::MenuControl>(*node.control()).title.empty();
+  }
 
 protected:
   void paintEvent(QPaintEvent* event) override;

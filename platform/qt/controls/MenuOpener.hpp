@@ -14,6 +14,7 @@ class MenuOpener : public ButtonWidget {
 public:
   using ButtonWidget::ButtonWidget;
 
+  bool isAtRest() const override { return !popup_ && ButtonWidget::isAtRest(); }
   // Of the menu that is open; nothing when none is.
   MenuList* openList() const { return popup_ ? &popup_->list() : nullptr; }
 

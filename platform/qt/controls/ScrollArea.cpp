@@ -39,6 +39,12 @@ ScrollArea::ScrollArea(Mirror& mirror, const viewkit::PresentationNode& node, QW
   QScroller::grabGesture(this, QScroller::TouchGesture);
 }
 
+bool ScrollArea::isAtRest() const {
+  const bool isTouched = QScroller::scroller(this)->state() != QScroller::Inactive;
+  const bool isMoving = isTouched || bar_->isSliderDown() || glide_.state() == QAbstractAnimation::Running;
+  return !isMoving && ControlWidget::isAtRest();
+}
+
 double ScrollArea::maximum() const {
   const auto* scroll = control<viewkit::ScrollControl>();
   return scroll ? std::max(0.0, scroll->contentSize.height - height()) : 0;

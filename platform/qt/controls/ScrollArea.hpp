@@ -16,6 +16,7 @@ public:
 
   QWidget& widget() override { return *this; }
   bool holdsChildren() const override { return true; }
+  bool isAtRest() const override;
   void refresh() override;
   void contentsChanged() override;
 

@@ -31,6 +31,10 @@ SelectableText::SelectableText(Mirror& mirror, const viewkit::PresentationNode& 
   viewport()->setMouseTracking(true);
 }
 
+void SelectableText::startAnew() {
+  if (textCursor() != QTextCursor(document())) setTextCursor(QTextCursor(document()));
+}
+
 void SelectableText::refresh() {
   const auto* selectable = control<viewkit::SelectableTextControl>();
   if (!selectable) return;

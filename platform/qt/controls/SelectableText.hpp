@@ -16,6 +16,7 @@ public:
   appkit::Responder& responder() override { return textResponder_; }
 
 protected:
+  void startAnew() override;
   void changeEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;

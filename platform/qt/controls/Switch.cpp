@@ -22,17 +22,25 @@ QSizeF trackSize(viewkit::ToggleControl::Size size) {
 }  // namespace
 
 Switch::Switch(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent)
-    : ButtonWidget(mirror, node, parent), isOn_(std::get<viewkit::ToggleControl>(*node.control()).isOn) {
+    : ButtonWidget(mirror, node, parent) {
   position_.setDuration(kMilliseconds);
-  position_.setStartValue(isOn_ ? 1.0 : 0.0);
-  position_.setEndValue(isOn_ ? 1.0 : 0.0);
   position_.setEasingCurve(QEasingCurve::InOutQuad);
+  showAtOnce(std::get<viewkit::ToggleControl>(*node.control()).isOn);
   connect(&position_, &QVariantAnimation::valueChanged, this, [this] { update(); });
 }
 
 QSizeF Switch::sizeFor(const viewkit::ToggleControl& toggle) {
   const QSizeF track = trackSize(toggle.size);
   return {track.width() + 2 * kRingSpace, track.height() + 2 * kRingSpace};
+}
+
+void Switch::startAnew() { showAtOnce(control<viewkit::ToggleControl>()->isOn); }
+
+void Switch::showAtOnce(bool isOn) {
+  isOn_ = isOn;
+  position_.stop();
+  position_.setStartValue(isOn ? 1.0 : 0.0);
+  position_.setEndValue(isOn ? 1.0 : 0.0);
 }
 
 void Switch::press() {

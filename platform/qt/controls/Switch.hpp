@@ -16,10 +16,13 @@ public:
   void refresh() override;
 
 protected:
+  void startAnew() override;
   void press() override;
   void paintEvent(QPaintEvent* event) override;
 
 private:
+  void showAtOnce(bool isOn);
+
   // Of the knob's way, 0 when it is off.
   QVariantAnimation position_;
   bool isOn_ = false;

@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
+#include <QScrollBar>
 #include <QTextLayout>
 
 #include <algorithm>
@@ -66,12 +67,33 @@ TextField::TextField(Mirror& mirror, const viewkit::PresentationNode& node, QWid
   viewport()->setMouseTracking(true);
   const int padding = static_cast<int>((Style::controlHeight() - lineHeight()) / 2);
   setViewportMargins(kHorizontalPadding, padding, kHorizontalPadding, padding);
+  showAtFirst(text(field.text));
+  connect(this, &QTextEdit::textChanged, this, [this] { textEdited(); });
+}
+
+void TextField::showAtFirst(const QString& text) {
   // What the person did not do is not undone.
   setUndoRedoEnabled(false);
-  told_ = text(field.text);
+  told_ = text;
   editText(*this, told_);
   setUndoRedoEnabled(true);
-  connect(this, &QTextEdit::textChanged, this, [this] { textEdited(); });
+}
+
+bool TextField::shows(const viewkit::PresentationNode& node) const {
+  if (!ControlWidget::shows(node)) return false;
+  const bool hasLines = std::get<viewkit::TextFieldControl>(*node.control()).lineLimit > 1;
+  return hasLines == (lineWrapMode() == QTextEdit::WidgetWidth);
+}
+
+void TextField::startAnew() {
+  composing_ = false;
+  changedSinceCommit_ = false;
+  refreshing_ = true;
+  showAtFirst(text(control<viewkit::TextFieldControl>()->text));
+  refreshing_ = false;
+  moveCursor(QTextCursor::End);
+  horizontalScrollBar()->setValue(0);
+  verticalScrollBar()->setValue(0);
 }
 
 QSizeF TextField::sizeFor(const viewkit::TextFieldControl& field, const viewkit::ProposedSize& proposal) {

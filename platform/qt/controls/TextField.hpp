@@ -17,9 +17,11 @@ public:
   QWidget& widget() override { return *this; }
   void refresh() override;
   void endEditing() override;
+  bool shows(const viewkit::PresentationNode& node) const override;
   appkit::Responder& responder() override { return textResponder_; }
 
 protected:
+  void startAnew() override;
   bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
@@ -30,6 +32,8 @@ protected:
   void insertFromMimeData(const QMimeData* source) override;
 
 private:
+  // As the view gave it, with nothing to undo.
+  void showAtFirst(const QString& text);
   void textEdited();
   void commit();
 
