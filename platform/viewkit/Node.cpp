@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <type_traits>
 #include <typeinfo>
 #include <utility>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FunctionRef.hpp"
 #include "Inherited.hpp"
 #include "viewkit/Geometry.hpp"
 #include "viewkit/PresentationNode.hpp"
@@ -7,7 +8,6 @@
 #include "viewkit/ViewHost.hpp"
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -110,7 +110,7 @@ public:
   std::string spokenContents();
 
   // Every child, shown or not, in the order of painting.
-  using Visitor = std::function<void(Node&)>;
+  using Visitor = FunctionRef<void(Node&)>;
   virtual void visitChildren(const Visitor& visit) { static_cast<void>(visit); }
   virtual void visitShownChildren(const Visitor& visit) { visitChildren(visit); }
 

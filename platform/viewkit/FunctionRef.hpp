@@ -1,0 +1,33 @@
+#pragma once
+
+#include <memory>
+#include <type_traits>
+#include <utility>
+
+namespace viewkit {
+
+template <class Signature>
+class FunctionRef;
+
+// Something that can be called, for as long as the call lasts that it is an argument of. Unlike a function object
+// that owns what it calls it is never allocated.
+template <class Result, class... Arguments>
+class FunctionRef<Result(Arguments...)> {
+public:
+  template <class Callable>
+    requires(!std::is_same_v<std::remove_cvref_t<Callable>, FunctionRef>)
+  // NOLINTNEXTLINE(google-explicit-constructor): a lambda is passed as it stands
+  FunctionRef(Callable&& callable)
+      : callable_(const_cast<void*>(static_cast<const void*>(std::addressof(callable)))),
+        call_([](void* object, Arguments... arguments) -> Result {
+          return (*static_cast<std::remove_reference_t<Callable>*>(object))(std::forward<Arguments>(arguments)...);
+        }) {}
+
+  Result operator()(Arguments... arguments) const { return call_(callable_, std::forward<Arguments>(arguments)...); }
+
+private:
+  void* callable_;
+  Result (*call_)(void*, Arguments...);
+};
+
+}  // namespace viewkit
