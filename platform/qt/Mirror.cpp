@@ -23,6 +23,11 @@ bool isPainted(const viewkit::PresentationNode& node) {
   return !node.control() && !std::holds_alternative<std::monostate>(node.content);
 }
 
+bool isClear(const viewkit::PresentationNode& node) {
+  const auto* shape = std::get_if<viewkit::ShapeVisual>(&node.content);
+  return shape && shape->fill.isClear() && (shape->borderWidth <= 0 || shape->border.isClear());
+}
+
 // A control that paints itself as a whole fades as a whole.
 void fade(QWidget& widget, double opacity) {
   auto* effect = qobject_cast<QGraphicsOpacityEffect*>(widget.graphicsEffect());
@@ -95,6 +100,9 @@ void Mirror::show(const viewkit::PresentationChanges& changes) {
   } else {
     for (const viewkit::PresentationNode* node : changes.changed) {
       if (ControlWidget* control = controlOf(node->id)) refresh(*control, *node);
+      for (auto& [widget, surface] : surfaces_) {
+        if (surface.above.contains(node->id)) cover(surface);
+      }
     }
   }
   for (const viewkit::Rect& rect : changes.damage) damage(rect);
@@ -200,17 +208,25 @@ void Mirror::mirrorInside(const viewkit::PresentationNode& node, const QRectF& f
 
 void Mirror::finish(Walk& walk) {
   Surface& surface = walk.surface;
-  if (surface.above.empty()) {
-    delete surface.overlay;
-  } else {
-    if (!surface.overlay) surface.overlay = new Overlay(*this, *surface.widget);
-    surface.overlay->setGeometry(surface.widget->rect());
-    surface.overlay->show();
-  }
+  cover(surface);
   if (walk.controls == surface.controls) return;
   surface.controls = walk.controls;
   for (ControlWidget* control : surface.controls) control->widget().raise();
   if (surface.overlay) surface.overlay->raise();
+}
+
+void Mirror::cover(Surface& surface) {
+  const bool isNeeded = std::ranges::any_of(surface.above, [&](viewkit::NodeId id) {
+    const viewkit::PresentationNode* node = host_.node(id);
+    return node && !isClear(*node);
+  });
+  if (!isNeeded) {
+    delete surface.overlay;
+    return;
+  }
+  if (!surface.overlay) surface.overlay = new Overlay(*this, *surface.widget);
+  surface.overlay->setGeometry(surface.widget->rect());
+  surface.overlay->show();
 }
 
 ControlWidget& Mirror::controlFor(const viewkit::PresentationNode& node, QWidget& parent) {

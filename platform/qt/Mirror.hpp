@@ -96,6 +96,8 @@ private:
                      Walk& walk);
   void mirrorInside(const viewkit::PresentationNode& node, const QRectF& frame, double opacity, ControlWidget& control);
   void finish(Walk& walk);
+  // Gives the surface a widget for what is painted over its controls, if anything is.
+  void cover(Surface& surface);
   ControlWidget& controlFor(const viewkit::PresentationNode& node, QWidget& parent);
   // A widget that has lost its node and can show this one.
   ControlWidget* takeSpare(const viewkit::PresentationNode& node, const QWidget& parent);
