@@ -2,12 +2,12 @@
 
 #include "Colors.hpp"
 #include "Pictures.hpp"
+#include "RoundedRect.hpp"
 #include "Symbols.hpp"
 #include "TextLines.hpp"
 
-#include <QPainterPath>
-
 #include <cmath>
+#include <numbers>
 #include <utility>
 #include <variant>
 
@@ -17,6 +17,9 @@ namespace {
 
 // Letters and lines may hang over their frame by this much.
 constexpr double kOverhang = 2;
+
+// An area without corners or a border of its own.
+bool isPlain(const viewkit::ShapeVisual& shape) { return shape.cornerRadius <= 0 && shape.borderWidth <= 0; }
 
 }  // namespace
 
@@ -41,12 +44,11 @@ void NodePainter::paint(const viewkit::PresentationNode& node, viewkit::Point pa
   const viewkit::Rect inWindow = node.frame.movedBy(parentOrigin);
   const QRectF frame = coordinates_.toDevice(inWindow);
   const bool isVisible = frame.intersects(dirty_);
+  const std::optional<Corners> outer = corners_;
   if (node.clipRadius) {
     if (!isVisible) return;
     painter_.save();
-    QPainterPath outline;
-    outline.addRoundedRect(snapped(frame), *node.clipRadius, *node.clipRadius);
-    painter_.setClipPath(outline, Qt::IntersectClip);
+    clip(snapped(frame), *node.clipRadius);
   }
   if (isVisible && filter_(node)) {
     painter_.setOpacity(opacity);
@@ -54,14 +56,46 @@ void NodePainter::paint(const viewkit::PresentationNode& node, viewkit::Point pa
   }
   paintChildren(node, inWindow.origin, opacity);
   if (node.clipRadius) painter_.restore();
+  corners_ = outer;
+}
+
+void NodePainter::clip(const QRectF& frame, qreal radius) {
+  painter_.setClipRect(frame, Qt::IntersectClip);
+  if (radius <= 0) return;
+  if (corners_) painter_.setClipPath(corners_->outline(), Qt::IntersectClip);
+  corners_ = {frame, radius};
+}
+
+QPainterPath NodePainter::Corners::outline() const {
+  QPainterPath path;
+  path.addRoundedRect(frame, radius, radius);
+  return path;
+}
+
+bool NodePainter::Corners::leaveWhole(const QRectF& rect) const {
+  // So far does the arc of a corner come in.
+  const qreal depth = radius * (1 - std::numbers::sqrt2 / 2);
+  return frame.adjusted(depth, depth, -depth, -depth).contains(rect);
+}
+
+bool NodePainter::isPaintedRound(const viewkit::PresentationNode& node, const QRectF& frame) const {
+  const auto* shape = std::get_if<viewkit::ShapeVisual>(&node.content);
+  if (shape) return isPlain(*shape) && snapped(frame).contains(corners_->frame);
+  return std::holds_alternative<viewkit::ImageVisual>(node.content);
 }
 
 void NodePainter::paintContent(const viewkit::PresentationNode& node, const QRectF& frame) {
+  const bool isCut = corners_ && !corners_->leaveWhole(frame) && !isPaintedRound(node, frame);
+  if (isCut) {
+    painter_.save();
+    painter_.setClipPath(corners_->outline(), Qt::IntersectClip);
+  }
   std::visit(
       [&](const auto& visual) {
         if constexpr (requires { draw(visual, frame); }) draw(visual, frame);
       },
       node.content);
+  if (isCut) painter_.restore();
 }
 
 void NodePainter::draw(const viewkit::TextVisual& text, const QRectF& frame) {
@@ -77,23 +111,32 @@ void NodePainter::draw(const viewkit::SymbolVisual& symbol, const QRectF& frame)
 
 void NodePainter::draw(const viewkit::ImageVisual& image, const QRectF& frame) {
   const QRectF target = snapped(frame);
-  painter_.drawPixmap(target.topLeft(), picturePixmap(image, target.size(), devicePixelRatio_));
+  const QPixmap picture = picturePixmap(image, target.size(), devicePixelRatio_);
+  if (!corners_ || corners_->leaveWhole(target)) {
+    painter_.drawPixmap(target.topLeft(), picture);
+  } else if (!picture.isNull()) {
+    QImage pixels = picture.toImage();
+    pixels.setDevicePixelRatio(1);
+    QBrush brush(pixels);
+    brush.setTransform(
+        QTransform::fromTranslate(target.left(), target.top()).scale(1 / devicePixelRatio_, 1 / devicePixelRatio_));
+    QPainterPath whole;
+    whole.addRect(target);
+    painter_.fillPath(whole.intersected(corners_->outline()), brush);
+  }
 }
 
 void NodePainter::draw(const viewkit::ShapeVisual& shape, const QRectF& frame) {
-  const QRectF outline = snapped(frame);
-  if (!shape.fill.isClear()) {
-    painter_.setPen(Qt::NoPen);
-    painter_.setBrush(colorOf(shape.fill));
-    painter_.drawRoundedRect(outline, shape.cornerRadius, shape.cornerRadius);
+  const auto paint = [](const appkit::Color& color) { return color.isClear() ? QColor() : colorOf(color); };
+  if (corners_ && isPlain(shape) && snapped(frame).contains(corners_->frame)) {
+    drawRoundedRect(painter_, corners_->frame, {.radius = corners_->radius, .fill = paint(shape.fill)});
+    return;
   }
-  if (shape.borderWidth > 0 && !shape.border.isClear()) {
-    const qreal inset = shape.borderWidth / 2;
-    const qreal radius = std::max(0.0, shape.cornerRadius - inset);
-    painter_.setPen(QPen(colorOf(shape.border), shape.borderWidth, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
-    painter_.setBrush(Qt::NoBrush);
-    painter_.drawRoundedRect(outline.adjusted(inset, inset, -inset, -inset), radius, radius);
-  }
+  drawRoundedRect(painter_, snapped(frame),
+                  {.radius = shape.cornerRadius,
+                   .fill = paint(shape.fill),
+                   .border = paint(shape.border),
+                   .borderWidth = shape.borderWidth});
 }
 
 QPointF NodePainter::snapped(QPointF point) const {

@@ -4,8 +4,10 @@
 #include "viewkit/PresentationNode.hpp"
 
 #include <QPainter>
+#include <QPainterPath>
 
 #include <functional>
+#include <optional>
 
 namespace qt {
 
@@ -23,7 +25,21 @@ public:
   void paintChildren(const viewkit::PresentationNode& node, viewkit::Point origin, double opacity);
 
 private:
+  // What is inside of round corners. A painter clips without smoothing, so what fills the corners is painted
+  // round instead.
+  struct Corners {
+    QRectF frame;
+    qreal radius = 0;
+
+    QPainterPath outline() const;
+    // Whether the corners cut nothing off.
+    bool leaveWhole(const QRectF& rect) const;
+  };
+
   void paint(const viewkit::PresentationNode& node, viewkit::Point parentOrigin, double opacity);
+  void clip(const QRectF& frame, qreal radius);
+  // Whether the node's content is painted with the corners that it has to stay inside of.
+  bool isPaintedRound(const viewkit::PresentationNode& node, const QRectF& frame) const;
   void paintContent(const viewkit::PresentationNode& node, const QRectF& frame);
   void draw(const viewkit::TextVisual& text, const QRectF& frame);
   void draw(const viewkit::SymbolVisual& symbol, const QRectF& frame);
@@ -39,6 +55,7 @@ private:
   QRectF dirty_;
   Filter filter_;
   qreal devicePixelRatio_;
+  std::optional<Corners> corners_;
 };
 
 // How many device pixels the painter draws for a logical one.

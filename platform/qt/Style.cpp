@@ -2,6 +2,7 @@
 
 #include "Colors.hpp"
 #include "NodePainter.hpp"
+#include "RoundedRect.hpp"
 #include "Symbols.hpp"
 
 #include <QApplication>
@@ -28,6 +29,9 @@ constexpr qreal kScrollBarThickness = 6;
 constexpr qreal kHoveredScrollBarThickness = 8;
 constexpr int kScrollBarEdge = 2;
 constexpr int kShortestSlider = 24;
+
+// Around the surface of a control or of what floats, on the outside of the radius that it is told.
+constexpr qreal kOutline = 1;
 
 QColor outline(const QPalette& palette, qreal strength) {
   return blended(palette.color(QPalette::Window), palette.color(QPalette::WindowText), strength);
@@ -61,12 +65,7 @@ void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar) {
   }
   QColor color = bar.palette.color(QPalette::Active, QPalette::WindowText);
   color.setAlphaF(isHeld ? 0.55F : isActive ? 0.42F : 0.28F);
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(color);
-  painter.drawRoundedRect(handle, thickness / 2, thickness / 2);
-  painter.restore();
+  drawRoundedRect(painter, handle, {.radius = thickness / 2, .fill = color});
 }
 
 }  // namespace
@@ -74,22 +73,20 @@ void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar) {
 qreal Style::controlHeight() { return std::ceil(QFontMetricsF(QApplication::font()).height()) + 2 * kControlPadding; }
 
 void Style::drawFieldSurface(QPainter& painter, const QRectF& frame, const QPalette& palette, bool enabled) {
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
   const QColor base = palette.color(QPalette::Base);
-  painter.setPen(QPen(outline(palette, enabled ? 0.22 : 0.12), 1));
-  painter.setBrush(enabled ? base : blended(palette.color(QPalette::Window), base, 0.4));
-  painter.drawRoundedRect(frame.adjusted(0.5, 0.5, -0.5, -0.5), kCornerRadius, kCornerRadius);
-  painter.restore();
+  drawRoundedRect(painter, frame,
+                  {.radius = kCornerRadius + kOutline / 2,
+                   .fill = enabled ? base : blended(palette.color(QPalette::Window), base, 0.4),
+                   .border = outline(palette, enabled ? 0.22 : 0.12),
+                   .borderWidth = kOutline});
 }
 
 void Style::drawFloatingSurface(QPainter& painter, const QRectF& frame, qreal radius, const QPalette& palette) {
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(outline(palette, 0.22), 1));
-  painter.setBrush(palette.color(QPalette::ToolTipBase));
-  painter.drawRoundedRect(frame.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
-  painter.restore();
+  drawRoundedRect(painter, frame,
+                  {.radius = radius + kOutline / 2,
+                   .fill = palette.color(QPalette::ToolTipBase),
+                   .border = outline(palette, 0.22),
+                   .borderWidth = kOutline});
 }
 
 void Style::drawShadow(QPainter& painter, const QRectF& frame, qreal extent) {
@@ -136,22 +133,18 @@ void Style::drawButtonSurface(QPainter& painter, const QRectF& frame, qreal radi
   } else if (option.state & State_MouseOver) {
     fill = blended(fill, text, 0.05);
   }
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(outline(palette, enabled ? 0.2 : 0.12), 1));
-  painter.setBrush(fill);
-  painter.drawRoundedRect(frame.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
-  painter.restore();
+  drawRoundedRect(painter, frame,
+                  {.radius = radius + kOutline / 2,
+                   .fill = fill,
+                   .border = outline(palette, enabled ? 0.2 : 0.12),
+                   .borderWidth = kOutline});
 }
 
 void Style::drawFocusRing(QPainter& painter, const QRectF& frame, qreal radius, const QPalette& palette) {
-  constexpr qreal half = kFocusRingWidth / 2;
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(palette.color(QPalette::Highlight), kFocusRingWidth));
-  painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(frame.adjusted(half, half, -half, -half), radius, radius);
-  painter.restore();
+  drawRoundedRect(painter, frame,
+                  {.radius = radius + kFocusRingWidth / 2,
+                   .border = palette.color(QPalette::Highlight),
+                   .borderWidth = kFocusRingWidth});
 }
 
 void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,

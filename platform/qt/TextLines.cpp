@@ -24,7 +24,7 @@ struct Break {
 
 struct Key {
   QString text;
-  QString font;
+  QFont font;
   int lineLimit;
   viewkit::Truncation truncation;
   double maxWidth;
@@ -144,7 +144,7 @@ std::shared_ptr<const TextLines> TextLines::of(const viewkit::TextVisual& visual
 
   const QFont font = fontOf(visual.font);
   const Key key{.text = text(visual.text),
-                .font = font.key(),
+                .font = font,
                 .lineLimit = visual.lineLimit,
                 .truncation = visual.truncation,
                 .maxWidth = maxWidth.value_or(-1),

@@ -1,6 +1,7 @@
 #include "MenuList.hpp"
 
 #include "Fonts.hpp"
+#include "RoundedRect.hpp"
 #include "Style.hpp"
 
 #include <QAbstractListModel>
@@ -54,10 +55,8 @@ public:
     const bool isCurrent = item.state & QStyle::State_Selected;
     painter->save();
     if (isCurrent) {
-      painter->setRenderHint(QPainter::Antialiasing);
-      painter->setPen(Qt::NoPen);
-      painter->setBrush(item.palette.color(QPalette::Active, QPalette::Highlight));
-      painter->drawRoundedRect(item.rect, Style::kCornerRadius - 2, Style::kCornerRadius - 2);
+      const QColor fill = item.palette.color(QPalette::Active, QPalette::Highlight);
+      drawRoundedRect(*painter, item.rect, {.radius = Style::kCornerRadius - 2, .fill = fill});
     }
     painter->setPen(item.palette.color(QPalette::Active, isCurrent ? QPalette::HighlightedText : QPalette::Text));
     painter->setFont(item.font);

@@ -2,6 +2,7 @@
 
 #include "Colors.hpp"
 #include "Mirror.hpp"
+#include "RoundedRect.hpp"
 #include "Style.hpp"
 
 #include <QPainter>
@@ -79,18 +80,17 @@ void Switch::paintEvent(QPaintEvent* /*event*/) {
   if (underMouse()) on = blended(on, label, 0.1);
   QColor fill = blended(off, on, position);
   if (!isEnabled()) fill = blended(window, fill, 0.4);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(fill);
-  painter.drawRoundedRect(track, radius, radius);
+  drawRoundedRect(painter, track, {.radius = radius, .fill = fill});
 
   const qreal diameter = track.height() - 2 * kKnobInset;
   const double fromLeft = layoutDirection() == Qt::RightToLeft ? 1 - position : position;
   const qreal x = track.left() + kKnobInset + fromLeft * (track.width() - diameter - 2 * kKnobInset);
   const QRectF knob(x, track.top() + kKnobInset, diameter, diameter);
+  painter.setPen(Qt::NoPen);
   painter.setBrush(QColor(0, 0, 0, 40));
   painter.drawEllipse(knob.adjusted(-0.5, 0, 0.5, 1));
-  painter.setBrush(isEnabled() ? QColor(Qt::white) : blended(fill, Qt::white, 0.7));
-  painter.drawEllipse(knob);
+  drawRoundedRect(painter, knob,
+                  {.radius = diameter / 2, .fill = isEnabled() ? QColor(Qt::white) : blended(fill, Qt::white, 0.7)});
   if (isDown()) {
     painter.setBrush(QColor(0, 0, 0, 24));
     painter.drawEllipse(knob);

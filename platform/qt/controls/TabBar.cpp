@@ -3,6 +3,7 @@
 #include "Colors.hpp"
 #include "Fonts.hpp"
 #include "NodePainter.hpp"
+#include "RoundedRect.hpp"
 #include "Style.hpp"
 #include "Symbols.hpp"
 
@@ -92,9 +93,8 @@ void TabBar::paintTab(QPainter& painter, int index) {
   const bool isHovered = underMouse() && tabRect(index).contains(mapFromGlobal(QCursor::pos()));
   const QColor label = palette().color(QPalette::WindowText);
   if (isSelected || isHovered) {
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(blended(palette().color(QPalette::Window), label, isSelected ? 0.1 : 0.05));
-    painter.drawRoundedRect(frame, Style::kCornerRadius, Style::kCornerRadius);
+    const QColor fill = blended(palette().color(QPalette::Window), label, isSelected ? 0.1 : 0.05);
+    drawRoundedRect(painter, frame, {.radius = Style::kCornerRadius, .fill = fill});
   }
   const QColor color = isSelected ? palette().color(QPalette::Active, QPalette::Highlight)
                                   : blended(palette().color(QPalette::Window), label, 0.75);
