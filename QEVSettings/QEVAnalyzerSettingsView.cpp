@@ -64,12 +64,6 @@ struct DetailBox {
 
 }  // namespace
 
-std::shared_ptr<AnalyzerList> AnalyzerList::loaded() {
-  auto list = std::make_shared<AnalyzerList>();
-  list->pluginStructs = QEVPlugInsController::sharedManager().plugInStructs();
-  return list;
-}
-
 View QEVAnalyzerSettingsView::body() const {
   return HStack({.alignment = VerticalAlignment::top, .spacing = 16},
                 {

@@ -2,10 +2,9 @@
 
 #include "AnalyzerSettingDetailsProvider.hpp"
 #include "AnalyzerSettingDetailsViewModel.hpp"
-#include "QEVDependencies/QEVPlugInStructure.hpp"
+#include "QEVModels/QEVPlugInsController.hpp"
 #include "QEVSettings/preferences/PreferenceKeys.hpp"
 #include "appkit/Event.hpp"
-#include "foundation/ObservableObject.hpp"
 #include "viewkit/ObservedObject.hpp"
 #include "viewkit/ScrollView.hpp"
 #include "viewkit/State.hpp"
@@ -15,16 +14,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <vector>
 
 namespace QEVSettings {
-
-// The loaded analyzers as they were when the tab was made.
-struct AnalyzerList final : foundation::ObservableObject {
-  static std::shared_ptr<AnalyzerList> loaded();
-
-  std::vector<QEVDependencies::QEVPlugInStructure> pluginStructs;
-};
 
 // The Analyzer tab: the list of the loaded analyzers, and all about the selected one. The selection is
 // kept in the preferences store, and the arrow keys move it from anywhere in the application unless a
@@ -34,7 +25,7 @@ public:
   viewkit::View body() const;
 
 private:
-  using Plugins = std::vector<QEVDependencies::QEVPlugInStructure>;
+  using PlugIns = QEVModels::QEVPlugInsController::PlugIns;
 
   viewkit::View listBox() const;
 
@@ -43,14 +34,16 @@ private:
   void select(std::int64_t index, const viewkit::ScrollProxy& list) const;
   void handleKey(const appkit::Event& event) const;
 
-  const Plugins& pluginStructs() const { return analyzers_->pluginStructs; }
+  const PlugIns& pluginStructs() const { return *pluginStructs_.get(); }
 
   viewkit::StateObject<AnalyzerSettingDetailsProvider> detailsModelProvider_{
       [] { return std::make_shared<AnalyzerSettingDetailsProvider>(); }};
   viewkit::State<std::shared_ptr<AnalyzerSettingDetailsViewModel>> selectedItem_;
   viewkit::StoredPreference<std::int64_t> selection_{kAnalyzerSelectedIndex};
   viewkit::State<std::shared_ptr<appkit::Event::Monitor>> keyMonitor_;
-  viewkit::StateObject<AnalyzerList> analyzers_{AnalyzerList::loaded};
+  // The loaded analyzers as they were when the tab was made.
+  viewkit::State<std::shared_ptr<const PlugIns>> pluginStructs_{
+      QEVModels::QEVPlugInsController::sharedManager().snapshot()};
 };
 
 }  // namespace QEVSettings

@@ -14,15 +14,20 @@ QEVPlugInsController& QEVPlugInsController::sharedManager() {
 
 void QEVPlugInsController::registerPlugIn(QEVPlugInStructure plugIn) {
   if (ids_.insert(plugIn.id).second) {
-    plugInStructs_.push_back(std::move(plugIn));
+    changed().push_back(std::move(plugIn));
   } else {
-    *std::ranges::find(plugInStructs_, plugIn.id, &QEVPlugInStructure::id) = std::move(plugIn);
+    *std::ranges::find(changed(), plugIn.id, &QEVPlugInStructure::id) = std::move(plugIn);
   }
 }
 
 void QEVPlugInsController::unregisterPlugIn(foundation::UUID id) {
   ids_.erase(id);
-  std::erase_if(plugInStructs_, [&](const QEVPlugInStructure& plugIn) { return plugIn.id == id; });
+  std::erase_if(changed(), [&](const QEVPlugInStructure& plugIn) { return plugIn.id == id; });
+}
+
+QEVPlugInsController::PlugIns& QEVPlugInsController::changed() {
+  if (plugInStructs_.use_count() > 1) plugInStructs_ = std::make_shared<PlugIns>(*plugInStructs_);
+  return *plugInStructs_;
 }
 
 }  // namespace QEVModels

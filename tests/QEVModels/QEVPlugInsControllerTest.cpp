@@ -44,5 +44,26 @@ TEST(QEVPlugInsControllerTest, ListsPlugInsInTheOrderOfTheirRegistration) {
   EXPECT_THAT(titles(), ElementsAre());
 }
 
+TEST(QEVPlugInsControllerTest, ASnapshotStaysAsItIsAndIsSharedUntilSomethingChanges) {
+  auto& manager = QEVPlugInsController::sharedManager();
+  const auto dns = foundation::UUID::random();
+  const auto arp = foundation::UUID::random();
+  manager.registerPlugIn(plugIn(dns, "DNS"));
+  const auto first = manager.snapshot();
+  EXPECT_EQ(manager.snapshot(), first);
+  EXPECT_EQ(&manager.plugInStructs(), first.get());
+
+  manager.registerPlugIn(plugIn(dns, "DNS 2"));
+  manager.registerPlugIn(plugIn(arp, "ARP"));
+  const auto second = manager.snapshot();
+  manager.unregisterPlugIn(dns);
+  ASSERT_EQ(first->size(), 1U);
+  EXPECT_EQ(first->front().plugInTitle, "DNS");
+  ASSERT_EQ(second->size(), 2U);
+  EXPECT_EQ(second->front().plugInTitle, "DNS 2");
+  EXPECT_THAT(titles(), ElementsAre("ARP"));
+  manager.unregisterPlugIn(arp);
+}
+
 }  // namespace
 }  // namespace QEVModels

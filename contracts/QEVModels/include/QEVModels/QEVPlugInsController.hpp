@@ -3,6 +3,7 @@
 #include "QEVDependencies/QEVPlugInStructure.hpp"
 #include "foundation/UUID.hpp"
 
+#include <memory>
 #include <set>
 #include <vector>
 
@@ -14,7 +15,11 @@ public:
   // The one registry of the application.
   static QEVPlugInsController& sharedManager();
 
-  const std::vector<QEVDependencies::QEVPlugInStructure>& plugInStructs() const { return plugInStructs_; }
+  using PlugIns = std::vector<QEVDependencies::QEVPlugInStructure>;
+  const PlugIns& plugInStructs() const { return *plugInStructs_; }
+  // The list as it is now, for whoever wants to keep it: it stays like this whatever is registered later, and
+  // copies nothing as long as nothing is.
+  std::shared_ptr<const PlugIns> snapshot() const { return plugInStructs_; }
 
   // For the host, while it loads and unloads plug-ins. A plug-in whose id is registered already takes
   // the place of the one that has it; removing an unknown one does nothing.
@@ -24,7 +29,10 @@ public:
 private:
   QEVPlugInsController() = default;
 
-  std::vector<QEVDependencies::QEVPlugInStructure> plugInStructs_;
+  // The list, for a change that no snapshot may see.
+  PlugIns& changed();
+
+  std::shared_ptr<PlugIns> plugInStructs_ = std::make_shared<PlugIns>();
   std::set<foundation::UUID> ids_;
 };
 
