@@ -120,6 +120,38 @@ TEST(Invalidation, ASwitchRunsTheBodiesThatReadItsKey) {
   EXPECT_TRUE(window.findText("two on").exists());
 }
 
+// Two views that differ in nothing but the key that they are bound to.
+struct OneOfTwoKeys {
+  struct Bound {
+    StoredPreference<bool> value;
+    explicit Bound(const std::string& key) : value(key, false) {}
+    View body() const {
+      return HStack({}, {Text(value ? "on" : "off"), Toggle(value.binding()).accessibilityLabel("value")});
+    }
+    friend bool operator==(const Bound&, const Bound&) = default;
+  };
+
+  State<bool> isSecond = false;
+  View body() const {
+    return VStack({}, {Toggle(isSecond.binding()).accessibilityLabel("second"), Bound(isSecond ? "two" : "one")});
+  }
+};
+
+TEST(Invalidation, AViewOfAnotherKeyShowsAndWritesThatKey) {
+  testing::store().setBool(false, "one");
+  testing::store().setBool(true, "two");
+  headless::Window window = testing::open(OneOfTwoKeys{});
+  EXPECT_TRUE(window.findText("off").exists());
+  window.click(window.find(Role::toggle, "second"));
+  EXPECT_TRUE(window.findText("on").exists());
+  testing::store().setBool(true, "one");
+  window.settle();
+  window.click(window.find(Role::toggle, "value"));
+  EXPECT_FALSE(testing::store().boolForKey("two"));
+  EXPECT_TRUE(testing::store().boolForKey("one"));
+  EXPECT_TRUE(window.findText("off").exists());
+}
+
 TEST(Invalidation, AWriteByAnotherOwnerOfTheFileRunsTheBodiesThatReadItsKey) {
   const support::TemporaryFolder folder;
   const auto ours = foundation::UserDefaults::open(folder.path() / "preferences.sqlite");

@@ -45,6 +45,8 @@ public:
   T* operator->() const { return get().get(); }
   T& operator*() const { return *get(); }
 
+  friend bool operator==(const ObservedObject& a, const ObservedObject& b) { return a.object_ == b.object_; }
+
 private:
   std::shared_ptr<ObjectSlot<T>> makeSlot() const override { return std::make_shared<ObjectSlot<T>>(object_); }
 

@@ -29,11 +29,21 @@ inline std::optional<std::string> readPreference(const QEVSettings::PreferenceVa
 
 template <class T>
 struct PreferenceSlot : Slot {
-  PreferenceSlot(QEVSettings::PreferencesStore& preferences, std::string name, T fallback)
-      : store(preferences),
-        key(std::move(name)),
-        defaultValue(std::move(fallback)),
-        subscription(store.observe(key, [this](std::string_view) { dependents.markAll(); })) {}
+  PreferenceSlot(QEVSettings::PreferencesStore& preferences, const std::string& name, const T& fallback)
+      : store(preferences), key(name), defaultValue(fallback) {
+    observe();
+  }
+
+  void follow(const std::string& name, const T& fallback) {
+    defaultValue = fallback;
+    if (name == key) return;
+    key = name;
+    observe();
+  }
+
+  void observe() {
+    subscription = store.observe(key, [this](std::string_view) { dependents.markAll(); });
+  }
 
   T read() {
     dependents.recordRead();
@@ -57,20 +67,28 @@ public:
   StoredPreference(QEVSettings::PreferenceKey<T> key) : key_(key.name), defaultValue_(std::move(key.defaultValue)) {}
   StoredPreference(std::string_view key, T defaultValue) : key_(key), defaultValue_(std::move(defaultValue)) {}
 
-  T get() const { return this->slot().read(); }
+  T get() const { return followed()->read(); }
   operator T() const { return get(); }
 
-  void set(T value) const {
-    auto& slot = this->slot();
-    slot.store.setObject(std::move(value), slot.key);
-  }
+  void set(T value) const { this->slot().store.setObject(std::move(value), key_); }
 
   Binding<T> binding() const {
-    const auto slot = this->sharedSlot();
+    const auto slot = followed();
     return {[slot] { return slot->read(); }, [slot](T value) { slot->store.setObject(std::move(value), slot->key); }};
   }
 
+  friend bool operator==(const StoredPreference& a, const StoredPreference& b) {
+    return a.key_ == b.key_ && a.defaultValue_ == b.defaultValue_;
+  }
+
 private:
+  // With the key of the view's newest description.
+  std::shared_ptr<PreferenceSlot<T>> followed() const {
+    auto slot = this->sharedSlot();
+    if (belongsToRunningBody(this)) slot->follow(key_, defaultValue_);
+    return slot;
+  }
+
   std::shared_ptr<PreferenceSlot<T>> makeSlot() const override {
     return std::make_shared<PreferenceSlot<T>>(Environment::current().defaultStore.get(), key_, defaultValue_);
   }
