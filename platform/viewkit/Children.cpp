@@ -33,10 +33,11 @@ void checkIds(const std::vector<Children::Child>& views) {
 
 Children::Children(std::initializer_list<Place> places) {
   std::size_t count = 0;
-  for (const Place& place : places) count += place.views_.size();
+  for (const Place& place : places) count += place.view_.isEmpty() ? place.views_.size() : 1;
   children_.reserve(count);
   int position = 0;
   for (const Place& place : places) {
+    if (!place.view_.isEmpty()) children_.push_back({{.position = position}, place.view_});
     if (place.views_.size() > 1) checkIds(place.views_);
     for (const Child& child : place.views_) {
       if (!child.view.isEmpty()) children_.push_back({{.position = position, .id = child.key.id}, child.view});

@@ -41,6 +41,7 @@ void ContainerNode::reconcileChildren(const std::vector<Children::Child>& next) 
     childrenChanged();
   }
   nodes_.clear();
+  nodes_.reserve(children_.size());
   for (const Child& child : children_) nodes_.push_back(child.node.get());
 }
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <memory>
+#include <span>
 #include <utility>
 
 namespace viewkit {
@@ -41,7 +42,7 @@ public:
   // Whatever changes in a row may change the columns of all.
   bool answersForItself() const override { return false; }
 
-  void placeCells(const std::vector<Rect>& frames) {
+  void placeCells(std::span<const Rect> frames) {
     for (std::size_t i = 0; i < frames.size(); ++i) placeChild(*children()[i], frames[i].origin, frames[i].size);
   }
 
@@ -72,15 +73,14 @@ protected:
     if (before && !looksLike(*static_cast<const GridValue*>(before))) layoutChanged();
   }
 
-  Measurement measure(const ProposedSize& proposal) override { return layOut(proposal).measurement; }
+  Measurement measure(const ProposedSize& proposal) override { return layOut(proposal); }
 
   void placeChildren() override {
-    const GridLayout::Result result = layOut({size().width, size().height});
-    for (std::size_t i = 0; i < children().size(); ++i) {
+    layOut({size().width, size().height}, [this](std::size_t i, const Rect& frame, std::span<const Rect> cells) {
       auto& row = static_cast<GridRowNode&>(*children()[i]);
-      placeChild(row, result.rows[i].frame.origin, result.rows[i].frame.size);
-      row.placeCells(result.rows[i].cells);
-    }
+      placeChild(row, frame.origin, frame.size);
+      row.placeCells(cells);
+    });
   }
 
 private:
@@ -94,14 +94,15 @@ private:
                       [](const GridRow& x, const GridRow& y) { return x.verticalPadding == y.verticalPadding; });
   }
 
-  GridLayout::Result layOut(const ProposedSize& proposal) {
+  Measurement layOut(const ProposedSize& proposal, const GridLayout::Place& place = {}) {
     const auto& value = valueAs<GridValue>();
-    std::vector<GridLayout::Row> rows;
+    Scratch scratch;
+    std::pmr::vector<GridLayout::Row> rows(scratch.memory());
     rows.reserve(children().size());
     for (std::size_t i = 0; i < children().size(); ++i) {
       rows.push_back({static_cast<GridRowNode&>(*children()[i]).children(), value.rows[i].verticalPadding});
     }
-    return GridLayout{value.options}.layOut(rows, proposal);
+    return GridLayout{value.options}.layOut(rows, proposal, place);
   }
 };
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <limits>
 #include <type_traits>
 #include <typeinfo>
 #include <utility>
@@ -19,7 +20,22 @@ constexpr std::size_t kAnswersKept = 16;
 // As many as most nodes are asked.
 constexpr std::size_t kAnswersExpected = 4;
 
+constexpr double kNone = -std::numeric_limits<double>::infinity();
+
+std::optional<double> unlessNone(double length) { return length == kNone ? std::nullopt : std::optional(length); }
+
 }  // namespace
+
+Node::Answer::Answer(const ProposedSize& proposal, const Measurement& measurement, std::uint64_t era)
+    : proposedWidth(proposal.width.value_or(kNone)),
+      proposedHeight(proposal.height.value_or(kNone)),
+      size(measurement.size),
+      firstBaseline(measurement.firstBaseline.value_or(kNone)),
+      era(era) {}
+
+ProposedSize Node::Answer::proposal() const { return {unlessNone(proposedWidth), unlessNone(proposedHeight)}; }
+
+Measurement Node::Answer::measurement() const { return {size, unlessNone(firstBaseline)}; }
 
 Node::~Node() {
   if (runtime_) runtime_->nodeGone(*this);
@@ -66,10 +82,11 @@ Measurement Node::measured(const ProposedSize& offer) {
   if (!answersForItself()) return measure(offer);
   const ProposedSize proposal = heeded(offer);
   const std::uint64_t era = runtime_->layoutEra();
+  const Answer question(proposal, {}, era);
   for (Answer& answer : answers_) {
-    if (answer.proposal != proposal) continue;
+    if (!answer.answers(question)) continue;
     answer.era = era;
-    return answer.measurement;
+    return answer.measurement();
   }
   const std::uint64_t before = std::exchange(laidOutIn_, runtime_->layoutPass());
   if (before != laidOutIn_) ++runtime_->counters().nodesLaidOut;
@@ -81,7 +98,7 @@ Measurement Node::measured(const ProposedSize& offer) {
     forgotAnswers_ = true;
   }
   if (answers_.empty()) answers_.reserve(kAnswersExpected);
-  answers_.push_back({proposal, measurement, era});
+  answers_.emplace_back(proposal, measurement, era);
   return measurement;
 }
 
@@ -93,7 +110,7 @@ bool Node::remeasuresEqually() {
   for (const Answer& answer : before) {
     // Answers from before the window's last resize are not worth the work of checking them.
     equal = equal && answer.era == era;
-    if (answer.era == era) equal = measured(answer.proposal) == answer.measurement && equal;
+    if (answer.era == era) equal = measured(answer.proposal()) == answer.measurement() && equal;
   }
   return equal;
 }

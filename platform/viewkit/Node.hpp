@@ -24,6 +24,9 @@ enum class Axis { horizontal, vertical };
 struct Measurement {
   Size size;
   std::optional<double> firstBaseline = std::nullopt;
+
+  // What stands on one line with the others where they are aligned by their first lines.
+  double line() const { return firstBaseline.value_or(size.height); }
   friend bool operator==(const Measurement&, const Measurement&) = default;
 };
 
@@ -184,10 +187,20 @@ protected:
   void placeChild(Node& child, Point origin, Size size);
 
 private:
+  // Packed, for a node has many: there is no length that is less than any other.
   struct Answer {
-    ProposedSize proposal;
-    Measurement measurement;
-    std::uint64_t era = 0;
+    Answer(const ProposedSize& proposal, const Measurement& measurement, std::uint64_t era);
+    ProposedSize proposal() const;
+    Measurement measurement() const;
+    bool answers(const Answer& question) const {
+      return proposedWidth == question.proposedWidth && proposedHeight == question.proposedHeight;
+    }
+
+    double proposedWidth;
+    double proposedHeight;
+    Size size;
+    double firstBaseline;
+    std::uint64_t era;
   };
 
   Node& presentingAncestor() const;

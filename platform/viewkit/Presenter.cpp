@@ -96,6 +96,7 @@ void Presenter::collectChildren(Node& presenting, const Fades& fades) {
   presenting.collectPresentations(children);
   PresentationNode& node = presenting.presented()->node;
   node.children.clear();
+  node.children.reserve(children.size());
   for (Node::Presented* child : children) {
     child->node.parent = &node;
     child->place = node.children.size();

@@ -9,10 +9,14 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
+#include <algorithm>
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace QEVSettings {
 
@@ -21,21 +25,28 @@ namespace {
 using viewkit::Role;
 
 constexpr std::string_view kSelectedKey = "QEVAnalyzerSettingsSelectedIndex";
-// Bytes for one selection, whose details are all made anew; and what may be left of a thousand.
-constexpr std::size_t kSelectionLimit = std::size_t{512} * 1024;
+// What may be left of a thousand selections, in bytes.
 constexpr std::size_t kLeftoverLimit = 1024;
+constexpr int kTimes = 8;
 
 struct Work {
   std::uint64_t bodiesRun;
   std::uint64_t nodesLaidOut;
   std::uint64_t nodesChanged;
+  std::uint64_t allocations;
 
   friend bool operator==(const Work&, const Work&) = default;
   friend std::ostream& operator<<(std::ostream& out, const Work& work) {
     return out << work.bodiesRun << " bodies run, " << work.nodesLaidOut << " nodes laid out, " << work.nodesChanged
-               << " nodes changed";
+               << " nodes changed, " << work.allocations << " allocations";
   }
 };
+
+// A build with sanitizers does not count what is allocated.
+Work work(std::uint64_t bodiesRun, std::uint64_t nodesLaidOut, std::uint64_t nodesChanged, std::uint64_t allocations) {
+  const bool counts = AllocationCount::now().allocations > 0;
+  return {bodiesRun, nodesLaidOut, nodesChanged, counts ? allocations : 0};
+}
 
 // With five options and six protocols, like the largest that there are.
 class AnalyzerPageWorkTest : public testing::TestWithParam<int> {
@@ -55,14 +66,22 @@ protected:
     window_->settle();
   }
 
-  // What is done afterwards, without what brought the window to where it stands.
-  Work workOf(const std::function<void()>& act) {
-    window_->settle();
-    window_->host().counters() = {};
-    act();
-    window_->settle();
-    const auto& counters = window_->host().counters();
-    return {counters.bodiesRun, counters.nodesLaidOut, counters.nodesChanged};
+  // What is done afterwards, without what brought the window to where it stands. The least of several times: now
+  // and then a list outgrows its memory.
+  Work workOf(const std::function<void()>& act, const std::function<void()>& undo) {
+    std::vector<Work> works;
+    for (int i = 0; i < kTimes; ++i) {
+      window_->settle();
+      window_->host().counters() = {};
+      const std::size_t before = AllocationCount::now().allocations;
+      act();
+      window_->settle();
+      const std::size_t allocations = AllocationCount::now().allocations - before;
+      const auto& counters = window_->host().counters();
+      works.push_back({counters.bodiesRun, counters.nodesLaidOut, counters.nodesChanged, allocations});
+      undo();
+    }
+    return *std::ranges::min_element(works, {}, &Work::allocations);
   }
 
 private:
@@ -91,27 +110,30 @@ TEST_P(AnalyzerPageWorkTest, IsNoMoreThanTheChangeNeeds) {
   const auto toggle = window().findAll(Role::toggle).front();
   const auto field = window().findAll(Role::textField).front();
   const viewkit::Point onOption = toggle.frame().origin - viewkit::Point{60, 0};
+  const auto enter = [&] { window().movePointer(onOption); };
+  const auto leave = [&] { window().movePointer({1, 1}); };
+  EXPECT_EQ(workOf(enter, leave), work(1, 0, 1, 28)) << "a hover";
+  enter();
+  EXPECT_EQ(workOf(leave, enter), work(1, 0, 1, 24)) << "the end of a hover";
 
-  EXPECT_EQ(workOf([&] { window().movePointer(onOption); }), (Work{1, 0, 1})) << "a hover";
-  EXPECT_EQ(workOf([&] { window().movePointer({1, 1}); }), (Work{1, 0, 1})) << "the end of a hover";
+  const auto flip = [&] { window().click(toggle); };
   window().movePointer(toggle.frame().origin);
-  EXPECT_EQ(workOf([&] { window().click(toggle); }), (Work{2, 0, 1})) << "a switch";
+  EXPECT_EQ(workOf(flip, flip), work(2, 0, 1, 58)) << "a switch";
   window().click(field);
-  EXPECT_EQ(workOf([&] { window().type("8"); }), (Work{4, 1, 1})) << "a key typed: the cells of its row";
-  EXPECT_EQ(workOf([&] { select(3); }), (Work{62, 197, 152})) << "a selection";
+  EXPECT_EQ(workOf([&] { window().type("8"); }, [] {}), work(4, 1, 1, 85)) << "a key typed: the cells of its row";
+  int selected = 0;
+  const auto next = [&] { select(selected = 1 - selected); };
+  EXPECT_EQ(workOf(next, [] {}), work(62, 197, 152, 2992)) << "a selection";
 }
 
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 
-TEST_P(AnalyzerPageWorkTest, SelectionsAllocateLittleAndLeaveNothing) {
+TEST_P(AnalyzerPageWorkTest, SelectionsLeaveNothingBehind) {
   constexpr int kFew = 10;
-  constexpr int kMany = 1000;
   for (int i = 0; i < 2 * kFew; ++i) select(i % kFew);
   const AllocationCount before = AllocationCount::now();
-  for (int i = 0; i < kMany; ++i) select(i % kFew);
-  const AllocationCount after = AllocationCount::now();
-  EXPECT_LT((after.allocated - before.allocated) / kMany, kSelectionLimit);
-  EXPECT_LT(after.alive, before.alive + kLeftoverLimit);
+  for (int i = 0; i < 1000; ++i) select(i % kFew);
+  EXPECT_LT(AllocationCount::now().alive, before.alive + kLeftoverLimit);
 }
 
 #endif

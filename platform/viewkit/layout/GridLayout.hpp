@@ -1,8 +1,12 @@
 #pragma once
 
 #include "Node.hpp"
+#include "layout/Scratch.hpp"
 #include "viewkit/Grid.hpp"
 
+#include <cstddef>
+#include <functional>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -16,19 +20,12 @@ struct GridLayout {
     std::span<Node* const> cells;
     double verticalPadding = 0;
   };
-  struct PlacedRow {
-    Rect frame;
-    // In the coordinates of the row.
-    std::vector<Rect> cells;
-  };
-  struct Result {
-    Measurement measurement;
-    std::vector<PlacedRow> rows;
-  };
-  Result layOut(std::span<const Row> rows, const ProposedSize& proposal) const;
+  // Is told where each row goes, by its position, and its cells in the coordinates of the row.
+  using Place = std::function<void(std::size_t row, const Rect& frame, std::span<const Rect> cells)>;
+  Measurement layOut(std::span<const Row> rows, const ProposedSize& proposal, const Place& place = {}) const;
 
 private:
-  std::vector<double> columnWidths(std::span<const Row> rows, std::optional<double> width) const;
+  std::pmr::vector<double> columnWidths(std::span<const Row> rows, std::optional<double> width, Scratch& scratch) const;
 };
 
 }  // namespace viewkit

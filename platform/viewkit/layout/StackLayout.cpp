@@ -1,10 +1,10 @@
 #include "layout/StackLayout.hpp"
 
+#include "layout/Scratch.hpp"
+
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstddef>
-#include <memory_resource>
 #include <numeric>
 #include <optional>
 #include <tuple>
@@ -20,19 +20,6 @@ double across(Axis axis, Size size) { return axis == Axis::horizontal ? size.hei
 ProposedSize proposed(Axis axis, std::optional<double> along, std::optional<double> across) {
   return axis == Axis::horizontal ? ProposedSize{along, across} : ProposedSize{across, along};
 }
-
-// Where the child's line stands that is aligned with the others' lines.
-double lineOf(const Measurement& child) { return child.firstBaseline.value_or(child.size.height); }
-
-// What layout needs for a while: on the stack, for as many children as most stacks have.
-class Scratch {
-public:
-  std::pmr::memory_resource* memory() { return &memory_; }
-
-private:
-  std::array<std::byte, 1024> room_{};
-  std::pmr::monotonic_buffer_resource memory_{room_.data(), room_.size()};
-};
 
 std::pmr::vector<Measurement> measureAll(Axis axis, std::span<Node* const> children, std::optional<double> length,
                                          std::optional<double> breadth, double spacing, Scratch& scratch) {
@@ -96,12 +83,12 @@ Measurement StackLayout::layOut(std::span<Node* const> children, const ProposedS
   double line = 0;
   for (const Measurement& child : measurements) {
     breadth = std::max(breadth, across(axis, child.size));
-    line = std::max(line, lineOf(child));
+    line = std::max(line, child.line());
   }
   if (byBaseline) {
     breadth = 0;
     for (const Measurement& child : measurements) {
-      breadth = std::max(breadth, line - lineOf(child) + child.size.height);
+      breadth = std::max(breadth, line - child.line() + child.size.height);
     }
   }
 
@@ -111,8 +98,8 @@ Measurement StackLayout::layOut(std::span<Node* const> children, const ProposedS
     const Measurement& child = measurements[i];
     Rect frame{{}, child.size};
     if (horizontal) {
-      frame.origin = {
-          position, byBaseline ? line - lineOf(child) : aligned(child.size, {child.size.width, breadth}, alignment).y};
+      frame.origin = {position,
+                      byBaseline ? line - child.line() : aligned(child.size, {child.size.width, breadth}, alignment).y};
     } else {
       frame.origin = {aligned(child.size, {breadth, child.size.height}, alignment).x, position};
     }

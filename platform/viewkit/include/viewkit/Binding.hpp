@@ -1,28 +1,34 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <utility>
 
 namespace viewkit {
 
 // A value that lives elsewhere, to be read and written. Reading it in a body makes the body depend on
-// what it reads.
+// what it reads. Copies share the two functions.
 template <class T>
 class Binding {
 public:
-  Binding(std::function<T()> get, std::function<void(T)> set) : get_(std::move(get)), set_(std::move(set)) {}
+  Binding(std::function<T()> get, std::function<void(T)> set)
+      : access_(std::make_shared<const Access>(Access{std::move(get), std::move(set)})) {}
 
   // A value that never changes; writing it does nothing.
   static Binding constant(T value) {
     return Binding([value] { return value; }, [](const T&) {});
   }
 
-  T get() const { return get_(); }
-  void set(T value) const { set_(std::move(value)); }
+  T get() const { return access_->get(); }
+  void set(T value) const { access_->set(std::move(value)); }
 
 private:
-  std::function<T()> get_;
-  std::function<void(T)> set_;
+  struct Access {
+    std::function<T()> get;
+    std::function<void(T)> set;
+  };
+
+  std::shared_ptr<const Access> access_;
 };
 
 }  // namespace viewkit

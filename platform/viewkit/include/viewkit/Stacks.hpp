@@ -30,13 +30,13 @@ public:
   public:
     template <class V>
       requires std::convertible_to<V, View>
-    Place(V&& view) {
-      views_.push_back({.key = {}, .view = View(std::forward<V>(view))});
-    }
+    Place(V&& view) : view_(std::forward<V>(view)) {}
     explicit Place(std::vector<Child> views) : views_(std::move(views)) {}
 
   private:
     friend class Children;
+    // The one view, or the many.
+    View view_;
     std::vector<Child> views_;
   };
 
