@@ -17,6 +17,7 @@ namespace qt {
 SelectableText::SelectableText(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent)
     : QTextEdit(&parent), ControlWidget(mirror, node) {
   setReadOnly(true);
+  setUndoRedoEnabled(false);
   setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   setFrameShape(QFrame::NoFrame);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -40,16 +41,20 @@ void SelectableText::refresh() {
   if (!selectable) return;
   const QFont font = fontOf(selectable->text.font);
   const QString wanted = text(selectable->text.text);
-  if (document()->defaultFont() != font || toPlainText() != wanted) {
-    document()->setDefaultFont(font);
-    setPlainText(wanted);
-    // Lines as high as those of text that is only shown, which layout has measured.
-    const QFontMetricsF metrics(font);
+  QTextCursor cursor(document());
+  cursor.select(QTextCursor::Document);
+  if (document()->defaultFont() != font) document()->setDefaultFont(font);
+  // Lines as high as those of text that is only shown, which layout has measured.
+  const QFontMetricsF metrics(font);
+  const qreal lineHeight = std::ceil(metrics.ascent()) + std::ceil(metrics.descent());
+  if (cursor.blockFormat().lineHeight() != lineHeight) {
     QTextBlockFormat lines;
-    lines.setLineHeight(std::ceil(metrics.ascent()) + std::ceil(metrics.descent()), QTextBlockFormat::FixedHeight);
-    QTextCursor cursor(document());
-    cursor.select(QTextCursor::Document);
+    lines.setLineHeight(lineHeight, QTextBlockFormat::FixedHeight);
     cursor.mergeBlockFormat(lines);
+  }
+  if (toPlainText() != wanted) {
+    cursor.insertText(wanted);
+    setTextCursor(QTextCursor(document()));
   }
 
   QPalette colors = palette();
