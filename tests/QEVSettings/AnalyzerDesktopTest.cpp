@@ -13,6 +13,7 @@
 #include <QClipboard>
 #include <QColorDialog>
 #include <QLineEdit>
+#include <QPaintEvent>
 #include <QTest>
 #include <QTextEdit>
 
@@ -137,6 +138,61 @@ TEST_F(AnalyzerDesktopTest, AnOptionIsSwitchedByItsTextItsSwitchAndTheKeyboard) 
   press(Qt::Key_Space);
   EXPECT_TRUE(store.underneath().boolForKey(kOptionKey));
   EXPECT_EQ(store.changes().size(), 3U);
+}
+
+// What is painted of a window from now on.
+class PaintWatch : public QObject {
+public:
+  explicit PaintWatch(const QWidget& window) : window_(window) { qApp->installEventFilter(this); }
+
+  QRegion painted() const { return painted_; }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const auto* widget = qobject_cast<const QWidget*>(watched);
+    if (event->type() == QEvent::Paint && widget && window_.isAncestorOf(widget)) {
+      const QRegion region = static_cast<const QPaintEvent*>(event)->region();
+      painted_ += region.translated(widget->mapTo(&window_, QPoint()));
+    }
+    return false;
+  }
+
+private:
+  const QWidget& window_;
+  QRegion painted_;
+};
+
+TEST_F(AnalyzerDesktopTest, NothingIsPaintedBesideWhatChanges) {
+  // Letters and rings may hang over their frame.
+  constexpr QMargins overhang(8, 8, 8, 8);
+  const auto placeOf = [&](const QAccessibleInterface& shown) {
+    return QRect(topLevel().mapFromGlobal(shown.rect().topLeft()), shown.rect().size()) + overhang;
+  };
+  const QRect option = placeOf(find(QAccessible::StaticText, kOption)) | placeOf(find(QAccessible::CheckBox, kOption));
+  const QRect row(placeOf(find(QAccessible::StaticText, "Packet coloring")).left() - 40, option.top(),
+                  topLevel().width(), option.height());
+  const auto flip = [&] { click(find(QAccessible::CheckBox, kOption)); };
+  const struct {
+    const char* what;
+    std::function<void()> prepare;
+    std::function<void()> act;
+    QRect within;
+  } events[] = {
+      {"a hover", [] {}, [&] { QTest::mouseMove(topLevel().windowHandle(), option.center()); }, row},
+      {"a switch", flip, flip, row},
+      {"a key", [&] { click(field(0)); }, [&] { type("1"); }, placeOf(field(0))},
+  };
+  for (const auto& event : events) {
+    SCOPED_TRACE(event.what);
+    event.prepare();
+    settle();
+    const PaintWatch watch(topLevel());
+    event.act();
+    settle();
+    EXPECT_FALSE(watch.painted().isEmpty());
+    const QRegion beside = watch.painted() - event.within;
+    EXPECT_TRUE(beside.isEmpty()) << beside.boundingRect().x() << ' ' << beside.boundingRect().y() << ' '
+                                  << beside.boundingRect().width() << " x " << beside.boundingRect().height();
+  }
 }
 
 TEST_F(AnalyzerDesktopTest, APickedColourIsStoredAtOnce) {
