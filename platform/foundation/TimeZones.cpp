@@ -8,6 +8,8 @@
 #include <optional>
 #include <string_view>
 #include <system_error>
+#include <unordered_set>
+#include <utility>
 
 namespace foundation {
 
@@ -25,6 +27,25 @@ bool isZone(const std::filesystem::path& file) {
   return std::filesystem::is_regular_file(file, error);
 }
 
+// Every file below the database, by the name that its zone would have. Reading the folders tells at once what
+// asking for hundreds of files would.
+std::unordered_set<std::string> filesBelow(const std::filesystem::path& folder) {
+  std::unordered_set<std::string> files;
+  const std::size_t prefix = (folder / "").native().size();
+  std::error_code error;
+  for (std::filesystem::recursive_directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    std::string name = entry->path().native().substr(prefix);
+    std::error_code unknown;
+    if (name == "posix" || name == "right") {
+      entry.disable_recursion_pending();  // the same zones once more
+    } else if (entry->is_regular_file(unknown)) {
+      files.insert(std::move(name));
+    }
+  }
+  return files;
+}
+
 // The words of a line.
 std::vector<std::string_view> words(std::string_view line) {
   std::vector<std::string_view> words;
@@ -37,7 +58,8 @@ std::vector<std::string_view> words(std::string_view line) {
 }
 
 // The database's own list: "Z NAME …" begins a zone and "L NAME OTHER" gives it another name.
-std::vector<std::string> namesOfList(const std::filesystem::path& folder) {
+std::vector<std::string> namesOfList(const std::filesystem::path& folder,
+                                     const std::unordered_set<std::string>& files) {
   const auto list = readFile(folder / "tzdata.zi");
   std::vector<std::string> names;
   if (!list) return names;
@@ -52,22 +74,17 @@ std::vector<std::string> namesOfList(const std::filesystem::path& folder) {
     if (parts.size() > nameAt) names.emplace_back(parts[nameAt]);
   }
   // A package may leave out some of what the list names.
-  std::erase_if(names, [&](const std::string& name) { return !isZone(folder / name); });
+  std::erase_if(names, [&](const std::string& name) { return !files.contains(name); });
   return names;
 }
 
-std::vector<std::string> namesOfFiles(const std::filesystem::path& folder) {
+std::vector<std::string> namesOfFiles(const std::filesystem::path& folder,
+                                      const std::unordered_set<std::string>& files) {
   std::vector<std::string> names;
-  std::error_code error;
-  for (std::filesystem::recursive_directory_iterator entry(folder, error), end; !error && entry != end;
-       entry.increment(error)) {
-    std::string name = entry->path().lexically_relative(folder).string();
-    if (name == "posix" || name == "right") {
-      entry.disable_recursion_pending();  // the same zones once more
-    } else if (name != "localtime" && name != "posixrules" && isZone(entry->path())) {
-      const auto header = readFile(entry->path(), 1 << 20);
-      if (header && header->starts_with("TZif")) names.push_back(std::move(name));
-    }
+  for (const std::string& name : files) {
+    if (name == "localtime" || name == "posixrules") continue;
+    const auto header = readFile(folder / name, 1 << 20);
+    if (header && header->starts_with("TZif")) names.push_back(name);
   }
   return names;
 }
@@ -117,8 +134,9 @@ std::optional<std::string> nameOfFileOfName() {
 
 std::vector<std::string> knownTimeZoneNames() {
   const auto folder = database();
-  auto names = namesOfList(folder);
-  if (names.empty()) names = namesOfFiles(folder);
+  const auto files = filesBelow(folder);
+  auto names = namesOfList(folder, files);
+  if (names.empty()) names = namesOfFiles(folder, files);
   std::erase(names, "Factory");  // stands for a machine that was never set up
   if (names.empty()) names.emplace_back(kUniversalTime);
   std::sort(names.begin(), names.end());

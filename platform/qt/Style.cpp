@@ -92,17 +92,13 @@ void Style::drawFloatingSurface(QPainter& painter, const QRectF& frame, qreal ra
 void Style::drawShadow(QPainter& painter, const QRectF& frame, qreal extent) {
   constexpr double darkest = 0.16;
   constexpr qreal drop = 3;
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
   // One faint layer over the other: together they fade out smoothly.
   const qreal reach = extent - drop;
-  painter.setBrush(QColor::fromRgbF(0, 0, 0, static_cast<float>(darkest / reach)));
+  const QColor layer = QColor::fromRgbF(0, 0, 0, static_cast<float>(darkest / reach));
   for (qreal by = reach; by > 0; --by) {
-    const QRectF layer = frame.adjusted(-by, -by, by, by).translated(0, drop);
-    painter.drawRoundedRect(layer, kFloatingRadius + by, kFloatingRadius + by);
+    drawRoundedRect(painter, frame.adjusted(-by, -by, by, by).translated(0, drop),
+                    {.radius = kFloatingRadius + by, .fill = layer});
   }
-  painter.restore();
 }
 
 void Style::drawIndicator(QPainter& painter, const QRectF& area, bool rightToLeft, const QPalette& palette) {

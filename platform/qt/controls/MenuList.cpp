@@ -13,10 +13,44 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <unordered_map>
 
 namespace qt {
 
 namespace {
+
+// Finds the widest of many texts: setting letters in type takes so long that it is done for those only that come
+// near.
+class TextWidths {
+public:
+  explicit TextWidths(const QFont& font) : metrics_(font) {}
+
+  // The width, or that of the text if it is wider.
+  double widerOf(double width, const QString& text) {
+    const std::optional<double> sum = sumOfLetters(text);
+    const bool isClear = sum && *sum * (1 + kKerning) < width;
+    return isClear ? width : std::max(width, metrics_.horizontalAdvance(text));
+  }
+
+private:
+  // Neighbours are rarely moved apart, and never by more than this share.
+  static constexpr double kKerning = 0.1;
+
+  // Unless there are letters whose shape depends on others.
+  std::optional<double> sumOfLetters(const QString& text) {
+    double sum = 0;
+    for (const QChar each : text) {
+      if (each.script() != QChar::Script_Latin && each.script() != QChar::Script_Common) return std::nullopt;
+      const auto [letter, isNew] = letters_.try_emplace(each.unicode());
+      if (isNew) letter->second = metrics_.horizontalAdvance(each);
+      sum += letter->second;
+    }
+    return sum;
+  }
+
+  QFontMetricsF metrics_;
+  std::unordered_map<char16_t, double> letters_;
+};
 
 constexpr int kHorizontalPadding = 10;
 constexpr int kVerticalPadding = 4;
@@ -116,17 +150,17 @@ QRect MenuList::rowRect(int row) const {
 }
 
 int MenuList::contentWidth() const {
-  int width = 0;
+  double width = 0;
   std::optional<viewkit::Font> font;
-  QFontMetricsF metrics(this->font());
+  TextWidths widths(this->font());
   for (const viewkit::MenuItem& item : items_) {
     if (item.font != font) {
       font = item.font;
-      metrics = QFontMetricsF(font ? fontOf(*font) : this->font());
+      widths = TextWidths(font ? fontOf(*font) : this->font());
     }
-    width = std::max(width, static_cast<int>(std::ceil(metrics.horizontalAdvance(text(item.title)))));
+    width = widths.widerOf(width, text(item.title));
   }
-  return width + 2 * kHorizontalPadding;
+  return static_cast<int>(std::ceil(width)) + 2 * kHorizontalPadding;
 }
 
 int MenuList::contentHeight() const { return rowRect(static_cast<int>(items_.size()) - 1).bottom() + 1; }
