@@ -151,14 +151,11 @@ QRect MenuList::rowRect(int row) const {
 
 int MenuList::contentWidth() const {
   double width = 0;
-  std::optional<viewkit::Font> font;
-  TextWidths widths(this->font());
+  TextWidths widths(font());
   for (const viewkit::MenuItem& item : items_) {
-    if (item.font != font) {
-      font = item.font;
-      widths = TextWidths(font ? fontOf(*font) : this->font());
-    }
-    width = widths.widerOf(width, text(item.title));
+    const QString title = text(item.title);
+    width = item.font ? std::max(width, QFontMetricsF(fontOf(*item.font)).horizontalAdvance(title))
+                      : widths.widerOf(width, title);
   }
   return static_cast<int>(std::ceil(width)) + 2 * kHorizontalPadding;
 }
