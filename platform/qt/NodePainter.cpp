@@ -18,9 +18,6 @@ namespace {
 // Letters and lines may hang over their frame by this much.
 constexpr double kOverhang = 2;
 
-// An area without corners or a border of its own.
-bool isPlain(const viewkit::ShapeVisual& shape) { return shape.cornerRadius <= 0 && shape.borderWidth <= 0; }
-
 }  // namespace
 
 qreal devicePixelRatioOf(const QPainter& painter) { return painter.deviceTransform().m11(); }
@@ -78,9 +75,13 @@ bool NodePainter::Corners::leaveWhole(const QRectF& rect) const {
   return frame.adjusted(depth, depth, -depth, -depth).contains(rect);
 }
 
+bool NodePainter::fillsCorners(const viewkit::ShapeVisual& shape, const QRectF& frame) const {
+  return corners_ && shape.cornerRadius <= 0 && shape.borderWidth <= 0 && snapped(frame).contains(corners_->frame);
+}
+
 bool NodePainter::isPaintedRound(const viewkit::PresentationNode& node, const QRectF& frame) const {
   const auto* shape = std::get_if<viewkit::ShapeVisual>(&node.content);
-  if (shape) return isPlain(*shape) && snapped(frame).contains(corners_->frame);
+  if (shape) return fillsCorners(*shape, frame);
   return std::holds_alternative<viewkit::ImageVisual>(node.content);
 }
 
@@ -128,7 +129,7 @@ void NodePainter::draw(const viewkit::ImageVisual& image, const QRectF& frame) {
 
 void NodePainter::draw(const viewkit::ShapeVisual& shape, const QRectF& frame) {
   const auto paint = [](const appkit::Color& color) { return color.isClear() ? QColor() : colorOf(color); };
-  if (corners_ && isPlain(shape) && snapped(frame).contains(corners_->frame)) {
+  if (fillsCorners(shape, frame)) {
     drawRoundedRect(painter_, corners_->frame, {.radius = corners_->radius, .fill = paint(shape.fill)});
     return;
   }

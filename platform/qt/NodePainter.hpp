@@ -38,6 +38,8 @@ private:
 
   void paint(const viewkit::PresentationNode& node, viewkit::Point parentOrigin, double opacity);
   void clip(const QRectF& frame, qreal radius);
+  // Whether the shape is a plain one over all that is inside of the corners.
+  bool fillsCorners(const viewkit::ShapeVisual& shape, const QRectF& frame) const;
   // Whether the node's content is painted with the corners that it has to stay inside of.
   bool isPaintedRound(const viewkit::PresentationNode& node, const QRectF& frame) const;
   void paintContent(const viewkit::PresentationNode& node, const QRectF& frame);
