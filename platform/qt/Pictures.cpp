@@ -1,9 +1,8 @@
 #include "Pictures.hpp"
 
 #include "Fonts.hpp"
+#include "KeptValues.hpp"
 
-#include <QCache>
-#include <QCoreApplication>
 #include <QImageReader>
 #include <QPainter>
 #include <QSvgRenderer>
@@ -66,17 +65,9 @@ QSizeF pictureSize(const std::string& path) {
 }
 
 QPixmap picturePixmap(const viewkit::ImageVisual& image, QSizeF frame, qreal devicePixelRatio) {
-  static QCache<Key, QPixmap> cache(64);
-  // Pixmaps must not outlive the application.
-  static const bool registered = (qAddPostRoutine([] { cache.clear(); }), true);
-  Q_UNUSED(registered);
-
   const Key key{text(image.path), (frame * devicePixelRatio).toSize(), image.mode, devicePixelRatio};
   if (image.path.empty() || key.pixels.isEmpty()) return {};
-  if (const QPixmap* const known = cache.object(key)) return *known;
-  QPixmap pixmap = render(key);
-  cache.insert(key, new QPixmap(pixmap));
-  return pixmap;
+  return keptValue<QPixmap, 64>(key, [&] { return render(key); });
 }
 
 }  // namespace qt

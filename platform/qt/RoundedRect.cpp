@@ -1,7 +1,7 @@
 #include "RoundedRect.hpp"
 
-#include <QCache>
-#include <QCoreApplication>
+#include "KeptValues.hpp"
+
 #include <QPainter>
 #include <QPixmap>
 
@@ -53,22 +53,17 @@ void drawAsPath(QPainter& painter, const QRectF& frame, const RoundedRect& shape
 
 // The four corners, put together.
 QPixmap cornersOf(const RoundedRect& shape, int corner, qreal devicePixelRatio) {
-  static QCache<Key, QPixmap> cache(256);
-  // Pixmaps must not outlive the application.
-  static const bool registered = (qAddPostRoutine([] { cache.clear(); }), true);
-  Q_UNUSED(registered);
-
   const Key key{shape.radius, shape.borderWidth, rgbaOf(shape.fill), rgbaOf(shape.border), devicePixelRatio};
-  if (const QPixmap* const known = cache.object(key)) return *known;
-  const QSize size(2 * corner, 2 * corner);
-  QPixmap pixmap(size * devicePixelRatio);
-  pixmap.setDevicePixelRatio(devicePixelRatio);
-  pixmap.fill(Qt::transparent);
-  QPainter painter(&pixmap);
-  drawAsPath(painter, QRectF(QPointF(), size), shape);
-  painter.end();
-  cache.insert(key, new QPixmap(pixmap));
-  return pixmap;
+  return keptValue<QPixmap, 256>(key, [&] {
+    const QSize size(2 * corner, 2 * corner);
+    QPixmap pixmap(size * devicePixelRatio);
+    pixmap.setDevicePixelRatio(devicePixelRatio);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    drawAsPath(painter, QRectF(QPointF(), size), shape);
+    painter.end();
+    return pixmap;
+  });
 }
 
 bool isWhole(qreal number) { return std::abs(number - std::round(number)) < 1e-6; }

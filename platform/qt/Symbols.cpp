@@ -1,7 +1,7 @@
 #include "Symbols.hpp"
 
-#include <QCache>
-#include <QCoreApplication>
+#include "KeptValues.hpp"
+
 #include <QPainter>
 #include <QSvgRenderer>
 
@@ -41,21 +41,18 @@ QPixmap render(const QString& file, QSize pixels, const QColor& color) {
 }  // namespace
 
 QPixmap symbolPixmap(std::string_view name, QSizeF size, const QColor& color, qreal devicePixelRatio) {
-  static QCache<Key, QPixmap> cache(256);
-  // Pixmaps must not outlive the application.
-  static const bool initialized = (initializeSymbols(), qAddPostRoutine([] { cache.clear(); }), true);
+  static const bool initialized = (initializeSymbols(), true);
   Q_UNUSED(initialized);
 
   const QSize pixels = (size * devicePixelRatio).toSize();
   if (pixels.isEmpty()) return {};
   const QByteArray symbol(name.data(), static_cast<qsizetype>(name.size()));
   const Key key{symbol, pixels, color.rgba(), devicePixelRatio};
-  if (const QPixmap* const known = cache.object(key)) return *known;
-
-  QPixmap pixmap = render(":/symbols/" + QString::fromUtf8(symbol) + ".svg", pixels, color);
-  pixmap.setDevicePixelRatio(devicePixelRatio);
-  cache.insert(key, new QPixmap(pixmap));
-  return pixmap;
+  return keptValue<QPixmap, 256>(key, [&] {
+    QPixmap pixmap = render(":/symbols/" + QString::fromUtf8(symbol) + ".svg", pixels, color);
+    pixmap.setDevicePixelRatio(devicePixelRatio);
+    return pixmap;
+  });
 }
 
 }  // namespace qt

@@ -1,9 +1,9 @@
 #include "TextLines.hpp"
 
 #include "Fonts.hpp"
+#include "KeptValues.hpp"
 
 #include <QApplication>
-#include <QCache>
 #include <QFontMetricsF>
 #include <QTextLayout>
 
@@ -137,11 +137,6 @@ void TextLines::draw(QPainter& painter, QPointF origin, double width) const {
 
 std::shared_ptr<const TextLines> TextLines::of(const viewkit::TextVisual& visual, std::optional<double> maxWidth,
                                                std::optional<double> maxHeight, Qt::LayoutDirection direction) {
-  static QCache<Key, std::shared_ptr<const TextLines>> cache(2048);
-  // Laid-out lines hold fonts, which must not outlive the application.
-  static const bool registered = (qAddPostRoutine([] { cache.clear(); }), true);
-  Q_UNUSED(registered);
-
   const QFont font = fontOf(visual.font);
   const Key key{.text = text(visual.text),
                 .font = font,
@@ -150,13 +145,12 @@ std::shared_ptr<const TextLines> TextLines::of(const viewkit::TextVisual& visual
                 .maxWidth = maxWidth.value_or(-1),
                 .maxHeight = maxHeight.value_or(-1),
                 .direction = direction};
-  if (const auto* known = cache.object(key)) return *known;
-  auto lines = std::make_shared<const TextLines>(
-      key.text, font, visual.lineLimit,
-      visual.truncation == viewkit::Truncation::middle ? Qt::ElideMiddle : Qt::ElideRight, maxWidth, maxHeight,
-      direction);
-  cache.insert(key, new std::shared_ptr<const TextLines>(lines));
-  return lines;
+  return keptValue<std::shared_ptr<const TextLines>, 2048>(key, [&] {
+    return std::make_shared<const TextLines>(
+        key.text, font, visual.lineLimit,
+        visual.truncation == viewkit::Truncation::middle ? Qt::ElideMiddle : Qt::ElideRight, maxWidth, maxHeight,
+        direction);
+  });
 }
 
 }  // namespace qt
