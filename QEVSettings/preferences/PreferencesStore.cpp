@@ -7,6 +7,8 @@ std::optional<PreferenceValue> PreferencesStore::objectForKey(std::string_view k
   return value != nullptr ? std::optional(*value) : std::nullopt;
 }
 
+Subscription PreferencesStore::observeStorage(std::function<void()>) { return {}; }
+
 std::int64_t PreferencesStore::integerForKey(std::string_view key) const {
   const auto* value = find(key);
   return value ? value->convertedToInteger().value_or(0) : 0;

@@ -94,6 +94,8 @@ UserDefaults& UserDefaults::standardUserDefaults() {
 
 void UserDefaults::setStandardFile(std::filesystem::path path) { chosenStandardFile() = std::move(path); }
 
+void UserDefaults::setStandardAccess(Access) {}
+
 std::filesystem::path UserDefaults::standardFile() {
   if (const auto& chosen = chosenStandardFile()) return *chosen;
   const auto folder = configurationFolder();
@@ -102,13 +104,28 @@ std::filesystem::path UserDefaults::standardFile() {
 
 std::unique_ptr<UserDefaults> UserDefaults::inMemory() { return std::unique_ptr<UserDefaults>(new UserDefaults); }
 
-std::unique_ptr<UserDefaults> UserDefaults::open(const std::filesystem::path& path) {
+std::unique_ptr<UserDefaults> UserDefaults::open(const std::filesystem::path& path, Access) {
   auto store = inMemory();
   std::error_code error;
   store->path_ = std::filesystem::absolute(path, error);
   store->connect();
   return store;
 }
+
+std::unique_ptr<UserDefaults> UserDefaults::copyInMemory() const {
+  auto copy = inMemory();
+  catchUp();
+  copy->image_ = image_;
+  return copy;
+}
+
+QEVSettings::StoreOpening UserDefaults::opening() const { return {}; }
+
+std::optional<QEVSettings::StorageProblem> UserDefaults::storageProblem() const {
+  return status_ ? std::optional(QEVSettings::StorageProblem::failing) : std::nullopt;
+}
+
+Subscription UserDefaults::observeStorage(std::function<void()>) { return {}; }
 
 void UserDefaults::connect() {
   auto opened = openPreferences(path_);

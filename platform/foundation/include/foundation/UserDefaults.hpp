@@ -40,21 +40,30 @@ struct PreferenceChange;
 // of diagnostics. Main thread.
 class UserDefaults final : public QEVSettings::PreferencesStore {
 public:
+  // Whether a store may touch its file. A store for reading creates and writes nothing on disk, not even files
+  // next to its own; its own changes stay in memory.
+  enum class Access { readWrite, readOnly };
+
   // The store of this process, opened at first use and closed when the process ends. Its file is
   // zorvantine/preferences.sqlite in $XDG_CONFIG_HOME, or in ~/.config.
   static UserDefaults& standardUserDefaults();
 
-  // Another file for the standard store. Does nothing after the first use of the store.
+  // Another file for the standard store, or less access to it. Neither does anything after the first use of the
+  // store.
   static void setStandardFile(std::filesystem::path path);
+  static void setStandardAccess(Access access);
 
   // Where the standard store's file is; empty when there is no home folder for it.
   static std::filesystem::path standardFile();
 
   // A store over any file; makes the file and its folders when they are missing, readable by the user alone.
-  static std::unique_ptr<UserDefaults> open(const std::filesystem::path& path);
+  static std::unique_ptr<UserDefaults> open(const std::filesystem::path& path, Access access = Access::readWrite);
 
   // A store that nothing outlives.
   static std::unique_ptr<UserDefaults> inMemory();
+
+  // A store in memory that begins with the values of this one. What is done to either does not reach the other.
+  std::unique_ptr<UserDefaults> copyInMemory() const;
 
   // Tries once more to write what is not written yet, and sees to the good copy.
   ~UserDefaults() override;
@@ -67,6 +76,10 @@ public:
   void removeObject(std::string_view key) override;
   [[nodiscard]] QEVSettings::Subscription observe(std::string_view key, Observer observer) override;
   [[nodiscard]] QEVSettings::Subscription observeAll(Observer observer) override;
+
+  QEVSettings::StoreOpening opening() const override;
+  std::optional<QEVSettings::StorageProblem> storageProblem() const override;
+  [[nodiscard]] QEVSettings::Subscription observeStorage(std::function<void()> observer) override;
 
   // Sets every key of the dictionary in one write, of which either all or nothing reaches the disk.
   // Fails when that was nothing; a dictionary with a value that is refused changes nothing at all.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <concepts>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -29,7 +30,9 @@ public:
 
   enum class Type { integer, boolean, real, string, data, date, array, dictionary };
 
-  PreferenceValue(bool value) : value_(value) {}
+  // A Boolean and nothing that converts to one: a pointer or an optional does not compile.
+  template <std::same_as<bool> Boolean>
+  PreferenceValue(Boolean value) : value_(value) {}
   PreferenceValue(int value) : value_(std::int64_t{value}) {}
   PreferenceValue(std::int64_t value) : value_(value) {}
   PreferenceValue(double value) : value_(value) {}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "QEVSettings/preferences/PreferenceValue.hpp"
+#include "QEVSettings/preferences/StorageReport.hpp"
 #include "QEVSettings/preferences/Subscription.hpp"
 
 #include <cstdint>
@@ -49,6 +50,14 @@ public:
   // queue when another process made it. `observe` is for one key, `observeAll` for every key.
   [[nodiscard]] virtual Subscription observe(std::string_view key, Observer observer) = 0;
   [[nodiscard]] virtual Subscription observeAll(Observer observer) = 0;
+
+  // How the store was opened, and why changes do not reach its file at present (nothing while they do). A store
+  // without a file, such as a test's, has no problem to report.
+  virtual StoreOpening opening() const { return {}; }
+  virtual std::optional<StorageProblem> storageProblem() const { return std::nullopt; }
+
+  // Calls the observer after `opening` or `storageProblem` changed, on the main thread.
+  [[nodiscard]] virtual Subscription observeStorage(std::function<void()> observer);
 
   // Typed reads, with the conversions that PreferenceValue documents; absent, or a value of a type
   // that does not convert, is 0, false or nothing.
