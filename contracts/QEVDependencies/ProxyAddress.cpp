@@ -1,5 +1,7 @@
 #include "QEVDependencies/ProxyAddress.hpp"
 
+#include "foundation/Ascii.hpp"
+
 #include <algorithm>
 #include <charconv>
 #include <optional>
@@ -10,18 +12,12 @@ namespace QEVDependencies {
 namespace {
 
 using foundation::Error;
+using foundation::isDigit;
+using foundation::isLetter;
 using foundation::Result;
+using foundation::withoutBlanks;
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-bool isHexDigit(char c) { return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'); }
-bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-
-std::string_view trimmed(std::string_view text) {
-  constexpr std::string_view blanks = " \t\r\n";
-  const auto first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
+bool isHexadecimalDigit(char c) { return foundation::hexadecimalDigit(c).has_value(); }
 
 std::vector<std::string_view> split(std::string_view text, std::string_view separator) {
   std::vector<std::string_view> parts;
@@ -57,7 +53,7 @@ std::optional<std::size_t> ipv6Groups(std::string_view text, bool endsAddress) {
     const bool isLast = &group == &groups.back();
     if (isLast && endsAddress && isIPv4(group)) {
       ++count;
-    } else if (group.empty() || group.size() > 4 || !std::ranges::all_of(group, isHexDigit)) {
+    } else if (group.empty() || group.size() > 4 || !std::ranges::all_of(group, isHexadecimalDigit)) {
       return std::nullopt;
     }
   }
@@ -89,7 +85,7 @@ bool isHostName(std::string_view text) {
 }  // namespace
 
 Result<std::string> validatedProxyHost(std::string_view text) {
-  text = trimmed(text);
+  text = withoutBlanks(text);
   if (text.empty()) return Error{"Type the address: a host name such as localhost, or an IP address"};
   if (text.starts_with('[') && text.ends_with(']')) {
     const auto address = text.substr(1, text.size() - 2);
@@ -101,7 +97,7 @@ Result<std::string> validatedProxyHost(std::string_view text) {
 }
 
 Result<std::uint16_t> validatedProxyPort(std::string_view text) {
-  const auto port = number(trimmed(text), 5);
+  const auto port = number(withoutBlanks(text), 5);
   if (!port || *port < 1 || *port > 65535) return Error{"Type a port from 1 to 65535"};
   return static_cast<std::uint16_t>(*port);
 }

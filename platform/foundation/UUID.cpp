@@ -1,5 +1,7 @@
 #include "foundation/UUID.hpp"
 
+#include "foundation/Ascii.hpp"
+
 #include <random>
 
 namespace foundation {
@@ -7,13 +9,6 @@ namespace foundation {
 namespace {
 
 bool isHyphenAfter(std::size_t byte) { return byte == 3 || byte == 5 || byte == 7 || byte == 9; }
-
-std::optional<unsigned> hexadecimalDigit(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  return std::nullopt;
-}
 
 std::mt19937_64 seededGenerator() {
   std::random_device device;
@@ -24,7 +19,7 @@ std::mt19937_64 seededGenerator() {
 }  // namespace
 
 UUID UUID::random() {
-  // The device itself would take a hundred microseconds for each, and lists make many.
+  // The random device takes microseconds for each identifier, and a long list makes thousands.
   thread_local std::mt19937_64 generator = seededGenerator();
   UUID uuid;
   for (std::size_t i = 0; i < uuid.bytes_.size(); i += 8) {

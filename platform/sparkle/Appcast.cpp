@@ -1,5 +1,6 @@
 #include "sparkle/Appcast.hpp"
 
+#include "foundation/Ascii.hpp"
 #include "sparkle/reason.hpp"
 
 #include <expat.h>
@@ -15,6 +16,7 @@ namespace sparkle {
 namespace {
 
 using foundation::Error;
+using foundation::withoutBlanks;
 
 // Deeper than any feed that a person writes.
 constexpr int kDeepestElement = 64;
@@ -23,13 +25,6 @@ struct ParserDeleter {
   void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
 };
 using Parser = std::unique_ptr<std::remove_pointer_t<XML_Parser>, ParserDeleter>;
-
-std::string trimmed(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\r\n";
-  const auto first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return std::string(text.substr(first, text.find_last_not_of(kBlanks) - first + 1));
-}
 
 // Where the text of an element of an item belongs.
 std::string* fieldFor(std::string_view element, AppcastItem& item) {
@@ -124,12 +119,12 @@ private:
     AppcastItem& item = *item_;
     for (std::string* field : {&item.title, &item.version, &item.displayVersion, &item.notes, &item.notesLink,
                                &item.publicationDate, &item.minimumSystemVersion}) {
-      *field = trimmed(*field);
+      *field = std::string(withoutBlanks(*field));
     }
     const std::string version = std::exchange(versionOfEnclosure_, {});
     const std::string displayVersion = std::exchange(displayVersionOfEnclosure_, {});
-    if (item.version.empty()) item.version = trimmed(version);
-    if (item.displayVersion.empty()) item.displayVersion = trimmed(displayVersion);
+    if (item.version.empty()) item.version = withoutBlanks(version);
+    if (item.displayVersion.empty()) item.displayVersion = withoutBlanks(displayVersion);
     if (item.displayVersion.empty()) item.displayVersion = item.version;
     if (!item.version.empty()) items_.push_back(std::move(item));
   }

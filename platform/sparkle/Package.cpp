@@ -1,5 +1,7 @@
 #include "Package.hpp"
 
+#include "foundation/Ascii.hpp"
+
 #include <algorithm>
 #include <fstream>
 #include <string>
@@ -16,8 +18,8 @@ std::string fileNameOf(std::string_view url) {
   url = url.substr(0, url.find_first_of("?#"));
   std::string name(url.substr(url.find_last_of('/') + 1));
   const auto isPlain = [](char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '.' || c == '-' ||
-           c == '_' || c == '+' || c == '~';
+    return foundation::isLetter(c) || foundation::isDigit(c) || c == '.' || c == '-' || c == '_' || c == '+' ||
+           c == '~';
   };
   std::ranges::replace_if(
       name, [&](char c) { return !isPlain(c); }, '_');

@@ -1,3 +1,4 @@
+#include "foundation/Ascii.hpp"
 #include "sparkle/Appcast.hpp"
 
 #include <array>
@@ -11,7 +12,7 @@ namespace sparkle {
 
 namespace {
 
-bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+using foundation::isBlank;
 
 // Text that grows by words and lines: blanks in a row count once, and at most one line stays empty.
 class Lines {

@@ -1,5 +1,7 @@
 #include "sparkle/Version.hpp"
 
+#include "foundation/Ascii.hpp"
+
 #include <algorithm>
 #include <cstddef>
 
@@ -7,8 +9,8 @@ namespace sparkle {
 
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+using foundation::isDigit;
+using foundation::isLetter;
 
 // A run of digits without leading zeros, or a run of letters.
 struct Component {

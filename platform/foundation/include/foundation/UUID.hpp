@@ -11,14 +11,13 @@ namespace foundation {
 // A universally unique identifier, a value of 16 bytes.
 class UUID {
 public:
-  // A new one, of random bits (version 4).
+  // A new identifier of random bits (version 4).
   static UUID random();
 
-  // The one that a text of the form E621E1F8-C36C-495A-93FC-0C247A3E6E5F stands for, in letters of either
-  // case; nothing for any other text.
+  // Reads the form E621E1F8-C36C-495A-93FC-0C247A3E6E5F, in letters of either case. Nothing for any other text.
   static std::optional<UUID> parse(std::string_view text);
 
-  // That form, in capital letters.
+  // The same form, in capital letters.
   std::string text() const;
 
   friend auto operator<=>(const UUID&, const UUID&) = default;
