@@ -1,7 +1,10 @@
 #include "foundation/StringsFile.hpp"
 
+#include "foundation/Ascii.hpp"
 #include "foundation/Files.hpp"
 #include "foundation/Unicode.hpp"
+
+#include <unicode/utf16.h>
 
 #include <algorithm>
 #include <optional>
@@ -11,19 +14,16 @@ namespace foundation {
 
 namespace {
 
-bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+bool isSpace(char c) { return isBlank(c) || c == '\v' || c == '\f'; }
 
+// Whether a string without quotes may hold the character.
 bool isBare(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-         std::string_view("_$:./-").find(c) != std::string_view::npos;
+  return isLetter(c) || isDigit(c) || std::string_view("_$:./-").find(c) != std::string_view::npos;
 }
 
-std::optional<unsigned> digit(char c, unsigned base) {
-  const char letter = static_cast<char>(c | 0x20);
-  const unsigned value = c >= '0' && c <= '9'             ? static_cast<unsigned>(c - '0')
-                         : letter >= 'a' && letter <= 'f' ? static_cast<unsigned>(letter - 'a' + 10)
-                                                          : base;
-  return value < base ? std::optional(value) : std::nullopt;
+std::optional<unsigned> digitOfBase(unsigned base, char c) {
+  const auto value = hexadecimalDigit(c);
+  return value && *value < base ? value : std::nullopt;
 }
 
 class Parser {
@@ -64,10 +64,10 @@ private:
     return false;
   }
 
-  // Past blanks and comments; says whether those are well formed.
+  // Skips white space and comments. Returns false when a comment has no end.
   bool skipToNext() {
     while (!isAtEnd()) {
-      if (isBlank(next())) {
+      if (isSpace(next())) {
         ++at_;
       } else if (next() == '/' && next(1) == '/') {
         at_ = std::min(text_.find_first_of("\n\r", at_), text_.size());
@@ -129,7 +129,7 @@ private:
       case 'U':
       case 'u': appendUtf8(contents, unicode()); return;
       default:
-        if (digit(letter, 8)) {
+        if (digitOfBase(8, letter)) {
           --at_;
           appendUtf8(contents, number(8, 3));
         } else {
@@ -138,21 +138,25 @@ private:
     }
   }
 
-  // One unit of UTF-16, or two that belong together.
+  // The digits of one \U escape, or of two that are a surrogate pair.
   char32_t unicode() {
-    const char32_t high = number(16, 4);
-    const bool isPair = high >= 0xD800 && high <= 0xDBFF && next() == '\\' && (next(1) | 0x20) == 'u';
-    if (!isPair) return high;
+    const char32_t unit = number(16, 4);
+    const bool mayBePair = U16_IS_LEAD(unit) && next() == '\\' && (next(1) | 0x20) == 'u';
+    if (!mayBePair) return unit;
     const std::size_t before = std::exchange(at_, at_ + 2);
-    const char32_t low = number(16, 4);
-    if (low >= 0xDC00 && low <= 0xDFFF) return 0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00);
+    const char32_t trail = number(16, 4);
+    if (U16_IS_TRAIL(trail)) return U16_GET_SUPPLEMENTARY(unit, trail);
     at_ = before;
-    return high;
+    return unit;
   }
 
   char32_t number(unsigned base, int digits) {
     char32_t number = 0;
-    for (; digits > 0 && digit(next(), base); --digits) number = number * base + *digit(text_[at_++], base);
+    for (; digits > 0; --digits, ++at_) {
+      const auto digit = digitOfBase(base, next());
+      if (!digit) break;
+      number = number * base + *digit;
+    }
     return number;
   }
 
@@ -163,7 +167,7 @@ private:
 
 bool looksLikeUtf16(std::string_view bytes) {
   if (bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xFF\xFE")) return true;
-  // Either byte of the first character of a strings file is a zero, and in UTF-8 neither.
+  // A strings file begins with an ASCII character. One byte of it is zero in UTF-16, and none in UTF-8.
   return bytes.size() >= 2 && (bytes[0] == '\0') != (bytes[1] == '\0');
 }
 

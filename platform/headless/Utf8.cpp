@@ -2,21 +2,11 @@
 
 #include "foundation/Unicode.hpp"
 
-#include <algorithm>
-#include <cstddef>
-
 namespace headless {
 
 namespace {
 
-// Of a well-formed character.
-char32_t codePointOf(std::string_view bytes) {
-  const auto lead = static_cast<unsigned char>(bytes.front());
-  if (bytes.size() == 1) return lead;
-  char32_t codePoint = lead & (0x7FU >> bytes.size());
-  for (const char byte : bytes.substr(1)) codePoint = codePoint << 6U | (static_cast<unsigned char>(byte) & 0x3FU);
-  return codePoint;
-}
+constexpr foundation::Utf8Character kUndecodable{.codePoint = foundation::kReplacementCharacter, .length = 1};
 
 }  // namespace
 
@@ -24,10 +14,9 @@ std::vector<Character> characters(std::string_view text) {
   std::vector<Character> result;
   result.reserve(text.size());
   while (!text.empty()) {
-    const std::size_t length = foundation::utf8CharacterLength(text);
-    const std::string_view bytes = text.substr(0, std::max<std::size_t>(length, 1));
-    result.push_back({bytes, length == 0 ? kReplacementCharacter : codePointOf(bytes)});
-    text.remove_prefix(bytes.size());
+    const auto first = foundation::firstCharacter(text).value_or(kUndecodable);
+    result.push_back({text.substr(0, first.length), first.codePoint});
+    text.remove_prefix(first.length);
   }
   return result;
 }

@@ -10,10 +10,7 @@ struct Character {
   char32_t codePoint;
 };
 
-// What stands for a byte that belongs to no character.
-inline constexpr char32_t kReplacementCharacter = 0xFFFD;
-
-// The text character by character. No byte is lost: one that is not UTF-8 is a replacement character.
+// The text, character by character. Each byte that is not UTF-8 is a character of its own, U+FFFD.
 std::vector<Character> characters(std::string_view text);
 
 }  // namespace headless
