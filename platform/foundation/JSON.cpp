@@ -1,7 +1,9 @@
 #include "foundation/JSON.hpp"
 
 #include "JSONDocument.hpp"
+#include "JSONEscape.hpp"
 #include "JSONParser.hpp"
+#include "foundation/Ascii.hpp"
 #include "foundation/Unicode.hpp"
 
 #include <algorithm>
@@ -17,35 +19,16 @@ constexpr std::int64_t kMaximumIntegerDigits = 1000;
 
 std::string_view rawNumber(const JSONDocument& document, JSONNode node) {
   const std::string_view rest = document.text.substr(node.offset());
-  const auto isPart = [](char c) {
-    return (c >= '0' && c <= '9') || c == '.' || c == '-' || c == '+' || (c | 0x20) == 'e';
-  };
+  const auto isPart = [](char c) { return isDigit(c) || c == '.' || c == '-' || c == '+' || (c | 0x20) == 'e'; };
   return {rest.begin(), std::find_if_not(rest.begin(), rest.end(), isPart)};
 }
 
-unsigned hexadecimal(std::string_view digits) {
-  unsigned number = 0;
-  std::from_chars(digits.data(), digits.data() + digits.size(), number, 16);
-  return number;
-}
-
-char unescaped(char letter) {
-  switch (letter) {
-    case 'b': return '\b';
-    case 'f': return '\f';
-    case 'n': return '\n';
-    case 'r': return '\r';
-    case 't': return '\t';
-    default: return letter;
-  }
-}
-
-// A number taken apart: its digits without zeros at either end, none for 0, and how many of them, or of
-// zeros after them, stand before the point.
+// A decimal number: 0.<digits> times ten to the power of `pointAt`. The digits begin and end with no zero; zero
+// has none.
 struct Decimal {
   bool isNegative;
   std::string digits;
-  std::int64_t whole;
+  std::int64_t pointAt;
 };
 
 std::int64_t exponent(std::string_view text) {
@@ -58,7 +41,7 @@ std::int64_t exponent(std::string_view text) {
 }
 
 Decimal decimal(std::string_view text) {
-  Decimal number{.isNegative = text.front() == '-', .digits = {}, .whole = 0};
+  Decimal number{.isNegative = text.front() == '-', .digits = {}, .pointAt = 0};
   if (number.isNegative) text.remove_prefix(1);
   const std::size_t exponentAt = std::min(text.find_first_of("eE"), text.size());
   const std::string_view mantissa = text.substr(0, exponentAt);
@@ -69,12 +52,12 @@ Decimal decimal(std::string_view text) {
   number.digits.erase(0, leading);
   number.digits.erase(number.digits.find_last_not_of('0') + 1);
   if (number.digits.empty()) return number;
-  number.whole = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(leading);
-  if (exponentAt != text.size()) number.whole += exponent(text.substr(exponentAt + 1));
+  number.pointAt = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(leading);
+  if (exponentAt != text.size()) number.pointAt += exponent(text.substr(exponentAt + 1));
   return number;
 }
 
-// Appends the node as text; returns the node after it.
+// Appends the node's value as JSON text and returns the index of the node after it.
 std::size_t append(const JSONDocument& document, std::size_t index, std::string& text) {
   const JSONNode node = document.nodes[index];
   const std::size_t end = index + node.length();
@@ -128,19 +111,9 @@ std::string decodedString(const JSONDocument& document, JSONNode node) {
     const std::size_t plain = raw.find('\\');
     decoded += raw.substr(0, plain);
     if (plain == std::string_view::npos) break;
-    const char letter = raw[plain + 1];
-    raw.remove_prefix(plain + 2);
-    if (letter != 'u') {
-      decoded += unescaped(letter);
-      continue;
-    }
-    char32_t character = hexadecimal(raw.substr(0, 4));
-    raw.remove_prefix(4);
-    if (character >= 0xD800 && character <= 0xDBFF) {
-      character = 0x10000 + ((character - 0xD800) << 10) + (hexadecimal(raw.substr(2, 4)) - 0xDC00);
-      raw.remove_prefix(6);
-    }
-    appendUtf8(decoded, character);
+    raw.remove_prefix(plain);
+    // The parser accepted the escape.
+    appendUtf8(decoded, *takeJSONEscape(raw));
   }
   return decoded;
 }
@@ -195,8 +168,8 @@ std::optional<double> JSON::asReal() const {
   double number = 0;
   const auto [end, error] = std::from_chars(text->data(), text->data() + text->size(), number);
   if (error == std::errc()) return number;
-  // The standard conversion does not tell what is too large from what is too small, and that is 0.
-  if (decimal(*text).whole > 0) return std::nullopt;
+  // from_chars reports numbers that are too large and numbers that are too close to 0 by the same error.
+  if (decimal(*text).pointAt > 0) return std::nullopt;
   return text->front() == '-' ? -0.0 : 0.0;
 }
 
@@ -208,10 +181,10 @@ std::optional<std::string> JSON::integerText() const {
   }
   Decimal number = decimal(*text);
   if (number.digits.empty()) return "0";
-  if (number.whole > kMaximumIntegerDigits || number.whole < static_cast<std::int64_t>(number.digits.size())) {
+  if (number.pointAt > kMaximumIntegerDigits || number.pointAt < static_cast<std::int64_t>(number.digits.size())) {
     return std::nullopt;
   }
-  number.digits.resize(static_cast<std::size_t>(number.whole), '0');
+  number.digits.resize(static_cast<std::size_t>(number.pointAt), '0');
   return number.isNegative ? "-" + number.digits : number.digits;
 }
 
@@ -226,7 +199,7 @@ JSON::Range<JSON::Member> JSON::members() const { return {document_, node_ + 1, 
 bool JSON::isNamed(const JSONDocument& document, std::size_t node, std::string_view name) {
   const JSONNode candidate = document.nodes[node];
   if (candidate.isEscaped()) return decodedString(document, candidate) == name;
-  // A quote would be escaped in the text, and ends it.
+  // The text holds no escape, so its first quote ends it and a name with a quote cannot match.
   const std::string_view text = document.text.substr(candidate.offset() + 1);
   return text.starts_with(name) && name.find('"') == name.npos && text[name.size()] == '"';
 }
@@ -242,7 +215,7 @@ std::optional<JSON> JSON::member(std::string_view name) const {
 
 std::string JSON::text() const {
   std::string text;
-  // As large a part of the document's text as of its nodes.
+  // The text's share of the document is estimated by its share of the nodes.
   const auto share = static_cast<double>(end() - node_) / static_cast<double>(document_->nodes.size());
   text.reserve(static_cast<std::size_t>(static_cast<double>(document_->text.size()) * share));
   appendTo(text);

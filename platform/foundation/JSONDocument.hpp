@@ -9,10 +9,9 @@
 
 namespace foundation {
 
-// One value of a document in eight bytes. Nodes stand in the order of the text, a container before its
-// children, the name of a member before its value. Where a node begins is all that is kept of a scalar:
-// its end is found again in the text. A container keeps how many nodes it is long, itself included, so
-// that it can be skipped, and moved.
+// One value of a document, in eight bytes: large lists have millions. A scalar keeps the offset at which its
+// text begins; its end is searched for when it is read. A container keeps the number of nodes that it and its
+// contents take, so that it can be skipped.
 class JSONNode {
 public:
   static JSONNode scalar(JSON::Type type, std::size_t offset) { return JSONNode(type, offset); }
@@ -42,15 +41,15 @@ private:
 };
 
 struct JSONDocument {
-  std::string owned;      // the text, or nothing when it is borrowed
-  std::string_view text;  // of the document
-  std::vector<JSONNode> nodes;
+  std::string owned;            // the text, empty when it is borrowed
+  std::string_view text;        // the whole text, owned or borrowed
+  std::vector<JSONNode> nodes;  // in the order of the text: a container before its contents, a name before its value
 };
 
-// The characters between the quotes, escapes and all, of the string that begins at the offset.
+// The characters between the quotes of a string node, with escapes as they stand in the text.
 std::string_view rawString(const JSONDocument& document, JSONNode node);
 
-// The string itself.
+// The value of a string node: its escapes are replaced by what they stand for.
 std::string decodedString(const JSONDocument& document, JSONNode node);
 
 }  // namespace foundation

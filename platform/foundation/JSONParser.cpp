@@ -1,5 +1,7 @@
 #include "JSONParser.hpp"
 
+#include "JSONEscape.hpp"
+#include "foundation/Ascii.hpp"
 #include "foundation/Unicode.hpp"
 
 #include <algorithm>
@@ -12,11 +14,9 @@ namespace foundation {
 
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
-// Of eight characters, the top bit of each that needs a closer look in a string: a quote, a backslash, a
-// control character, or one beyond ASCII. Only the lowest bit set is exact.
-std::uint64_t remarkable(std::uint64_t word) {
+// Looks at eight bytes of a string at once. Sets the top bit of each byte that is a quote, a backslash, a control
+// character or not ASCII. Bits above the lowest one that is set may be set in error.
+std::uint64_t specialBytes(std::uint64_t word) {
   constexpr std::uint64_t ones = 0x0101010101010101;
   constexpr std::uint64_t tops = 0x8080808080808080;
   const auto isZero = [](std::uint64_t bytes) { return (bytes - ones) & ~bytes & tops; };
@@ -35,7 +35,7 @@ public:
 
   std::optional<Error> parse() {
     if (document_.text.starts_with("\xEF\xBB\xBF")) at_ += 3;
-    // Memory that is not used is never made resident, so a guess on the large side costs nothing.
+    // Reserved memory that is never written takes no physical memory, so a high estimate costs nothing.
     nodes_.reserve(document_.text.size() / 4 + 4);
     skipBlanks();
     if (value(0)) {
@@ -46,16 +46,14 @@ public:
   }
 
 private:
-  // A member's name while its object is being read.
+  // The name of a member of an object that is not yet closed.
   struct Name {
     std::size_t node;
-    std::uint64_t sign;  // equal for equal names
+    std::uint64_t fingerprint;  // equal names have equal fingerprints
   };
 
-  bool fail(const char* what) {
-    if (!error_) {
-      error_ = Error{"the JSON text goes wrong at byte " + std::to_string(at_ - begin_) + ": " + what};
-    }
+  bool fail(std::string_view what) {
+    error_ = Error{"the JSON text goes wrong at byte " + std::to_string(at_ - begin_) + ": " + std::string(what)};
     return false;
   }
 
@@ -63,7 +61,7 @@ private:
   bool isAt(char c) const { return at_ != end_ && *at_ == c; }
 
   void skipBlanks() {
-    while (at_ != end_ && (*at_ == ' ' || *at_ == '\n' || *at_ == '\r' || *at_ == '\t')) ++at_;
+    while (at_ != end_ && isBlank(*at_)) ++at_;
   }
 
   bool value(int depth) {
@@ -143,7 +141,7 @@ private:
       while (end_ - at_ >= 8) {
         std::uint64_t word = 0;
         std::memcpy(&word, at_, 8);
-        const std::uint64_t found = remarkable(word);
+        const std::uint64_t found = specialBytes(word);
         if (found != 0) {
           at_ += std::countr_zero(found) / 8;
           return;
@@ -151,45 +149,15 @@ private:
         at_ += 8;
       }
     }
-    while (at_ != end_ && remarkable(static_cast<unsigned char>(*at_) | 0x2020202020202000) == 0) ++at_;
+    while (at_ != end_ && specialBytes(static_cast<unsigned char>(*at_) | 0x2020202020202000) == 0) ++at_;
   }
 
   bool escape() {
-    ++at_;
-    if (at_ == end_) return fail("the text ends within a string");
-    if (*at_ != 'u') {
-      if (std::string_view(R"("\/bfnrt)").find(*at_) == std::string_view::npos) return fail("no such escape");
-      ++at_;
-      return true;
-    }
-    const auto first = codeUnit();
-    if (!first) return false;
-    if (*first >= 0xDC00 && *first <= 0xDFFF) return fail("half a surrogate pair");
-    if (*first < 0xD800 || *first > 0xDBFF) return true;
-    if (!isAt('\\') || end_ - at_ < 2 || at_[1] != 'u') return fail("half a surrogate pair");
-    ++at_;
-    const auto second = codeUnit();
-    if (!second) return false;
-    return (*second >= 0xDC00 && *second <= 0xDFFF) || fail("half a surrogate pair");
-  }
-
-  // The four digits after "u".
-  std::optional<unsigned> codeUnit() {
-    ++at_;
-    unsigned unit = 0;
-    for (int i = 0; i < 4; ++i, ++at_) {
-      const char c = at_ != end_ ? *at_ : ' ';
-      const char letter = static_cast<char>(c | 0x20);
-      if (isDigit(c)) {
-        unit = unit * 16 + static_cast<unsigned>(c - '0');
-      } else if (letter >= 'a' && letter <= 'f') {
-        unit = unit * 16 + static_cast<unsigned>(letter - 'a' + 10);
-      } else {
-        fail("four hexadecimal digits were expected");
-        return std::nullopt;
-      }
-    }
-    return unit;
+    std::string_view rest(at_, end_);
+    const auto codePoint = takeJSONEscape(rest);
+    if (!codePoint) return fail(codePoint.error().message);
+    at_ = rest.data();
+    return true;
   }
 
   bool array(int depth) {
@@ -218,7 +186,8 @@ private:
       const std::size_t begin = nodes_[name].offset() + 1;
       const std::string_view raw(begin_ + begin, offset() - begin - 1);
       const bool isEscaped = nodes_[name].isEscaped();
-      names_.push_back({.node = name, .sign = signOf(isEscaped ? decodedString(document_, nodes_[name]) : raw)});
+      names_.push_back(
+          {.node = name, .fingerprint = fingerprintOf(isEscaped ? decodedString(document_, nodes_[name]) : raw)});
       skipBlanks();
       if (!isAt(':')) return fail("a colon was expected");
       ++at_;
@@ -230,7 +199,7 @@ private:
       ++at_;
       skipBlanks();
     }
-    if (haveTwins(firstName)) dropTwins(start, firstName);
+    if (mayHaveDuplicates(firstName)) removeDuplicates(start, firstName);
     names_.resize(firstName);
     return close(JSON::Type::object, start);
   }
@@ -251,7 +220,7 @@ private:
     return true;
   }
 
-  static std::uint64_t signOf(std::string_view name) {
+  static std::uint64_t fingerprintOf(std::string_view name) {
     std::uint64_t head = 0;
     std::uint64_t tail = 0;
     const std::size_t count = std::min<std::size_t>(name.size(), 8);
@@ -260,48 +229,49 @@ private:
     return head ^ std::rotl(tail, 23) ^ (name.size() << 56);
   }
 
-  // Whether two names of the object may be equal.
-  bool haveTwins(std::size_t firstName) {
+  // Whether two names of an object may be equal. Comparing each pair is worth its time only for few names.
+  bool mayHaveDuplicates(std::size_t firstName) {
     constexpr std::ptrdiff_t few = 16;
     const auto begin = names_.begin() + static_cast<std::ptrdiff_t>(firstName);
     if (names_.end() - begin > few) return true;
     for (auto name = begin; name != names_.end(); ++name) {
       for (auto earlier = begin; earlier != name; ++earlier) {
-        if (earlier->sign == name->sign) return true;
+        if (earlier->fingerprint == name->fingerprint) return true;
       }
     }
     return false;
   }
 
-  // Leaves one member of each name: the place of the first, the value of the last.
-  void dropTwins(std::size_t object, std::size_t firstName) {
+  // Where members share a name, keeps one: in the place of the first, with the value of the last.
+  void removeDuplicates(std::size_t object, std::size_t firstName) {
     struct Entry {
-      std::uint64_t sign;
+      std::uint64_t fingerprint;
       std::size_t node;
       std::size_t order;
     };
     std::vector<Entry> sorted;
     for (std::size_t i = firstName; i < names_.size(); ++i) {
-      sorted.push_back({.sign = names_[i].sign, .node = names_[i].node, .order = i - firstName});
+      sorted.push_back({.fingerprint = names_[i].fingerprint, .node = names_[i].node, .order = i - firstName});
     }
     const auto compare = [this](const Entry& a, const Entry& b) {
-      return a.sign != b.sign ? (a.sign < b.sign ? -1 : 1) : compareNames(nodes_[a.node], nodes_[b.node]);
+      return a.fingerprint != b.fingerprint ? (a.fingerprint < b.fingerprint ? -1 : 1)
+                                            : compareNames(nodes_[a.node], nodes_[b.node]);
     };
     std::sort(sorted.begin(), sorted.end(), [&](const Entry& a, const Entry& b) {
       const int order = compare(a, b);
       return order != 0 ? order < 0 : a.order < b.order;
     });
-    // For each member in its order the node of the name whose value it gets, 0 for one that goes.
+    // For each member, in order: the name node of the member whose value it takes, 0 when the member is removed.
     std::vector<std::size_t> valueOf(sorted.size(), 0);
-    bool isDropping = false;
+    bool hasDuplicates = false;
     for (std::size_t first = 0; first < sorted.size();) {
       std::size_t last = first;
       while (last + 1 < sorted.size() && compare(sorted[first], sorted[last + 1]) == 0) ++last;
       valueOf[sorted[first].order] = sorted[last].node;
-      isDropping = isDropping || last != first;
+      hasDuplicates = hasDuplicates || last != first;
       first = last + 1;
     }
-    if (!isDropping) return;
+    if (!hasDuplicates) return;
     std::vector<JSONNode> kept;
     for (std::size_t i = 0; i < valueOf.size(); ++i) {
       if (valueOf[i] == 0) continue;
@@ -323,7 +293,7 @@ private:
   const char* begin_;
   const char* at_;
   const char* end_;
-  std::vector<Name> names_;  // of all the objects that are open
+  std::vector<Name> names_;  // of all objects that are not yet closed, the innermost last
   std::optional<Error> error_;
 };
 
