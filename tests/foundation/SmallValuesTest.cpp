@@ -117,5 +117,20 @@ TEST(Unicode, KnowsWellFormedText) {
   EXPECT_EQ(repairedUtf8("a\xFF\u00e9\xE2\x82"), "a\uFFFD\u00e9\uFFFD\uFFFD");
 }
 
+TEST(Unicode, FirstCharacterIsDecodedOrAbsent) {
+  for (const char32_t codePoint : {U'a', U'\u00e9', U'\u20ac', U'\U0010FFFF', U'\0'}) {
+    std::string text;
+    appendUtf8(text, codePoint);
+    const auto character = firstCharacter(text + "z");
+    ASSERT_TRUE(character) << text;
+    EXPECT_EQ(character->codePoint, codePoint);
+    EXPECT_EQ(character->length, text.size());
+  }
+  for (const char* text : {"", "\x80z", "\xE2\x82", "\xED\xA0\x80"}) EXPECT_FALSE(firstCharacter(text)) << text;
+  std::string replaced;
+  for (const char32_t invalid : {char32_t{0xD800}, char32_t{0xDFFF}, char32_t{0x110000}}) appendUtf8(replaced, invalid);
+  EXPECT_EQ(replaced, "\uFFFD\uFFFD\uFFFD");
+}
+
 }  // namespace
 }  // namespace foundation
