@@ -26,7 +26,7 @@ bool isFile(const std::filesystem::path& path) {
   return std::filesystem::is_regular_file(path, error);
 }
 
-// "de_AT.UTF-8@euro" is "de-AT"; the languages of programs, "C" and "POSIX", are none.
+// "de_AT.UTF-8@euro" is "de-AT". The locales "C" and "POSIX" name no language: the result is empty.
 std::string languageOfLocale(std::string_view locale) {
   std::string language(locale.substr(0, locale.find_first_of(".@")));
   std::replace(language.begin(), language.end(), '_', '-');
@@ -59,12 +59,12 @@ std::vector<std::string>& chosenLanguages() {
   return languages;
 }
 
-// Counts the choices of languages.
-std::uint64_t languageChoice = 0;
+// Counts the changes of the preferred languages.
+std::uint64_t languageGeneration = 0;
 
-// A language and those it is a kind of, the nearest first.
+// A language and the more general ones, the nearest first: "zh-Hans-CN", "zh-Hans", "zh".
 std::vector<std::string> generalizations(std::string language) {
-  // A country says which Chinese script is meant.
+  // The country implies the script of Chinese.
   const auto endsWithAny = [&](std::initializer_list<std::string_view> countries) {
     return std::any_of(countries.begin(), countries.end(), [&](auto country) { return language.ends_with(country); });
   };
@@ -84,13 +84,14 @@ std::filesystem::path executable() {
   std::error_code error;
   auto path = std::filesystem::read_symlink("/proc/self/exe", error);
   if (!error) return path;
-  // Where /proc is not mounted, the file that the process was started from is known all the same.
+  // Without /proc, the kernel still hands over the name of the file that the process was started
+  // from.
   // NOLINTNEXTLINE(performance-no-int-to-ptr): the system hands the address over as a number
   const auto* name = reinterpret_cast<const char*>(getauxval(AT_EXECFN));
   return name != nullptr ? std::filesystem::canonical(name, error) : std::filesystem::path();
 }
 
-// The program itself is known to the loader by the name it was started with, which need be no path.
+// The loader knows the program by the name it was started with, which may be no path.
 std::optional<std::filesystem::path> libraryOf(const void* address) {
   Dl_info info{};
   if (dladdr(address, &info) == 0 || info.dli_fname == nullptr) return std::nullopt;
@@ -137,7 +138,7 @@ std::shared_ptr<Bundle> Bundle::open(const std::filesystem::path& folder) {
 
 void Bundle::setPreferredLanguages(std::vector<std::string> languages) {
   chosenLanguages() = std::move(languages);
-  ++languageChoice;
+  ++languageGeneration;
 }
 
 std::shared_ptr<Bundle> Bundle::containing(const void* address) {
@@ -181,10 +182,11 @@ std::string Bundle::localizedString(std::string_view key, std::string_view value
   return std::string(value.empty() ? key : value);
 }
 
-// A table that is missing or cannot be read is an empty one. It is kept by its file's name, below the choice of
-// languages that it was looked for in.
+// A table that is missing or cannot be read counts as empty. The cache's key holds the generation
+// of the preferred languages, so that a change of these does not find tables of the languages
+// before.
 const StringsTable& Bundle::table(const std::filesystem::path& file) const {
-  const auto place = std::filesystem::path(std::to_string(languageChoice)) / file;
+  const auto place = std::filesystem::path(std::to_string(languageGeneration)) / file;
   const auto known = tables_.find(place);
   if (known != tables_.end()) return known->second;
   StringsTable table;

@@ -15,7 +15,7 @@ struct Sink {
   DiagnosticSink sink;
 };
 
-// Never destroyed: the store may have something to say while the process ends.
+// Never destroyed: the store may report something while the process ends.
 Sink& shared() {
   static auto* const sink = std::make_unique<Sink>().release();
   return *sink;
@@ -41,7 +41,7 @@ void reportDiagnostic(std::string_view line) noexcept {
       std::clog << (std::string(line) + '\n') << std::flush;
     }
   } catch (...) {
-    // A line that cannot be said is dropped.
+    // A line that cannot be written is dropped.
   }
 }
 

@@ -6,7 +6,7 @@
 
 namespace foundation {
 
-// Owns a descriptor of the system, or none (-1).
+// Owns a file descriptor; -1 stands for none.
 class FileDescriptor {
 public:
   explicit FileDescriptor(int descriptor = -1) : descriptor_(descriptor) {}

@@ -39,7 +39,8 @@ Result<std::string> readFile(const std::filesystem::path& path, std::size_t maxi
   if (!S_ISREG(found.st_mode)) return Error{path.string() + " is no regular file; choose another"};
   std::string contents;
   while (true) {
-    // A file may grow while it is read, and one that says it is empty need not be.
+    // The size is only a hint: a file may grow while it is read, and files of /proc say they are
+    // empty.
     const std::size_t had = contents.size();
     if (had > maximumBytes || static_cast<std::uint64_t>(found.st_size) > maximumBytes) {
       return Error{path.string() + " is larger than " + std::to_string(maximumBytes >> 20) +

@@ -23,8 +23,8 @@ std::string_view rawNumber(const JSONDocument& document, JSONNode node) {
   return {rest.begin(), std::find_if_not(rest.begin(), rest.end(), isPart)};
 }
 
-// A decimal number: 0.<digits> times ten to the power of `pointAt`. The digits begin and end with no zero; zero
-// has none.
+// A decimal number: 0.<digits> times ten to the power of `pointAt`. The digits begin and end with
+// no zero; zero has none.
 struct Decimal {
   bool isNegative;
   std::string digits;
@@ -168,7 +168,8 @@ std::optional<double> JSON::asReal() const {
   double number = 0;
   const auto [end, error] = std::from_chars(text->data(), text->data() + text->size(), number);
   if (error == std::errc()) return number;
-  // from_chars reports numbers that are too large and numbers that are too close to 0 by the same error.
+  // from_chars reports numbers that are too large and numbers that are too close to 0 by the same
+  // error.
   if (decimal(*text).pointAt > 0) return std::nullopt;
   return text->front() == '-' ? -0.0 : 0.0;
 }

@@ -9,9 +9,9 @@
 
 namespace foundation {
 
-// One value of a document, in eight bytes: large lists have millions. A scalar keeps the offset at which its
-// text begins; its end is searched for when it is read. A container keeps the number of nodes that it and its
-// contents take, so that it can be skipped.
+// One value of a document, in eight bytes: large lists have millions. A scalar keeps the offset at
+// which its text begins; its end is searched for when it is read. A container keeps the number of
+// nodes that it and its contents take, so that it can be skipped.
 class JSONNode {
 public:
   static JSONNode scalar(JSON::Type type, std::size_t offset) { return JSONNode(type, offset); }
@@ -43,7 +43,8 @@ private:
 struct JSONDocument {
   std::string owned;            // the text, empty when it is borrowed
   std::string_view text;        // the whole text, owned or borrowed
-  std::vector<JSONNode> nodes;  // in the order of the text: a container before its contents, a name before its value
+  // In the order of the text: a container before its contents, a name before its value.
+  std::vector<JSONNode> nodes;
 };
 
 // The characters between the quotes of a string node, with escapes as they stand in the text.

@@ -14,8 +14,9 @@ namespace foundation {
 
 namespace {
 
-// Looks at eight bytes of a string at once. Sets the top bit of each byte that is a quote, a backslash, a control
-// character or not ASCII. Bits above the lowest one that is set may be set in error.
+// Looks at eight bytes of a string at once. Sets the top bit of each byte that is a quote, a
+// backslash, a control character or not ASCII. Bits above the lowest one that is set may be set in
+// error.
 std::uint64_t specialBytes(std::uint64_t word) {
   constexpr std::uint64_t ones = 0x0101010101010101;
   constexpr std::uint64_t tops = 0x8080808080808080;
@@ -35,7 +36,8 @@ public:
 
   std::optional<Error> parse() {
     if (document_.text.starts_with("\xEF\xBB\xBF")) at_ += 3;
-    // Reserved memory that is never written takes no physical memory, so a high estimate costs nothing.
+    // Reserved memory that is never written takes no physical memory, so a high estimate costs
+    // nothing.
     nodes_.reserve(document_.text.size() / 4 + 4);
     skipBlanks();
     if (value(0)) {
@@ -229,7 +231,8 @@ private:
     return head ^ std::rotl(tail, 23) ^ (name.size() << 56);
   }
 
-  // Whether two names of an object may be equal. Comparing each pair is worth its time only for few names.
+  // Whether two names of an object may be equal. Comparing each pair is worth its time only for few
+  // names.
   bool mayHaveDuplicates(std::size_t firstName) {
     constexpr std::ptrdiff_t few = 16;
     const auto begin = names_.begin() + static_cast<std::ptrdiff_t>(firstName);
@@ -261,7 +264,8 @@ private:
       const int order = compare(a, b);
       return order != 0 ? order < 0 : a.order < b.order;
     });
-    // For each member, in order: the name node of the member whose value it takes, 0 when the member is removed.
+    // For each member, in order: the name node of the member whose value it takes, 0 when the
+    // member is removed.
     std::vector<std::size_t> valueOf(sorted.size(), 0);
     bool hasDuplicates = false;
     for (std::size_t first = 0; first < sorted.size();) {

@@ -7,8 +7,8 @@
 
 namespace foundation {
 
-// Checks the whole text of a document and fills in its nodes. Returns what is wrong with the text, nothing when
-// it is valid.
+// Checks the whole text of a document and fills in its nodes. Returns what is wrong with the text,
+// nothing when it is valid.
 std::optional<Error> parseJSON(JSONDocument& document);
 
 }  // namespace foundation

@@ -167,7 +167,8 @@ private:
 
 bool looksLikeUtf16(std::string_view bytes) {
   if (bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xFF\xFE")) return true;
-  // A strings file begins with an ASCII character. One byte of it is zero in UTF-16, and none in UTF-8.
+  // A strings file begins with an ASCII character. One byte of it is zero in UTF-16, and none in
+  // UTF-8.
   return bytes.size() >= 2 && (bytes[0] == '\0') != (bytes[1] == '\0');
 }
 

@@ -27,8 +27,8 @@ bool isZone(const std::filesystem::path& file) {
   return std::filesystem::is_regular_file(file, error);
 }
 
-// Every file below the database, by the name that its zone would have. Reading the folders tells at once what
-// asking for hundreds of files would.
+// The files below the database, each by the name that its zone would have. Listing the folders is
+// faster than testing hundreds of names one by one.
 std::unordered_set<std::string> filesBelow(const std::filesystem::path& folder) {
   std::unordered_set<std::string> files;
   const std::size_t prefix = (folder / "").native().size();
@@ -38,7 +38,7 @@ std::unordered_set<std::string> filesBelow(const std::filesystem::path& folder) 
     std::string name = entry->path().native().substr(prefix);
     std::error_code unknown;
     if (name == "posix" || name == "right") {
-      entry.disable_recursion_pending();  // the same zones once more
+      entry.disable_recursion_pending();  // copies of the same zones
     } else if (entry->is_regular_file(unknown)) {
       files.insert(std::move(name));
     }
@@ -57,7 +57,8 @@ std::vector<std::string_view> words(std::string_view line) {
   return words;
 }
 
-// The database's own list: "Z NAME …" begins a zone and "L NAME OTHER" gives it another name.
+// The names in the database's own list, where a line "Z NAME …" begins a zone and "L TARGET NAME"
+// defines an alias.
 std::vector<std::string> namesOfList(const std::filesystem::path& folder,
                                      const std::unordered_set<std::string>& files) {
   const auto list = readFile(folder / "tzdata.zi");
@@ -73,7 +74,7 @@ std::vector<std::string> namesOfList(const std::filesystem::path& folder,
     const std::size_t nameAt = line.front() == 'Z' ? 1 : 2;
     if (parts.size() > nameAt) names.emplace_back(parts[nameAt]);
   }
-  // A package may leave out some of what the list names.
+  // The list may name zones whose files a package leaves out.
   std::erase_if(names, [&](const std::string& name) { return !files.contains(name); });
   return names;
 }
@@ -89,7 +90,7 @@ std::vector<std::string> namesOfFiles(const std::filesystem::path& folder,
   return names;
 }
 
-// The name of a zone's file below a database, wherever that is.
+// The name of the zone whose file this is, below any folder named zoneinfo.
 std::optional<std::string> nameOfFile(const std::filesystem::path& file) {
   const std::string path = file.lexically_normal().string();
   constexpr std::string_view folder = "/zoneinfo/";
@@ -104,13 +105,13 @@ std::optional<std::string> nameOfVariable() {
   if (text.starts_with(':')) text.remove_prefix(1);
   if (text.empty()) return std::nullopt;
   if (text.front() == '/') return nameOfFile(std::filesystem::path(text));
-  // A zone may also be described in the variable itself, as CET-1CEST, and then has no name.
+  // TZ may also hold a rule such as CET-1CEST, which has no name.
   return isZone(database() / text) ? std::optional(std::string(text)) : std::nullopt;
 }
 
 std::optional<std::string> nameOfLink() {
   std::filesystem::path link = "/etc/localtime";
-  // One step at a time: the file of a zone may itself be a link to that of its main name.
+  // Followed link by link, because the file of an alias may be a link to the file of its zone.
   constexpr int mostLinks = 8;
   for (int i = 0; i < mostLinks; ++i) {
     std::error_code error;
@@ -137,7 +138,7 @@ std::vector<std::string> knownTimeZoneNames() {
   const auto files = filesBelow(folder);
   auto names = namesOfList(folder, files);
   if (names.empty()) names = namesOfFiles(folder, files);
-  std::erase(names, "Factory");  // stands for a machine that was never set up
+  std::erase(names, "Factory");  // the zone of a machine that was never set up
   if (names.empty()) names.emplace_back(kUniversalTime);
   std::sort(names.begin(), names.end());
   names.erase(std::unique(names.begin(), names.end()), names.end());

@@ -12,8 +12,8 @@ namespace foundation {
 
 namespace {
 
-// The code point of the character that the text begins with, and its length; a negative code point when the
-// bytes there are not well formed. The text is not empty.
+// The code point of the character that the text begins with, and its length; a negative code point
+// when the bytes there are not well formed. The text is not empty.
 struct Decoded {
   UChar32 codePoint;
   std::size_t length;

@@ -5,7 +5,8 @@
 
 namespace foundation {
 
-// Character classes of ASCII, whatever the locale. A byte of a longer UTF-8 character is in none of them.
+// Character classes of ASCII, whatever the locale. A byte of a longer UTF-8 character is in none of
+// them.
 
 constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 

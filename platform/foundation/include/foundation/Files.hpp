@@ -9,11 +9,11 @@
 
 namespace foundation {
 
-// All that a file holds. Only a regular file of at most `maximumBytes` is read.
+// The contents of a file. An error unless it is a regular file of at most `maximumBytes`.
 Result<std::string> readFile(const std::filesystem::path& path, std::size_t maximumBytes = std::size_t{1} << 30);
 
-// Makes the file, or replaces all that it holds: at every moment either the old or the new contents stand
-// there, and the new ones are on disk when this returns. A new file is readable by the user alone.
+// Creates the file or replaces its contents. The replacement is atomic, and the new contents are on
+// disk when this returns. Only the user may read a new file.
 Outcome writeFile(const std::filesystem::path& path, std::string_view contents);
 
 }  // namespace foundation

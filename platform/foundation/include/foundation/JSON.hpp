@@ -14,7 +14,7 @@ namespace foundation {
 
 struct JSONDocument;
 
-// How deep arrays and objects may be nested in a text that is to be parsed.
+// The deepest nesting of arrays and objects that the parser accepts.
 inline constexpr int kMaximumJSONDepth = 512;
 
 // A value of a parsed JSON text (RFC 8259), to be read. JSONWriter makes texts.
@@ -23,12 +23,12 @@ inline constexpr int kMaximumJSONDepth = 512;
 //     if (!list) return report(list.error());
 //     for (const JSON& record : list->elements()) use(record.member("name"));
 //
-// Nothing is lost on the way: a number keeps its text, however large or precise it is, and an object the
-// order of its members. Where a name occurs twice in an object, the last value counts, in the place of
-// the first.
+// Numbers keep their text, however large or precise they are, and objects the order of their
+// members. Where a name occurs more than once in an object, the object has one member of that name:
+// in the place of the first occurrence, with the value of the last.
 //
-// A value is a cheap handle that keeps the whole text alive; a document takes eight bytes for each of its
-// values besides the text itself. Immutable, so any thread may read it.
+// A value is a cheap handle that keeps the whole document alive. A document takes its text and
+// eight bytes for each value. It is immutable, so any thread may read it.
 class JSON {
 public:
   enum class Type { null, boolean, number, string, array, object };
@@ -36,11 +36,11 @@ public:
   template <class Item>
   class Range;
 
-  // The value of a whole text, which is strict UTF-8 (a byte-order mark is skipped) and nested at most
-  // kMaximumJSONDepth deep. The error names the byte where the text goes wrong.
+  // Parses a text in strict UTF-8, after an optional byte-order mark, nested at most
+  // kMaximumJSONDepth deep. The error names the byte at which the text is wrong.
   static Result<JSON> parse(std::string text);
 
-  // The same without a copy of the text, which the caller keeps as long as any value of it.
+  // The same without a copy: the text has to outlive every value of it.
   static Result<JSON> parseBorrowed(std::string_view text);
 
   Type type() const;
@@ -54,10 +54,10 @@ public:
   std::optional<bool> asBoolean() const;
   std::optional<std::string> asString() const;
 
-  // A number that is integral and fits; "80.0" and "8e1" are 80.
+  // An integral number that fits; "80.0" and "8e1" are 80.
   std::optional<std::int64_t> asInteger() const;
 
-  // The nearest real; nothing when the number is beyond the range of reals.
+  // The nearest double; nothing when the number is too large for one.
   std::optional<double> asReal() const;
 
   // A number as it stands in the text.
@@ -66,15 +66,15 @@ public:
   // Whether this is a number without a fraction, of whatever size: 80, 80.0, 8e1, 1e400.
   bool isIntegral() const { return integerText().has_value(); }
 
-  // An integral number in plain decimal, with a minus sign when it is below zero: 8e1 is "80". Nothing
-  // for other numbers, and for those of more than a thousand digits.
+  // An integral number in plain decimal: "80" for 8e1, "-80" for -8e1. Nothing for other numbers,
+  // and for those of more than a thousand digits.
   std::optional<std::string> integerText() const;
 
   // The elements of an array, the members of an object, in order; none for any other type.
   Range<JSON> elements() const;
   Range<Member> members() const;
 
-  // The value under a name; nothing when the object has no such member, or when this is no object.
+  // The value of the member of that name; nothing when there is none or this is no object.
   std::optional<JSON> member(std::string_view name) const;
 
   // The value as JSON text without blanks; numbers and strings as they stand in the parsed text.
@@ -101,7 +101,7 @@ struct JSON::Member {
   JSON value;
 };
 
-// Walks over the children of one value; each step makes the child's handle.
+// The children of one value. Each step of the iterator makes the handle of one child.
 template <class Item>
 class JSON::Range {
 public:

@@ -8,8 +8,8 @@
 
 namespace foundation {
 
-// Makes a JSON text without blanks, value by value. Commas and colons come by themselves; that arrays and
-// objects are closed, and that in an object each value follows a name, is the caller's business.
+// Writes a JSON text without blanks, value by value. Commas and colons are written as needed. The
+// caller has to close arrays and objects, and to write a name before each value of an object.
 //
 //     JSONWriter writer;
 //     writer.beginObject().name("port").integer(53).name("isOpen").boolean(true).endObject();
@@ -25,20 +25,21 @@ public:
   JSONWriter& null() { return word("null"); }
   JSONWriter& boolean(bool value) { return word(value ? "true" : "false"); }
   JSONWriter& integer(std::int64_t value);
-  // In the shortest form that reads back as the same number; what is not finite is written as null.
+  // In the shortest form that reads back as the same number. Infinities and NaN are written as
+  // null.
   JSONWriter& real(double value);
-  // Bytes that are no UTF-8 are written as U+FFFD.
+  // Bytes that are not UTF-8 are written as U+FFFD.
   JSONWriter& string(std::string_view value);
-  // A parsed value with all that is in it; its numbers and strings keep their spelling.
+  // A parsed value with its contents. Numbers and strings keep their spelling.
   JSONWriter& value(const JSON& value);
-  // A parsed object, with a string as the value of its member of that name.
+  // A parsed object, in which the string replaces the value of the member of that name.
   JSONWriter& object(const JSON& object, std::string_view member, std::string_view string);
 
-  // Makes room for a text of so many bytes.
+  // Reserves memory for a text of so many bytes.
   void reserve(std::size_t bytes) { text_.reserve(bytes); }
 
   const std::string& text() const { return text_; }
-  // The text; the writer begins anew.
+  // Returns the text and starts a new one.
   std::string takeText();
 
 private:

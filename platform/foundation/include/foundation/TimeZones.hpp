@@ -5,13 +5,13 @@
 
 namespace foundation {
 
-// The identifiers of the time zones that this machine knows ("Europe/Berlin", "UTC"), other names for the
-// same zone among them, sorted by their bytes. Read from the time-zone database anew by each call (some
-// tenths of a millisecond); "UTC" alone on a machine without one.
+// The identifiers of the time zones that this machine knows ("Europe/Berlin", "UTC"), sorted by
+// their bytes. Aliases of a zone are included. Each call reads the time-zone database, which takes
+// some tenths of a millisecond. Without a database the result is "UTC".
 std::vector<std::string> knownTimeZoneNames();
 
-// The identifier of the time zone that the machine is set to: that of TZ, of /etc/localtime, or of
-// /etc/timezone; "UTC" when none of them names one.
+// The identifier of the current time zone: of the first that names one among the variable TZ,
+// /etc/localtime and /etc/timezone; "UTC" when none does.
 std::string currentTimeZoneName();
 
 }  // namespace foundation

@@ -14,7 +14,8 @@ public:
   // A new identifier of random bits (version 4).
   static UUID random();
 
-  // Reads the form E621E1F8-C36C-495A-93FC-0C247A3E6E5F, in letters of either case. Nothing for any other text.
+  // Reads the form E621E1F8-C36C-495A-93FC-0C247A3E6E5F, in letters of either case. Nothing for any
+  // other text.
   static std::optional<UUID> parse(std::string_view text);
 
   // The same form, in capital letters.

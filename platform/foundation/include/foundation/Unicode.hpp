@@ -15,8 +15,8 @@ struct Utf8Character {
   std::size_t length;  // in bytes, 1 to 4
 };
 
-// The character that the text begins with, by strict UTF-8. Nothing when the text is empty or begins with no
-// well-formed character; overlong forms and surrogates are not well formed.
+// The character that the text begins with, by strict UTF-8. Nothing when the text is empty or
+// begins with no well-formed character; overlong forms and surrogates are not well formed.
 std::optional<Utf8Character> firstCharacter(std::string_view text);
 
 // The length in bytes of that character, 0 when there is none.
@@ -30,13 +30,13 @@ std::string repairedUtf8(std::string_view text);
 // Appends a code point as UTF-8. Surrogates and values above U+10FFFF are appended as U+FFFD.
 void appendUtf8(std::string& text, char32_t codePoint);
 
-// The text in upper case by Unicode's full mapping for every language: "ß" becomes "SS". Bytes that are not
-// well-formed UTF-8 stay as they are.
+// The text in upper case by Unicode's full mapping for every language: "ß" becomes "SS". Bytes that
+// are not well-formed UTF-8 stay as they are.
 std::string uppercased(std::string_view text);
 
-// Converts UTF-16 to UTF-8. A byte-order mark decides the byte order and is left out of the result. Without a
-// mark, the order is the one in which more characters are below U+0100; little-endian when both have as many.
-// Nothing when the number of bytes is odd or a surrogate has no partner.
+// Converts UTF-16 to UTF-8. A byte-order mark decides the byte order and is left out of the result.
+// Without a mark, the order is the one in which more characters are below U+0100; little-endian
+// when both have as many. Nothing when the number of bytes is odd or a surrogate has no partner.
 std::optional<std::string> utf8FromUtf16(std::string_view bytes);
 
 }  // namespace foundation
