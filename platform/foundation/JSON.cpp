@@ -202,7 +202,7 @@ bool JSON::isNamed(const JSONDocument& document, std::size_t node, std::string_v
   if (candidate.isEscaped()) return decodedString(document, candidate) == name;
   // The text holds no escape, so its first quote ends it and a name with a quote cannot match.
   const std::string_view text = document.text.substr(candidate.offset() + 1);
-  return text.starts_with(name) && name.find('"') == name.npos && text[name.size()] == '"';
+  return text.starts_with(name) && name.find('"') == std::string_view::npos && text[name.size()] == '"';
 }
 
 std::optional<JSON> JSON::member(std::string_view name) const {

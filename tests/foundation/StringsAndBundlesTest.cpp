@@ -60,6 +60,9 @@ TEST(StringsFile, ReadsEveryEncoding) {
     EXPECT_EQ(*table, expected);
   }
   EXPECT_FALSE(parseStringsFile(utf16(u"\uFEFF" + text, true) + "x"));
+  for (const auto* halfPair : {u"\uFEFF\"\xD800\";", u"\uFEFF\"\xDC00\";", u"\uFEFF\"\xD800"}) {
+    EXPECT_FALSE(parseStringsFile(utf16(halfPair, true)));
+  }
   EXPECT_FALSE(parseStringsFile("\"\xFF\" = 1;"));
   EXPECT_EQ(*parseStringsFile(""), StringsTable());
 }
