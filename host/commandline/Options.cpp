@@ -248,26 +248,27 @@ Result<Command> parseValidate(CommandLine& line) {
 
 struct Entry {
   std::string_view name;
+  StoreUse storeUse;
   Result<Command> (*parse)(CommandLine&);
 };
 
 constexpr std::array<Entry, 16> kCommands{{
-    {"settings", parseSettings},
-    {"run", parseRun},
-    {"snapshot", parseSnapshot},
-    {"describe", parseDescribe},
-    {"prefs list", parseList},
-    {"prefs get", parseWithKey<GetPreferenceCommand>},
-    {"prefs set", parseSet},
-    {"prefs delete", parseWithKey<DeletePreferenceCommand>},
-    {"prefs import", parseImport},
-    {"prefs export", parseExport},
-    {"prefs migrate", parsePlain<MigratePreferencesCommand>},
-    {"prefs watch", parsePlain<WatchPreferencesCommand>},
-    {"prefs verify", parsePlain<VerifyPreferencesCommand>},
-    {"analyzers", parseAnalyzers},
-    {"ports validate", parseValidate},
-    {"help", parsePlain<HelpCommand>},
+    {"settings", StoreUse::shows, parseSettings},
+    {"run", StoreUse::shows, parseRun},
+    {"snapshot", StoreUse::reads, parseSnapshot},
+    {"describe", StoreUse::reads, parseDescribe},
+    {"prefs list", StoreUse::reads, parseList},
+    {"prefs get", StoreUse::reads, parseWithKey<GetPreferenceCommand>},
+    {"prefs set", StoreUse::writes, parseSet},
+    {"prefs delete", StoreUse::writes, parseWithKey<DeletePreferenceCommand>},
+    {"prefs import", StoreUse::writes, parseImport},
+    {"prefs export", StoreUse::reads, parseExport},
+    {"prefs migrate", StoreUse::writes, parsePlain<MigratePreferencesCommand>},
+    {"prefs watch", StoreUse::reads, parsePlain<WatchPreferencesCommand>},
+    {"prefs verify", StoreUse::inspects, parsePlain<VerifyPreferencesCommand>},
+    {"analyzers", StoreUse::reads, parseAnalyzers},
+    {"ports validate", StoreUse::none, parseValidate},
+    {"help", StoreUse::none, parsePlain<HelpCommand>},
 }};
 
 // Where the command stands: behind the store, which may come first.
@@ -309,7 +310,10 @@ Result<Options> parseOptions(std::span<const std::string_view> words) {
   auto command = entry->parse(line);
   if (line.wantsHelp) return Options{.command = HelpCommand{}};
   if (!command) return command.error();
-  return Options{.store = std::move(line.store), .command = *std::move(command)};
+  const bool isVersion = std::holds_alternative<VersionCommand>(*command);
+  return Options{.store = std::move(line.store),
+                 .storeUse = isVersion ? StoreUse::none : entry->storeUse,
+                 .command = *std::move(command)};
 }
 
 }  // namespace zorvantine

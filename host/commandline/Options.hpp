@@ -96,10 +96,23 @@ using Command =
                  ExportPreferencesCommand, MigratePreferencesCommand, WatchPreferencesCommand, VerifyPreferencesCommand,
                  ListAnalyzersCommand, ValidatePortsCommand, HelpCommand, VersionCommand>;
 
+// What a command does with the preferences store.
+enum class StoreUse {
+  none,      // nothing
+  inspects,  // looks at its file without opening the store
+  reads,     // opens it for reading: nothing on disk is created or changed
+  writes,    // opens it for writing, which makes a store that is missing
+  shows,     // as `writes`, in a window, which is of use without a file too
+};
+
+// Whether the command opens the store.
+constexpr bool opensStore(StoreUse use) { return use != StoreUse::none && use != StoreUse::inspects; }
+
 // A command line, understood.
 struct Options {
   // Nothing for the user's own store.
   std::optional<std::filesystem::path> store{};
+  StoreUse storeUse = StoreUse::none;
   Command command;
 };
 

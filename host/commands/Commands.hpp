@@ -13,8 +13,9 @@ namespace zorvantine {
 struct Console {
   std::istream& in;
   std::ostream& out;
+  bool outIsTerminal = false;
 
-  // The process's store, opened by the first command that asks for it.
+  // The process's store, open before a command runs that opens it.
   static foundation::UserDefaults& store() { return foundation::UserDefaults::standardUserDefaults(); }
 };
 

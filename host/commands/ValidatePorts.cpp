@@ -1,4 +1,5 @@
 #include "QEVModels/PortsValidator.hpp"
+#include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
 #include "foundation/Bundle.hpp"
 #include "foundation/JSONWriter.hpp"
@@ -16,7 +17,7 @@ namespace {
 
 void printText(const PortValidationResult& result, std::ostream& out) {
   out << result.ports << '\n';
-  for (const PortCorrection& correction : result.corrections) out << correction.message() << '\n';
+  for (const PortCorrection& correction : result.corrections) out << onOneLine(correction.message()) << '\n';
 }
 
 void printJSON(const PortValidationResult& result, std::ostream& out) {

@@ -14,7 +14,6 @@
 namespace zorvantine {
 
 Failed run(const WatchPreferencesCommand&, Console& console) {
-  if (auto failure = storeFailure(Console::store())) return failure;
   const Interruption interruption;
   const auto subscription = Console::store().observeAll([&console](std::string_view key) {
     console.out << preferenceLine(key, Console::store().objectForKey(key)) << std::endl;

@@ -9,6 +9,7 @@ import datetime
 import json
 import os
 import plistlib
+import pty
 import re
 import signal
 import subprocess
@@ -118,6 +119,41 @@ class CommandLine(unittest.TestCase):
         self.run_host("prefs", "get", "key", code=1)
         self.run_host("prefs", "delete", "key", code=1)
         self.assertEqual(self.listed(), {})
+
+    def test_commands_that_read_refuse_a_store_that_is_not_there(self):
+        for words in (
+            ["prefs", "list"],
+            ["prefs", "get", "key"],
+            ["prefs", "export", str(self.folder / "exported")],
+            ["prefs", "verify"],
+            ["prefs", "watch"],
+            ["analyzers"],
+            ["describe"],
+        ):
+            self.assertIn(f"no store {self.store}", self.run_host(*words, code=3))
+        self.assertEqual(list(self.folder.iterdir()), [])
+
+    def shown_on_a_terminal(self, *words):
+        terminal, end = pty.openpty()
+        subprocess.run(self.command(*words), stdout=end, check=True, timeout=120)
+        os.close(end)
+        try:
+            with open(terminal, "rb", buffering=0) as file:
+                return file.read(4096).decode()
+        except OSError:
+            return ""
+
+    def test_stored_control_characters_are_escaped_for_a_person(self):
+        text = "\x1b[2J\u009b\u202e\u2066\x7f"
+        escaped = r"\x1b[2J\xc2\x9b\xe2\x80\xae\xe2\x81\xa6\x7f"
+        self.store = self.folder / f"store{text}"
+        self.run_host("prefs", "set", text, "--string", text)
+        self.assertEqual(self.run_host("prefs", "list"), f"{escaped}  string      {escaped}\n")
+        self.assertEqual(self.run_host("prefs", "get", text), text + "\n")
+        self.assertEqual(self.shown_on_a_terminal("prefs", "get", text), escaped + "\r\n")
+        self.assertIn(f"store{escaped} is in order", self.run_host("prefs", "verify"))
+        self.assertIn(escaped, self.run_host("prefs", "get", text + "!", code=1))
+        self.assertEqual(list(self.listed()), [text])
 
     def test_failures_say_what_to_do(self):
         self.assertIn("--help", self.run_host("prefs", "frobnicate", code=2))
