@@ -11,7 +11,6 @@
 #include <iostream>
 #include <string_view>
 #include <system_error>
-#include <variant>
 #include <vector>
 
 namespace {
@@ -25,13 +24,8 @@ int report(const Failure& failure, Messages& messages) {
   return static_cast<int>(failure.code);
 }
 
-bool isLongRunning(const Command& command) {
-  return std::holds_alternative<SettingsCommand>(command) || std::holds_alternative<RunCommand>(command) ||
-         std::holds_alternative<WatchPreferencesCommand>(command);
-}
-
-// The person's own store is empty until something is stored. A file that was named and is not there is a
-// mistake in the name.
+// The person's own store is empty until something is stored. A file that was named and is not there
+// is a mistake in the name.
 Failed missingStore(const Options& options) {
   std::error_code error;
   if (!options.store ||
@@ -60,9 +54,9 @@ Failed openStore(const Options& options, Messages& messages) {
 Failed carryOut(const Options& options, Messages& messages) {
   Failed failed = openStore(options, messages);
   if (failed) return failed;
-  if (isLongRunning(options.command)) messages.logDiagnosticsAsTheyCome();
+  if (options.runsUntilEnded) messages.logDiagnosticsAsTheyCome();
   Console console{.in = std::cin, .out = std::cout, .outIsTerminal = ::isatty(STDOUT_FILENO) == 1};
-  failed = std::visit([&console](const auto& command) { return run(command, console); }, options.command);
+  failed = options.invocation.run(console);
   // A store that had to be recovered meanwhile was opened again.
   if (opensStore(options.storeUse)) messages.say(Console::store().opening().message);
   // A command that fails says in its own words what is wrong.

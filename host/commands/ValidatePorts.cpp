@@ -4,6 +4,7 @@
 #include "foundation/Bundle.hpp"
 #include "foundation/JSONWriter.hpp"
 
+#include <algorithm>
 #include <istream>
 #include <iterator>
 #include <ostream>
@@ -41,7 +42,11 @@ Failed run(const ValidatePortsCommand& command, Console& console) {
   foundation::Bundle::setPreferredLanguages({"en"});
   const PortValidationResult result = QEVModels::validatedPorts(text);
   command.format == OutputFormat::json ? printJSON(result, console.out) : printText(result, console.out);
-  return std::nullopt;
+  const bool isComplete = std::ranges::none_of(result.corrections, [](const PortCorrection& correction) {
+    return correction.kind() == PortCorrection::Kind::invalid || correction.kind() == PortCorrection::Kind::outOfRange;
+  });
+  if (isComplete) return std::nullopt;
+  return Failure{.code = ExitCode::portsLeftOut, .message = "some of the ports were left out, as the result tells"};
 }
 
 }  // namespace zorvantine

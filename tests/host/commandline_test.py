@@ -104,6 +104,8 @@ class CommandLine(unittest.TestCase):
             ("--real", "0.1", "real", 0.1),
             ("--real", "-inf", "real", "-inf"),
             ("--data", "AP8=", "data", "AP8="),
+            ("--date", "2026-03-01T12:30:00.25Z", "date", "2026-03-01T12:30:00.25Z"),
+            ("--json", '{"a":[1,true,"b"]}', "dictionary", {"a": [1, True, "b"]}),
         ]
         for number, (option, text, kind, value) in enumerate(cases):
             self.run_host("prefs", "set", f"key {number}", option, text)
@@ -249,6 +251,7 @@ class CommandLine(unittest.TestCase):
         self.assertEqual((again.returncode, again.stdout, again.stderr), (0, "", ""))
 
     def test_watch_tells_of_each_change_until_interrupted(self):
+        self.run_host("prefs", "set", "started", "--int", "-1")
         for stop in (signal.SIGINT, signal.SIGTERM):
             watcher = subprocess.Popen(self.command("prefs", "watch"), stdout=subprocess.PIPE, text=True)
             self.addCleanup(watcher.stdout.close)
@@ -274,6 +277,34 @@ class CommandLine(unittest.TestCase):
                 watcher.kill()
                 watcher.wait()
 
+    def test_watch_tells_of_the_keys_named_as_json(self):
+        self.run_host("prefs", "set", "started", "--int", "0")
+        watcher = subprocess.Popen(
+            self.command("prefs", "watch", "--format", "json", "started", "key"), stdout=subprocess.PIPE, text=True
+        )
+        self.addCleanup(watcher.stdout.close)
+        try:
+            # The first change may come before the watching; one of the next does not.
+            os.set_blocking(watcher.stdout.fileno(), False)
+            line = ""
+            for attempt in range(1, 1000):
+                self.run_host("prefs", "set", "started", "--int", str(attempt))
+                if line := watcher.stdout.readline():
+                    break
+            os.set_blocking(watcher.stdout.fileno(), True)
+            self.run_host("prefs", "set", "other", "--int", "1")
+            self.run_host("prefs", "set", "key", "--json", '["a"]')
+            changes = [json.loads(line)]
+            while changes[-1]["key"] != "key":
+                changes.append(json.loads(watcher.stdout.readline()))
+            self.assertEqual(changes.pop(), {"key": "key", "type": "array", "value": ["a"]})
+            self.assertEqual({change["key"] for change in changes}, {"started"})
+            self.run_host("prefs", "delete", "key")
+            self.assertEqual(json.loads(watcher.stdout.readline()), {"key": "key", "removed": True})
+        finally:
+            watcher.kill()
+            watcher.wait()
+
     def test_analyzers_show_their_defaults_and_what_is_stored(self):
         self.run_host("prefs", "set", f"{PREFIX}tcp_checksums", "--bool", "true")
         analyzers = {analyzer["title"]: analyzer for analyzer in json.loads(self.run_host("analyzers", "--format", "json"))}
@@ -287,8 +318,25 @@ class CommandLine(unittest.TestCase):
         for title in analyzers:
             self.assertRegex(text, f"(?m)^{re.escape(title)} ")
 
+    def test_help_on_a_command_is_about_that_command(self):
+        text = self.run_host("prefs", "set", "--help")
+        self.assertEqual(text, self.run_host("help", "prefs", "set"))
+        self.assertIn("Usage: zorvantine prefs set KEY (--string|--int", " ".join(text.split()))
+        self.assertIn("base64", text)
+        self.assertNotIn("prefs get", text)
+        group = self.run_host("prefs", "--help")
+        for name in ("list", "get", "set", "delete", "import", "export", "migrate", "watch", "verify"):
+            self.assertIn(f"Usage: zorvantine prefs {name}", group)
+        self.run_host("frobnicate", "--help", code=2)
+        self.assertLessEqual(max(map(len, self.run_host("--help").splitlines())), 80)
+
     def test_ports_are_put_in_order(self):
-        result = json.loads(self.run_host("ports", "validate", "90000; 443,80 80", "--format", "json"))
+        done = subprocess.run(
+            self.command("ports", "validate", "90000; 443,80 80", "--format", "json"), capture_output=True, text=True
+        )
+        self.assertEqual(done.returncode, 1)
+        self.assertRegex(done.stderr, r"\Azorvantine: [^\n]+ left out[^\n]*\n\Z")
+        result = json.loads(done.stdout)
         self.assertEqual(result["ports"], "80,443")
         self.assertEqual([correction["kind"] for correction in result["corrections"]], ["outOfRange", "duplicate"])
         lines = self.run_host("ports", "validate", "-", text="8010-8000\n").splitlines()
