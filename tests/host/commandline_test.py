@@ -6,12 +6,14 @@
 
 import base64
 import datetime
+import hashlib
 import json
 import os
 import plistlib
 import pty
 import re
 import signal
+import sqlite3
 import subprocess
 import sys
 import tempfile
@@ -174,6 +176,75 @@ class CommandLine(unittest.TestCase):
         self.assertEqual(done.returncode, 3)
         self.assertIn(str(self.store), done.stdout)
         self.assertRegex(done.stderr, r"\Azorvantine: [^\n]+\n\Z")
+
+    def files(self):
+        """Every file of the folder: its mode and what its bytes hash to."""
+        return {
+            file.name: (oct(file.stat().st_mode), hashlib.sha256(file.read_bytes()).hexdigest())
+            for file in self.folder.iterdir()
+        }
+
+    def reading(self):
+        exported = str(self.folder / "no" / "such" / "folder")
+        return [["prefs", "list"], ["prefs", "get", "key"], ["prefs", "export", exported], ["analyzers"], ["describe"]]
+
+    def test_commands_refuse_a_file_that_is_no_store_and_leave_it_alone(self):
+        database = self.folder / "other.sqlite"
+        other = sqlite3.connect(database)
+        other.execute("CREATE TABLE preferences (a, b)")
+        other.commit()
+        other.close()
+        thesis = self.folder / "thesis.txt"
+        thesis.write_text("A thesis.\n" * 1000)
+        for file in (database, thesis):
+            file.chmod(0o644)
+            self.store = file
+            before = self.files()
+            writing = [["set", "key", "--int", "1"], ["delete", "key"], ["import", SAMPLE], ["migrate"]]
+            for words in self.reading() + [["prefs", *words] for words in writing] + [["prefs", "watch"]]:
+                self.assertIn(file.name, self.run_host(*words, code=3))
+                self.assertEqual(self.files(), before, words)
+            done = subprocess.run(self.command("prefs", "verify"), capture_output=True, text=True)
+            self.assertEqual(done.returncode, 3)
+            self.assertEqual(self.files(), before)
+
+    def test_every_command_says_once_that_the_store_was_restored(self):
+        """`delete` comes last: it opens the store for writing, which puts it right."""
+        self.run_host("prefs", "set", "mine", "--string", "kept")
+        self.store.write_bytes(b"\0" * self.store.stat().st_size)
+        damaged = self.files()
+        openings = set()
+        for words, code in zip(self.reading(), [0, 1, 3, 0, 0]):
+            done = subprocess.run(self.command(*words), capture_output=True, text=True)
+            self.assertEqual(done.returncode, code, done.stderr)
+            lines = done.stderr.splitlines()
+            self.assertEqual(len(lines), 1 if code == 0 else 2, done.stderr)
+            openings.add(lines[0])
+            for line in lines:
+                self.assertTrue(line.startswith("zorvantine: "), line)
+            self.assertEqual(self.files(), damaged, words)
+        self.assertEqual(len(openings), 1, openings)
+        done = subprocess.run(self.command("prefs", "delete", "key"), capture_output=True, text=True)
+        self.assertEqual((done.returncode, len(done.stderr.splitlines())), (1, 2), done.stderr)
+        self.assertEqual(self.run_host("prefs", "get", "mine"), "kept\n")
+
+    def test_commands_that_read_leave_the_folder_as_it_is(self):
+        self.run_host("prefs", "set", "key", "--string", "value")
+        before = self.files()
+        for words in (["prefs", "list"], ["prefs", "get", "key"], ["prefs", "verify"], ["analyzers"], ["describe"]):
+            self.run_host(*words)
+            self.assertEqual(self.files(), before, words)
+
+    def test_own_store_that_does_not_exist_yet_is_empty(self):
+        for words in (["prefs", "list"], ["analyzers"], ["describe"], ["prefs", "verify"]):
+            done = subprocess.run(
+                [PROGRAM, *words],
+                env=os.environ | {"XDG_CONFIG_HOME": str(self.folder)},
+                capture_output=True,
+                text=True,
+            )
+            self.assertEqual((done.returncode, done.stderr), (0, ""), words)
+        self.assertEqual(list(self.folder.iterdir()), [])
 
     @unittest.skipUnless(os.path.exists("/dev/full"), "no device that is full")
     def test_result_that_cannot_be_written_is_a_failure(self):
