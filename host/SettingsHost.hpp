@@ -5,7 +5,7 @@
 #include "QEVCoreComponents/QEVCaptureViewModel.hpp"
 #include "QEVSettings/UpdaterViewModel.hpp"
 #include "QEVSettings/preferences/PreferencesStore.hpp"
-#include "commandline/Options.hpp"
+#include "commandline/WindowOptions.hpp"
 #include "viewkit/Environment.hpp"
 #include "viewkit/View.hpp"
 
@@ -13,9 +13,9 @@
 
 namespace zorvantine {
 
-// The launched application, as far as its settings window needs it: the store is up to date, the analyzers
-// are loaded, and everything that the window shows and does not own is there. Windows come and go; this
-// stays. One a process, on the main thread.
+// The launched application, as far as its settings window needs it: the store is up to date, the
+// analyzers are loaded, and everything that the window shows and does not own is there. Windows
+// come and go; this stays. One a process, on the main thread.
 class SettingsHost {
 public:
   // The store outlives the host. Views speak the language of the options.

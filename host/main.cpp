@@ -1,74 +1,66 @@
-#include "QEVLog/QEVLog.hpp"
 #include "commandline/ExitCode.hpp"
+#include "commandline/Messages.hpp"
 #include "commandline/Options.hpp"
-#include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
-#include "foundation/Diagnostics.hpp"
 #include "foundation/UserDefaults.hpp"
 
+#include <unistd.h>
+
 #include <cstdlib>
+#include <filesystem>
 #include <iostream>
-#include <memory>
-#include <mutex>
-#include <string>
 #include <string_view>
-#include <variant>
+#include <system_error>
 #include <vector>
 
 namespace {
 
 using namespace zorvantine;
+using foundation::UserDefaults;
 
-int report(const Failure& failure) {
+int report(const Failure& failure, Messages& messages) {
   std::cout.flush();
-  std::cerr << "zorvantine: " << onOneLine(failure.message) << std::endl;
+  messages.say(failure.message);
   return static_cast<int>(failure.code);
 }
 
-void logDiagnostic(std::string_view line) { QEVLog::logMessage(line, "reportDiagnostic(_:)"); }
-
-bool isLongRunning(const Command& command) {
-  return std::holds_alternative<SettingsCommand>(command) || std::holds_alternative<RunCommand>(command) ||
-         std::holds_alternative<WatchPreferencesCommand>(command);
+// The person's own store is empty until something is stored. A file that was named and is not there
+// is a mistake in the name.
+Failed missingStore(const Options& options) {
+  std::error_code error;
+  if (!options.store ||
+      std::filesystem::symlink_status(*options.store, error).type() != std::filesystem::file_type::not_found) {
+    return std::nullopt;
+  }
+  return Failure{.message = "there is no store " + options.store->string() +
+                            "; check its name, or make it with prefs set or prefs import"};
 }
 
-// What a command that is soon over finds out on its way is logged when it succeeds: one that fails says
-// in its own words what is wrong, once.
-class DiagnosticsUntilDone {
-public:
-  DiagnosticsUntilDone() {
-    foundation::setDiagnosticSink([lines = lines_](std::string_view line) {
-      const std::scoped_lock lock(lines->mutex);
-      lines->all.emplace_back(line);
-    });
+// Opens the store as the command uses it, and says how it came to be open.
+Failed openStore(const Options& options, Messages& messages) {
+  if (options.store) UserDefaults::setStandardFile(*options.store);
+  if (options.storeUse == StoreUse::reads || options.storeUse == StoreUse::inspects) {
+    UserDefaults::setStandardAccess(UserDefaults::Access::readOnly);
+    if (auto failure = missingStore(options)) return failure;
   }
+  if (!opensStore(options.storeUse)) return std::nullopt;
+  messages.say(Console::store().opening().message);
+  const auto failure = storeFailure(Console::store());
+  if (!failure || options.storeUse != StoreUse::shows) return failure;
+  messages.say(failure->message);
+  return std::nullopt;
+}
 
-  void log() const {
-    const std::scoped_lock lock(lines_->mutex);
-    for (const std::string& line : lines_->all) logDiagnostic(line);
-  }
-
-private:
-  struct Lines {
-    std::mutex mutex;
-    std::vector<std::string> all;
-  };
-  std::shared_ptr<Lines> lines_ = std::make_shared<Lines>();
-};
-
-Failed carryOut(const Options& options) {
-  if (options.store) foundation::UserDefaults::setStandardFile(*options.store);
-  Console console{.in = std::cin, .out = std::cout};
-  const auto perform = [&] {
-    return std::visit([&console](const auto& command) { return run(command, console); }, options.command);
-  };
-  if (isLongRunning(options.command)) {
-    foundation::setDiagnosticSink(logDiagnostic);
-    return perform();
-  }
-  const DiagnosticsUntilDone diagnostics;
-  Failed failed = perform();
-  if (!failed) diagnostics.log();
+Failed carryOut(const Options& options, Messages& messages) {
+  Failed failed = openStore(options, messages);
+  if (failed) return failed;
+  if (options.runsUntilEnded) messages.logDiagnosticsAsTheyCome();
+  Console console{.in = std::cin, .out = std::cout, .outIsTerminal = ::isatty(STDOUT_FILENO) == 1};
+  failed = options.invocation.run(console);
+  // A store that had to be recovered meanwhile was opened again.
+  if (opensStore(options.storeUse)) messages.say(Console::store().opening().message);
+  // A command that fails says in its own words what is wrong.
+  if (!failed) messages.logDiagnostics();
   return failed;
 }
 
@@ -76,14 +68,18 @@ Failed carryOut(const Options& options) {
 
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
+  // Outlives the store, which may still report something while it is closed.
+  static Messages messages;
   const std::vector<std::string_view> words(argv + (argc > 0 ? 1 : 0), argv + argc);
   const auto options = parseOptions(words);
   if (!options) {
     return report(
-        {.code = ExitCode::usage, .message = options.error().message + "; zorvantine --help shows what there is"});
+        {.code = ExitCode::usage, .message = options.error().message + "; zorvantine --help shows what there is"},
+        messages);
   }
-  if (const auto failure = carryOut(*options)) return report(*failure);
-  if (!std::cout.flush())
-    return report({.message = "the result could not be written; make room for it, and try again"});
+  if (const auto failure = carryOut(*options, messages)) return report(*failure, messages);
+  if (!std::cout.flush()) {
+    return report({.message = "the result could not be written; make room for it, and try again"}, messages);
+  }
   return EXIT_SUCCESS;
 }

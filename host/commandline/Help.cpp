@@ -1,53 +1,92 @@
 #include "commandline/Help.hpp"
 
+#include "commandline/HelpParts.hpp"
+#include "commandline/Options.hpp"
+
+#include <algorithm>
+#include <cstddef>
+
 namespace zorvantine {
 
-std::string_view helpText() {
-  return R"(Usage: zorvantine [--store FILE] COMMAND
+namespace {
 
-The settings of the packet analyzer: in a window, and from the shell.
+constexpr std::size_t kWidth = 80;
+constexpr std::size_t kColumn = 35;
+constexpr std::size_t kNarrowColumn = 24;
 
-The window
-  settings [--tab TAB] [WINDOW]    open it; also what happens without a COMMAND.
-                                   Without a display, draw it into files instead
-  run [WINDOW]                     open the main window, which opens the settings
-  snapshot --out DIR [--tab TAB|all] [--appearance light|dark] [--scale 1|2] [WINDOW]
-                                   draw it into DIR, one picture TAB.png a tab
-  describe [--tab TAB] [--format text|json] [WINDOW]
-                                   what is on a page, and where
-    TAB     general, capture, proxy, analyze or appearance (the fonts)
-    WINDOW  --no-proxy             leave the proxy's tab out
-            --analyzers N          show N made-up analyzers instead of the real ones
-            --language CODE        speak en, de, fr, es, ja, zh-Hans or ar
+// Appends words to a line that is so long already, and begins the following lines at a column.
+void appendWrapped(std::string& text, std::string_view words, std::size_t lineLength, std::size_t column) {
+  while (!words.empty()) {
+    const std::size_t end = std::min(words.find(' '), words.size());
+    const std::string_view word = words.substr(0, end);
+    if (lineLength > column && lineLength + 1 + word.size() > kWidth) {
+      text += '\n' + std::string(column, ' ');
+      lineLength = column;
+    } else if (lineLength > column) {
+      text += ' ';
+      ++lineLength;
+    }
+    text += word;
+    lineLength += word.size();
+    words.remove_prefix(std::min(end + 1, words.size()));
+  }
+  text += '\n';
+}
 
-The preferences
-  prefs list [--format text|json]  every key, with the type of its value
-  prefs get KEY                    one value; data in base64
-  prefs set KEY --string VALUE     store text, or with --int, --bool (true or false),
-                                   --real or --data (base64) a value of that type
-  prefs delete KEY                 remove a key
-  prefs import FILE                take over every key of a property list, or none
-  prefs export FILE [--format xml|binary]
-                                   write every key to a property list
-  prefs migrate                    bring what an older release stored up to date
-  prefs watch                      print each change, until interrupted
-  prefs verify                     check the store, and say how it is
+// "  WHAT     what it means", the meaning in a column of its own, below when there is no room
+// beside.
+void appendRow(std::string& text, const std::string& what, std::string_view meaning, std::size_t column) {
+  std::string line = "  " + what;
+  if (line.size() + 1 > column) {
+    text += "  ";
+    appendWrapped(text, what, 2, 6);
+    line.clear();
+  }
+  line.resize(column, ' ');
+  text += line;
+  appendWrapped(text, meaning, column, column);
+}
 
-The analyzers
-  analyzers [--format text|json]   what is loaded: ids, keys, options, ports
-  ports validate TEXT [--format text|json]
-                                   put a list of ports in order; - reads it from
-                                   standard input
+void appendOptions(std::string& text, const std::vector<Option>& options) {
+  for (const Option& option : options) {
+    if (!option.help.empty()) appendRow(text, nameAndValue(option), option.help, kNarrowColumn);
+  }
+}
 
-Options
-  --store FILE   another store than $XDG_CONFIG_HOME/zorvantine/preferences.sqlite
-                 (~/.config without XDG_CONFIG_HOME)
-  --help         this page
-  --version      the version
+}  // namespace
 
-Exit codes: 0 done, 1 no such key, 2 the command line is wrong, 3 the store or a
-file could not be read or written.
-)";
+std::string helpText() {
+  std::string text =
+      "Usage: zorvantine [--store FILE] COMMAND\n\n"
+      "The settings of the packet analyzer: in a window, and from the shell.\n";
+  for (const auto& [chapter, title] : kChapters) {
+    text += '\n' + std::string(title) + '\n';
+    for (const CommandEntry& entry : commandTable()) {
+      if (entry.chapter == chapter) appendRow(text, synopsis(entry), entry.help, kColumn);
+    }
+    if (chapter == Chapter::window) {
+      text += "  WINDOW is any of\n";
+      appendOptions(text, windowOptions());
+    }
+  }
+  ProgramOptions program;
+  text += "\nOptions\n";
+  appendOptions(text, programOptions(program));
+  text += "\nExit codes\n";
+  for (const auto& [code, meaning] : kExitCodes) appendRow(text, std::string(code), meaning, 5);
+  return text;
+}
+
+std::string helpText(const CommandEntry& entry) {
+  std::string text = "Usage: zorvantine ";
+  appendWrapped(text, synopsis(entry), text.size(), text.size());
+  text += '\n';
+  appendWrapped(text, entry.help, 0, 0);
+  text += "\nOptions\n";
+  appendOptions(text, entry.prepare().arguments.options);
+  ProgramOptions program;
+  appendOptions(text, programOptions(program));
+  return text;
 }
 
 std::string_view versionText() { return ZORVANTINE_VERSION; }

@@ -19,12 +19,16 @@ using QEVSettings::PreferenceValue;
 
 namespace {
 
-// C0, DEL and C1 controls, and the two separators that terminals take for line ends.
+// C0, DEL and C1 controls, the two separators that terminals take for line ends, and the characters that
+// change the direction in which the text around them is shown.
 bool isControl(std::string_view character) {
   const auto first = static_cast<std::uint8_t>(character[0]);
   if (character.size() == 1) return first < 0x20 || first == 0x7F;
-  if (character.size() == 2) return first == 0xC2 && static_cast<std::uint8_t>(character[1]) < 0xA0;
-  return character == "\u2028" || character == "\u2029";
+  if (character.size() == 2 && first == 0xC2) return static_cast<std::uint8_t>(character[1]) < 0xA0;
+  constexpr std::array<std::string_view, 14> others{"\u2028", "\u2029", "\u061C", "\u200E", "\u200F",
+                                                    "\u202A", "\u202B", "\u202C", "\u202D", "\u202E",
+                                                    "\u2066", "\u2067", "\u2068", "\u2069"};
+  return std::ranges::find(others, character) != others.end();
 }
 
 void appendWrittenOut(std::string& line, char byte) {
@@ -56,6 +60,18 @@ std::string onOneLine(std::string_view text) {
     text.remove_prefix(character.size());
   }
   return line;
+}
+
+std::string escapedLines(std::string_view text) {
+  std::string lines;
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find('\n'), text.size() - 1);
+    const bool isLine = text[end] == '\n';
+    lines += onOneLine(text.substr(0, isLine ? end : end + 1));
+    if (isLine) lines += '\n';
+    text.remove_prefix(end + 1);
+  }
+  return lines;
 }
 
 std::string shortened(std::string_view text, std::size_t characters) {

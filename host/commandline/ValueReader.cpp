@@ -1,14 +1,22 @@
 #include "commandline/ValueReader.hpp"
 
 #include "foundation/Base64.hpp"
+#include "foundation/JSON.hpp"
 #include "foundation/Unicode.hpp"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
+#include <chrono>
+#include <cmath>
+#include <optional>
 #include <string>
+#include <utility>
 
 namespace zorvantine {
 
 using foundation::Error;
+using foundation::JSON;
 using foundation::Result;
 using QEVSettings::PreferenceValue;
 
@@ -23,6 +31,13 @@ Result<PreferenceValue> readNumber(std::string_view text, const char* what) {
     return Error{"“" + std::string(text) + "” is beyond the limits of " + what};
   if (error != std::errc() || stop != end) return Error{"“" + std::string(text) + "” is not " + what};
   return PreferenceValue(number);
+}
+
+Result<PreferenceValue> readReal(std::string_view text) {
+  auto value = readNumber<double>(text, "a real number");
+  if (value && std::isnan(value->asReal().value_or(0)))
+    return Error{"“" + std::string(text) + "” is not a real number"};
+  return value;
 }
 
 Result<PreferenceValue> readBoolean(std::string_view text) {
@@ -42,18 +57,120 @@ Result<PreferenceValue> readData(std::string_view text) {
   return PreferenceValue(*std::move(bytes));
 }
 
+// Reads digits from the front of the text; nothing when another character stands among them.
+std::optional<unsigned> takeNumber(std::string_view& text, std::size_t digits) {
+  unsigned number = 0;
+  if (text.size() < digits) return std::nullopt;
+  const auto [stop, error] = std::from_chars(text.data(), text.data() + digits, number);
+  if (error != std::errc() || stop != text.data() + digits) return std::nullopt;
+  text.remove_prefix(digits);
+  return number;
+}
+
+bool takeCharacter(std::string_view& text, char expected) {
+  if (!text.starts_with(expected)) return false;
+  text.remove_prefix(1);
+  return true;
+}
+
+// The digits after a decimal point, as a fraction.
+std::optional<double> takeFraction(std::string_view& text) {
+  const std::size_t digits = std::min(text.find_first_not_of("0123456789"), text.size());
+  double fraction = 0;
+  const std::string number = "0." + std::string(text.substr(0, digits));
+  if (digits == 0 || std::from_chars(number.data(), number.data() + number.size(), fraction).ec != std::errc()) {
+    return std::nullopt;
+  }
+  text.remove_prefix(digits);
+  return fraction;
+}
+
+std::optional<PreferenceValue::Date> dateOf(std::string_view text) {
+  using namespace std::chrono;
+  std::array<unsigned, 6> parts{};
+  constexpr std::string_view separators = "--T::";
+  for (std::size_t at = 0; at < parts.size(); ++at) {
+    if (at > 0 && !takeCharacter(text, separators[at - 1])) return std::nullopt;
+    const auto number = takeNumber(text, at == 0 ? 4 : 2);
+    if (!number) return std::nullopt;
+    parts.at(at) = *number;
+  }
+  std::optional<double> fraction = 0.0;
+  if (takeCharacter(text, '.')) fraction = takeFraction(text);
+  const year_month_day day{year(static_cast<int>(parts[0])), month(parts[1]), std::chrono::day(parts[2])};
+  const bool isTime = parts[3] < 24 && parts[4] < 60 && parts[5] < 60;
+  if (!fraction || text != "Z" || !day.ok() || !isTime) return std::nullopt;
+  const sys_seconds whole = sys_days(day) + hours(parts[3]) + minutes(parts[4]) + seconds(parts[5]);
+  return PreferenceValue::Date(duration<double>(static_cast<double>(whole.time_since_epoch().count()) + *fraction));
+}
+
+Result<PreferenceValue> readDate(std::string_view text) {
+  if (const auto date = dateOf(text)) return PreferenceValue(*date);
+  return Error{"“" + std::string(text) + "” is no date such as 2026-03-01T12:30:00Z"};
+}
+
+Result<PreferenceValue> valueOf(const JSON& json);
+
+Result<PreferenceValue> arrayOf(const JSON& json) {
+  PreferenceValue::Array array;
+  for (const JSON& element : json.elements()) {
+    auto value = valueOf(element);
+    if (!value) return value;
+    array.push_back(*std::move(value));
+  }
+  return PreferenceValue(std::move(array));
+}
+
+Result<PreferenceValue> dictionaryOf(const JSON& json) {
+  PreferenceValue::Dictionary dictionary;
+  for (const JSON::Member& member : json.members()) {
+    auto value = valueOf(member.value);
+    if (!value) return value;
+    dictionary.insert_or_assign(member.name, *std::move(value));
+  }
+  return PreferenceValue(std::move(dictionary));
+}
+
+// The parser bounds how deep arrays and objects are nested.
+Result<PreferenceValue> valueOf(const JSON& json) {
+  switch (json.type()) {
+    case JSON::Type::null: break;
+    case JSON::Type::boolean: return PreferenceValue(*json.asBoolean());
+    case JSON::Type::string: return PreferenceValue(*json.asString());
+    case JSON::Type::array: return arrayOf(json);
+    case JSON::Type::object: return dictionaryOf(json);
+    case JSON::Type::number:
+      // "1.0" and "1e0" are written as reals, and stay reals.
+      if (json.numberText()->find_first_of(".eE") == std::string_view::npos) {
+        if (const auto integer = json.asInteger()) return PreferenceValue(*integer);
+      }
+      if (const auto real = json.asReal()) return PreferenceValue(*real);
+      return Error{"the number " + std::string(*json.numberText()) + " is beyond the limits of a real number"};
+  }
+  return Error{"null is no value of a preference; use prefs delete to remove a key"};
+}
+
 }  // namespace
+
+Result<PreferenceValue> readJSONValue(std::string_view text) {
+  const auto json = JSON::parse(std::string(text));
+  if (!json) return Error{"the value is not JSON: " + json.error().message};
+  return valueOf(*json);
+}
 
 Result<PreferenceValue> readValue(PreferenceValue::Type type, std::string_view text) {
   using Type = PreferenceValue::Type;
   switch (type) {
     case Type::integer: return readNumber<std::int64_t>(text, "a whole number of 64 bits");
-    case Type::real: return readNumber<double>(text, "a real number");
+    case Type::real: return readReal(text);
     case Type::boolean: return readBoolean(text);
     case Type::string: return readText(text);
     case Type::data: return readData(text);
-    default: return Error{"a value of this type comes from a property list only; use prefs import"};
+    case Type::date: return readDate(text);
+    case Type::array:
+    case Type::dictionary: break;
   }
+  return Error{"an array or a dictionary is given as JSON; use --json"};
 }
 
 }  // namespace zorvantine

@@ -1,42 +1,130 @@
 #pragma once
 
+#include "QEVSettings/preferences/PreferenceValue.hpp"
 #include "commandline/ExitCode.hpp"
-#include "commandline/Options.hpp"
+#include "commandline/WindowOptions.hpp"
+#include "foundation/PropertyList.hpp"
 #include "foundation/UserDefaults.hpp"
 
+#include <filesystem>
 #include <iosfwd>
 #include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// The values of each command's arguments, and the function that carries it out, in a file of its
+// own. It returns why it failed, or nothing. The table in CommandEntry.hpp names them all.
 
 namespace zorvantine {
+
+enum class Appearance { light, dark };
+enum class OutputFormat { text, json };
+enum class HelpFormat { text, manual };
 
 // What a command works on.
 struct Console {
   std::istream& in;
   std::ostream& out;
+  bool outIsTerminal = false;
 
-  // The process's store, opened by the first command that asks for it.
+  // The process's store, open before a command runs that opens it.
   static foundation::UserDefaults& store() { return foundation::UserDefaults::standardUserDefaults(); }
 };
 
-// Each command in a file of its own. What they return is why they failed, or nothing.
-using Failed = std::optional<Failure>;
-
-Failed run(const ListPreferencesCommand& command, Console& console);
-Failed run(const GetPreferenceCommand& command, Console& console);
-Failed run(const SetPreferenceCommand& command, Console& console);
-Failed run(const DeletePreferenceCommand& command, Console& console);
-Failed run(const ImportPreferencesCommand& command, Console& console);
-Failed run(const ExportPreferencesCommand& command, Console& console);
-Failed run(const MigratePreferencesCommand& command, Console& console);
-Failed run(const WatchPreferencesCommand& command, Console& console);
-Failed run(const VerifyPreferencesCommand& command, Console& console);
-Failed run(const ListAnalyzersCommand& command, Console& console);
-Failed run(const ValidatePortsCommand& command, Console& console);
+struct SettingsCommand {
+  Tab tab = Tab::general;
+  WindowOptions window;
+};
 Failed run(const SettingsCommand& command, Console& console);
+
+struct RunCommand {
+  WindowOptions window;
+};
 Failed run(const RunCommand& command, Console& console);
+
+struct SnapshotCommand {
+  std::filesystem::path folder;
+  // Nothing for every tab.
+  std::optional<Tab> tab;
+  // Nothing for the appearance that the person chose.
+  std::optional<Appearance> appearance;
+  int scale = 1;
+  WindowOptions window;
+};
 Failed run(const SnapshotCommand& command, Console& console);
+
+struct DescribeCommand {
+  Tab tab = Tab::general;
+  OutputFormat format = OutputFormat::text;
+  WindowOptions window;
+};
 Failed run(const DescribeCommand& command, Console& console);
+
+struct ListPreferencesCommand {
+  OutputFormat format = OutputFormat::text;
+};
+Failed run(const ListPreferencesCommand& command, Console& console);
+
+struct GetPreferenceCommand {
+  std::string key;
+};
+Failed run(const GetPreferenceCommand& command, Console& console);
+
+struct SetPreferenceCommand {
+  std::string key;
+  std::optional<QEVSettings::PreferenceValue> value;  // there once the arguments are read
+};
+Failed run(const SetPreferenceCommand& command, Console& console);
+
+struct DeletePreferenceCommand {
+  std::string key;
+};
+Failed run(const DeletePreferenceCommand& command, Console& console);
+
+struct ImportPreferencesCommand {
+  std::filesystem::path file;
+};
+Failed run(const ImportPreferencesCommand& command, Console& console);
+
+struct ExportPreferencesCommand {
+  std::filesystem::path file;
+  foundation::PropertyListFormat format = foundation::PropertyListFormat::xml;
+};
+Failed run(const ExportPreferencesCommand& command, Console& console);
+
+struct MigratePreferencesCommand {};
+Failed run(const MigratePreferencesCommand& command, Console& console);
+
+struct WatchPreferencesCommand {
+  std::vector<std::string> keys;  // empty for every key
+  OutputFormat format = OutputFormat::text;
+};
+Failed run(const WatchPreferencesCommand& command, Console& console);
+
+struct VerifyPreferencesCommand {};
+Failed run(const VerifyPreferencesCommand& command, Console& console);
+
+struct ListAnalyzersCommand {
+  OutputFormat format = OutputFormat::text;
+};
+Failed run(const ListAnalyzersCommand& command, Console& console);
+
+struct ValidatePortsCommand {
+  // "-" for what comes on standard input.
+  std::string text;
+  OutputFormat format = OutputFormat::text;
+};
+Failed run(const ValidatePortsCommand& command, Console& console);
+
+struct HelpCommand {
+  // The name of a command, or its first word; empty for everything.
+  std::string topic;
+  HelpFormat format = HelpFormat::text;
+};
 Failed run(const HelpCommand& command, Console& console);
+
+struct VersionCommand {};
 Failed run(const VersionCommand& command, Console& console);
 
 // What is wrong with the store, as a failure; nothing while it is well.

@@ -1,21 +1,28 @@
 #include "SettingsHost.hpp"
+#include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
 #include "headless/Description.hpp"
 #include "headless/Window.hpp"
+#include "sparkle/UpdaterConfiguration.hpp"
 
 #include <ostream>
+#include <utility>
 
 namespace zorvantine {
 
 Failed run(const DescribeCommand& command, Console& console) {
-  if (auto failure = storeFailure(Console::store())) return failure;
-  const SettingsHost host(command.window, Console::store());
+  // Showing a page migrates the store and selects an analyzer. The person's own store is left as it is.
+  const auto store = Console::store().copyInMemory();
+  sparkle::UpdaterConfiguration updates;
+  updates.store = store.get();
+  sparkle::UpdaterConfiguration::setStandard(std::move(updates));
+  const SettingsHost host(command.window, *store);
   const headless::Window window(host.settingsView(command.tab), host.environment());
   const auto description = window.describe();
   if (command.format == OutputFormat::json) {
     console.out << headless::jsonDescription(description) << '\n';
   } else {
-    console.out << headless::textDescription(description);
+    console.out << escapedLines(headless::textDescription(description));
   }
   return std::nullopt;
 }

@@ -4,6 +4,8 @@
 namespace zorvantine {
 
 Failed storeFailure(const foundation::UserDefaults& store) {
+  const auto opening = store.opening();
+  if (opening.outcome == QEVSettings::StoreOpening::Outcome::inMemory) return Failure{.message = opening.message};
   if (const auto status = store.status()) return Failure{.code = ExitCode::unavailable, .message = status->message};
   return std::nullopt;
 }

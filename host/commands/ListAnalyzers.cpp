@@ -3,6 +3,7 @@
 #include "QEVModels/AnalyzerPortsStore.hpp"
 #include "QEVModels/QEVPlugInsController.hpp"
 #include "analyzers/LoadAnalyzers.hpp"
+#include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
 #include "foundation/JSONWriter.hpp"
 
@@ -45,8 +46,8 @@ bool isOn(const std::string& key, bool whenAbsent) {
 }
 
 void printText(const QEVPlugInStructure& plugIn, std::ostream& out) {
-  out << plugIn.plugInTitle << ' ' << plugIn.plugInVersion << "  " << plugIn.id.text() << "\n  "
-      << plugIn.plugInDescription << '\n';
+  out << onOneLine(plugIn.plugInTitle) << ' ' << onOneLine(plugIn.plugInVersion) << "  " << plugIn.id.text() << "\n  "
+      << onOneLine(plugIn.plugInDescription) << '\n';
   const auto config = configOf(plugIn);
   if (!config) {
     out << "  nothing to configure\n";
@@ -54,16 +55,17 @@ void printText(const QEVPlugInStructure& plugIn, std::ostream& out) {
   }
   if (config->color) {
     out << "  coloring: " << (isOn(config->color->usesColorKey, false) ? "on" : "off") << "  "
-        << config->color->colorKey << ", " << config->color->usesColorKey << '\n';
+        << onOneLine(config->color->colorKey) << ", " << onOneLine(config->color->usesColorKey) << '\n';
   }
   for (const auto& toggle : config->toggles) {
-    out << "  option: " << toggle.labelKey << ": " << (isOn(toggle.defaultsKey, toggle.defaultValue) ? "on" : "off")
-        << "  " << toggle.defaultsKey << '\n';
+    out << "  option: " << onOneLine(toggle.labelKey) << ": "
+        << (isOn(toggle.defaultsKey, toggle.defaultValue) ? "on" : "off") << "  " << onOneLine(toggle.defaultsKey)
+        << '\n';
   }
   if (!config->ports) return;
-  out << "  ports: " << config->ports->networkProtocolKey << '\n';
+  out << "  ports: " << onOneLine(config->ports->networkProtocolKey) << '\n';
   for (const auto& protocol : currentList(*config->ports)) {
-    out << "    " << protocol->protocolName.get() << ": " << protocol->protocolPorts.get() << ' '
+    out << "    " << onOneLine(protocol->protocolName.get()) << ": " << onOneLine(protocol->protocolPorts.get()) << ' '
         << transportOf(*protocol) << '\n';
   }
 }
@@ -118,7 +120,6 @@ void writeAnalyzer(JSONWriter& writer, const QEVPlugInStructure& plugIn) {
 
 Failed run(const ListAnalyzersCommand& command, Console& console) {
   loadAnalyzers(std::nullopt, Console::store());
-  if (auto failure = storeFailure(Console::store())) return failure;
   const auto& plugIns = QEVModels::QEVPlugInsController::sharedManager().plugInStructs();
   if (command.format == OutputFormat::text) {
     for (const QEVPlugInStructure& plugIn : plugIns) printText(plugIn, console.out);

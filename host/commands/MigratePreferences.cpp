@@ -4,7 +4,6 @@
 namespace zorvantine {
 
 Failed run(const MigratePreferencesCommand&, Console&) {
-  if (auto failure = storeFailure(Console::store())) return failure;
   QEVSettings::QEVPreferencesMigration::migrateIfNeeded(Console::store());
   return storeFailure(Console::store());
 }

@@ -27,10 +27,8 @@ Failed run(const SettingsCommand& command, Console&) {
     SnapshotCommand snapshot;
     snapshot.folder = kPicturesFolder;
     snapshot.window = command.window;
-    return takeSnapshots(snapshot, store);
+    return takeSnapshots(snapshot, *store.copyInMemory());
   }
-  // The window is of use all the same: it shows what could be read.
-  if (const auto status = store.status()) tell(status->message);
   const Interruption interruption;
   DesktopHost(command.window, store, qt::Application::Display::screen).run(command.tab, interruption);
   return std::nullopt;

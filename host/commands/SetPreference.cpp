@@ -3,7 +3,7 @@
 namespace zorvantine {
 
 Failed run(const SetPreferenceCommand& command, Console&) {
-  Console::store().setObject(command.value, command.key);
+  Console::store().setObject(*command.value, command.key);
   return storeFailure(Console::store());
 }
 

@@ -4,8 +4,7 @@
 namespace zorvantine {
 
 Failed run(const SnapshotCommand& command, Console&) {
-  if (auto failure = storeFailure(Console::store())) return failure;
-  return takeSnapshots(command, Console::store());
+  return takeSnapshots(command, *Console::store().copyInMemory());
 }
 
 }  // namespace zorvantine

@@ -1,8 +1,10 @@
 #include "QEVModels/PortsValidator.hpp"
+#include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
 #include "foundation/Bundle.hpp"
 #include "foundation/JSONWriter.hpp"
 
+#include <algorithm>
 #include <istream>
 #include <iterator>
 #include <ostream>
@@ -16,7 +18,7 @@ namespace {
 
 void printText(const PortValidationResult& result, std::ostream& out) {
   out << result.ports << '\n';
-  for (const PortCorrection& correction : result.corrections) out << correction.message() << '\n';
+  for (const PortCorrection& correction : result.corrections) out << onOneLine(correction.message()) << '\n';
 }
 
 void printJSON(const PortValidationResult& result, std::ostream& out) {
@@ -40,7 +42,11 @@ Failed run(const ValidatePortsCommand& command, Console& console) {
   foundation::Bundle::setPreferredLanguages({"en"});
   const PortValidationResult result = QEVModels::validatedPorts(text);
   command.format == OutputFormat::json ? printJSON(result, console.out) : printText(result, console.out);
-  return std::nullopt;
+  const bool isComplete = std::ranges::none_of(result.corrections, [](const PortCorrection& correction) {
+    return correction.kind() == PortCorrection::Kind::invalid || correction.kind() == PortCorrection::Kind::outOfRange;
+  });
+  if (isComplete) return std::nullopt;
+  return Failure{.code = ExitCode::portsLeftOut, .message = "some of the ports were left out, as the result tells"};
 }
 
 }  // namespace zorvantine

@@ -1,23 +1,47 @@
+#include "commandline/PreferenceJSON.hpp"
 #include "commands/Commands.hpp"
 #include "commands/Interruption.hpp"
 #include "commands/PreferenceLine.hpp"
+#include "foundation/JSONWriter.hpp"
 #include "foundation/MainQueue.hpp"
 
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <ostream>
 
 namespace zorvantine {
 
-Failed run(const WatchPreferencesCommand&, Console& console) {
-  if (auto failure = storeFailure(Console::store())) return failure;
+namespace {
+
+void printJSON(std::string_view key, const std::optional<QEVSettings::PreferenceValue>& value, std::ostream& out) {
+  foundation::JSONWriter writer;
+  writer.beginObject().name("key").string(key);
+  if (value) {
+    writer.name("type").string(nameOf(value->type())).name("value");
+    writePreference(writer, *value);
+  } else {
+    writer.name("removed").boolean(true);
+  }
+  out << writer.endObject().text() << std::endl;
+}
+
+}  // namespace
+
+Failed run(const WatchPreferencesCommand& command, Console& console) {
   const Interruption interruption;
-  const auto subscription = Console::store().observeAll([&console](std::string_view key) {
-    console.out << preferenceLine(key, Console::store().objectForKey(key)) << std::endl;
+  const auto subscription = Console::store().observeAll([&](std::string_view key) {
+    if (!command.keys.empty() && std::ranges::find(command.keys, key) == command.keys.end()) return;
+    const auto value = Console::store().objectForKey(key);
+    if (command.format == OutputFormat::json) {
+      printJSON(key, value, console.out);
+    } else {
+      console.out << preferenceLine(key, value) << std::endl;
+    }
   });
   const int arrivals = ::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC);
   if (arrivals < 0 || interruption.descriptor() < 0) {

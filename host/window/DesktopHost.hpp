@@ -1,7 +1,7 @@
 #pragma once
 
 #include "SettingsHost.hpp"
-#include "commandline/Options.hpp"
+#include "commandline/WindowOptions.hpp"
 #include "commands/Interruption.hpp"
 #include "foundation/UserDefaults.hpp"
 #include "qt/Application.hpp"

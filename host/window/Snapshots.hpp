@@ -1,15 +1,15 @@
 #pragma once
 
 #include "commandline/ExitCode.hpp"
-#include "commandline/Options.hpp"
+#include "commands/Commands.hpp"
 #include "foundation/UserDefaults.hpp"
 
 #include <optional>
 
 namespace zorvantine {
 
-// Draws the settings window into the pictures that the command asks for, without a display. Why it could
-// not, or nothing. Must be the process's only use of Qt.
+// Draws the settings window into the pictures that the command asks for, without a display. Why it
+// could not, or nothing. Must be the process's only use of Qt.
 std::optional<Failure> takeSnapshots(const SnapshotCommand& command, foundation::UserDefaults& store);
 
 }  // namespace zorvantine

@@ -4,9 +4,11 @@
 #include "appkit/Application.hpp"
 #include "controls/ControlWidget.hpp"
 #include "controls/Popover.hpp"
+#include "foundation/Files.hpp"
 #include "foundation/MainQueue.hpp"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QHelpEvent>
 #include <QImage>
 #include <QKeyEvent>
@@ -293,9 +295,10 @@ foundation::Outcome WindowWidget::snapshot(const std::string& path, double scale
   image.setDevicePixelRatio(scale);
   image.fill(palette().color(QPalette::Window));
   render(&image);
-  if (image.save(text(path), "PNG")) return foundation::done();
-  return foundation::Error{"the picture cannot be written to " + path +
-                           ": choose a folder that exists and that you may write to"};
+  QByteArray picture;
+  QBuffer buffer(&picture);
+  if (!image.save(&buffer, "PNG")) return foundation::Error{"the picture cannot be made; choose a smaller scale"};
+  return foundation::writeFile(path, {picture.constData(), static_cast<std::size_t>(picture.size())});
 }
 
 }  // namespace qt

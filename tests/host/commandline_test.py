@@ -6,11 +6,14 @@
 
 import base64
 import datetime
+import hashlib
 import json
 import os
 import plistlib
+import pty
 import re
 import signal
+import sqlite3
 import subprocess
 import sys
 import tempfile
@@ -103,6 +106,8 @@ class CommandLine(unittest.TestCase):
             ("--real", "0.1", "real", 0.1),
             ("--real", "-inf", "real", "-inf"),
             ("--data", "AP8=", "data", "AP8="),
+            ("--date", "2026-03-01T12:30:00.25Z", "date", "2026-03-01T12:30:00.25Z"),
+            ("--json", '{"a":[1,true,"b"]}', "dictionary", {"a": [1, True, "b"]}),
         ]
         for number, (option, text, kind, value) in enumerate(cases):
             self.run_host("prefs", "set", f"key {number}", option, text)
@@ -118,6 +123,41 @@ class CommandLine(unittest.TestCase):
         self.run_host("prefs", "get", "key", code=1)
         self.run_host("prefs", "delete", "key", code=1)
         self.assertEqual(self.listed(), {})
+
+    def test_commands_that_read_refuse_a_store_that_is_not_there(self):
+        for words in (
+            ["prefs", "list"],
+            ["prefs", "get", "key"],
+            ["prefs", "export", str(self.folder / "exported")],
+            ["prefs", "verify"],
+            ["prefs", "watch"],
+            ["analyzers"],
+            ["describe"],
+        ):
+            self.assertIn(f"no store {self.store}", self.run_host(*words, code=3))
+        self.assertEqual(list(self.folder.iterdir()), [])
+
+    def shown_on_a_terminal(self, *words):
+        terminal, end = pty.openpty()
+        subprocess.run(self.command(*words), stdout=end, check=True, timeout=120)
+        os.close(end)
+        try:
+            with open(terminal, "rb", buffering=0) as file:
+                return file.read(4096).decode()
+        except OSError:
+            return ""
+
+    def test_stored_control_characters_are_escaped_for_a_person(self):
+        text = "\x1b[2J\u009b\u202e\u2066\x7f"
+        escaped = r"\x1b[2J\xc2\x9b\xe2\x80\xae\xe2\x81\xa6\x7f"
+        self.store = self.folder / f"store{text}"
+        self.run_host("prefs", "set", text, "--string", text)
+        self.assertEqual(self.run_host("prefs", "list"), f"{escaped}  string      {escaped}\n")
+        self.assertEqual(self.run_host("prefs", "get", text), text + "\n")
+        self.assertEqual(self.shown_on_a_terminal("prefs", "get", text), escaped + "\r\n")
+        self.assertIn(f"store{escaped} is in order", self.run_host("prefs", "verify"))
+        self.assertIn(escaped, self.run_host("prefs", "get", text + "!", code=1))
+        self.assertEqual(list(self.listed()), [text])
 
     def test_failures_say_what_to_do(self):
         self.assertIn("--help", self.run_host("prefs", "frobnicate", code=2))
@@ -136,6 +176,75 @@ class CommandLine(unittest.TestCase):
         self.assertEqual(done.returncode, 3)
         self.assertIn(str(self.store), done.stdout)
         self.assertRegex(done.stderr, r"\Azorvantine: [^\n]+\n\Z")
+
+    def files(self):
+        """Every file of the folder: its mode and what its bytes hash to."""
+        return {
+            file.name: (oct(file.stat().st_mode), hashlib.sha256(file.read_bytes()).hexdigest())
+            for file in self.folder.iterdir()
+        }
+
+    def reading(self):
+        exported = str(self.folder / "no" / "such" / "folder")
+        return [["prefs", "list"], ["prefs", "get", "key"], ["prefs", "export", exported], ["analyzers"], ["describe"]]
+
+    def test_commands_refuse_a_file_that_is_no_store_and_leave_it_alone(self):
+        database = self.folder / "other.sqlite"
+        other = sqlite3.connect(database)
+        other.execute("CREATE TABLE preferences (a, b)")
+        other.commit()
+        other.close()
+        thesis = self.folder / "thesis.txt"
+        thesis.write_text("A thesis.\n" * 1000)
+        for file in (database, thesis):
+            file.chmod(0o644)
+            self.store = file
+            before = self.files()
+            writing = [["set", "key", "--int", "1"], ["delete", "key"], ["import", SAMPLE], ["migrate"]]
+            for words in self.reading() + [["prefs", *words] for words in writing] + [["prefs", "watch"]]:
+                self.assertIn(file.name, self.run_host(*words, code=3))
+                self.assertEqual(self.files(), before, words)
+            done = subprocess.run(self.command("prefs", "verify"), capture_output=True, text=True)
+            self.assertEqual(done.returncode, 3)
+            self.assertEqual(self.files(), before)
+
+    def test_every_command_says_once_that_the_store_was_restored(self):
+        """`delete` comes last: it opens the store for writing, which puts it right."""
+        self.run_host("prefs", "set", "mine", "--string", "kept")
+        self.store.write_bytes(b"\0" * self.store.stat().st_size)
+        damaged = self.files()
+        openings = set()
+        for words, code in zip(self.reading(), [0, 1, 3, 0, 0]):
+            done = subprocess.run(self.command(*words), capture_output=True, text=True)
+            self.assertEqual(done.returncode, code, done.stderr)
+            lines = done.stderr.splitlines()
+            self.assertEqual(len(lines), 1 if code == 0 else 2, done.stderr)
+            openings.add(lines[0])
+            for line in lines:
+                self.assertTrue(line.startswith("zorvantine: "), line)
+            self.assertEqual(self.files(), damaged, words)
+        self.assertEqual(len(openings), 1, openings)
+        done = subprocess.run(self.command("prefs", "delete", "key"), capture_output=True, text=True)
+        self.assertEqual((done.returncode, len(done.stderr.splitlines())), (1, 2), done.stderr)
+        self.assertEqual(self.run_host("prefs", "get", "mine"), "kept\n")
+
+    def test_commands_that_read_leave_the_folder_as_it_is(self):
+        self.run_host("prefs", "set", "key", "--string", "value")
+        before = self.files()
+        for words in (["prefs", "list"], ["prefs", "get", "key"], ["prefs", "verify"], ["analyzers"], ["describe"]):
+            self.run_host(*words)
+            self.assertEqual(self.files(), before, words)
+
+    def test_own_store_that_does_not_exist_yet_is_empty(self):
+        for words in (["prefs", "list"], ["analyzers"], ["describe"], ["prefs", "verify"]):
+            done = subprocess.run(
+                [PROGRAM, *words],
+                env=os.environ | {"XDG_CONFIG_HOME": str(self.folder)},
+                capture_output=True,
+                text=True,
+            )
+            self.assertEqual((done.returncode, done.stderr), (0, ""), words)
+        self.assertEqual(list(self.folder.iterdir()), [])
 
     @unittest.skipUnless(os.path.exists("/dev/full"), "no device that is full")
     def test_result_that_cannot_be_written_is_a_failure(self):
@@ -213,6 +322,7 @@ class CommandLine(unittest.TestCase):
         self.assertEqual((again.returncode, again.stdout, again.stderr), (0, "", ""))
 
     def test_watch_tells_of_each_change_until_interrupted(self):
+        self.run_host("prefs", "set", "started", "--int", "-1")
         for stop in (signal.SIGINT, signal.SIGTERM):
             watcher = subprocess.Popen(self.command("prefs", "watch"), stdout=subprocess.PIPE, text=True)
             self.addCleanup(watcher.stdout.close)
@@ -238,6 +348,34 @@ class CommandLine(unittest.TestCase):
                 watcher.kill()
                 watcher.wait()
 
+    def test_watch_tells_of_the_keys_named_as_json(self):
+        self.run_host("prefs", "set", "started", "--int", "0")
+        watcher = subprocess.Popen(
+            self.command("prefs", "watch", "--format", "json", "started", "key"), stdout=subprocess.PIPE, text=True
+        )
+        self.addCleanup(watcher.stdout.close)
+        try:
+            # The first change may come before the watching; one of the next does not.
+            os.set_blocking(watcher.stdout.fileno(), False)
+            line = ""
+            for attempt in range(1, 1000):
+                self.run_host("prefs", "set", "started", "--int", str(attempt))
+                if line := watcher.stdout.readline():
+                    break
+            os.set_blocking(watcher.stdout.fileno(), True)
+            self.run_host("prefs", "set", "other", "--int", "1")
+            self.run_host("prefs", "set", "key", "--json", '["a"]')
+            changes = [json.loads(line)]
+            while changes[-1]["key"] != "key":
+                changes.append(json.loads(watcher.stdout.readline()))
+            self.assertEqual(changes.pop(), {"key": "key", "type": "array", "value": ["a"]})
+            self.assertEqual({change["key"] for change in changes}, {"started"})
+            self.run_host("prefs", "delete", "key")
+            self.assertEqual(json.loads(watcher.stdout.readline()), {"key": "key", "removed": True})
+        finally:
+            watcher.kill()
+            watcher.wait()
+
     def test_analyzers_show_their_defaults_and_what_is_stored(self):
         self.run_host("prefs", "set", f"{PREFIX}tcp_checksums", "--bool", "true")
         analyzers = {analyzer["title"]: analyzer for analyzer in json.loads(self.run_host("analyzers", "--format", "json"))}
@@ -251,8 +389,25 @@ class CommandLine(unittest.TestCase):
         for title in analyzers:
             self.assertRegex(text, f"(?m)^{re.escape(title)} ")
 
+    def test_help_on_a_command_is_about_that_command(self):
+        text = self.run_host("prefs", "set", "--help")
+        self.assertEqual(text, self.run_host("help", "prefs", "set"))
+        self.assertIn("Usage: zorvantine prefs set KEY (--string|--int", " ".join(text.split()))
+        self.assertIn("base64", text)
+        self.assertNotIn("prefs get", text)
+        group = self.run_host("prefs", "--help")
+        for name in ("list", "get", "set", "delete", "import", "export", "migrate", "watch", "verify"):
+            self.assertIn(f"Usage: zorvantine prefs {name}", group)
+        self.run_host("frobnicate", "--help", code=2)
+        self.assertLessEqual(max(map(len, self.run_host("--help").splitlines())), 80)
+
     def test_ports_are_put_in_order(self):
-        result = json.loads(self.run_host("ports", "validate", "90000; 443,80 80", "--format", "json"))
+        done = subprocess.run(
+            self.command("ports", "validate", "90000; 443,80 80", "--format", "json"), capture_output=True, text=True
+        )
+        self.assertEqual(done.returncode, 1)
+        self.assertRegex(done.stderr, r"\Azorvantine: [^\n]+ left out[^\n]*\n\Z")
+        result = json.loads(done.stdout)
         self.assertEqual(result["ports"], "80,443")
         self.assertEqual([correction["kind"] for correction in result["corrections"]], ["outOfRange", "duplicate"])
         lines = self.run_host("ports", "validate", "-", text="8010-8000\n").splitlines()

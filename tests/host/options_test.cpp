@@ -1,8 +1,12 @@
 #include "commandline/Options.hpp"
+#include "commands/Commands.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <any>
+#include <chrono>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -19,7 +23,7 @@ template <class C>
 C commandOf(const Words& words) {
   const auto options = parseOptions(words);
   if (!options) throw std::runtime_error(options.error().message);
-  return std::get<C>(options->command);
+  return *std::any_cast<std::shared_ptr<C>>(options->invocation.command);
 }
 
 TEST(CommandLine, NothingOpensTheWindow) {
@@ -65,6 +69,9 @@ TEST(CommandLine, ValuesAreTakenWhateverTheyLookLike) {
       {{"--string", "häuser"}, "häuser"},
       {{"--data", "AQID"}, PreferenceValue::Bytes{1, 2, 3}},
       {{"--data", ""}, PreferenceValue::Bytes{}},
+      {{"--date", "1970-01-02T00:00:00.5Z"}, PreferenceValue::Date(std::chrono::duration<double>(86400.5))},
+      {{"--json", R"({"a": [1, 1.0, true], "b": "c"})"},
+       PreferenceValue::Dictionary{{"a", PreferenceValue::Array{1, 1.0, true}}, {"b", "c"}}},
   };
   for (const auto& [value, expected] : cases) {
     Words words{"prefs", "set", "key"};
@@ -102,7 +109,7 @@ TEST(CommandLine, WhatIsWrongIsSaid) {
       {{"prefs", "get", "\xff"}, "a key is text"},
       {{"prefs", "get", "a", "b"}, "“b”"},
       {{"prefs", "get", "a", "--format", "json"}, "no option --format"},
-      {{"prefs", "set", "k"}, "--string, --int, --bool, --real or --data"},
+      {{"prefs", "set", "k"}, "--string, --int, --bool, --real, --data, --date or --json"},
       {{"prefs", "set", "k", "--int", "1", "--bool", "true"}, "one value"},
       {{"prefs", "set", "k", "--int", "0x10"}, "“0x10” is not"},
       {{"prefs", "set", "k", "--int", " 1"}, "is not"},
@@ -125,6 +132,13 @@ TEST(CommandLine, WhatIsWrongIsSaid) {
       {{"--analyzers", "-1"}, "0 to 1000000"},
       {{"--analyzers", "ten"}, "0 to 1000000"},
       {{"--language", "../de"}, "a code"},
+      {{"--language", "xx"}, "en, de, fr, es, ja, zh-Hans or ar"},
+      {{"prefs", "set", "k", "--real", "nan"}, "is not a real number"},
+      {{"prefs", "set", "k", "--date", "2026-02-30T12:00:00Z"}, "is no date"},
+      {{"prefs", "set", "k", "--date", "2026-02-03T24:00:00Z"}, "is no date"},
+      {{"prefs", "set", "k", "--json", "[1, null]"}, "null"},
+      {{"prefs", "set", "k", "--json", "{"}, "not JSON"},
+      {{"prefs", "watch", ""}, "a key is text"},
       {{"snapshot"}, "--out DIR"},
       {{"snapshot", "--out", "d", "--scale", "1.5"}, "1 or 2"},
       {{"describe", "--format", "xml"}, "text or json"},

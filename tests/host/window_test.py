@@ -4,6 +4,7 @@
     window_test.py ZORVANTINE
 """
 
+import base64
 import json
 import os
 import shutil
@@ -42,6 +43,7 @@ class WindowCommands(unittest.TestCase):
         hidden = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR", "LANGUAGE", "LC_ALL", "LC_MESSAGES"}
         self.environment = {name: value for name, value in os.environ.items() if name not in hidden}
         self.environment["LANG"] = "C.UTF-8"
+        self.run_host("prefs", "migrate")
 
     def command(self, *words, program=PROGRAM):
         return [str(program), "--store", str(self.folder / "store.sqlite"), *words]
@@ -83,6 +85,39 @@ class WindowCommands(unittest.TestCase):
             done = self.run_host("snapshot", *words, code=code)
             self.assertRegex(done.stderr, r"\Azorvantine: [^\n]+\n\Z")
         self.assertFalse((self.folder / "pictures").exists())
+
+    def test_snapshot_leaves_a_link_in_the_place_of_a_picture_alone(self):
+        pictures = self.folder / "pictures"
+        pictures.mkdir()
+        (self.folder / "mine").write_text("kept")
+        (pictures / "general.png").symlink_to(self.folder / "mine")
+        (pictures / "capture.png").symlink_to(self.folder / "nowhere")
+        for tab in ("general", "capture"):
+            done = self.run_host("snapshot", "--out", str(pictures), "--tab", tab, code=3)
+            self.assertRegex(done.stderr, rf"\Azorvantine: [^\n]*{tab}\.png[^\n]*\n\Z")
+        self.assertEqual((self.folder / "mine").read_text(), "kept")
+        self.assertFalse((self.folder / "nowhere").exists())
+        self.assertEqual({picture.name for picture in pictures.iterdir()}, {"general.png", "capture.png"})
+
+    def test_looking_at_a_page_changes_no_preference(self):
+        self.run_host("prefs", "delete", "com_velloquin_zorvantine_prefs_schema_version")
+        self.run_host("prefs", "set", "QEVAnalyzerSettingsSelectedIndex", "--int", "30")
+        self.run_host("prefs", "set", "com_velloquin_qev_dns_color", "--data", "AQID")
+        before = self.run_host("prefs", "list").stdout
+        for words in (["describe"], ["snapshot", "--out", str(self.folder / "pictures")], ["settings"]):
+            self.run_host(*words, "--tab", "analyze", "--analyzers", "3")
+            self.assertEqual(self.run_host("prefs", "list").stdout, before, words)
+
+    def test_description_escapes_stored_text(self):
+        names = [{"protocolName": "HTTP\x1b[2J\u009b\u202e", "protocolPorts": "80", "sourceProtocol": 0}]
+        protocols = base64.b64encode(json.dumps(names).encode()).decode()
+        self.run_host("prefs", "set", "com_velloquin_qev_http_protocols", "--data", protocols)
+        titles = [analyzer["title"] for analyzer in json.loads(self.run_host("analyzers", "--format", "json").stdout)]
+        self.run_host("prefs", "set", "QEVAnalyzerSettingsSelectedIndex", "--int", str(titles.index("HTTP")))
+        for words in (["describe", "--tab", "analyze"], ["analyzers"]):
+            shown = self.run_host(*words).stdout
+            self.assertIn("HTTP\\", shown)
+            self.assertNotRegex(shown, "[\x00-\x09\x0b-\x1f\x7f-\x9f\u202a-\u202e]")
 
     def test_description_has_the_same_members_everywhere(self):
         for tab in TABS:

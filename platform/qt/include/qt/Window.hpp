@@ -51,7 +51,8 @@ public:
   void onClose(std::function<void()> closed);
 
   // Draws the window's content as it is, on the screen or not, into a PNG file with `scale` pixels a
-  // point. Fades in progress are ended first.
+  // point. Fades in progress are ended first. The file is replaced whole; a new one is readable by the user
+  // alone. A link, or anything else that is no regular file, is refused and left as it is.
   foundation::Outcome snapshot(const std::string& path, double scale);
 
   // What the window consists of, to be put into a window of the host's own instead of being shown: that one

@@ -1,0 +1,87 @@
+#include "commands/CommandEntry.hpp"
+#include "commands/SharedArguments.hpp"
+
+#include <utility>
+
+namespace zorvantine {
+
+using foundation::done;
+using foundation::Error;
+using foundation::Outcome;
+
+namespace {
+
+Arguments settingsArguments(SettingsCommand& command) {
+  Arguments arguments{.options = {tabOption(command.tab)},
+                      .check = [&command] { return checkTab(command.tab, command.window); }};
+  addWindowOptions(arguments.options, command.window);
+  return arguments;
+}
+
+Arguments runArguments(RunCommand& command) {
+  Arguments arguments;
+  addWindowOptions(arguments.options, command.window);
+  return arguments;
+}
+
+Arguments snapshotArguments(SnapshotCommand& command) {
+  Option out{.name = "--out",
+             .value = "DIR",
+             .help = "The folder that the pictures go to; made when it is missing.",
+             .presence = Presence::required,
+             .take = [&command](std::string_view folder) {
+               command.folder = folder;
+               return done();
+             }};
+  Arguments arguments{
+      .options = {std::move(out), tabOption(command.tab),
+                  choice<std::optional<Appearance>>(
+                      "--appearance", "light|dark", "The appearance, instead of the one that the preferences name.",
+                      command.appearance, {{"light", Appearance::light}, {"dark", Appearance::dark}}),
+                  choice<int>("--scale", "1|2", "The number of pixels a point.", command.scale, {{"1", 1}, {"2", 2}})},
+      .check = [&command] {
+        if (command.folder.empty())
+          return Outcome(Error{"snapshot needs --out DIR, the folder that the pictures go to"});
+        return checkTab(command.tab, command.window);
+      }};
+  addWindowOptions(arguments.options, command.window);
+  return arguments;
+}
+
+Arguments describeArguments(DescribeCommand& command) {
+  Arguments arguments{.options = {tabOption(command.tab), formatOption(command.format)},
+                      .check = [&command] { return checkTab(command.tab, command.window); }};
+  addWindowOptions(arguments.options, command.window);
+  return arguments;
+}
+
+}  // namespace
+
+std::vector<CommandEntry> windowCommands() {
+  return {
+      command({.name = "settings",
+               .help = "Open the settings window; also what happens without a COMMAND. Without a display, draw it into "
+                       "the folder zorvantine-settings instead.",
+               .storeUse = StoreUse::shows,
+               .runsUntilEnded = true},
+              settingsArguments),
+      command({.name = "run",
+               .help = "Open the main window: sample packets, listed as the settings say, and a menu that opens the "
+                       "settings.",
+               .storeUse = StoreUse::shows,
+               .runsUntilEnded = true},
+              runArguments),
+      command({.name = "snapshot",
+               .help = "Draw the settings window into DIR, one picture TAB.png a tab. Needs no display, and changes no "
+                       "preference.",
+               .storeUse = StoreUse::reads},
+              snapshotArguments),
+      command({.name = "describe",
+               .help = "Print what is on a page, and where: kind, role, label, value, help, whether it is enabled, and "
+                       "its frame in points. Changes no preference.",
+               .storeUse = StoreUse::reads},
+              describeArguments),
+  };
+}
+
+}  // namespace zorvantine
