@@ -26,7 +26,8 @@ The preferences
   prefs set KEY --string VALUE     store text, or with --int, --bool (true or false),
                                    --real or --data (base64) a value of that type
   prefs delete KEY                 remove a key
-  prefs import FILE                take over every key of a property list, or none
+  prefs import FILE                take over every key of a property list, or none;
+                                   what an older release wrote is brought up to date
   prefs export FILE [--format xml|binary]
                                    write every key to a property list
   prefs migrate                    bring what an older release stored up to date
