@@ -43,7 +43,7 @@ QT = r"Qt|Q[A-Z]\w*(/\w+)?"
 OUTSIDE = {
     "foundation": [POSIX, r"sqlite3\.h", r"nlohmann/.+", r"expat\.h", r"date/.+"],
     "viewkit": [r"cxxabi\.h"],
-    "sparkle": [r"expat\.h"],
+    "sparkle": [r"expat\.h", r"sodium\.h"],
     "qt": [POSIX, QT],
     "host": [POSIX, NETWORK, QT],
     "tests": [r".+"],

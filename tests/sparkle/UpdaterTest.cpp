@@ -1,12 +1,18 @@
 #include "sparkle/SPUStandardUpdaterController.hpp"
 
+#include "foundation/Base64.hpp"
 #include "foundation/Bundle.hpp"
+#include "foundation/Files.hpp"
 #include "foundation/MainQueue.hpp"
+#include "foundation/StringsFile.hpp"
 #include "foundation/UserDefaults.hpp"
 #include "support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>
+#include <sodium.h>
+#include <sys/stat.h>
 
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -26,11 +32,37 @@ using QEVSettings::Subscription;
 
 constexpr std::string_view kChecksKey = "sparkle_automaticallyChecks";
 
-std::string feedWith(const std::string& version) {
+struct OfferedPackage {
+  std::string address = "https://mirror/pool/zorvantine%202.0.deb";
+  std::string length = "7";
+  std::string signature;
+};
+
+std::string feedWith(const std::string& version, const OfferedPackage& package = {}) {
   return "<rss><channel><item><sparkle:version>1.0</sparkle:version></item><item><sparkle:version>" + version +
-         R"(</sparkle:version><enclosure url="http://mirror/pool/zorvantine%20)" + version +
-         R"(.deb" length="7"/></item></channel></rss>)";
+         "</sparkle:version><enclosure url=\"" + package.address + "\" length=\"" + package.length +
+         "\" sparkle:edSignature=\"" + package.signature + "\"/></item></channel></rss>";
 }
+
+// The keys of whoever publishes updates.
+class Publisher {
+public:
+  Publisher() {
+    EXPECT_GE(sodium_init(), 0);
+    crypto_sign_keypair(publicKey_.data(), secretKey_.data());
+  }
+  std::string publicKey() const { return foundation::base64Encoded(publicKey_); }
+  std::string signature(const std::string& contents) const {
+    std::array<unsigned char, crypto_sign_BYTES> signature{};
+    crypto_sign_detached(signature.data(), nullptr, reinterpret_cast<const unsigned char*>(contents.data()),
+                         contents.size(), secretKey_.data());
+    return foundation::base64Encoded(signature);
+  }
+
+private:
+  std::array<unsigned char, crypto_sign_PUBLICKEYBYTES> publicKey_{};
+  std::array<unsigned char, crypto_sign_SECRETKEYBYTES> secretKey_{};
+};
 
 // Answers when the test says so.
 class SlowTransport final : public FeedTransport {
@@ -81,6 +113,7 @@ public:
   void showUpdateFound(const FoundUpdate& update) override {
     shown.push_back("found " + update.item.displayVersion);
     package = update.package;
+    problem = update.packageProblem ? update.packageProblem->message : "";
   }
   void showUpdateNotFound(const std::string& currentVersion) override {
     shown.push_back("none after " + currentVersion);
@@ -89,13 +122,14 @@ public:
 
   std::vector<std::string> shown;
   std::optional<std::filesystem::path> package;
+  std::string problem;
 };
 
 class UpdaterTest : public testing::Test {
 protected:
   UpdaterTest() {
     foundation::Bundle::setPreferredLanguages({"en"});
-    configuration.feedAddress = "http://mirror/appcast.xml";
+    configuration.feedAddress = "https://mirror/appcast.xml";
     configuration.applicationVersion = "1.9";
     configuration.profile = {.systemVersion = "Debian 12", .architecture = "amd64"};
     configuration.store = store.get();
@@ -241,33 +275,162 @@ TEST_F(UpdaterTest, ChecksByItselfOnceADayAndSpeaksOnlyOfNewVersions) {
   EXPECT_EQ(timer->wish->delay, 0s);
 }
 
-TEST_F(UpdaterTest, AScheduledCheckDownloadsThePackageWhereThatIsWanted) {
+class PackageTest : public UpdaterTest {
+protected:
+  PackageTest() {
+    configuration.downloadFolder = folder;
+    configuration.publicKey = publisher.publicKey();
+  }
+
+  // Lets the updater check by itself, with updates to be downloaded. The number of requests tells whether the
+  // package was fetched as well.
+  std::size_t check(const std::string& feed, const Result<std::string>& contents) {
+    now += 24h;
+    transport->requests.clear();
+    driver->package.reset();
+    const auto controller = start();
+    controller->updater().setAutomaticallyDownloadsUpdates(true);
+    controller->updater().setAutomaticallyChecksForUpdates(true);
+    timer->fire();
+    transport->answer(feed);
+    if (transport->requests.size() > 1) transport->answer(contents);
+    return transport->requests.size();
+  }
+
+  bool isAnythingKept() const { return std::filesystem::exists(folder) && !std::filesystem::is_empty(folder); }
+
   const support::TemporaryFolder scratch;
-  const auto folder = scratch.path() / "packages";
-  configuration.downloadFolder = folder;
-  const auto controller = start();
-  controller->updater().setAutomaticallyDownloadsUpdates(true);
-  controller->updater().setAutomaticallyChecksForUpdates(true);
+  const std::filesystem::path folder = scratch.path() / "packages";
+  const Publisher publisher;
+};
 
-  timer->fire();
-  transport->answer(feedWith("2.0"));
-  EXPECT_EQ(transport->requests.back().address, "http://mirror/pool/zorvantine%202.0.deb");
-  EXPECT_FALSE(controller->updater().canCheckForUpdates());
-  transport->answer(std::string("package"));
-  ASSERT_EQ(driver->shown, std::vector<std::string>{"found 2.0"});
-  ASSERT_TRUE(driver->package);
-  EXPECT_EQ(*driver->package, folder / "zorvantine_202.0.deb");
-  std::ifstream file(*driver->package);
-  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "package");
+TEST_F(PackageTest, WithAValidSignatureIsKeptForTheUserAlone) {
+  const auto path = folder / "zorvantine_202.0.deb";
+  const OfferedPackage offered{.signature = publisher.signature("package")};
+  for (const bool isReplacing : {false, true}) {
+    if (isReplacing) {
+      std::filesystem::permissions(path, std::filesystem::perms::others_read, std::filesystem::perm_options::add);
+    }
+    EXPECT_EQ(check(feedWith("2.0", offered), std::string("package")), 2U);
+    EXPECT_EQ(transport->requests.back().address, "https://mirror/pool/zorvantine%202.0.deb");
+    EXPECT_EQ(driver->shown.back(), "found 2.0");
+    EXPECT_EQ(driver->problem, "");
+    EXPECT_EQ(driver->package, path);
+    EXPECT_EQ(*foundation::readFile(path), "package");
+    struct stat found {};
+    ASSERT_EQ(::stat(path.c_str(), &found), 0);
+    EXPECT_EQ(found.st_mode & 07777U, 0600U);
+  }
+}
 
-  // One that is not as long as announced is not kept, and the version is still told of.
-  now += 24h;
-  timer->fire();
-  transport->answer(feedWith("3.0"));
-  transport->answer(std::string("short"));
-  EXPECT_EQ(driver->shown.back(), "found 3.0");
-  EXPECT_FALSE(driver->package);
-  EXPECT_FALSE(std::filesystem::exists(folder / "zorvantine_203.0.deb"));
+TEST_F(PackageTest, ThatCannotBeCheckedIsNotEvenFetched) {
+  const std::string valid = publisher.signature("package");
+  const std::vector<std::pair<OfferedPackage, std::string>> packagesAndProblems = {
+      {{.signature = ""}, "the update feed has no signature for it"},
+      {{.length = "0", .signature = valid}, "the update feed does not say how long it is"},
+      {{.length = "99999999", .signature = valid}, "it is longer than 64 MiB"},
+      {{.address = "", .signature = valid}, ""},
+  };
+  for (const auto& [package, problem] : packagesAndProblems) {
+    EXPECT_EQ(check(feedWith("2.0", package), std::string("package")), 1U);
+    EXPECT_EQ(driver->shown.back(), "found 2.0");
+    EXPECT_EQ(driver->problem, problem);
+  }
+  configuration.publicKey.clear();
+  EXPECT_EQ(check(feedWith("2.0", {.signature = valid}), std::string("package")), 1U);
+  EXPECT_EQ(driver->problem, "the application has no key to check its signature with");
+  EXPECT_FALSE(isAnythingKept());
+}
+
+TEST_F(PackageTest, WithoutAValidSignatureIsNotKept) {
+  const std::string valid = publisher.signature("package");
+  const std::vector<std::pair<std::string, std::string>> signaturesAndContents = {
+      {valid, "Package"},
+      {publisher.signature("Package"), "package"},
+      {Publisher().signature("package"), "package"},
+      {valid.substr(4), "package"},
+      {"no base64", "package"},
+  };
+  for (const auto& [signature, contents] : signaturesAndContents) {
+    EXPECT_EQ(check(feedWith("2.0", {.signature = signature}), contents), 2U);
+    EXPECT_EQ(driver->shown.back(), "found 2.0");
+    EXPECT_EQ(driver->problem, "its signature is not valid");
+    EXPECT_FALSE(driver->package);
+  }
+  EXPECT_EQ(check(feedWith("2.0", {.signature = publisher.signature("short")}), std::string("short")), 2U);
+  EXPECT_EQ(driver->problem, "it is not as long as the update feed says");
+  EXPECT_EQ(check(feedWith("2.0", {.signature = valid}), Error{"the server does not answer"}), 2U);
+  EXPECT_EQ(driver->problem, "the server does not answer");
+  for (const std::string key : {"AQID", "no base64"}) {
+    configuration.publicKey = key;
+    EXPECT_EQ(check(feedWith("2.0", {.signature = valid}), std::string("package")), 2U);
+    EXPECT_EQ(driver->problem, "its signature is not valid");
+  }
+  EXPECT_FALSE(isAnythingKept());
+}
+
+TEST_F(PackageTest, IsNeitherMoreLocalNorLessProtectedThanItsFeed) {
+  const std::string feeds[] = {"file:///feed.xml", "https://mirror/feed.xml", "http://mirror/feed.xml"};
+  struct Case {
+    std::string address;
+    bool isAllowed[3];
+  };
+  const std::vector<Case> cases = {
+      {"file:///etc/passwd", {true, false, false}}, {"FILE:/etc/passwd", {true, false, false}},
+      {"https://mirror/a.deb", {true, true, true}}, {"HTTPS://mirror/a.deb", {true, true, true}},
+      {"http://mirror/a.deb", {true, false, true}}, {"ftp://mirror/a.deb", {false, false, false}},
+      {"/etc/passwd", {false, false, false}},       {" file:///etc/passwd", {false, false, false}},
+  };
+  configuration.allowsInsecureFeed = true;
+  for (const auto& [address, isAllowed] : cases) {
+    for (std::size_t i = 0; i < std::size(feeds); ++i) {
+      configuration.feedAddress = feeds[i];
+      const OfferedPackage package{.address = address, .signature = publisher.signature("package")};
+      EXPECT_EQ(check(feedWith("2.0", package), std::string("package")), isAllowed[i] ? 2U : 1U)
+          << feeds[i] << " names " << address;
+      EXPECT_EQ(driver->problem, isAllowed[i] ? "" : "the update feed may not name the address " + address);
+    }
+  }
+}
+
+TEST_F(UpdaterTest, ReasonsStandInTheTablesOfEveryLanguage) {
+  const std::vector<std::string> reasons = {
+      "the address %1 is neither https:// nor a file on this machine",
+      "the update feed may not name the address %1",
+      "the update feed does not say how long it is",
+      "it is longer than 64 MiB",
+      "the application has no key to check its signature with",
+      "the update feed has no signature for it",
+      "it is not as long as the update feed says",
+      "its signature is not valid",
+      "it cannot be saved in %1",
+  };
+  for (const std::string language : {"en", "de", "fr", "es", "ja", "zh-Hans", "ar"}) {
+    const auto table =
+        foundation::readStringsFile(QEV_SOURCE_FOLDER "/host/resources/" + language + ".lproj/Localizable.strings");
+    ASSERT_TRUE(table) << table.error().message;
+    for (const std::string& reason : reasons) {
+      const auto entry = table->find(reason);
+      ASSERT_NE(entry, table->end()) << language << ": " << reason;
+      EXPECT_EQ(entry->second == reason, language == "en") << language << ": " << reason;
+      EXPECT_EQ(entry->second.find("%1") != std::string::npos, reason.find("%1") != std::string::npos) << reason;
+    }
+  }
+}
+
+TEST_F(UpdaterTest, AFeedThatAnybodyOnTheWayCanChangeIsFetchedOnlyWhereTheHostAllowsIt) {
+  for (const std::string address : {"http://mirror/appcast.xml", "HTTP://mirror/appcast.xml", "ftp://mirror/feed"}) {
+    for (const bool isAllowed : {false, true}) {
+      configuration.feedAddress = address;
+      configuration.allowsInsecureFeed = isAllowed;
+      transport->requests.clear();
+      driver->shown.clear();
+      const auto controller = start();
+      controller->checkForUpdates(nullptr);
+      EXPECT_EQ(transport->requests.size(), isAllowed ? 1U : 0U) << address;
+      EXPECT_EQ(driver->shown.size(), isAllowed ? 0U : 1U) << address;
+    }
+  }
 }
 
 TEST_F(UpdaterTest, SaysWhyInThePersonsLanguage) {
@@ -275,7 +438,8 @@ TEST_F(UpdaterTest, SaysWhyInThePersonsLanguage) {
       {"", "die Anwendung nennt keinen Update-Feed"},
       {"file:///dev/zero", "/dev/zero ist keine Datei"},
       {"file:///dev/zero/none", "/dev/zero/none kann nicht geöffnet werden"},
-      {"ftp://mirror", "die Adresse ftp://mirror ist keine file://-Adresse"},
+      {"https://mirror", "die Adresse https://mirror ist keine file://-Adresse"},
+      {"http://mirror", "die Adresse http://mirror ist weder https:// noch eine Datei auf diesem Rechner"},
   };
   foundation::Bundle::setMainResourceFolder(QEV_SOURCE_FOLDER "/host/resources");
   foundation::Bundle::setPreferredLanguages({"de"});
