@@ -16,15 +16,19 @@ using QEVSettings::QEVPreferencesMigration;
 
 // What an older release wrote: before the first launch of this one, or while this one was in use as well.
 void reportOlderForms(const foundation::UserDefaults& store, std::ostream& out) {
+  const std::string key(QEVPreferencesMigration::schemaVersionKey);
+  const auto schema = store.integerForKey(key);
+  // What is old to a newer release is not known here.
+  if (schema > QEVPreferencesMigration::currentSchemaVersion) return;
   const auto keys = QEVSettings::keysInOlderForm(store.dictionaryRepresentation());
   if (keys.empty()) return;
-  const std::string key(QEVPreferencesMigration::schemaVersionKey);
-  const bool isMigrated = store.integerForKey(key) >= QEVPreferencesMigration::currentSchemaVersion;
+  const bool isMigrated = schema == QEVPreferencesMigration::currentSchemaVersion;
   out << (keys.size() == 1 ? "One key is" : std::to_string(keys.size()) + " keys are")
       << " in the form of an older release. "
       << (isMigrated ? "To bring up to date what it wrote, run “zorvantine prefs set " + key +
                            " --int 0” and then “zorvantine prefs migrate”:\n"
-                     : "The next start of the window brings it up to date, and so does “zorvantine prefs migrate”:\n");
+                     : "The next start of the window brings up to date what it wrote, and so does “zorvantine prefs "
+                       "migrate”:\n");
   for (const std::string& name : keys) out << "  " << onOneLine(name) << '\n';
 }
 
