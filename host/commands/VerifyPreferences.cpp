@@ -22,13 +22,15 @@ void reportOlderForms(const foundation::UserDefaults& store, std::ostream& out) 
   if (schema > QEVPreferencesMigration::currentSchemaVersion) return;
   const auto keys = QEVSettings::keysInOlderForm(store.dictionaryRepresentation());
   if (keys.empty()) return;
-  const bool isMigrated = schema == QEVPreferencesMigration::currentSchemaVersion;
+  // From schema 1 on, the migration takes colours for up to date.
+  const bool needsEveryStep = schema >= 1;
   out << (keys.size() == 1 ? "One key is" : std::to_string(keys.size()) + " keys are")
       << " in the form of an older release. "
-      << (isMigrated ? "To bring up to date what it wrote, run “zorvantine prefs set " + key +
-                           " --int 0” and then “zorvantine prefs migrate”:\n"
-                     : "The next start of the window brings up to date what it wrote, and so does “zorvantine prefs "
-                       "migrate”:\n");
+      << (needsEveryStep
+              ? "To bring up to date what it wrote, run “zorvantine prefs set " + key +
+                    " --int 0” and then “zorvantine prefs migrate”:\n"
+              : "The next start of the window brings up to date what it wrote, and so does “zorvantine prefs "
+                "migrate”:\n");
   for (const std::string& name : keys) out << "  " << onOneLine(name) << '\n';
 }
 
