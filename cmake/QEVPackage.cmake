@@ -42,7 +42,7 @@ checked from the shell.")
 
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libqevsettings-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "libexpat1-dev, libicu-dev, libplist-dev, libsqlite3-dev, pkg-config")
+set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "libexpat1-dev, libicu-dev, libsodium-dev, libsqlite3-dev, pkg-config")
 if(QEV_WITH_QT)
   string(APPEND CPACK_DEBIAN_DEV_PACKAGE_DEPENDS ", libgl-dev, libqt6svg6-dev, qt6-base-dev")
 endif()

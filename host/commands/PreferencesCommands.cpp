@@ -126,7 +126,9 @@ std::vector<CommandEntry> preferencesCommands() {
               deleteArguments),
       command({.name = "prefs import",
                .chapter = chapter,
-               .help = "Take over every key of a property list, XML or binary, or none of them.",
+               .help = "Take over every key of a property list, XML or binary, or none of them. What an older release "
+                       "wrote is brought up to date on the way; a list of a newer release is refused. The list's own "
+                       "schema version is not taken over. A list holds at most 1,048,576 values and 1 GB.",
                .storeUse = StoreUse::writes},
               importArguments),
       command({.name = "prefs export",
@@ -147,7 +149,8 @@ std::vector<CommandEntry> preferencesCommands() {
               watchArguments),
       command({.name = "prefs verify",
                .chapter = chapter,
-               .help = "Check the store, and say how it is. Changes nothing.",
+               .help = "Check the store, and say how it is. Changes nothing. Keys in the form of an older release are "
+                       "named, with what to do about them.",
                .storeUse = StoreUse::inspects},
               noArguments<VerifyPreferencesCommand>),
   };

@@ -1,10 +1,40 @@
+#include "QEVSettings/QEVPreferencesMigration.hpp"
+#include "QEVSettings/QEVPreferencesMigrationSteps.hpp"
 #include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
 #include "foundation/PreferencesVerification.hpp"
 
+#include <filesystem>
 #include <ostream>
+#include <system_error>
 
 namespace zorvantine {
+
+namespace {
+
+using QEVSettings::QEVPreferencesMigration;
+
+// What an older release wrote: before the first launch of this one, or while this one was in use as well.
+void reportOlderForms(const foundation::UserDefaults& store, std::ostream& out) {
+  const std::string key(QEVPreferencesMigration::schemaVersionKey);
+  const auto schema = store.integerForKey(key);
+  // What is old to a newer release is not known here.
+  if (schema > QEVPreferencesMigration::currentSchemaVersion) return;
+  const auto keys = QEVSettings::keysInOlderForm(store.dictionaryRepresentation());
+  if (keys.empty()) return;
+  // From schema 1 on, the migration takes colours for up to date.
+  const bool needsEveryStep = schema >= 1;
+  out << (keys.size() == 1 ? "One key is" : std::to_string(keys.size()) + " keys are")
+      << " in the form of an older release. "
+      << (needsEveryStep
+              ? "To bring up to date what it wrote, run “zorvantine prefs set " + key +
+                    " --int 0” and then “zorvantine prefs migrate”:\n"
+              : "The next start of the window brings up to date what it wrote, and so does “zorvantine prefs "
+                "migrate”:\n");
+  for (const std::string& name : keys) out << "  " << onOneLine(name) << '\n';
+}
+
+}  // namespace
 
 Failed run(const VerifyPreferencesCommand&, Console& console) {
   const auto file = foundation::UserDefaults::standardFile();
@@ -12,10 +42,14 @@ Failed run(const VerifyPreferencesCommand&, Console& console) {
   if (file.empty()) return storeFailure(Console::store());
   const auto verification = foundation::verifyPreferences(file);
   for (const std::string& sentence : verification.sentences) console.out << onOneLine(sentence) << '\n';
-  if (verification.isGood) return std::nullopt;
-  return Failure{.message =
-                     "the store is not in order, as the lines on standard output tell; every other command "
-                     "that opens it puts right what can be"};
+  if (!verification.isGood) {
+    return Failure{.message =
+                       "the store is not in order, as the lines on standard output tell; every other command "
+                       "that opens it puts right what can be"};
+  }
+  std::error_code error;
+  if (std::filesystem::exists(file, error)) reportOlderForms(Console::store(), console.out);
+  return std::nullopt;
 }
 
 }  // namespace zorvantine

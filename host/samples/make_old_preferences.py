@@ -3,8 +3,7 @@
 
     make_old_preferences.py FILE
 
-The same list each time. Import it with `zorvantine prefs import`, then bring it up to date with
-`zorvantine prefs migrate`.
+The same list each time. `zorvantine prefs import` takes it over and brings it up to date.
 """
 
 import colorsys

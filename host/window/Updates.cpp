@@ -19,6 +19,7 @@ namespace zorvantine {
 void useDesktopForUpdates(QEVSettings::PreferencesStore& store) {
   sparkle::UpdaterConfiguration configuration;
   configuration.feedAddress = store.stringForKey(kUpdateFeedKey).value_or("");
+  configuration.publicKey = store.stringForKey(kUpdatePublicKey).value_or("");
   configuration.applicationVersion = versionText();
   configuration.profile = {.systemVersion = QSysInfo::prettyProductName().toStdString(),
                            .architecture = QSysInfo::currentCpuArchitecture().toStdString()};

@@ -151,7 +151,11 @@ std::optional<PreferenceValue> PreferenceCell::value() const {
       if (bytes == nullptr) return std::nullopt;
       return PreferenceValue::Bytes(bytes->begin(), bytes->end());
     case PreferenceValue::Type::array:
-    case PreferenceValue::Type::dictionary: return bytes != nullptr ? decodedPreference(*bytes) : std::nullopt;
+    case PreferenceValue::Type::dictionary: {
+      auto decoded = bytes != nullptr ? decodedPreference(*bytes) : std::nullopt;
+      const bool isOfTheColumnsType = decoded && static_cast<std::int64_t>(decoded->type()) == *type_;
+      return isOfTheColumnsType ? std::move(decoded) : std::nullopt;
+    }
   }
   return std::nullopt;
 }

@@ -76,8 +76,12 @@ void UpdateDialog::showUpdateFound(const sparkle::FoundUpdate& update) {
       localized("Version %1 can be installed; this is version %2. Installing it is your package manager’s business.")
           .arg(shortened(update.item.displayVersion), shortened(update.currentVersion));
   if (update.package) {
-    outcome.text += "\n\n" + localized("Its package was saved as %1. Its signature has not been checked.")
+    outcome.text += "\n\n" + localized("Its package was saved as %1. Its signature is valid.")
                                  .arg(QString::fromStdString(update.package->string()));
+  }
+  if (update.packageProblem) {
+    outcome.text += "\n\n" + localized("Its package was not kept: %1.")
+                                 .arg(QString::fromStdString(update.packageProblem->message).simplified());
   }
   outcome.notes = notesOf(update.item);
   show(outcome);

@@ -96,7 +96,7 @@ private:
       if (name == "url") enclosure.url = value;
       if (name == "type") enclosure.type = value;
       if (name == "length") std::from_chars(value.data(), value.data() + value.size(), enclosure.length);
-      if (name == "sparkle:edSignature" || name == "sparkle:dsaSignature") enclosure.signature = value;
+      if (name == "sparkle:edSignature") enclosure.signature = value;
       if (name == "sparkle:version") versionOfEnclosure_ = value;
       if (name == "sparkle:shortVersionString") displayVersionOfEnclosure_ = value;
     }

@@ -1,9 +1,12 @@
 #include "Package.hpp"
 
+#include "AddressPolicy.hpp"
+#include "Signature.hpp"
 #include "foundation/Ascii.hpp"
+#include "foundation/Files.hpp"
+#include "sparkle/reason.hpp"
 
 #include <algorithm>
-#include <fstream>
 #include <string>
 #include <system_error>
 
@@ -29,26 +32,31 @@ std::string fileNameOf(std::string_view url) {
 
 }  // namespace
 
-bool canDownload(const Enclosure& enclosure) {
-  return !enclosure.url.empty() && enclosure.length > 0 && enclosure.length <= kLongestPackage;
+std::optional<Error> obstacleToDownload(const Enclosure& enclosure, std::string_view feedAddress,
+                                        std::string_view publicKey) {
+  if (!mayNamePackage(feedAddress, enclosure.url)) {
+    return reason("the update feed may not name the address %1", {enclosure.url});
+  }
+  if (enclosure.length == 0) return reason("the update feed does not say how long it is");
+  if (enclosure.length > kLongestPackage) return reason("it is longer than 64 MiB");
+  if (publicKey.empty()) return reason("the application has no key to check its signature with");
+  if (enclosure.signature.empty()) return reason("the update feed has no signature for it");
+  return std::nullopt;
 }
 
 foundation::Result<std::filesystem::path> keepPackage(const Enclosure& enclosure, std::string_view contents,
-                                                      const std::filesystem::path& folder) {
-  if (contents.size() != enclosure.length) return Error{"the package is not as long as the update feed says"};
+                                                      std::string_view publicKey, const std::filesystem::path& folder) {
+  if (contents.size() != enclosure.length) return reason("it is not as long as the update feed says");
+  if (!isSigned(contents, enclosure.signature, publicKey)) return reason("its signature is not valid");
 
   std::error_code error;
   std::filesystem::create_directories(folder, error);
   const auto path = folder / fileNameOf(enclosure.url);
-  const auto unfinished = path.string() + ".part";
-  std::ofstream file(unfinished, std::ios::binary | std::ios::trunc);
-  file.write(contents.data(), static_cast<std::streamsize>(contents.size()));
-  file.close();
-  if (file) std::filesystem::rename(unfinished, path, error);
-  if (!file || error) {
-    std::filesystem::remove(unfinished, error);
-    return Error{"the package cannot be saved in " + folder.string()};
-  }
+  // What is written takes on the mode of what it replaces.
+  constexpr auto forTheUserAlone = std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
+  const auto earlier = std::filesystem::symlink_status(path, error);
+  if (std::filesystem::is_regular_file(earlier)) std::filesystem::permissions(path, forTheUserAlone, error);
+  if (!foundation::writeFile(path, contents)) return reason("it cannot be saved in %1", {folder.string()});
   return path;
 }
 

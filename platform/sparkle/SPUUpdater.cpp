@@ -1,5 +1,6 @@
 #include "sparkle/SPUUpdater.hpp"
 
+#include "AddressPolicy.hpp"
 #include "Package.hpp"
 #include "foundation/UserDefaults.hpp"
 #include "sparkle/FileTransport.hpp"
@@ -115,11 +116,17 @@ void SPUUpdater::check(Occasion occasion) {
     fail(occasion, reason("the application names no update feed"));
     return;
   }
+  if (!mayFetchFeed(request.address, configuration_.allowsInsecureFeed)) {
+    fail(occasion, reason("the address %1 is neither https:// nor a file on this machine", {request.address}));
+    return;
+  }
   fetch_ = configuration_.transport->fetch(
-      request, [this, occasion](const Result<std::string>& feed) { takeFeed(occasion, feed); });
+      request, [this, occasion, address = request.address](const Result<std::string>& feed) {
+        takeFeed(occasion, address, feed);
+      });
 }
 
-void SPUUpdater::takeFeed(Occasion occasion, const Result<std::string>& feed) {
+void SPUUpdater::takeFeed(Occasion occasion, const std::string& address, const Result<std::string>& feed) {
   configuration_.store->setObject(PreferenceValue::Date(configuration_.now().time_since_epoch()), kLastCheckKey);
 
   auto newest = newestUpdate(feed, configuration_.applicationVersion);
@@ -133,13 +140,20 @@ void SPUUpdater::takeFeed(Occasion occasion, const Result<std::string>& feed) {
                        : Show());
   } else {
     FoundUpdate update{std::move(**newest), configuration_.applicationVersion, std::nullopt};
-    if (!isRequested && automaticallyDownloadsUpdates() && !configuration_.downloadFolder.empty() &&
-        canDownload(update.item.enclosure)) {
+    if (mayDownload(occasion, address, update)) {
       download(std::move(update));
     } else {
       finish([update](SPUUserDriver& driver) { driver.showUpdateFound(update); });
     }
   }
+}
+
+bool SPUUpdater::mayDownload(Occasion occasion, const std::string& feedAddress, FoundUpdate& update) const {
+  const Enclosure& enclosure = update.item.enclosure;
+  const bool isWanted = occasion == Occasion::schedule && automaticallyDownloadsUpdates();
+  if (!isWanted || configuration_.downloadFolder.empty() || enclosure.url.empty()) return false;
+  update.packageProblem = obstacleToDownload(enclosure, feedAddress, configuration_.publicKey);
+  return !update.packageProblem;
 }
 
 void SPUUpdater::fail(Occasion occasion, const Error& error) {
@@ -156,9 +170,13 @@ void SPUUpdater::download(FoundUpdate update) {
       configuration_.transport->fetch(request, [this, update = std::move(update)](const Result<std::string>& contents) {
         FoundUpdate shown = update;
         // A download that fails is no reason to keep the new version secret.
-        if (contents) {
-          const auto package = keepPackage(update.item.enclosure, *contents, configuration_.downloadFolder);
-          if (package) shown.package = *package;
+        const auto package = contents ? keepPackage(update.item.enclosure, *contents, configuration_.publicKey,
+                                                    configuration_.downloadFolder)
+                                      : Result<std::filesystem::path>(contents.error());
+        if (package) {
+          shown.package = *package;
+        } else {
+          shown.packageProblem = package.error();
         }
         finish([shown](SPUUserDriver& driver) { driver.showUpdateFound(shown); });
       });

@@ -17,7 +17,7 @@ TEST(CheckForUpdatesView, StartsOneCheckAPressAndWaitsForItsEnd) {
   const auto store = foundation::UserDefaults::inMemory();
   const auto transport = std::make_shared<SilentTransport>();
   sparkle::UpdaterConfiguration configuration;
-  configuration.feedAddress = "http://mirror/appcast.xml";
+  configuration.feedAddress = "https://mirror/appcast.xml";
   configuration.store = store.get();
   configuration.transport = transport;
   sparkle::UpdaterConfiguration::setStandard(configuration);

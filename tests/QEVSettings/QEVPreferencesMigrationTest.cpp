@@ -1,10 +1,12 @@
 #include "QEVSettings/QEVPreferencesMigration.hpp"
 
+#include "QEVSettings/QEVPreferencesMigrationSteps.hpp"
 #include "support/LogCapture.hpp"
 #include "support/RecordingPreferencesStore.hpp"
 
 #include <gmock/gmock.h>
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -153,6 +155,39 @@ TEST_F(QEVPreferencesMigrationTest, LeavesWhatItDoesNotUnderstand) {
     EXPECT_EQ(migrated(key, value), value);
     EXPECT_THAT(store_.changes(), ElementsAre(wrote(kVersion, 2)));
   }
+  EXPECT_THAT(log_.texts(), IsEmpty());
+}
+
+TEST_F(QEVPreferencesMigrationTest, AListInMemoryTakesTheSameStepsWithoutALogAndWithoutItsVersion) {
+  const PreferenceDictionary old{{kColor, bytes("\x01\x02\x03")},
+                                 {kOtherColor, PreferenceValue("AQID")},
+                                 {kList, bytes(R"([{"protocolPorts":[80,8080]}])")},
+                                 {kOtherList, bytes("not JSON")},
+                                 {"other", bytes("\x01")}};
+  const PreferenceValue ports = bytes(R"([{"protocolPorts":"80,8080"}])");
+  struct Case {
+    std::optional<PreferenceValue> version;
+    bool areColorsRewritten;
+    bool areListsRewritten;
+  };
+  const std::vector<Case> cases{{std::nullopt, true, true}, {0, true, true},    {-1, true, true},
+                                {1, false, true},           {"1", false, true}, {bytes("2"), true, true},
+                                {2, false, false}};
+  for (const auto& [version, areColorsRewritten, areListsRewritten] : cases) {
+    PreferenceDictionary list = old;
+    PreferenceDictionary expected = old;
+    if (version) list.emplace(kVersion, *version);
+    if (areColorsRewritten) expected.insert_or_assign(kColor, "AQID");
+    if (areListsRewritten) expected.insert_or_assign(kList, ports);
+    const auto current = inCurrentSchema(list);
+    ASSERT_TRUE(current);
+    EXPECT_EQ(current->values, expected);
+    EXPECT_EQ(current->rewritten, (areColorsRewritten ? 1U : 0U) + (areListsRewritten ? 1U : 0U));
+  }
+  const auto newer = inCurrentSchema({{kVersion, 3}, {kColor, bytes("\x01")}});
+  ASSERT_FALSE(newer);
+  EXPECT_THAT(newer.error().message, ::testing::HasSubstr("schema 3"));
+  EXPECT_THAT(keysInOlderForm(old), ElementsAre(kColor, kList));
   EXPECT_THAT(log_.texts(), IsEmpty());
 }
 

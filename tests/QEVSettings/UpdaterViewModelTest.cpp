@@ -21,7 +21,7 @@ class UpdaterViewModelTest : public testing::Test {
 protected:
   UpdaterViewModelTest() {
     sparkle::UpdaterConfiguration configuration;
-    configuration.feedAddress = "http://mirror/appcast.xml";
+    configuration.feedAddress = "https://mirror/appcast.xml";
     configuration.store = store.get();
     configuration.transport = transport;
     sparkle::UpdaterConfiguration::setStandard(configuration);

@@ -159,6 +159,7 @@ TEST_F(QtUpdates, ACheckOverHttpEndsInADialogOfPlainText) {
   const auto store = foundation::UserDefaults::inMemory();
   UpdaterConfiguration configuration;
   configuration.feedAddress = server.address();
+  configuration.allowsInsecureFeed = true;
   configuration.applicationVersion = "<b>1.0</b>";
   configuration.store = store.get();
   configuration.transport = std::make_shared<qt::HttpTransport>();
@@ -194,10 +195,11 @@ TEST_F(QtUpdates, TheDialogSpeaksEachLanguageOfTheHost) {
   FoundUpdate update;
   update.item.notes = "All";
   update.package = "/tmp/2.deb";
+  update.packageProblem = foundation::Error{"its signature is not valid"};
   driver.showUpdateFound(update);
   driver.showUpdateNotFound("1.0");
   driver.showUpdaterError({"the server does not answer"});
-  ASSERT_EQ(keys.size(), 9U);
+  ASSERT_EQ(keys.size(), 10U);
   EXPECT_NE(textOf(*dialog()).find("The server does not answer."), std::string::npos);
 
   for (const std::string language : {"en", "de", "fr", "es", "ja", "zh-Hans", "ar"}) {

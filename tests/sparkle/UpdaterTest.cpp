@@ -1,17 +1,14 @@
-#include "sparkle/SPUStandardUpdaterController.hpp"
-
-#include "foundation/Bundle.hpp"
+#include "UpdaterFixture.hpp"
 #include "foundation/MainQueue.hpp"
-#include "foundation/UserDefaults.hpp"
+#include "foundation/StringsFile.hpp"
 #include "support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
-#include <memory>
-#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace sparkle {
@@ -22,102 +19,8 @@ using foundation::Error;
 using foundation::MainQueue;
 using foundation::ObservingOptions;
 using foundation::Result;
-using QEVSettings::Subscription;
 
 constexpr std::string_view kChecksKey = "sparkle_automaticallyChecks";
-
-std::string feedWith(const std::string& version) {
-  return "<rss><channel><item><sparkle:version>1.0</sparkle:version></item><item><sparkle:version>" + version +
-         R"(</sparkle:version><enclosure url="http://mirror/pool/zorvantine%20)" + version +
-         R"(.deb" length="7"/></item></channel></rss>)";
-}
-
-// Answers when the test says so.
-class SlowTransport final : public FeedTransport {
-public:
-  Subscription fetch(const FeedRequest& request, Completion completion) override {
-    requests.push_back(request);
-    auto held = std::make_shared<Completion>(std::move(completion));
-    pending_ = held;
-    return Subscription([held] { *held = nullptr; });
-  }
-
-  // Whether someone still waits.
-  bool answer(const Result<std::string>& answer) {
-    const auto held = pending_.lock();
-    const Completion completion = held ? *held : nullptr;
-    if (completion) completion(answer);
-    return completion != nullptr;
-  }
-
-  std::vector<FeedRequest> requests;
-
-private:
-  std::weak_ptr<Completion> pending_;
-};
-
-class StoppedTimer final : public UpdateTimer {
-public:
-  Subscription after(std::chrono::seconds delay, std::function<void()> fire) override {
-    wish = Wish{delay, std::move(fire)};
-    return Subscription([this, id = ++last_] {
-      if (id == last_) wish.reset();
-    });
-  }
-  void fire() { std::exchange(wish, std::nullopt)->fire(); }
-
-  struct Wish {
-    std::chrono::seconds delay;
-    std::function<void()> fire;
-  };
-  std::optional<Wish> wish;
-
-private:
-  int last_ = 0;
-};
-
-class RecordingDriver final : public SPUUserDriver {
-public:
-  void showUpdateFound(const FoundUpdate& update) override {
-    shown.push_back("found " + update.item.displayVersion);
-    package = update.package;
-  }
-  void showUpdateNotFound(const std::string& currentVersion) override {
-    shown.push_back("none after " + currentVersion);
-  }
-  void showUpdaterError(const Error& error) override { shown.push_back("error " + error.message); }
-
-  std::vector<std::string> shown;
-  std::optional<std::filesystem::path> package;
-};
-
-class UpdaterTest : public testing::Test {
-protected:
-  UpdaterTest() {
-    foundation::Bundle::setPreferredLanguages({"en"});
-    configuration.feedAddress = "http://mirror/appcast.xml";
-    configuration.applicationVersion = "1.9";
-    configuration.profile = {.systemVersion = "Debian 12", .architecture = "amd64"};
-    configuration.store = store.get();
-    configuration.transport = transport;
-    configuration.timer = timer;
-    configuration.userDriver = driver;
-    configuration.now = [this] { return now; };
-  }
-
-  std::unique_ptr<SPUStandardUpdaterController> start() {
-    UpdaterConfiguration::setStandard(configuration);
-    return std::make_unique<SPUStandardUpdaterController>(true, std::weak_ptr<SPUUpdaterDelegate>(),
-                                                          std::weak_ptr<SPUStandardUserDriverDelegate>());
-  }
-
-  std::unique_ptr<foundation::UserDefaults> store = foundation::UserDefaults::inMemory();
-  std::shared_ptr<SlowTransport> transport = std::make_shared<SlowTransport>();
-  std::shared_ptr<StoppedTimer> timer = std::make_shared<StoppedTimer>();
-  std::shared_ptr<RecordingDriver> driver = std::make_shared<RecordingDriver>();
-  std::chrono::system_clock::time_point now{std::chrono::sys_days{std::chrono::year{2026} / 1 / 5}};
-  UpdaterConfiguration configuration;
-};
 
 TEST_F(UpdaterTest, ShowsTheOutcomeOfARequestedCheck) {
   const std::vector<std::pair<Result<std::string>, std::string>> answersAndOutcomes = {
@@ -241,33 +144,44 @@ TEST_F(UpdaterTest, ChecksByItselfOnceADayAndSpeaksOnlyOfNewVersions) {
   EXPECT_EQ(timer->wish->delay, 0s);
 }
 
-TEST_F(UpdaterTest, AScheduledCheckDownloadsThePackageWhereThatIsWanted) {
-  const support::TemporaryFolder scratch;
-  const auto folder = scratch.path() / "packages";
-  configuration.downloadFolder = folder;
-  const auto controller = start();
-  controller->updater().setAutomaticallyDownloadsUpdates(true);
-  controller->updater().setAutomaticallyChecksForUpdates(true);
+TEST_F(UpdaterTest, ReasonsStandInTheTablesOfEveryLanguage) {
+  const std::vector<std::string> reasons = {
+      "the address %1 is neither https:// nor a file on this machine",
+      "the update feed may not name the address %1",
+      "the update feed does not say how long it is",
+      "it is longer than 64 MiB",
+      "the application has no key to check its signature with",
+      "the update feed has no signature for it",
+      "it is not as long as the update feed says",
+      "its signature is not valid",
+      "it cannot be saved in %1",
+  };
+  for (const std::string language : {"en", "de", "fr", "es", "ja", "zh-Hans", "ar"}) {
+    const auto table =
+        foundation::readStringsFile(QEV_SOURCE_FOLDER "/host/resources/" + language + ".lproj/Localizable.strings");
+    ASSERT_TRUE(table) << table.error().message;
+    for (const std::string& reason : reasons) {
+      const auto entry = table->find(reason);
+      ASSERT_NE(entry, table->end()) << language << ": " << reason;
+      EXPECT_EQ(entry->second == reason, language == "en") << language << ": " << reason;
+      EXPECT_EQ(entry->second.find("%1") != std::string::npos, reason.find("%1") != std::string::npos) << reason;
+    }
+  }
+}
 
-  timer->fire();
-  transport->answer(feedWith("2.0"));
-  EXPECT_EQ(transport->requests.back().address, "http://mirror/pool/zorvantine%202.0.deb");
-  EXPECT_FALSE(controller->updater().canCheckForUpdates());
-  transport->answer(std::string("package"));
-  ASSERT_EQ(driver->shown, std::vector<std::string>{"found 2.0"});
-  ASSERT_TRUE(driver->package);
-  EXPECT_EQ(*driver->package, folder / "zorvantine_202.0.deb");
-  std::ifstream file(*driver->package);
-  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "package");
-
-  // One that is not as long as announced is not kept, and the version is still told of.
-  now += 24h;
-  timer->fire();
-  transport->answer(feedWith("3.0"));
-  transport->answer(std::string("short"));
-  EXPECT_EQ(driver->shown.back(), "found 3.0");
-  EXPECT_FALSE(driver->package);
-  EXPECT_FALSE(std::filesystem::exists(folder / "zorvantine_203.0.deb"));
+TEST_F(UpdaterTest, AFeedThatAnybodyOnTheWayCanChangeIsFetchedOnlyWhereTheHostAllowsIt) {
+  for (const std::string address : {"http://mirror/appcast.xml", "HTTP://mirror/appcast.xml", "ftp://mirror/feed"}) {
+    for (const bool isAllowed : {false, true}) {
+      configuration.feedAddress = address;
+      configuration.allowsInsecureFeed = isAllowed;
+      transport->requests.clear();
+      driver->shown.clear();
+      const auto controller = start();
+      controller->checkForUpdates(nullptr);
+      EXPECT_EQ(transport->requests.size(), isAllowed ? 1U : 0U) << address;
+      EXPECT_EQ(driver->shown.size(), isAllowed ? 0U : 1U) << address;
+    }
+  }
 }
 
 TEST_F(UpdaterTest, SaysWhyInThePersonsLanguage) {
@@ -275,7 +189,8 @@ TEST_F(UpdaterTest, SaysWhyInThePersonsLanguage) {
       {"", "die Anwendung nennt keinen Update-Feed"},
       {"file:///dev/zero", "/dev/zero ist keine Datei"},
       {"file:///dev/zero/none", "/dev/zero/none kann nicht geöffnet werden"},
-      {"ftp://mirror", "die Adresse ftp://mirror ist keine file://-Adresse"},
+      {"https://mirror", "die Adresse https://mirror ist keine file://-Adresse"},
+      {"http://mirror", "die Adresse http://mirror ist weder https:// noch eine Datei auf diesem Rechner"},
   };
   foundation::Bundle::setMainResourceFolder(QEV_SOURCE_FOLDER "/host/resources");
   foundation::Bundle::setPreferredLanguages({"de"});

@@ -17,6 +17,7 @@ inline constexpr std::size_t kLongestFeed = std::size_t{4} << 20;
 struct Enclosure {
   std::string url;
   std::string type;
+  // Ed25519, in base64.
   std::string signature;
   // Bytes; 0 when the feed does not say.
   std::uint64_t length = 0;

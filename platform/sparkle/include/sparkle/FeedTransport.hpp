@@ -32,7 +32,8 @@ public:
   FeedTransport& operator=(const FeedTransport&) = delete;
   virtual ~FeedTransport() = default;
 
-  // Fetches what is at the address without keeping the main thread waiting. The completion is called
+  // Fetches what is at the address without keeping the main thread waiting. A redirection is followed only from
+  // http:// to http:// or https://, and from https:// to https://. The completion is called
   // once, on a later turn of the main queue, never within the call; letting the subscription go before
   // that gives the fetch up. The completion may let it go, too. Main thread.
   [[nodiscard]] virtual QEVSettings::Subscription fetch(const FeedRequest& request, Completion completion) = 0;

@@ -75,7 +75,9 @@ private:
   using Show = std::function<void(SPUUserDriver&)>;
 
   void check(Occasion occasion);
-  void takeFeed(Occasion occasion, const foundation::Result<std::string>& feed);
+  void takeFeed(Occasion occasion, const std::string& address, const foundation::Result<std::string>& feed);
+  // Whether an update that a check found is to be downloaded, and why that cannot be.
+  bool mayDownload(Occasion occasion, const std::string& feedAddress, FoundUpdate& update) const;
   void fail(Occasion occasion, const foundation::Error& error);
   void download(FoundUpdate update);
   void finish(const Show& show);

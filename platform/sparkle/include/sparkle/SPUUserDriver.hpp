@@ -13,9 +13,12 @@ namespace sparkle {
 struct FoundUpdate {
   AppcastItem item;
   std::string currentVersion;
-  // Where its package was put, when the updater downloaded it. Its length is the announced one; its signature
-  // was not examined, which is up to whoever installs it.
+  // Where its package was put, when the updater downloaded it. Its length is the announced one and its signature
+  // is valid.
   std::optional<std::filesystem::path> package;
+  // Why no package was kept although the person wants updates to be downloaded; half a sentence, in which "it" is
+  // the package. Nothing is said when the feed names no package.
+  std::optional<foundation::Error> packageProblem = std::nullopt;
 };
 
 // Shows people the outcome of a check. Called on the main thread after the check has ended; returns at once
