@@ -1,5 +1,6 @@
 #include "AnalyzerSettingsDetailView.hpp"
 
+#include "AnalyzerError.hpp"
 #include "CompactAnalyzerOptionsView.hpp"
 #include "CompactPortsEditorView.hpp"
 #include "PortsSectionHeader.hpp"
@@ -86,7 +87,15 @@ View AnalyzerSettingsDetailView::header() const {
 }
 
 View AnalyzerSettingsDetailView::sections() const {
-  const auto config = this->config();
+  std::optional<AnalyzerSettingsConfig> config;
+  const auto failure = failureOf([&] { config = this->config(); });
+  if (failure) {
+    return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
+                  {
+                      optionsHeader(),
+                      analyzerErrorText(*failure),
+                  });
+  }
   if (!config) {
     return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)}, {
                                                                                                    optionsHeader(),
@@ -110,13 +119,13 @@ std::string AnalyzerSettingsDetailView::subtitle() const {
 }
 
 std::optional<AnalyzerSettingsConfig> AnalyzerSettingsDetailView::config() const {
-  const auto preferences =
-      std::dynamic_pointer_cast<QEVPluginPreferencesProtocol>(model->pluginStruct.get().plugInPreferencesInstance);
+  const auto preferences = std::dynamic_pointer_cast<QEVPluginPreferencesProtocol>(
+      model->pluginStruct.get().plugInPreferencesInstance.lock());
   return preferences ? preferences->analyzerSettingsConfig() : std::nullopt;
 }
 
 std::shared_ptr<QEVPortsPreferencesProtocol> AnalyzerSettingsDetailView::portsController() const {
-  const auto& preferences = model->pluginStruct.get().plugInPreferencesInstance;
+  const auto preferences = model->pluginStruct.get().plugInPreferencesInstance.lock();
   if (!std::dynamic_pointer_cast<QEVPluginPreferencesProtocol>(preferences)) return nullptr;
   return std::dynamic_pointer_cast<QEVPortsPreferencesProtocol>(preferences);
 }

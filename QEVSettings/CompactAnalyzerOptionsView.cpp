@@ -1,5 +1,6 @@
 #include "CompactAnalyzerOptionsView.hpp"
 
+#include "AnalyzerError.hpp"
 #include "AnalyzerOption.hpp"
 #include "OptionRow.hpp"
 #include "QEVCommonTools/ColorRawValue.hpp"
@@ -9,6 +10,7 @@
 #include "analyzerOptionStyles.hpp"
 #include "resource_bundle_accessor.hpp"
 #include "viewkit/Controls.hpp"
+#include "viewkit/ErrorBoundary.hpp"
 #include "viewkit/Stacks.hpp"
 #include "viewkit/StoredPreference.hpp"
 #include "viewkit/Text.hpp"
@@ -106,8 +108,14 @@ View CompactAnalyzerOptionsView::body() const {
                     config.color ? coloringRow(*config.color) : View(),
                     forEach(
                         sortedToggles(), [](const AnalyzerToggleSpec& spec) { return spec.id; }, toggleRow),
-                    config.extraContent ? config.extraContent() : View(),
+                    config.extraContent ? extraContent() : View(),
                 });
+}
+
+View CompactAnalyzerOptionsView::extraContent() const {
+  View content;
+  const auto failure = failureOf([&] { content = config.extraContent(); });
+  return failure ? analyzerErrorText(*failure) : errorBoundary(content, analyzerErrorView);
 }
 
 std::vector<AnalyzerToggleSpec> CompactAnalyzerOptionsView::sortedToggles() const {

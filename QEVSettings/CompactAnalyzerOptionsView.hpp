@@ -16,6 +16,7 @@ struct CompactAnalyzerOptionsView {
 
 private:
   std::vector<QEVDependencies::AnalyzerToggleSpec> sortedToggles() const;
+  viewkit::View extraContent() const;
 };
 
 }  // namespace QEVSettings

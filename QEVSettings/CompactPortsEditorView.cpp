@@ -1,5 +1,6 @@
 #include "CompactPortsEditorView.hpp"
 
+#include "AnalyzerError.hpp"
 #include "CompactAnalyzerOptionsView.hpp"
 #include "PortNameCell.hpp"
 #include "PortSourceCell.hpp"
@@ -69,8 +70,12 @@ GridRow protocolRow(const PortsEditing::Row& row, const std::vector<std::string>
 }  // namespace
 
 View CompactPortsEditorView::body() const {
-  const auto editing = std::make_shared<const PortsEditing>(
-      ports, controller, Environment::current().defaultStore.get(), rows.binding(), isShown.binding());
+  const auto editing =
+      std::make_shared<const PortsEditing>(ports, controller, Environment::current().defaultStore.get(),
+                                           PortsEditing::ViewState{.rows = rows.binding(),
+                                                                   .isShown = isShown.binding(),
+                                                                   .session = session.binding(),
+                                                                   .resetError = resetError.binding()});
 
   std::vector<GridRow> table{headerRow()};
   for (const PortsEditing::Row& row : rows.get()) {
@@ -91,6 +96,7 @@ View CompactPortsEditorView::body() const {
                         .frame(FlexibleFrame{.minHeight = 120, .alignment = Alignment::top()}),
                     HStack({},
                            {
+                               analyzerErrorText(resetError),
                                Spacer(),
                                Button(localized("Reset"), "arrow.counterclockwise", [editing] { editing->reset(); })
                                    .help(localized("Reset to default ports")),

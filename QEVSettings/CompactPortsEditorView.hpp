@@ -20,6 +20,8 @@ struct CompactPortsEditorView {
   // Loaded whenever the view appears.
   viewkit::State<PortsEditing::Rows> rows = {};
   viewkit::State<bool> isShown = false;
+  viewkit::State<std::shared_ptr<PortsEditing::Session>> session = {};
+  viewkit::State<QEVDependencies::ErrorState> resetError = {};
 
   viewkit::View body() const;
 };

@@ -1,28 +1,12 @@
 #include "OptionRow.hpp"
 
-#include "QEVCommonTools/Spacing.hpp"
-#include "litRow.hpp"
-#include "viewkit/Image.hpp"
-#include "viewkit/Stacks.hpp"
+#include "iconRow.hpp"
 
 namespace QEVSettings {
 
-using namespace viewkit;
-using QEVCommonTools::points;
-using QEVCommonTools::Spacing;
-
-View OptionRow::body() const {
-  return litRow(HStack({.alignment = alignment, .spacing = points(Spacing::s5)},
-                       {
-                           Image::symbol(symbol)
-                               .resizable()
-                               .scaledToFit()
-                               .frame(FixedFrame{.width = 15, .height = 15})
-                               .frame(FixedFrame{.width = 20})
-                               .foreground(Color::accent()),
-                           content,
-                       }),
-                hovering.binding());
+viewkit::View OptionRow::body() const {
+  return iconRow({.symbol = symbol, .alignment = alignment, .iconSize = 15, .iconColumn = 20}, content,
+                 hovering.binding());
 }
 
 }  // namespace QEVSettings

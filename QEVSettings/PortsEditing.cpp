@@ -1,10 +1,9 @@
 #include "PortsEditing.hpp"
 
+#include "AnalyzerError.hpp"
 #include "QEVDependencies/QEVError.hpp"
 #include "QEVDependencies/QEVProtocolKonstants.hpp"
-#include "QEVModels/QEVPortsController.hpp"
 #include "foundation/NotificationCenter.hpp"
-#include "viewkit/Animation.hpp"
 
 #include <algorithm>
 #include <cstddef>
@@ -33,27 +32,6 @@ Protocol snapshot(const QEVNetworkProtocol& protocol) {
                                               0);
 }
 
-// A copy to be edited; a record that cannot be copied is edited itself.
-PortsEditing::Row makeRow(const Protocol& source) {
-  const auto copy = source->copied();
-  const Protocol protocol = copy ? *copy : source;
-  protocol->setPortController(QEVModels::QEVPortsController::sharedPortsController());
-  auto row = std::make_shared<QEVModels::ModelWrapper<QEVNetworkProtocol>>(protocol);
-  protocol->setupBinding();
-  return row;
-}
-
-void show(const ErrorState& state, const Protocol& protocol) {
-  viewkit::withAnimation([&] {
-    protocol->errorModel()->objectWillChange().announce();
-    protocol->errorModel()->errorState = state;
-  });
-}
-
-void showError(std::optional<QEVError> error, const Protocol& protocol) {
-  show({.errorText = "Error", .errorDetails = error}, protocol);
-}
-
 std::string joinedMessages(const std::vector<PortCorrection>& corrections) {
   std::string text;
   for (const PortCorrection& correction : corrections) {
@@ -65,49 +43,63 @@ std::string joinedMessages(const std::vector<PortCorrection>& corrections) {
 
 // Takes the steps of a change, and says on the row why they ended early. Whether they did not.
 bool attempt(const Protocol& protocol, const std::function<void()>& steps) {
-  try {
-    steps();
-    return true;
-  } catch (const QEVError& error) {
-    showError(error, protocol);
-  } catch (...) {
-    showError(std::nullopt, protocol);
-  }
-  return false;
+  const auto failure = failureOf(steps);
+  if (failure) showErrorState(*failure, *protocol);
+  return !failure;
 }
+
+// Marks a session as acting until the block ends.
+class Acting {
+public:
+  explicit Acting(bool& flag) : flag_(flag), outer_(std::exchange(flag, true)) {}
+  Acting(const Acting&) = delete;
+  Acting& operator=(const Acting&) = delete;
+  ~Acting() { flag_ = outer_; }
+
+private:
+  bool& flag_;
+  bool outer_;
+};
 
 }  // namespace
 
 PortsEditing::PortsEditing(QEVDependencies::AnalyzerPortsSpec ports,
                            std::weak_ptr<QEVDependencies::QEVPortsPreferencesProtocol> controller,
-                           PreferencesStore& defaults, viewkit::Binding<Rows> rows, viewkit::Binding<bool> isShown)
-    : ports_(std::move(ports)),
-      controller_(std::move(controller)),
-      defaults_(&defaults),
-      rows_(std::move(rows)),
-      isShown_(std::move(isShown)) {}
+                           PreferencesStore& defaults, ViewState state)
+    : ports_(std::move(ports)), controller_(std::move(controller)), defaults_(&defaults), state_(std::move(state)) {}
 
 void PortsEditing::load() const {
-  isShown_.set(true);
-  replaceRows(store().decode(ports_.defaultPorts));
+  state_.isShown.set(true);
+  state_.resetError.set({});
+  const auto session = std::make_shared<Session>();
+  session->followed = defaults_->objectForKey(ports_.networkProtocolKey);
+  state_.rows.set(portRows(store().decode(ports_.defaultPorts)));
+  session->storedListChanged =
+      defaults_->observe(ports_.networkProtocolKey, [self = *this](std::string_view) { self.follow(); });
+  state_.session.set(session);
 }
 
 void PortsEditing::pickName(const Row& row, const std::string& name) const {
-  const Protocol& protocol = row->model();
-  const Protocol old = snapshot(*protocol);
-  protocol->protocolName = name;
-  if (attempt(protocol, [&] { report(old, protocol, QEVNetworkProtocolProperty::protocolName); })) saveAndNotify();
+  actOn(row, [&] {
+    const Protocol& protocol = row->model();
+    const Protocol old = snapshot(*protocol);
+    protocol->protocolName = name;
+    if (attempt(protocol, [&] { replace(old, protocol, QEVNetworkProtocolProperty::protocolName); })) saveAndNotify();
+  });
 }
 
 void PortsEditing::pickSource(const Row& row, std::int64_t source) const {
-  const Protocol& protocol = row->model();
-  const Protocol old = snapshot(*protocol);
-  protocol->sourceProtocol = source;
-  if (attempt(protocol, [&] { report(old, protocol, QEVNetworkProtocolProperty::sourceProtocol); })) saveAndNotify();
+  actOn(row, [&] {
+    const Protocol& protocol = row->model();
+    const Protocol old = snapshot(*protocol);
+    protocol->sourceProtocol = source;
+    if (attempt(protocol, [&] { replace(old, protocol, QEVNetworkProtocolProperty::sourceProtocol); })) saveAndNotify();
+  });
 }
 
 void PortsEditing::fieldCommitted(const Row& row) const {
-  if (isShown_.get()) commitPorts(row);
+  if (!state_.isShown.get()) return;
+  actOn(row, [&] { commitPorts(row); });
 }
 
 void PortsEditing::commitPorts(const Row& row) const {
@@ -118,44 +110,84 @@ void PortsEditing::commitPorts(const Row& row) const {
     result = store().validatedReporting(*protocol);
     if (result.ports.empty()) throw QEVError::noUsablePorts;
     protocol->protocolPorts = result.ports;
-    report(old, protocol, QEVNetworkProtocolProperty::protocolPorts);
+    replace(old, protocol, QEVNetworkProtocolProperty::protocolPorts);
   });
   if (!done) return;
   saveAndNotify();
-  show({.errorText = joinedMessages(result.corrections), .errorDetails = std::nullopt}, protocol);
+  showErrorState({.errorText = joinedMessages(result.corrections), .errorDetails = std::nullopt}, *protocol);
 }
 
 void PortsEditing::reset() const {
-  for (const Row& row : rows_.get()) {
+  act([this] {
+    resetRows();
+    std::optional<ErrorState> failure;
+    if (const auto controller = controller_.lock()) failure = failureOf([&] { controller->setDefaultSettings(true); });
+    state_.resetError.set(failure.value_or(ErrorState{}));
+    state_.rows.set(portRows(ports_.defaultPorts));
+    saveAndNotify();
+  });
+}
+
+void PortsEditing::resetRows() const {
+  const auto controller = controller_.lock();
+  for (const Row& row : state_.rows.get()) {
     const Protocol& protocol = row->model();
     if (protocol->protocolPorts.get().empty()) continue;
     const Protocol factory = factoryRecord(protocol->protocolName);
-    if (!factory) continue;
-    attempt(protocol, [&] { report(protocol, factory, QEVNetworkProtocolProperty::protocolPorts); });
+    if (!factory || !controller) continue;
+    attempt(protocol,
+            [&] { controller->replaceProtoocol(protocol, factory, QEVNetworkProtocolProperty::protocolPorts); });
   }
-  if (const auto controller = controller_.lock()) controller->setDefaultSettings(true);
-  replaceRows(ports_.defaultPorts);
-  saveAndNotify();
 }
 
 void PortsEditing::flush() const {
-  const QEVNetworkProtocolList stored = store().decode(ports_.defaultPorts);
-  const Rows rows = rows_.get();
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    const bool isStored = i < stored.size() && stored[i]->protocolPorts.get() == rows[i]->model()->protocolPorts.get();
-    if (!isStored) commitPorts(rows[i]);
+  act([this] {
+    const QEVNetworkProtocolList stored = store().decode(ports_.defaultPorts);
+    const Rows rows = state_.rows.get();
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      const bool isStored =
+          i < stored.size() && stored[i]->protocolPorts.get() == rows[i]->model()->protocolPorts.get();
+      if (!isStored) commitPorts(rows[i]);
+    }
+    // The rows follow the store no longer.
+    state_.session.set(nullptr);
+  });
+  state_.isShown.set(false);
+}
+
+void PortsEditing::follow() const {
+  const auto session = state_.session.get();
+  if (session && !session->isActing) bringUpToDate(*session);
+}
+
+void PortsEditing::bringUpToDate(Session& session) const {
+  auto stored = defaults_->objectForKey(ports_.networkProtocolKey);
+  if (stored == session.followed) return;
+  session.followed = std::move(stored);
+  state_.rows.set(portRows(state_.rows.get(), store().decode(ports_.defaultPorts)));
+}
+
+// An editor that has disappeared does nothing.
+void PortsEditing::act(const std::function<void()>& steps) const {
+  const auto session = state_.session.get();
+  if (!session) return;
+  follow();
+  {
+    const Acting acting(session->isActing);
+    steps();
   }
-  isShown_.set(false);
+  follow();
+}
+
+// Does nothing where the row went when the stored list was followed.
+void PortsEditing::actOn(const Row& row, const std::function<void()>& steps) const {
+  act([&] {
+    const Rows rows = state_.rows.get();
+    if (std::ranges::find(rows, row) != rows.end()) steps();
+  });
 }
 
 QEVModels::AnalyzerPortsStore PortsEditing::store() const { return {ports_.networkProtocolKey, *defaults_}; }
-
-void PortsEditing::replaceRows(const QEVNetworkProtocolList& list) const {
-  Rows rows;
-  rows.reserve(list.size());
-  std::ranges::transform(list, std::back_inserter(rows), makeRow);
-  rows_.set(std::move(rows));
-}
 
 PortsEditing::Protocol PortsEditing::factoryRecord(const std::string& name) const {
   const auto found =
@@ -163,13 +195,16 @@ PortsEditing::Protocol PortsEditing::factoryRecord(const std::string& name) cons
   return found != ports_.defaultPorts.end() ? *found : nullptr;
 }
 
-void PortsEditing::report(const Protocol& old, const Protocol& current, QEVNetworkProtocolProperty changed) const {
+void PortsEditing::replace(const Protocol& old, const Protocol& current, QEVNetworkProtocolProperty changed) const {
   if (const auto controller = controller_.lock()) controller->replaceProtoocol(old, current, changed);
+  // Somebody else may have stored a list while the analyzer was busy.
+  if (const auto session = state_.session.get()) bringUpToDate(*session);
+  current->reportRegistered(changed);
 }
 
 void PortsEditing::saveAndNotify() const {
   QEVNetworkProtocolList list;
-  for (const Row& row : rows_.get()) list.push_back(row->model());
+  for (const Row& row : state_.rows.get()) list.push_back(row->model());
   store().encode(list);
   auto& center = foundation::NotificationCenter::defaultCenter();
   center.post(rawValue(QEVProtocolKonstants::protocolListDidChange));

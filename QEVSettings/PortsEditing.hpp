@@ -1,35 +1,56 @@
 #pragma once
 
+#include "PortRows.hpp"
 #include "QEVDependencies/AnalyzerPortsSpec.hpp"
+#include "QEVDependencies/ErrorState.hpp"
 #include "QEVDependencies/QEVNetworkProtocol.hpp"
 #include "QEVDependencies/QEVNetworkProtocolProperty.hpp"
 #include "QEVDependencies/QEVPortsPreferencesProtocol.hpp"
 #include "QEVModels/AnalyzerPortsStore.hpp"
-#include "QEVModels/ModelWrapper.hpp"
 #include "QEVSettings/preferences/PreferencesStore.hpp"
 #include "viewkit/Binding.hpp"
 
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
-#include <vector>
 
 namespace QEVSettings {
 
 // What a person's actions do to the protocols of one analyzer. The whole list is stored after every
 // change, the running analyzer hears of the change, and everyone else is notified. What goes wrong is
 // said on the row concerned and ends the action.
+//
+// From the load to the flush the rows follow the stored list: what another window or process stores is shown, and an
+// action begins with the list as it is stored then. The writes of an action itself are followed when it is over.
 class PortsEditing {
 public:
-  using Row = std::shared_ptr<QEVModels::ModelWrapper<QEVDependencies::QEVNetworkProtocol>>;
-  using Rows = std::vector<Row>;
+  using Row = PortRow;
+  using Rows = PortRows;
+
+  // What is kept from a load to the flush.
+  struct Session {
+    // The stored value that the rows were last brought up to date with.
+    std::optional<PreferenceValue> followed;
+    bool isActing = false;
+    Subscription storedListChanged;
+  };
+
+  // What the view keeps for its editing.
+  struct ViewState {
+    viewkit::Binding<Rows> rows;
+    // True from a load to the flush.
+    viewkit::Binding<bool> isShown;
+    viewkit::Binding<std::shared_ptr<Session>> session;
+    // What the analyzer had to say against the last reset as a whole.
+    viewkit::Binding<QEVDependencies::ErrorState> resetError;
+  };
 
   // The store outlives the editing. Without a controller, or when it is gone, only its calls are left out.
-  // `isShown` is kept true from a load to the flush.
   PortsEditing(QEVDependencies::AnalyzerPortsSpec ports,
                std::weak_ptr<QEVDependencies::QEVPortsPreferencesProtocol> controller, PreferencesStore& defaults,
-               viewkit::Binding<Rows> rows, viewkit::Binding<bool> isShown);
+               ViewState state);
 
   void load() const;
   void pickName(const Row& row, const std::string& name) const;
@@ -45,17 +66,20 @@ private:
   using Protocol = std::shared_ptr<QEVDependencies::QEVNetworkProtocol>;
 
   QEVModels::AnalyzerPortsStore store() const;
+  void follow() const;
+  void bringUpToDate(Session& session) const;
+  void act(const std::function<void()>& steps) const;
+  void actOn(const Row& row, const std::function<void()>& steps) const;
   void commitPorts(const Row& row) const;
-  void replaceRows(const QEVDependencies::QEVNetworkProtocolList& list) const;
+  void resetRows() const;
   Protocol factoryRecord(const std::string& name) const;
-  void report(const Protocol& old, const Protocol& current, QEVDependencies::QEVNetworkProtocolProperty changed) const;
+  void replace(const Protocol& old, const Protocol& current, QEVDependencies::QEVNetworkProtocolProperty changed) const;
   void saveAndNotify() const;
 
   QEVDependencies::AnalyzerPortsSpec ports_;
   std::weak_ptr<QEVDependencies::QEVPortsPreferencesProtocol> controller_;
   PreferencesStore* defaults_;
-  viewkit::Binding<Rows> rows_;
-  viewkit::Binding<bool> isShown_;
+  ViewState state_;
 };
 
 }  // namespace QEVSettings

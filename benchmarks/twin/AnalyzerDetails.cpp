@@ -68,8 +68,8 @@ AnalyzerDetails::AnalyzerDetails(const QEVDependencies::QEVPlugInStructure& anal
   layout->addWidget(subtitle);
   layout->addWidget(line(this));
   layout->addWidget(sectionHeader(QStringLiteral("OPTIONS"), this));
-  const auto* preferences =
-      dynamic_cast<QEVDependencies::QEVPluginPreferencesProtocol*>(analyzer.plugInPreferencesInstance.get());
+  const auto preferences = std::dynamic_pointer_cast<QEVDependencies::QEVPluginPreferencesProtocol>(
+      analyzer.plugInPreferencesInstance.lock());
   if (const auto config = preferences ? preferences->analyzerSettingsConfig() : std::nullopt) {
     for (const auto& option : config->toggles) layout->addWidget(new OptionRow(option, store, this));
     layout->addWidget(line(this));

@@ -2,6 +2,7 @@
 
 #include "QEVDependencies/QEVProtocolKonstants.hpp"
 #include "QEVDependencies/kQEVSourceProtocols.hpp"
+#include "foundation/Unicode.hpp"
 
 #include <array>
 #include <string_view>
@@ -83,27 +84,50 @@ void QEVNetworkProtocol::setupBinding() {
   errorWillChange_ = errorModel_->objectWillChange().subscribe([this] { objectWillChange().announce(); });
 }
 
-void QEVNetworkProtocol::reportRegistered() {
-  if (const auto controller = portController_.lock()) controller->registered(*this);
+void QEVNetworkProtocol::reportRegistered(QEVNetworkProtocolProperty changed) {
+  if (const auto controller = portController_.lock()) controller->registered(*this, changed);
 }
 
-void QEVNetworkProtocol::encode(JSONWriter& writer) const {
+bool QEVNetworkProtocol::takeOver(const QEVNetworkProtocol& stored) {
+  bool isChanged = false;
+  const auto take = [&](auto& shown, const auto& registered, const auto& value) {
+    if (value == registered || value == shown.get()) return;
+    shown = value;
+    isChanged = true;
+  };
+  const bool isBeingTyped = protocolPorts.get() != lastRegisteredPorts_;
+  take(protocolName, lastRegisteredName_, stored.protocolName.get());
+  take(sourceProtocol, lastRegisteredSource_, stored.sourceProtocol.get());
+  if (!isBeingTyped) take(protocolPorts, lastRegisteredPorts_, stored.protocolPorts.get());
+
+  lastRegisteredName_ = stored.protocolName.get();
+  lastRegisteredPorts_ = stored.protocolPorts.get();
+  lastRegisteredSource_ = stored.sourceProtocol.get();
+  id_ = stored.id_;
+  ethertype_ = stored.ethertype_;
+  linktype_ = stored.linktype_;
+  size_ = stored.size_;
+  source_ = stored.source_;
+  return isChanged;
+}
+
+void QEVNetworkProtocol::encode(JSONWriter& writer, const Values& values) const {
   writer.beginObject();
   std::array missing{kId, kProtocolName, kProtocolPorts, kSourceProtocol, kEthertype, kLinktype, kSize};
   const auto write = [&](std::string_view name) {
     if (name == kId) writer.name(name).string(id_.text());
-    if (name == kProtocolName) writer.name(name).string(protocolName.get());
-    if (name == kProtocolPorts) writer.name(name).string(protocolPorts.get());
-    if (name == kSourceProtocol) writer.name(name).integer(sourceProtocol.get());
+    if (name == kProtocolName) writer.name(name).string(values.name);
+    if (name == kProtocolPorts) writer.name(name).string(values.ports);
+    if (name == kSourceProtocol) writer.name(name).integer(values.source);
     if (name == kEthertype && ethertype_) writer.name(name).string(*ethertype_);
     if (name == kLinktype && linktype_) writer.name(name).string(*linktype_);
     if (name == kSize && size_) writer.name(name).integer(*size_);
   };
   if (source_) {
     const auto isOutOfDate = [&](const JSON::Member& member) {
-      if (member.name == kProtocolName) return member.value.asString() != protocolName.get();
-      if (member.name == kProtocolPorts) return member.value.asString() != protocolPorts.get();
-      return member.name == kSourceProtocol && sourceOf(*source_) != sourceProtocol.get();
+      if (member.name == kProtocolName) return member.value.asString() != values.name;
+      if (member.name == kProtocolPorts) return member.value.asString() != values.ports;
+      return member.name == kSourceProtocol && sourceOf(*source_) != values.source;
     };
     for (const JSON::Member& member : source_->members()) {
       if (isOutOfDate(member)) {
@@ -134,6 +158,16 @@ foundation::Result<std::shared_ptr<QEVNetworkProtocol>> QEVNetworkProtocol::deco
 }
 
 foundation::Result<std::shared_ptr<QEVNetworkProtocol>> QEVNetworkProtocol::copied() const {
+  const bool isUtf8 = foundation::isValidUtf8(protocolName.get()) && foundation::isValidUtf8(protocolPorts.get()) &&
+                      foundation::isValidUtf8(ethertype_.value_or("")) &&
+                      foundation::isValidUtf8(linktype_.value_or(""));
+  if (isUtf8) {
+    auto copy = std::make_shared<QEVNetworkProtocol>(id_, protocolName.get(), protocolPorts.get(), sourceProtocol.get(),
+                                                     ethertype_, linktype_, size_);
+    copy->source_ = source_;  // immutable
+    return copy;
+  }
+  // The writer repairs what is no UTF-8.
   JSONWriter writer;
   encode(writer);
   const auto json = JSON::parse(writer.takeText());

@@ -4,10 +4,12 @@
 
 namespace QEVDependencies {
 
-void QEVPortsControllerProtocol::bringUpToDate(QEVNetworkProtocol& protocol) {
-  protocol.lastRegisteredName_ = protocol.protocolName.get();
-  protocol.lastRegisteredPorts_ = protocol.protocolPorts.get();
-  protocol.lastRegisteredSource_ = protocol.sourceProtocol.get();
+void QEVPortsControllerProtocol::bringUpToDate(QEVNetworkProtocol& protocol, QEVNetworkProtocolProperty changed) {
+  switch (changed) {
+    case QEVNetworkProtocolProperty::protocolName: protocol.lastRegisteredName_ = protocol.protocolName.get(); break;
+    case QEVNetworkProtocolProperty::protocolPorts: protocol.lastRegisteredPorts_ = protocol.protocolPorts.get(); break;
+    case QEVNetworkProtocolProperty::sourceProtocol: protocol.lastRegisteredSource_ = protocol.sourceProtocol; break;
+  }
 }
 
 }  // namespace QEVDependencies

@@ -4,28 +4,62 @@
 #include "foundation/JSON.hpp"
 #include "foundation/JSONWriter.hpp"
 
+#include <cstddef>
 #include <optional>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace QEVModels {
 
 using foundation::JSON;
+using foundation::JSONWriter;
 using QEVDependencies::QEVNetworkProtocol;
 using QEVDependencies::QEVNetworkProtocolList;
 using QEVSettings::PreferenceValue;
 
 namespace {
 
-std::optional<QEVNetworkProtocolList> listOf(const PreferenceValue::Bytes& bytes) {
-  const auto json = JSON::parse({bytes.begin(), bytes.end()});
+// An element of the stored array that is no protocol record, and where it stands.
+struct UnreadableElement {
+  std::size_t index;
+  JSON value;
+};
+
+struct StoredList {
+  QEVNetworkProtocolList records;
+  std::vector<UnreadableElement> unreadable;
+};
+
+// Nothing when no array is stored.
+std::optional<StoredList> storedList(const PreferenceValue* stored) {
+  const auto* bytes = stored ? stored->asData() : nullptr;
+  if (!bytes) return std::nullopt;
+  const auto json = JSON::parse({bytes->begin(), bytes->end()});
   if (!json || !json->isArray()) return std::nullopt;
-  QEVNetworkProtocolList list;
+  StoredList list;
+  std::size_t index = 0;
   for (const JSON& element : json->elements()) {
-    auto record = QEVNetworkProtocol::decoded(element);
-    if (!record) return std::nullopt;
-    list.push_back(*std::move(record));
+    if (auto record = QEVNetworkProtocol::decoded(element)) {
+      list.records.push_back(*std::move(record));
+    } else {
+      list.unreadable.push_back({index, element});
+    }
+    ++index;
   }
   return list;
+}
+
+void encodeRecord(const QEVNetworkProtocol& record, JSONWriter& writer) {
+  if (record.hasPortController()) return record.encode(writer, record.lastRegisteredValues());
+  auto values = record.values();
+  std::string ports;
+  if (values.ports != record.lastRegisteredPorts()) {
+    ports = validatedPorts(values.ports).ports;
+    if (ports.empty()) ports = record.lastRegisteredPorts();
+    values.ports = ports;
+  }
+  record.encode(writer, values);
 }
 
 }  // namespace
@@ -34,16 +68,28 @@ AnalyzerPortsStore::AnalyzerPortsStore(std::string key, QEVSettings::Preferences
     : key_(std::move(key)), defaults_(defaults) {}
 
 QEVNetworkProtocolList AnalyzerPortsStore::decode(const QEVNetworkProtocolList& fallback) const {
-  const auto stored = defaults_.objectForKey(key_);
-  const auto* bytes = stored ? stored->asData() : nullptr;
-  auto list = bytes ? listOf(*bytes) : std::nullopt;
-  return list ? *std::move(list) : fallback;
+  auto stored = storedList(defaults_.find(key_));
+  const bool isUsable = stored && (!stored->records.empty() || stored->unreadable.empty());
+  return isUsable ? std::move(stored->records) : fallback;
 }
 
 void AnalyzerPortsStore::encode(const QEVNetworkProtocolList& list) const {
-  foundation::JSONWriter writer;
+  const auto stored = storedList(defaults_.find(key_)).value_or(StoredList{});
+  auto unreadable = stored.unreadable.begin();
+  JSONWriter writer;
+  std::size_t index = 0;
+  const auto carryOver = [&](auto isDue) {
+    for (; unreadable != stored.unreadable.end() && isDue(*unreadable); ++unreadable, ++index) {
+      writer.value(unreadable->value);
+    }
+  };
   writer.beginArray();
-  for (const auto& record : list) record->encode(writer);
+  for (const auto& record : list) {
+    carryOver([&](const UnreadableElement& element) { return element.index <= index; });
+    encodeRecord(*record, writer);
+    ++index;
+  }
+  carryOver([](const UnreadableElement&) { return true; });
   writer.endArray();
   const std::string& text = writer.text();
   defaults_.setObject(PreferenceValue::Bytes(text.begin(), text.end()), key_);

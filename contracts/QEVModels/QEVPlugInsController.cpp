@@ -13,7 +13,10 @@ QEVPlugInsController& QEVPlugInsController::sharedManager() {
 }
 
 void QEVPlugInsController::registerPlugIn(QEVPlugInStructure plugIn) {
-  if (ids_.insert(plugIn.id).second) {
+  const auto [kept, isNew] = preferences_.try_emplace(plugIn.id);
+  // The object that it had goes when the new one has taken its place.
+  const auto before = std::exchange(kept->second, plugIn.plugInPreferencesInstance.lock());
+  if (isNew) {
     changed().push_back(std::move(plugIn));
   } else {
     *std::ranges::find(changed(), plugIn.id, &QEVPlugInStructure::id) = std::move(plugIn);
@@ -21,8 +24,8 @@ void QEVPlugInsController::registerPlugIn(QEVPlugInStructure plugIn) {
 }
 
 void QEVPlugInsController::unregisterPlugIn(foundation::UUID id) {
-  ids_.erase(id);
-  std::erase_if(changed(), [&](const QEVPlugInStructure& plugIn) { return plugIn.id == id; });
+  const auto unloaded = preferences_.extract(id);
+  if (unloaded) std::erase_if(changed(), [&](const QEVPlugInStructure& plugIn) { return plugIn.id == id; });
 }
 
 QEVPlugInsController::PlugIns& QEVPlugInsController::changed() {

@@ -8,6 +8,9 @@ const std::shared_ptr<QEVDependencies::QEVPortsControllerProtocol>& QEVPortsCont
   return shared;
 }
 
-void QEVPortsController::registered(QEVDependencies::QEVNetworkProtocol& protocol) { bringUpToDate(protocol); }
+void QEVPortsController::registered(QEVDependencies::QEVNetworkProtocol& protocol,
+                                    QEVDependencies::QEVNetworkProtocolProperty changed) {
+  bringUpToDate(protocol, changed);
+}
 
 }  // namespace QEVModels

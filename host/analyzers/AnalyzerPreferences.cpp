@@ -69,16 +69,15 @@ AnalyzerPortsPreferences::AnalyzerPortsPreferences(const AnalyzerDescription& an
 
 void AnalyzerPortsPreferences::replaceProtoocol(const std::shared_ptr<QEVNetworkProtocol>& old,
                                                 const std::shared_ptr<QEVNetworkProtocol>& current,
-                                                QEVNetworkProtocolProperty changed) {
+                                                QEVNetworkProtocolProperty /*changed*/) {
   if (running() == nullptr) throw QEVError::analyzerNotRunning;
-  if (keepsToItsPorts_ && changed == QEVNetworkProtocolProperty::protocolPorts) {
+  if (keepsToItsPorts_) {
     const bool isKnown = std::ranges::any_of(running()->factoryList(), [&](const auto& factory) {
       return factory->protocolPorts.get() == current->protocolPorts.get();
     });
     if (!isKnown) throw QEVError::analyzerRefusedChange;
   }
   running()->replace(*old, current);
-  current->reportRegistered();
 }
 
 void AnalyzerPortsPreferences::setDefaultSettings(bool reset) {

@@ -37,7 +37,8 @@ class AnalyzerPortsPreferences final : public AnalyzerPreferences, public QEVDep
 public:
   AnalyzerPortsPreferences(const AnalyzerDescription& analyzer, QEVSettings::PreferencesStore& store);
 
-  // Throws when the description says that the analyzer keeps to its ports, and they would be others.
+  // Throws when the description says that the analyzer keeps to its ports and `current` has others, whichever
+  // member changed.
   void replaceProtoocol(const std::shared_ptr<QEVDependencies::QEVNetworkProtocol>& old,
                         const std::shared_ptr<QEVDependencies::QEVNetworkProtocol>& current,
                         QEVDependencies::QEVNetworkProtocolProperty changed) override;

@@ -23,7 +23,8 @@ using QEVDependencies::QEVPlugInStructure;
 namespace {
 
 std::optional<AnalyzerSettingsConfig> configOf(const QEVPlugInStructure& plugIn) {
-  const auto preferences = std::dynamic_pointer_cast<QEVPluginPreferencesProtocol>(plugIn.plugInPreferencesInstance);
+  const auto preferences =
+      std::dynamic_pointer_cast<QEVPluginPreferencesProtocol>(plugIn.plugInPreferencesInstance.lock());
   return preferences ? preferences->analyzerSettingsConfig() : std::nullopt;
 }
 

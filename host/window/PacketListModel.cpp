@@ -37,8 +37,8 @@ std::optional<appkit::Color> PacketListModel::colorOf(std::string_view protocol)
   const auto& plugIns = QEVModels::QEVPlugInsController::sharedManager().plugInStructs();
   const auto plugIn = std::ranges::find(plugIns, protocol, &QEVDependencies::QEVPlugInStructure::plugInTitle);
   if (plugIn == plugIns.end()) return std::nullopt;
-  const auto settings =
-      std::dynamic_pointer_cast<QEVDependencies::QEVPluginPreferencesProtocol>(plugIn->plugInPreferencesInstance);
+  const auto settings = std::dynamic_pointer_cast<QEVDependencies::QEVPluginPreferencesProtocol>(
+      plugIn->plugInPreferencesInstance.lock());
   const auto config = settings ? settings->analyzerSettingsConfig() : std::nullopt;
   if (!config || !config->color || !store_.boolForKey(config->color->usesColorKey)) return std::nullopt;
   return QEVCommonTools::colorFromRawValue(store_.stringForKey(config->color->colorKey).value_or(""));

@@ -50,13 +50,19 @@ void CompositeNode::runBody() {
   stale_ = false;
   shown_ = view();
   shownIn_ = inheritedPtr();
-  View next;
-  {
-    const Running running(*this);
-    next = valueAs<CompositeViewValue>().body();
-  }
+  const View next = makeContent();
   runtime().bodyRan(*this);
   reconcile(content_, next, inheritedPtr());
+}
+
+View CompositeNode::makeContent() {
+  const Running running(*this);
+  try {
+    return valueAs<CompositeViewValue>().body();
+  } catch (...) {
+    if (!inherited().errorView) throw;
+    return inherited().errorView(std::current_exception());
+  }
 }
 
 void CompositeNode::bodyChanged() {

@@ -52,6 +52,9 @@ private:
     std::shared_ptr<Slot> slot;
   };
 
+  // What the body says, or what stands in for it when it throws.
+  View makeContent();
+
   // The description whose body was last run, and where.
   View shown_;
   InheritedPtr shownIn_;

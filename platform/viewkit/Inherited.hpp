@@ -1,6 +1,7 @@
 #pragma once
 
 #include "viewkit/Environment.hpp"
+#include "viewkit/ErrorBoundary.hpp"
 #include "viewkit/Font.hpp"
 #include "viewkit/Visual.hpp"
 
@@ -31,10 +32,12 @@ struct Inherited {
     friend bool operator==(const ForOne&, const ForOne&) = default;
   };
   ForOne forOne = {};
+  // Null where a body that throws ends the update.
+  ErrorView errorView = nullptr;
 
   friend bool operator==(const Inherited& a, const Inherited& b) {
     return isSame(a.environment, b.environment) && a.foreground == b.foreground && a.font == b.font &&
-           a.enabled == b.enabled && a.spokenFor == b.spokenFor && a.forOne == b.forOne;
+           a.enabled == b.enabled && a.spokenFor == b.spokenFor && a.forOne == b.forOne && a.errorView == b.errorView;
   }
 
 private:

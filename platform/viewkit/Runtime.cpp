@@ -22,6 +22,19 @@ constexpr int kRoundsOfLayout = 8;
 
 bool withinAnimation = false;
 
+// Sets a flag until the block ends, by an exception too.
+class Setting {
+public:
+  Setting(bool& flag, bool value) : flag_(flag), before_(std::exchange(flag, value)) {}
+  Setting(const Setting&) = delete;
+  Setting& operator=(const Setting&) = delete;
+  ~Setting() { flag_ = before_; }
+
+private:
+  bool& flag_;
+  bool before_;
+};
+
 template <class Marked>
 bool isDeeper(const Marked& a, const Marked& b) {
   return a.depth > b.depth;
@@ -35,9 +48,8 @@ bool isHigher(const Marked& a, const Marked& b) {
 }  // namespace
 
 void withAnimation(const std::function<void()>& changes) {
-  const bool outer = std::exchange(withinAnimation, true);
+  const Setting animation(withinAnimation, true);
   changes();
-  withinAnimation = outer;
 }
 
 ViewHost::Runtime::Runtime(Environment environment, const PlatformMetrics& metrics)
@@ -47,10 +59,11 @@ ViewHost::Runtime::~Runtime() { root_.reset(); }
 
 void ViewHost::Runtime::open(const View& root) {
   const View window(std::make_shared<const RootValue>(root));
-  inPass_ = true;
-  root_ = window.value()->makeNode();
-  root_->mount(*this, nullptr, window, std::make_shared<const Inherited>(Inherited{.environment = environment_}));
-  inPass_ = false;
+  {
+    const Setting pass(inPass_, true);
+    root_ = window.value()->makeNode();
+    root_->mount(*this, nullptr, window, std::make_shared<const Inherited>(Inherited{.environment = environment_}));
+  }
   schedule();
 }
 
@@ -77,12 +90,14 @@ void ViewHost::Runtime::setSize(Size size) {
 
 Size ViewHost::Runtime::sizeThatFits(const ProposedSize& proposal) {
   if (inPass_) return root_->sizeThatFits(proposal);
-  inPass_ = true;
-  ++layoutPass_;
-  rebuild();
-  remeasure();
-  const Size size = root_->sizeThatFits(proposal);
-  inPass_ = false;
+  Size size;
+  {
+    const Setting pass(inPass_, true);
+    ++layoutPass_;
+    rebuild();
+    remeasure();
+    size = root_->sizeThatFits(proposal);
+  }
   if (isMarked()) schedule();
   return size;
 }
@@ -186,6 +201,16 @@ bool ViewHost::Runtime::isMarked() const {
 void ViewHost::Runtime::update() {
   scheduled_ = false;
   if (inPass_ || closed_ || !(isMarked() || presenter_.isMarked())) return;
+  try {
+    runUpdate();
+  } catch (...) {
+    // The update ended early: what is still marked is shown by the next one.
+    if (isMarked() || presenter_.isMarked()) schedule();
+    throw;
+  }
+}
+
+void ViewHost::Runtime::runUpdate() {
   for (int round = 0; round == 0 || isMarked(); ++round) {
     const bool withAnswers = round < kRoundsOfAnswers;
     if (round == kRoundsOfAnswers + 1) break;
@@ -207,13 +232,12 @@ void ViewHost::Runtime::update() {
 }
 
 void ViewHost::Runtime::runPasses() {
-  inPass_ = true;
+  const Setting pass(inPass_, true);
   ++layoutPass_;
   rebuild();
   animated_ = false;
   layout();
   scroll();
-  inPass_ = false;
 }
 
 void ViewHost::Runtime::rebuild() {
@@ -296,9 +320,10 @@ void ViewHost::Runtime::runCalls(bool withAnswers) {
 
 void ViewHost::Runtime::present() {
   if (!presenter_.isMarked()) return;
-  inPass_ = true;
-  const PresentationChanges changes = presenter_.present(*root_, fades_);
-  inPass_ = false;
+  const PresentationChanges changes = [this] {
+    const Setting pass(inPass_, true);
+    return presenter_.present(*root_, fades_);
+  }();
   if (changes.changed.empty() && changes.removed.empty() && changes.damage.empty()) return;
   counters_.nodesChanged += changes.changed.size();
   // A copy: the observer may take itself away, or end the host.

@@ -93,6 +93,7 @@ private:
 
   void schedule();
   bool isMarked() const;
+  void runUpdate();
   void runPasses();
   void rebuild();
   void layout();

@@ -126,8 +126,7 @@ TEST_F(AnalyzerPortsStoreTest, FallsBackFromWhatIsNoList) {
                                             bytes("[" + good),
                                             bytes(good),
                                             bytes("null"),
-                                            bytes("[" + good + ",5]"),
-                                            bytes("[" + good + ",{}]"),
+                                            bytes("[5]"),
                                             bytes(R"([{"protocolName":7,"protocolPorts":"53"}])"),
                                             bytes(R"([{"protocolName":"DNS","protocolPorts":{"a":1}}])"),
                                             bytes(R"([{"protocolName":"DNS","protocolPorts":[53.5]}])"),
@@ -136,6 +135,61 @@ TEST_F(AnalyzerPortsStoreTest, FallsBackFromWhatIsNoList) {
   for (const PreferenceValue& value : values) {
     EXPECT_THAT(decoded(value), ElementsAre("fallback|1|0"));
   }
+}
+
+TEST_F(AnalyzerPortsStoreTest, UnreadableElementsAreSkippedAndStoredAgainWhereTheyStood) {
+  constexpr const char* kBroken = R"({"protocolName":7,"note":1.50})";
+  const auto good = [](const char* name) {
+    return R"({"id":")" + std::string(kId) + R"(","protocolName":")" + name +
+           R"(","protocolPorts":"1","sourceProtocol":0})";
+  };
+  const std::string before = std::string("[") + kBroken + "," + good("A") + ",5," + good("B") + ",{}]";
+  EXPECT_THAT(decoded(bytes(before)), ElementsAre("A|1|0", "B|1|0"));
+
+  auto list = store_.decode({});
+  list[1]->protocolName = "C";
+  store_.encode(list);
+  EXPECT_EQ(stored(), std::string("[") + kBroken + "," + good("A") + ",5," + good("C") + ",{}]");
+  list.pop_back();
+  store_.encode(list);
+  EXPECT_EQ(stored(), std::string("[") + kBroken + "," + good("A") + ",5,{}]");
+  store_.encode({});
+  EXPECT_EQ(stored(), std::string("[") + kBroken + ",5,{}]");
+}
+
+TEST_F(AnalyzerPortsStoreTest, PortsAreStoredInTheValidatorsFormOrAsLastRegistered) {
+  struct Case {
+    const char* before;
+    const char* typed;
+    bool reports;
+    const char* stored;
+  };
+  for (const Case& each : {
+           Case{"53", "5353, 53", false, "53,5353"},
+           Case{"53", "none", false, "53"},
+           Case{"53", "", false, "53"},
+           Case{"53, 54", "53, 54", false, "53, 54"},
+           Case{"53", "none", true, "53"},
+           Case{"53", "54", true, "53"},
+       }) {
+    SCOPED_TRACE(each.typed);
+    const auto protocol = record("DNS", each.before, 0);
+    if (each.reports) protocol->setPortController(QEVPortsController::sharedPortsController());
+    protocol->protocolPorts = each.typed;
+    store_.encode({protocol});
+    EXPECT_EQ(store_.decode({}).at(0)->protocolPorts.get(), each.stored);
+    EXPECT_EQ(protocol->protocolPorts.get(), each.typed);
+  }
+}
+
+TEST_F(AnalyzerPortsStoreTest, RefusedNameAndSourceAreNotStored) {
+  const auto protocol = record("DNS", "53", kQEVSourceProtocols::udp);
+  protocol->setPortController(QEVPortsController::sharedPortsController());
+  protocol->protocolName = "mDNS";
+  protocol->sourceProtocol = kQEVSourceProtocols::tcp;
+  protocol->reportRegistered(QEVDependencies::QEVNetworkProtocolProperty::sourceProtocol);
+  store_.encode({protocol});
+  EXPECT_EQ(described(*store_.decode({}).at(0)), "DNS|53|1");
 }
 
 TEST_F(AnalyzerPortsStoreTest, TakesAHundredThousandRecords) {
@@ -156,9 +210,9 @@ class RegisteringPreferences final : public QEVDependencies::QEVPortsPreferences
 public:
   void replaceProtoocol(const std::shared_ptr<QEVNetworkProtocol>& /*old*/,
                         const std::shared_ptr<QEVNetworkProtocol>& current,
-                        QEVDependencies::QEVNetworkProtocolProperty /*changed*/) override {
+                        QEVDependencies::QEVNetworkProtocolProperty changed) override {
     if (refuses) throw QEVDependencies::QEVError::analyzerRefusedChange;
-    current->reportRegistered();
+    current->reportRegistered(changed);
   }
   void setDefaultSettings(bool /*reset*/) override {}
 
@@ -187,7 +241,47 @@ TEST(QEVPortsControllerTest, OnlyASuccessfulRegistrationIsRemembered) {
   plugIn.refuses = false;
   plugIn.replaceProtoocol(record("", "", 0), protocol, protocolName);
   EXPECT_EQ(protocol->lastRegisteredName(), "mDNS");
+  EXPECT_EQ(protocol->lastRegisteredSource(), kQEVSourceProtocols::udp) << "the source was not what changed";
+  plugIn.replaceProtoocol(record("", "", 0), protocol, sourceProtocol);
   EXPECT_EQ(protocol->lastRegisteredSource(), kQEVSourceProtocols::tcp);
+}
+
+TEST(QEVNetworkProtocolTest, TakesOverWhatIsStoredButKeepsATextThatIsBeingTyped) {
+  const auto protocol = record("DNS", "53", kQEVSourceProtocols::udp);
+  const auto stored = record("mDNS", "5353", kQEVSourceProtocols::both);
+  EXPECT_TRUE(protocol->takeOver(*stored));
+  EXPECT_EQ(described(*protocol), "mDNS|5353|3");
+  EXPECT_FALSE(protocol->takeOver(*stored));
+
+  protocol->protocolPorts = "90";
+  EXPECT_TRUE(protocol->takeOver(*record("LLMNR", "5355", kQEVSourceProtocols::both)));
+  EXPECT_EQ(described(*protocol), "LLMNR|90|3");
+  EXPECT_EQ(protocol->lastRegisteredPorts(), "5355");
+}
+
+TEST(QEVNetworkProtocolTest, CopyIsWhatDecodingTheEncodedRecordGives) {
+  for (const char* text : {
+           R"({"note":{"a":[1.50]},"protocolName":"\u0044NS","protocolPorts":[53,54],"size":"large"})",
+           R"({"id":"3f2504e0-4f89-41d3-9a0c-0305e82c3301","protocolName":"A","ethertype":"x","size":3e0})",
+       }) {
+    const auto json = foundation::JSON::parse(text);
+    ASSERT_TRUE(json);
+    const auto decoded = QEVNetworkProtocol::decoded(*json);
+    ASSERT_TRUE(decoded);
+    (*decoded)->protocolName = "mDNS";
+    const auto copy = (*decoded)->copied();
+    ASSERT_TRUE(copy);
+    const auto textOf = [](const QEVNetworkProtocol& protocol) {
+      foundation::JSONWriter writer;
+      protocol.encode(writer);
+      return writer.takeText();
+    };
+    EXPECT_EQ(textOf(**copy), textOf(**decoded));
+    EXPECT_EQ((*copy)->lastRegisteredName(), "mDNS");
+    (*copy)->protocolPorts = "1";
+    EXPECT_NE((*decoded)->protocolPorts.get(), "1");
+  }
+  EXPECT_EQ((*record("\xFF", "1", 0)->copied())->protocolName.get(), "\uFFFD");
 }
 
 TEST(QEVNetworkProtocolTest, AnnouncesItsOwnChangesAndItsErrors) {

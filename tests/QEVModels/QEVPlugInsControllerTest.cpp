@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -42,6 +43,27 @@ TEST(QEVPlugInsControllerTest, ListsPlugInsInTheOrderOfTheirRegistration) {
   manager.unregisterPlugIn(dns);
   manager.unregisterPlugIn(arp);
   EXPECT_THAT(titles(), ElementsAre());
+}
+
+TEST(QEVPlugInsControllerTest, OwnsThePreferencesObjectUntilThePlugInIsUnloadedOrReplaced) {
+  struct Preferences final : QEVDependencies::QEVPreferencesObject {};
+  auto& manager = QEVPlugInsController::sharedManager();
+  QEVPlugInStructure dns = plugIn(foundation::UUID::random(), "DNS");
+  const auto load = [&] {
+    const auto preferences = std::make_shared<Preferences>();
+    dns.plugInPreferencesInstance = preferences;
+    manager.registerPlugIn(dns);
+    return std::weak_ptr<Preferences>(preferences);
+  };
+  const auto first = load();
+  const auto snapshot = manager.snapshot();
+  EXPECT_FALSE(first.expired());
+  const auto second = load();
+  EXPECT_TRUE(first.expired());
+  EXPECT_FALSE(second.expired());
+  manager.unregisterPlugIn(dns.id);
+  EXPECT_TRUE(second.expired());
+  EXPECT_EQ(snapshot->front().plugInPreferencesInstance.lock(), nullptr);
 }
 
 TEST(QEVPlugInsControllerTest, ASnapshotStaysAsItIsAndIsSharedUntilSomethingChanges) {

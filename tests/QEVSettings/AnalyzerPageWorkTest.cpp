@@ -123,7 +123,7 @@ TEST_P(AnalyzerPageWorkTest, IsNoMoreThanTheChangeNeeds) {
   EXPECT_EQ(workOf([&] { window().type("8"); }, [] {}), work(4, 1, 1, 85)) << "a key typed: the cells of its row";
   int selected = 0;
   const auto next = [&] { select(selected = 1 - selected); };
-  EXPECT_EQ(workOf(next, [] {}), work(62, 197, 152, 2992)) << "a selection";
+  EXPECT_EQ(workOf(next, [] {}), work(62, 197, 152, 2953)) << "a selection";
 }
 
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)

@@ -1,8 +1,5 @@
-#include "AnalyzerWindowTest.hpp"
+#include "PortsEditorTest.hpp"
 #include "QEVDependencies/QEVError.hpp"
-#include "QEVDependencies/QEVProtocolKonstants.hpp"
-#include "QEVModels/AnalyzerPortsStore.hpp"
-#include "foundation/NotificationCenter.hpp"
 
 #include <gmock/gmock.h>
 
@@ -13,78 +10,19 @@ namespace {
 
 using headless::Key;
 using QEVDependencies::QEVError;
-using QEVDependencies::QEVProtocolKonstants;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using viewkit::Role;
 
-constexpr const char* kKey = "com_velloquin_qev_test_protocols";
-
-// An analyzer of two protocols; the journal tells the controller's calls, the writes of the list and the
-// notifications in one order.
-class CompactPortsEditorViewTest : public AnalyzerWindowTest {
-protected:
-  CompactPortsEditorViewTest() {
-    preferences->config = {.ports = {{.networkProtocolKey = kKey,
-                                      .defaultProtocolNames = {"HTTP", "Proxy", "WebSocket"},
-                                      .defaultPorts = factory}}};
-    load("Web", preferences);
-  }
-
-  // While the journal is still there.
-  ~CompactPortsEditorViewTest() override { close(); }
-
-  headless::Window& show() {
-    headless::Window& window = open();
-    journal.clear();
-    return window;
-  }
-
-  std::vector<std::string> storedPorts() {
-    std::vector<std::string> texts;
-    for (const auto& each : QEVModels::AnalyzerPortsStore(kKey, store.underneath()).decode({})) {
-      texts.push_back(each->protocolName.get() + " " + each->protocolPorts.get());
-    }
-    return texts;
-  }
-
-  static std::vector<std::string> shownPorts(const headless::Window& window) {
-    std::vector<std::string> texts;
-    for (const auto& field : window.findAll(Role::textField)) texts.push_back(field.value());
-    return texts;
-  }
-
-  static void type(headless::Window& window, std::size_t row, std::string_view text) {
-    window.click(window.findAll(Role::textField)[row]);
-    window.selectAll();
-    window.type(text);
-  }
-
-  static headless::Element menu(const headless::Window& window, const char* label, std::size_t row) {
-    std::vector<headless::Element> menus = window.findAll(Role::menuButton);
-    std::erase_if(menus, [&](const headless::Element& each) { return each.label() != label; });
-    return menus.at(row);
-  }
-
-  Journal journal;
-  QEVDependencies::QEVNetworkProtocolList factory{protocol("HTTP", "80", 1), protocol("Proxy", "3128,8080", 1)};
-  std::shared_ptr<PortsPreferences> preferences = std::make_shared<PortsPreferences>(journal);
-
-private:
-  QEVSettings::Subscription stored_ = store.observe(kKey, [this](std::string_view) { journal.push_back("store"); });
-  QEVSettings::Subscription listChanged_ = foundation::NotificationCenter::defaultCenter().observe(
-      rawValue(static_cast<QEVProtocolKonstants>(9)), [this](std::string_view) { journal.push_back("notify 9"); });
-  QEVSettings::Subscription portsChanged_ = foundation::NotificationCenter::defaultCenter().observe(
-      rawValue(static_cast<QEVProtocolKonstants>(3)), [this](std::string_view) { journal.push_back("notify 3"); });
-};
+using CompactPortsEditorViewTest = PortsEditorTest;
 
 TEST_F(CompactPortsEditorViewTest, ShowsTheStoredListOrElseTheFactoryList) {
   EXPECT_THAT(shownPorts(show()), ElementsAre("80", "3128,8080"));
-  EXPECT_FALSE(store.underneath().objectForKey(kKey)) << "being shown stores nothing";
+  EXPECT_FALSE(store.underneath().objectForKey(kPortsKey)) << "being shown stores nothing";
 
   close();
-  QEVModels::AnalyzerPortsStore(kKey, store.underneath()).encode({protocol("", "1-5", 3), protocol("X", "9", 77)});
+  QEVModels::AnalyzerPortsStore(kPortsKey, store.underneath()).encode({protocol("", "1-5", 3), protocol("X", "9", 77)});
   headless::Window& window = show();
   EXPECT_THAT(shownPorts(window), ElementsAre("1-5", "9"));
   EXPECT_EQ(menu(window, "Name", 0).value(), "Select");
@@ -160,12 +98,12 @@ TEST_F(CompactPortsEditorViewTest, StopsWhereTheAnalyzerRefuses) {
   EXPECT_THAT(journal, ElementsAre("replace Proxy 3128,8080 1 by Proxy 1 1, ports"));
   ASSERT_EQ(window.findAll(Role::alert).size(), 2U);
   EXPECT_EQ(window.findAll(Role::alert)[1].label(), "Error");
-  EXPECT_FALSE(store.underneath().objectForKey(kKey));
+  EXPECT_FALSE(store.underneath().objectForKey(kPortsKey));
   preferences->refuse = nullptr;
 }
 
 TEST_F(CompactPortsEditorViewTest, ResetsRowByRowAndStoresTheFactoryList) {
-  QEVModels::AnalyzerPortsStore(kKey, store.underneath())
+  QEVModels::AnalyzerPortsStore(kPortsKey, store.underneath())
       .encode({protocol("HTTP", "8000", 1), protocol("Unknown", "5", 1), protocol("Proxy", "", 1),
                protocol("Proxy", "9", 2)});
   headless::Window& window = show();
@@ -190,7 +128,7 @@ TEST_F(CompactPortsEditorViewTest, CommitsWhatWasTypedWhenItGoesAway) {
   };
   for (const auto& [name, leave] : goAway) {
     SCOPED_TRACE(name);
-    store.underneath().removeObject(kKey);
+    store.underneath().removeObject(kPortsKey);
     store.underneath().setInteger(0, "QEVAnalyzerSettingsSelectedIndex");
     headless::Window& window = show();
     type(window, 0, "99,98");

@@ -1,8 +1,13 @@
 #include "AnalyzerWindowTest.hpp"
+#include "QEVDependencies/QEVError.hpp"
 #include "appkit/Event.hpp"
+#include "support/LogCapture.hpp"
 #include "viewkit/Text.hpp"
 
 #include <gmock/gmock.h>
+
+#include <stdexcept>
+#include <tuple>
 
 namespace QEVSettings {
 namespace {
@@ -210,6 +215,39 @@ TEST_F(QEVAnalyzerSettingsViewTest, SaysWhatAnAnalyzerHasToOffer) {
     EXPECT_EQ(window.find(Role::toggle, "An option").exists(), each.showsOption);
     EXPECT_EQ(window.find(Role::textField).exists(), each.showsPorts);
     EXPECT_EQ(window.findText(kNotPortBased).exists(), !each.showsPorts);
+  }
+}
+
+struct ThrowingView {
+  viewkit::View body() const { throw std::runtime_error("broken"); }
+};
+
+TEST_F(QEVAnalyzerSettingsViewTest, WhatAnAnalyzerThrowsIsShownOnItsPage) {
+  const auto with = [](std::function<viewkit::View()> extraContent) {
+    auto preferences = std::make_shared<AnalyzerPreferences>();
+    preferences->config = {.toggles = {{.id = "1", .defaultsKey = "key", .labelKey = "An option"}},
+                           .extraContent = std::move(extraContent)};
+    return preferences;
+  };
+  const auto description = with({});
+  description->refuseToDescribe = [] { throw std::runtime_error("broken"); };
+  load("Sound", with({}));
+  load("Description", description);
+  load("Content", with([]() -> viewkit::View { throw QEVDependencies::QEVError::analyzerNotRunning; }));
+  load("Content's body", with([] { return ThrowingView{}; }));
+
+  const support::LogCapture log;
+  headless::Window& window = open();
+  for (const auto& [title, error, showsOption] : {std::tuple{"Description", "Error", false},
+                                                  {"Content", "Error\nThe analyzer is not running.", true},
+                                                  {"Content's body", "Error", true}}) {
+    SCOPED_TRACE(title);
+    window.click(window.find(Role::listItem, title));
+    EXPECT_TRUE(showsDetailsOf(window, title));
+    EXPECT_THAT(window.find(Role::alert).label(), testing::StartsWith(error));
+    EXPECT_EQ(window.find(Role::toggle, "An option").exists(), showsOption);
+    window.click(window.find(Role::listItem, "Sound"));
+    EXPECT_FALSE(window.find(Role::alert).exists());
   }
 }
 

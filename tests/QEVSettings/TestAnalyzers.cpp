@@ -27,11 +27,11 @@ void PortsPreferences::replaceProtoocol(const std::shared_ptr<QEVNetworkProtocol
   journal_.push_back("replace " + described(*old) + " by " + described(*current) + ", " +
                      properties.at(static_cast<std::size_t>(changed)));
   if (refuse) refuse();
-  current->reportRegistered();
 }
 
 void PortsPreferences::setDefaultSettings(bool reset) {
   journal_.push_back(reset ? "set default settings" : "leave default settings");
+  if (refuseDefaults) refuseDefaults();
 }
 
 LoadedPlugIns::~LoadedPlugIns() {

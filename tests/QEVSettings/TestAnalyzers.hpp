@@ -21,8 +21,13 @@ using Journal = std::vector<std::string>;
 class AnalyzerPreferences : public QEVDependencies::QEVPreferencesObject,
                             public QEVDependencies::QEVPluginPreferencesProtocol {
 public:
-  std::optional<QEVDependencies::AnalyzerSettingsConfig> analyzerSettingsConfig() const override { return config; }
+  std::optional<QEVDependencies::AnalyzerSettingsConfig> analyzerSettingsConfig() const override {
+    if (refuseToDescribe) refuseToDescribe();
+    return config;
+  }
   std::optional<QEVDependencies::AnalyzerSettingsConfig> config;
+  // Called for each description; may throw.
+  std::function<void()> refuseToDescribe;
 };
 
 // Writes its calls down: "replace HTTP 80 1 by HTTP 81 1, ports".
@@ -37,6 +42,8 @@ public:
 
   // Called for each replacement; may throw.
   std::function<void()> refuse;
+  // The same for each return to the defaults.
+  std::function<void()> refuseDefaults;
 
 private:
   Journal& journal_;

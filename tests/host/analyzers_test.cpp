@@ -113,7 +113,6 @@ TEST_F(PortsOfAnAnalyzer, AreTakenOverAsTheyAreReplaced) {
   current->protocolPorts = "1,11";
   preferences.replaceProtoocol(record("One", "1"), current, QEVNetworkProtocolProperty::protocolPorts);
   EXPECT_THAT(portsOf(*preferences.running()), ElementsAre("1,11", "2,22"));
-  EXPECT_EQ(current->lastRegisteredPorts(), "1,11");
   // What is being typed is not yet watched.
   current->protocolPorts = "1,11,1";
   EXPECT_THAT(portsOf(*preferences.running()), ElementsAre("1,11", "2,22"));
@@ -143,6 +142,7 @@ TEST_F(PortsOfAnAnalyzer, AreKeptByOneThatRefusesOthers) {
   EXPECT_THAT(portsOf(*preferences.running()), ElementsAre("1", "2,22"));
   EXPECT_NO_THROW(change("1", QEVNetworkProtocolProperty::protocolPorts));
   EXPECT_NO_THROW(change("1", QEVNetworkProtocolProperty::protocolName));
+  EXPECT_THROW(change("7", QEVNetworkProtocolProperty::sourceProtocol), QEVError) << "whichever member changed";
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "QEVDependencies/ErrorViewModel.hpp"
+#include "QEVDependencies/QEVNetworkProtocolProperty.hpp"
 #include "QEVDependencies/QEVPortsControllerProtocol.hpp"
 #include "foundation/JSON.hpp"
 #include "foundation/JSONWriter.hpp"
@@ -12,6 +13,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace QEVDependencies {
@@ -51,19 +53,37 @@ public:
 
   // The controller that the record reports to; the record does not keep it alive.
   void setPortController(std::weak_ptr<QEVPortsControllerProtocol> controller);
+  bool hasPortController() const { return !portController_.expired(); }
 
   // Makes the record announce its error model's changes as its own, so that who shows the record need
   // watch nothing else. To be called once, before the record is shown.
   void setupBinding();
 
-  // Tells the record's controller that an analyzer has taken the record over as it stands: the last step
-  // of an analyzer's `replaceProtoocol`. Without a controller nothing happens.
-  void reportRegistered();
+  // Tells the record's controller that the member has been registered as it stands. Whoever changed it calls
+  // this after the analyzer took the change over. Without a controller nothing happens.
+  void reportRegistered(QEVNetworkProtocolProperty changed);
+
+  // Brings the record, which is being edited, up to date with what is stored for it now. A name, ports or a source
+  // that were stored anew since the record was last registered are taken over, but for a ports text that was typed
+  // and is not registered yet: it stays. Everything else comes from `stored`, which then counts as registered.
+  // Returns whether a name, ports or a source changed.
+  bool takeOver(const QEVNetworkProtocol& stored);
+
+  // The three values that a person edits.
+  struct Values {
+    std::string_view name;
+    std::string_view ports;
+    std::int64_t source = 0;
+  };
+  Values values() const { return {protocolName.get(), protocolPorts.get(), sourceProtocol.get()}; }
+  Values lastRegisteredValues() const { return {lastRegisteredName_, lastRegisteredPorts_, lastRegisteredSource_}; }
 
   // Writes the record as a JSON object with the members "id", "protocolName", "protocolPorts" and
   // "sourceProtocol", and "ethertype", "linktype" and "size" where there is one. A record that was
   // decoded keeps the other members it came with, and the exact text of those that nobody changed.
-  void encode(foundation::JSONWriter& writer) const;
+  void encode(foundation::JSONWriter& writer) const { encode(writer, values()); }
+  // The same with other values in place of the record's own.
+  void encode(foundation::JSONWriter& writer, const Values& values) const;
 
   // The record of such an object.
   //
@@ -73,7 +93,8 @@ public:
   // its own, no ports, no source, no ethertype, no linktype and no size in its place.
   static foundation::Result<std::shared_ptr<QEVNetworkProtocol>> decoded(const foundation::JSON& json);
 
-  // A record that shares nothing with this one: what decoding the encoded record gives.
+  // A record whose changes do not reach this one: what decoding the encoded record gives. Where all texts are
+  // UTF-8, as they are unless a plug-in made them otherwise, no JSON text is made for it.
   foundation::Result<std::shared_ptr<QEVNetworkProtocol>> copied() const;
 
 private:

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "QEVDependencies/QEVNetworkProtocolProperty.hpp"
+
 namespace QEVDependencies {
 
 class QEVNetworkProtocol;
@@ -12,12 +14,12 @@ public:
   QEVPortsControllerProtocol& operator=(const QEVPortsControllerProtocol&) = delete;
   virtual ~QEVPortsControllerProtocol() = default;
 
-  // An analyzer watches from now on what the record says as it stands.
-  virtual void registered(QEVNetworkProtocol& protocol) = 0;
+  // An analyzer goes from now on by the record's member `changed` as it stands.
+  virtual void registered(QEVNetworkProtocol& protocol, QEVNetworkProtocolProperty changed) = 0;
 
 protected:
-  // Copies the record's name, ports and source to its last registered ones. Only a controller can.
-  static void bringUpToDate(QEVNetworkProtocol& protocol);
+  // Copies the member to the record's last registered one. Only a controller can.
+  static void bringUpToDate(QEVNetworkProtocol& protocol, QEVNetworkProtocolProperty changed);
 };
 
 }  // namespace QEVDependencies

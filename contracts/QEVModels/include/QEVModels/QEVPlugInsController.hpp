@@ -3,8 +3,8 @@
 #include "QEVDependencies/QEVPlugInStructure.hpp"
 #include "foundation/UUID.hpp"
 
+#include <map>
 #include <memory>
-#include <set>
 #include <vector>
 
 namespace QEVModels {
@@ -21,8 +21,9 @@ public:
   // copies nothing as long as nothing is.
   std::shared_ptr<const PlugIns> snapshot() const { return plugInStructs_; }
 
-  // For the host, while it loads and unloads plug-ins. A plug-in whose id is registered already takes
-  // the place of the one that has it; removing an unknown one does nothing.
+  // For the host, while it loads and unloads plug-ins. The registry keeps a plug-in's preferences object alive
+  // from its registration to its removal; all others refer to it weakly. A plug-in whose id is registered already
+  // takes the place of the one that has it; removing an unknown one does nothing.
   void registerPlugIn(QEVDependencies::QEVPlugInStructure plugIn);
   void unregisterPlugIn(foundation::UUID id);
 
@@ -33,7 +34,8 @@ private:
   PlugIns& changed();
 
   std::shared_ptr<PlugIns> plugInStructs_ = std::make_shared<PlugIns>();
-  std::set<foundation::UUID> ids_;
+  // The preferences object of each registered plug-in, by the plug-in's id.
+  std::map<foundation::UUID, std::shared_ptr<QEVDependencies::QEVPreferencesObject>> preferences_;
 };
 
 }  // namespace QEVModels

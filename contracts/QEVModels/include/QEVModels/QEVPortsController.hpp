@@ -12,7 +12,8 @@ public:
   // The one that every record reports to.
   static const std::shared_ptr<QEVDependencies::QEVPortsControllerProtocol>& sharedPortsController();
 
-  void registered(QEVDependencies::QEVNetworkProtocol& protocol) override;
+  void registered(QEVDependencies::QEVNetworkProtocol& protocol,
+                  QEVDependencies::QEVNetworkProtocolProperty changed) override;
 };
 
 }  // namespace QEVModels

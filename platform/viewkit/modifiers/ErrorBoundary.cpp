@@ -1,0 +1,41 @@
+#include "viewkit/ErrorBoundary.hpp"
+
+#include "ModifierNode.hpp"
+
+#include <memory>
+#include <utility>
+
+namespace viewkit {
+
+namespace {
+
+class ErrorBoundaryValue final : public ModifierValue {
+public:
+  ErrorBoundaryValue(View content, ErrorView errorView) : ModifierValue(std::move(content)), errorView(errorView) {}
+
+  std::unique_ptr<Node> makeNode() const override;
+  std::string kind() const override { return "ErrorBoundary"; }
+
+  const ErrorView errorView;
+};
+
+class ErrorBoundaryNode final : public ModifierNode {
+protected:
+  const InheritedPtr& inheritedByContent() override {
+    return handedOn_.from(inheritedPtr(),
+                          [this](Inherited& next) { next.errorView = valueAs<ErrorBoundaryValue>().errorView; });
+  }
+
+private:
+  HandedOn handedOn_;
+};
+
+std::unique_ptr<Node> ErrorBoundaryValue::makeNode() const { return std::make_unique<ErrorBoundaryNode>(); }
+
+}  // namespace
+
+View errorBoundary(const View& content, ErrorView errorView) {
+  return modifiedView<ErrorBoundaryValue>(content, errorView);
+}
+
+}  // namespace viewkit
