@@ -1,10 +1,14 @@
 #include "QEVSettings/StorageNotices.hpp"
 
 #include "QEVCommonTools/PlainText.hpp"
+#include "foundation/MainQueue.hpp"
 #include "resource_bundle_accessor.hpp"
 
 #include <algorithm>
+#include <functional>
+#include <memory>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 namespace QEVSettings {
@@ -28,6 +32,22 @@ struct SeenRecoveries {
 SeenRecoveries& seenRecoveries() {
   static SeenRecoveries seen;
   return seen;
+}
+
+// Calls `update` on a later turn of the main queue when the store has announced a change of its storage:
+// the store may do that within a read, and so while the body of a view runs.
+foundation::Subscription observeStorageLater(PreferencesStore& store, std::function<void()> update) {
+  struct Observation {
+    std::function<void()> update;
+    Subscription subscription;
+  };
+  const auto observation = std::make_shared<Observation>(Observation{std::move(update), {}});
+  observation->subscription = store.observeStorage([weak = std::weak_ptr(observation)] {
+    foundation::MainQueue::mainQueue().async([weak] {
+      if (const auto observation = weak.lock()) observation->update();
+    });
+  });
+  return foundation::Subscription([observation] { observation->subscription.cancel(); });
 }
 
 bool isRecovery(const StoreOpening& opening) {
@@ -78,11 +98,12 @@ std::string recoveryText(const StoreOpening& opening) {
 StorageNotices::StorageNotices(PreferencesStore& store)
     : opening_(store.opening()),
       problem_(store.storageProblem()),
-      storageSubscription_(store.observeStorage([this, &store] {
-        objectWillChange().announce();
-        opening_ = store.opening();
-        problem_ = store.storageProblem();
-      })),
+      storageSubscription_(observeStorageLater(store,
+                                               [this, &store] {
+                                                 objectWillChange().announce();
+                                                 opening_ = store.opening();
+                                                 problem_ = store.storageProblem();
+                                               })),
       seenSubscription_(seenRecoveries().changed.subscribe([this] { objectWillChange().announce(); })) {}
 
 StorageNotices::~StorageNotices() {

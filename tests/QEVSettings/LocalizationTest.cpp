@@ -259,12 +259,14 @@ TEST_F(LocalizationTest, AsksTheTablesForEveryTextAndForNothingElse) {
     texts.see(SettingsWindowTest::open(Tabs::general));
   }
   store.setStorageProblem(std::nullopt);
-  for (const StoreOpening& opening : {StoreOpening{.outcome = StoreOpening::Outcome::restored},
-                                      StoreOpening{.outcome = StoreOpening::Outcome::restored, .lostKeys = 3},
-                                      StoreOpening{.outcome = StoreOpening::Outcome::begunEmpty},
-                                      StoreOpening{.outcome = StoreOpening::Outcome::inMemory}}) {
-    store.setOpening(opening);
-    texts.see(SettingsWindowTest::open(Tabs::general));
+  StoreOpening opening;
+  for (const auto outcome :
+       {StoreOpening::Outcome::restored, StoreOpening::Outcome::begunEmpty, StoreOpening::Outcome::inMemory}) {
+    opening.outcome = outcome;
+    for (opening.lostKeys = 0; opening.lostKeys < 2; ++opening.lostKeys) {
+      store.setOpening(opening);
+      texts.see(SettingsWindowTest::open(Tabs::general));
+    }
   }
 
   for (int i = 0; i < 10; ++i) texts.see(QEVCommonTools::localized(message(static_cast<QEVDependencies::QEVError>(i))));

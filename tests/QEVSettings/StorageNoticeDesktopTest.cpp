@@ -55,7 +55,7 @@ TEST_F(StorageNoticeDesktopTest, EachProblemIsSpokenOnceAndTheWindowGrowsForIt) 
 }
 
 TEST_F(StorageNoticeDesktopTest, RecoveryIsDismissedByKeyboard) {
-  store.setOpening({.outcome = StoreOpening::Outcome::restored, .message = "restored", .lostKeys = 2});
+  store.setOpening({.outcome = StoreOpening::Outcome::restored, .message = "restored", .copyTime = {}, .lostKeys = 2});
   settle();
   ASSERT_TRUE(has(QAccessible::AlertMessage));
   widget(QAccessible::PushButton, "Dismiss").setFocus();
