@@ -50,7 +50,8 @@ struct DetailBox {
                                       Spacer(),
                                       Text(localized("Nothing selected")).font(Font::title()),
                                       Spacer(),
-                                  })})
+                                  })
+                               .frame(FlexibleFrame{.maxWidth = kUnlimited})})
           .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::leading()});
     }
     return View(

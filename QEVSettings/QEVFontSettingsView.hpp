@@ -1,16 +1,27 @@
 #pragma once
 
-#include "viewkit/State.hpp"
+#include "appkit/Font.hpp"
 #include "viewkit/View.hpp"
 
-#include <optional>
 #include <string>
+#include <vector>
 
 namespace QEVSettings {
 
-// The Fonts page: six fonts of the application's panes, each with a sample, kept in the preferences
-// store. A sample's text is taken when the page is built and when the page itself changes the font; a
-// change made elsewhere shows when the page is built again.
+// What a row's preview shows: the description of a font, drawn in that font.
+struct FontSample {
+  explicit FontSample(const appkit::Font& font);
+
+  std::string description;
+  appkit::Font font;
+
+  friend bool operator==(const FontSample&, const FontSample&) = default;
+};
+
+// The Fonts page: six fonts of the application's panes, each with a preview, kept in the
+// preferences store. A preview is taken when the page is built and when the page itself changes the
+// font; a change made elsewhere shows there when the page is built again, and in the font's picker
+// at once.
 class QEVFontSettingsView {
 public:
   QEVFontSettingsView();
@@ -18,14 +29,8 @@ public:
   viewkit::View body() const;
 
 private:
-  using Description = viewkit::State<std::optional<std::string>>;
-
-  Description packetTableFontDescription_;
-  Description consoleFontDescription_;
-  Description protocolDetailsFontDescription_;
-  Description statisticsFontDescription_;
-  Description dataSourcesHeadFontDescription_;
-  Description dataSourcesListFontDescription_;
+  // The previews that the page begins with, in the order in which it read the fonts.
+  std::vector<FontSample> samples_;
 };
 
 }  // namespace QEVSettings

@@ -1,9 +1,6 @@
 #include "QEVGeneralSettingsView.hpp"
 
-#include "QEVCommonTools/ColorRawValue.hpp"
 #include "QEVCommonTools/Hairline.hpp"
-#include "QEVCommonTools/RectCorner.hpp"
-#include "QEVCommonTools/RoundedBorderStyle.hpp"
 #include "QEVCommonTools/Spacing.hpp"
 #include "SettingsIconRow.hpp"
 #include "SettingsSectionHeader.hpp"
@@ -13,8 +10,6 @@
 #include "resource_bundle_accessor.hpp"
 #include "viewkit/Controls.hpp"
 #include "viewkit/GroupBox.hpp"
-#include "viewkit/Image.hpp"
-#include "viewkit/Shape.hpp"
 #include "viewkit/Stacks.hpp"
 #include "viewkit/Text.hpp"
 
@@ -25,14 +20,8 @@
 namespace QEVSettings {
 
 using namespace viewkit;
-using QEVCommonTools::cornerRadius;
 using QEVCommonTools::Hairline;
-using QEVCommonTools::kCornerHigh;
-using QEVCommonTools::klear;
 using QEVCommonTools::points;
-using QEVCommonTools::RectCorner;
-using QEVCommonTools::roundedBorder;
-using QEVCommonTools::RoundedBorderStyle;
 using QEVCommonTools::Spacing;
 using sparkle::SPUUpdater;
 
@@ -102,48 +91,13 @@ View QEVGeneralSettingsView::appearanceSwitch() const {
 }
 
 View QEVGeneralSettingsView::modeButton(AppearanceMode mode, const std::string& label) const {
-  const bool isSelected = mode == currentMode();
-  const bool isHovered = appearanceIsHovered_.get() == mode;
-
-  const View content =
-      VStack({.spacing = points(Spacing::s4)},
-             {
-                 roundedBorder(cornerRadius(thumbnail(mode).frame(FixedFrame{.width = 93, .height = 56}), kCornerHigh,
-                                            RectCorner::allCorners),
-                               RoundedBorderStyle::line, kCornerHigh, isSelected ? Color::accent() : klear(), 2),
-                 Text(label).font(Font::caption()).foreground(isSelected ? Color::accent() : Color::secondary()),
-             })
-          .padding(Edges::horizontal, points(Spacing::s6))
-          .padding(Edges::top, points(Spacing::s5))
-          .padding(Edges::bottom, points(Spacing::s4))
-          .background(RoundedRectangle(kCornerHigh).fill(isHovered ? Color::primary().withOpacity(0.06) : klear()))
-          .onHover([self = *this, mode](bool inside) {
-            self.appearanceIsHovered_.set(inside ? std::optional(mode) : std::nullopt);
-          });
-
-  return PlainButton(content, [self = *this, mode] { self.selectMode(mode); })
-      .help(label)
-      .accessibilitySelected(isSelected);
+  return AppearanceModeButton{
+      .mode = mode, .label = label, .isSelected = mode == currentMode(), .select = [self = *this, mode] {
+        self.selectMode(mode);
+      }};
 }
 
-View QEVGeneralSettingsView::thumbnail(AppearanceMode mode) {
-  View light = Image::named("QEVAquaIcon").resizable().scaledToFill();
-  View dark = Image::named("QEVAquaDarkIcon").resizable().scaledToFill();
-  switch (mode) {
-    case AppearanceMode::light: return light;
-    case AppearanceMode::dark: return dark;
-    case AppearanceMode::automatic: break;
-  }
-  return ZStack(Alignment::centered(), {
-                                           light,
-                                           dark.frame(FixedFrame{.width = 93, .height = 56})
-                                               .frame(FixedFrame{.width = 46.5, .alignment = Alignment::trailing()})
-                                               .clipped()
-                                               .frame(FixedFrame{.width = 93, .alignment = Alignment::trailing()}),
-                                       });
-}
-
-QEVGeneralSettingsView::AppearanceMode QEVGeneralSettingsView::currentMode() const {
+AppearanceMode QEVGeneralSettingsView::currentMode() const {
   if (appearanceUseSystem_) return AppearanceMode::automatic;
   return appearanceName_.get() == kAqua ? AppearanceMode::light : AppearanceMode::dark;
 }

@@ -1,17 +1,15 @@
 #pragma once
 
+#include "AppearanceModeButton.hpp"
 #include "QEVDependencies/QEVAppDelegateProvider.hpp"
 #include "QEVKonstantsKeys/Keys.hpp"
 #include "QEVSettings/UpdaterViewModel.hpp"
 #include "QEVTimeZones.hpp"
 #include "viewkit/ObservedObject.hpp"
-#include "viewkit/State.hpp"
 #include "viewkit/StoredPreference.hpp"
 #include "viewkit/View.hpp"
 
-#include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 
 namespace QEVSettings {
@@ -25,15 +23,12 @@ public:
   viewkit::View body() const;
 
 private:
-  enum class AppearanceMode : std::uint8_t { light, dark, automatic };
-
   AppearanceMode currentMode() const;
   void selectMode(AppearanceMode mode) const;
 
   viewkit::View appearanceSection() const;
   viewkit::View appearanceSwitch() const;
   viewkit::View modeButton(AppearanceMode mode, const std::string& label) const;
-  static viewkit::View thumbnail(AppearanceMode mode);
 
   viewkit::View timeZoneSection() const;
   viewkit::View timeZoneRow() const;
@@ -46,7 +41,6 @@ private:
   viewkit::StoredPreference<std::string> appearanceName_{QEVKonstantsKeys::kAppearanceName};
   viewkit::StoredPreference<bool> appearanceUseSystem_{QEVKonstantsKeys::kAppearanceUseSystem};
   viewkit::StateObject<UpdaterViewModel> updaterViewModel_;
-  viewkit::State<std::optional<AppearanceMode>> appearanceIsHovered_;
 };
 
 }  // namespace QEVSettings

@@ -7,7 +7,9 @@
 #include "QEVCommonTools/Spacing.hpp"
 #include "QEVFontSettingsView.hpp"
 #include "QEVGeneralSettingsView.hpp"
+#include "StorageNotice.hpp"
 #include "resource_bundle_accessor.hpp"
+#include "viewkit/Environment.hpp"
 #include "viewkit/Stacks.hpp"
 #include "viewkit/TabView.hpp"
 
@@ -48,7 +50,8 @@ QEVSettingsView::QEVSettingsView(std::shared_ptr<UpdaterViewModel> updater,
       appDelegate_(std::move(appDelegate)),
       captureViewModel_(std::move(captureViewModel)),
       proxyTab_(std::move(proxyTab)),
-      selectedTab_(selectedTab) {}
+      selectedTab_(selectedTab),
+      storageNotices_([] { return std::make_shared<StorageNotices>(Environment::current().defaultStore); }) {}
 
 View QEVSettingsView::body() const {
   std::vector<Tab<Tabs>> tabs;
@@ -76,7 +79,10 @@ View QEVSettingsView::body() const {
                   .symbol = "character.magnify",
                   .page = page(QEVFontSettingsView(), 348, QEVHelpAnchor::settingsFonts)});
 
-  return TabView(selectedTab_.binding(), std::move(tabs))
+  const std::shared_ptr<StorageNotices>& notices = storageNotices_.get();
+  const View header = notices->isEmpty() ? View() : StorageNotice{.notices = notices};
+
+  return TabView(selectedTab_.binding(), std::move(tabs), header)
       .padding(points(Spacing::s7))
       .background(Color::windowBackground())
       .frame(FlexibleFrame{.minWidth = 720})

@@ -1,27 +1,23 @@
 #include "QEVCommonTools/FontPreferences.hpp"
 
+#include "QEVKonstantsKeys/Keys.hpp"
 #include "appkit/Application.hpp"
 
-#include <cmath>
 #include <optional>
 
 namespace QEVCommonTools {
 
 namespace {
 
+using QEVKonstantsKeys::kFontBaseProtocolStatistics;
+using QEVKonstantsKeys::kFontConsoleRaw;
+using QEVKonstantsKeys::kFontDataSourcesHead;
+using QEVKonstantsKeys::kFontDataSourcesList;
+using QEVKonstantsKeys::kFontPacketTable;
+using QEVKonstantsKeys::kFontProtocolDetails;
 using QEVSettings::PreferenceDictionary;
 using QEVSettings::PreferencesStore;
 using QEVSettings::PreferenceValue;
-
-constexpr std::string_view kPacketTable = "com_velloquin_zorvantine_fontPacketTable";
-constexpr std::string_view kConsoleRaw = "com_velloquin_zorvantine_fontConsoleRaw";
-constexpr std::string_view kProtocolDetails = "com_velloquin_zorvantine_fontProtocolDetails";
-constexpr std::string_view kBaseProtocolStatistics = "com_velloquin_zorvantine_fontBaseProtocolStatistics";
-constexpr std::string_view kDataSourcesList = "com_velloquin_zorvantine_fontDataSourcesList";
-constexpr std::string_view kDataSourcesHead = "com_velloquin_zorvantine_fontDataSourcesHead";
-
-// What no font chooser offers is damage.
-constexpr double kLargestPointSize = 1000;
 
 const appkit::FontCatalog& machine() { return appkit::Application::sharedApplication().fontCatalog(); }
 
@@ -45,9 +41,7 @@ std::optional<appkit::Font> storedFont(const PreferencesStore& store, std::strin
   appkit::Font font{.family = textAt(*values, "family"),
                     .style = textAt(*values, "style"),
                     .pointSize = numberAt(*values, "pointSize")};
-  const bool hasSize = std::isfinite(font.pointSize) && font.pointSize > 0 && font.pointSize <= kLargestPointSize;
-  if (font.family.empty() || !hasSize) return std::nullopt;
-  return font;
+  return FontPreferences::isStorable(font) ? std::optional(font) : std::nullopt;
 }
 
 appkit::Font textFont(const PreferencesStore& store, std::string_view key) {
@@ -55,58 +49,63 @@ appkit::Font textFont(const PreferencesStore& store, std::string_view key) {
 }
 
 void storeFont(PreferencesStore& store, const appkit::Font& font, std::string_view key) {
+  if (!FontPreferences::isStorable(font)) return;
   store.setObject(PreferenceDictionary{{"family", font.family}, {"style", font.style}, {"pointSize", font.pointSize}},
                   key);
 }
 
 }  // namespace
 
+bool FontPreferences::isStorable(const appkit::Font& font) {
+  return !font.family.empty() && font.pointSize > 0 && font.pointSize <= kLargestPointSize;
+}
+
 appkit::Font FontPreferences::com_velloquin_zorvantine_fontPacketTable() const {
-  return textFont(*store_, kPacketTable);
+  return textFont(*store_, kFontPacketTable);
 }
 
 void FontPreferences::setCom_velloquin_zorvantine_fontPacketTable(const appkit::Font& font) const {
-  storeFont(*store_, font, kPacketTable);
+  storeFont(*store_, font, kFontPacketTable);
 }
 
 appkit::Font FontPreferences::com_velloquin_zorvantine_fontConsoleRaw() const {
-  return storedFont(*store_, kConsoleRaw).value_or(machine().fixedPitchFont(0));
+  return storedFont(*store_, kFontConsoleRaw).value_or(machine().fixedPitchFont(0));
 }
 
 void FontPreferences::setCom_velloquin_zorvantine_fontConsoleRaw(const appkit::Font& font) const {
-  storeFont(*store_, font, kConsoleRaw);
+  storeFont(*store_, font, kFontConsoleRaw);
 }
 
 appkit::Font FontPreferences::com_velloquin_zorvantine_fontProtocolDetails() const {
-  return textFont(*store_, kProtocolDetails);
+  return textFont(*store_, kFontProtocolDetails);
 }
 
 void FontPreferences::setCom_velloquin_zorvantine_fontProtocolDetails(const appkit::Font& font) const {
-  storeFont(*store_, font, kProtocolDetails);
+  storeFont(*store_, font, kFontProtocolDetails);
 }
 
 appkit::Font FontPreferences::com_velloquin_zorvantine_fontBaseProtocolStatistics() const {
-  return textFont(*store_, kBaseProtocolStatistics);
+  return textFont(*store_, kFontBaseProtocolStatistics);
 }
 
 void FontPreferences::setCom_velloquin_zorvantine_fontBaseProtocolStatistics(const appkit::Font& font) const {
-  storeFont(*store_, font, kBaseProtocolStatistics);
+  storeFont(*store_, font, kFontBaseProtocolStatistics);
 }
 
 appkit::Font FontPreferences::com_velloquin_zorvantine_fontDataSourcesList() const {
-  return textFont(*store_, kDataSourcesList);
+  return textFont(*store_, kFontDataSourcesList);
 }
 
 void FontPreferences::setCom_velloquin_zorvantine_fontDataSourcesList(const appkit::Font& font) const {
-  storeFont(*store_, font, kDataSourcesList);
+  storeFont(*store_, font, kFontDataSourcesList);
 }
 
 appkit::Font FontPreferences::com_velloquin_zorvantine_fontDataSourcesHead() const {
-  return textFont(*store_, kDataSourcesHead);
+  return textFont(*store_, kFontDataSourcesHead);
 }
 
 void FontPreferences::setCom_velloquin_zorvantine_fontDataSourcesHead(const appkit::Font& font) const {
-  storeFont(*store_, font, kDataSourcesHead);
+  storeFont(*store_, font, kFontDataSourcesHead);
 }
 
 }  // namespace QEVCommonTools

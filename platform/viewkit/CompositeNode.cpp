@@ -34,6 +34,8 @@ std::unique_ptr<Node> CompositeViewValue::makeNode() const { return std::make_un
 
 CompositeNode* CompositeNode::running() { return runningNode; }
 
+const PlatformMetrics& CompositeNode::metrics() const { return runtime().metrics(); }
+
 void CompositeNode::apply(const ViewValue* before) {
   static_cast<void>(before);
   if (!shown_.isEmpty() && !stale_ && shownIn_ == inheritedPtr() &&

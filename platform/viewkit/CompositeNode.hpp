@@ -35,6 +35,7 @@ public:
   std::shared_ptr<Slot> slotOf(const void* member, const std::function<std::shared_ptr<Slot>()>& make);
   bool owns(const void* member) const;
   const Environment& environment() const { return inherited().environment; }
+  const PlatformMetrics& metrics() const;
 
 protected:
   void apply(const ViewValue* before) override;

@@ -14,7 +14,7 @@ bool alike(const ToggleControl& a, const ToggleControl& b) { return a.isOn == b.
 bool alike(const ColorWellControl& a, const ColorWellControl& b) {
   return a.color == b.color && a.supportsOpacity == b.supportsOpacity;
 }
-bool alike(const MenuControl& a, const MenuControl& b) { return a.title == b.title; }
+bool alike(const MenuControl& a, const MenuControl& b) { return a.title == b.title && a.kind == b.kind; }
 bool alike(const TextFieldControl& a, const TextFieldControl& b) {
   return a.text == b.text && a.placeholder == b.placeholder && a.lineLimit == b.lineLimit;
 }

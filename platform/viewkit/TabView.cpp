@@ -15,13 +15,14 @@ namespace viewkit {
 
 namespace {
 
-// Between the bar and the page.
+// Between the header, the bar and the page.
 constexpr double kSpacing = 8;
 
 class TabViewValue final : public ViewValue {
 public:
-  TabViewValue(std::vector<detail::TabPage> pages, std::int64_t selected, std::function<void(std::int64_t)> select)
-      : pages(std::move(pages)), selected(selected), select(std::move(select)) {}
+  TabViewValue(std::vector<detail::TabPage> pages, std::int64_t selected, std::function<void(std::int64_t)> select,
+               View header)
+      : pages(std::move(pages)), selected(selected), select(std::move(select)), header(std::move(header)) {}
 
   std::unique_ptr<Node> makeNode() const override;
   std::string kind() const override { return "TabView"; }
@@ -35,6 +36,7 @@ public:
   const std::vector<detail::TabPage> pages;
   const std::int64_t selected;
   const std::function<void(std::int64_t)> select;
+  const View header;
 };
 
 class TabViewNode final : public Node {
@@ -42,11 +44,13 @@ public:
   std::optional<Axis> stackAxis() const override { return Axis::vertical; }
 
   void visitChildren(const Visitor& visit) override {
+    if (header_) visit(*header_);
     if (bar_) visit(*bar_);
     for (Page& page : pages_) visit(*page.node);
   }
 
   void visitShownChildren(const Visitor& visit) override {
+    if (header_) visit(*header_);
     if (bar_) visit(*bar_);
     if (Node* page = shownPage()) visit(*page);
   }
@@ -55,6 +59,7 @@ protected:
   void apply(const ViewValue* before) override {
     static_cast<void>(before);
     const auto& value = valueAs<TabViewValue>();
+    reconcile(header_, value.header, inheritedByChildren());
     reconcile(bar_, describeBar(), inheritedByChildren());
     dropMissingPages();
     if (value.pages.empty()) {
@@ -83,20 +88,26 @@ protected:
 
   Measurement measure(const ProposedSize& proposal) override {
     const Size bar = bar_->sizeThatFits({proposal.width, std::nullopt});
-    Size page;
-    if (Node* node = shownPage()) page = node->sizeThatFits(pageProposal(proposal, bar));
-    double width = std::max(bar.width, page.width);
-    if (proposal.width) width = std::max(width, *proposal.width);
-    return {{width, bar.height + kSpacing + page.height}};
+    Node* const node = shownPage();
+    // The page gets the height that the header leaves, and the header the width that the page
+    // takes.
+    double width = std::max(bar.width, proposal.width.value_or(0));
+    if (node) width = std::max(width, node->sizeThatFits(pageProposal(proposal, bar.height + kSpacing)).width);
+    const double top = headerHeight(width) + bar.height + kSpacing;
+    const Size page = node ? node->sizeThatFits(pageProposal(proposal, top)) : Size{};
+    return {{std::max(width, page.width), top + page.height}};
   }
 
   void placeChildren() override {
+    const double header = headerHeight(size().width);
+    if (header_) placeChild(*header_, {0, 0}, {size().width, header - kSpacing});
     const Size bar = bar_->sizeThatFits({size().width, std::nullopt});
-    placeChild(*bar_, {std::floor((size().width - bar.width) / 2), 0}, bar);
+    placeChild(*bar_, {std::floor((size().width - bar.width) / 2), header}, bar);
     Node* const node = shownPage();
     if (!node) return;
-    const Size page = node->sizeThatFits(pageProposal({size().width, size().height}, bar));
-    placeChild(*node, {std::floor((size().width - page.width) / 2), bar.height + kSpacing}, page);
+    const double top = header + bar.height + kSpacing;
+    const Size page = node->sizeThatFits(pageProposal({size().width, size().height}, top));
+    placeChild(*node, {std::floor((size().width - page.width) / 2), top}, page);
   }
 
 private:
@@ -105,10 +116,16 @@ private:
     std::unique_ptr<Node> node;
   };
 
-  static ProposedSize pageProposal(const ProposedSize& proposal, Size bar) {
+  // `top` is the height of what stands above the page.
+  static ProposedSize pageProposal(const ProposedSize& proposal, double top) {
     std::optional<double> height = proposal.height;
-    if (height) *height = std::max(0.0, *height - bar.height - kSpacing);
+    if (height) *height = std::max(0.0, *height - top);
     return {proposal.width, height};
+  }
+
+  // Including the space below it; 0 without a header.
+  double headerHeight(double width) const {
+    return header_ ? header_->sizeThatFits({width, std::nullopt}).height + kSpacing : 0;
   }
 
   Node* shownPage() {
@@ -143,6 +160,7 @@ private:
     }
   }
 
+  std::unique_ptr<Node> header_;
   std::unique_ptr<Node> bar_;
   std::vector<Page> pages_;
   std::int64_t shownTag_ = 0;
@@ -153,8 +171,9 @@ std::unique_ptr<Node> TabViewValue::makeNode() const { return std::make_unique<T
 
 }  // namespace
 
-View detail::makeTabView(std::vector<TabPage> pages, std::int64_t selected, std::function<void(std::int64_t)> select) {
-  return View(std::make_shared<const TabViewValue>(std::move(pages), selected, std::move(select)));
+View detail::makeTabView(std::vector<TabPage> pages, std::int64_t selected, std::function<void(std::int64_t)> select,
+                         View header) {
+  return View(std::make_shared<const TabViewValue>(std::move(pages), selected, std::move(select), std::move(header)));
 }
 
 }  // namespace viewkit

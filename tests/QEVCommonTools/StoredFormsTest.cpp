@@ -96,6 +96,25 @@ TEST(FontPreferencesTest, YieldsAFontWhateverIsStored) {
       << "what is right is kept";
 }
 
+TEST(FontPreferencesTest, StoresOnlyWhatAGetterGivesBack) {
+  support::RecordingPreferencesStore store;
+  const FontPreferences fonts(store);
+  const auto font = [](std::string family, double size) {
+    return appkit::Font{.family = std::move(family), .style = "", .pointSize = size};
+  };
+  for (const appkit::Font& good : {font("Serif", 1000), font("Serif", 5e-324)}) {
+    fonts.setCom_velloquin_zorvantine_fontConsoleRaw(good);
+    EXPECT_EQ(fonts.com_velloquin_zorvantine_fontConsoleRaw(), good);
+  }
+  store.forget();
+  const double infinity = std::numeric_limits<double>::infinity();
+  for (const appkit::Font& bad : {font("", 12), font("Serif", 0), font("Serif", -1), font("Serif", 1000.1),
+                                  font("Serif", infinity), font("Serif", std::numeric_limits<double>::quiet_NaN())}) {
+    fonts.setCom_velloquin_zorvantine_fontConsoleRaw(bad);
+    EXPECT_TRUE(store.changes().empty()) << bad.family << ' ' << bad.pointSize;
+  }
+}
+
 TEST(PlainTextTest, TrimsEveryKindOfWhiteSpace) {
   EXPECT_EQ(trimmed("\n\t a b\u00A0\u3000\r\n"), "a b");
   EXPECT_EQ(trimmed(" \u2028 "), "");

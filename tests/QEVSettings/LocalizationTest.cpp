@@ -253,6 +253,22 @@ TEST_F(LocalizationTest, AsksTheTablesForEveryTextAndForNothingElse) {
   texts.see(SettingsWindowTest::open(Tabs::capture));
   texts.see(headless::Window(CheckForUpdatesView(updater), {.defaultStore = store}));
 
+  for (const auto problem : {StorageProblem::diskFull, StorageProblem::notWritable, StorageProblem::busy,
+                             StorageProblem::unusable, StorageProblem::noFile, StorageProblem::failing}) {
+    store.setStorageProblem(problem);
+    texts.see(SettingsWindowTest::open(Tabs::general));
+  }
+  store.setStorageProblem(std::nullopt);
+  StoreOpening opening;
+  for (const auto outcome :
+       {StoreOpening::Outcome::restored, StoreOpening::Outcome::begunEmpty, StoreOpening::Outcome::inMemory}) {
+    opening.outcome = outcome;
+    for (opening.lostKeys = 0; opening.lostKeys < 2; ++opening.lostKeys) {
+      store.setOpening(opening);
+      texts.see(SettingsWindowTest::open(Tabs::general));
+    }
+  }
+
   for (int i = 0; i < 10; ++i) texts.see(QEVCommonTools::localized(message(static_cast<QEVDependencies::QEVError>(i))));
   texts.see(QEVCommonTools::localized(message(static_cast<QEVDependencies::QEVError>(10))));
   for (const char* ports : {"x", "x,y", "70000", "70000,70001", "2-1", "2-1,3-1", "1,1", "1,1,2,2", "x,y,z,w"}) {

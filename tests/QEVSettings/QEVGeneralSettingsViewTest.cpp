@@ -96,7 +96,10 @@ TEST_F(QEVGeneralSettingsViewTest, TintsTheModeUnderThePointer) {
   headless::Window& window = open(Tabs::general);
   for (const char* mode : {"Light", "Dark", "Auto"}) {
     const auto button = window.find(Role::button, mode);
+    window.pointerLeft();
+    window.host().counters() = {};
     window.hover(button);
+    EXPECT_EQ(window.host().counters().bodiesRun, 1U) << "the button alone";
     ASSERT_EQ(tints(window).size(), 1U);
     EXPECT_TRUE(button.frame().contains(tints(window).front().origin));
   }
@@ -119,6 +122,16 @@ TEST_F(QEVGeneralSettingsViewTest, StoresTheTextOfTheZoneThatIsPicked) {
   window.settle();
   EXPECT_EQ(menu.value(), "no zone that anyone lists");
   foundation::Bundle::setMainResourceFolder(foundation::Bundle::mainBundle().folder());
+}
+
+TEST_F(QEVGeneralSettingsViewTest, EmptyStoredZoneLeavesThePopUpButton) {
+  store.underneath().setObject("", kPrefTimezoneString);
+  headless::Window& window = open(Tabs::general);
+  const auto menu = window.find(Role::menuButton, "Packet time zone");
+  ASSERT_TRUE(menu.exists()) << menu.problem();
+  EXPECT_EQ(menu.value(), "");
+  EXPECT_EQ(std::get<viewkit::MenuControl>(*menu.content().control()).kind, viewkit::MenuControl::Kind::popUpButton);
+  EXPECT_GT(menu.frame().size.width, 0);
 }
 
 TEST_F(QEVGeneralSettingsViewTest, MakesOneWriteForOneActionOnAnUpdateRow) {

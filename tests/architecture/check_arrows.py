@@ -24,7 +24,7 @@ ROOMS = {
     "qt": ("platform/qt", {"viewkit", "sparkle"}),
     "QEVLog": ("contracts/QEVLog", CONTRACT_BASE),
     "QEVKonstantsKeys": ("contracts/QEVKonstantsKeys", CONTRACT_BASE),
-    "QEVCommonTools": ("contracts/QEVCommonTools", CONTRACT_BASE),
+    "QEVCommonTools": ("contracts/QEVCommonTools", CONTRACT_BASE | {"QEVKonstantsKeys"}),
     "QEVDependencies": ("contracts/QEVDependencies", {"QEVLog", "QEVKonstantsKeys", "QEVCommonTools"}),
     "QEVModels": ("contracts/QEVModels", {"QEVDependencies"}),
     "QEVCoreComponents": ("contracts/QEVCoreComponents", {"QEVModels"}),

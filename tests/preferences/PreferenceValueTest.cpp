@@ -8,12 +8,21 @@
 #include <limits>
 #include <optional>
 #include <string>
+#include <type_traits>
 
 namespace QEVSettings {
 namespace {
 
 constexpr std::int64_t kMinimum = std::numeric_limits<std::int64_t>::min();
 constexpr std::int64_t kMaximum = std::numeric_limits<std::int64_t>::max();
+
+// A Boolean is stored from a Boolean alone: whatever merely converts to one does not compile.
+static_assert(std::is_constructible_v<PreferenceValue, bool>);
+static_assert(!std::is_constructible_v<PreferenceValue, const int*>);
+static_assert(!std::is_constructible_v<PreferenceValue, const std::string*>);
+static_assert(!std::is_constructible_v<PreferenceValue, std::optional<bool>>);
+static_assert(!std::is_constructible_v<PreferenceValue, std::optional<std::string>>);
+static_assert(!std::is_constructible_v<PreferenceValue, void (*)()>);
 
 TEST(PreferenceValue, ConvertsWhereTheTypeAllowsIt) {
   struct Case {

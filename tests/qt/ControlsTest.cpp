@@ -5,6 +5,7 @@
 #include "viewkit/ScrollView.hpp"
 #include "viewkit/Stacks.hpp"
 #include "viewkit/State.hpp"
+#include "viewkit/StoredPreference.hpp"
 #include "viewkit/TabView.hpp"
 #include "viewkit/Text.hpp"
 
@@ -14,6 +15,9 @@
 #include <QListView>
 #include <QTabBar>
 #include <QTest>
+#include <memory>
+#include <stdexcept>
+#include <string>
 #include <vector>
 
 namespace qt {
@@ -205,6 +209,105 @@ TEST_F(ControlsTest, ChoosersWriteWhileTheyAreOpen) {
   EXPECT_NEAR(colors.back().opacity, 0.5, 0.01);
   ASSERT_EQ(fonts.size(), 1U);
   EXPECT_EQ(fonts[0], (appkit::Font{"DejaVu Sans", "Bold", 20}));
+}
+
+// A font that is stored, and may be changed elsewhere.
+struct StoredFontPicker {
+  viewkit::StoredPreference<std::string> family{"picker_family", "DejaVu Sans"};
+  viewkit::StoredPreference<std::string> style{"picker_style", ""};
+  std::shared_ptr<double> size = std::make_shared<double>(9.75);
+
+  View body() const {
+    return viewkit::FontChooser("font", Binding<appkit::Font>(
+                                            [self = *this] {
+                                              return appkit::Font{self.family, self.style, *self.size};
+                                            },
+                                            [self = *this](const appkit::Font& font) {
+                                              *self.size = font.pointSize;
+                                              self.family.set(font.family);
+                                              self.style.set(font.style);
+                                            }));
+  }
+};
+
+class FontPickerTest : public WindowFixture {
+protected:
+  void SetUp() override {
+    useStore(*store);
+    open(picker);
+  }
+
+  QFontDialog& openDialog() const {
+    widget(QAccessible::PushButton, "font").setFocus();
+    press(Qt::Key_Space);
+    auto* dialog = topLevel().findChild<QFontDialog*>();
+    if (!dialog) throw std::runtime_error("the font chooser is not open");
+    return *dialog;
+  }
+  // As the lists of the dialog do.
+  static void pick(QFontDialog& dialog, const QFont& font) {
+    dialog.setCurrentFont(font);
+    settle();
+  }
+  std::string stored(const char* key) const { return store->stringForKey(key).value_or(""); }
+
+  std::unique_ptr<foundation::UserDefaults> store = foundation::UserDefaults::inMemory();
+  StoredFontPicker picker;
+};
+
+TEST_F(FontPickerTest, OpensOnTheStoredFontAndFollowsIt) {
+  store->setObject("DejaVu Serif", "picker_family");
+  QFontDialog& dialog = openDialog();
+  EXPECT_EQ(dialog.currentFont().family(), "DejaVu Serif");
+  store->setObject("DejaVu Sans Mono", "picker_family");
+  settle();
+  EXPECT_EQ(dialog.currentFont().family(), "DejaVu Sans Mono");
+
+  QFont larger = dialog.currentFont();
+  larger.setPointSize(20);
+  pick(dialog, larger);
+  EXPECT_EQ(stored("picker_family"), "DejaVu Sans Mono") << "only the size was chosen";
+  EXPECT_EQ(*picker.size, 20);
+}
+
+TEST_F(FontPickerTest, FamilyAndStyleLeaveTheSizeAlone) {
+  QFontDialog& dialog = openDialog();
+  QFont other = dialog.currentFont();
+  other.setFamilies({"DejaVu Serif"});
+  pick(dialog, other);
+  EXPECT_EQ(stored("picker_family"), "DejaVu Serif");
+  EXPECT_EQ(*picker.size, 9.75);
+  other = dialog.currentFont();
+  other.setPointSize(12);
+  pick(dialog, other);
+  EXPECT_EQ(*picker.size, 12);
+}
+
+TEST_F(FontPickerTest, SizeLeavesAFamilyAloneThatTheMachineLacks) {
+  store->setObject("A Font of Elsewhere", "picker_family");
+  QFontDialog& dialog = openDialog();
+  QFont larger = dialog.currentFont();
+  larger.setPointSize(20);
+  pick(dialog, larger);
+  EXPECT_EQ(stored("picker_family"), "A Font of Elsewhere");
+  EXPECT_EQ(*picker.size, 20);
+}
+
+TEST_F(ControlsTest, PopUpButtonWithoutTitleIsSeenAndOpens) {
+  std::string picked;
+  open(viewkit::PopUpMenu("", [&] {
+         return std::vector<viewkit::MenuItem>{{.title = "Zone", .action = [&] { picked = "Zone"; }}};
+       }).accessibilityLabel("zones"));
+  QWidget& button = widget(QAccessible::ButtonMenu, "zones");
+  EXPECT_TRUE(button.isVisible());
+  EXPECT_GT(button.width(), 16);
+  button.setFocus();
+  press(Qt::Key_Space);
+  ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+  QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
+  QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+  settle();
+  EXPECT_EQ(picked, "Zone");
 }
 
 TEST_F(ControlsTest, FocusBringsWhatIsHiddenIntoSight) {

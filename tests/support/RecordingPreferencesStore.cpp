@@ -64,6 +64,20 @@ QEVSettings::Subscription RecordingPreferencesStore::observeAll(Observer observe
   return store_->observeAll(std::move(observer));
 }
 
+QEVSettings::Subscription RecordingPreferencesStore::observeStorage(std::function<void()> observer) {
+  return storageChanged_.subscribe(std::move(observer));
+}
+
+void RecordingPreferencesStore::setOpening(QEVSettings::StoreOpening opening) {
+  opening_ = std::move(opening);
+  storageChanged_.announce();
+}
+
+void RecordingPreferencesStore::setStorageProblem(std::optional<QEVSettings::StorageProblem> problem) {
+  problem_ = problem;
+  storageChanged_.announce();
+}
+
 }  // namespace support
 
 namespace QEVSettings {

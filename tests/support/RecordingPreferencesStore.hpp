@@ -1,8 +1,10 @@
 #pragma once
 
 #include "QEVSettings/preferences/PreferencesStore.hpp"
+#include "foundation/ObservableObject.hpp"
 #include "foundation/UserDefaults.hpp"
 
+#include <functional>
 #include <iosfwd>
 #include <memory>
 #include <optional>
@@ -47,16 +49,26 @@ public:
   // The store itself: what is done to it directly is not written down, but observers hear of it.
   foundation::UserDefaults& underneath() { return *store_; }
 
+  // What the store reports from now on; observers of the storage are told.
+  void setOpening(QEVSettings::StoreOpening opening);
+  void setStorageProblem(std::optional<QEVSettings::StorageProblem> problem);
+
   const QEVSettings::PreferenceValue* find(std::string_view key) const override;
   QEVSettings::PreferenceDictionary dictionaryRepresentation() const override;
   void setObject(QEVSettings::PreferenceValue value, std::string_view key) override;
   void removeObject(std::string_view key) override;
   [[nodiscard]] QEVSettings::Subscription observe(std::string_view key, Observer observer) override;
   [[nodiscard]] QEVSettings::Subscription observeAll(Observer observer) override;
+  QEVSettings::StoreOpening opening() const override { return opening_; }
+  std::optional<QEVSettings::StorageProblem> storageProblem() const override { return problem_; }
+  [[nodiscard]] QEVSettings::Subscription observeStorage(std::function<void()> observer) override;
 
 private:
   std::unique_ptr<foundation::UserDefaults> store_ = foundation::UserDefaults::inMemory();
   mutable std::vector<StoreOperation> operations_;
+  QEVSettings::StoreOpening opening_;
+  std::optional<QEVSettings::StorageProblem> problem_;
+  foundation::Announcer storageChanged_;
 };
 
 }  // namespace support

@@ -170,6 +170,31 @@ TEST(TabView, ShowsTheFirstPageWhereTheSelectedOneIsMissing) {
   EXPECT_TRUE(window.findText("three").exists());
 }
 
+TEST(TabView, HeaderComesAndGoesAboveTheBarWhileThePageKeepsItsState) {
+  struct WithHeader {
+    State<Page> page = Page::first;
+    StoredPreference<std::string> header{"tab_view_header", ""};
+    View body() const {
+      const std::string text = header;
+      return TabView(page.binding(), std::vector<Tab<Page>>{{Page::first, "First", "clock", Counter{"one"}}},
+                     text.empty() ? View() : Text(text));
+    }
+  };
+  headless::Window window = testing::open(WithHeader{});
+  const auto bar = window.find(Role::tabList);
+  const double top = bar.frame().origin.y;
+  window.click(window.find(Role::button, "one 0"));
+  testing::store().setObject("above", "tab_view_header");
+  window.settle();
+  EXPECT_EQ(window.findText("above").frame().origin.y, top);
+  EXPECT_EQ(bar.frame().origin.y, top + window.findText("above").frame().size.height + 8);
+  EXPECT_EQ(titles(window), "one 1,");
+  testing::store().removeObject("tab_view_header");
+  window.settle();
+  EXPECT_EQ(bar.frame().origin.y, top);
+  EXPECT_EQ(titles(window), "one 1,");
+}
+
 TEST(TabView, HiddenPagesSleepAndWakeUpToDate) {
   struct Reader {
     StoredPreference<std::string> text{"hidden_page_text", "none"};

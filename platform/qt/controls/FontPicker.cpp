@@ -10,8 +10,11 @@
 #include <QFontMetricsF>
 #include <QGroupBox>
 #include <QPainter>
+#include <QSignalBlocker>
 
 #include <cmath>
+#include <functional>
+#include <utility>
 
 namespace qt {
 
@@ -51,21 +54,48 @@ QSizeF FontPicker::sizeFor(const viewkit::FontPickerControl& picker) {
 void FontPicker::press() {
   const auto* picker = control<viewkit::FontPickerControl>();
   if (!picker) return;
-  if (!dialog_) {
-    dialog_ = new QFontDialog(fontOf(picker->font), window());
-    dialog_->setAttribute(Qt::WA_DeleteOnClose);
-    const auto& told = node()->accessibility;
-    dialog_->setWindowTitle(qt::text(told.label.empty() ? told.help : told.label));
-    dialog_->setOption(QFontDialog::DontUseNativeDialog);
-    dialog_->setOption(QFontDialog::NoButtons);
-    hideEffects(*dialog_);
-    connect(dialog_, &QFontDialog::currentFontChanged, this, [this](const QFont& font) {
-      settleOn([this, font] { call(&viewkit::FontPickerControl::choose, fontFrom(font)); });
-    });
-  }
+  const appkit::Font current = std::function(picker->read)();
+  if (!node()) return;
+  if (!dialog_) makeDialog();
+  showInDialog(current);
   dialog_->show();
   dialog_->raise();
   dialog_->activateWindow();
+}
+
+void FontPicker::refresh() {
+  ButtonWidget::refresh();
+  const auto* picker = control<viewkit::FontPickerControl>();
+  if (dialog_ && picker && picker->font != font_) showInDialog(picker->font);
+}
+
+void FontPicker::makeDialog() {
+  dialog_ = new QFontDialog(window());
+  dialog_->setAttribute(Qt::WA_DeleteOnClose);
+  const auto& told = node()->accessibility;
+  dialog_->setWindowTitle(qt::text(told.label.empty() ? told.help : told.label));
+  dialog_->setOption(QFontDialog::DontUseNativeDialog);
+  dialog_->setOption(QFontDialog::NoButtons);
+  hideEffects(*dialog_);
+  connect(dialog_, &QFontDialog::currentFontChanged, this,
+          [this](const QFont& font) { settleOn([this, picked = fontFrom(font)] { choose(picked); }); });
+}
+
+void FontPicker::showInDialog(const appkit::Font& font) {
+  const QSignalBlocker quiet(dialog_);
+  dialog_->setCurrentFont(fontOf(font));
+  font_ = font;
+  shownFont_ = fontFrom(dialog_->currentFont());
+}
+
+void FontPicker::choose(const appkit::Font& picked) {
+  const appkit::Font before = std::exchange(shownFont_, picked);
+  if (picked.family != before.family || picked.style != before.style) {
+    font_.family = picked.family;
+    font_.style = picked.style;
+  }
+  if (picked.pointSize != before.pointSize) font_.pointSize = picked.pointSize;
+  if (picked != before) call(&viewkit::FontPickerControl::choose, font_);
 }
 
 void FontPicker::paintEvent(QPaintEvent* /*event*/) {

@@ -35,7 +35,7 @@ public:
   ControlWidget* operator()(const viewkit::ToggleControl&) const { return make<Switch>(); }
   ControlWidget* operator()(const viewkit::ColorWellControl&) const { return make<ColorWell>(); }
   ControlWidget* operator()(const viewkit::MenuControl& menu) const {
-    return menu.title.empty() ? make<MenuLabel>() : make<MenuButton>();
+    return menu.kind == viewkit::MenuControl::Kind::label ? make<MenuLabel>() : make<MenuButton>();
   }
   ControlWidget* operator()(const viewkit::TextFieldControl&) const { return make<TextField>(); }
   ControlWidget* operator()(const viewkit::SelectableTextControl&) const { return make<SelectableText>(); }

@@ -59,6 +59,7 @@ View FontChooser(std::string title, const Binding<appkit::Font>& selection) {
       "FontChooser",
       FontPickerControl{.title = std::move(title),
                         .font = std::move(font),
+                        .read = [selection] { return selection.get(); },
                         .choose = [selection](appkit::Font chosen) { selection.set(std::move(chosen)); }},
       std::move(accessibility));
 }
@@ -85,7 +86,7 @@ View PopUpMenu(std::string title, std::function<std::vector<MenuItem>()> items) 
 }
 
 View Menu(const View& label, std::string value, std::function<std::vector<MenuItem>()> items) {
-  return makeControl("Menu", MenuControl{.title = {}, .items = std::move(items)},
+  return makeControl("Menu", MenuControl{.title = {}, .items = std::move(items), .kind = MenuControl::Kind::label},
                      {.role = Role::menuButton, .value = std::move(value)}, label);
 }
 

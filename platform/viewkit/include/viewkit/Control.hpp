@@ -36,11 +36,13 @@ struct HelpButtonControl {
   std::function<void()> action;
 };
 
-// Shows a font; a person opens a chooser of family, style and size with a sample. `choose` is called
-// with each font that the person settles on while the chooser is open: there is no apply step.
+// Shows a font; a person opens a chooser of family, style and size with a sample. The chooser opens on the
+// font that `read` returns at that moment. `choose` is called with each font that the person settles on while
+// the chooser is open: there is no apply step.
 struct FontPickerControl {
   std::string title;
   appkit::Font font;
+  std::function<appkit::Font()> read;
   std::function<void(appkit::Font)> choose;
 };
 
@@ -81,12 +83,19 @@ struct MenuItem {
   std::optional<Font> font = std::nullopt;
 };
 
-// A button that opens a menu. With a title it looks like the platform's pop-up button and opens where
-// the item of the same title lies under it; without one its children are what is seen. The items are
-// asked for each time the menu opens.
+// A button that opens a menu. The items are asked for each time the menu opens.
 struct MenuControl {
+  enum class Kind {
+    // The platform's pop-up button. It shows the title, which may be empty, and opens where the item of the
+    // same title lies under it.
+    popUpButton,
+    // A menu behind the node's children, which are what is seen.
+    label,
+  };
+
   std::string title;
   std::function<std::vector<MenuItem>()> items;
+  Kind kind = Kind::popUpButton;
 };
 
 // Text that a person types. `change` is called at every keystroke; `commit` when the person presses

@@ -25,15 +25,19 @@ struct TabPage {
   SymbolName symbol;
   View page;
 };
-View makeTabView(std::vector<TabPage> pages, std::int64_t selected, std::function<void(std::int64_t)> select);
+View makeTabView(std::vector<TabPage> pages, std::int64_t selected, std::function<void(std::int64_t)> select,
+                 View header);
 }  // namespace detail
 
-// Pages of which one is seen, under a bar of tabs. A page is built when it is first selected and keeps
-// its state as long as the tab view is there; it appears and disappears with its selection. While the
-// selection names no page that is there, the first page is seen, and the selection stays as it is.
-// Tags are values of an enumeration.
+// Pages of which one is seen, under a bar of tabs. A page is built when it is first selected and
+// keeps its state as long as the tab view is there; it appears and disappears with its selection.
+// While the selection names no page that is there, the first page is seen, and the selection stays
+// as it is. Tags are values of an enumeration.
+//
+// The header, if there is one, stands above the bar whichever page is seen, and is as wide as the
+// tab view. It may come and go while the pages keep their state.
 template <class Tag>
-View TabView(const Binding<Tag>& selection, std::vector<Tab<Tag>> tabs) {
+View TabView(const Binding<Tag>& selection, std::vector<Tab<Tag>> tabs, View header = {}) {
   std::vector<detail::TabPage> pages;
   pages.reserve(tabs.size());
   for (Tab<Tag>& tab : tabs) {
@@ -42,8 +46,9 @@ View TabView(const Binding<Tag>& selection, std::vector<Tab<Tag>> tabs) {
                      .symbol = tab.symbol,
                      .page = std::move(tab.page)});
   }
-  return detail::makeTabView(std::move(pages), static_cast<std::int64_t>(selection.get()),
-                             [selection](std::int64_t tag) { selection.set(static_cast<Tag>(tag)); });
+  return detail::makeTabView(
+      std::move(pages), static_cast<std::int64_t>(selection.get()),
+      [selection](std::int64_t tag) { selection.set(static_cast<Tag>(tag)); }, std::move(header));
 }
 
 }  // namespace viewkit
