@@ -292,11 +292,8 @@ Outcome UserDefaults::saveOnce() {
 
 Outcome UserDefaults::synchronizeOrLater() {
   auto outcome = done();
-  if (Clock::now() - written_ < kBurst) {
-    watch_->synchronizeLater(kBurst);
-  } else {
-    outcome = file_->synchronize();
-  }
+  const bool isBurst = Clock::now() - written_ < kBurst;
+  if (!isBurst || !watch_->synchronizeLater(kBurst)) outcome = file_->synchronize();
   written_ = Clock::now();
   return outcome;
 }

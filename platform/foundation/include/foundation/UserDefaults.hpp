@@ -109,7 +109,7 @@ private:
   void reconnect();
   void catchUp() const;
   void takeOverChanges() const;
-  void write(PreferenceChange change);
+  void write(std::string_view key, std::optional<QEVSettings::PreferenceValue> value);
   bool put(PreferenceChange change);
   void saveUnlessJustFailed();
   void save();
