@@ -27,9 +27,9 @@ Registry& registry() {
   return *shared;
 }
 
-bool isCut(const std::string& index) {
+bool isCut(const std::filesystem::path& store) {
   struct stat found {};
-  return ::lstat(index.c_str(), &found) == 0 && found.st_size < kMappedBytes;
+  return ::lstat((store.string() + "-shm").c_str(), &found) == 0 && found.st_size < kMappedBytes;
 }
 
 }  // namespace
@@ -59,11 +59,18 @@ std::uint32_t CommitStamp::commitCount() const {
   return std::atomic_ref(*(reinterpret_cast<std::uint32_t*>(stamp) - wordsBefore)).load(std::memory_order_acquire);
 }
 
-bool CommitStamp::isIndexCut() const { return isAttached_ && (stamp_ == &none_ || isCut(store_.string() + "-shm")); }
+bool CommitStamp::isIndexCut() const { return isAttached_ && (stamp_ == &none_ || isCut(store_)); }
+
+bool CommitStamp::isCutIndexInUse(const std::filesystem::path& store) {
+  const std::scoped_lock lock(registry().mutex);
+  const auto& stamps = registry().stamps;
+  return isCut(store) &&
+         std::any_of(stamps.begin(), stamps.end(), [&](const CommitStamp* stamp) { return stamp->store_ == store; });
+}
 
 CommitStamp::News CommitStamp::newsOf(const std::filesystem::path& store) {
   const std::scoped_lock lock(registry().mutex);
-  const bool isIndexCut = isCut(store.string() + "-shm");
+  const bool isIndexCut = isCut(store);
   auto news = News::unknown;
   for (CommitStamp* stamp : registry().stamps) {
     if (stamp->store_ != store) continue;
@@ -82,7 +89,7 @@ void CommitStamp::withdraw() {
 
 void spareCutIndex(sqlite3* database) {
   const char* const file = database != nullptr ? sqlite3_db_filename(database, "main") : nullptr;
-  if (file != nullptr && isCut(std::string(file) + "-shm")) {
+  if (file != nullptr && isCut(file)) {
     sqlite3_db_config(database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
   }
 }

@@ -46,6 +46,10 @@ public:
   // Whether the index is shorter than what is mapped of it.
   bool isIndexCut() const;
 
+  // Whether this process still maps an index that was cut off. SQLite would hand that to whoever opens the store.
+  // Any thread.
+  static bool isCutIndexInUse(const std::filesystem::path& store);
+
   // Whether a commit to the store is new to this process. Any thread.
   static News newsOf(const std::filesystem::path& store);
 

@@ -169,6 +169,7 @@ Result<unsigned> PreferencesFile::inspect() {
     return Error{path_.string() + " belongs to another user; choose a file of your own"};
   }
   if (auto problem = companionProblem(path_)) return *std::move(problem);
+  if (CommitStamp::isCutIndexInUse(path_)) return Error{path_.string() + " lost the index of its log; try again"};
   device_ = found.st_dev;
   node_ = found.st_ino;
   return static_cast<unsigned>(found.st_mode);

@@ -25,7 +25,6 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds kShortestRetry(250);
 constexpr milliseconds kLongestRetry(8000);
-constexpr std::chrono::seconds kIdleBeforeCopy(15);
 // Where the system gives no cue.
 constexpr milliseconds kLookInterval(250);
 // A file changes shortly before a commit counts, and several times in each. The thread looks again after a pause that
@@ -126,7 +125,7 @@ void PreferencesWatch::didSynchronize() {
 void PreferencesWatch::didWrite() {
   const std::scoped_lock lock(mutex_);
   // The write changed the file, which wakes the thread.
-  copyAt_ = Clock::now() + kIdleBeforeCopy;
+  copyAt_ = Clock::now() + system_->pauseBeforeCopy();
 }
 
 void PreferencesWatch::wake() {

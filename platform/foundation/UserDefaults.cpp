@@ -248,7 +248,8 @@ void UserDefaults::takeOverChanges() const {
 
 // Puts a change into the image and among the unsaved ones; says whether it changes anything.
 bool UserDefaults::put(PreferenceChange change) {
-  catchUp();
+  // A cut index may not be looked at; the file is opened anew when the change is saved.
+  if (!file_ || !file_->isIndexCut()) catchUp();
   if (auto refusal = PreferencesFile::refusalOf(change)) {
     setStatus(std::move(refusal));
     return false;

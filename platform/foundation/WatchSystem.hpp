@@ -3,6 +3,7 @@
 #include "FileDescriptor.hpp"
 #include "foundation/Result.hpp"
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -32,6 +33,10 @@ public:
   // Puts the store's log on disk; says whether that succeeded.
   virtual bool synchronizeLog(const std::filesystem::path& store);
 
+  // How long a store is idle before `keepCopy`.
+  virtual std::chrono::milliseconds pauseBeforeCopy() const { return std::chrono::seconds(15); }
+
+  // Makes the good copy anew.
   virtual void keepCopy(const std::filesystem::path& store);
 };
 
