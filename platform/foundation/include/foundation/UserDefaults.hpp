@@ -106,6 +106,7 @@ private:
   UserDefaults();
 
   void connect();
+  void closeCutFile();
   void reconnect();
   void catchUp() const;
   void takeOverChanges() const;
