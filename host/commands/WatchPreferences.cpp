@@ -55,7 +55,7 @@ Failed run(const WatchPreferencesCommand& command, Console& console) {
   // A reader that goes away ends the watching as an interruption does.
   while (console.out) {
     queue.drainAll();
-    if (::poll(waiting.data(), waiting.size(), -1) < 0 && errno != EINTR) break;
+    if (::poll(waiting.data(), waiting.size(), queue.pollTimeout()) < 0 && errno != EINTR) break;
     if (waiting[1].revents != 0) break;
     eventfd_t count = 0;
     ::eventfd_read(arrivals, &count);

@@ -1,33 +1,38 @@
 #include "foundation/MainQueue.hpp"
 
+#include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace foundation {
 
 MainQueue& MainQueue::mainQueue() {
-  static MainQueue queue;
-  return queue;
+  static auto* const queue = std::make_unique<MainQueue>().release();
+  return *queue;
 }
 
 void MainQueue::async(Work work) {
-  std::function<void()> waker;
+  bool isFirst = false;
   {
     const std::scoped_lock lock(mutex_);
-    if (pending_.empty()) waker = waker_;
+    isFirst = pending_.empty();
     pending_.push_back(std::move(work));
   }
   arrived_.notify_all();
-  if (waker) waker();
+  if (!isFirst) return;
+  const std::scoped_lock lock(wakerMutex_);
+  if (waker_) waker_();
 }
 
 bool MainQueue::drain() {
+  const bool hasRepeated = runRepeated();
   std::vector<Work> turn;
   {
     const std::scoped_lock lock(mutex_);
     turn.swap(pending_);
   }
   for (const Work& work : turn) work();
-  return !turn.empty();
+  return hasRepeated || !turn.empty();
 }
 
 void MainQueue::drainAll(int turns) {
@@ -36,18 +41,58 @@ void MainQueue::drainAll(int turns) {
 }
 
 bool MainQueue::wait(std::chrono::milliseconds longest) {
+  const auto due = nextRepeat();
   std::unique_lock lock(mutex_);
-  return arrived_.wait_for(lock, longest, [this] { return !pending_.empty(); });
+  const auto until = std::min(due, Clock::now() + longest);
+  return arrived_.wait_until(lock, until, [this] { return !pending_.empty(); }) || Clock::now() >= due;
 }
 
 void MainQueue::setWaker(std::function<void()> waker) {
-  bool waiting = false;
+  const std::scoped_lock lock(wakerMutex_);
+  waker_ = std::move(waker);
+  bool isWaiting = false;
   {
-    const std::scoped_lock lock(mutex_);
-    waker_ = waker;
-    waiting = !pending_.empty();
+    const std::scoped_lock pendingLock(mutex_);
+    isWaiting = !pending_.empty();
   }
-  if (waiting && waker) waker();
+  if (isWaiting && waker_) waker_();
+}
+
+QEVSettings::Subscription MainQueue::repeat(std::chrono::milliseconds interval, Work work) {
+  const std::uint64_t id = nextRepeated_++;
+  repeated_[id] = {
+      .interval = interval, .due = Clock::now() + interval, .work = std::make_shared<const Work>(std::move(work))};
+  return QEVSettings::Subscription([this, id] { repeated_.erase(id); });
+}
+
+int MainQueue::pollTimeout() const {
+  if (repeated_.empty()) return -1;
+  const auto left = std::chrono::ceil<std::chrono::milliseconds>(nextRepeat() - Clock::now());
+  return static_cast<int>(std::max(left, std::chrono::milliseconds(0)).count());
+}
+
+MainQueue::Clock::time_point MainQueue::nextRepeat() const {
+  auto next = Clock::time_point::max();
+  for (const auto& [id, repeated] : repeated_) next = std::min(next, repeated.due);
+  return next;
+}
+
+bool MainQueue::runRepeated() {
+  if (repeated_.empty()) return false;
+  const auto now = Clock::now();
+  // The work may end its own subscription, and others.
+  std::vector<std::uint64_t> due;
+  for (const auto& [id, repeated] : repeated_) {
+    if (repeated.due <= now) due.push_back(id);
+  }
+  for (const std::uint64_t id : due) {
+    const auto found = repeated_.find(id);
+    if (found == repeated_.end()) continue;
+    found->second.due = now + found->second.interval;
+    const auto work = found->second.work;
+    (*work)();
+  }
+  return !due.empty();
 }
 
 }  // namespace foundation

@@ -2,6 +2,8 @@
 
 #include "FileDescriptor.hpp"
 #include "PreferenceCell.hpp"
+#include "PreferencesCompanions.hpp"
+#include "ProcessLimits.hpp"
 #include "foundation/PreferenceCoding.hpp"
 
 #include <fcntl.h>
@@ -95,7 +97,11 @@ private:
 
 }  // namespace
 
-void PreferencesFile::Close::operator()(sqlite3* database) const { sqlite3_close_v2(database); }
+void PreferencesFile::Close::operator()(sqlite3* database) const {
+  const FileLimitSignal masked;
+  spareCutIndex(database);
+  sqlite3_close_v2(database);
+}
 void PreferencesFile::Close::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 
 Outcome PreferencesFile::open() {
@@ -162,6 +168,8 @@ Result<unsigned> PreferencesFile::inspect() {
   if (found.st_uid != ::geteuid()) {
     return Error{path_.string() + " belongs to another user; choose a file of your own"};
   }
+  if (auto problem = companionProblem(path_)) return *std::move(problem);
+  if (CommitStamp::isCutIndexInUse(path_)) return Error{path_.string() + " lost the index of its log; try again"};
   device_ = found.st_dev;
   node_ = found.st_ino;
   return static_cast<unsigned>(found.st_mode);
@@ -289,6 +297,10 @@ Outcome PreferencesFile::identify(std::optional<std::int64_t> objects) {
   if (!readOnly_) {
     if (auto outcome = useWriteAheadLog(); !outcome) return outcome;
   }
+  // A view of the table's name could have rows without end.
+  if (number("SELECT count(*) FROM sqlite_schema WHERE type NOT IN ('table', 'index')").value_or(0) > 0) {
+    return fail(State::damaged, path_.string() + " is damaged");
+  }
   return *objects > 0 ? done() : setUp();
 }
 
@@ -357,36 +369,34 @@ void PreferencesFile::findStamp() {
   if (!usesLog_) return;
   file->pMethods->xShmMap(file, 0, regionBytes, 0, &region);
   if (region != nullptr) {
-    stamp_ = reinterpret_cast<std::uint64_t*>(const_cast<char*>(static_cast<volatile char*>(region)) + stampOffset);
+    stamp_.attach(
+        path_, reinterpret_cast<std::uint64_t*>(const_cast<char*>(static_cast<volatile char*>(region)) + stampOffset));
   }
 }
 
-// The count stands at the third word of the header.
-std::uint32_t PreferencesFile::commitCount() const {
-  constexpr int wordsBefore = 8;
-  return std::atomic_ref(*(reinterpret_cast<std::uint32_t*>(stamp_) - wordsBefore)).load(std::memory_order_acquire);
-}
-
 Outcome PreferencesFile::readChanges(const Receiver& receive) {
+  if (isIndexCut()) return fail(State::unusable, path_.string() + " lost the index of its log; it is opened anew");
+  const ResetAtEnd reset(select_.get());
   // Taken first: what is committed while this reads is looked for again.
-  const std::uint64_t found = stamp_ != nullptr ? stamp() : 0;
+  const std::uint64_t found = stamp_.value();
   sqlite3_bind_int64(select_.get(), 1, lastChange_);
   int code = sqlite3_step(select_.get());
   bool isAsWritten = true;
   for (; code == SQLITE_ROW && isAsWritten; code = sqlite3_step(select_.get())) {
     PreferenceChange change{.key = columnText(select_.get(), 1), .value = std::nullopt};
     const auto cell = PreferenceCell::ofColumns(select_.get(), 2, 3);
-    isAsWritten = cell.sum(change.key) == sqlite3_column_int64(select_.get(), 4);
+    const std::int64_t number = sqlite3_column_int64(select_.get(), 0);
+    // Pages that are named twice, or in a circle, would give rows without end.
+    isAsWritten = number > lastChange_ && cell.sum(change.key) == sqlite3_column_int64(select_.get(), 4);
     change.value = cell.value();
     isAsWritten = isAsWritten && change.value.has_value() != cell.isRemoval();
     if (!isAsWritten) break;
-    lastChange_ = sqlite3_column_int64(select_.get(), 0);
     receive(std::move(change));
+    lastChange_ = number;
   }
-  sqlite3_reset(select_.get());
   if (!isAsWritten) return fail(State::damaged, path_.string() + " is damaged");
   if (code != SQLITE_DONE) return failure("read");
-  seenStamp_ = found;
+  stamp_.markSeen(found);
   return succeed();
 }
 
@@ -397,8 +407,9 @@ Outcome PreferencesFile::write(std::span<const PreferenceChange> changes, const 
   }
   if (auto outcome = prepareToWrite(); !outcome) return outcome;
   if (!run(begin_)) return failure("write");
+  const RollBackAtEnd transaction(database_.get());
   auto outcome = mayHaveChanged() ? readChanges(receive) : succeed();
-  const std::uint32_t commitsBefore = stamp_ != nullptr ? commitCount() : 0;
+  const std::uint32_t commitsBefore = stamp_.commitCount();
   std::int64_t last = lastChange_;
   for (const PreferenceChange& change : changes) {
     if (!outcome) break;
@@ -406,17 +417,12 @@ Outcome PreferencesFile::write(std::span<const PreferenceChange> changes, const 
     last = sqlite3_last_insert_rowid(database_.get());
   }
   if (outcome && !run(commit_)) outcome = failure("write");
-  if (!outcome) {
-    run("ROLLBACK");
-    return outcome;
-  }
+  if (!outcome) return outcome;
   lastChange_ = last;
   isSynchronized_ = false;
-  if (stamp_ != nullptr) {
-    // Nothing new to this object, unless another process has committed meanwhile.
-    const std::uint64_t found = stamp();
-    if (commitCount() == commitsBefore + 1) seenStamp_ = found;
-  }
+  // Nothing new to this object, unless another process has committed meanwhile.
+  const std::uint64_t found = stamp_.value();
+  if (stamp_.commitCount() == commitsBefore + 1) stamp_.markSeen(found);
   return succeed();
 }
 
@@ -508,6 +514,7 @@ Error PreferencesFile::fail(State state, std::string message) {
 
 Error PreferencesFile::failure(const char* what) {
   const std::string begin = std::string("cannot ") + what + " " + path_.string() + " (";
+  if (const auto limit = limitMet(database_.get())) return fail(State::unusable, begin + *limit);
   switch (sqlite3_errcode(database_.get()) & 0xFF) {
     case SQLITE_NOTADB: return fail(State::foreign, path_.string() + " is no preferences store");
     case SQLITE_CORRUPT: return fail(State::damaged, path_.string() + " is damaged");

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "CommitStamp.hpp"
 #include "QEVSettings/preferences/PreferenceValue.hpp"
 #include "foundation/Result.hpp"
 
-#include <atomic>
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
@@ -86,9 +86,12 @@ public:
   // Whether another file, or none, stands where this one stood when it was opened.
   bool isReplaced() const;
 
+  // Whether the index of its log was cut off. Nothing but closing is allowed then: the rest would raise SIGBUS.
+  bool isIndexCut() const { return stamp_.isIndexCut(); }
+
   // Whether somebody may have written since the last `readChanges` began. Costs a look into shared
   // memory, no system call.
-  bool mayHaveChanged() const { return stamp_ != nullptr ? stamp() != seenStamp_ : !unchanging_; }
+  bool mayHaveChanged() const { return stamp_.isAttached() ? stamp_.isNew() : !unchanging_; }
 
   // Hands over what was written since the last call, by anyone but this object, in the order of writing;
   // at first, everything.
@@ -130,8 +133,6 @@ private:
   Outcome prepareToRead();
   Outcome prepareToWrite();
   void findStamp();
-  std::uint64_t stamp() const { return std::atomic_ref(*stamp_).load(std::memory_order_acquire); }
-  std::uint32_t commitCount() const;
   std::optional<std::int64_t> number(const char* query);
   bool run(const std::string& statements);
   static bool run(const Statement& statement);
@@ -157,8 +158,7 @@ private:
   std::uint64_t device_ = 0;
   std::uint64_t node_ = 0;
   std::int64_t lastChange_ = 0;
-  std::uint64_t* stamp_ = nullptr;  // in memory that SQLite shares between processes
-  std::uint64_t seenStamp_ = 0;
+  CommitStamp stamp_;
 };
 
 }  // namespace foundation

@@ -1,77 +1,101 @@
 #include "PreferencesWatch.hpp"
 
-#include "PreferencesRecovery.hpp"
+#include "CommitStamp.hpp"
+#include "foundation/Diagnostics.hpp"
 #include "foundation/MainQueue.hpp"
 
-#include <fcntl.h>
 #include <poll.h>
-#include <sys/eventfd.h>
-#include <sys/inotify.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
-#include <csignal>
+#include <cstdint>
+#include <ctime>
+#include <new>
+#include <string>
+#include <system_error>
 #include <utility>
 
 namespace foundation {
 
 namespace {
 
-constexpr std::chrono::milliseconds kShortestPause(250);
-constexpr std::chrono::milliseconds kLongestPause(8000);
-constexpr std::chrono::seconds kIdleBeforeCopy(15);
-constexpr std::chrono::milliseconds kGathering(5);
+using std::chrono::microseconds;
+using std::chrono::milliseconds;
 
-FileDescriptor watchOf(const std::filesystem::path& folder) {
-  constexpr std::uint32_t events = IN_ATTRIB | IN_MODIFY | IN_CREATE | IN_MOVED_TO | IN_DELETE;
-  FileDescriptor watch(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
-  if (watch && ::inotify_add_watch(watch.get(), folder.c_str(), events) < 0) return FileDescriptor();
-  return watch;
-}
+constexpr milliseconds kShortestRetry(250);
+constexpr milliseconds kLongestRetry(8000);
+// Where the system gives no cue.
+constexpr milliseconds kLookInterval(250);
+// A file changes shortly before a commit counts, and several times in each. The thread looks again after a pause that
+// doubles while it finds nothing, so that a burst of this process's own writes costs few looks; after it found
+// something, it pauses for the longest of them, so that a burst of another's does not wake the main queue each time.
+constexpr microseconds kShortestPause(250);
+constexpr microseconds kLongestPause(5000);
 
-// A log that is gone has been taken over into the store, and was put on disk before.
-bool synchronizeLogOf(const std::filesystem::path& store) {
-  const FileDescriptor log(::open((store.string() + "-wal").c_str(), O_RDWR | O_NOFOLLOW | O_CLOEXEC));
-  return log ? ::fdatasync(log.get()) == 0 : errno == ENOENT;
+std::filesystem::path withCanonicalFolder(const std::filesystem::path& store) {
+  std::error_code error;
+  const auto folder = std::filesystem::canonical(store.parent_path(), error);
+  return error ? store : folder / store.filename();
 }
 
 }  // namespace
 
-PreferencesWatch::PreferencesWatch(std::filesystem::path store, Callback changed, Callback retry, Callback lost)
-    : store_(std::move(store)),
-      callbacks_(std::make_shared<Callbacks>()),
-      changes_(watchOf(store_.parent_path())),
-      wake_(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)),
-      pause_(kShortestPause) {
-  callbacks_->changed = std::move(changed);
-  callbacks_->retry = std::move(retry);
-  callbacks_->lost = std::move(lost);
-  // Signals are the host's business, on threads of its own.
-  sigset_t all;
-  sigset_t before;
-  ::sigfillset(&all);
-  ::pthread_sigmask(SIG_SETMASK, &all, &before);
-  thread_ = std::thread([this] { run(); });
-  ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+PreferencesWatch::PreferencesWatch(std::filesystem::path store, Callback changed, Callback retry, Callback lost,
+                                   std::shared_ptr<WatchSystem> system)
+    : system_(std::move(system)),
+      store_(withCanonicalFolder(store)),
+      callbacks_(std::make_shared<const Callbacks>(
+          Callbacks{.changed = std::move(changed), .retry = std::move(retry), .lost = std::move(lost)})),
+      queuedCallbacks_(callbacks_),
+      events_(std::move(store), *system_),
+      pause_(kShortestPause),
+      wake_(system_->openWake()),
+      retryPause_(kShortestRetry) {
+  if (events_.descriptor() < 0) lookAt_ = Clock::now() + kLookInterval;
+  if (!wake_ || !events_.refusal().empty()) {
+    const std::string reason = events_.refusal().empty() ? "" : " (" + events_.refusal() + ")";
+    reportOnce("the system cannot watch the folder of " + store_.string() + reason +
+               ", so changes by other programs are looked for every 250 ms; raise fs.inotify.max_user_instances and "
+               "the number of open files");
+  }
+  start();
 }
 
 PreferencesWatch::~PreferencesWatch() {
+  callbacks_.reset();
   {
     const std::scoped_lock lock(mutex_);
     ends_ = true;
   }
   wake();
-  thread_.join();
+  if (thread_) thread_->join();
+}
+
+void PreferencesWatch::start() {
+  if (thread_) return;
+  thread_ = system_->startThread([this] { run(); });
+  if (thread_) {
+    turns_.reset();
+    return;
+  }
+  if (turns_) return;
+  turns_ = MainQueue::mainQueue().repeat(kLookInterval, [this] { turnWithoutThread(); });
+  reportOnce(
+      "the system has no thread left, so changes by other programs are looked for when the main queue has a "
+      "turn; raise the number of processes of this user");
+}
+
+void PreferencesWatch::reportOnce(const std::string& line) {
+  if (!std::exchange(isReported_, true)) reportDiagnostic("preferences: " + line);
 }
 
 void PreferencesWatch::retryLater() {
   {
     const std::scoped_lock lock(mutex_);
     if (retryAt_) return;
-    retryAt_ = Clock::now() + pause_;
-    pause_ = std::min(2 * pause_, kLongestPause);
+    retryAt_ = Clock::now() + retryPause_;
+    retryPause_ = std::min(2 * retryPause_, kLongestRetry);
   }
   wake();
 }
@@ -79,16 +103,18 @@ void PreferencesWatch::retryLater() {
 void PreferencesWatch::didSucceed() {
   const std::scoped_lock lock(mutex_);
   retryAt_.reset();
-  pause_ = kShortestPause;
+  retryPause_ = kShortestRetry;
 }
 
-void PreferencesWatch::synchronizeLater(std::chrono::milliseconds pause) {
+bool PreferencesWatch::synchronizeLater(milliseconds pause) {
+  if (!thread_) return false;
   {
     const std::scoped_lock lock(mutex_);
-    if (synchronizeAt_) return;
+    if (synchronizeAt_) return true;
     synchronizeAt_ = Clock::now() + pause;
   }
   wake();
+  return true;
 }
 
 void PreferencesWatch::didSynchronize() {
@@ -98,78 +124,128 @@ void PreferencesWatch::didSynchronize() {
 
 void PreferencesWatch::didWrite() {
   const std::scoped_lock lock(mutex_);
-  // The thread is awake anyway, for it sees the file change.
-  copyAt_ = Clock::now() + kIdleBeforeCopy;
+  // The write changed the file, which wakes the thread.
+  copyAt_ = Clock::now() + system_->pauseBeforeCopy();
 }
 
-void PreferencesWatch::wake() const {
+void PreferencesWatch::wake() {
+  if (!wake_) {
+    const std::scoped_lock lock(mutex_);
+    isWoken_ = true;
+    woken_.notify_one();
+    return;
+  }
   const std::uint64_t one = 1;
   [[maybe_unused]] const auto written = ::write(wake_.get(), &one, sizeof one);
 }
 
+void PreferencesWatch::turnWithoutThread() {
+  start();
+  if (thread_) return;
+  // Ends when a callback destroys this.
+  const auto callbacks = callbacks_;
+  const bool mustRetry = isDue(retryAt_);
+  if (hasChanged(events_.take())) callbacks->changed();
+  if (mustRetry) callbacks->retry();
+}
+
 void PreferencesWatch::run() {
   while (true) {
-    std::array<pollfd, 2> descriptors{pollfd{.fd = wake_.get(), .events = POLLIN, .revents = 0},
-                                      pollfd{.fd = changes_.get(), .events = POLLIN, .revents = 0}};
-    ::poll(descriptors.data(), descriptors.size(), timeout());
-    std::uint64_t count = 0;
-    [[maybe_unused]] const auto read = ::read(wake_.get(), &count, sizeof count);
+    sleep();
     {
       const std::scoped_lock lock(mutex_);
       if (ends_) return;
     }
-    if ((descriptors[1].revents & POLLIN) != 0) handleChanges();
-    handleDeadlines();
+    try {
+      handleChanges();
+      handleDeadlines();
+    } catch (const std::bad_alloc&) {
+      lookAt_ = Clock::now() + kLookInterval;
+    }
   }
 }
 
-int PreferencesWatch::timeout() {
+void PreferencesWatch::sleep() {
+  const auto next = nextDeadline();
+  if (!wake_) {
+    std::unique_lock lock(mutex_);
+    woken_.wait_until(lock, std::min(next, Clock::now() + kLookInterval), [this] { return isWoken_; });
+    isWoken_ = false;
+    return;
+  }
+  std::array<pollfd, 2> descriptors{pollfd{.fd = wake_.get(), .events = POLLIN, .revents = 0},
+                                    pollfd{.fd = lookAt_ ? -1 : events_.descriptor(), .events = POLLIN, .revents = 0}};
+  const auto left = std::max(Clock::duration(0), next - Clock::now());
+  const auto seconds = std::chrono::floor<std::chrono::seconds>(left);
+  const timespec timeout{.tv_sec = seconds.count(), .tv_nsec = std::chrono::nanoseconds(left - seconds).count()};
+  ::ppoll(descriptors.data(), descriptors.size(), next == Clock::time_point::max() ? nullptr : &timeout, nullptr);
+  std::uint64_t count = 0;
+  [[maybe_unused]] const auto read = ::read(wake_.get(), &count, sizeof count);
+}
+
+PreferencesWatch::Clock::time_point PreferencesWatch::nextDeadline() {
   const std::scoped_lock lock(mutex_);
   constexpr auto never = Clock::time_point::max();
-  const auto next = std::min({retryAt_.value_or(never), copyAt_.value_or(never), synchronizeAt_.value_or(never)});
-  if (next == never) return -1;
-  const auto left = std::chrono::ceil<std::chrono::milliseconds>(next - Clock::now());
-  return static_cast<int>(std::max(left, std::chrono::milliseconds(0)).count());
+  return std::min(
+      {lookAt_.value_or(never), retryAt_.value_or(never), copyAt_.value_or(never), synchronizeAt_.value_or(never)});
+}
+
+bool PreferencesWatch::isDue(Deadline& deadline) {
+  const std::scoped_lock lock(mutex_);
+  if (!deadline || *deadline > Clock::now()) return false;
+  deadline.reset();
+  return true;
 }
 
 void PreferencesWatch::handleChanges() {
-  // A write changes the file several times, and a burst many times: one look after them is enough.
-  pollfd untilWoken{.fd = wake_.get(), .events = POLLIN, .revents = 0};
-  ::poll(&untilWoken, 1, static_cast<int>(kGathering.count()));
-  std::array<char, 4096> events{};
-  while (::read(changes_.get(), events.data(), events.size()) > 0) {
+  const bool isLook = lookAt_.has_value();
+  if (isLook && *lookAt_ > Clock::now()) return;
+  const auto news = events_.take();
+  if (!isLook && news == FolderEvents::News::none) return;
+  lookAt_.reset();
+  if (hasChanged(news) && !isChangeQueued_->exchange(true)) {
+    queueChanged();
+    pause_ = kLongestPause;
+    lookAt_ = Clock::now() + pause_;
+  } else if (news != FolderEvents::News::none) {
+    lookAt_ = Clock::now() + pause_;
+    pause_ = std::min(2 * pause_, kLongestPause);
+  } else {
+    pause_ = kShortestPause;
   }
-  if (callbacks_->isChangeQueued.exchange(true)) return;
-  MainQueue::mainQueue().async([weak = std::weak_ptr(callbacks_)] {
-    if (const auto callbacks = weak.lock()) {
-      callbacks->isChangeQueued = false;
-      callbacks->changed();
-    }
-  });
+  if (events_.descriptor() < 0) lookAt_ = Clock::now() + kLookInterval;
+}
+
+// A write of this process changes the file too, but is no news.
+bool PreferencesWatch::hasChanged(FolderEvents::News news) const {
+  if (news == FolderEvents::News::files) return true;
+  const auto stamp = CommitStamp::newsOf(store_);
+  return stamp == CommitStamp::News::some ||
+         (stamp == CommitStamp::News::unknown && news == FolderEvents::News::contents);
 }
 
 void PreferencesWatch::handleDeadlines() {
-  const auto isDue = [this](std::optional<Clock::time_point>& deadline) {
-    const std::scoped_lock lock(mutex_);
-    if (!deadline || *deadline > Clock::now()) return false;
-    deadline.reset();
-    return true;
-  };
-  if (isDue(retryAt_)) {
-    MainQueue::mainQueue().async([weak = std::weak_ptr(callbacks_)] {
-      if (const auto callbacks = weak.lock()) callbacks->retry();
+  if (isDue(retryAt_)) queue(&Callbacks::retry);
+  if (isDue(synchronizeAt_) && !system_->synchronizeLog(store_)) queue(&Callbacks::lost);
+  if (isDue(copyAt_)) system_->keepCopy(store_);
+}
+
+void PreferencesWatch::queueChanged() {
+  try {
+    MainQueue::mainQueue().async([weak = queuedCallbacks_, isQueued = isChangeQueued_] {
+      *isQueued = false;
+      if (const auto callbacks = weak.lock()) callbacks->changed();
     });
+  } catch (const std::bad_alloc&) {
+    *isChangeQueued_ = false;
+    throw;
   }
-  if (isDue(synchronizeAt_)) {
-    if (!synchronizeLogOf(store_)) {
-      MainQueue::mainQueue().async([weak = std::weak_ptr(callbacks_)] {
-        if (const auto callbacks = weak.lock()) callbacks->lost();
-      });
-    }
-    cueWatchers(store_);
-  }
-  // A copy that cannot be made now is made later; the store itself is where it matters.
-  if (isDue(copyAt_)) static_cast<void>(keepGoodCopy(store_));
+}
+
+void PreferencesWatch::queue(Callback Callbacks::*callback) {
+  MainQueue::mainQueue().async([weak = queuedCallbacks_, callback] {
+    if (const auto callbacks = weak.lock()) ((*callbacks).*callback)();
+  });
 }
 
 }  // namespace foundation

@@ -4,6 +4,7 @@
 #include "PreferencesFile.hpp"
 #include "PreferencesRecovery.hpp"
 #include "PreferencesWatch.hpp"
+#include "ProcessLimits.hpp"
 #include "foundation/Diagnostics.hpp"
 #include "foundation/MainQueue.hpp"
 
@@ -77,7 +78,8 @@ UserDefaults::~UserDefaults() {
   static_cast<void>(synchronize());
   // The watch that saving may have asked for.
   watch_.reset();
-  if (file_ && !file_->isReadOnly() && isCopyWorthwhile(path_)) static_cast<void>(keepGoodCopy(path_));
+  static_cast<void>(withinLimits(
+      [this] { return file_ && !file_->isReadOnly() && isCopyWorthwhile(path_) ? keepGoodCopy(path_) : done(); }));
 }
 
 UserDefaults& UserDefaults::standardUserDefaults() {
@@ -108,14 +110,22 @@ std::unique_ptr<UserDefaults> UserDefaults::open(const std::filesystem::path& pa
   auto store = inMemory();
   std::error_code error;
   store->path_ = std::filesystem::absolute(path, error);
-  store->connect();
+  const auto connected = withinLimits([&] {
+    store->connect();
+    return done();
+  });
+  if (!connected) store->setStatus(connected.error());
   return store;
 }
 
 std::unique_ptr<UserDefaults> UserDefaults::copyInMemory() const {
   auto copy = inMemory();
   catchUp();
-  copy->image_ = image_;
+  const auto copied = withinMemory([&] {
+    copy->image_ = image_;
+    return done();
+  });
+  if (!copied) copy->setStatus(copied.error());
   return copy;
 }
 
@@ -139,9 +149,16 @@ void UserDefaults::connect() {
   setStatus(std::move(opened.error));
 }
 
+// A file that lost the index of its log is closed, and opened anew by the next save. Until it is closed, SQLite
+// would share its memory with whoever opens it.
+void UserDefaults::closeCutFile() {
+  if (file_ && file_->isIndexCut()) file_.reset();
+}
+
 // Opens the file anew: it could not be used so far, or it is another one by now. What it holds counts, but for
 // what is still to be written; what only the memory holds is written to it.
 void UserDefaults::reconnect() {
+  closeCutFile();
   auto opened = openPreferences(path_, status_ ? Patience::none : Patience::aMoment);
   if (opened.notice) reportDiagnostic("preferences: " + *opened.notice);
   if (!opened.file) {
@@ -159,6 +176,7 @@ void UserDefaults::reconnect() {
   for (const auto& [key, value] : image_) {
     if (!isFirst && !found.contains(key)) unsaved_.try_emplace(key, value);
   }
+  if (unsaved_.empty()) setStatus(std::nullopt);
   announceLater(std::move(changedKeys));
 }
 
@@ -173,28 +191,37 @@ PreferenceDictionary UserDefaults::dictionaryRepresentation() const {
   return {image_.begin(), image_.end()};
 }
 
-void UserDefaults::setObject(PreferenceValue value, std::string_view key) {
-  write({.key = std::string(key), .value = std::move(value)});
-}
+void UserDefaults::setObject(PreferenceValue value, std::string_view key) { write(key, std::move(value)); }
 
-void UserDefaults::removeObject(std::string_view key) { write({.key = std::string(key), .value = std::nullopt}); }
+void UserDefaults::removeObject(std::string_view key) { write(key, std::nullopt); }
 
-void UserDefaults::write(PreferenceChange change) {
-  const std::string key = change.key;
-  const bool changed = put(std::move(change));
+void UserDefaults::write(std::string_view key, std::optional<PreferenceValue> value) {
+  // The key may belong to the value that is replaced.
+  std::string ownKey;
+  bool changed = false;
+  const auto outcome = withinMemory([&] {
+    ownKey = key;
+    changed = put({.key = ownKey, .value = std::move(value)});
+    return done();
+  });
+  if (!outcome) setStatus(outcome.error());
   // The same value again is still a chance for what could not be saved before.
   if (changed || !unsaved_.empty()) saveUnlessJustFailed();
-  if (changed) observers_->announce(key);
+  if (changed) observers_->announce(ownKey);
 }
 
 Outcome UserDefaults::applyAll(const PreferenceDictionary& values) {
-  for (const auto& [key, value] : values) {
-    if (auto refusal = PreferencesFile::refusalOf({.key = key, .value = value})) return *std::move(refusal);
-  }
   std::vector<std::string> changed;
-  for (const auto& [key, value] : values) {
-    if (put({.key = key, .value = value})) changed.push_back(key);
-  }
+  const auto outcome = withinMemory([&]() -> Outcome {
+    for (const auto& [key, value] : values) {
+      if (auto refusal = PreferencesFile::refusalOf({.key = key, .value = value})) return *std::move(refusal);
+    }
+    for (const auto& [key, value] : values) {
+      if (put({.key = key, .value = value})) changed.push_back(key);
+    }
+    return done();
+  });
+  if (!outcome && changed.empty()) return outcome;
   if (!changed.empty() || !unsaved_.empty()) save();
   for (const std::string& key : changed) observers_->announce(key);
   return status_ ? Outcome(*status_) : done();
@@ -218,13 +245,15 @@ void UserDefaults::catchUp() const {
 
 void UserDefaults::takeOverChanges() const {
   std::vector<std::string> changedKeys;
-  const auto outcome = file_->readChanges([&](PreferenceChange change) { takeOver(std::move(change), changedKeys); });
+  const auto outcome = withinLimits(
+      [&] { return file_->readChanges([&](PreferenceChange change) { takeOver(std::move(change), changedKeys); }); });
   if (!outcome) setStatus(outcome.error());
   announceLater(std::move(changedKeys));
 }
 
 // Puts a change into the image and among the unsaved ones; says whether it changes anything.
 bool UserDefaults::put(PreferenceChange change) {
+  closeCutFile();
   catchUp();
   if (auto refusal = PreferencesFile::refusalOf(change)) {
     setStatus(std::move(refusal));
@@ -232,6 +261,8 @@ bool UserDefaults::put(PreferenceChange change) {
   }
   const auto found = image_.find(change.key);
   if (found == image_.end() ? !change.value : change.value == found->second) return false;
+  // First, so that a lack of memory cannot leave a change in the image that is never written.
+  if (!path_.empty()) unsaved_.insert_or_assign(change.key, change.value);
   if (!change.value) {
     image_.erase(found);
   } else if (found != image_.end()) {
@@ -239,14 +270,13 @@ bool UserDefaults::put(PreferenceChange change) {
   } else {
     image_.emplace(change.key, *change.value);
   }
-  if (!path_.empty()) unsaved_.insert_or_assign(std::move(change.key), std::move(change.value));
   return true;
 }
 
 Outcome UserDefaults::synchronize() {
   if (!unsaved_.empty()) save();
   if (file_ && unsaved_.empty()) {
-    if (auto outcome = file_->synchronize(); !outcome) return outcome;
+    if (auto outcome = withinLimits([this] { return file_->synchronize(); }); !outcome) return outcome;
     if (watch_) watch_->didSynchronize();
   }
   return status_ ? Outcome(*status_) : done();
@@ -259,12 +289,12 @@ void UserDefaults::saveUnlessJustFailed() {
 void UserDefaults::save() {
   if (path_.empty()) return;
   startWatch();
-  auto outcome = saveOnce();
+  auto outcome = withinLimits([this] { return saveOnce(); });
   if (!outcome && file_ && file_->isDamaged()) {
     // The memory is the best copy that there is.
     keepAll();
     file_.reset();
-    outcome = saveOnce();
+    outcome = withinLimits([this] { return saveOnce(); });
   }
   if (outcome) {
     unsaved_.clear();
@@ -292,11 +322,8 @@ Outcome UserDefaults::saveOnce() {
 
 Outcome UserDefaults::synchronizeOrLater() {
   auto outcome = done();
-  if (Clock::now() - written_ < kBurst) {
-    watch_->synchronizeLater(kBurst);
-  } else {
-    outcome = file_->synchronize();
-  }
+  const bool isBurst = Clock::now() - written_ < kBurst;
+  if (!isBurst || !watch_->synchronizeLater(kBurst)) outcome = file_->synchronize();
   written_ = Clock::now();
   return outcome;
 }
@@ -338,16 +365,21 @@ void UserDefaults::startWatch() {
   watch_ = std::make_unique<PreferencesWatch>(
       path_,
       [this] {
-        if (file_ && file_->isReplaced()) {
-          reconnect();
+        if (file_ && (file_->isReplaced() || file_->isIndexCut())) {
+          static_cast<void>(withinLimits([this] {
+            reconnect();
+            return done();
+          }));
           if (!unsaved_.empty()) save();
         }
         catchUp();
       },
       [this] {
+        closeCutFile();
         if (!unsaved_.empty()) save();
       },
       [this] {
+        closeCutFile();
         keepAll();
         save();
       });

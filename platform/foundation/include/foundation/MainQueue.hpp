@@ -1,8 +1,13 @@
 #pragma once
 
+#include "QEVSettings/preferences/Subscription.hpp"
+
 #include <chrono>
 #include <condition_variable>
+#include <cstdint>
 #include <functional>
+#include <map>
+#include <memory>
 #include <mutex>
 #include <vector>
 
@@ -11,7 +16,8 @@ namespace foundation {
 // Work for a later turn of the main thread, in the order in which it was asked for.
 //
 // The queue has no loop of its own: a window's event loop, or a test, drains it. `async` may be called
-// on any thread, everything else on the main thread.
+// on any thread, everything else on the main thread. The process's queue is never destroyed: threads of
+// the store may queue work while the process ends.
 class MainQueue {
 public:
   using Work = std::function<void()>;
@@ -32,14 +38,35 @@ public:
   bool wait(std::chrono::milliseconds longest);
 
   // Called on the queueing thread when work arrives at an empty queue: the event loop's cue to call
-  // `drain` on the main thread. An empty function takes the cue away.
+  // `drain` on the main thread. An empty function takes the cue away. The previous waker is not running any more
+  // when this returns, so a waker must not wait for the main thread.
   void setWaker(std::function<void()> waker);
 
+  // Runs the work in `drain`, at most once in each interval, until the subscription ends: for work that has no
+  // thread to queue it.
+  [[nodiscard]] QEVSettings::Subscription repeat(std::chrono::milliseconds interval, Work work);
+
+  // How long an event loop may sleep, in milliseconds, before repeated work is due. -1 when there is none.
+  int pollTimeout() const;
+
 private:
+  using Clock = std::chrono::steady_clock;
+  struct Repeated {
+    std::chrono::milliseconds interval;
+    Clock::time_point due;
+    std::shared_ptr<const Work> work;
+  };
+
+  Clock::time_point nextRepeat() const;
+  bool runRepeated();
+
   std::mutex mutex_;
   std::condition_variable arrived_;
   std::vector<Work> pending_;
+  std::recursive_mutex wakerMutex_;  // held while the waker runs, which may queue work itself
   std::function<void()> waker_;
+  std::map<std::uint64_t, Repeated> repeated_;
+  std::uint64_t nextRepeated_ = 0;
 };
 
 }  // namespace foundation

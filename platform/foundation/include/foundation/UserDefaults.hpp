@@ -106,10 +106,11 @@ private:
   UserDefaults();
 
   void connect();
+  void closeCutFile();
   void reconnect();
   void catchUp() const;
   void takeOverChanges() const;
-  void write(PreferenceChange change);
+  void write(std::string_view key, std::optional<QEVSettings::PreferenceValue> value);
   bool put(PreferenceChange change);
   void saveUnlessJustFailed();
   void save();
