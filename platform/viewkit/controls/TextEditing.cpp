@@ -88,18 +88,19 @@ void TextEditing::endEditing() {
 
 bool TextEditing::revert() {
   const bool isRefused = !field().problem.empty();
-  if (!hasChanged_ && !isRefused) return false;
-  hasChanged_ = false;
-  const View description = description_;
+  const bool hadChanged = std::exchange(hasChanged_, false);
   const auto before = std::exchange(before_, std::nullopt);
-  const bool isShown = before && *before == field().text;
-  if (!before || (isShown && !isRefused)) return false;
-  const auto& ownRevert = static_cast<const TextFieldValue&>(*description.value()).revert;
-  if (ownRevert) {
-    ownRevert(*before);
-  } else if (field().change) {
-    field().change(*before);
+  const bool isOther = hadChanged && before != field().text;
+  if (!isRefused && !isOther) return false;
+  // The call may replace the description.
+  const View description = description_;
+  const auto& described = static_cast<const TextFieldValue&>(*description.value());
+  if (described.revert) {
+    described.revert(before.value_or(field().text));
+    return true;
   }
+  if (!before || !field().change) return false;
+  field().change(*before);
   return true;
 }
 
