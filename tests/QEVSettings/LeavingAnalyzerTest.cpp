@@ -32,7 +32,7 @@ protected:
   // While the journal is still there.
   ~LeavingAnalyzerTest() override { close(); }
 
-  std::int64_t selected() const { return store.underneath().integerForKey(kSelection); }
+  std::int64_t selected() { return store.underneath().integerForKey(kSelection); }
 
   Journal journal;
   std::shared_ptr<PortsPreferences> web = std::make_shared<PortsPreferences>(journal);
