@@ -120,10 +120,10 @@ TEST_P(AnalyzerPageWorkTest, IsNoMoreThanTheChangeNeeds) {
   window().movePointer(toggle.frame().origin);
   EXPECT_EQ(workOf(flip, flip), work(2, 0, 1, 58)) << "a switch";
   window().click(field);
-  EXPECT_EQ(workOf([&] { window().type("8"); }, [] {}), work(4, 1, 1, 85)) << "a key typed: the cells of its row";
+  EXPECT_EQ(workOf([&] { window().type("8"); }, [] {}), work(4, 1, 1, 87)) << "a key typed: the cells of its row";
   int selected = 0;
   const auto next = [&] { select(selected = 1 - selected); };
-  EXPECT_EQ(workOf(next, [] {}), work(62, 197, 152, 2992)) << "a selection";
+  EXPECT_EQ(workOf(next, [] {}), work(62, 197, 152, 3010)) << "a selection";
 }
 
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
