@@ -20,7 +20,10 @@ View CheckedTextField::body() const {
 
   return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s1)},
                 {
-                    TextField({.placeholder = placeholder}, text, [self = *this] { self.commitDraft(); })
+                    TextField({.placeholder = placeholder,
+                               .problem = wrong,
+                               .revert = [self = *this](const std::string&) { self.discardDraft(); }},
+                              text, [self = *this] { self.commitDraft(); })
                         .accessibilityLabel(label)
                         .frame(FlexibleFrame{.maxWidth = width}),
                     wrong.empty() ? View()
@@ -38,6 +41,11 @@ void CheckedTextField::commitDraft() const {
   const std::optional<std::string> wrong = commit(*typed);
   problem.set(wrong.value_or(""));
   if (!wrong) draft.set(std::nullopt);
+}
+
+void CheckedTextField::discardDraft() const {
+  draft.set(std::nullopt);
+  problem.set("");
 }
 
 }  // namespace QEVCoreComponents

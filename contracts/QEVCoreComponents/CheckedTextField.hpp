@@ -30,6 +30,7 @@ struct CheckedTextField {
 
 private:
   void commitDraft() const;
+  void discardDraft() const;
 };
 
 }  // namespace QEVCoreComponents

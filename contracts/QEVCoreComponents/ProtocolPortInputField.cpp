@@ -25,10 +25,16 @@ using QEVDependencies::QEVNetworkProtocol;
 
 namespace {
 
+// The whole text of an error without details.
+constexpr std::string_view kErrorTitle = "Error";
+
 std::string textOf(const ErrorState& state) {
   if (!state.errorDetails) return state.errorText;
   return state.errorText + "\n" + localized(message(*state.errorDetails));
 }
+
+// Corrections are told without an error: what remained of the text was stored.
+bool isRefused(const ErrorState& state) { return state.errorDetails || state.errorText == kErrorTitle; }
 
 struct ErrorText {
   ObservedObject<ErrorViewModel> model;
@@ -60,12 +66,27 @@ View ProtocolPortInputField::body() const {
 
 View ProtocolPortInputField::field() const {
   const std::string placeholder = placeholderKey ? localized(*placeholderKey) : "";
-  const bool isWrong = model->errorModel()->errorState.errorDetails.has_value();
+  const ErrorState& state = model->errorModel()->errorState;
+  const bool isWrong = isRefused(state);
   const Binding<std::string> ports{
       [protocol = model.get()] { return protocol->protocolPorts.get(); },
       [protocol = model.get()](std::string text) { protocol->protocolPorts = std::move(text); }};
 
-  return roundedBorder(TextField({.placeholder = placeholder, .lineLimit = lineLimit}, ports, onCommit)
+  const auto revert = [protocol = model.get(), onRevert = onRevert](const std::string& before) {
+    if (onRevert) {
+      onRevert();
+    } else {
+      protocol->protocolPorts = before;
+    }
+    protocol->errorModel()->objectWillChange().announce();
+    protocol->errorModel()->errorState = {};
+  };
+
+  return roundedBorder(TextField({.placeholder = placeholder,
+                                  .lineLimit = lineLimit,
+                                  .problem = isWrong ? textOf(state) : "",
+                                  .revert = revert},
+                                 ports, onCommit)
                            .accessibilityLabel(titleKey.empty() ? placeholder : localized(titleKey)),
                        borderStyle, kCornerMed, isWrong ? Color::systemRed() : klear(), 1);
 }

@@ -63,21 +63,25 @@ View listeningAddress(const Service& service) {
   const TakeAddress take = [service](ProxyAddress taken) { service->setListeningAddress(std::move(taken)); };
 
   return addressFields(
-      CheckedTextField{.label = localized("Listening address"),
-                       .value = address.host,
-                       .commit = [=](std::string_view text) { return takeHost(text, address.port, take); }},
-      CheckedTextField{.label = localized("Listening port"),
-                       .value = std::to_string(address.port),
-                       .commit = [=](std::string_view text) { return takePort(text, address.host, take); },
-                       .width = kPortWidth});
+      CheckedTextField{
+          .label = localized("Listening address"),
+          .value = address.host,
+          .commit = [=](std::string_view text) { return takeHost(text, service->listeningAddress().port, take); }},
+      CheckedTextField{
+          .label = localized("Listening port"),
+          .value = std::to_string(address.port),
+          .commit = [=](std::string_view text) { return takePort(text, service->listeningAddress().host, take); },
+          .width = kPortWidth});
 }
 
 View upstream(const Service& service) {
   const std::optional<ProxyAddress> address = service->upstream();
-  const ProxyAddress known = address.value_or(ProxyAddress{.host = "", .port = kUsualProxyPort});
+  const auto known = [service] {
+    return service->upstream().value_or(ProxyAddress{.host = "", .port = kUsualProxyPort});
+  };
   const TakeAddress take = [service](ProxyAddress taken) { service->setUpstream(std::move(taken)); };
   const auto takeOrClear = [=](std::string_view text) -> std::optional<std::string> {
-    if (!trimmed(text).empty()) return takeHost(text, known.port, take);
+    if (!trimmed(text).empty()) return takeHost(text, known().port, take);
     service->setUpstream(std::nullopt);
     return std::nullopt;
   };
@@ -85,11 +89,11 @@ View upstream(const Service& service) {
   return addressFields(
       CheckedTextField{.label = localized("Upstream proxy"),
                        .placeholder = localized("none"),
-                       .value = known.host,
+                       .value = known().host,
                        .commit = takeOrClear},
       View(CheckedTextField{.label = localized("Upstream port"),
-                            .value = address ? std::to_string(known.port) : "",
-                            .commit = [=](std::string_view text) { return takePort(text, known.host, take); },
+                            .value = address ? std::to_string(address->port) : "",
+                            .commit = [=](std::string_view text) { return takePort(text, known().host, take); },
                             .width = kPortWidth})
           .disabled(!address));
 }

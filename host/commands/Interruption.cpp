@@ -8,6 +8,7 @@ namespace zorvantine {
 Interruption::Interruption() {
   sigset_t signals{};
   sigemptyset(&signals);
+  sigaddset(&signals, SIGHUP);
   sigaddset(&signals, SIGINT);
   sigaddset(&signals, SIGTERM);
   pthread_sigmask(SIG_BLOCK, &signals, &before_);

@@ -1,14 +1,18 @@
 #include "window/DesktopHost.hpp"
 
 #include "Language.hpp"
+#include "commandline/TextForm.hpp"
 #include "foundation/Bundle.hpp"
+#include "viewkit/ViewHost.hpp"
 #include "window/DescriptorWatch.hpp"
 #include "window/MainWindow.hpp"
 #include "window/Updates.hpp"
 #include "window/startAgainWithoutDisplay.hpp"
 
 #include <array>
+#include <iostream>
 #include <string>
+#include <vector>
 
 namespace zorvantine {
 
@@ -29,6 +33,14 @@ NoArguments& noArguments() {
 NoArguments& preparedFor(QtMessages& messages, qt::Application::Display display) {
   if (display == qt::Application::Display::screen) messages.beforeStop(startAgainWithoutDisplay);
   return noArguments();
+}
+
+// The window is closing, so the terminal is told.
+void tellOfRefusedTexts(const std::vector<viewkit::RefusedText>& texts) {
+  for (const viewkit::RefusedText& each : texts) {
+    std::cerr << "zorvantine: "
+              << onOneLine("\"" + each.text + "\" was not stored for " + each.label + ": " + each.problem) << std::endl;
+  }
 }
 
 }  // namespace
@@ -55,10 +67,12 @@ viewkit::Environment DesktopHost::environment() const {
 }
 
 std::unique_ptr<qt::Window> DesktopHost::makeWindow(Tab tab) const {
-  return std::make_unique<qt::Window>(
+  auto window = std::make_unique<qt::Window>(
       qt::WindowOptions{.title = foundation::Bundle::mainBundle().localizedString("Settings"),
                         .environment = environment(),
                         .root = host_->settingsView(tab)});
+  window->onRefusedTexts(tellOfRefusedTexts);
+  return window;
 }
 
 void DesktopHost::run(Tab tab, const Interruption& interruption) {

@@ -2,6 +2,7 @@
 
 #include "ControlUse.hpp"
 #include "Utf8.hpp"
+#include "headless/Window.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -31,7 +32,7 @@ bool isControlCharacter(std::string_view text) {
 
 }  // namespace
 
-const PresentationNode* Keyboard::focused() const { return id_ != 0 ? host_.node(id_) : nullptr; }
+const PresentationNode* Keyboard::focused() const { return id_ != 0 ? window_.host().node(id_) : nullptr; }
 
 const TextFieldControl* Keyboard::field() const { return controlOf<TextFieldControl>(focused()); }
 
@@ -41,8 +42,8 @@ bool Keyboard::isUsable(const PresentationNode* node) const {
 
 void Keyboard::moveTo(viewkit::NodeId id) {
   if (id != id_) resign();
-  settle_();
-  const PresentationNode* node = host_.node(id);
+  window_.settle();
+  const PresentationNode* node = window_.host().node(id);
   if (id == id_ || !isUsable(node)) return;
   id_ = id;
   isAllSelected_ = false;
@@ -56,7 +57,7 @@ void Keyboard::moveTo(viewkit::NodeId id) {
 
 void Keyboard::move(int step) {
   std::vector<viewkit::NodeId> ids;
-  visitTree(host_.presentation(), [&](const PresentationNode& node) {
+  visitTree(window_.host().presentation(), [&](const PresentationNode& node) {
     if (isUsable(&node)) ids.push_back(node.id);
   });
   if (ids.empty()) return;
@@ -71,12 +72,9 @@ void Keyboard::move(int step) {
 void Keyboard::resign() {
   if (id_ == 0) return;
   const auto responder = std::move(responder_);
-  const bool wasChanged = hasChanged_;
-  if (const TextFieldControl* text = field()) commit_ = text->commit;
-  const auto pendingCommit = std::exchange(commit_, nullptr);
+  const auto endEditing = field() ? field()->endEditing : nullptr;
   id_ = 0;
-  hasChanged_ = false;
-  if (wasChanged && pendingCommit) pendingCommit();
+  if (endEditing) endEditing();
 }
 
 bool Keyboard::resignIfUnusable() {
@@ -117,7 +115,8 @@ void Keyboard::handleInField(const Event& event) {
     }
     isAllSelected_ = false;
   } else if (event.characters == kEnter || event.characters == kLineFeed) {
-    commit();
+    const auto commit = field()->commit;
+    if (commit) commit();
   } else if (event.characters == kDeleteBackward) {
     if (isAllSelected_) {
       replace(0, length, "");
@@ -140,19 +139,11 @@ void Keyboard::replace(std::size_t from, std::size_t to, std::string_view text) 
   caret_ = from + characters(text).size();
   isAllSelected_ = false;
   if (after == edited.text) return;
-  hasChanged_ = true;
-  commit_ = edited.commit;
   if (edited.change) edited.change(after);
-  settle_();
+  window_.settle();
   // The view may have made another text of it.
   const TextFieldControl* shown = field();
   if (shown && shown->text != after) caret_ = characters(shown->text).size();
-}
-
-void Keyboard::commit() {
-  hasChanged_ = false;
-  const auto commit = field()->commit;
-  if (commit) commit();
 }
 
 void Keyboard::selectAll() { isAllSelected_ = field() != nullptr; }

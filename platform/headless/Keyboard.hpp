@@ -3,22 +3,22 @@
 #include "appkit/Event.hpp"
 #include "appkit/Responder.hpp"
 #include "viewkit/PresentationNode.hpp"
-#include "viewkit/ViewHost.hpp"
 
 #include <cstddef>
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 
 namespace headless {
 
+class Window;
+
 // What has the keyboard in a window, and the editing of text. A text field's own text is the only
 // copy: the caret alone is kept here.
 class Keyboard {
 public:
-  // `settle` brings the host up to date.
-  Keyboard(const viewkit::ViewHost& host, std::function<void()> settle) : host_(host), settle_(std::move(settle)) {}
+  // The window outlives the keyboard.
+  explicit Keyboard(Window& window) : window_(window) {}
 
   // Nothing when no control has the keyboard.
   const viewkit::PresentationNode* focused() const;
@@ -28,7 +28,7 @@ public:
   void moveTo(viewkit::NodeId id);
   // To the next control that can be used, or with -1 the one before.
   void move(int step);
-  // Takes it from every control: a text whose editing ends is committed if it changed.
+  // Takes it from every control: the editing of a text ends.
   void resign();
   // After an update: ends what was going on in a control that is gone or can no longer be used. Whether
   // there was any.
@@ -43,19 +43,14 @@ private:
   bool isUsable(const viewkit::PresentationNode* node) const;
   void handleInField(const appkit::Event& event);
   void replace(std::size_t from, std::size_t to, std::string_view text);
-  void commit();
 
-  const viewkit::ViewHost& host_;
-  std::function<void()> settle_;
+  Window& window_;
 
   viewkit::NodeId id_ = 0;
   std::unique_ptr<appkit::Responder> responder_;
   // In characters.
   std::size_t caret_ = 0;
   bool isAllSelected_ = false;
-  bool hasChanged_ = false;
-  // Kept for a field that goes away with a change in it.
-  std::function<void()> commit_;
 };
 
 }  // namespace headless

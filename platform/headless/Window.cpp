@@ -6,8 +6,10 @@
 #include "Utf8.hpp"
 #include "appkit/Application.hpp"
 #include "foundation/MainQueue.hpp"
+#include "viewkit/KeyRouter.hpp"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace headless {
@@ -64,14 +66,19 @@ Event eventOf(Key key, std::uint8_t modifiers) {
   };
   switch (key) {
     case Key::enter: return event(Event::kOtherKey, "\r");
-    case Key::escape: return event(Event::kOtherKey, "\x1B");
-    case Key::tab: return event(Event::kOtherKey, "\t");
+    case Key::escape: return event(Event::kEscape, "\x1B");
+    case Key::tab: return event(Event::kTab, "\t");
     case Key::space: return event(Event::kOtherKey, " ");
     case Key::deleteBackward: return event(Event::kOtherKey, "\x7F");
     case Key::upArrow: return event(Event::kUpArrow, "");
     case Key::downArrow: return event(Event::kDownArrow, "");
     case Key::leftArrow: return event(Event::kLeftArrow, "");
     case Key::rightArrow: return event(Event::kRightArrow, "");
+    case Key::pageUp: return event(Event::kPageUp, "");
+    case Key::pageDown: return event(Event::kPageDown, "");
+    case Key::f1: return event(Event::kF1, "");
+    case Key::f4: return event(Event::kF4, "");
+    case Key::w: return event(Event::kW, "w");
   }
   return event(Event::kOtherKey, "");
 }
@@ -80,37 +87,48 @@ Event eventOf(Key key, std::uint8_t modifiers) {
 
 Window::Window(viewkit::View root, viewkit::Environment environment, const WindowOptions& options)
     : stepsAnimations_(options.stepsAnimations),
-      keyboard_(std::make_unique<Keyboard>(host_, [this] { settle(); })),
-      host_(std::move(root), environment, metrics_) {
+      keyboard_(std::make_unique<Keyboard>(*this)),
+      host_(std::make_unique<viewkit::ViewHost>(std::move(root), environment, metrics_)) {
   if (options.isKey) becomeKey();
-  setSize(options.size ? *options.size : host_.sizeThatFits({}));
+  setSize(options.size ? *options.size : host_->sizeThatFits({}));
 }
 
-Window::~Window() {
+Window::~Window() { close(); }
+
+void Window::close() {
+  if (!std::exchange(isOpen_, false)) return;
+  menu_.reset();
   keyboard_->resign();
   settle();
+  host_->endEditing();
+  refusedTexts_ = host_->refusedTexts();
+  // A window that is closed shows nothing.
+  const viewkit::Environment environment = host_->environment();
+  host_.reset();
+  host_ = std::make_unique<viewkit::ViewHost>(viewkit::View{}, environment, metrics_);
+  resignKey();
 }
 
 void Window::setSize(viewkit::Size size) {
   size_ = size;
-  host_.setSize(size);
+  host_->setSize(size);
   settle();
 }
 
 void Window::setEnvironment(viewkit::Environment environment) {
-  host_.setEnvironment(environment);
+  host_->setEnvironment(environment);
   settle();
 }
 
 Element Window::find(Role role, std::string_view label) const {
-  return Finder(*this, host_.presentation()).find(role, label);
+  return Finder(*this, host_->presentation()).find(role, label);
 }
-Element Window::find(Role role) const { return Finder(*this, host_.presentation()).find(role, std::nullopt); }
-std::vector<Element> Window::findAll(Role role) const { return Finder(*this, host_.presentation()).findAll(role); }
-Element Window::findText(std::string_view text) const { return Finder(*this, host_.presentation()).findText(text); }
+Element Window::find(Role role) const { return Finder(*this, host_->presentation()).find(role, std::nullopt); }
+std::vector<Element> Window::findAll(Role role) const { return Finder(*this, host_->presentation()).findAll(role); }
+Element Window::findText(std::string_view text) const { return Finder(*this, host_->presentation()).findText(text); }
 
 const PresentationNode& Window::bringIntoSight(const Element& element) {
-  host_.reveal(element.content().id);
+  host_->reveal(element.content().id);
   settle();
   return element.content();
 }
@@ -123,20 +141,22 @@ bool Window::click(const Element& element) {
 
 bool Window::click(Point point) {
   movePointer(point);
-  const PresentationNode* hit = controlAt(host_.presentation(), point);
+  menu_.reset();
+  const PresentationNode* hit = controlAt(host_->presentation(), point);
   if (hit && takesClicks(*hit->control())) return clickControl(hit->id, point);
   closePopovers(hit);
-  const bool isWanted = host_.click(point);
+  const bool isWanted = host_->click(point);
   settle();
   return isWanted;
 }
 
 bool Window::clickControl(viewkit::NodeId id, Point point) {
   movePointer(point);
-  if (const auto* node = host_.node(id)) closePopovers(node);
-  if (const auto* node = host_.node(id); !node || !node->accessibility.enabled) return false;
+  if (const auto* node = host_->node(id)) closePopovers(node);
+  if (const auto* node = host_->node(id); !node || !node->accessibility.enabled) return false;
+  menu_.reset();
   keyboard_->moveTo(id);
-  const PresentationNode* node = host_.node(id);
+  const PresentationNode* node = host_->node(id);
   if (!node || !node->accessibility.enabled) return false;
   if (const auto* tabs = controlOf<viewkit::TabBarControl>(node); tabs && !tabs->items.empty()) {
     const Rect frame = node->frameInWindow();
@@ -162,6 +182,39 @@ std::vector<viewkit::MenuItem> Window::menuItems(const Element& menu) {
   const auto control = controlFor<viewkit::MenuControl>(menu.content(), "menu");
   if (!readyToUse(menu) || !control.items) return {};
   return control.items();
+}
+
+bool Window::openMenu(const Element& menu) {
+  menu_.reset();
+  static_cast<void>(controlFor<viewkit::MenuControl>(menu.content(), "menu"));
+  if (readyToUse(menu)) openMenuOf(menu.content());
+  return isMenuOpen();
+}
+
+void Window::openMenuOf(const PresentationNode& opener) {
+  const auto control = controlFor<viewkit::MenuControl>(opener, "menu");
+  const viewkit::NodeId id = opener.id;
+  const std::string current = control.title.empty() ? opener.accessibility.value : control.title;
+  OpenMenu opened{.opener = id, .items = control.items ? control.items() : std::vector<viewkit::MenuItem>()};
+  if (opened.items.empty()) return;
+  const auto found = std::ranges::find(opened.items, current, &viewkit::MenuItem::title);
+  if (found != opened.items.end()) opened.current = found - opened.items.begin();
+  menu_ = std::move(opened);
+}
+
+void Window::pressInMenu(const Event& event) {
+  const auto last = std::ssize(menu_->items) - 1;
+  if (event.keyCode == Event::kDownArrow) {
+    menu_->current = std::min(menu_->current + 1, last);
+  } else if (event.keyCode == Event::kUpArrow) {
+    menu_->current = std::max<std::ptrdiff_t>(menu_->current - 1, 0);
+  } else if (event.keyCode == Event::kEscape) {
+    menu_.reset();
+  } else if ((event.characters == "\r" || event.characters == " ") && menu_->current >= 0) {
+    const auto action = menu_->items[static_cast<std::size_t>(menu_->current)].action;
+    menu_.reset();
+    if (action) action();
+  }
 }
 
 bool Window::choose(const Element& menuOrTabs, std::string_view title) {
@@ -204,7 +257,7 @@ void Window::pickTab(const viewkit::TabBarControl& tabs, std::string_view title)
 
 void Window::closePopovers(const PresentationNode* clicked) {
   std::vector<std::function<void()>> dismissals;
-  visitTree(host_.presentation(), [&](const PresentationNode& node) {
+  visitTree(host_->presentation(), [&](const PresentationNode& node) {
     const auto* popover = controlOf<viewkit::PopoverControl>(&node);
     if (popover && !isWithin(clicked, node)) dismissals.push_back(popover->dismiss);
   });
@@ -215,12 +268,12 @@ void Window::closePopovers(const PresentationNode* clicked) {
 void Window::hover(const Element& element) { movePointer(centerOf(bringIntoSight(element).frameInWindow())); }
 
 void Window::movePointer(Point point) {
-  host_.pointerMoved(point);
+  host_->pointerMoved(point);
   settle();
 }
 
 void Window::pointerLeft() {
-  host_.pointerLeft();
+  host_->pointerLeft();
   settle();
 }
 
@@ -243,13 +296,24 @@ void Window::press(Key key, std::uint8_t modifiers) { pressKey(eventOf(key, modi
 
 void Window::pressKey(const Event& event) {
   if (!isKey()) return;
+  if (menu_) {
+    pressInMenu(event);
+    settle();
+    return;
+  }
   const auto passedOn = Event::passThroughMonitors(Event::kKeyDownMask, event);
   settle();
   if (!passedOn) return;
-  if (passedOn->characters == "\x1B") {
-    closePopovers(nullptr);
-  } else {
-    keyboard_->handle(*passedOn);
+  const PresentationNode* node = keyboard_->focused();
+  switch (viewkit::routeKey(*host_, *passedOn, node ? node->id : 0)) {
+    case viewkit::KeyOutcome::closesWindow: close(); break;
+    case viewkit::KeyOutcome::handled: break;
+    case viewkit::KeyOutcome::passedOn:
+      if (controlOf<viewkit::MenuControl>(node) && viewkit::opensMenu(*passedOn)) {
+        openMenuOf(*node);
+      } else {
+        keyboard_->handle(*passedOn);
+      }
   }
   settle();
 }
@@ -276,16 +340,22 @@ std::optional<Element> Window::focused() const {
 void Window::settle() {
   do {
     foundation::MainQueue::mainQueue().drainAll();
-    if (!stepsAnimations_ && host_.isAnimating()) {
-      host_.finishAnimations();
+    if (!stepsAnimations_ && host_->isAnimating()) {
+      host_->finishAnimations();
       foundation::MainQueue::mainQueue().drainAll();
     }
+    if (menu_ && !isUsable(menu_->opener)) menu_.reset();
   } while (keyboard_->resignIfUnusable());
+}
+
+bool Window::isUsable(viewkit::NodeId id) const {
+  const PresentationNode* node = host_->node(id);
+  return node && node->accessibility.enabled;
 }
 
 void Window::advance(std::chrono::duration<double> elapsed) {
   settle();
-  host_.advanceAnimations(elapsed);
+  host_->advanceAnimations(elapsed);
   settle();
 }
 

@@ -48,6 +48,7 @@ void refresh(ControlWidget& control, const viewkit::PresentationNode& node) {
   // Naming announces a new name, whatever it was.
   if (control.widget().accessibleName() != name) control.widget().setAccessibleName(name);
   control.widget().setEnabled(told.enabled);
+  if (!told.enabled) control.closeOpened();
   control.refresh();
 }
 

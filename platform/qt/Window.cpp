@@ -25,6 +25,10 @@ bool Window::isOpen() const { return widget_->isOpen(); }
 
 void Window::onClose(std::function<void()> closed) { widget_->setClosed(std::move(closed)); }
 
+void Window::onRefusedTexts(std::function<void(const std::vector<viewkit::RefusedText>&)> refused) {
+  widget_->setRefused(std::move(refused));
+}
+
 foundation::Outcome Window::snapshot(const std::string& path, double scale) { return widget_->snapshot(path, scale); }
 
 QWidget& Window::widget() { return *widget_; }

@@ -1,11 +1,12 @@
 #include "WindowWidget.hpp"
 
 #include "Fonts.hpp"
+#include "KeyEvents.hpp"
 #include "appkit/Application.hpp"
 #include "controls/ControlWidget.hpp"
-#include "controls/Popover.hpp"
 #include "foundation/Files.hpp"
 #include "foundation/MainQueue.hpp"
+#include "viewkit/KeyRouter.hpp"
 
 #include <QApplication>
 #include <QBuffer>
@@ -36,17 +37,6 @@ const viewkit::PresentationNode* tooltipAt(const viewkit::PresentationNode& node
   return inside && !node.tooltip.empty() ? &node : nullptr;
 }
 
-template <class Control>
-const Control* firstIn(const viewkit::PresentationNode& node) {
-  if (node.control()) {
-    if (const auto* found = std::get_if<Control>(node.control())) return found;
-  }
-  for (const viewkit::PresentationNode* child : node.children) {
-    if (const auto* found = firstIn<Control>(*child)) return found;
-  }
-  return nullptr;
-}
-
 }  // namespace
 
 WindowWidget::WindowWidget(Window& window, WindowOptions options) : window_(window) {
@@ -65,6 +55,10 @@ WindowWidget::WindowWidget(Window& window, WindowOptions options) : window_(wind
   frames_.setInterval(kFrameMilliseconds);
   frames_.callOnTimeout(this, [this] { step(); });
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { revealFocus(now); });
+  // The session may go on after this: what is typed is stored, and the window stays.
+  connect(qApp, &QGuiApplication::commitDataRequest, this, [this] {
+    if (host_) host_->endEditing();
+  });
   qApp->installEventFilter(this);
   appearance_ = appkit::Application::sharedApplication().effectiveAppearanceDidChange().subscribe([this] {
     update();
@@ -89,11 +83,13 @@ void WindowWidget::endViews() {
   if (!host_) return;
   frames_.stop();
   clearFocusAndCommit();
-  host_->update();
+  host_->endEditing();
+  const auto refusedTexts = host_->refusedTexts();
   // The views go first: what they say when they disappear is theirs, the widgets hear no more of it.
   host_->setObserver(nullptr);
   mirror_.reset();
   host_.reset();
+  if (refused_ && !refusedTexts.empty()) refused_(refusedTexts);
 }
 
 void WindowWidget::present(const viewkit::PresentationChanges& changes) {
@@ -160,10 +156,26 @@ void WindowWidget::revealFocus(const QWidget* focused) {
 }
 
 bool WindowWidget::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::MouseMove || !host_) return false;
+  const bool isMove = event->type() == QEvent::MouseMove;
+  if (!host_ || !(isMove || event->type() == QEvent::KeyPress)) return false;
   const auto* under = qobject_cast<QWidget*>(watched);
-  if (under && (under == this || isAncestorOf(under))) {
-    host_->pointerMoved(mirror_->treePoint(*under, static_cast<QMouseEvent*>(event)->position()));
+  if (!under || !(under == this || isAncestorOf(under))) return false;
+  if (!isMove) return routeKey(*static_cast<QKeyEvent*>(event));
+  host_->pointerMoved(mirror_->treePoint(*under, static_cast<QMouseEvent*>(event)->position()));
+  return false;
+}
+
+bool WindowWidget::routeKey(const QKeyEvent& press) {
+  const ControlWidget* control = focusedControl();
+  const viewkit::PresentationNode* node = control ? control->node() : nullptr;
+  switch (viewkit::routeKey(*host_, eventFrom(press), node ? node->id : 0)) {
+    case viewkit::KeyOutcome::handled: return true;
+    case viewkit::KeyOutcome::closesWindow:
+      // The window around this one decides for itself.
+      if (!isWindow()) return false;
+      close();
+      return true;
+    case viewkit::KeyOutcome::passedOn: return false;
   }
   return false;
 }
@@ -239,48 +251,6 @@ void WindowWidget::mouseReleaseEvent(QMouseEvent* event) {
 void WindowWidget::leaveEvent(QEvent* event) {
   QWidget::leaveEvent(event);
   if (host_) host_->pointerLeft();
-}
-
-template <class Control>
-const Control* WindowWidget::firstControl() const {
-  return host_ ? firstIn<Control>(host_->presentation()) : nullptr;
-}
-
-bool WindowWidget::selectTab(int by) {
-  const auto* tabs = firstControl<viewkit::TabBarControl>();
-  if (!tabs || tabs->items.empty()) return false;
-  const int count = static_cast<int>(tabs->items.size());
-  if (const auto select = tabs->select) select((tabs->selected + by + count) % count);
-  return true;
-}
-
-void WindowWidget::keyPressEvent(QKeyEvent* event) {
-  const bool control = event->modifiers() & Qt::ControlModifier;
-  const bool shift = event->modifiers() & Qt::ShiftModifier;
-  bool handled = false;
-  switch (event->key()) {
-    case Qt::Key_Escape:
-      if (const auto* popover = firstControl<viewkit::PopoverControl>()) {
-        if (const auto dismiss = popover->dismiss) dismiss();
-        handled = true;
-      } else if (isWindow()) {
-        close();
-        handled = true;
-      }
-      break;
-    case Qt::Key_F1:
-      if (const auto* help = firstControl<viewkit::HelpButtonControl>()) {
-        if (const auto action = help->action) action();
-        handled = true;
-      }
-      break;
-    case Qt::Key_Tab: handled = control && selectTab(shift ? -1 : 1); break;
-    case Qt::Key_Backtab: handled = control && selectTab(-1); break;
-    case Qt::Key_PageDown: handled = control && selectTab(1); break;
-    case Qt::Key_PageUp: handled = control && selectTab(-1); break;
-    default: break;
-  }
-  if (!handled) QWidget::keyPressEvent(event);
 }
 
 foundation::Outcome WindowWidget::snapshot(const std::string& path, double scale) {

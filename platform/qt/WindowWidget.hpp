@@ -13,6 +13,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace qt {
 
@@ -28,6 +29,9 @@ public:
   // Nothing once the window is closed.
   Mirror* mirror() const { return mirror_.get(); }
   void setClosed(std::function<void()> closed) { closed_ = std::move(closed); }
+  void setRefused(std::function<void(const std::vector<viewkit::RefusedText>&)> refused) {
+    refused_ = std::move(refused);
+  }
 
   foundation::Outcome snapshot(const std::string& path, double scale);
 
@@ -43,7 +47,6 @@ protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void leaveEvent(QEvent* event) override;
@@ -57,16 +60,15 @@ private:
   void noteActivation();
   void revealFocus(const QWidget* focused);
   bool showTooltip(QPoint point, QPoint onScreen);
-  // Moves by so many tabs. Whether there are any.
-  bool selectTab(int by);
-  template <class Control>
-  const Control* firstControl() const;
+  // Whether the press was the window's own.
+  bool routeKey(const QKeyEvent& press);
 
   Window& window_;
   QtMetrics metrics_;
   std::unique_ptr<viewkit::ViewHost> host_;
   std::unique_ptr<Mirror> mirror_;
   std::function<void()> closed_;
+  std::function<void(const std::vector<viewkit::RefusedText>&)> refused_;
   foundation::Subscription appearance_;
   QTimer frames_;
   QElapsedTimer sinceFrame_;

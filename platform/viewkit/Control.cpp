@@ -16,7 +16,7 @@ bool alike(const ColorWellControl& a, const ColorWellControl& b) {
 }
 bool alike(const MenuControl& a, const MenuControl& b) { return a.title == b.title && a.kind == b.kind; }
 bool alike(const TextFieldControl& a, const TextFieldControl& b) {
-  return a.text == b.text && a.placeholder == b.placeholder && a.lineLimit == b.lineLimit;
+  return a.text == b.text && a.placeholder == b.placeholder && a.lineLimit == b.lineLimit && a.problem == b.problem;
 }
 bool alike(const SelectableTextControl& a, const SelectableTextControl& b) { return a.text == b.text; }
 bool alike(const ScrollControl& a, const ScrollControl& b) {

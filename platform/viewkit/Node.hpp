@@ -16,6 +16,7 @@
 namespace viewkit {
 
 class ScrollNode;
+class TextEditing;
 
 enum class Axis { horizontal, vertical };
 
@@ -77,6 +78,8 @@ public:
   // What of an offer the answer depends on: offers that differ in nothing else have one answer.
   virtual ProposedSize heeded(const ProposedSize& offer) const { return offer; }
   virtual ScrollNode* asScrollNode() { return nullptr; }
+  // The editing of a text field.
+  virtual TextEditing* textEditing() { return nullptr; }
   // The direction in which a container places its children one after the other.
   virtual std::optional<Axis> stackAxis() const { return std::nullopt; }
   // In a stack: whether the others get all they can use before it gets more than its least.

@@ -372,6 +372,9 @@ void ViewHost::Runtime::pointerLeft() {
 
 bool ViewHost::Runtime::click(Point point) {
   if (inPass_) return false;
+  // A click may follow the one before within the same turn of the main queue.
+  update();
+  if (closed_) return false;
   std::vector<Node*> regions;
   root_->collectRegions(point, regions);
   const auto wanting = std::find_if(regions.rbegin(), regions.rend(), [](const Node* n) { return n->wantsClick(); });
@@ -381,7 +384,9 @@ bool ViewHost::Runtime::click(Point point) {
 }
 
 bool ViewHost::Runtime::press(NodeId id) {
-  Node* node = inPass_ ? nullptr : presenter_.shownNode(id);
+  if (inPass_) return false;
+  update();
+  Node* node = closed_ ? nullptr : presenter_.shownNode(id);
   Node* region = node ? node->clickRegion() : nullptr;
   if (!region) return false;
   region->click();

@@ -63,6 +63,9 @@ public:
   // given up when changes and answers chase each other without end.
   enum class CallKind { appearance, answer };
   void afterLayout(CallKind kind, std::function<void()> call);
+  // Makes the call when layout is done, before every call that waits: what a field commits when it
+  // disappears is stored before anything is told that it disappeared.
+  void beforeDisappearing(std::function<void()> call);
   void scrollAfterLayout(std::weak_ptr<ScrollProxy::Target> target, ViewId id);
 
   void pointerMoved(Point point);
@@ -70,6 +73,8 @@ public:
   bool click(Point point);
   bool press(NodeId id);
   void reveal(NodeId id);
+  void endEditing();
+  std::vector<RefusedText> refusedTexts();
 
   bool isAnimating() const { return !fades_.isEmpty(); }
   void advanceAnimations(std::chrono::duration<double> elapsed);

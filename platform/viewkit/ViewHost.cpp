@@ -53,6 +53,13 @@ bool ViewHost::press(NodeId id) {
 }
 
 void ViewHost::reveal(NodeId id) { runtime_->reveal(id); }
+
+void ViewHost::endEditing() {
+  const auto runtime = runtime_;
+  runtime->endEditing();
+}
+
+std::vector<RefusedText> ViewHost::refusedTexts() const { return runtime_->refusedTexts(); }
 bool ViewHost::isAnimating() const { return runtime_->isAnimating(); }
 
 void ViewHost::advanceAnimations(std::chrono::duration<double> elapsed) {

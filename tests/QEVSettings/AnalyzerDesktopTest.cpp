@@ -284,7 +284,7 @@ TEST_F(AnalyzerDesktopTest, WhatWasTypedIsCommittedOnceHoweverThePageIsLeft) {
   const std::vector<std::pair<std::string, std::function<void()>>> ways{
       {"another analyzer", [this] { click(find(QAccessible::ListItem, "Bare")); }},
       {"another tab", [this] { press(Qt::Key_Tab, Qt::ControlModifier); }},
-      {"the window closes", [this] { press(Qt::Key_Escape); }},
+      {"the window closes", [this] { press(Qt::Key_W, Qt::ControlModifier); }},
       {"the window is destroyed", [this] { destroyWindow(); }},
   };
   for (const auto& [name, leave] : ways) {

@@ -7,7 +7,7 @@
 #include "foundation/UserDefaults.hpp"
 #include "headless/Window.hpp"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -35,17 +35,23 @@ struct Work {
   std::uint64_t nodesChanged;
   std::uint64_t allocations;
 
-  friend bool operator==(const Work&, const Work&) = default;
+  // The counters of the passes are exact. Allocations depend on the standard library as well, so that they have an
+  // upper bound only, a quarter above what they are today.
+  bool isWithin(const Work& limit) const {
+    return bodiesRun == limit.bodiesRun && nodesLaidOut == limit.nodesLaidOut && nodesChanged == limit.nodesChanged &&
+           allocations <= limit.allocations + limit.allocations / 4;
+  }
   friend std::ostream& operator<<(std::ostream& out, const Work& work) {
     return out << work.bodiesRun << " bodies run, " << work.nodesLaidOut << " nodes laid out, " << work.nodesChanged
                << " nodes changed, " << work.allocations << " allocations";
   }
 };
 
-// A build with sanitizers does not count what is allocated.
-Work work(std::uint64_t bodiesRun, std::uint64_t nodesLaidOut, std::uint64_t nodesChanged, std::uint64_t allocations) {
-  const bool counts = AllocationCount::now().allocations > 0;
-  return {bodiesRun, nodesLaidOut, nodesChanged, counts ? allocations : 0};
+MATCHER_P(IsWithin, limit, testing::PrintToString(limit)) { return arg.isWithin(limit); }
+
+auto isWork(std::uint64_t bodiesRun, std::uint64_t nodesLaidOut, std::uint64_t nodesChanged,
+            std::uint64_t allocations) {
+  return IsWithin(Work{bodiesRun, nodesLaidOut, nodesChanged, allocations});
 }
 
 // With five options and six protocols, like the largest that there are.
@@ -112,18 +118,18 @@ TEST_P(AnalyzerPageWorkTest, IsNoMoreThanTheChangeNeeds) {
   const viewkit::Point onOption = toggle.frame().origin - viewkit::Point{60, 0};
   const auto enter = [&] { window().movePointer(onOption); };
   const auto leave = [&] { window().movePointer({1, 1}); };
-  EXPECT_EQ(workOf(enter, leave), work(1, 0, 1, 28)) << "a hover";
+  EXPECT_THAT(workOf(enter, leave), isWork(1, 0, 1, 28)) << "a hover";
   enter();
-  EXPECT_EQ(workOf(leave, enter), work(1, 0, 1, 24)) << "the end of a hover";
+  EXPECT_THAT(workOf(leave, enter), isWork(1, 0, 1, 24)) << "the end of a hover";
 
   const auto flip = [&] { window().click(toggle); };
   window().movePointer(toggle.frame().origin);
-  EXPECT_EQ(workOf(flip, flip), work(2, 0, 1, 58)) << "a switch";
+  EXPECT_THAT(workOf(flip, flip), isWork(2, 0, 1, 58)) << "a switch";
   window().click(field);
-  EXPECT_EQ(workOf([&] { window().type("8"); }, [] {}), work(4, 1, 1, 85)) << "a key typed: the cells of its row";
+  EXPECT_THAT(workOf([&] { window().type("8"); }, [] {}), isWork(4, 1, 1, 87)) << "a key typed: the cells of its row";
   int selected = 0;
   const auto next = [&] { select(selected = 1 - selected); };
-  EXPECT_EQ(workOf(next, [] {}), work(62, 197, 152, 2953)) << "a selection";
+  EXPECT_THAT(workOf(next, [] {}), isWork(62, 197, 152, 2953)) << "a selection";
 }
 
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)

@@ -5,6 +5,9 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
+#include <utility>
+
 namespace QEVSettings {
 namespace {
 
@@ -86,6 +89,54 @@ TEST_F(QEVCaptureSettingsViewTest, TakesANumberWithinItsLimitsAndExplainsAnyOthe
   }
   enter(window, "Snapshot length (bytes)", "64");
   EXPECT_FALSE(window.find(Role::alert).exists());
+}
+
+TEST_F(QEVCaptureSettingsViewTest, StoresWhatWasTypedHoweverThePageIsLeft) {
+  const std::pair<const char*, std::function<void(headless::Window&)>> ways[] = {
+      {"another tab is clicked", [](headless::Window& window) { window.selectTab("Fonts"); }},
+      {"Ctrl+Tab", [](headless::Window& window) { window.press(Key::tab, appkit::Event::control); }},
+      {"Ctrl+W", [](headless::Window& window) { window.press(Key::w, appkit::Event::control); }},
+      {"the window closes", [](headless::Window& window) { window.close(); }},
+      {"the window is destroyed", [this](headless::Window&) { close(); }},
+  };
+  for (const auto& [way, leave] : ways) {
+    SCOPED_TRACE(way);
+    captureModel->setCaptureFilter("");
+    headless::Window& window = open(Tabs::capture);
+    window.click(window.find(Role::textField, "Capture filter"));
+    window.type("tcp");
+    leave(window);
+    EXPECT_EQ(captureModel->captureFilter(), "tcp");
+  }
+}
+
+TEST_F(QEVCaptureSettingsViewTest, KeepsRefusedTextWithItsErrorAndTellsItWhenTheWindowCloses) {
+  constexpr const char* kField = "Snapshot length (bytes)";
+  headless::Window& window = open(Tabs::capture);
+  window.click(window.find(Role::textField, kField));
+  window.selectAll();
+  window.type("12");
+  window.selectTab("Fonts");
+  window.selectTab("Capture");
+  EXPECT_EQ(window.find(Role::textField, kField).value(), "12");
+  const std::string problem = window.find(Role::alert).label();
+  EXPECT_THAT(problem, HasSubstr("64"));
+  window.close();
+  EXPECT_THAT(window.refusedTexts(),
+              testing::ElementsAre(viewkit::RefusedText{.label = kField, .text = "12", .problem = problem}));
+  EXPECT_EQ(captureModel->snapshotLength(), 262144);
+}
+
+TEST_F(QEVCaptureSettingsViewTest, EscapeBringsTheStoredNumberBackAndTakesTheErrorAway) {
+  headless::Window& window = open(Tabs::capture);
+  enter(window, "Snapshot length (bytes)", "12");
+  window.press(Key::escape);
+  EXPECT_EQ(window.find(Role::textField, "Snapshot length (bytes)").value(), "262144");
+  EXPECT_FALSE(window.find(Role::alert).exists());
+  EXPECT_TRUE(window.isOpen());
+  window.press(Key::escape);
+  EXPECT_FALSE(window.isOpen());
+  EXPECT_THAT(window.refusedTexts(), testing::IsEmpty());
 }
 
 TEST_F(QEVCaptureSettingsViewTest, OffersTheSizeOfARingOnlyWithARing) {
@@ -172,6 +223,16 @@ TEST_F(ProxySettingsViewTest, EditsTheHostsServiceAndRefusesBadAddresses) {
   EXPECT_EQ(proxy->next->text(), "proxy.example:3128");
   enter(window, "Upstream proxy", "");
   EXPECT_FALSE(proxy->next);
+}
+
+TEST_F(ProxySettingsViewTest, StoresWhatWasTypedWhenThePageIsLeft) {
+  const auto proxy = std::make_shared<KeptProxy>();
+  headless::Window& window = open(Tabs::proxy, ProxySettingsView(proxy));
+  window.click(window.find(Role::textField, "Listening port"));
+  window.selectAll();
+  window.type("9090");
+  window.selectTab("Fonts");
+  EXPECT_EQ(proxy->listening.text(), "127.0.0.1:9090");
 }
 
 }  // namespace

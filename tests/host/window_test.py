@@ -182,17 +182,21 @@ class WindowCommands(unittest.TestCase):
         self.assertRegex(self.run_host("run", code=3).stderr, r"\Azorvantine: no display [^\n]+\n\Z")
 
     def test_windows_run_until_they_are_told_to_end(self):
-        for words in (["settings", "--tab", "analyze"], ["run"]):
+        for words, signum in (
+            (["settings", "--tab", "analyze"], signal.SIGTERM),
+            (["settings"], signal.SIGHUP),
+            (["run"], signal.SIGTERM),
+        ):
             window = subprocess.Popen(
                 self.command(*words), stderr=subprocess.PIPE, env=self.environment | {"QT_QPA_PLATFORM": "offscreen"}
             )
             try:
                 # The signals are held back from the moment on at which they close the window.
                 status = Path(f"/proc/{window.pid}/status")
-                while not int(status.read_text().split("SigBlk:")[1].split()[0], 16) & 1 << signal.SIGTERM - 1:
+                while not int(status.read_text().split("SigBlk:")[1].split()[0], 16) & 1 << signum - 1:
                     self.assertIsNone(window.poll(), "the window did not stay open")
                     time.sleep(0.01)
-                window.send_signal(signal.SIGTERM)
+                window.send_signal(signum)
                 self.assertEqual((window.communicate(timeout=60)[1], window.returncode), (b"", 0))
             finally:
                 window.kill()

@@ -13,6 +13,7 @@
 #include <QColorDialog>
 #include <QFontDialog>
 #include <QListView>
+#include <QMouseEvent>
 #include <QTabBar>
 #include <QTest>
 #include <memory>
@@ -59,6 +60,52 @@ TEST_F(ControlsTest, ASwitchAsksForTheOtherValueAndShowsWhatItsViewSays) {
   settle();
   EXPECT_EQ(writes, (std::vector<bool>{true, true})) << "the view never took the value over";
   EXPECT_FALSE(find(QAccessible::CheckBox, "switch").state().checked);
+}
+
+// A press and a release, nothing in between; the second of a double click.
+void pressQuickly(QWidget& widget, QEvent::Type press) {
+  const QPointF middle = QRectF(widget.rect()).center();
+  for (const QEvent::Type type : {press, QEvent::MouseButtonRelease}) {
+    const bool isRelease = type == QEvent::MouseButtonRelease;
+    QMouseEvent event(type, middle, widget.mapToGlobal(middle), Qt::LeftButton,
+                      isRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&widget, &event);
+  }
+}
+
+TEST_F(ControlsTest, EachOfSeveralPressesWithinOneTurnOfTheQueueCounts) {
+  struct Pressed {
+    std::shared_ptr<std::vector<std::string>> writes;
+    viewkit::State<bool> isOn = false;
+    viewkit::State<int> taps = 0;
+    View body() const {
+      const Binding<bool> flag([self = *this] { return self.isOn.get(); },
+                               [self = *this](bool on) {
+                                 self.isOn.set(on);
+                                 self.writes->push_back(on ? "on" : "off");
+                               });
+      const auto tap = [self = *this, shown = taps.get()] {
+        self.taps.set(shown + 1);
+        self.writes->push_back("tap " + std::to_string(shown + 1));
+      };
+      return viewkit::VStack({},
+                             {viewkit::Toggle(flag).accessibilityLabel("switch"),
+                              viewkit::PlainButton(viewkit::Text("plain"), tap).accessibilityLabel("plain"),
+                              viewkit::Text("row").frame(viewkit::FixedFrame{.width = 300, .height = 200}).onTap(tap)});
+    }
+  };
+  const auto writes = std::make_shared<std::vector<std::string>>();
+  open(Pressed{.writes = writes});
+  const auto pressed = [&](QWidget& target) {
+    writes->clear();
+    pressQuickly(target, QEvent::MouseButtonPress);
+    pressQuickly(target, QEvent::MouseButtonDblClick);
+    pressQuickly(target, QEvent::MouseButtonPress);
+    return *writes;
+  };
+  EXPECT_EQ(pressed(widget(QAccessible::CheckBox, "switch")), (std::vector<std::string>{"on", "off", "on"}));
+  EXPECT_EQ(pressed(widget(QAccessible::PushButton, "plain")), (std::vector<std::string>{"tap 1", "tap 2", "tap 3"}));
+  EXPECT_EQ(pressed(topLevel()), (std::vector<std::string>{"tap 4", "tap 5", "tap 6"})) << "a painted row";
 }
 
 enum class Page { first, second };
@@ -137,7 +184,7 @@ TEST_F(MenuTest, KeepsItsKeysFromMonitors) {
         ++seen;
         return std::optional(event);
       });
-  QTest::keyClick(&widget(QAccessible::ButtonMenu, "zone"), Qt::Key_Down);
+  QTest::keyClick(&widget(QAccessible::ButtonMenu, "zone"), Qt::Key_F4);
   ASSERT_EQ(seen, 1);
   QTest::keyClick(&list(), Qt::Key_Down);
   QTest::keyClick(&list(), Qt::Key_Return);
@@ -147,7 +194,7 @@ TEST_F(MenuTest, KeepsItsKeysFromMonitors) {
 }
 
 TEST_F(MenuTest, FindsAWordInTheMiddleOfATitleToo) {
-  QTest::keyClick(&widget(QAccessible::ButtonMenu, "zone"), Qt::Key_Down);
+  QTest::keyClick(&widget(QAccessible::ButtonMenu, "zone"), Qt::Key_F4);
   QTest::keyClicks(&list(), "of");
   EXPECT_EQ(list().currentIndex().row(), 333);
   QTest::keyClick(&list(), Qt::Key_Escape);
@@ -308,6 +355,40 @@ TEST_F(ControlsTest, PopUpButtonWithoutTitleIsSeenAndOpens) {
   QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
   settle();
   EXPECT_EQ(picked, "Zone");
+}
+
+TEST_F(ControlsTest, EscapeInAColourChooserBringsTheFirstColourBack) {
+  const struct {
+    const char* way;
+    std::function<void(QColorDialog&)> leave;
+    bool keeps;
+  } ways[] = {
+      {"Escape", [](QColorDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }, false},
+      {"Return", [](QColorDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); }, true},
+      {"the chooser is closed", [](QColorDialog& dialog) { dialog.close(); }, true},
+  };
+  for (const auto& [way, leave, keeps] : ways) {
+    SCOPED_TRACE(way);
+    std::vector<appkit::RGBA> colors;
+    open(viewkit::ColorWell(recording(colors, appkit::RGBA{1, 0, 0, 1})).accessibilityLabel("color"));
+    const auto openChooser = [&]() -> QColorDialog& {
+      QTest::mouseClick(&widget(QAccessible::PushButton, "color"), Qt::LeftButton);
+      return *topLevel().findChild<QColorDialog*>();
+    };
+    leave(openChooser());
+    settle();
+    EXPECT_TRUE(colors.empty()) << "nothing was picked";
+
+    QColorDialog& dialog = openChooser();
+    dialog.setCurrentColor(Qt::green);
+    settle();
+    leave(dialog);
+    settle();
+    EXPECT_EQ(topLevel().findChild<QColorDialog*>(), nullptr);
+    ASSERT_EQ(colors.size(), keeps ? 1U : 2U);
+    EXPECT_EQ(colors.back(), keeps ? (appkit::RGBA{0, 1, 0, 1}) : (appkit::RGBA{1, 0, 0, 1}));
+    destroyWindow();
+  }
 }
 
 TEST_F(ControlsTest, FocusBringsWhatIsHiddenIntoSight) {

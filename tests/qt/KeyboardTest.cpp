@@ -6,8 +6,6 @@
 #include "viewkit/Controls.hpp"
 #include "viewkit/Stacks.hpp"
 #include "viewkit/State.hpp"
-#include "viewkit/TabView.hpp"
-#include "viewkit/Text.hpp"
 
 #include <QApplication>
 #include <QTest>
@@ -99,61 +97,6 @@ TEST_F(KeyboardTest, TheFirstResponderIsATextWhileOneIsEdited) {
   EXPECT_EQ(window().firstResponder(), text);
   destroyWindow();
   EXPECT_EQ(appkit::Application::sharedApplication().keyWindow(), nullptr);
-}
-
-enum class Page { first, second, third };
-
-struct Pages {
-  std::shared_ptr<int> helped = std::make_shared<int>(0);
-  viewkit::State<Page> page = Page::first;
-  viewkit::State<bool> helpIsShown = false;
-
-  View body() const {
-    const auto pageOf = [&](const std::string& name) -> View {
-      return viewkit::VStack({}, {viewkit::Text(name), field(name),
-                                  viewkit::HelpButton([self = *this] {
-                                    ++*self.helped;
-                                    self.helpIsShown.set(true);
-                                  }).popover(helpIsShown.binding(), [] { return viewkit::Text("Help"); })});
-    };
-    return viewkit::TabView(page.binding(), std::vector<viewkit::Tab<Page>>{
-                                                {Page::first, "First", "clock", pageOf("one")},
-                                                {Page::second, "Second", "globe", pageOf("two")},
-                                                {Page::third, "Third", "cpu", pageOf("three")},
-                                            });
-  }
-};
-
-TEST_F(KeyboardTest, TheWindowsOwnKeysWorkFromWithinATextToo) {
-  const Pages pages;
-  open(pages);
-  const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    widget(QAccessible::EditableText).setFocus();
-    QTest::keyClick(topLevel().windowHandle(), key, modifiers);
-    settle();
-  };
-  const struct {
-    Qt::Key key;
-    Qt::KeyboardModifiers modifiers;
-    const char* page;
-  } steps[] = {
-      {Qt::Key_Tab, Qt::ControlModifier, "two"},    {Qt::Key_PageDown, Qt::ControlModifier, "three"},
-      {Qt::Key_Tab, Qt::ControlModifier, "one"},    {Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier, "three"},
-      {Qt::Key_PageUp, Qt::ControlModifier, "two"},
-  };
-  for (const auto& step : steps) {
-    press(step.key, step.modifiers);
-    EXPECT_TRUE(has(QAccessible::StaticText, step.page)) << step.page;
-  }
-
-  press(Qt::Key_F1);
-  EXPECT_EQ(*pages.helped, 1);
-  EXPECT_TRUE(has(QAccessible::StaticText, "Help"));
-  press(Qt::Key_Escape);
-  EXPECT_FALSE(has(QAccessible::StaticText, "Help"));
-  EXPECT_TRUE(window().isOpen()) << "the first Escape is the popover's";
-  press(Qt::Key_Escape);
-  EXPECT_FALSE(window().isOpen());
 }
 
 }  // namespace

@@ -12,6 +12,8 @@
 #include <QTest>
 #include <QTextEdit>
 
+#include <cstddef>
+
 namespace qt {
 namespace {
 
@@ -85,6 +87,16 @@ TEST_F(TextFieldTest, CommitsWhenTheKeyboardGoesElsewhere) {
     EXPECT_EQ(fields->commits, ++commits);
     EXPECT_EQ(fields->committed, fields->ports.get());
   }
+}
+
+TEST_F(TextFieldTest, CommitsWhenTheSessionEndsAndTheWindowStays) {
+  field().setFocus();
+  QTest::keyClicks(&field(), "1");
+  // Nobody asks the manager anything.
+  alignas(std::max_align_t) std::byte manager[64] = {};
+  emit qGuiApp->commitDataRequest(reinterpret_cast<QSessionManager&>(manager));
+  EXPECT_EQ(fields->commits, 1);
+  EXPECT_TRUE(window().isOpen());
 }
 
 TEST_F(TextFieldTest, KeepsTheCaretWhereItWasWhenTheTextIsPutRight) {

@@ -1,5 +1,7 @@
 #include "ButtonWidget.hpp"
 
+#include "Mirror.hpp"
+
 #include <QKeyEvent>
 
 namespace qt {
@@ -8,12 +10,18 @@ ButtonWidget::ButtonWidget(Mirror& mirror, const viewkit::PresentationNode& node
     : QAbstractButton(&parent), ControlWidget(mirror, node) {
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_Hover);
-  connect(this, &QAbstractButton::clicked, this, [this] { press(); });
+  connect(this, &QAbstractButton::clicked, this, [this] { pressUpToDate(); });
 }
 
 bool ButtonWidget::performPress() {
-  if (isEnabled()) press();
+  if (isEnabled()) pressUpToDate();
   return true;
+}
+
+void ButtonWidget::pressUpToDate() {
+  if (!node()) return;
+  mirror().host().update();
+  if (node() && isEnabled()) press();
 }
 
 void ButtonWidget::keyPressEvent(QKeyEvent* event) {

@@ -4,10 +4,14 @@
 #include "Fonts.hpp"
 #include "Style.hpp"
 
+#include <QCloseEvent>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPushButton>
+
+#include <memory>
 
 namespace qt {
 
@@ -35,6 +39,27 @@ void hideScreenPicker(const QColorDialog& dialog) {
   }
 }
 
+// A chooser without buttons.
+class ColorDialog final : public QColorDialog {
+public:
+  using QColorDialog::QColorDialog;
+
+protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+      accept();
+    } else {
+      QColorDialog::keyPressEvent(event);
+    }
+  }
+
+  // Closing the chooser keeps what was picked.
+  void closeEvent(QCloseEvent* event) override {
+    event->accept();
+    accept();
+  }
+};
+
 appkit::RGBA rgbaOf(const QColor& color) {
   return {.red = color.redF(), .green = color.greenF(), .blue = color.blueF(), .opacity = color.alphaF()};
 }
@@ -46,21 +71,35 @@ QSizeF ColorWell::sizeFor() { return {kWidth, Style::controlHeight()}; }
 void ColorWell::press() {
   const auto* well = control<viewkit::ColorWellControl>();
   if (!well) return;
-  if (!dialog_) {
-    dialog_ = new QColorDialog(colorOf(well->color), window());
-    dialog_->setAttribute(Qt::WA_DeleteOnClose);
-    dialog_->setWindowTitle(qt::text(node()->accessibility.label));
-    dialog_->setOption(QColorDialog::DontUseNativeDialog);
-    dialog_->setOption(QColorDialog::NoButtons);
-    dialog_->setOption(QColorDialog::ShowAlphaChannel, well->supportsOpacity);
-    hideScreenPicker(*dialog_);
-    connect(dialog_, &QColorDialog::currentColorChanged, this, [this](const QColor& color) {
-      settleOn([this, color] { call(&viewkit::ColorWellControl::choose, rgbaOf(color)); });
-    });
-  }
+  if (!dialog_) open(*well);
   dialog_->show();
   dialog_->raise();
   dialog_->activateWindow();
+}
+
+void ColorWell::open(const viewkit::ColorWellControl& well) {
+  dialog_ = new ColorDialog(colorOf(well.color), window());
+  dialog_->setAttribute(Qt::WA_DeleteOnClose);
+  dialog_->setWindowTitle(qt::text(node()->accessibility.label));
+  dialog_->setOption(QColorDialog::DontUseNativeDialog);
+  dialog_->setOption(QColorDialog::NoButtons);
+  dialog_->setOption(QColorDialog::ShowAlphaChannel, well.supportsOpacity);
+  hideScreenPicker(*dialog_);
+  const auto choose = [this](const appkit::RGBA& color) {
+    settleOn([this, color] { call(&viewkit::ColorWellControl::choose, color); });
+  };
+  const auto hasChosen = std::make_shared<bool>(false);
+  connect(dialog_, &QColorDialog::currentColorChanged, this, [choose, hasChosen](const QColor& color) {
+    *hasChosen = true;
+    choose(rgbaOf(color));
+  });
+  connect(dialog_, &QDialog::rejected, this, [choose, hasChosen, before = well.color] {
+    if (*hasChosen) choose(before);
+  });
+}
+
+void ColorWell::closeOpened() {
+  if (dialog_) dialog_->close();
 }
 
 void ColorWell::paintEvent(QPaintEvent* /*event*/) {

@@ -17,6 +17,11 @@ void ControlWidget::takeOver(const viewkit::PresentationNode& node) {
   startAnew();
 }
 
+void ControlWidget::forgetNode() {
+  node_ = nullptr;
+  closeOpened();
+}
+
 void ControlWidget::refreshLater() {
   foundation::MainQueue::mainQueue().async([this, alive = QPointer<QWidget>(&widget())] {
     if (alive && node_) refresh();

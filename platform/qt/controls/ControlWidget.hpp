@@ -38,8 +38,10 @@ public:
   virtual bool floats() const { return false; }
   // Where the widget belongs when its node has this place in the window, in window coordinates.
   virtual QRect placeFor(const QRect& frame) const { return frame; }
-  // Commits a text that is being edited.
+  // Ends the editing of a text.
   virtual void endEditing() {}
+  // Closes the menu or dialog that it has opened.
+  virtual void closeOpened() {}
   virtual appkit::Responder& responder() { return responder_; }
 
   // Whether this is the right kind of widget for the node.
@@ -54,7 +56,8 @@ public:
 
   // Nothing from when the node is gone until the widget is.
   const viewkit::PresentationNode* node() const { return node_; }
-  void forgetNode() { node_ = nullptr; }
+  // What the widget has opened goes with the node.
+  void forgetNode();
 
   // Whether assistive technology was given an interface of it.
   bool isTold() const { return isTold_; }

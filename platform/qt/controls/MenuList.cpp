@@ -182,7 +182,8 @@ void MenuList::keyPressEvent(QKeyEvent* event) {
   const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const bool picks = isReturn || (event->key() == Qt::Key_Space && typed_.isEmpty());
   if (picks) {
-    pick(currentRow());
+    // The key that opened the menu may still be held down.
+    if (!event->isAutoRepeat()) pick(currentRow());
   } else if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Tab) {
     window()->close();
   } else {

@@ -1,5 +1,9 @@
 #include "MenuOpener.hpp"
 
+#include "KeyEvents.hpp"
+#include "Mirror.hpp"
+#include "viewkit/KeyRouter.hpp"
+
 #include <QKeyEvent>
 
 namespace qt {
@@ -11,6 +15,13 @@ void MenuOpener::press() {
   const auto makeItems = menu->items;
   auto items = makeItems();
   if (items.empty() || !node()) return;
+  // The views may be about to take the control away, and then the item does nothing.
+  for (viewkit::MenuItem& item : items) {
+    item.action = [this, alive = QPointer<QWidget>(this), action = std::move(item.action)] {
+      if (alive && node()) mirror().host().update();
+      action();
+    };
+  }
   popup_ = new MenuPopup(std::move(items), current, *this);
   connect(popup_, &QObject::destroyed, this, [this] { update(); });
   open(*popup_);
@@ -19,18 +30,21 @@ void MenuOpener::press() {
 
 void MenuOpener::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) {
-    press();
+    pressUpToDate();
   } else {
     event->ignore();
   }
 }
 
+void MenuOpener::closeOpened() {
+  if (popup_) popup_->close();
+}
+
 void MenuOpener::mouseReleaseEvent(QMouseEvent* event) { event->accept(); }
 
 void MenuOpener::keyPressEvent(QKeyEvent* event) {
-  const auto plain = event->modifiers() & ~Qt::KeypadModifier;
-  if (event->key() == Qt::Key_Down && (plain == Qt::NoModifier || plain == Qt::AltModifier)) {
-    press();
+  if (viewkit::opensMenu(eventFrom(*event))) {
+    if (!event->isAutoRepeat()) pressUpToDate();
   } else {
     ButtonWidget::keyPressEvent(event);
   }

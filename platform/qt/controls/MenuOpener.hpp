@@ -9,11 +9,12 @@
 
 namespace qt {
 
-// What opens a menu: by a press of the mouse, Space, Return or the Down key.
+// What opens a menu, by a press of the mouse or the keys that do so everywhere (see viewkit::opensMenu).
 class MenuOpener : public ButtonWidget {
 public:
   using ButtonWidget::ButtonWidget;
 
+  void closeOpened() override;
   bool isAtRest() const override { return !popup_ && ButtonWidget::isAtRest(); }
   // Of the menu that is open; nothing when none is.
   MenuList* openList() const { return popup_ ? &popup_->list() : nullptr; }

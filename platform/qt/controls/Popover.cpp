@@ -42,7 +42,11 @@ QRect Popover::placeFor(const QRect& frame) const {
 }
 
 bool Popover::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::MouseButtonPress || !node()) return false;
+  const bool isPress = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+  if (!isPress || !node()) return false;
+  // The press before may have closed it already.
+  mirror().host().update();
+  if (!node()) return false;
   const auto* pressed = qobject_cast<QWidget*>(watched);
   const bool isElsewhere = pressed && pressed != this && !isAncestorOf(pressed) && pressed->window() == window();
   // The click is for closing; it does nothing else.

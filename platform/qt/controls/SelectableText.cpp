@@ -71,8 +71,7 @@ void SelectableText::changeEvent(QEvent* event) {
 }
 
 void SelectableText::keyPressEvent(QKeyEvent* event) {
-  const bool isForWindow = event->key() == Qt::Key_Escape || event->key() == Qt::Key_Tab || event->key() == Qt::Key_F1;
-  if (isForWindow) {
+  if (event->key() == Qt::Key_Tab) {
     event->ignore();
   } else {
     QTextEdit::keyPressEvent(event);

@@ -87,7 +87,6 @@ bool TextField::shows(const viewkit::PresentationNode& node) const {
 
 void TextField::startAnew() {
   composing_ = false;
-  changedSinceCommit_ = false;
   refreshing_ = true;
   showAtFirst(text(control<viewkit::TextFieldControl>()->text));
   refreshing_ = false;
@@ -123,19 +122,13 @@ void TextField::textEdited() {
   if (now == told_) return;
   told_ = now;
   LongText::shorten(*this);
-  changedSinceCommit_ = true;
   call(&viewkit::TextFieldControl::change, now.toStdString());
   refreshLater();
 }
 
-void TextField::commit() {
-  changedSinceCommit_ = false;
-  call(&viewkit::TextFieldControl::commit);
-  refreshLater();
-}
-
 void TextField::endEditing() {
-  if (changedSinceCommit_) commit();
+  call(&viewkit::TextFieldControl::endEditing);
+  refreshLater();
 }
 
 bool TextField::event(QEvent* event) {
@@ -147,23 +140,12 @@ bool TextField::event(QEvent* event) {
 }
 
 void TextField::keyPressEvent(QKeyEvent* event) {
-  switch (event->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter: commit(); return;
-    case Qt::Key_Escape:
-    case Qt::Key_F1: event->ignore(); return;
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-      if (event->modifiers() & Qt::ControlModifier) {
-        event->ignore();
-        return;
-      }
-      break;
-    default: break;
+  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+    QTextEdit::keyPressEvent(event);
+    return;
   }
-  QTextEdit::keyPressEvent(event);
+  call(&viewkit::TextFieldControl::commit);
+  refreshLater();
 }
 
 void TextField::focusInEvent(QFocusEvent* event) {

@@ -6,8 +6,8 @@
 
 namespace qt {
 
-// Text that a person types, in one line or a few. Every keystroke is told at once; Return commits, and
-// so does leaving the field after a change.
+// Text that a person types, in one line or a few. Every keystroke is told at once; Return commits,
+// leaving the field ends the editing.
 class TextField : public QTextEdit, public ControlWidget {
 public:
   TextField(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent);
@@ -35,11 +35,9 @@ private:
   // As the view gave it, with nothing to undo.
   void showAtFirst(const QString& text);
   void textEdited();
-  void commit();
 
   appkit::Text textResponder_;
   QString told_;
-  bool changedSinceCommit_ = false;
   bool refreshing_ = false;
   bool composing_ = false;
 };

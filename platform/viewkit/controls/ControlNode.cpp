@@ -23,64 +23,49 @@ bool measuresLike(const Control& a, const Control& b) {
   return looksLike(a, b);
 }
 
-class ControlNode final : public ModifierNode {
-public:
-  bool answersForItself() const override { return content() == nullptr; }
-  // No control is higher because there is room.
-  ProposedSize heeded(const ProposedSize& offer) const override { return {offer.width, std::nullopt}; }
-  bool speaksForContents() const override { return content() != nullptr; }
-  void contentsChanged() override { say(); }
-
-protected:
-  bool hasSameIdentity(const ViewValue& next) const override {
-    return static_cast<const ControlValue&>(next).name == value().name;
-  }
-
-  void apply(const ViewValue* before) override {
-    const auto* last = static_cast<const ControlValue*>(before);
-    if (last && !measuresLike(last->control, value().control)) layoutChanged();
-    setContent(value().control);
-    ModifierNode::apply(before);
-    say();
-  }
-
-  Measurement measure(const ProposedSize& proposal) override {
-    if (content()) return content()->measured(proposal);
-    const Size size = runtime().metrics().controlSize(value().control, proposal);
-    return {size, firstBaseline(size.height)};
-  }
-
-  const InheritedPtr& inheritedByContent() override {
-    return handedOn_.from(inheritedPtr(), [](Inherited& next) {
-      next.forOne = {};
-      next.spokenFor = Inherited::SpokenFor::everything;
-    });
-  }
-
-private:
-  const ControlValue& value() const { return valueAs<ControlValue>(); }
-
-  // A control's line of text stands in its middle; a field may have grown to several, with the same space
-  // around them all.
-  double firstBaseline(double height) {
-    const TextMetrics line = runtime().metrics().measureText({.text = "x"}, std::nullopt);
-    const bool grows = std::holds_alternative<TextFieldControl>(value().control);
-    const double lines = grows ? std::max(1.0, std::floor(height / line.size.height)) : 1;
-    return (height - lines * line.size.height) / 2 + line.firstBaseline;
-  }
-
-  void say() {
-    Accessibility accessibility = value().accessibility;
-    // What a menu shows is its value; its name comes from elsewhere.
-    if (accessibility.label.empty() && accessibility.value.empty()) accessibility.label = spokenContents();
-    if (accessibility.label.empty()) accessibility.label = inherited().forOne.help;
-    setAccessibility(std::move(accessibility));
-  }
-
-  HandedOn handedOn_;
-};
-
 }  // namespace
+
+bool ControlNode::hasSameIdentity(const ViewValue& next) const {
+  return static_cast<const ControlValue&>(next).name == value().name;
+}
+
+void ControlNode::apply(const ViewValue* before) {
+  const auto* last = static_cast<const ControlValue*>(before);
+  if (last && !measuresLike(last->control, value().control)) layoutChanged();
+  setContent(presentedControl());
+  ModifierNode::apply(before);
+  say();
+}
+
+Measurement ControlNode::measure(const ProposedSize& proposal) {
+  if (content()) return content()->measured(proposal);
+  const Size size = runtime().metrics().controlSize(value().control, proposal);
+  return {size, firstBaseline(size.height)};
+}
+
+const InheritedPtr& ControlNode::inheritedByContent() {
+  return handedOn_.from(inheritedPtr(), [](Inherited& next) {
+    next.forOne = {};
+    next.spokenFor = Inherited::SpokenFor::everything;
+  });
+}
+
+// A control's line of text stands in its middle; a field may have grown to several, with the same space
+// around them all.
+double ControlNode::firstBaseline(double height) {
+  const TextMetrics line = runtime().metrics().measureText({.text = "x"}, std::nullopt);
+  const bool grows = std::holds_alternative<TextFieldControl>(value().control);
+  const double lines = grows ? std::max(1.0, std::floor(height / line.size.height)) : 1;
+  return (height - lines * line.size.height) / 2 + line.firstBaseline;
+}
+
+void ControlNode::say() {
+  Accessibility accessibility = value().accessibility;
+  // What a menu shows is its value; its name comes from elsewhere.
+  if (accessibility.label.empty() && accessibility.value.empty()) accessibility.label = spokenContents();
+  if (accessibility.label.empty()) accessibility.label = inherited().forOne.help;
+  setAccessibility(std::move(accessibility));
+}
 
 std::unique_ptr<Node> ControlValue::makeNode() const { return std::make_unique<ControlNode>(); }
 

@@ -1,6 +1,8 @@
 #include "viewkit/Controls.hpp"
 
 #include "controls/ControlNode.hpp"
+#include "controls/MenuNode.hpp"
+#include "controls/TextEditing.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -81,25 +83,26 @@ View ColorWell(const Binding<appkit::RGBA>& selection, const ColorWellOptions& o
 
 View PopUpMenu(std::string title, std::function<std::vector<MenuItem>()> items) {
   Accessibility accessibility{.role = Role::menuButton, .value = title};
-  return makeControl("PopUpMenu", MenuControl{.title = std::move(title), .items = std::move(items)},
-                     std::move(accessibility));
+  return makeMenu("PopUpMenu", {.title = std::move(title), .items = std::move(items)}, std::move(accessibility));
 }
 
 View Menu(const View& label, std::string value, std::function<std::vector<MenuItem>()> items) {
-  return makeControl("Menu", MenuControl{.title = {}, .items = std::move(items), .kind = MenuControl::Kind::label},
-                     {.role = Role::menuButton, .value = std::move(value)}, label);
+  return makeMenu("Menu", {.title = {}, .items = std::move(items), .kind = MenuControl::Kind::label},
+                  {.role = Role::menuButton, .value = std::move(value)}, label);
 }
 
 View TextField(const TextFieldOptions& options, const Binding<std::string>& text, std::function<void()> onCommit) {
   std::string typed = text.get();
   Accessibility accessibility{.role = Role::textField, .label = options.placeholder, .value = typed};
-  return makeControl("TextField",
-                     TextFieldControl{.text = std::move(typed),
-                                      .placeholder = options.placeholder,
-                                      .lineLimit = options.lineLimit,
-                                      .change = [text](std::string next) { text.set(std::move(next)); },
-                                      .commit = std::move(onCommit)},
-                     std::move(accessibility));
+  return makeTextField({.text = std::move(typed),
+                        .placeholder = options.placeholder,
+                        .lineLimit = options.lineLimit,
+                        .problem = options.problem,
+                        .change = [text](std::string next) { text.set(std::move(next)); },
+                        .commit = std::move(onCommit),
+                        .endEditing = {},
+                        .revert = {}},
+                       options.revert, std::move(accessibility));
 }
 
 }  // namespace viewkit

@@ -1,4 +1,5 @@
 #include "ModifierNode.hpp"
+#include "Runtime.hpp"
 
 #include <functional>
 #include <memory>
@@ -26,6 +27,12 @@ protected:
     setContent(Control(PopoverControl{.dismiss = valueAs<PopoverSurfaceValue>().dismiss}));
     setAccessibility({.role = Role::popover});
     ModifierNode::apply(before);
+  }
+
+  // A popover that goes with what it stands beside is not there again when that comes back.
+  void activeChanged() override {
+    if (isActive()) return;
+    runtime().afterLayout(ViewHost::Runtime::CallKind::appearance, valueAs<PopoverSurfaceValue>().dismiss);
   }
 };
 

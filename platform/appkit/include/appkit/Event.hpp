@@ -15,6 +15,14 @@ struct Event {
   static constexpr int kUpArrow = 126;
   static constexpr int kLeftArrow = 123;
   static constexpr int kRightArrow = 124;
+  static constexpr int kTab = 48;
+  static constexpr int kEscape = 53;
+  static constexpr int kPageUp = 116;
+  static constexpr int kPageDown = 121;
+  static constexpr int kF1 = 122;
+  static constexpr int kF4 = 118;
+  // The key that types "w".
+  static constexpr int kW = 13;
   static constexpr int kOtherKey = -1;
 
   enum Modifier : std::uint8_t { none = 0, shift = 1, control = 2, option = 4, command = 8 };

@@ -9,6 +9,7 @@
 #include "viewkit/ViewHost.hpp"
 
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -20,8 +21,23 @@ namespace headless {
 
 class Keyboard;
 
-// The keys that are not characters; the rest is typed with `Window::type`.
-enum class Key { enter, escape, tab, space, deleteBackward, upArrow, downArrow, leftArrow, rightArrow };
+// The keys that are pressed for what they do; the rest is typed with `Window::type`.
+enum class Key {
+  enter,
+  escape,
+  tab,
+  space,
+  deleteBackward,
+  upArrow,
+  downArrow,
+  leftArrow,
+  rightArrow,
+  pageUp,
+  pageDown,
+  f1,
+  f4,
+  w,
+};
 
 struct WindowOptions {
   // The space inside the window, points; left out, as much as the root view asks for.
@@ -48,8 +64,15 @@ class Window final : public appkit::Window {
 public:
   // The environment's store outlives the window.
   Window(viewkit::View root, viewkit::Environment environment, const WindowOptions& options = {});
-  // Ends the editing of text, which commits it, and takes every view away.
+  // Closes the window.
   ~Window() override;
+
+  // Ends the editing of text, which commits it, and takes every view away. The window stays closed: it
+  // shows nothing, and keys do nothing in it.
+  void close();
+  bool isOpen() const { return isOpen_; }
+  // The texts that stood refused in their fields when the window was closed.
+  const std::vector<viewkit::RefusedText>& refusedTexts() const { return refusedTexts_; }
 
   void setSize(viewkit::Size size);
   viewkit::Size size() const { return size_; }
@@ -79,6 +102,11 @@ public:
   // Throws NoSuchElement with the titles that there are when this one is not among them. Returns
   // whether the element was enabled, as do the other two.
   bool choose(const Element& menuOrTabs, std::string_view title);
+  // Opens the menu behind the element and leaves it open: Up and Down go through its items, Return and
+  // Space pick the current one, Escape, a click and the end of the control close it. No other key does
+  // anything meanwhile. Whether it is open.
+  bool openMenu(const Element& menu);
+  bool isMenuOpen() const { return menu_.has_value(); }
   // Settles on a colour, or a font, in the chooser that the element opens.
   bool choose(const Element& colorWell, appkit::RGBA color);
   bool choose(const Element& fontPicker, const appkit::Font& font);
@@ -94,11 +122,12 @@ public:
   // Turns the wheel over the element by this many points, towards the end when positive.
   void scroll(const Element& element, double dy);
 
-  // Keys go to the application's monitors, then to the control that has the keyboard. Nothing comes of
-  // them unless this is the key window. Each character is a key press of its own.
+  // Keys go to the application's monitors, then to the window (see viewkit::routeKey), then to the
+  // control that has the keyboard. Nothing comes of them unless this is the key window. Each character
+  // is a key press of its own.
   void type(std::string_view text);
   // Enter commits a text and presses a button; space presses; tab and shift-tab go from one enabled
-  // control to the next, in the order of the tree and round at its end; escape closes a popover.
+  // control to the next, in the order of the tree and round at its end.
   void press(Key key, std::uint8_t modifiers = appkit::Event::none);
   // Marks all the text that is being edited: what is typed next takes its place.
   void selectAll();
@@ -121,23 +150,36 @@ public:
   // Lets this much time pass for animations that are stepped.
   void advance(std::chrono::duration<double> elapsed);
 
-  viewkit::NodeDescription describe() const { return host_.describe(); }
-  viewkit::ViewHost& host() { return host_; }
-  const viewkit::ViewHost& host() const { return host_; }
+  viewkit::NodeDescription describe() const { return host_->describe(); }
+  viewkit::ViewHost& host() { return *host_; }
+  const viewkit::ViewHost& host() const { return *host_; }
 
 private:
+  struct OpenMenu {
+    viewkit::NodeId opener;
+    std::vector<viewkit::MenuItem> items;
+    // -1 for none.
+    std::ptrdiff_t current = -1;
+  };
+
   const viewkit::PresentationNode& bringIntoSight(const Element& element);
   bool clickControl(viewkit::NodeId id, viewkit::Point point);
   bool readyToUse(const Element& element);
   void pickTab(const viewkit::TabBarControl& tabs, std::string_view title);
   void closePopovers(const viewkit::PresentationNode* clicked);
   void pressKey(const appkit::Event& event);
+  void openMenuOf(const viewkit::PresentationNode& opener);
+  void pressInMenu(const appkit::Event& event);
+  bool isUsable(viewkit::NodeId id) const;
 
   Metrics metrics_;
   viewkit::Size size_;
   bool stepsAnimations_;
+  bool isOpen_ = true;
   std::unique_ptr<Keyboard> keyboard_;
-  viewkit::ViewHost host_;
+  std::unique_ptr<viewkit::ViewHost> host_;
+  std::optional<OpenMenu> menu_;
+  std::vector<viewkit::RefusedText> refusedTexts_;
 };
 
 }  // namespace headless

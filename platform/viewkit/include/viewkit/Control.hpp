@@ -98,15 +98,23 @@ struct MenuControl {
   Kind kind = Kind::popUpButton;
 };
 
-// Text that a person types. `change` is called at every keystroke; `commit` when the person presses
-// Return, and when the field loses the keyboard after its text changed.
+// Text that a person types. A back end calls `change` at every keystroke, `commit` when the person
+// presses Return, and `endEditing` when the field loses the keyboard. The toolkit itself commits a
+// changed text when the field disappears.
 struct TextFieldControl {
   std::string text;
   std::string placeholder;
   // The field grows to this many lines, then scrolls; Return commits all the same.
   int lineLimit = 1;
+  // Why the text was refused, in the person's language; empty while nothing is wrong with it.
+  std::string problem;
   std::function<void(std::string)> change;
   std::function<void()> commit;
+  // Commits the text if it changed since it was last committed.
+  std::function<void()> endEditing;
+  // Brings the stored text back in place of a text that was not committed, or that was refused.
+  // Returns whether there was such a text.
+  std::function<bool()> revert;
 };
 
 // Text that a person can select and copy, but not change.

@@ -31,6 +31,17 @@ struct PassCounters {
   std::uint64_t nodesChanged = 0;
 };
 
+// A text that its view refused, which is therefore not stored.
+struct RefusedText {
+  // The field's name to assistive technology.
+  std::string label;
+  std::string text;
+  // Why it was refused, in the person's language.
+  std::string problem;
+
+  friend bool operator==(const RefusedText&, const RefusedText&) = default;
+};
+
 // A tree of views at work in a window: it keeps what is on the screen equal to the root view.
 //
 // Three passes make one update: *rebuild* runs the bodies that a write has marked, *layout* measures
@@ -79,6 +90,12 @@ public:
 
   // Scrolls whatever the node stands in, as little as it takes to bring the node into sight.
   void reveal(NodeId id);
+
+  // Commits each text that was changed and not committed, and brings the views up to date. A back end
+  // calls it before it closes the window, and when the person's session ends.
+  void endEditing();
+  // The texts that stand refused in their fields, those of hidden pages too.
+  std::vector<RefusedText> refusedTexts() const;
 
   // Fades in progress move on by this much time. A back end calls it for each frame while
   // `isAnimating`.
