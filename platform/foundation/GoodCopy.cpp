@@ -60,7 +60,7 @@ CopyOutcome replaceGoodCopy(const std::filesystem::path& store) {
     return file.isDamaged() ? CopyOutcome::damaged : CopyOutcome::failed;
   };
   PreferencesFile source(store);
-  if (!source.openForReading() || !source.compareCounts()) return outcomeOf(source);
+  if (!source.openForReading()) return outcomeOf(source);
   const auto last = source.newestChange();
   if (last && lastChangeOfGoodCopy(store) == lowBitsOfChange(*last)) return CopyOutcome::done;
   if (!source.copyTo(temporary)) return outcomeOf(source);

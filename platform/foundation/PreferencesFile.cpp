@@ -50,7 +50,8 @@ Outcome PreferencesFile::readChanges(const Receiver& receive) {
   bool isAsWritten = true;
   for (; code == SQLITE_ROW; code = sqlite3_step(select_.get())) {
     auto change = changeOfRow(select_.get());
-    isAsWritten = change.has_value();
+    // A page in another's place brings rows out of their order.
+    isAsWritten = change.has_value() && change->number > lastChange_;
     if (!isAsWritten) break;
     lastChange_ = change->number;
     if (!isFirst && change->key == kRecoveryKey) hasOlderChanges_ = true;
@@ -69,7 +70,20 @@ Outcome PreferencesFile::readChanges(const Receiver& receive) {
 
 Outcome PreferencesFile::readAll(const Receiver& receive) {
   lastChange_ = 0;
-  return readChanges(receive);
+  std::int64_t rows = 0;
+  // Nobody's write comes between the rows and the count.
+  execute(database_, "BEGIN");
+  auto outcome = readChanges([&](PreferenceChange change) {
+    ++rows;
+    receive(std::move(change));
+  });
+  if (outcome) {
+    const auto entries = entriesOfIndex();
+    if (!entries) outcome = failure("read");
+    if (entries && *entries != rows) outcome = damage();
+  }
+  execute(database_, "COMMIT");
+  return outcome;
 }
 
 Outcome PreferencesFile::write(std::span<PreferenceChange> changes, const Receiver& receive, const RowNumbers& rows) {
@@ -204,11 +218,8 @@ Outcome PreferencesFile::copyTo(const std::filesystem::path& path) {
   return outcome;
 }
 
-Outcome PreferencesFile::compareCounts() {
-  const auto rows = number("SELECT count(*) FROM preferences NOT INDEXED");
-  const auto entries = number("SELECT count(*) FROM preferences INDEXED BY sqlite_autoindex_preferences_1");
-  if (!rows || !entries) return failure("read");
-  return *rows == *entries ? done() : Outcome(damage());
+std::optional<std::int64_t> PreferencesFile::entriesOfIndex() {
+  return number("SELECT count(*) FROM preferences INDEXED BY sqlite_autoindex_preferences_1");
 }
 
 std::vector<std::string> PreferencesFile::faults() {

@@ -84,6 +84,8 @@ public:
   // Whether another file, or none, stands where this one, its log or its folder stood when it was opened. One system
   // call, a few more when something came into the folder or left it.
   bool isReplaced() { return identity_.isReplaced(path_); }
+  // Whether a log stands there of a file that is gone: it says nothing about the file that is there now.
+  bool hasLeftItsLog() const { return identity_.hasLeftItsLog(path_); }
   // Whether the folder is no longer the one of the last look.
   bool isFolderReplaced() const { return identity_.isFolderReplaced(path_); }
 
@@ -91,12 +93,11 @@ public:
   // memory, no system call.
   bool mayHaveChanged() const { return stamp_ != nullptr ? stamp() != seenStamp_ : !unchanging_; }
 
-  // Hands over what was written since the last call, by anyone but this object, in the order of writing;
-  // at first, everything.
-  Outcome readChanges(const Receiver& receive);
-
-  // Hands over everything once more.
+  // Hands over everything, in the order of writing, and compares it with what the index has.
   Outcome readAll(const Receiver& receive);
+
+  // Hands over what was written since the last call of either, by anyone but this object.
+  Outcome readChanges(const Receiver& receive);
 
   // Whether older changes came into the table since this was asked last: only `readAll` gives them.
   bool takeHasOlderChanges() { return std::exchange(hasOlderChanges_, false); }
@@ -121,9 +122,6 @@ public:
   // disk when this succeeds, and does not exist otherwise.
   Outcome copyTo(const std::filesystem::path& path);
 
-  // Whether the table and its index have equally many entries.
-  Outcome compareCounts();
-
   // What SQLite finds wrong with the file, a line each; takes as long as reading all of it.
   std::vector<std::string> faults();
 
@@ -141,6 +139,7 @@ private:
   std::uint64_t stamp() const { return std::atomic_ref(*stamp_).load(std::memory_order_acquire); }
   std::uint32_t wordOfLogIndex(std::size_t word) const;
   std::optional<std::int64_t> number(const char* query);
+  std::optional<std::int64_t> entriesOfIndex();
   Outcome writeOne(PreferenceChange& change, std::int64_t& last, const RowNumbers& rows);
   Outcome bringAlong(PreferenceChange& change, std::int64_t& last);
   Outcome replaceRow(const PreferenceChange& change, std::int64_t number, std::int64_t row);

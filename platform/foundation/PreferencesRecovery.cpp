@@ -84,9 +84,9 @@ StorageProblem problemOf(int error) {
 // Why the store needs a recovery, as far as that shows before SQLite opens it.
 std::string damageBefore(const std::filesystem::path& store, StoreKind kind) {
   if (kind == StoreKind::damaged) return store.string() + " is damaged";
-  if (kind == StoreKind::missing && isThere(goodCopyOf(store))) return store.string() + " was missing";
   // SQLite would remove the log of an empty file.
   const bool isLeft = isThere(goodCopyOf(store)) || hasContents(store.string() + "-wal");
+  if (kind == StoreKind::missing && isLeft) return store.string() + " was missing";
   if (kind == StoreKind::empty && isLeft) return store.string() + " was empty";
   return {};
 }
@@ -95,7 +95,7 @@ Attempt read(const std::filesystem::path& store, std::unique_ptr<PreferencesFile
              std::optional<std::uint32_t> lastOfCopy) {
   Attempt opened;
   if (outcome) {
-    outcome = file->readChanges([&](PreferenceChange change) { opened.contents.push_back(std::move(change)); });
+    outcome = file->readAll([&](PreferenceChange change) { opened.contents.push_back(std::move(change)); });
   }
   if (outcome && isBehind(file->lastChange(), lastOfCopy)) {
     return damaged(store.string() + " had lost its last changes");
@@ -147,6 +147,7 @@ public:
     struct stat found {};
     hasCopy_ = ::lstat(goodCopyOf(store).c_str(), &found) == 0;
     copy.addFile(goodCopyOf(store));
+    lastOfCopy_ = lastChangeOfGoodCopy(store);
     for (PreferenceChange& change : copy.changes()) {
       if (!salvage_.has(change.key, change.number)) copyTime_ = found.st_mtim.tv_sec;
       salvage_.add(std::move(change));
@@ -162,8 +163,12 @@ public:
   std::vector<PreferenceChange> markedContents() const {
     auto marked = contents_;
     std::erase_if(marked, [](const PreferenceChange& change) { return change.key == kRecoveryKey; });
-    const std::int64_t last = contents_.empty() ? 0 : std::max(contents_.back().number, salvage_.lastNumber());
-    marked.push_back({.key = std::string(kRecoveryKey), .value = std::nullopt, .number = last + kRecoveryStep});
+    std::int64_t number = contents_.empty() ? 0 : std::max(contents_.back().number, salvage_.lastNumber());
+    // The good copy may have had newer changes that cannot be read.
+    do {
+      number += kRecoveryStep;
+    } while (isBehind(number, lastOfCopy_));
+    marked.push_back({.key = std::string(kRecoveryKey), .value = std::nullopt, .number = number});
     return marked;
   }
 
@@ -200,6 +205,7 @@ private:
   std::vector<PreferenceChange> contents_;
   std::size_t keys_ = 0;
   bool hasCopy_ = false;
+  std::optional<std::uint32_t> lastOfCopy_;
   std::optional<std::time_t> copyTime_;
 };
 
@@ -318,6 +324,13 @@ OpenedPreferences readPreferences(const std::filesystem::path& path) {
   opened.contents = gathered.contents();
   opened.opening = gathered.opening(damage, "; nothing on disk was changed");
   return opened;
+}
+
+std::vector<PreferenceChange> takeAbandonedLog(const std::filesystem::path& store) {
+  PreferencesSalvage salvage;
+  salvage.addFile({}, DatabaseLog(readRawDatabaseFile(store.string() + "-wal").value_or(FileBytes())));
+  for (const char* ending : {"-wal", "-shm"}) ::unlink((store.string() + ending).c_str());
+  return salvage.changes();
 }
 
 Outcome keepGoodCopy(const std::filesystem::path& store) {

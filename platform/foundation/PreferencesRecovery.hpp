@@ -46,6 +46,9 @@ OpenedPreferences openPreferences(const std::filesystem::path& store, const Open
 // result.
 OpenedPreferences readPreferences(const std::filesystem::path& store);
 
+// Removes a log that belongs to a file that is gone, and its index; what could be read in the log.
+std::vector<PreferenceChange> takeAbandonedLog(const std::filesystem::path& store);
+
 // Makes the good copy anew when the store changed since. A store that turns out to be damaged is recovered first. Any
 // thread; takes as long as reading and writing the whole store.
 Outcome keepGoodCopy(const std::filesystem::path& store);

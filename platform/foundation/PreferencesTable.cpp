@@ -46,11 +46,8 @@ int runWithChange(const Statement& statement, const PreferenceChange& change, st
   sqlite3_bind_null(statement.get(), 4);
   cell->bind(statement.get(), 3, 4);
   sqlite3_bind_int64(statement.get(), 5, cell->sum(change.key));
-  const int code = run(statement);
-  // The value's bytes may go.
-  sqlite3_bind_null(statement.get(), 2);
-  sqlite3_bind_null(statement.get(), 4);
-  return code;
+  // The bindings stay, for another would take the reason of a failure away; the next run replaces them.
+  return run(statement);
 }
 
 }  // namespace foundation

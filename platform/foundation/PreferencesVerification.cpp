@@ -70,7 +70,7 @@ private:
     std::set<std::string> keys;
     auto outcome = file.openSnapshot();
     if (outcome) {
-      outcome = file.readChanges([&](const PreferenceChange& change) {
+      outcome = file.readAll([&](const PreferenceChange& change) {
         if (change.value) {
           keys.insert(change.key);
         } else {

@@ -27,6 +27,11 @@ class StoreIdentity {
 public:
   void remember(const std::filesystem::path& store);
   bool isReplaced(const std::filesystem::path& store);
+  // Whether the log is still there, but not the file.
+  bool hasLeftItsLog(const std::filesystem::path& store) const {
+    return log_ != FileIdentity() && FileIdentity::of(store.string() + "-wal") == log_ &&
+           FileIdentity::of(store) != file_;
+  }
   bool isFolderReplaced(const std::filesystem::path& store) const {
     return FileIdentity::of(store.parent_path()) != folder_;
   }

@@ -96,6 +96,7 @@ void UserDefaults::setOpening(StoreOpening opening) {
 // Opens the file anew: it could not be used so far, it is damaged, or it is another one by now.
 void UserDefaults::reconnect(Suspicion suspicion) {
   const bool isMoved = file_ && file_->isFolderReplaced();
+  if (file_ && file_->hasLeftItsLog()) takeOverNewer(takeAbandonedLog(path_));
   file_.reset();
   const auto memory = rememberedChanges();
   auto opened = openPreferences(
@@ -143,8 +144,12 @@ void UserDefaults::takeOverFile(std::vector<PreferenceChange> contents) {
                                 Pending{.value = std::move(remembered.value), .number = remembered.number});
     }
   }
+  takeOverNewer(std::move(contents));
+}
+
+void UserDefaults::takeOverNewer(std::vector<PreferenceChange> changes) {
   std::vector<std::string> changedKeys;
-  for (PreferenceChange& change : contents) {
+  for (PreferenceChange& change : changes) {
     if (change.number >= numberOf(change.key)) takeOver(std::move(change), changedKeys);
   }
   announceLater(std::move(changedKeys));

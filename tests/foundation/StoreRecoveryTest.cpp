@@ -180,7 +180,7 @@ TEST_F(StoreRecovery, LossIsSaidWithItsNumberOfKeys) {
       {"last write of the log garbled",
        [&] {
          const std::size_t last = (contentsOf(log()).size() - 32) / frame - 1;
-         overwriteAt(log(), 32 + last * frame + 24 + 8, "\x01");
+         overwriteAt(log(), 32 + last * frame + 24 + kPage - 16, std::string(16, '\xA5'));
        },
        Outcome::restored, 0},
       {"header of the log garbled", [&] { overwriteAt(log(), 16, "\x01\x02\x03"); }, Outcome::restored, 0},

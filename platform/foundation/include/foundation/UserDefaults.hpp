@@ -122,6 +122,7 @@ private:
   void setOpening(QEVSettings::StoreOpening opening);
   std::vector<PreferenceChange> rememberedChanges() const;
   void takeOverFile(std::vector<PreferenceChange> contents);
+  void takeOverNewer(std::vector<PreferenceChange> changes);
   void catchUp() const;
   void takeOverChanges();
   void write(PreferenceChange change);
