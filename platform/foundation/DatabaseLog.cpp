@@ -62,7 +62,15 @@ DatabaseLog::DatabaseLog(FileBytes bytes) : bytes_(std::move(bytes)) {
     sum.add(page(frames_.back()));
     isChainRight = frames_.back().salts == salts_ && frames_.back().page != 0 && sum.isAt(header.subspan(16));
     if (isChainRight && frames_.back().endsTransaction) acceptedCount_ = frames_.size();
+    if (!isChainRight) isBroken_ = !isLeftFromBefore(frames_.back().salts);
   }
+}
+
+// Frames from before the log was begun anew stay behind the new ones. The first half of the salts counts the times.
+bool DatabaseLog::isLeftFromBefore(std::uint64_t salts) const {
+  constexpr std::uint32_t mostTimes = 1'000'000;
+  const auto age = static_cast<std::uint32_t>(salts_ >> 32) - static_cast<std::uint32_t>(salts >> 32);
+  return age > 0 && age < mostTimes;
 }
 
 std::size_t DatabaseLog::acceptedBytes() const {
@@ -85,9 +93,10 @@ std::vector<LogFrame> DatabaseLog::committed() const {
 }
 
 bool DatabaseLog::hasLostTransactions() const {
-  return std::any_of(
-      frames_.begin() + static_cast<std::ptrdiff_t>(acceptedCount_), frames_.end(),
-      [&](const LogFrame& frame) { return frame.endsTransaction && (!isHeaderRight_ || frame.salts == salts_); });
+  return isBroken_ || std::any_of(frames_.begin() + static_cast<std::ptrdiff_t>(acceptedCount_), frames_.end(),
+                                  [&](const LogFrame& frame) {
+                                    return frame.endsTransaction && (!isHeaderRight_ || frame.salts == salts_);
+                                  });
 }
 
 bool DatabaseLog::continues(const DatabaseLog& other) const {

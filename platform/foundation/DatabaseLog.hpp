@@ -31,7 +31,8 @@ public:
   // All frames that belong to a transaction that was committed at some time, whether SQLite accepts them or not.
   std::vector<LogFrame> committed() const;
 
-  // Whether a committed transaction follows the accepted ones, which nothing but damage explains.
+  // Whether a frame is not as it was written, or a committed transaction follows the accepted ones. A writer that is
+  // killed leaves neither.
   bool hasLostTransactions() const;
 
   std::span<const std::uint8_t> page(const LogFrame& frame) const {
@@ -42,10 +43,13 @@ public:
   bool continues(const DatabaseLog& other) const;
 
 private:
+  bool isLeftFromBefore(std::uint64_t salts) const;
+
   FileBytes bytes_;
   std::vector<LogFrame> frames_;
   std::size_t acceptedCount_ = 0;
   bool isHeaderRight_ = false;
+  bool isBroken_ = false;  // a whole frame of this log has a wrong checksum
   std::uint64_t salts_ = 0;
 };
 

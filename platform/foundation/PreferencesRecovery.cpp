@@ -84,6 +84,8 @@ StorageProblem problemOf(int error) {
 // Why the store needs a recovery, as far as that shows before SQLite opens it.
 std::string damageBefore(const std::filesystem::path& store, StoreKind kind) {
   if (kind == StoreKind::damaged) return store.string() + " is damaged";
+  // It may look whole, and lack what the copies have.
+  if (!unfinishedCopiesOf(store).empty()) return "the recovery of " + store.string() + " was cut short";
   // SQLite would remove the log of an empty file.
   const bool isLeft = isThere(goodCopyOf(store)) || hasContents(store.string() + "-wal");
   if (kind == StoreKind::missing && isLeft) return store.string() + " was missing";

@@ -148,8 +148,7 @@ TEST_F(StoreForeignFiles, OpeningIsKnownForAsLongAsTheStoreIsOpen) {
   store->setInteger(3, "key");
   EXPECT_TRUE(waitUntil([&] { return heard.size() == 1; }));
   std::filesystem::remove(path);
-  EXPECT_TRUE(waitUntil([&] { return heard.size() == 2; }));
-  EXPECT_EQ(heard.back(), std::nullopt);
+  EXPECT_TRUE(waitUntil([&] { return heard.size() > 1 && !heard.back(); }));
   EXPECT_EQ(open()->integerForKey("key"), 3);
 }
 
