@@ -47,10 +47,10 @@ bool PreferencesSalvage::addFile(const FileBytes& file, const DatabaseLog& log) 
   DatabaseCells now(inBoth, budget);
   for (const LogFrame& frame : frames) addPage(now, log.page(frame), frame.page == 1);
   // Long values of the file continue in the file, unless what they continue on was changed since.
-  DatabaseCells before_(inFile, budget);
+  DatabaseCells inFileAlone(inFile, budget);
   const auto pageCount = static_cast<std::uint32_t>(file.size() / kDatabasePageBytes);
   for (std::uint32_t number = 1; number <= pageCount; ++number) {
-    addPage(before_, inFile(number), number == 1);
+    addPage(inFileAlone, inFile(number), number == 1);
     if (!newest.empty()) addPage(now, inFile(number), number == 1);
   }
   return rowCount_ > before;
