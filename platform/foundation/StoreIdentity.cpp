@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <ctime>
 #include <string_view>
 #include <system_error>
 
@@ -38,6 +39,8 @@ bool isAsWritten(const FileBytes& header) {
          bigEndian32(bytes.subspan(52)) == 0 && bigEndian32(bytes.subspan(56)) == 1 &&
          bigEndian32(bytes.subspan(64)) == 0;
 }
+
+std::int64_t nanoseconds(const timespec& time) { return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec; }
 
 // What no store, and nothing next to one, may be.
 Outcome refuse(const std::filesystem::path& path) {
@@ -78,8 +81,8 @@ bool StoreIdentity::isReplaced(const std::filesystem::path& store) {
   struct stat found {};
   if (::lstat(store.parent_path().c_str(), &found) != 0) return errno == ENOENT;
   const bool isSameFolder = found.st_dev == folder_.device && found.st_ino == folder_.node;
-  const bool isSameTime =
-      found.st_mtim.tv_sec == folderChanged_.tv_sec && found.st_mtim.tv_nsec == folderChanged_.tv_nsec;
+  const std::int64_t changed = nanoseconds(found.st_mtim);
+  const bool isSameTime = changed == folderChanged_;
   if (isSameFolder && isSettled_ && isSameTime) return false;
   if (!isSameFolder || FileIdentity::of(store) != file_ || FileIdentity::of(store.string() + "-wal") != log_ ||
       FileIdentity::of(store.string() + "-shm") != index_) {
@@ -87,12 +90,12 @@ bool StoreIdentity::isReplaced(const std::filesystem::path& store) {
   }
   // Two changes within the resolution of the folder's time look like one. File systems without fractions of a second
   // keep whole or even seconds.
+  constexpr std::int64_t fineTime = 50'000'000;
+  constexpr std::int64_t coarseTime = 3'000'000'000;
   timespec now{};
   ::clock_gettime(CLOCK_REALTIME, &now);
-  const double age = static_cast<double>(now.tv_sec - found.st_mtim.tv_sec) +
-                     1e-9 * static_cast<double>(now.tv_nsec - found.st_mtim.tv_nsec);
-  isSettled_ = age > (found.st_mtim.tv_nsec != 0 ? 0.05 : 3.0);
-  folderChanged_ = found.st_mtim;
+  isSettled_ = nanoseconds(now) - changed > (found.st_mtim.tv_nsec != 0 ? fineTime : coarseTime);
+  folderChanged_ = changed;
   return false;
 }
 

@@ -6,15 +6,12 @@
 #include <cstdint>
 #include <filesystem>
 
-#include <sys/types.h>
-#include <time.h>
-
 namespace foundation {
 
 // What stands under a name.
 struct FileIdentity {
-  dev_t device = 0;
-  ino_t node = 0;
+  std::uint64_t device = 0;
+  std::uint64_t node = 0;
   bool operator==(const FileIdentity&) const = default;
 
   // None for a name that does not exist.
@@ -41,7 +38,7 @@ private:
   FileIdentity file_;
   FileIdentity log_;
   FileIdentity index_;
-  timespec folderChanged_{};
+  std::int64_t folderChanged_ = 0;  // in nanoseconds since 1970
   bool isSettled_ = false;
 };
 
