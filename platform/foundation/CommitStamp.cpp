@@ -55,19 +55,24 @@ void CommitStamp::detach() {
   stamp_ = &none_;
 }
 
-std::uint32_t CommitStamp::commitCount() const {
-  constexpr int wordsBefore = 8;
+std::uint32_t CommitStamp::commitCount() const { return wordOfIndex(2); }
+
+std::uint32_t CommitStamp::frameCount() const { return wordOfIndex(4); }
+
+// A word of the index's header; the stamp is the eleventh and twelfth.
+std::uint32_t CommitStamp::wordOfIndex(std::ptrdiff_t word) const {
+  constexpr std::ptrdiff_t stampWord = 10;
   std::uint64_t* const stamp = stamp_;
   if (stamp == &none_) return 0;
-  return std::atomic_ref(*(reinterpret_cast<std::uint32_t*>(stamp) - wordsBefore)).load(std::memory_order_acquire);
+  return std::atomic_ref(*(reinterpret_cast<std::uint32_t*>(stamp) - stampWord + word)).load(std::memory_order_acquire);
 }
 
-bool CommitStamp::isIndexCut() const { return isAttached_ && (stamp_ == &none_ || isCut(store_)); }
+bool CommitStamp::isIndexCut() const { return isAttached_ && (stamp_ == &none_ || isCut(index_)); }
 
 bool CommitStamp::isCutIndexInUse(const std::filesystem::path& store) {
   const std::scoped_lock lock(registry().mutex);
   const auto& stamps = registry().stamps;
-  return isCut(store) &&
+  return isCut(indexOf(store)) &&
          std::any_of(stamps.begin(), stamps.end(), [&](const CommitStamp* stamp) { return stamp->store_ == store; });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -41,8 +42,9 @@ public:
   bool isNew() const { return value() != seen_.load(std::memory_order_relaxed); }
   void markSeen(std::uint64_t stamp) { seen_.store(stamp, std::memory_order_relaxed); }
 
-  // A count of the commits, which stands before the stamp. 0 when the index was cut off.
+  // The number of commits, and the number of the log's frames, which the index holds as well. 0 when it was cut off.
   std::uint32_t commitCount() const;
+  std::uint32_t frameCount() const;
 
   // Whether the index is shorter than what is mapped of it.
   bool isIndexCut() const;
@@ -56,6 +58,7 @@ public:
 
 private:
   void withdraw();
+  std::uint32_t wordOfIndex(std::ptrdiff_t word) const;
 
   std::filesystem::path store_;
   std::string index_;

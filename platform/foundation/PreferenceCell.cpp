@@ -97,6 +97,15 @@ PreferenceCell PreferenceCell::ofColumns(sqlite3_stmt* row, int typeColumn, int 
   return cell;
 }
 
+std::optional<PreferenceCell> PreferenceCell::ofRecord(const DatabaseValue& type, const DatabaseValue& value) {
+  const auto* number = std::get_if<std::int64_t>(&type);
+  if (number == nullptr && !std::holds_alternative<std::monostate>(type)) return std::nullopt;
+  PreferenceCell cell;
+  if (number != nullptr) cell.type_ = *number;
+  cell.contents_ = value;
+  return cell;
+}
+
 std::int64_t PreferenceCell::sum(std::string_view key) const {
   Checksum sum;
   sum.add(bytesOf(key));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DatabaseCells.hpp"
 #include "QEVSettings/preferences/PreferenceValue.hpp"
 
 #include <cstdint>
@@ -23,6 +24,10 @@ public:
   // The one in two columns of a row, until the statement moves on.
   static PreferenceCell ofColumns(sqlite3_stmt* row, int typeColumn, int valueColumn);
 
+  // The one in two columns of a row that was read without SQLite; nothing for a type that is none. The cell refers
+  // to the row's bytes.
+  static std::optional<PreferenceCell> ofRecord(const DatabaseValue& type, const DatabaseValue& value);
+
   // Of the key, the type and the value.
   std::int64_t sum(std::string_view key) const;
 
@@ -37,7 +42,7 @@ private:
   using Bytes = std::span<const std::uint8_t>;
 
   std::optional<std::int64_t> type_;
-  std::variant<std::monostate, std::int64_t, double, Bytes> contents_;
+  DatabaseValue contents_;
   bool isText_ = false;
   std::vector<std::uint8_t> encoded_;  // what the contents refer to, when that is not the value itself
 };

@@ -1,6 +1,7 @@
 #include "foundation/PreferencesVerification.hpp"
 
 #include "PreferencesRecovery.hpp"
+#include "StoreIdentity.hpp"
 
 #include <sys/stat.h>
 
@@ -25,17 +26,25 @@ class Verification {
 public:
   PreferencesVerification of(const std::filesystem::path& store) {
     verdict_.isGood = true;
-    struct stat found {};
-    if (::lstat(store.c_str(), &found) != 0) {
+    const auto kind = kindOfStore(store);
+    struct stat copy {};
+    const bool hasCopy = ::lstat(goodCopyOf(store).c_str(), &copy) == 0;
+    if (!kind) {
+      problem("The store cannot be used: " + kind.error().message + ".");
+    } else if (*kind == StoreKind::foreign) {
+      problem(store.string() + " is " + descriptionOfForeignFile(store) + ", not a preferences store.");
+    } else if (*kind == StoreKind::missing && !hasCopy) {
       say("There is no store at " + store.string() + "; the first write makes one.");
-    } else if (S_ISREG(found.st_mode) && found.st_size == 0) {
-      problem("The store " + store.string() + " is empty. The next start uses its good copy.");
+    } else if (*kind == StoreKind::missing) {
+      problem("There is no store at " + store.string() + ". The next start recovers it from its good copy.");
+    } else if (*kind == StoreKind::empty) {
+      problem("The store " + store.string() + " is empty." + (hasCopy ? " The next start uses its good copy." : ""));
     } else {
       verify("The store " + store.string(), store);
     }
     verifyCopy(goodCopyOf(store));
-    for (const auto& aside : setAsideOf(store)) {
-      say("A damaged store was set aside as " + aside.filename().string() + "; remove it when nobody needs it.");
+    for (const auto& damaged : damagedCopiesOf(store)) {
+      say("A damaged store was set aside as " + damaged.filename().string() + "; remove it when nobody needs it.");
     }
     return std::move(verdict_);
   }
@@ -59,9 +68,9 @@ private:
   void verify(const std::string& name, const std::filesystem::path& path) {
     PreferencesFile file(path);
     std::set<std::string> keys;
-    auto outcome = file.openForReading();
+    auto outcome = file.openSnapshot();
     if (outcome) {
-      outcome = file.readChanges([&](const PreferenceChange& change) {
+      outcome = file.readAll([&](const PreferenceChange& change) {
         if (change.value) {
           keys.insert(change.key);
         } else {
@@ -71,7 +80,7 @@ private:
     }
     if (!outcome) {
       problem(name + " cannot be used: " + outcome.error().message + ".");
-      if (file.isDamaged()) say("The next start sets it aside, and uses the good copy in its place.");
+      if (file.isDamaged()) say("The next start recovers what can be had of it and of its good copy.");
       return;
     }
     const auto faults = file.faults();

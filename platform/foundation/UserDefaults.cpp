@@ -2,20 +2,16 @@
 
 #include "PreferenceObservers.hpp"
 #include "PreferencesFile.hpp"
-#include "PreferencesRecovery.hpp"
-#include "PreferencesWatch.hpp"
 #include "ProcessLimits.hpp"
-#include "foundation/Diagnostics.hpp"
+#include "PreferencesWatch.hpp"
 #include "foundation/MainQueue.hpp"
 
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <cstdlib>
 #include <system_error>
-#include <unordered_set>
 #include <utility>
 
 namespace foundation {
@@ -25,13 +21,6 @@ using QEVSettings::PreferenceValue;
 using QEVSettings::Subscription;
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
-
-// Writes that follow each other quicker are one burst, which a thread puts on disk once in this time.
-constexpr std::chrono::milliseconds kBurst(20);
-// What could not be written is not tried again with every write.
-constexpr std::chrono::milliseconds kPauseAfterFailure(250);
 
 // A relative path in one of these variables counts as none.
 std::filesystem::path folderFromEnvironment(const char* variable) {
@@ -53,42 +42,35 @@ std::optional<std::filesystem::path>& chosenStandardFile() {
   return path;
 }
 
-bool mayBeWritten(const std::filesystem::path& path) {
-  return ::access(path.c_str(), W_OK) == 0 && ::access(path.parent_path().c_str(), W_OK) == 0;
+UserDefaults::Access& chosenStandardAccess() {
+  static UserDefaults::Access access = UserDefaults::Access::readWrite;
+  return access;
 }
 
-// A small store is copied whenever it is closed after a change; one that takes long, now and then.
-bool isCopyWorthwhile(const std::filesystem::path& store) {
-  constexpr std::uintmax_t smallBytes = std::uintmax_t{1} << 20;
-  constexpr auto longAgo = std::chrono::hours(1);
-  if (!isGoodCopyStale(store)) return false;
-  std::error_code error;
-  const auto size = std::filesystem::file_size(store, error);
-  if (!error && size <= smallBytes) return true;
-  const auto copied = std::filesystem::last_write_time(goodCopyOf(store), error);
-  return error || std::filesystem::file_time_type::clock::now() - copied > longAgo;
+// A folder of ours is nobody else's. One that is a link belongs to whoever made it.
+void makePrivate(const std::filesystem::path& folder) {
+  struct stat found {};
+  if (::lstat(folder.c_str(), &found) == 0 && S_ISDIR(found.st_mode) && (found.st_mode & 0777) != 0700) {
+    ::chmod(folder.c_str(), 0700);
+  }
 }
 
 }  // namespace
 
-UserDefaults::UserDefaults() : observers_(std::make_shared<PreferenceObservers>()) {}
-
-UserDefaults::~UserDefaults() {
-  watch_.reset();
-  static_cast<void>(synchronize());
-  // The watch that saving may have asked for.
-  watch_.reset();
-  static_cast<void>(withinLimits(
-      [this] { return file_ && !file_->isReadOnly() && isCopyWorthwhile(path_) ? keepGoodCopy(path_) : done(); }));
-}
+UserDefaults::UserDefaults()
+    : observers_(std::make_shared<PreferenceObservers>()), storageObservers_(std::make_shared<PreferenceObservers>()) {}
 
 UserDefaults& UserDefaults::standardUserDefaults() {
   static const std::unique_ptr<UserDefaults> store = [] {
     const auto file = standardFile();
-    if (!chosenStandardFile() && !file.empty()) ::chmod(file.parent_path().c_str(), 0700);
-    if (!file.empty()) return open(file);
+    const bool mayChange = chosenStandardAccess() == Access::readWrite;
+    if (mayChange && !chosenStandardFile() && !file.empty()) makePrivate(file.parent_path());
+    if (!file.empty()) return open(file, chosenStandardAccess());
     auto homeless = inMemory();
-    homeless->setStatus(Error{"there is no home folder to keep preferences in; set XDG_CONFIG_HOME"});
+    const Error error{"there is no home folder to keep preferences in; set XDG_CONFIG_HOME"};
+    homeless->opening_.outcome = QEVSettings::StoreOpening::Outcome::inMemory;
+    homeless->opening_.message = error.message;
+    homeless->setStatus(error, QEVSettings::StorageProblem::noFile);
     return homeless;
   }();
   return *store;
@@ -96,7 +78,7 @@ UserDefaults& UserDefaults::standardUserDefaults() {
 
 void UserDefaults::setStandardFile(std::filesystem::path path) { chosenStandardFile() = std::move(path); }
 
-void UserDefaults::setStandardAccess(Access) {}
+void UserDefaults::setStandardAccess(Access access) { chosenStandardAccess() = access; }
 
 std::filesystem::path UserDefaults::standardFile() {
   if (const auto& chosen = chosenStandardFile()) return *chosen;
@@ -106,15 +88,15 @@ std::filesystem::path UserDefaults::standardFile() {
 
 std::unique_ptr<UserDefaults> UserDefaults::inMemory() { return std::unique_ptr<UserDefaults>(new UserDefaults); }
 
-std::unique_ptr<UserDefaults> UserDefaults::open(const std::filesystem::path& path, Access) {
+std::unique_ptr<UserDefaults> UserDefaults::open(const std::filesystem::path& path, Access access) {
   auto store = inMemory();
   std::error_code error;
   store->path_ = std::filesystem::absolute(path, error);
   const auto connected = withinLimits([&] {
-    store->connect();
+    access == Access::readOnly ? store->connectForReading() : store->connect();
     return done();
   });
-  if (!connected) store->setStatus(connected.error());
+  if (!connected) store->setStatus(connected.error(), QEVSettings::StorageProblem::failing);
   return store;
 }
 
@@ -125,70 +107,21 @@ std::unique_ptr<UserDefaults> UserDefaults::copyInMemory() const {
     copy->image_ = image_;
     return done();
   });
-  if (!copied) copy->setStatus(copied.error());
+  if (!copied) copy->setStatus(copied.error(), QEVSettings::StorageProblem::failing);
   return copy;
-}
-
-QEVSettings::StoreOpening UserDefaults::opening() const { return {}; }
-
-std::optional<QEVSettings::StorageProblem> UserDefaults::storageProblem() const {
-  return status_ ? std::optional(QEVSettings::StorageProblem::failing) : std::nullopt;
-}
-
-Subscription UserDefaults::observeStorage(std::function<void()>) { return {}; }
-
-void UserDefaults::connect() {
-  auto opened = openPreferences(path_);
-  image_.reserve(opened.contents.size());
-  // Copies of the keys lie next to each other, which look-ups feel: the keys as read lie between the values.
-  for (const PreferenceChange& change : opened.contents) {
-    if (change.value) image_.insert_or_assign(std::string(change.key), *change.value);
-  }
-  file_ = std::move(opened.file);
-  if (opened.notice) reportDiagnostic("preferences: " + *opened.notice);
-  setStatus(std::move(opened.error));
-}
-
-// A file that lost the index of its log is closed, and opened anew by the next save. Until it is closed, SQLite
-// would share its memory with whoever opens it.
-void UserDefaults::closeCutFile() {
-  if (file_ && file_->isIndexCut()) file_.reset();
-}
-
-// Opens the file anew: it could not be used so far, or it is another one by now. What it holds counts, but for
-// what is still to be written; what only the memory holds is written to it.
-void UserDefaults::reconnect() {
-  closeCutFile();
-  auto opened = openPreferences(path_, status_ ? Patience::none : Patience::aMoment);
-  if (opened.notice) reportDiagnostic("preferences: " + *opened.notice);
-  if (!opened.file) {
-    setStatus(std::move(opened.error));
-    return;
-  }
-  const bool isFirst = !file_ && image_.empty();
-  file_ = std::move(opened.file);
-  std::unordered_set<std::string> found;
-  std::vector<std::string> changedKeys;
-  for (PreferenceChange& change : opened.contents) {
-    if (!isFirst) found.insert(change.key);
-    takeOver(std::move(change), changedKeys);
-  }
-  for (const auto& [key, value] : image_) {
-    if (!isFirst && !found.contains(key)) unsaved_.try_emplace(key, value);
-  }
-  if (unsaved_.empty()) setStatus(std::nullopt);
-  announceLater(std::move(changedKeys));
 }
 
 const PreferenceValue* UserDefaults::find(std::string_view key) const {
   catchUp();
   const auto found = image_.find(key);
-  return found != image_.end() ? &found->second : nullptr;
+  return found != image_.end() ? &found->second.value : nullptr;
 }
 
 PreferenceDictionary UserDefaults::dictionaryRepresentation() const {
   catchUp();
-  return {image_.begin(), image_.end()};
+  PreferenceDictionary values;
+  for (const auto& [key, kept] : image_) values.emplace(key, kept.value);
+  return values;
 }
 
 void UserDefaults::setObject(PreferenceValue value, std::string_view key) { write(key, std::move(value)); }
@@ -204,7 +137,7 @@ void UserDefaults::write(std::string_view key, std::optional<PreferenceValue> va
     changed = put({.key = ownKey, .value = std::move(value)});
     return done();
   });
-  if (!outcome) setStatus(outcome.error());
+  if (!outcome) setStatus(outcome.error(), QEVSettings::StorageProblem::failing);
   // The same value again is still a chance for what could not be saved before.
   if (changed || !unsaved_.empty()) saveUnlessJustFailed();
   if (changed) observers_->announce(ownKey);
@@ -227,6 +160,31 @@ Outcome UserDefaults::applyAll(const PreferenceDictionary& values) {
   return status_ ? Outcome(*status_) : done();
 }
 
+// Puts a change into the image and among the unsaved ones; says whether it changes anything.
+bool UserDefaults::put(PreferenceChange change) {
+  closeCutFile();
+  catchUp();
+  if (auto refusal = PreferencesFile::refusalOf(change)) {
+    setStatus(std::move(refusal), problem_);
+    return false;
+  }
+  const auto found = image_.find(change.key);
+  if (found == image_.end() ? !change.value : change.value == found->second.value) return false;
+  // First, so that a lack of memory cannot leave a change in the image that is never written.
+  if (!path_.empty()) unsaved_.insert_or_assign(change.key, Pending{.value = change.value});
+  if (!change.value) {
+    removed_[change.key] = found->second.number;
+    image_.erase(found);
+  } else if (found != image_.end()) {
+    found->second.value = *change.value;
+  } else {
+    const std::int64_t number = numberOf(change.key);
+    removed_.erase(change.key);
+    image_.emplace(change.key, Kept{.value = *change.value, .number = number});
+  }
+  return true;
+}
+
 Subscription UserDefaults::observe(std::string_view key, Observer observer) {
   startWatch();
   return observers_->observe(key, std::move(observer));
@@ -237,113 +195,15 @@ Subscription UserDefaults::observeAll(Observer observer) {
   return observers_->observeAll(std::move(observer));
 }
 
+QEVSettings::StoreOpening UserDefaults::opening() const { return opening_; }
+
+std::optional<QEVSettings::StorageProblem> UserDefaults::storageProblem() const { return problem_; }
+
+Subscription UserDefaults::observeStorage(std::function<void()> observer) {
+  return storageObservers_->observeAll([observer = std::move(observer)](std::string_view) { observer(); });
+}
+
 void UserDefaults::readChanges() { catchUp(); }
-
-void UserDefaults::catchUp() const {
-  if (file_ && file_->mayHaveChanged()) takeOverChanges();
-}
-
-void UserDefaults::takeOverChanges() const {
-  std::vector<std::string> changedKeys;
-  const auto outcome = withinLimits(
-      [&] { return file_->readChanges([&](PreferenceChange change) { takeOver(std::move(change), changedKeys); }); });
-  if (!outcome) setStatus(outcome.error());
-  announceLater(std::move(changedKeys));
-}
-
-// Puts a change into the image and among the unsaved ones; says whether it changes anything.
-bool UserDefaults::put(PreferenceChange change) {
-  closeCutFile();
-  catchUp();
-  if (auto refusal = PreferencesFile::refusalOf(change)) {
-    setStatus(std::move(refusal));
-    return false;
-  }
-  const auto found = image_.find(change.key);
-  if (found == image_.end() ? !change.value : change.value == found->second) return false;
-  // First, so that a lack of memory cannot leave a change in the image that is never written.
-  if (!path_.empty()) unsaved_.insert_or_assign(change.key, change.value);
-  if (!change.value) {
-    image_.erase(found);
-  } else if (found != image_.end()) {
-    found->second = *change.value;
-  } else {
-    image_.emplace(change.key, *change.value);
-  }
-  return true;
-}
-
-Outcome UserDefaults::synchronize() {
-  if (!unsaved_.empty()) save();
-  if (file_ && unsaved_.empty()) {
-    if (auto outcome = withinLimits([this] { return file_->synchronize(); }); !outcome) return outcome;
-    if (watch_) watch_->didSynchronize();
-  }
-  return status_ ? Outcome(*status_) : done();
-}
-
-void UserDefaults::saveUnlessJustFailed() {
-  if (!status_ || Clock::now() - failed_ >= kPauseAfterFailure) save();
-}
-
-void UserDefaults::save() {
-  if (path_.empty()) return;
-  startWatch();
-  auto outcome = withinLimits([this] { return saveOnce(); });
-  if (!outcome && file_ && file_->isDamaged()) {
-    // The memory is the best copy that there is.
-    keepAll();
-    file_.reset();
-    outcome = withinLimits([this] { return saveOnce(); });
-  }
-  if (outcome) {
-    unsaved_.clear();
-    setStatus(std::nullopt);
-    watch_->didSucceed();
-    watch_->didWrite();
-  } else {
-    failed_ = Clock::now();
-    setStatus(outcome.error());
-    watch_->retryLater();
-  }
-}
-
-Outcome UserDefaults::saveOnce() {
-  if (!file_ || file_->isReplaced() || (file_->isReadOnly() && mayBeWritten(path_))) reconnect();
-  if (!file_) return status_ ? *status_ : Error{path_.string() + " cannot be opened"};
-  std::vector<PreferenceChange> changes;
-  changes.reserve(unsaved_.size());
-  for (const auto& [key, value] : unsaved_) changes.push_back({.key = key, .value = value});
-  std::vector<std::string> changedKeys;
-  auto outcome = file_->write(changes, [&](PreferenceChange change) { takeOver(std::move(change), changedKeys); });
-  announceLater(std::move(changedKeys));
-  return outcome ? synchronizeOrLater() : outcome;
-}
-
-Outcome UserDefaults::synchronizeOrLater() {
-  auto outcome = done();
-  const bool isBurst = Clock::now() - written_ < kBurst;
-  if (!isBurst || !watch_->synchronizeLater(kBurst)) outcome = file_->synchronize();
-  written_ = Clock::now();
-  return outcome;
-}
-
-void UserDefaults::keepAll() {
-  for (const auto& [key, value] : image_) unsaved_.try_emplace(key, value);
-}
-
-// A change that another process made. One of ours to the same key that is still to be written is newer.
-void UserDefaults::takeOver(PreferenceChange change, std::vector<std::string>& changedKeys) const {
-  if (unsaved_.contains(change.key)) return;
-  const auto found = image_.find(change.key);
-  if (found == image_.end() ? !change.value : change.value == found->second) return;
-  if (change.value) {
-    image_.insert_or_assign(change.key, *std::move(change.value));
-  } else {
-    image_.erase(found);
-  }
-  changedKeys.push_back(std::move(change.key));
-}
 
 void UserDefaults::announceLater(std::vector<std::string> keys) const {
   if (keys.empty() || observers_->isEmpty()) return;
@@ -354,37 +214,11 @@ void UserDefaults::announceLater(std::vector<std::string> keys) const {
   });
 }
 
-// A problem is said once, when it begins.
-void UserDefaults::setStatus(std::optional<Error> status) const {
-  if (status && !status_) reportDiagnostic("preferences: " + status->message);
-  status_ = std::move(status);
-}
-
-void UserDefaults::startWatch() {
-  if (watch_ || path_.empty()) return;
-  watch_ = std::make_unique<PreferencesWatch>(
-      path_,
-      [this] {
-        if (file_ && (file_->isReplaced() || file_->isIndexCut())) {
-          static_cast<void>(withinLimits([this] {
-            reconnect();
-            return done();
-          }));
-          if (!unsaved_.empty()) save();
-        }
-        catchUp();
-      },
-      [this] {
-        closeCutFile();
-        if (!unsaved_.empty()) save();
-      },
-      [this] {
-        closeCutFile();
-        keepAll();
-        save();
-      });
-  // What came before the watch gives no cue.
-  catchUp();
+void UserDefaults::announceStorageLater() const {
+  if (storageObservers_->isEmpty()) return;
+  MainQueue::mainQueue().async([observers = std::weak_ptr(storageObservers_)] {
+    if (const auto alive = observers.lock()) alive->announce({});
+  });
 }
 
 }  // namespace foundation

@@ -11,8 +11,12 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <functional>
+#include <iterator>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -24,6 +28,9 @@ namespace foundation {
 // A folder for stores, removed after the test, and what they had to say.
 class StoreTest : public testing::Test {
 protected:
+  // `inner` is a folder within the test's own, that the test may do with what it likes.
+  explicit StoreTest(const std::filesystem::path& inner = {}) : folder(scratch.path() / inner) {}
+
   void SetUp() override {
     setDiagnosticSink([this](std::string_view line) { said.emplace_back(line); });
   }
@@ -35,10 +42,39 @@ protected:
   std::unique_ptr<UserDefaults> open() const { return UserDefaults::open(path); }
 
   const support::TemporaryFolder scratch;
-  const std::filesystem::path folder = scratch.path();
+  const std::filesystem::path folder;
   const std::filesystem::path path = folder / "preferences.sqlite";
   std::vector<std::string> said;
 };
+
+// The full runs take minutes: scripts/test --soak.
+inline int runs(int usual, int soak) { return std::getenv("QEV_SOAK") != nullptr ? soak : usual; }
+
+inline std::string contentsOf(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+inline void overwrite(const std::filesystem::path& path, std::string_view contents) {
+  std::ofstream(path, std::ios::binary | std::ios::trunc) << contents;
+}
+
+// Every file of the folder with its contents and its mode.
+inline std::map<std::string, std::string> filesIn(const std::filesystem::path& folder) {
+  std::map<std::string, std::string> files;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    const auto mode = static_cast<unsigned>(entry.symlink_status().permissions());
+    files[entry.path().filename().string()] = std::to_string(mode) + " " + contentsOf(entry.path());
+  }
+  return files;
+}
+
+// Nobody in particular, so that permissions count even when the tests run as root.
+inline void loseRootIn(const std::filesystem::path& folder) {
+  constexpr uid_t nobody = 65534;
+  if (::geteuid() != 0) return;
+  if (::chown(folder.c_str(), nobody, nobody) != 0 || ::setgid(nobody) != 0 || ::setuid(nobody) != 0) ::_exit(99);
+}
 
 // Runs the main queue until the condition holds; says whether it came to hold.
 inline bool waitUntil(const std::function<bool()>& condition) {

@@ -19,6 +19,7 @@ class PreferenceObservers;
 class PreferencesFile;
 class PreferencesWatch;
 struct PreferenceChange;
+enum class Suspicion;
 
 // The preferences store over one file, shared by every process of the user.
 //
@@ -34,10 +35,10 @@ struct PreferenceChange;
 // observers hear of it from the main queue some milliseconds later. For that, and to try again what could
 // not be written, a store that is observed or written to keeps a thread, which only waits.
 //
-// A damaged file is set aside, and the last good copy of it, which the store makes by itself, takes its
-// place. A store whose file cannot be used goes on in memory, and `status` says why: reading serves what
-// could be read, and changes are written as soon as that becomes possible. Each such event is one line
-// of diagnostics. Main thread.
+// A damaged file is recovered from what can be read of it, from the good copy that the store makes by itself, and
+// from memory, whenever the damage is met; `opening` says so. A store whose file cannot be used goes on in memory, and
+// `status` says why: reading serves what could be read, and changes are written as soon as that becomes possible. A
+// file that is no store is left alone. Each such event is one line of diagnostics. Main thread.
 class UserDefaults final : public QEVSettings::PreferencesStore {
 public:
   // Whether a store may touch its file. A store for reading creates and writes nothing on disk, not even files
@@ -56,7 +57,8 @@ public:
   // Where the standard store's file is; empty when there is no home folder for it.
   static std::filesystem::path standardFile();
 
-  // A store over any file; makes the file and its folders when they are missing, readable by the user alone.
+  // A store over any file; makes the file and its folders when they are missing, readable by the user alone. A store
+  // for reading holds what the file held when it was opened, or what could be had of a damaged one.
   static std::unique_ptr<UserDefaults> open(const std::filesystem::path& path, Access access = Access::readWrite);
 
   // A store that nothing outlives.
@@ -100,34 +102,58 @@ private:
     using is_transparent = void;
     std::size_t operator()(std::string_view key) const { return std::hash<std::string_view>{}(key); }
   };
-  using Image = std::unordered_map<std::string, QEVSettings::PreferenceValue, Hash, std::equal_to<>>;
-  using Unsaved = std::unordered_map<std::string, std::optional<QEVSettings::PreferenceValue>, Hash, std::equal_to<>>;
+  struct Kept {
+    QEVSettings::PreferenceValue value;
+    std::int64_t number = 0;  // of the row that the value came from or went to; 0 before there is one
+  };
+  using Image = std::unordered_map<std::string, Kept, Hash, std::equal_to<>>;
+  using Removed = std::unordered_map<std::string, std::int64_t, Hash, std::equal_to<>>;
+  struct Pending {
+    std::optional<QEVSettings::PreferenceValue> value;
+    std::int64_t number = 0;  // of the row that the file had and lost; 0 for a new change
+  };
+  using Unsaved = std::unordered_map<std::string, Pending, Hash, std::equal_to<>>;
 
   UserDefaults();
 
   void connect();
+  void connectForReading();
+  void reconnect(Suspicion suspicion);
   void closeCutFile();
-  void reconnect();
+  void setOpening(QEVSettings::StoreOpening opening);
+  std::vector<PreferenceChange> rememberedChanges() const;
+  void takeOverFile(std::vector<PreferenceChange> contents);
+  void takeOverNewer(std::vector<PreferenceChange> changes);
   void catchUp() const;
-  void takeOverChanges() const;
+  void takeOverChanges();
   void write(std::string_view key, std::optional<QEVSettings::PreferenceValue> value);
   bool put(PreferenceChange change);
   void saveUnlessJustFailed();
   void save();
-  Outcome saveOnce();
+  Outcome saveOnce(Suspicion suspicion);
+  void didWrite(const std::vector<PreferenceChange>& changes);
   Outcome synchronizeOrLater();
   void keepAll();
-  void takeOver(PreferenceChange change, std::vector<std::string>& changedKeys) const;
+  std::int64_t numberOf(std::string_view key) const;
+  void setNumber(const std::string& key, std::int64_t number);
+  void takeOver(PreferenceChange change, std::vector<std::string>& changedKeys);
   void announceLater(std::vector<std::string> keys) const;
-  void setStatus(std::optional<Error> status) const;
+  void setStatus(std::optional<Error> status, std::optional<QEVSettings::StorageProblem> problem);
+  void announceStorageLater() const;
   void startWatch();
 
   std::shared_ptr<PreferenceObservers> observers_;
+  std::shared_ptr<PreferenceObservers> storageObservers_;
   std::filesystem::path path_;  // empty for a store in memory
   std::unique_ptr<PreferencesFile> file_;
-  mutable Image image_;  // a read first takes over what other processes wrote
-  mutable std::optional<Error> status_;
-  Unsaved unsaved_;
+  // A read takes over first what other processes wrote, and recovers a file that it finds damaged.
+  UserDefaults& self_ = *this;
+  Image image_;
+  Removed removed_;  // keys that were removed, with the numbers of their rows
+  Unsaved unsaved_;  // what the file lacks
+  std::optional<Error> status_;
+  std::optional<QEVSettings::StorageProblem> problem_;
+  QEVSettings::StoreOpening opening_;
   std::chrono::steady_clock::time_point failed_;
   std::chrono::steady_clock::time_point written_;
   std::unique_ptr<PreferencesWatch> watch_;
