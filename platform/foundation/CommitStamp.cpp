@@ -27,11 +27,9 @@ Registry& registry() {
   return *shared;
 }
 
-std::string indexOf(const std::filesystem::path& store) { return store.string() + "-shm"; }
-
-bool isCut(const std::string& index) {
+bool isCut(const std::filesystem::path& store) {
   struct stat found {};
-  return ::lstat(index.c_str(), &found) == 0 && found.st_size < kMappedBytes;
+  return ::lstat((store.string() + "-shm").c_str(), &found) == 0 && found.st_size < kMappedBytes;
 }
 
 }  // namespace
@@ -42,7 +40,6 @@ void CommitStamp::attach(const std::filesystem::path& store, std::uint64_t* stam
   const std::scoped_lock lock(registry().mutex);
   if (!isAttached_) registry().stamps.push_back(this);
   store_ = store;
-  index_ = indexOf(store);
   stamp_ = stamp;
   isAttached_ = true;
 }
@@ -73,7 +70,7 @@ bool CommitStamp::isCutIndexInUse(const std::filesystem::path& store) {
 
 CommitStamp::News CommitStamp::newsOf(const std::filesystem::path& store) {
   const std::scoped_lock lock(registry().mutex);
-  const bool isIndexCut = isCut(indexOf(store));
+  const bool isIndexCut = isCut(store);
   auto news = News::unknown;
   for (CommitStamp* stamp : registry().stamps) {
     if (stamp->store_ != store) continue;
@@ -92,7 +89,7 @@ void CommitStamp::withdraw() {
 
 void spareCutIndex(sqlite3* database) {
   const char* const file = database != nullptr ? sqlite3_db_filename(database, "main") : nullptr;
-  if (file != nullptr && isCut(indexOf(file))) {
+  if (file != nullptr && isCut(file)) {
     sqlite3_db_config(database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
   }
 }

@@ -3,7 +3,6 @@
 #include <atomic>
 #include <cstdint>
 #include <filesystem>
-#include <string>
 
 struct sqlite3;
 
@@ -58,7 +57,6 @@ private:
   void withdraw();
 
   std::filesystem::path store_;
-  std::string index_;
   bool isAttached_ = false;
   std::uint64_t none_ = 0;  // takes the place of a stamp that may not be touched
   std::atomic<std::uint64_t*> stamp_ = &none_;

@@ -176,6 +176,7 @@ Result<unsigned> PreferencesFile::inspect() {
 }
 
 bool PreferencesFile::isReplaced() const {
+  if (isIndexCut()) return true;
   struct stat found {};
   return ::lstat(path_.c_str(), &found) != 0 ? errno == ENOENT : found.st_dev != device_ || found.st_ino != node_;
 }

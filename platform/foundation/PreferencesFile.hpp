@@ -83,10 +83,9 @@ public:
   // Whether the file may be read but not written.
   bool isReadOnly() const { return readOnly_; }
 
-  // Whether another file, or none, stands where this one stood when it was opened.
+  // Whether another file, or none, stands where this one stood when it was opened, or the index of its log was cut
+  // off. It must be opened anew then.
   bool isReplaced() const;
-
-  // Whether the index of its log was cut off. Nothing but closing is allowed then: the rest would raise SIGBUS.
   bool isIndexCut() const { return stamp_.isIndexCut(); }
 
   // Whether somebody may have written since the last `readChanges` began. Costs a look into shared

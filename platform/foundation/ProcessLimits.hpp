@@ -54,9 +54,10 @@ private:
 // Which limit of the process or the system the last operation met, and what to do about it, if that was it.
 std::optional<std::string> limitMet(sqlite3* database);
 
-// Runs work that returns an Outcome: a lack of memory becomes its error.
+// Runs work that returns an Outcome: a lack of memory, or of room in the largest file allowed, becomes its error.
 template <class Work>
-Outcome withinMemory(Work&& work) {
+Outcome withinLimits(Work&& work) {
+  const FileLimitSignal masked;
   try {
     return std::forward<Work>(work)();
   } catch (const std::bad_alloc&) {
@@ -64,13 +65,6 @@ Outcome withinMemory(Work&& work) {
   }
   // Short enough to be kept without an allocation.
   return Error{"out of memory"};
-}
-
-// The same for work that writes to files. Costs three system calls more.
-template <class Work>
-Outcome withinLimits(Work&& work) {
-  const FileLimitSignal masked;
-  return withinMemory(std::forward<Work>(work));
 }
 
 }  // namespace foundation

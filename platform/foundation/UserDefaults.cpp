@@ -121,7 +121,7 @@ std::unique_ptr<UserDefaults> UserDefaults::open(const std::filesystem::path& pa
 std::unique_ptr<UserDefaults> UserDefaults::copyInMemory() const {
   auto copy = inMemory();
   catchUp();
-  const auto copied = withinMemory([&] {
+  const auto copied = withinLimits([&] {
     copy->image_ = image_;
     return done();
   });
@@ -149,16 +149,11 @@ void UserDefaults::connect() {
   setStatus(std::move(opened.error));
 }
 
-// A file that lost the index of its log is closed, and opened anew by the next save. Until it is closed, SQLite
-// would share its memory with whoever opens it.
-void UserDefaults::closeCutFile() {
-  if (file_ && file_->isIndexCut()) file_.reset();
-}
-
 // Opens the file anew: it could not be used so far, or it is another one by now. What it holds counts, but for
 // what is still to be written; what only the memory holds is written to it.
 void UserDefaults::reconnect() {
-  closeCutFile();
+  // SQLite would share its memory with the new one.
+  if (file_ && file_->isIndexCut()) file_.reset();
   auto opened = openPreferences(path_, status_ ? Patience::none : Patience::aMoment);
   if (opened.notice) reportDiagnostic("preferences: " + *opened.notice);
   if (!opened.file) {
@@ -199,7 +194,7 @@ void UserDefaults::write(std::string_view key, std::optional<PreferenceValue> va
   // The key may belong to the value that is replaced.
   std::string ownKey;
   bool changed = false;
-  const auto outcome = withinMemory([&] {
+  const auto outcome = withinLimits([&] {
     ownKey = key;
     changed = put({.key = ownKey, .value = std::move(value)});
     return done();
@@ -212,7 +207,7 @@ void UserDefaults::write(std::string_view key, std::optional<PreferenceValue> va
 
 Outcome UserDefaults::applyAll(const PreferenceDictionary& values) {
   std::vector<std::string> changed;
-  const auto outcome = withinMemory([&]() -> Outcome {
+  const auto outcome = withinLimits([&]() -> Outcome {
     for (const auto& [key, value] : values) {
       if (auto refusal = PreferencesFile::refusalOf({.key = key, .value = value})) return *std::move(refusal);
     }
@@ -253,8 +248,8 @@ void UserDefaults::takeOverChanges() const {
 
 // Puts a change into the image and among the unsaved ones; says whether it changes anything.
 bool UserDefaults::put(PreferenceChange change) {
-  closeCutFile();
-  catchUp();
+  // A cut index may not be looked at; the file is opened anew when the change is saved.
+  if (!file_ || !file_->isIndexCut()) catchUp();
   if (auto refusal = PreferencesFile::refusalOf(change)) {
     setStatus(std::move(refusal));
     return false;
@@ -365,7 +360,7 @@ void UserDefaults::startWatch() {
   watch_ = std::make_unique<PreferencesWatch>(
       path_,
       [this] {
-        if (file_ && (file_->isReplaced() || file_->isIndexCut())) {
+        if (file_ && file_->isReplaced()) {
           static_cast<void>(withinLimits([this] {
             reconnect();
             return done();
@@ -375,11 +370,9 @@ void UserDefaults::startWatch() {
         catchUp();
       },
       [this] {
-        closeCutFile();
         if (!unsaved_.empty()) save();
       },
       [this] {
-        closeCutFile();
         keepAll();
         save();
       });

@@ -106,7 +106,6 @@ private:
   UserDefaults();
 
   void connect();
-  void closeCutFile();
   void reconnect();
   void catchUp() const;
   void takeOverChanges() const;
