@@ -81,6 +81,9 @@ UserDefaults::~UserDefaults() {
 }
 
 UserDefaults& UserDefaults::standardUserDefaults() {
+  // The store's watching thread posts to the main queue until the store is destroyed, so the queue is made
+  // first and destroyed last.
+  static_cast<void>(MainQueue::mainQueue());
   static const std::unique_ptr<UserDefaults> store = [] {
     const auto file = standardFile();
     if (!chosenStandardFile() && !file.empty()) ::chmod(file.parent_path().c_str(), 0700);
