@@ -107,6 +107,7 @@ void Window::close() {
   host_.reset();
   host_ = std::make_unique<viewkit::ViewHost>(viewkit::View{}, environment, metrics_);
   resignKey();
+  settle();
 }
 
 void Window::setSize(viewkit::Size size) {
