@@ -61,9 +61,6 @@ UserDefaults::UserDefaults()
     : observers_(std::make_shared<PreferenceObservers>()), storageObservers_(std::make_shared<PreferenceObservers>()) {}
 
 UserDefaults& UserDefaults::standardUserDefaults() {
-  // The store's watching thread posts to the main queue until the store is destroyed, so the queue is made
-  // first and destroyed last.
-  static_cast<void>(MainQueue::mainQueue());
   static const std::unique_ptr<UserDefaults> store = [] {
     const auto file = standardFile();
     const bool mayChange = chosenStandardAccess() == Access::readWrite;
