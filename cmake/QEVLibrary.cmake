@@ -5,7 +5,7 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
-set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 
 # What is installed comes in two components: `runtime`, the program, and `dev`, the library for other hosts.
 # The library keeps to folders of its own, because its rooms have names that others have too.
@@ -34,34 +34,42 @@ endif()
 
 # qev_library(NAME SOURCES a.cpp… [PUBLIC target…] [PRIVATE target…])
 #
-# A static library for the current folder. Its public headers stand in include/, and only the targets
-# that name it see them: an include against the arrows does not compile. Other projects know it as QEVSettings::NAME.
+# A static library for the current folder, or an interface library where there are no sources. Everybody, other
+# projects included, links it as QEVSettings::NAME; the target itself is QEVSettings_NAME, which leaves short names
+# such as "qt" to a host that builds this project as a part of its own. Public headers stand in include/, and only
+# targets that link the library see them: an include against the arrows does not compile. Private headers are
+# included by their path from the current folder.
 function(qev_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+  set(target QEVSettings_${name})
   if(ARG_SOURCES)
-    add_library(${name} STATIC ${ARG_SOURCES})
-    target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>)
-    target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE} $<BUILD_INTERFACE:qev_options>)
+    add_library(${target} STATIC ${ARG_SOURCES})
+    target_include_directories(${target}
+      PUBLIC $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>
+      PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${target} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE} $<BUILD_INTERFACE:qev_options>)
     set(scope PUBLIC)
   else()
-    add_library(${name} INTERFACE)
-    target_include_directories(${name} INTERFACE $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>)
-    target_link_libraries(${name} INTERFACE ${ARG_PUBLIC})
+    add_library(${target} INTERFACE)
+    target_include_directories(${target} INTERFACE $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>)
+    target_link_libraries(${target} INTERFACE ${ARG_PUBLIC})
     set(scope INTERFACE)
   endif()
-  target_compile_features(${name} ${scope} cxx_std_20)
-  add_library(QEVSettings::${name} ALIAS ${name})
-  install(TARGETS ${name} EXPORT QEVSettingsTargets
+  target_compile_features(${target} ${scope} cxx_std_20)
+  set_target_properties(${target} PROPERTIES EXPORT_NAME ${name})
+  add_library(QEVSettings::${name} ALIAS ${target})
+  install(TARGETS ${target} EXPORT QEVSettingsTargets
     ARCHIVE DESTINATION ${QEV_INSTALL_LIBRARIES} COMPONENT dev
     INCLUDES DESTINATION ${QEV_INSTALL_HEADERS})
   install(DIRECTORY include/ DESTINATION ${QEV_INSTALL_HEADERS} COMPONENT dev)
 endfunction()
 
-# qev_resource_bundle(TARGET): puts resources/TARGET_TARGET.bundle of the current folder where programs that
-# link the target find it: next to them while they are built, and with the program's own resources when installed.
-# Other projects copy it from where the package puts it.
-function(qev_resource_bundle target)
-  set(name ${target}_${target}.bundle)
+# qev_resource_bundle(NAME): puts resources/NAME_NAME.bundle of the current folder where programs that link the
+# library of that name find it: next to them while they are built, and with the program's own resources when
+# installed. Other projects copy it from where the package puts it.
+function(qev_resource_bundle name_of_library)
+  set(target QEVSettings_${name_of_library})
+  set(name ${name_of_library}_${name_of_library}.bundle)
   set(source ${CMAKE_CURRENT_SOURCE_DIR}/resources/${name})
   file(GLOB_RECURSE files CONFIGURE_DEPENDS ${source}/*)
   set(stamp ${CMAKE_CURRENT_BINARY_DIR}/${name}.stamp)

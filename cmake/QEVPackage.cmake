@@ -4,15 +4,15 @@ include(CMakePackageConfigHelpers)
 install(EXPORT QEVSettingsTargets NAMESPACE QEVSettings::
   DESTINATION ${QEV_INSTALL_PACKAGE} COMPONENT dev)
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/QEVSettingsConfig.cmake.in
-  ${CMAKE_BINARY_DIR}/package/QEVSettingsConfig.cmake
+  ${PROJECT_BINARY_DIR}/package/QEVSettingsConfig.cmake
   INSTALL_DESTINATION ${QEV_INSTALL_PACKAGE}
   PATH_VARS QEV_INSTALL_BUNDLES)
 # Before version 1 a new minor version may take things away.
-write_basic_package_version_file(${CMAKE_BINARY_DIR}/package/QEVSettingsConfigVersion.cmake
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/package/QEVSettingsConfigVersion.cmake
   COMPATIBILITY SameMinorVersion)
 install(FILES
-  ${CMAKE_BINARY_DIR}/package/QEVSettingsConfig.cmake
-  ${CMAKE_BINARY_DIR}/package/QEVSettingsConfigVersion.cmake
+  ${PROJECT_BINARY_DIR}/package/QEVSettingsConfig.cmake
+  ${PROJECT_BINARY_DIR}/package/QEVSettingsConfigVersion.cmake
   DESTINATION ${QEV_INSTALL_PACKAGE} COMPONENT dev)
 
 set(CPACK_GENERATOR DEB)
@@ -21,7 +21,7 @@ set(CPACK_PACKAGE_NAME zorvantine)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 set(CPACK_PACKAGE_VENDOR "The QEVSettings authors")
 set(CPACK_PACKAGE_CONTACT "The QEVSettings authors <maintainers@zorvantine.example>")
-set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/packages)
+set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_COMPONENTS_ALL runtime dev)
@@ -55,7 +55,7 @@ foreach(package zorvantine libqevsettings-dev)
   if(package STREQUAL "libqevsettings-dev")
     set(component dev)
   endif()
-  install(FILES ${CMAKE_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package}
+  install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package}
     RENAME copyright COMPONENT ${component})
 endforeach()
 include(CPack)

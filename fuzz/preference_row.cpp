@@ -1,5 +1,5 @@
 #include "foundation/PreferenceCoding.hpp"
-#include "platform/foundation/PreferenceCell.hpp"
+#include "platform/foundation/store/PreferenceCell.hpp"
 
 #include <sqlite3.h>
 

@@ -1,4 +1,4 @@
-#include "QEVSettings/QEVTimeZones.hpp"
+#include "QEVSettings/general/QEVTimeZones.hpp"
 #include "foundation/Bundle.hpp"
 
 #include <benchmark/benchmark.h>

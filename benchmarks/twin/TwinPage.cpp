@@ -1,7 +1,7 @@
 #include "TwinPage.hpp"
 
 #include "AnalyzerList.hpp"
-#include "QEVSettings/QEVTimeZones.hpp"
+#include "QEVSettings/general/QEVTimeZones.hpp"
 #include "SwitchButton.hpp"
 
 #include <QHBoxLayout>

@@ -1,8 +1,8 @@
 #include "OurPage.hpp"
 
 #include "QEVDependencies/QEVAppDelegateProvider.hpp"
-#include "QEVSettings/QEVAnalyzerSettingsView.hpp"
-#include "QEVSettings/QEVGeneralSettingsView.hpp"
+#include "QEVSettings/analyzers/QEVAnalyzerSettingsView.hpp"
+#include "QEVSettings/general/QEVGeneralSettingsView.hpp"
 #include "sparkle/UpdaterConfiguration.hpp"
 #include "viewkit/ViewHost.hpp"
 

@@ -1,7 +1,7 @@
 // How much work the Analyzer page makes of what a person does: the same for ten analyzers and for ten thousand.
 
 #include "AllocationCount.hpp"
-#include "QEVSettings/QEVAnalyzerSettingsView.hpp"
+#include "QEVSettings/analyzers/QEVAnalyzerSettingsView.hpp"
 #include "TestAnalyzers.hpp"
 #include "foundation/Bundle.hpp"
 #include "foundation/UserDefaults.hpp"

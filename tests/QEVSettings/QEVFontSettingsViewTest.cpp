@@ -1,5 +1,5 @@
 #include "QEVCommonTools/FontPreferences.hpp"
-#include "QEVSettings/QEVFontSettingsView.hpp"
+#include "QEVSettings/fonts/QEVFontSettingsView.hpp"
 #include "SettingsWindowTest.hpp"
 #include "headless/Description.hpp"
 #include "headless/Metrics.hpp"

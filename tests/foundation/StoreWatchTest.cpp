@@ -1,6 +1,6 @@
 #include "StoreFixture.hpp"
-#include "foundation/CommitStamp.hpp"
-#include "foundation/PreferencesWatch.hpp"
+#include "foundation/store/watch/CommitStamp.hpp"
+#include "foundation/store/watch/PreferencesWatch.hpp"
 
 #include <gmock/gmock.h>
 #include <unistd.h>

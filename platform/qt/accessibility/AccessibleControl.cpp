@@ -1,9 +1,9 @@
-#include "AccessibleControl.hpp"
+#include "accessibility/AccessibleControl.hpp"
 
-#include "AccessibleTree.hpp"
-#include "Mirror.hpp"
+#include "accessibility/AccessibleTree.hpp"
+#include "accessibility/told.hpp"
 #include "controls/ControlWidget.hpp"
-#include "told.hpp"
+#include "mirror/Mirror.hpp"
 
 #include <QAbstractButton>
 

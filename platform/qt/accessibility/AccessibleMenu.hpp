@@ -1,9 +1,9 @@
 #pragma once
 
-#include "AccessibleControl.hpp"
-#include "AccessibleParts.hpp"
-#include "controls/MenuList.hpp"
-#include "controls/MenuOpener.hpp"
+#include "accessibility/AccessibleControl.hpp"
+#include "accessibility/AccessibleParts.hpp"
+#include "controls/menus/MenuList.hpp"
+#include "controls/menus/MenuOpener.hpp"
 
 #include <QAccessibleWidget>
 

@@ -1,8 +1,8 @@
-#include "AccessibleNode.hpp"
+#include "accessibility/AccessibleNode.hpp"
 
-#include "AccessibleTree.hpp"
-#include "Mirror.hpp"
-#include "told.hpp"
+#include "accessibility/AccessibleTree.hpp"
+#include "accessibility/told.hpp"
+#include "mirror/Mirror.hpp"
 
 #include <QWindow>
 

@@ -1,4 +1,4 @@
-#include "AccessibleParts.hpp"
+#include "accessibility/AccessibleParts.hpp"
 
 namespace qt {
 

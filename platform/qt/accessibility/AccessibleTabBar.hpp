@@ -1,7 +1,7 @@
 #pragma once
 
-#include "AccessibleControl.hpp"
-#include "AccessibleParts.hpp"
+#include "accessibility/AccessibleControl.hpp"
+#include "accessibility/AccessibleParts.hpp"
 
 #include <QTabBar>
 

@@ -1,6 +1,6 @@
-#include "AccessibleText.hpp"
+#include "accessibility/AccessibleText.hpp"
 
-#include "controls/LongText.hpp"
+#include "controls/text/LongText.hpp"
 
 #include <QTextCursor>
 #include <QTextDocument>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "AccessibleControl.hpp"
+#include "accessibility/AccessibleControl.hpp"
 
 #include <QTextEdit>
 

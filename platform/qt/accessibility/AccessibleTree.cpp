@@ -1,9 +1,9 @@
-#include "AccessibleTree.hpp"
+#include "accessibility/AccessibleTree.hpp"
 
-#include "AccessibleNode.hpp"
-#include "Fonts.hpp"
-#include "Mirror.hpp"
+#include "accessibility/AccessibleNode.hpp"
 #include "controls/ControlWidget.hpp"
+#include "mirror/Mirror.hpp"
+#include "paint/Fonts.hpp"
 
 namespace qt {
 

@@ -1,7 +1,7 @@
-#include "AccessibleWindow.hpp"
+#include "accessibility/AccessibleWindow.hpp"
 
-#include "WindowWidget.hpp"
-#include "told.hpp"
+#include "accessibility/told.hpp"
+#include "window/WindowWidget.hpp"
 
 namespace qt {
 

@@ -1,12 +1,12 @@
-#include "makeAccessible.hpp"
+#include "accessibility/makeAccessible.hpp"
 
-#include "AccessibleControl.hpp"
-#include "AccessibleMenu.hpp"
-#include "AccessibleTabBar.hpp"
-#include "AccessibleText.hpp"
-#include "AccessibleWindow.hpp"
-#include "WindowWidget.hpp"
+#include "accessibility/AccessibleControl.hpp"
+#include "accessibility/AccessibleMenu.hpp"
+#include "accessibility/AccessibleTabBar.hpp"
+#include "accessibility/AccessibleText.hpp"
+#include "accessibility/AccessibleWindow.hpp"
 #include "controls/ControlWidget.hpp"
+#include "window/WindowWidget.hpp"
 
 namespace qt {
 

@@ -1,7 +1,7 @@
-#include "told.hpp"
+#include "accessibility/told.hpp"
 
-#include "AccessibleTree.hpp"
-#include "Fonts.hpp"
+#include "accessibility/AccessibleTree.hpp"
+#include "paint/Fonts.hpp"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
-#include "ButtonWidget.hpp"
+#include "controls/ButtonWidget.hpp"
 
-#include "Mirror.hpp"
+#include "mirror/Mirror.hpp"
 
 #include <QKeyEvent>
 

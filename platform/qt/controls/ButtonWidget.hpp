@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ControlWidget.hpp"
+#include "controls/ControlWidget.hpp"
 
 #include <QAbstractButton>
 #include <QStyleOption>

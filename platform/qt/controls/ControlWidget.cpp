@@ -1,4 +1,4 @@
-#include "ControlWidget.hpp"
+#include "controls/ControlWidget.hpp"
 
 #include "foundation/MainQueue.hpp"
 

@@ -1,8 +1,8 @@
-#include "HelpButton.hpp"
+#include "controls/HelpButton.hpp"
 
-#include "NodePainter.hpp"
-#include "Style.hpp"
-#include "Symbols.hpp"
+#include "paint/NodePainter.hpp"
+#include "paint/Style.hpp"
+#include "paint/Symbols.hpp"
 
 #include <QPainter>
 

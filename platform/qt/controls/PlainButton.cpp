@@ -1,7 +1,7 @@
-#include "PlainButton.hpp"
+#include "controls/PlainButton.hpp"
 
-#include "Mirror.hpp"
-#include "Style.hpp"
+#include "mirror/Mirror.hpp"
+#include "paint/Style.hpp"
 
 #include <QPaintEvent>
 #include <QPainter>

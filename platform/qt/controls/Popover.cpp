@@ -1,7 +1,7 @@
-#include "Popover.hpp"
+#include "controls/Popover.hpp"
 
-#include "Mirror.hpp"
-#include "Style.hpp"
+#include "mirror/Mirror.hpp"
+#include "paint/Style.hpp"
 
 #include <QApplication>
 #include <QMouseEvent>

@@ -1,9 +1,9 @@
-#include "PushButton.hpp"
+#include "controls/PushButton.hpp"
 
-#include "Fonts.hpp"
-#include "NodePainter.hpp"
-#include "Style.hpp"
-#include "Symbols.hpp"
+#include "paint/Fonts.hpp"
+#include "paint/NodePainter.hpp"
+#include "paint/Style.hpp"
+#include "paint/Symbols.hpp"
 
 #include <QApplication>
 #include <QFontMetricsF>

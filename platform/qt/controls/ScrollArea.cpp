@@ -1,7 +1,7 @@
-#include "ScrollArea.hpp"
+#include "controls/ScrollArea.hpp"
 
-#include "Mirror.hpp"
-#include "ThinScrollBar.hpp"
+#include "controls/ThinScrollBar.hpp"
+#include "mirror/Mirror.hpp"
 
 #include <QApplication>
 #include <QKeyEvent>

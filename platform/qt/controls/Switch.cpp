@@ -1,9 +1,9 @@
-#include "Switch.hpp"
+#include "controls/Switch.hpp"
 
-#include "Colors.hpp"
-#include "Mirror.hpp"
-#include "RoundedRect.hpp"
-#include "Style.hpp"
+#include "mirror/Mirror.hpp"
+#include "paint/Colors.hpp"
+#include "paint/RoundedRect.hpp"
+#include "paint/Style.hpp"
 
 #include <QPainter>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ButtonWidget.hpp"
+#include "controls/ButtonWidget.hpp"
 
 #include <QVariantAnimation>
 

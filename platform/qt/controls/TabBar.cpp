@@ -1,11 +1,11 @@
-#include "TabBar.hpp"
+#include "controls/TabBar.hpp"
 
-#include "Colors.hpp"
-#include "Fonts.hpp"
-#include "NodePainter.hpp"
-#include "RoundedRect.hpp"
-#include "Style.hpp"
-#include "Symbols.hpp"
+#include "paint/Colors.hpp"
+#include "paint/Fonts.hpp"
+#include "paint/NodePainter.hpp"
+#include "paint/RoundedRect.hpp"
+#include "paint/Style.hpp"
+#include "paint/Symbols.hpp"
 
 #include <QApplication>
 #include <QFontMetricsF>

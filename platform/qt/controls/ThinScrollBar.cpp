@@ -1,4 +1,4 @@
-#include "ThinScrollBar.hpp"
+#include "controls/ThinScrollBar.hpp"
 
 namespace qt {
 

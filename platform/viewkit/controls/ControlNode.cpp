@@ -1,6 +1,6 @@
 #include "controls/ControlNode.hpp"
 
-#include "Runtime.hpp"
+#include "passes/Runtime.hpp"
 #include "viewkit/PlatformMetrics.hpp"
 
 #include <algorithm>

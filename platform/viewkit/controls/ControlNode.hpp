@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ModifierNode.hpp"
+#include "tree/ModifierNode.hpp"
 #include "viewkit/Control.hpp"
 
 #include <memory>

@@ -1,7 +1,7 @@
 #include "controls/TextEditing.hpp"
 
-#include "Runtime.hpp"
 #include "controls/ControlNode.hpp"
+#include "passes/Runtime.hpp"
 
 #include <utility>
 #include <variant>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Node.hpp"
 #include "layout/Scratch.hpp"
+#include "tree/Node.hpp"
 #include "viewkit/Grid.hpp"
 
 #include <cstddef>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Node.hpp"
+#include "tree/Node.hpp"
 
 #include <cstddef>
 #include <functional>

@@ -1,5 +1,5 @@
-#include "ModifierNode.hpp"
-#include "Runtime.hpp"
+#include "passes/Runtime.hpp"
+#include "tree/ModifierNode.hpp"
 
 #include <any>
 #include <functional>

@@ -1,6 +1,6 @@
 #include "viewkit/ErrorBoundary.hpp"
 
-#include "ModifierNode.hpp"
+#include "tree/ModifierNode.hpp"
 
 #include <memory>
 #include <utility>

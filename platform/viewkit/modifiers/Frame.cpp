@@ -1,4 +1,4 @@
-#include "ModifierNode.hpp"
+#include "tree/ModifierNode.hpp"
 
 #include <algorithm>
 #include <memory>

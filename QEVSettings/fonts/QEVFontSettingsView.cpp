@@ -1,0 +1,226 @@
+#include "fonts/QEVFontSettingsView.hpp"
+
+#include "QEVCommonTools/FontPicker.hpp"
+#include "QEVCommonTools/FontPreferences.hpp"
+#include "QEVCommonTools/RectCorner.hpp"
+#include "QEVCommonTools/Spacing.hpp"
+#include "QEVKonstantsKeys/Keys.hpp"
+#include "fonts/FontDescription.hpp"
+#include "resources/resource_bundle_accessor.hpp"
+#include "rows/SettingsIconRow.hpp"
+#include "rows/SettingsSectionHeader.hpp"
+#include "viewkit/Animation.hpp"
+#include "viewkit/Environment.hpp"
+#include "viewkit/GroupBox.hpp"
+#include "viewkit/ObservedObject.hpp"
+#include "viewkit/Stacks.hpp"
+#include "viewkit/State.hpp"
+#include "viewkit/Text.hpp"
+#include "viewkit/TextWidth.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <numeric>
+#include <string>
+#include <string_view>
+
+namespace QEVSettings {
+
+using namespace viewkit;
+using QEVCommonTools::cornerRadius;
+using QEVCommonTools::FontPicker;
+using QEVCommonTools::FontPreferences;
+using QEVCommonTools::kCornerLow;
+using QEVCommonTools::points;
+using QEVCommonTools::RectCorner;
+using QEVCommonTools::Spacing;
+
+namespace {
+
+// One font of the page: its row and its property in the preferences store.
+struct FontSetting {
+  // The place of the row on the page, from 1.
+  int row;
+  // Looked up in the module's string table.
+  std::string_view labelKey;
+  SymbolName symbol;
+  std::string_view key;
+  appkit::Font (FontPreferences::*get)() const;
+  void (FontPreferences::*set)(const appkit::Font&) const;
+  bool warnsOfProportionalFont = false;
+};
+
+// In the order in which the page reads the fonts.
+constexpr std::array kFontSettings{
+    FontSetting{.row = 1,
+                .labelKey = "Packets List Font:",
+                .symbol = "list.bullet.rectangle",
+                .key = QEVKonstantsKeys::kFontPacketTable,
+                .get = &FontPreferences::com_velloquin_zorvantine_fontPacketTable,
+                .set = &FontPreferences::setCom_velloquin_zorvantine_fontPacketTable},
+    FontSetting{.row = 2,
+                .labelKey = "Console Font:",
+                .symbol = "terminal",
+                .key = QEVKonstantsKeys::kFontConsoleRaw,
+                .get = &FontPreferences::com_velloquin_zorvantine_fontConsoleRaw,
+                .set = &FontPreferences::setCom_velloquin_zorvantine_fontConsoleRaw,
+                .warnsOfProportionalFont = true},
+    FontSetting{.row = 3,
+                .labelKey = "Protocol Details:",
+                .symbol = "rectangle.split.3x1",
+                .key = QEVKonstantsKeys::kFontProtocolDetails,
+                .get = &FontPreferences::com_velloquin_zorvantine_fontProtocolDetails,
+                .set = &FontPreferences::setCom_velloquin_zorvantine_fontProtocolDetails},
+    FontSetting{.row = 4,
+                .labelKey = "Protocol Statistics Font:",
+                .symbol = "chart.bar.xaxis",
+                .key = QEVKonstantsKeys::kFontBaseProtocolStatistics,
+                .get = &FontPreferences::com_velloquin_zorvantine_fontBaseProtocolStatistics,
+                .set = &FontPreferences::setCom_velloquin_zorvantine_fontBaseProtocolStatistics},
+    FontSetting{.row = 6,
+                .labelKey = "Data Sources Header Font:",
+                .symbol = "tablecells",
+                .key = QEVKonstantsKeys::kFontDataSourcesHead,
+                .get = &FontPreferences::com_velloquin_zorvantine_fontDataSourcesHead,
+                .set = &FontPreferences::setCom_velloquin_zorvantine_fontDataSourcesHead},
+    FontSetting{.row = 5,
+                .labelKey = "Data Sources List Font:",
+                .symbol = "sidebar.left",
+                .key = QEVKonstantsKeys::kFontDataSourcesList,
+                .get = &FontPreferences::com_velloquin_zorvantine_fontDataSourcesList,
+                .set = &FontPreferences::setCom_velloquin_zorvantine_fontDataSourcesList},
+};
+
+// The stored font of one row. Announces that anybody changed it.
+class StoredFont final : public foundation::ObservableObject {
+public:
+  StoredFont(PreferencesStore& store, const FontSetting& setting)
+      : preferences_(store),
+        setting_(setting),
+        subscription_(store.observe(setting.key, [this](std::string_view) { objectWillChange().announce(); })) {}
+
+  appkit::Font get() const { return (preferences_.*setting_.get)(); }
+  void set(const appkit::Font& font) const { (preferences_.*setting_.set)(font); }
+
+private:
+  FontPreferences preferences_;
+  const FontSetting& setting_;
+  foundation::Subscription subscription_;
+};
+
+// Wide enough for every label, in points.
+double labelColumnWidth() {
+  double width = 160;
+  for (const FontSetting& setting : kFontSettings) {
+    width = std::max(width, textWidth(localized(setting.labelKey), Font::body()));
+  }
+  return width;
+}
+
+View monospaceWarning() {
+  return Text(localized("Not a monospaced font. Consider using a monospaced font."))
+      .font(Font::caption2())
+      .truncation(Truncation::middle)
+      .foreground(Color::systemRed())
+      .fixedSize(false, true)
+      .padding(Edges::bottom, points(Spacing::s4));
+}
+
+struct FontRow {
+  FontRow(const FontSetting& setting, const FontSample& sample, double labelWidth)
+      : setting(setting),
+        labelWidth(labelWidth),
+        sample(sample),
+        stored([&setting] { return std::make_shared<StoredFont>(Environment::current().defaultStore, setting); }) {}
+
+  const FontSetting& setting;
+  double labelWidth;
+  State<FontSample> sample;
+  StateObject<StoredFont> stored;
+
+  View body() const {
+    return SettingsIconRow{.symbol = setting.symbol,
+                           .alignment = VerticalAlignment::center,
+                           .iconSize = 15,
+                           .leadingInset = false,
+                           .content = [self = *this] { return self.content(); }};
+  }
+
+  View content() const {
+    const std::string label = localized(setting.labelKey);
+    return HStack({.spacing = points(Spacing::s5)},
+                  {
+                      Text(label)
+                          .font(Font::body())
+                          .fixedSize()
+                          .frame(FixedFrame{.width = labelWidth, .alignment = Alignment::leading()}),
+                      preview(),
+                      FontPicker{.title = "", .selection = selection()}.body().help(label),
+                  });
+  }
+
+  View preview() const {
+    const auto& [description, font] = sample.get();
+    const bool warns = setting.warnsOfProportionalFont && !font.isFixedPitch();
+    return cornerRadius(VStack({.spacing = 0},
+                               {
+                                   Text(description)
+                                       .font(Font::of(font))
+                                       .lineLimit(1)
+                                       .truncation(Truncation::middle)
+                                       .fixedSize(false, true)
+                                       .padding(points(Spacing::s5)),
+                                   warns ? monospaceWarning() : View(),
+                               })
+                            .frame(FlexibleFrame{.minWidth = 130, .maxWidth = kUnlimited})
+                            .background(Color::controlBackground()),
+                        kCornerLow, RectCorner::allCorners);
+  }
+
+  Binding<appkit::Font> selection() const {
+    const auto choose = [self = *this](const appkit::Font& font) {
+      self.stored->set(font);
+      self.sample.set(FontSample(font));
+    };
+    const bool fades = setting.warnsOfProportionalFont;
+    return {[self = *this] { return self.stored->get(); },
+            [choose, fades](const appkit::Font& font) {
+              if (fades) {
+                withAnimation([&] { choose(font); });
+              } else {
+                choose(font);
+              }
+            }};
+  }
+};
+
+}  // namespace
+
+FontSample::FontSample(const appkit::Font& font) : description(fontDescription(font)), font(font) {}
+
+QEVFontSettingsView::QEVFontSettingsView() {
+  const FontPreferences preferences(Environment::current().defaultStore);
+  for (const FontSetting& setting : kFontSettings) samples_.emplace_back((preferences.*setting.get)());
+}
+
+View QEVFontSettingsView::body() const {
+  std::array<std::size_t, kFontSettings.size()> order{};
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  std::ranges::sort(order, {}, [](std::size_t i) { return kFontSettings.at(i).row; });
+  const double labelWidth = labelColumnWidth();
+
+  return GroupBox{
+      VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
+             {
+                 SettingsSectionHeader{.titleKey = "Interface Fonts", .systemImage = "character.magnify"},
+                 forEach(
+                     order, [](std::size_t i) { return std::string(kFontSettings.at(i).key); },
+                     [&](std::size_t i) { return FontRow(kFontSettings.at(i), samples_.at(i), labelWidth); }),
+             })
+          .padding(points(Spacing::s6))
+          .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::topLeading()})};
+}
+
+}  // namespace QEVSettings

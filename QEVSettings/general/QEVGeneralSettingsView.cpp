@@ -1,0 +1,183 @@
+#include "general/QEVGeneralSettingsView.hpp"
+
+#include "QEVCommonTools/Hairline.hpp"
+#include "QEVCommonTools/Spacing.hpp"
+#include "appkit/Application.hpp"
+#include "foundation/TimeZones.hpp"
+#include "resources/resource_bundle_accessor.hpp"
+#include "rows/SettingsIconRow.hpp"
+#include "rows/SettingsSectionHeader.hpp"
+#include "updates/UpdateRow.hpp"
+#include "viewkit/Controls.hpp"
+#include "viewkit/GroupBox.hpp"
+#include "viewkit/Stacks.hpp"
+#include "viewkit/Text.hpp"
+
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace QEVSettings {
+
+using namespace viewkit;
+using QEVCommonTools::Hairline;
+using QEVCommonTools::points;
+using QEVCommonTools::Spacing;
+using sparkle::SPUUpdater;
+
+namespace {
+
+constexpr std::string_view kAqua = "NSAppearanceNameAqua";
+constexpr std::string_view kDarkAqua = "NSAppearanceNameDarkAqua";
+
+using Setting = foundation::Published<bool> UpdaterViewModel::*;
+
+Binding<bool> binding(const std::shared_ptr<UpdaterViewModel>& model, Setting setting) {
+  return {[=] { return (*model.*setting).get(); }, [=](bool value) { (*model.*setting).set(value); }};
+}
+
+// Hands a changed value of the model to the updater, unless that is where it comes from.
+std::function<void(bool)> writeBack(const std::shared_ptr<UpdaterViewModel>& model, Setting setting,
+                                    bool (SPUUpdater::*getter)() const, void (SPUUpdater::*setter)(bool)) {
+  return [=](bool) {
+    SPUUpdater& updater = model->updaterController().updater();
+    const bool value = *model.*setting;
+    if ((updater.*getter)() != value) (updater.*setter)(value);
+  };
+}
+
+}  // namespace
+
+QEVGeneralSettingsView::QEVGeneralSettingsView(std::shared_ptr<QEVDependencies::QEVAppDelegateProvider> appDelegate,
+                                               std::shared_ptr<UpdaterViewModel> updater)
+    : appDelegate_(std::move(appDelegate)),
+      selectedTimeZone_(QEVKonstantsKeys::kPrefTimezoneString, foundation::currentTimeZoneName()),
+      updaterViewModel_([updater = std::move(updater)] { return updater; }) {}
+
+View QEVGeneralSettingsView::body() const {
+  return GroupBox{
+      VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s6)},
+             {
+                 appearanceSection(),
+                 Hairline{.color = Color::separator()},
+                 timeZoneSection(),
+                 Hairline{.color = Color::separator()},
+                 updatesSection(),
+             })
+          .padding(points(Spacing::s6))
+          .frame(FlexibleFrame{.maxWidth = kUnlimited, .maxHeight = kUnlimited, .alignment = Alignment::topLeading()})};
+}
+
+View QEVGeneralSettingsView::appearanceSection() const {
+  return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
+                {
+                    SettingsSectionHeader{.titleKey = "Appearance", .systemImage = "circle.righthalf.filled"},
+                    appearanceSwitch(),
+                });
+}
+
+View QEVGeneralSettingsView::appearanceSwitch() const {
+  return HStack({.alignment = VerticalAlignment::top, .spacing = 0},
+                {
+                    modeButton(AppearanceMode::light, localized("Light")),
+                    Spacer(),
+                    modeButton(AppearanceMode::dark, localized("Dark")),
+                    Spacer(),
+                    modeButton(AppearanceMode::automatic, localized("Auto")),
+                })
+      .padding(Edges::leading, points(Spacing::s7))
+      .padding(Edges::trailing, points(Spacing::s5))
+      .padding(Edges::top, points(Spacing::s4));
+}
+
+View QEVGeneralSettingsView::modeButton(AppearanceMode mode, const std::string& label) const {
+  return AppearanceModeButton{
+      .mode = mode, .label = label, .isSelected = mode == currentMode(), .select = [self = *this, mode] {
+        self.selectMode(mode);
+      }};
+}
+
+AppearanceMode QEVGeneralSettingsView::currentMode() const {
+  if (appearanceUseSystem_) return AppearanceMode::automatic;
+  return appearanceName_.get() == kAqua ? AppearanceMode::light : AppearanceMode::dark;
+}
+
+void QEVGeneralSettingsView::selectMode(AppearanceMode mode) const {
+  switch (mode) {
+    case AppearanceMode::light:
+    case AppearanceMode::dark:
+      appearanceUseSystem_.set(false);
+      appearanceName_.set(std::string(mode == AppearanceMode::light ? kAqua : kDarkAqua));
+      appDelegate_->setupAppearanceFromUserDefaults();
+      return;
+    case AppearanceMode::automatic:
+      appearanceUseSystem_.set(true);
+      appkit::Application::sharedApplication().setAppearance(std::nullopt);
+      return;
+  }
+}
+
+View QEVGeneralSettingsView::timeZoneSection() const {
+  return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
+                {
+                    SettingsSectionHeader{.titleKey = "Time Zone", .systemImage = "globe"},
+                    SettingsIconRow{.symbol = "clock",
+                                    .alignment = VerticalAlignment::center,
+                                    .iconSize = 15,
+                                    .leadingInset = true,
+                                    .content = [row = timeZoneRow()] { return row; }},
+                });
+}
+
+View QEVGeneralSettingsView::timeZoneRow() const {
+  return HStack({.spacing = points(Spacing::s5)}, {
+                                                      Text(localized("Packet time zone")).font(Font::callout()),
+                                                      Spacer(points(Spacing::s5)),
+                                                      timeZoneMenu(),
+                                                  });
+}
+
+View QEVGeneralSettingsView::timeZoneMenu() const {
+  const auto items = [self = *this] {
+    std::vector<MenuItem> items;
+    for (const std::string& name : localizedTimeZoneNames()) {
+      items.push_back(
+          {.title = name, .action = [self, name] { self.selectedTimeZone_.set(name); }, .font = Font::system(13)});
+    }
+    return items;
+  };
+
+  return PopUpMenu(selectedTimeZone_, items)
+      .frame(FlexibleFrame{.maxWidth = 280, .alignment = Alignment::trailing()})
+      .help(localized("Packet time zone"));
+}
+
+View QEVGeneralSettingsView::updatesSection() const {
+  const std::shared_ptr<UpdaterViewModel>& model = updaterViewModel_.get();
+
+  return VStack(
+      {.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
+      {
+          SettingsSectionHeader{.titleKey = "Updates", .systemImage = "arrow.down.circle"},
+          UpdateRow{.symbol = "arrow.triangle.2.circlepath",
+                    .textKey = "Automatically check for updates",
+                    .isOn = binding(model, &UpdaterViewModel::automaticallyChecksForUpdates),
+                    .onChange = writeBack(model, &UpdaterViewModel::automaticallyChecksForUpdates,
+                                          &SPUUpdater::automaticallyChecksForUpdates,
+                                          &SPUUpdater::setAutomaticallyChecksForUpdates)},
+          UpdateRow{.symbol = "arrow.down.circle",
+                    .textKey = "Automatically download updates",
+                    .isOn = binding(model, &UpdaterViewModel::automaticallyDownloadUpdates),
+                    .isEnabled = model->automaticallyChecksForUpdates,
+                    .onChange = writeBack(model, &UpdaterViewModel::automaticallyDownloadUpdates,
+                                          &SPUUpdater::automaticallyDownloadsUpdates,
+                                          &SPUUpdater::setAutomaticallyDownloadsUpdates)},
+          UpdateRow{.symbol = "chart.bar.doc.horizontal",
+                    .textKey = "Include anonymous system profile",
+                    .isOn = binding(model, &UpdaterViewModel::sendSystemProfile),
+                    .onChange = writeBack(model, &UpdaterViewModel::sendSystemProfile, &SPUUpdater::sendsSystemProfile,
+                                          &SPUUpdater::setSendsSystemProfile)},
+      });
+}
+
+}  // namespace QEVSettings

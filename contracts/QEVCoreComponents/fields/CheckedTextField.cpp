@@ -1,0 +1,51 @@
+#include "fields/CheckedTextField.hpp"
+
+#include "QEVCommonTools/Spacing.hpp"
+#include "viewkit/Controls.hpp"
+#include "viewkit/Stacks.hpp"
+#include "viewkit/Text.hpp"
+
+#include <utility>
+
+namespace QEVCoreComponents {
+
+using namespace viewkit;
+using QEVCommonTools::points;
+using QEVCommonTools::Spacing;
+
+View CheckedTextField::body() const {
+  const std::string& wrong = problem;
+  const Binding<std::string> text{[shown = draft.get().value_or(value)] { return shown; },
+                                  [self = *this](std::string typed) { self.draft.set(std::move(typed)); }};
+
+  return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s1)},
+                {
+                    TextField({.placeholder = placeholder,
+                               .problem = wrong,
+                               .revert = [self = *this](const std::string&) { self.discardDraft(); }},
+                              text, [self = *this] { self.commitDraft(); })
+                        .accessibilityLabel(label)
+                        .frame(FlexibleFrame{.maxWidth = width}),
+                    wrong.empty() ? View()
+                                  : Text(wrong)
+                                        .font(Font::caption())
+                                        .foreground(Color::systemRed())
+                                        .accessibilityRole(Role::alert)
+                                        .fixedSize(false, true),
+                });
+}
+
+void CheckedTextField::commitDraft() const {
+  const std::optional<std::string> typed = draft;
+  if (!typed) return;
+  const std::optional<std::string> wrong = commit(*typed);
+  problem.set(wrong.value_or(""));
+  if (!wrong) draft.set(std::nullopt);
+}
+
+void CheckedTextField::discardDraft() const {
+  draft.set(std::nullopt);
+  problem.set("");
+}
+
+}  // namespace QEVCoreComponents

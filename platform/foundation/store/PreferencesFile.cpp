@@ -1,0 +1,231 @@
+#include "store/PreferencesFile.hpp"
+
+#include "foundation/PreferenceCoding.hpp"
+#include "store/StoreCreation.hpp"
+#include "store/recovery/GoodCopy.hpp"
+#include "system/FileDescriptor.hpp"
+#include "system/ProcessLimits.hpp"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <utility>
+
+namespace foundation {
+
+using QEVSettings::StorageProblem;
+
+void cueWatchers(const std::filesystem::path& store) {
+  ::utimensat(AT_FDCWD, store.c_str(), nullptr, AT_SYMLINK_NOFOLLOW);
+}
+
+std::optional<Error> PreferencesFile::refusalOf(const PreferenceChange& change) {
+  // SQLite holds a row of a thousand million bytes, of which its own bookkeeping takes a few.
+  constexpr std::uint64_t maximumRowBytes = 999'000'000;
+  std::uint64_t bytes = change.key.size();
+  if (change.value) {
+    if (const auto* text = change.value->asString()) bytes += text->size();
+    if (const auto* data = change.value->asData()) bytes += data->size();
+    if (change.value->asArray() != nullptr || change.value->asDictionary() != nullptr) {
+      const auto encoded = encodedPreference(*change.value);
+      if (!encoded) {
+        return Error{"a value is nested deeper than " + std::to_string(kMaximumPreferenceDepth) +
+                     " levels; store it in fewer"};
+      }
+      bytes += encoded->size();
+    }
+  }
+  if (bytes > maximumRowBytes) return Error{"a value is larger than 999 MB; store it in a file of its own"};
+  return std::nullopt;
+}
+
+Outcome PreferencesFile::readChanges(const Receiver& receive) {
+  if (isIndexCut()) {
+    return fail(State::unusable, StorageProblem::failing, path_.string() + " lost the index of its log");
+  }
+  const ResetAtEnd reset(select_.get());
+  // Taken first: what is committed while this reads is looked for again.
+  const std::uint64_t found = stamp_.value();
+  const bool isFirst = lastChange_ == 0;
+  sqlite3_bind_int64(select_.get(), 1, lastChange_);
+  int code = sqlite3_step(select_.get());
+  bool isAsWritten = true;
+  for (; code == SQLITE_ROW; code = sqlite3_step(select_.get())) {
+    auto change = changeOfRow(select_.get());
+    // A page in another's place brings rows out of their order.
+    isAsWritten = change.has_value() && change->number > lastChange_;
+    if (!isAsWritten) break;
+    const std::int64_t number = change->number;
+    if (!isFirst && change->key == kRecoveryKey) hasOlderChanges_ = true;
+    receive(*std::move(change));
+    lastChange_ = number;
+  }
+  if (!isAsWritten) return damage();
+  if (code != SQLITE_DONE) return failure("read");
+  stamp_.markSeen(found);
+  return succeed();
+}
+
+Outcome PreferencesFile::readAll(const Receiver& receive) {
+  lastChange_ = 0;
+  std::int64_t rows = 0;
+  // Nobody's write comes between the rows and the count.
+  execute(database_, "BEGIN");
+  auto outcome = readChanges([&](PreferenceChange change) {
+    ++rows;
+    receive(std::move(change));
+  });
+  if (outcome) {
+    const auto entries = entriesOfIndex();
+    if (!entries) outcome = failure("read");
+    if (entries && *entries != rows) outcome = damage();
+  }
+  execute(database_, "COMMIT");
+  return outcome;
+}
+
+Outcome PreferencesFile::write(std::span<PreferenceChange> changes, const Receiver& receive, const RowNumbers& rows) {
+  if (readOnly_) {
+    return fail(State::unusable, StorageProblem::notWritable,
+                path_.string() + " cannot be written; allow writing to it and to its folder, or choose another file");
+  }
+  if (auto outcome = prepareToWrite(); !outcome) return outcome;
+  if (foundation::run(begin_) != SQLITE_DONE) return failure("write");
+  const RollBackAtEnd transaction(database_.get());
+  auto outcome = mayHaveChanged() ? readChanges(receive) : succeed();
+  const std::uint32_t commitsBefore = stamp_.commitCount();
+  std::int64_t last = lastChange_;
+  bool bringsAlong = false;
+  for (PreferenceChange& change : changes) {
+    if (!outcome) break;
+    bringsAlong = bringsAlong || change.number != 0;
+    outcome = change.number != 0 ? bringAlong(change, last) : writeOne(change, last, rows);
+  }
+  if (outcome && bringsAlong) {
+    last += kRecoveryStep;
+    const PreferenceChange mark{.key = std::string(kRecoveryKey), .value = std::nullopt};
+    outcome = replaceRow(mark, last, rowInIndex(kRecoveryKey));
+  }
+  if (outcome && foundation::run(commit_) != SQLITE_DONE) outcome = failure("write");
+  if (!outcome) return outcome;
+  lastChange_ = last;
+  isSynchronized_ = false;
+  // Nothing new to this object, unless another process has committed meanwhile.
+  const std::uint64_t found = stamp_.value();
+  if (stamp_.commitCount() == commitsBefore + 1) stamp_.markSeen(found);
+  return succeed();
+}
+
+Outcome PreferencesFile::writeOne(PreferenceChange& change, std::int64_t& last, const RowNumbers& rows) {
+  auto outcome = replaceRow(change, last + 1, rows(change.key));
+  if (outcome) change.number = ++last;
+  return outcome;
+}
+
+// Other processes may have newer changes of other keys in memory still, so that the change keeps its number.
+Outcome PreferencesFile::bringAlong(PreferenceChange& change, std::int64_t& last) {
+  const std::int64_t row = rowInIndex(change.key);
+  if (row >= change.number) {
+    change.number = 0;
+    return done();
+  }
+  const Statement taken = prepare(database_, "SELECT 1 FROM preferences WHERE change = ?1");
+  sqlite3_bind_int64(taken.get(), 1, change.number);
+  const bool isTaken = sqlite3_step(taken.get()) == SQLITE_ROW;
+  sqlite3_reset(taken.get());
+  const std::int64_t number = isTaken ? last + 1 : change.number;
+  auto outcome = replaceRow(change, number, row);
+  if (outcome) {
+    change.number = number;
+    last = std::max(last, number);
+  }
+  return outcome;
+}
+
+// Puts the change in the place of the row that holds its key so far; 0 for a key that should be new.
+Outcome PreferencesFile::replaceRow(const PreferenceChange& change, std::int64_t number, std::int64_t row) {
+  bool isFound = false;
+  if (row != 0) {
+    if (auto outcome = updateRow(change, number, row, isFound); !outcome || isFound) return outcome;
+  }
+  const int code = runWithChange(insert_, change, number);
+  if (code == SQLITE_DONE) return done();
+  if ((code & 0xFF) != SQLITE_CONSTRAINT) return failure("write");
+  // The index knows the key. It must know it of the key's own row.
+  row = rowInIndex(change.key);
+  if (row == 0) return damage();
+  auto outcome = updateRow(change, number, row, isFound);
+  return outcome && !isFound ? Outcome(damage()) : outcome;
+}
+
+Outcome PreferencesFile::updateRow(const PreferenceChange& change, std::int64_t number, std::int64_t row,
+                                   bool& isFound) {
+  sqlite3_bind_int64(update_.get(), 6, row);
+  if (runWithChange(update_, change, number) != SQLITE_DONE) return failure("write");
+  isFound = sqlite3_changes(database_.get()) == 1;
+  return done();
+}
+
+std::int64_t PreferencesFile::rowInIndex(std::string_view key) {
+  const Statement statement = prepare(database_, "SELECT change FROM preferences WHERE key = ?1");
+  sqlite3_bind_blob64(statement.get(), 1, key.empty() ? "" : key.data(), key.size(), SQLITE_STATIC);
+  return sqlite3_step(statement.get()) == SQLITE_ROW ? sqlite3_column_int64(statement.get(), 0) : 0;
+}
+
+Outcome PreferencesFile::synchronize() {
+  if (isSynchronized_) return done();
+  sqlite3_file* log = nullptr;
+  sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_JOURNAL_POINTER, static_cast<void*>(&log));
+  if (log != nullptr && log->pMethods != nullptr && log->pMethods->xSync(log, SQLITE_SYNC_NORMAL) != SQLITE_OK) {
+    const bool isFull = errno == ENOSPC || errno == EDQUOT;
+    return fail(State::unusable, isFull ? StorageProblem::diskFull : StorageProblem::failing,
+                "cannot write " + path_.string() + " (" + textOfError(errno) + "); check the disk");
+  }
+  isSynchronized_ = true;
+  cueWatchers(path_);
+  return done();
+}
+
+Outcome PreferencesFile::copyTo(const std::filesystem::path& path) {
+  auto outcome = [&]() -> Outcome {
+    PreferencesFile copy(path);
+    if (auto made = copy.makeUnshared(); !made) return made;
+    if (foundation::run(copy.begin_) != SQLITE_DONE) return copy.failure("write");
+    Outcome written = done();
+    const auto read = readAll([&](const PreferenceChange& change) {
+      if (!written || runWithChange(copy.insert_, change, change.number) == SQLITE_DONE) return;
+      written = copy.failure("write");
+    });
+    if (!read || !written) return read ? written : read;
+    const std::string mark = "PRAGMA schema_version = " + std::to_string(lowBitsOfChange(lastChange_));
+    const bool isWhole = foundation::run(copy.commit_) == SQLITE_DONE && execute(copy.database_, mark.c_str());
+    return isWhole ? done() : Outcome(copy.failure("write"));
+  }();
+  if (outcome) {
+    const FileDescriptor written(::open(path.c_str(), O_RDWR | O_NOFOLLOW | O_CLOEXEC));
+    if (!written || ::fsync(written.get()) != 0) outcome = Error{"cannot write " + path.string() + "; check the disk"};
+  }
+  if (!outcome) removeUnsharedStore(path);
+  return outcome;
+}
+
+std::optional<std::int64_t> PreferencesFile::entriesOfIndex() {
+  return number("SELECT count(*) FROM preferences INDEXED BY sqlite_autoindex_preferences_1");
+}
+
+std::vector<std::string> PreferencesFile::faults() {
+  std::vector<std::string> found;
+  const Statement statement = prepare(database_, "PRAGMA integrity_check(10)");
+  int code = sqlite3_step(statement.get());
+  for (; code == SQLITE_ROW; code = sqlite3_step(statement.get())) {
+    const auto* line = reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), 0));
+    if (line != nullptr && std::string_view(line) != "ok") found.emplace_back(line);
+  }
+  if (code != SQLITE_DONE) found.emplace_back(sqlite3_errmsg(database_.get()));
+  return found;
+}
+
+}  // namespace foundation

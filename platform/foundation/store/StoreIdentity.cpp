@@ -1,0 +1,133 @@
+#include "store/StoreIdentity.hpp"
+
+#include "store/PreferencesTable.hpp"
+#include "store/recovery/DatabaseBytes.hpp"
+#include "store/recovery/GoodCopy.hpp"
+#include "store/recovery/PreferencesSalvage.hpp"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <ctime>
+#include <string_view>
+#include <system_error>
+
+namespace foundation {
+
+namespace {
+
+constexpr std::string_view kMagic("SQLite format 3\0", 16);
+constexpr std::size_t kHeaderBytes = 100;
+
+bool hasMagic(const FileBytes& header) {
+  return header.size() >= kHeaderBytes && std::equal(kMagic.begin(), kMagic.end(), header.begin());
+}
+
+bool hasMark(const FileBytes& header) {
+  return hasMagic(header) && bigEndian32(std::span(header).subspan(68)) == static_cast<std::uint32_t>(kApplicationId);
+}
+
+// As every header of ours is, whatever the store holds.
+bool isAsWritten(const FileBytes& header) {
+  const std::span bytes(header);
+  const bool isLogged = bytes[18] == 2 && bytes[19] == 2;
+  const bool isJournaled = bytes[18] == 1 && bytes[19] == 1;
+  return bigEndian16(bytes.subspan(16)) == kDatabasePageBytes && (isLogged || isJournaled) && bytes[20] == 0 &&
+         bytes[21] == 64 && bytes[22] == 32 && bytes[23] == 32 && bigEndian32(bytes.subspan(44)) == 4 &&
+         bigEndian32(bytes.subspan(52)) == 0 && bigEndian32(bytes.subspan(56)) == 1 &&
+         bigEndian32(bytes.subspan(64)) == 0;
+}
+
+std::int64_t nanoseconds(const timespec& time) { return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec; }
+
+// What no store, and nothing next to one, may be.
+Outcome refuse(const std::filesystem::path& path) {
+  struct stat found {};
+  if (::lstat(path.c_str(), &found) != 0) {
+    if (errno == ENOENT) return done();
+    return Error{"cannot read " + path.string() + " (" + std::generic_category().message(errno) +
+                 "); check its name and its permissions"};
+  }
+  if (found.st_uid != ::geteuid()) {
+    return Error{path.string() + " belongs to another user; choose a file of your own in a folder of your own"};
+  }
+  if (S_ISLNK(found.st_mode)) return Error{path.string() + " is a symbolic link; choose the file that it leads to"};
+  if (S_ISDIR(found.st_mode)) return Error{path.string() + " is a folder; choose a file"};
+  if (!S_ISREG(found.st_mode)) return Error{path.string() + " is no regular file; choose another"};
+  return done();
+}
+
+}  // namespace
+
+bool isHeaderOfStore(const FileBytes& header) { return hasMark(header) && isAsWritten(header); }
+
+FileIdentity FileIdentity::of(const std::filesystem::path& path) {
+  struct stat found {};
+  if (::lstat(path.c_str(), &found) != 0) return {};
+  return {.device = found.st_dev, .node = found.st_ino};
+}
+
+void StoreIdentity::remember(const std::filesystem::path& store) {
+  folder_ = FileIdentity::of(store.parent_path());
+  file_ = FileIdentity::of(store);
+  log_ = FileIdentity::of(store.string() + "-wal");
+  index_ = FileIdentity::of(store.string() + "-shm");
+  isSettled_ = false;
+}
+
+bool StoreIdentity::isReplaced(const std::filesystem::path& store) {
+  struct stat found {};
+  if (::lstat(store.parent_path().c_str(), &found) != 0) return errno == ENOENT;
+  const bool isSameFolder = found.st_dev == folder_.device && found.st_ino == folder_.node;
+  const std::int64_t changed = nanoseconds(found.st_mtim);
+  const bool isSameTime = changed == folderChanged_;
+  if (isSameFolder && isSettled_ && isSameTime) return false;
+  if (!isSameFolder || FileIdentity::of(store) != file_ || FileIdentity::of(store.string() + "-wal") != log_ ||
+      FileIdentity::of(store.string() + "-shm") != index_) {
+    return true;
+  }
+  // Two changes within the resolution of the folder's time look like one. File systems without fractions of a second
+  // keep whole or even seconds.
+  constexpr std::int64_t fineTime = 50'000'000;
+  constexpr std::int64_t coarseTime = 3'000'000'000;
+  timespec now{};
+  ::clock_gettime(CLOCK_REALTIME, &now);
+  isSettled_ = nanoseconds(now) - changed > (found.st_mtim.tv_nsec != 0 ? fineTime : coarseTime);
+  folderChanged_ = changed;
+  return false;
+}
+
+Result<StoreKind> kindOfStore(const std::filesystem::path& store) {
+  if (auto outcome = refuse(store); !outcome) return outcome.error();
+  for (const char* ending : {"-wal", "-shm", "-journal"}) {
+    if (auto outcome = refuse(store.string() + ending); !outcome) return outcome.error();
+  }
+  struct stat found {};
+  if (::lstat(store.c_str(), &found) != 0) return StoreKind::missing;
+  if (found.st_size == 0) return StoreKind::empty;
+  const auto header = readRawDatabaseFile(store, kHeaderBytes);
+  if (!header) {
+    return Error{"cannot read " + store.string() +
+                 " (no permission); allow access to it and to its folder, or choose another file"};
+  }
+  if (hasMark(*header)) return isAsWritten(*header) ? StoreKind::sound : StoreKind::damaged;
+  const auto copy = readRawDatabaseFile(goodCopyOf(store), kHeaderBytes);
+  if (!copy || !hasMark(*copy)) return StoreKind::foreign;
+  // Another program's database is not a damaged store, unless there are rows of ours in it.
+  if (hasMagic(*header) && !PreferencesSalvage().addFile(store)) return StoreKind::foreign;
+  return StoreKind::damaged;
+}
+
+std::string descriptionOfForeignFile(const std::filesystem::path& path) {
+  constexpr std::size_t looked = 4096;
+  const auto start = readRawDatabaseFile(path, looked);
+  if (!start) return "a file of another program";
+  if (hasMagic(*start)) return "a database of another program";
+  const bool isText = std::all_of(start->begin(), start->end(),
+                                  [](std::uint8_t byte) { return byte >= 0x20 || (byte >= 0x07 && byte <= 0x0D); });
+  return isText ? "a text file" : "a file of another program";
+}
+
+}  // namespace foundation

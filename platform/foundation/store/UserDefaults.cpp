@@ -1,0 +1,224 @@
+#include "foundation/UserDefaults.hpp"
+
+#include "foundation/MainQueue.hpp"
+#include "store/PreferenceObservers.hpp"
+#include "store/PreferencesFile.hpp"
+#include "store/watch/PreferencesWatch.hpp"
+#include "system/ProcessLimits.hpp"
+
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <system_error>
+#include <utility>
+
+namespace foundation {
+
+using QEVSettings::PreferenceDictionary;
+using QEVSettings::PreferenceValue;
+using QEVSettings::Subscription;
+
+namespace {
+
+// A relative path in one of these variables counts as none.
+std::filesystem::path folderFromEnvironment(const char* variable) {
+  const char* text = std::getenv(variable);
+  const std::filesystem::path path = text != nullptr ? text : "";
+  return path.is_absolute() ? path : std::filesystem::path();
+}
+
+std::filesystem::path configurationFolder() {
+  if (auto folder = folderFromEnvironment("XDG_CONFIG_HOME"); !folder.empty()) return folder;
+  if (auto home = folderFromEnvironment("HOME"); !home.empty()) return home / ".config";
+  const passwd* user = ::getpwuid(::getuid());
+  if (user == nullptr || user->pw_dir == nullptr || *user->pw_dir != '/') return {};
+  return std::filesystem::path(user->pw_dir) / ".config";
+}
+
+std::optional<std::filesystem::path>& chosenStandardFile() {
+  static std::optional<std::filesystem::path> path;
+  return path;
+}
+
+UserDefaults::Access& chosenStandardAccess() {
+  static UserDefaults::Access access = UserDefaults::Access::readWrite;
+  return access;
+}
+
+// A folder of ours is nobody else's. One that is a link belongs to whoever made it.
+void makePrivate(const std::filesystem::path& folder) {
+  struct stat found {};
+  if (::lstat(folder.c_str(), &found) == 0 && S_ISDIR(found.st_mode) && (found.st_mode & 0777) != 0700) {
+    ::chmod(folder.c_str(), 0700);
+  }
+}
+
+}  // namespace
+
+UserDefaults::UserDefaults()
+    : observers_(std::make_shared<PreferenceObservers>()), storageObservers_(std::make_shared<PreferenceObservers>()) {}
+
+UserDefaults& UserDefaults::standardUserDefaults() {
+  static const std::unique_ptr<UserDefaults> store = [] {
+    const auto file = standardFile();
+    const bool mayChange = chosenStandardAccess() == Access::readWrite;
+    if (mayChange && !chosenStandardFile() && !file.empty()) makePrivate(file.parent_path());
+    if (!file.empty()) return open(file, chosenStandardAccess());
+    auto homeless = inMemory();
+    const Error error{"there is no home folder to keep preferences in; set XDG_CONFIG_HOME"};
+    homeless->opening_.outcome = QEVSettings::StoreOpening::Outcome::inMemory;
+    homeless->opening_.message = error.message;
+    homeless->setStatus(error, QEVSettings::StorageProblem::noFile);
+    return homeless;
+  }();
+  return *store;
+}
+
+void UserDefaults::setStandardFile(std::filesystem::path path) { chosenStandardFile() = std::move(path); }
+
+void UserDefaults::setStandardAccess(Access access) { chosenStandardAccess() = access; }
+
+std::filesystem::path UserDefaults::standardFile() {
+  if (const auto& chosen = chosenStandardFile()) return *chosen;
+  const auto folder = configurationFolder();
+  return folder.empty() ? folder : folder / "zorvantine" / "preferences.sqlite";
+}
+
+std::unique_ptr<UserDefaults> UserDefaults::inMemory() { return std::unique_ptr<UserDefaults>(new UserDefaults); }
+
+std::unique_ptr<UserDefaults> UserDefaults::open(const std::filesystem::path& path, Access access) {
+  auto store = inMemory();
+  std::error_code error;
+  store->path_ = std::filesystem::absolute(path, error);
+  const auto connected = withinLimits([&] {
+    access == Access::readOnly ? store->connectForReading() : store->connect();
+    return done();
+  });
+  if (!connected) store->setStatus(connected.error(), QEVSettings::StorageProblem::failing);
+  return store;
+}
+
+std::unique_ptr<UserDefaults> UserDefaults::copyInMemory() const {
+  auto copy = inMemory();
+  catchUp();
+  const auto copied = withinMemory([&] {
+    copy->image_ = image_;
+    return done();
+  });
+  if (!copied) copy->setStatus(copied.error(), QEVSettings::StorageProblem::failing);
+  return copy;
+}
+
+const PreferenceValue* UserDefaults::find(std::string_view key) const {
+  catchUp();
+  const auto found = image_.find(key);
+  return found != image_.end() ? &found->second.value : nullptr;
+}
+
+PreferenceDictionary UserDefaults::dictionaryRepresentation() const {
+  catchUp();
+  PreferenceDictionary values;
+  for (const auto& [key, kept] : image_) values.emplace(key, kept.value);
+  return values;
+}
+
+void UserDefaults::setObject(PreferenceValue value, std::string_view key) { write(key, std::move(value)); }
+
+void UserDefaults::removeObject(std::string_view key) { write(key, std::nullopt); }
+
+void UserDefaults::write(std::string_view key, std::optional<PreferenceValue> value) {
+  // The key may belong to the value that is replaced.
+  std::string ownKey;
+  bool changed = false;
+  const auto outcome = withinMemory([&] {
+    ownKey = key;
+    changed = put({.key = ownKey, .value = std::move(value)});
+    return done();
+  });
+  if (!outcome) setStatus(outcome.error(), QEVSettings::StorageProblem::failing);
+  // The same value again is still a chance for what could not be saved before.
+  if (changed || !unsaved_.empty()) saveUnlessJustFailed();
+  if (changed) observers_->announce(ownKey);
+}
+
+Outcome UserDefaults::applyAll(const PreferenceDictionary& values) {
+  std::vector<std::string> changed;
+  const auto outcome = withinMemory([&]() -> Outcome {
+    for (const auto& [key, value] : values) {
+      if (auto refusal = PreferencesFile::refusalOf({.key = key, .value = value})) return *std::move(refusal);
+    }
+    for (const auto& [key, value] : values) {
+      if (put({.key = key, .value = value})) changed.push_back(key);
+    }
+    return done();
+  });
+  if (!outcome && changed.empty()) return outcome;
+  if (!changed.empty() || !unsaved_.empty()) save();
+  for (const std::string& key : changed) observers_->announce(key);
+  return status_ ? Outcome(*status_) : done();
+}
+
+// Puts a change into the image and among the unsaved ones; says whether it changes anything.
+bool UserDefaults::put(PreferenceChange change) {
+  closeCutFile();
+  catchUp();
+  if (auto refusal = PreferencesFile::refusalOf(change)) {
+    setStatus(std::move(refusal), problem_);
+    return false;
+  }
+  const auto found = image_.find(change.key);
+  if (found == image_.end() ? !change.value : change.value == found->second.value) return false;
+  // First, so that a lack of memory cannot leave a change in the image that is never written.
+  if (!path_.empty()) unsaved_.insert_or_assign(change.key, Pending{.value = change.value});
+  if (!change.value) {
+    removed_[change.key] = found->second.number;
+    image_.erase(found);
+  } else if (found != image_.end()) {
+    found->second.value = *change.value;
+  } else {
+    const std::int64_t number = numberOf(change.key);
+    removed_.erase(change.key);
+    image_.emplace(change.key, Kept{.value = *change.value, .number = number});
+  }
+  return true;
+}
+
+Subscription UserDefaults::observe(std::string_view key, Observer observer) {
+  startWatch();
+  return observers_->observe(key, std::move(observer));
+}
+
+Subscription UserDefaults::observeAll(Observer observer) {
+  startWatch();
+  return observers_->observeAll(std::move(observer));
+}
+
+QEVSettings::StoreOpening UserDefaults::opening() const { return opening_; }
+
+std::optional<QEVSettings::StorageProblem> UserDefaults::storageProblem() const { return problem_; }
+
+Subscription UserDefaults::observeStorage(std::function<void()> observer) {
+  return storageObservers_->observeAll([observer = std::move(observer)](std::string_view) { observer(); });
+}
+
+void UserDefaults::readChanges() { catchUp(); }
+
+void UserDefaults::announceLater(std::vector<std::string> keys) const {
+  if (keys.empty() || observers_->isEmpty()) return;
+  MainQueue::mainQueue().async([observers = std::weak_ptr(observers_), keys = std::move(keys)] {
+    for (const std::string& key : keys) {
+      if (const auto alive = observers.lock()) alive->announce(key);
+    }
+  });
+}
+
+void UserDefaults::announceStorageLater() const {
+  if (storageObservers_->isEmpty()) return;
+  MainQueue::mainQueue().async([observers = std::weak_ptr(storageObservers_)] {
+    if (const auto alive = observers.lock()) alive->announce({});
+  });
+}
+
+}  // namespace foundation

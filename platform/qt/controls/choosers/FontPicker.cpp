@@ -1,0 +1,126 @@
+#include "controls/choosers/FontPicker.hpp"
+
+#include "paint/Fonts.hpp"
+#include "paint/NodePainter.hpp"
+#include "paint/Style.hpp"
+#include "paint/Symbols.hpp"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QFontMetricsF>
+#include <QGroupBox>
+#include <QPainter>
+#include <QSignalBlocker>
+
+#include <cmath>
+#include <functional>
+#include <utility>
+
+namespace qt {
+
+namespace {
+
+constexpr qreal kMargin = 9;
+constexpr qreal kSampleWidth = 24;
+constexpr qreal kGap = 6;
+constexpr int kSampleHeight = 96;
+
+const QString& sample() {
+  static const QString letters = QStringLiteral("Aa");
+  return letters;
+}
+
+// Underlining and the like are no part of a font of ours; the sample gets their room.
+void hideEffects(const QFontDialog& dialog) {
+  for (QGroupBox* group : dialog.findChildren<QGroupBox*>()) {
+    if (group->findChild<QCheckBox*>()) {
+      group->hide();
+    } else {
+      group->setMinimumHeight(kSampleHeight);
+    }
+  }
+}
+
+}  // namespace
+
+QSizeF FontPicker::sizeFor(const viewkit::FontPickerControl& picker) {
+  qreal width = 2 * kMargin + kSampleWidth + kGap + Style::kIndicatorSize;
+  if (!picker.title.empty()) {
+    width += std::ceil(QFontMetricsF(QApplication::font()).horizontalAdvance(qt::text(picker.title))) + kGap;
+  }
+  return {width, Style::controlHeight()};
+}
+
+void FontPicker::press() {
+  const auto* picker = control<viewkit::FontPickerControl>();
+  if (!picker) return;
+  const appkit::Font current = std::function(picker->read)();
+  if (!node()) return;
+  if (!dialog_) makeDialog();
+  showInDialog(current);
+  dialog_->show();
+  dialog_->raise();
+  dialog_->activateWindow();
+}
+
+void FontPicker::refresh() {
+  ButtonWidget::refresh();
+  const auto* picker = control<viewkit::FontPickerControl>();
+  if (dialog_ && picker && picker->font != font_) showInDialog(picker->font);
+}
+
+void FontPicker::makeDialog() {
+  dialog_ = new QFontDialog(window());
+  dialog_->setAttribute(Qt::WA_DeleteOnClose);
+  const auto& told = node()->accessibility;
+  dialog_->setWindowTitle(qt::text(told.label.empty() ? told.help : told.label));
+  dialog_->setOption(QFontDialog::DontUseNativeDialog);
+  dialog_->setOption(QFontDialog::NoButtons);
+  hideEffects(*dialog_);
+  connect(dialog_, &QFontDialog::currentFontChanged, this,
+          [this](const QFont& font) { settleOn([this, picked = fontFrom(font)] { choose(picked); }); });
+}
+
+void FontPicker::showInDialog(const appkit::Font& font) {
+  const QSignalBlocker quiet(dialog_);
+  dialog_->setCurrentFont(fontOf(font));
+  font_ = font;
+  shownFont_ = fontFrom(dialog_->currentFont());
+}
+
+void FontPicker::choose(const appkit::Font& picked) {
+  const appkit::Font before = std::exchange(shownFont_, picked);
+  if (picked.family != before.family || picked.style != before.style) {
+    font_.family = picked.family;
+    font_.style = picked.style;
+  }
+  if (picked.pointSize != before.pointSize) font_.pointSize = picked.pointSize;
+  if (picked != before) call(&viewkit::FontPickerControl::choose, font_);
+}
+
+void FontPicker::paintEvent(QPaintEvent* /*event*/) {
+  const auto* picker = control<viewkit::FontPickerControl>();
+  if (!picker) return;
+  QPainter painter(this);
+  const QRectF frame = rect();
+  Style::drawButtonSurface(painter, frame, Style::kCornerRadius, styleOption());
+  const bool rightToLeft = layoutDirection() == Qt::RightToLeft;
+  Style::drawIndicator(painter, frame.adjusted(kMargin, 0, -kMargin, 0), rightToLeft, palette());
+
+  const qreal trailing = kMargin + Style::kIndicatorSize + kGap;
+  QRectF content = rightToLeft ? frame.adjusted(trailing, 0, -kMargin, 0) : frame.adjusted(kMargin, 0, -trailing, 0);
+  painter.setPen(palette().color(QPalette::ButtonText));
+  if (!picker->title.empty()) {
+    const int leading = rightToLeft ? Qt::AlignRight : Qt::AlignLeft;
+    painter.drawText(content, leading | Qt::AlignVCenter | Qt::TextSingleLine, qt::text(picker->title));
+    const qreal taken = content.width() - kSampleWidth;
+    content = rightToLeft ? content.adjusted(0, 0, -taken, 0) : content.adjusted(taken, 0, 0, 0);
+  }
+  QFont font = fontOf(picker->font);
+  font.setPointSizeF(this->font().pointSizeF());
+  painter.setFont(font);
+  painter.drawText(content, Qt::AlignCenter | Qt::TextSingleLine | Qt::TextDontClip, sample());
+  if (Style::showsFocus(*this)) Style::drawFocusRing(painter, frame, Style::kCornerRadius, palette());
+}
+
+}  // namespace qt

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "controls/ButtonWidget.hpp"
+
+#include <QFontDialog>
+#include <QPointer>
+
+namespace qt {
+
+// A button that shows a sample of the font; pressing it opens the font chooser.
+class FontPicker : public ButtonWidget {
+public:
+  using ButtonWidget::ButtonWidget;
+  ~FontPicker() override { delete dialog_; }
+
+  void refresh() override;
+  bool isAtRest() const override { return !dialog_ && ButtonWidget::isAtRest(); }
+
+  static QSizeF sizeFor(const viewkit::FontPickerControl& picker);
+
+protected:
+  void press() override;
+  void paintEvent(QPaintEvent* event) override;
+
+private:
+  void makeDialog();
+  void showInDialog(const appkit::Font& font);
+  void choose(const appkit::Font& picked);
+
+  QPointer<QFontDialog> dialog_;
+  // The font that was chosen last, and what the dialog makes of it: the dialog knows whole sizes
+  // and the families of this machine only. What the person leaves alone stays as it is in `font_`.
+  appkit::Font font_;
+  appkit::Font shownFont_;
+};
+
+}  // namespace qt

@@ -1,0 +1,193 @@
+#include "controls/text/TextField.hpp"
+
+#include "controls/text/LongText.hpp"
+#include "controls/text/editText.hpp"
+#include "paint/Fonts.hpp"
+#include "paint/Style.hpp"
+
+#include <QApplication>
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPainter>
+#include <QScrollBar>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <cmath>
+
+namespace qt {
+
+namespace {
+
+constexpr int kHorizontalPadding = 7;
+constexpr double kDefaultWidth = 160;
+// What is longer than any field shows lines of plays no part in its height.
+constexpr qsizetype kMeasuredLength = 4096;
+
+int lineCount(const QString& text, double width, int limit) {
+  int lines = 0;
+  QTextLayout layout(text.left(kMeasuredLength), QApplication::font());
+  QTextOption options;
+  options.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  layout.setTextOption(options);
+  layout.beginLayout();
+  for (QTextLine line = layout.createLine(); line.isValid() && lines < limit; line = layout.createLine()) {
+    line.setLineWidth(width);
+    ++lines;
+  }
+  layout.endLayout();
+  return std::max(lines, 1);
+}
+
+double lineHeight() { return std::ceil(QFontMetricsF(QApplication::font()).height()); }
+
+}  // namespace
+
+TextField::TextField(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent)
+    : QTextEdit(&parent), ControlWidget(mirror, node) {
+  const auto& field = std::get<viewkit::TextFieldControl>(*node.control());
+  const int limit = field.lineLimit;
+  setAcceptRichText(false);
+  setTabChangesFocus(true);
+  setFrameShape(QFrame::NoFrame);
+  setLineWrapMode(limit > 1 ? QTextEdit::WidgetWidth : QTextEdit::NoWrap);
+  QTextOption options;
+  options.setWrapMode(limit > 1 ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
+  // At the leading edge, whatever the direction of what is typed.
+  options.setAlignment((parent.layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft) |
+                       Qt::AlignAbsolute);
+  setWordWrapMode(options.wrapMode());
+  document()->setDefaultTextOption(options);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  document()->setDocumentMargin(0);
+  LongText::prepare(*document());
+  viewport()->setAutoFillBackground(false);
+  viewport()->setMouseTracking(true);
+  const int padding = static_cast<int>((Style::controlHeight() - lineHeight()) / 2);
+  setViewportMargins(kHorizontalPadding, padding, kHorizontalPadding, padding);
+  showAtFirst(text(field.text));
+  connect(this, &QTextEdit::textChanged, this, [this] { textEdited(); });
+}
+
+void TextField::showAtFirst(const QString& text) {
+  // What the person did not do is not undone.
+  setUndoRedoEnabled(false);
+  told_ = text;
+  editText(*this, told_);
+  setUndoRedoEnabled(true);
+}
+
+bool TextField::shows(const viewkit::PresentationNode& node) const {
+  if (!ControlWidget::shows(node)) return false;
+  const bool hasLines = std::get<viewkit::TextFieldControl>(*node.control()).lineLimit > 1;
+  return hasLines == (lineWrapMode() == QTextEdit::WidgetWidth);
+}
+
+void TextField::startAnew() {
+  composing_ = false;
+  refreshing_ = true;
+  showAtFirst(text(control<viewkit::TextFieldControl>()->text));
+  refreshing_ = false;
+  moveCursor(QTextCursor::End);
+  horizontalScrollBar()->setValue(0);
+  verticalScrollBar()->setValue(0);
+}
+
+QSizeF TextField::sizeFor(const viewkit::TextFieldControl& field, const viewkit::ProposedSize& proposal) {
+  const double width = proposal.width && std::isfinite(*proposal.width) ? *proposal.width : kDefaultWidth;
+  const int lines = field.lineLimit > 1
+                        ? lineCount(text(field.text), std::max(1.0, width - 2 * kHorizontalPadding), field.lineLimit)
+                        : 1;
+  return {width, Style::controlHeight() + (lines - 1) * lineHeight()};
+}
+
+void TextField::refresh() {
+  const auto* field = control<viewkit::TextFieldControl>();
+  if (!field) return;
+  setPlaceholderText(text(field->placeholder));
+  const QString wanted = text(field->text);
+  // What an input method has in hand is not disturbed.
+  if (composing_ || LongText::whole(*document()) == wanted) return;
+  refreshing_ = true;
+  editText(*this, wanted);
+  told_ = wanted;
+  refreshing_ = false;
+}
+
+void TextField::textEdited() {
+  if (refreshing_) return;
+  const QString now = LongText::whole(*document());
+  if (now == told_) return;
+  told_ = now;
+  LongText::shorten(*this);
+  call(&viewkit::TextFieldControl::change, now.toStdString());
+  refreshLater();
+}
+
+void TextField::endEditing() {
+  call(&viewkit::TextFieldControl::endEditing);
+  refreshLater();
+}
+
+bool TextField::event(QEvent* event) {
+  if (event->type() != QEvent::Paint) return QTextEdit::event(event);
+  QPainter painter(this);
+  Style::drawFieldSurface(painter, rect(), palette(), isEnabled());
+  if (hasFocus()) Style::drawFocusRing(painter, rect(), Style::kCornerRadius, palette());
+  return true;
+}
+
+void TextField::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+    QTextEdit::keyPressEvent(event);
+    return;
+  }
+  call(&viewkit::TextFieldControl::commit);
+  refreshLater();
+}
+
+void TextField::focusInEvent(QFocusEvent* event) {
+  QTextEdit::focusInEvent(event);
+  const auto reason = event->reason();
+  if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason) selectAll();
+  update();
+}
+
+void TextField::focusOutEvent(QFocusEvent* event) {
+  QTextEdit::focusOutEvent(event);
+  update();
+  // A menu of the field's own takes the keyboard only for a while.
+  if (event->reason() == Qt::PopupFocusReason) return;
+  QTextCursor cursor = textCursor();
+  cursor.clearSelection();
+  setTextCursor(cursor);
+  endEditing();
+}
+
+void TextField::inputMethodEvent(QInputMethodEvent* event) {
+  composing_ = !event->preeditString().isEmpty();
+  QTextEdit::inputMethodEvent(event);
+}
+
+QMimeData* TextField::createMimeDataFromSelection() const {
+  auto* copied = new QMimeData;
+  copied->setText(LongText::selected(textCursor()));
+  return copied;
+}
+
+bool TextField::canInsertFromMimeData(const QMimeData* source) const { return source->hasText(); }
+
+void TextField::insertFromMimeData(const QMimeData* source) {
+  QString pasted = source->text();
+  pasted.replace(QLatin1String("\r\n"), QLatin1String(" "));
+  for (QChar& each : pasted) {
+    if (each == '\n' || each == '\r' || each == QChar::ParagraphSeparator || each == QChar::LineSeparator) each = ' ';
+  }
+  QTextCursor cursor = textCursor();
+  LongText::insert(cursor, pasted);
+  ensureCursorVisible();
+}
+
+}  // namespace qt

@@ -1,0 +1,74 @@
+#include "desktop/DesktopPreferences.hpp"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QMap>
+#include <QVariantMap>
+
+#include <utility>
+
+namespace qt {
+
+namespace {
+
+// How long the first window may wait for the desktop's answer: opening in the wrong colours is worse.
+constexpr int kFirstAnswerMilliseconds = 200;
+constexpr int kTogetherMilliseconds = 20;
+
+const QString& appearanceGroup() {
+  static const QString name = QStringLiteral("org.freedesktop.appearance");
+  return name;
+}
+const QString& interfaceGroup() {
+  static const QString name = QStringLiteral("org.gnome.desktop.interface");
+  return name;
+}
+
+QDBusMessage question() {
+  QDBusMessage call = QDBusMessage::createMethodCall(
+      QStringLiteral("org.freedesktop.portal.Desktop"), QStringLiteral("/org/freedesktop/portal/desktop"),
+      QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("ReadAll"));
+  call << QStringList{appearanceGroup(), interfaceGroup()};
+  return call;
+}
+
+}  // namespace
+
+DesktopPreferences::DesktopPreferences(std::function<void()> changed) : changed_(std::move(changed)) {
+  QDBusConnection bus = QDBusConnection::sessionBus();
+  if (!bus.isConnected()) return;
+  announced_.setSingleShot(true);
+  announced_.setInterval(kTogetherMilliseconds);
+  announced_.callOnTimeout(&announced_, [this] { ask(); });
+  const QDBusMessage call = question();
+  bus.connect(call.service(), call.path(), call.interface(), QStringLiteral("SettingChanged"), &announced_,
+              SLOT(start()));
+  read(bus.call(call, QDBus::Block, kFirstAnswerMilliseconds));
+}
+
+void DesktopPreferences::ask() {
+  auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question()), &announced_);
+  QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &announced_, [this, watcher] {
+    watcher->deleteLater();
+    if (watcher->isError()) return;
+    read(watcher->reply());
+    changed_();
+  });
+}
+
+void DesktopPreferences::read(const QDBusMessage& reply) {
+  if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty()) return;
+  const auto groups = qdbus_cast<QMap<QString, QVariantMap>>(reply.arguments().constFirst());
+  const QVariantMap appearance = groups.value(appearanceGroup());
+  switch (appearance.value(QStringLiteral("color-scheme")).toUInt()) {
+    case 1: appearance_ = appkit::Appearance::dark; break;
+    case 2: appearance_ = appkit::Appearance::light; break;
+    default: appearance_ = std::nullopt;
+  }
+  reducedMotion_ = appearance.value(QStringLiteral("reduced-motion")).toUInt() == 1 ||
+                   !groups.value(interfaceGroup()).value(QStringLiteral("enable-animations"), true).toBool();
+}
+
+}  // namespace qt

@@ -1,0 +1,64 @@
+#include "paint/Colors.hpp"
+
+#include "appkit/Application.hpp"
+
+namespace qt {
+
+QColor colorOf(const appkit::RGBA& color) {
+  return QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
+                          static_cast<float>(color.blue), static_cast<float>(color.opacity));
+}
+
+QColor colorOf(const appkit::Color& color) {
+  return colorOf(color.resolved(appkit::Application::sharedApplication().palette()));
+}
+
+QColor blended(const QColor& under, const QColor& over, qreal opacity) {
+  const auto mix = [&](float a, float b) { return a + (b - a) * static_cast<float>(opacity * over.alphaF()); };
+  return QColor::fromRgbF(mix(under.redF(), over.redF()), mix(under.greenF(), over.greenF()),
+                          mix(under.blueF(), over.blueF()));
+}
+
+QPalette paletteOf(const appkit::Palette& palette) {
+  const QColor window = colorOf(palette.windowBackground);
+  const QColor group = colorOf(palette.groupBackground);
+  const QColor base = colorOf(palette.controlBackground);
+  const QColor text = colorOf(palette.primary);
+  const QColor secondary = colorOf(palette.secondary);
+  const QColor accent = colorOf(palette.accent);
+  const bool dark = window.lightnessF() < text.lightnessF();
+  const QColor button = dark ? blended(group, Qt::white, 0.09) : QColor(Qt::white);
+
+  QPalette result;
+  const auto set = [&](QPalette::ColorRole role, const QColor& color) { result.setColor(QPalette::All, role, color); };
+  set(QPalette::Window, window);
+  set(QPalette::WindowText, text);
+  set(QPalette::Base, base);
+  set(QPalette::AlternateBase, blended(base, text, 0.03));
+  set(QPalette::Text, text);
+  set(QPalette::PlaceholderText, secondary);
+  set(QPalette::Button, button);
+  set(QPalette::ButtonText, text);
+  set(QPalette::BrightText, colorOf(palette.systemRed));
+  set(QPalette::ToolTipBase, dark ? blended(group, Qt::white, 0.06) : group);
+  set(QPalette::ToolTipText, text);
+  set(QPalette::Highlight, accent);
+  set(QPalette::HighlightedText, colorOf(palette.selectedText));
+  set(QPalette::Link, accent);
+  set(QPalette::LinkVisited, accent);
+  set(QPalette::Light, blended(button, Qt::white, 0.2));
+  set(QPalette::Midlight, blended(button, Qt::white, 0.1));
+  set(QPalette::Mid, blended(window, text, 0.2));
+  set(QPalette::Dark, blended(window, text, 0.3));
+  set(QPalette::Shadow, dark ? QColor(Qt::black) : blended(window, text, 0.6));
+
+  const QColor faint = blended(window, text, 0.38);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+    result.setColor(QPalette::Disabled, role, faint);
+  }
+  result.setColor(QPalette::Disabled, QPalette::Highlight, blended(window, text, 0.2));
+  result.setColor(QPalette::Disabled, QPalette::HighlightedText, faint);
+  return result;
+}
+
+}  // namespace qt

@@ -1,0 +1,274 @@
+#include "window/WindowWidget.hpp"
+
+#include "appkit/Application.hpp"
+#include "controls/ControlWidget.hpp"
+#include "foundation/Files.hpp"
+#include "foundation/MainQueue.hpp"
+#include "paint/Fonts.hpp"
+#include "viewkit/KeyRouter.hpp"
+#include "window/KeyEvents.hpp"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QHelpEvent>
+#include <QImage>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QToolTip>
+
+#include <chrono>
+#include <cmath>
+#include <utility>
+
+namespace qt {
+
+namespace {
+
+constexpr int kFrameMilliseconds = 16;
+
+// The innermost node there that has something to say.
+const viewkit::PresentationNode* tooltipAt(const viewkit::PresentationNode& node, viewkit::Point point) {
+  const viewkit::Point local = point - node.frame.origin;
+  const bool inside = viewkit::Rect{{}, node.frame.size}.contains(local);
+  if (!inside && (node.clipRadius || node.control())) return nullptr;
+  for (auto child = node.children.rbegin(); child != node.children.rend(); ++child) {
+    if (const auto* found = tooltipAt(**child, local)) return found;
+  }
+  return inside && !node.tooltip.empty() ? &node : nullptr;
+}
+
+}  // namespace
+
+WindowWidget::WindowWidget(Window& window, WindowOptions options) : window_(window) {
+  const auto& environment = options.environment;
+  const bool rightToLeft = environment.layoutDirection == viewkit::LayoutDirection::rightToLeft;
+  metrics_.setDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+  setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+  setWindowTitle(text(options.title));
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setMouseTracking(true);
+  host_ = std::make_unique<viewkit::ViewHost>(options.root, environment, metrics_);
+  mirror_ = std::make_unique<Mirror>(*this, *host_);
+  host_->setObserver([this](const viewkit::PresentationChanges& changes) { present(changes); });
+
+  frames_.setTimerType(Qt::PreciseTimer);
+  frames_.setInterval(kFrameMilliseconds);
+  frames_.callOnTimeout(this, [this] { step(); });
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { revealFocus(now); });
+  // The session may go on after this: what is typed is stored, and the window stays.
+  connect(qApp, &QGuiApplication::commitDataRequest, this, [this] {
+    if (host_) host_->endEditing();
+  });
+  qApp->installEventFilter(this);
+  appearance_ = appkit::Application::sharedApplication().effectiveAppearanceDidChange().subscribe([this] {
+    update();
+    for (QWidget* child : findChildren<QWidget*>()) child->update();
+  });
+
+  resize(QSizeF(options.size.width, options.size.height).toSize());
+  host_->setSize({double(width()), double(height())});
+  fit();
+  host_->update();
+}
+
+WindowWidget::~WindowWidget() {
+  closed_ = nullptr;
+  endViews();
+  // The base class moves the keyboard away when nothing of this one is left to hear of it.
+  qApp->removeEventFilter(this);
+  disconnect(qApp, nullptr, this, nullptr);
+}
+
+void WindowWidget::endViews() {
+  if (!host_) return;
+  frames_.stop();
+  clearFocusAndCommit();
+  host_->endEditing();
+  const auto refusedTexts = host_->refusedTexts();
+  // The views go first: what they say when they disappear is theirs, the widgets hear no more of it.
+  host_->setObserver(nullptr);
+  mirror_.reset();
+  host_.reset();
+  if (refused_ && !refusedTexts.empty()) refused_(refusedTexts);
+}
+
+void WindowWidget::present(const viewkit::PresentationChanges& changes) {
+  mirror_->show(changes);
+  if (host_->isAnimating() && !frames_.isActive()) {
+    sinceFrame_.start();
+    frames_.start();
+  }
+  fitLater();
+}
+
+void WindowWidget::step() {
+  host_->advanceAnimations(std::chrono::duration<double>(double(sinceFrame_.restart()) / 1000));
+  if (!host_->isAnimating()) frames_.stop();
+}
+
+void WindowWidget::fitLater() {
+  if (std::exchange(fitPending_, true)) return;
+  // Before the next painting, which has a lower priority.
+  QMetaObject::invokeMethod(
+      this, [this] { fit(); }, Qt::QueuedConnection);
+}
+
+void WindowWidget::fit() {
+  fitPending_ = false;
+  if (!host_) return;
+  const double least = std::ceil(host_->sizeThatFits({.width = 0, .height = 0}).width);
+  const double across = std::max(least, double(width()));
+  const double lowest = std::ceil(host_->sizeThatFits({.width = across, .height = 0}).height);
+  const QSize needed(static_cast<int>(least), static_cast<int>(lowest));
+  if (needed == fitted_) return;
+  const bool wasFitting = height() <= fitted_.height() || !fitted_.isValid();
+  const bool isRigid = host_->sizeThatFits({.width = across, .height = viewkit::kUnlimited}).height <= lowest;
+  fitted_ = needed;
+  setMinimumSize(needed);
+  const int high = wasFitting && isRigid ? needed.height() : std::max(height(), needed.height());
+  const QSize size(std::max(width(), needed.width()), high);
+  // In another window, that one decides.
+  if (isWindow() && size != this->size()) resize(size);
+  host_->setSize({double(width()), double(height())});
+}
+
+ControlWidget* WindowWidget::focusedControl() const {
+  return mirror_ && focusWidget() ? mirror_->controlAround(focusWidget()) : nullptr;
+}
+
+ControlWidget* WindowWidget::controlFor(const appkit::Responder& responder) const {
+  for (QWidget* child : findChildren<QWidget*>()) {
+    auto* control = dynamic_cast<ControlWidget*>(child);
+    if (control && control->node() && &control->responder() == &responder) return control;
+  }
+  return nullptr;
+}
+
+void WindowWidget::clearFocusAndCommit() {
+  if (ControlWidget* control = focusedControl()) control->endEditing();
+  if (focusWidget()) focusWidget()->clearFocus();
+}
+
+void WindowWidget::revealFocus(const QWidget* focused) {
+  if (!mirror_ || !focused || !isAncestorOf(focused)) return;
+  const ControlWidget* control = mirror_->controlAround(focused);
+  if (control && control->node()) host_->reveal(control->node()->id);
+}
+
+bool WindowWidget::eventFilter(QObject* watched, QEvent* event) {
+  const bool isMove = event->type() == QEvent::MouseMove;
+  if (!host_ || !(isMove || event->type() == QEvent::KeyPress)) return false;
+  const auto* under = qobject_cast<QWidget*>(watched);
+  if (!under || !(under == this || isAncestorOf(under))) return false;
+  if (!isMove) return routeKey(*static_cast<QKeyEvent*>(event));
+  host_->pointerMoved(mirror_->treePoint(*under, static_cast<QMouseEvent*>(event)->position()));
+  return false;
+}
+
+bool WindowWidget::routeKey(const QKeyEvent& press) {
+  const ControlWidget* control = focusedControl();
+  const viewkit::PresentationNode* node = control ? control->node() : nullptr;
+  switch (viewkit::routeKey(*host_, eventFrom(press), node ? node->id : 0)) {
+    case viewkit::KeyOutcome::handled: return true;
+    case viewkit::KeyOutcome::closesWindow:
+      // The window around this one decides for itself.
+      if (!isWindow()) return false;
+      close();
+      return true;
+    case viewkit::KeyOutcome::passedOn: return false;
+  }
+  return false;
+}
+
+bool WindowWidget::event(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::ToolTip: {
+      const auto* help = static_cast<QHelpEvent*>(event);
+      if (!showTooltip(help->pos(), help->globalPos())) event->ignore();
+      return true;
+    }
+    case QEvent::ActivationChange: noteActivation(); break;
+    default: break;
+  }
+  return QWidget::event(event);
+}
+
+void WindowWidget::noteActivation() {
+  auto& application = appkit::Application::sharedApplication();
+  if (isActiveWindow()) {
+    application.windowDidBecomeKey(window_);
+  } else {
+    application.windowDidResignKey(window_);
+  }
+}
+
+bool WindowWidget::showTooltip(QPoint point, QPoint onScreen) {
+  if (!host_) return false;
+  const QWidget* under = childAt(point);
+  const viewkit::Point inTree = under ? mirror_->treePoint(*under, under->mapFrom(this, QPointF(point)))
+                                      : mirror_->treePoint(*this, QPointF(point));
+  const viewkit::PresentationNode* node = tooltipAt(host_->presentation(), inTree);
+  if (!node) return false;
+  const Mirror::Place place = mirror_->placeOf(*node);
+  const QRect area(place.widget->mapTo(this, place.rect.topLeft()).toPoint(), place.rect.size().toSize());
+  QToolTip::showText(onScreen, "<qt>" + text(node->tooltip).toHtmlEscaped() + "</qt>", this, area);
+  return true;
+}
+
+void WindowWidget::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  painter.fillRect(event->rect(), palette().color(QPalette::Window));
+  if (mirror_) mirror_->paint(painter, *this, event->rect());
+}
+
+void WindowWidget::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (!host_) return;
+  host_->setSize({double(width()), double(height())});
+  host_->update();
+}
+
+void WindowWidget::closeEvent(QCloseEvent* event) {
+  QWidget::closeEvent(event);
+  if (!host_) return;
+  endViews();
+  // On a turn of its own: whoever is told may destroy the window.
+  if (closed_) foundation::MainQueue::mainQueue().async(std::exchange(closed_, nullptr));
+}
+
+void WindowWidget::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) pressedAt_ = event->position().toPoint();
+}
+
+void WindowWidget::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton || !pressedAt_ || !host_) return;
+  const QPoint from = *std::exchange(pressedAt_, std::nullopt);
+  const QPoint to = event->position().toPoint();
+  if ((to - from).manhattanLength() >= QApplication::startDragDistance()) return;
+  host_->click(mirror_->treePoint(*this, event->position()));
+}
+
+void WindowWidget::leaveEvent(QEvent* event) {
+  QWidget::leaveEvent(event);
+  if (host_) host_->pointerLeft();
+}
+
+foundation::Outcome WindowWidget::snapshot(const std::string& path, double scale) {
+  if (host_) {
+    host_->update();
+    host_->finishAnimations();
+    fit();
+    host_->update();
+  }
+  ensurePolished();
+  QImage image(QSizeF(size() * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+  image.setDevicePixelRatio(scale);
+  image.fill(palette().color(QPalette::Window));
+  render(&image);
+  QByteArray picture;
+  QBuffer buffer(&picture);
+  if (!image.save(&buffer, "PNG")) return foundation::Error{"the picture cannot be made; choose a smaller scale"};
+  return foundation::writeFile(path, {picture.constData(), static_cast<std::size_t>(picture.size())});
+}
+
+}  // namespace qt

@@ -1,0 +1,152 @@
+#include "tree/CompositeNode.hpp"
+
+#include "foundation/UserDefaults.hpp"
+#include "passes/Runtime.hpp"
+#include "tree/Diagnostics.hpp"
+#include "viewkit/Dependents.hpp"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+namespace viewkit {
+
+namespace {
+
+CompositeNode* runningNode = nullptr;
+
+// The body that runs, until the block ends, however it ends.
+class Running {
+public:
+  explicit Running(CompositeNode& node) : outer_(std::exchange(runningNode, &node)) {}
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+  ~Running() { runningNode = outer_; }
+
+private:
+  CompositeNode* outer_;
+};
+
+}  // namespace
+
+std::unique_ptr<Node> CompositeViewValue::makeNode() const { return std::make_unique<CompositeNode>(); }
+
+CompositeNode* CompositeNode::running() { return runningNode; }
+
+const PlatformMetrics& CompositeNode::metrics() const { return runtime().metrics(); }
+
+void CompositeNode::apply(const ViewValue* before) {
+  static_cast<void>(before);
+  if (!shown_.isEmpty() && !stale_ && shownIn_ == inheritedPtr() &&
+      valueAs<CompositeViewValue>().equals(static_cast<const CompositeViewValue&>(*shown_.value()))) {
+    return;
+  }
+  runBody();
+}
+
+void CompositeNode::runBody() {
+  if (!body_) body_ = std::make_shared<Body>(Body{.node = this});
+  ++runtime().counters().bodiesRun;
+  ++body_->run;
+  stale_ = false;
+  shown_ = view();
+  shownIn_ = inheritedPtr();
+  const View next = makeContent();
+  runtime().bodyRan(*this);
+  reconcile(content_, next, inheritedPtr());
+}
+
+View CompositeNode::makeContent() {
+  const Running running(*this);
+  try {
+    return valueAs<CompositeViewValue>().body();
+  } catch (...) {
+    if (!inherited().errorView) throw;
+    return inherited().errorView(std::current_exception());
+  }
+}
+
+void CompositeNode::bodyChanged() {
+  if (runningNode) {
+    reportMistake("the body of " + runningNode->kind() + " writes a value that the body of " + kind() +
+                  " reads: write it in a handler, bodies only say what is seen");
+  }
+  if (isActive()) {
+    runtime().bodyChanged(*this);
+  } else {
+    stale_ = true;
+  }
+}
+
+void CompositeNode::activeChanged() {
+  if (isActive() && stale_) runtime().bodyChanged(*this);
+}
+
+bool CompositeNode::owns(const void* member) const {
+  const auto extent = valueAs<CompositeViewValue>().extent();
+  const auto* address = static_cast<const std::byte*>(member);
+  const std::less<> before;
+  return !before(address, extent.data()) && before(address, extent.data() + extent.size());
+}
+
+std::shared_ptr<Slot> CompositeNode::slotOf(const void* member, const std::function<std::shared_ptr<Slot>()>& make) {
+  if (!owns(member)) return nullptr;
+  const auto offset = static_cast<const std::byte*>(member) - valueAs<CompositeViewValue>().extent().data();
+  const auto known =
+      std::find_if(members_.begin(), members_.end(), [&](const Member& each) { return each.offset == offset; });
+  if (known != members_.end()) return known->slot;
+  std::shared_ptr<Slot> slot = make();
+  members_.push_back({offset, slot});
+  return slot;
+}
+
+std::shared_ptr<Slot> slotInRunningBody(const void* member, const std::function<std::shared_ptr<Slot>()>& make) {
+  return runningNode ? runningNode->slotOf(member, make) : nullptr;
+}
+
+bool belongsToRunningBody(const void* member) { return runningNode && runningNode->owns(member); }
+
+void reportUnlinkedProperty(const std::type_info& property) {
+#ifndef NDEBUG
+  std::fprintf(stderr,
+               "viewkit: %s is used outside of the view that it belongs to: declare it as a member of the view, and "
+               "take the view along into handlers with [self = *this]\n",
+               unqualifiedTypeName(property).c_str());
+  std::abort();
+#else
+  static_cast<void>(property);
+#endif
+}
+
+void Dependents::recordRead() {
+  if (!runningNode) return;
+  const std::shared_ptr<Body>& body = runningNode->body();
+  const auto isBefore = [](const Reader& reader, const std::shared_ptr<Body>& other) {
+    return reader.body.owner_before(other);
+  };
+  auto place = std::lower_bound(readers_.begin(), readers_.end(), body, isBefore);
+  if (place != readers_.end() && !body.owner_before(place->body)) {
+    place->run = body->run;
+    return;
+  }
+  if (readers_.size() == readers_.capacity()) {
+    std::erase_if(readers_, [](const Reader& reader) { return reader.body.expired(); });
+    place = std::lower_bound(readers_.begin(), readers_.end(), body, isBefore);
+  }
+  readers_.insert(place, Reader{.body = body, .run = body->run});
+}
+
+void Dependents::markAll() {
+  for (const Reader& reader : readers_) {
+    const auto body = reader.body.lock();
+    if (body && body->run == reader.run) body->node->bodyChanged();
+  }
+}
+
+Environment Environment::current() {
+  if (const CompositeNode* node = CompositeNode::running()) return node->environment();
+  return {.defaultStore = foundation::UserDefaults::standardUserDefaults()};
+}
+
+}  // namespace viewkit
