@@ -27,7 +27,8 @@ std::string bytesOf(const PreferenceDictionary& values) {
   return *bytes;
 }
 
-// A list whose colours and protocol lists are the lines of the text, its version the first character.
+// A list whose colours and protocol lists are the lines of the text, its version the first
+// character.
 PreferenceDictionary listOfLines(std::string_view text) {
   PreferenceDictionary list;
   if (text.empty()) return list;
@@ -45,7 +46,8 @@ PreferenceDictionary listOfLines(std::string_view text) {
 
 }  // namespace
 
-// An import gives what the migration makes of a store that holds the list, and a second one changes nothing.
+// An import gives what the migration makes of a store that holds the list, and a second one changes
+// nothing.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view text(reinterpret_cast<const char*>(data), size);
   const auto parsed = foundation::parsePropertyList(text);

@@ -10,7 +10,8 @@ namespace {
 
 // Reads all that there is to read.
 std::size_t sizeOf(const JSON& value) {
-  std::size_t size = value.asString().value_or("").size() + value.integerText().value_or("").size() +
+  std::size_t size = value.asString().value_or("").size() +
+                     value.integerText().value_or("").size() +
                      static_cast<std::size_t>(value.asReal().has_value());
   for (const JSON& element : value.elements()) size += sizeOf(element);
   for (const auto& [name, member] : value.members()) {

@@ -72,8 +72,8 @@ bool isNotANumber(const PreferenceValue& value) {
 
 }  // namespace
 
-// Any row is read without harm: its value is none or one that is stored and read as the same. The value is
-// compared in its byte form, because not-a-number does not equal itself.
+// Any row is read without harm: its value is none or one that is stored and read as the same. The
+// value is compared in its byte form, because not-a-number does not equal itself.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size < 3) return 0;
   static Row row;

@@ -39,8 +39,8 @@ void measure(const PreferenceDictionary& entries, int depth, Extent& extent) {
 
 }  // namespace
 
-// Whatever is read is within the limits, unfolded, and can be written and read again: in the binary form as the
-// same value, whose bytes are compared because not-a-number does not equal itself.
+// Whatever is read is within the limits, unfolded, and can be written and read again: in the binary
+// form as the same value, whose bytes are compared because not-a-number does not equal itself.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const auto values = foundation::parsePropertyList({reinterpret_cast<const char*>(data), size});
   if (!values) return 0;
@@ -55,7 +55,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto binary = foundation::propertyListBytes(*values, PropertyListFormat::binary);
   if (!binary) std::abort();
   const auto again = foundation::parsePropertyList(*binary);
-  if (!again || *foundation::propertyListBytes(*again, PropertyListFormat::binary) != *binary) std::abort();
+  if (!again || *foundation::propertyListBytes(*again, PropertyListFormat::binary) != *binary)
+    std::abort();
   // Some text and some dates have no form in XML.
   const auto xml = foundation::propertyListBytes(*values, PropertyListFormat::xml);
   if (xml && !foundation::parsePropertyList(*xml)) std::abort();

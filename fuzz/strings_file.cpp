@@ -10,7 +10,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto table = foundation::parseStringsFile(bytes);
   if (!table) return 0;
   for (const auto& [key, value] : *table) {
-    if (!foundation::isValidUtf8(key) || !foundation::isValidUtf8(foundation::uppercased(value))) std::abort();
+    if (!foundation::isValidUtf8(key) || !foundation::isValidUtf8(foundation::uppercased(value)))
+      std::abort();
   }
   return 0;
 }

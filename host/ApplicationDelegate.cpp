@@ -26,7 +26,8 @@ void ApplicationDelegate::setupAppearanceFromUserDefaults() {
     return;
   }
   // Every other name is as dark as the default.
-  const std::string name = store_.stringForKey(kAppearanceName.name).value_or(kAppearanceName.defaultValue);
+  const std::string name =
+      store_.stringForKey(kAppearanceName.name).value_or(kAppearanceName.defaultValue);
   application.setAppearance(name == "NSAppearanceNameAqua" ? Appearance::light : Appearance::dark);
 }
 

@@ -5,8 +5,9 @@
 
 namespace zorvantine {
 
-// The host's answer to what the settings ask of it: the application looks as the store says, from the
-// moment the delegate is made, and also when another process changes what the store says. Main thread.
+// The host's answer to what the settings ask of it: the application looks as the store says, from
+// the moment the delegate is made, and also when another process changes what the store says. Main
+// thread.
 class ApplicationDelegate final : public QEVDependencies::QEVAppDelegateProvider {
 public:
   // The store outlives the delegate.

@@ -10,7 +10,8 @@ std::string windowLanguage() {
 }
 
 viewkit::LayoutDirection windowDirection() {
-  return windowLanguage() == "ar" ? viewkit::LayoutDirection::rightToLeft : viewkit::LayoutDirection::leftToRight;
+  return windowLanguage() == "ar" ? viewkit::LayoutDirection::rightToLeft
+                                  : viewkit::LayoutDirection::leftToRight;
 }
 
 }  // namespace zorvantine

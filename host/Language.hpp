@@ -6,8 +6,8 @@
 
 namespace zorvantine {
 
-// The language that windows speak, "de" or "zh-Hans": the best of the person's languages that there are texts
-// in. Main thread.
+// The language that windows speak, "de" or "zh-Hans": the best of the person's languages that there
+// are texts in. Main thread.
 std::string windowLanguage();
 
 // How that language is written.

@@ -26,10 +26,13 @@ std::string textOf(const sockaddr* address) {
   if (address == nullptr) return {};
   std::array<char, INET6_ADDRSTRLEN> text{};
   const void* bytes = nullptr;
-  if (address->sa_family == AF_INET) bytes = &reinterpret_cast<const sockaddr_in*>(address)->sin_addr;
-  if (address->sa_family == AF_INET6) bytes = &reinterpret_cast<const sockaddr_in6*>(address)->sin6_addr;
+  if (address->sa_family == AF_INET)
+    bytes = &reinterpret_cast<const sockaddr_in*>(address)->sin_addr;
+  if (address->sa_family == AF_INET6)
+    bytes = &reinterpret_cast<const sockaddr_in6*>(address)->sin6_addr;
   if (bytes == nullptr) return {};
-  return ::inet_ntop(address->sa_family, bytes, text.data(), text.size()) != nullptr ? text.data() : "";
+  return ::inet_ntop(address->sa_family, bytes, text.data(), text.size()) != nullptr ? text.data()
+                                                                                     : "";
 }
 
 }  // namespace
@@ -44,9 +47,11 @@ std::vector<NetworkInterface> MachineInterfaces::all() const {
     const std::string name = entry->ifa_name;
     auto found = std::ranges::find(interfaces, name, &NetworkInterface::name);
     if (found == interfaces.end()) {
-      found = interfaces.insert(found, {.name = name, .addresses = {}, .isUp = (entry->ifa_flags & IFF_UP) != 0});
+      found = interfaces.insert(
+          found, {.name = name, .addresses = {}, .isUp = (entry->ifa_flags & IFF_UP) != 0});
     }
-    if (auto address = textOf(entry->ifa_addr); !address.empty()) found->addresses.push_back(std::move(address));
+    if (auto address = textOf(entry->ifa_addr); !address.empty())
+      found->addresses.push_back(std::move(address));
   }
   return interfaces;
 }

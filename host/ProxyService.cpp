@@ -48,10 +48,13 @@ std::string ProxyService::problem() const {
 }
 
 ProxyAddress ProxyService::listeningAddress() const {
-  return address(kListeningAddress).value_or(ProxyAddress{.host = std::string(kInitialHost), .port = kInitialPort});
+  return address(kListeningAddress)
+      .value_or(ProxyAddress{.host = std::string(kInitialHost), .port = kInitialPort});
 }
 
-void ProxyService::setListeningAddress(ProxyAddress address) { set(address.text(), kListeningAddress); }
+void ProxyService::setListeningAddress(ProxyAddress address) {
+  set(address.text(), kListeningAddress);
+}
 
 std::optional<ProxyAddress> ProxyService::upstream() const { return address(kUpstream); }
 
@@ -63,7 +66,9 @@ bool ProxyService::interceptsTLS() const { return store_.boolForKey(kInterceptsT
 
 void ProxyService::setInterceptsTLS(bool intercepts) { set(intercepts, kInterceptsTLS); }
 
-std::string ProxyService::certificatePath() const { return store_.stringForKey(kCertificatePath).value_or(""); }
+std::string ProxyService::certificatePath() const {
+  return store_.stringForKey(kCertificatePath).value_or("");
+}
 
 void ProxyService::set(QEVSettings::PreferenceValue value, std::string_view key) {
   objectWillChange().announce();

@@ -38,7 +38,8 @@ SettingsHost::SettingsHost(const WindowOptions& options, QEVSettings::Preference
   loadAnalyzers(options.syntheticAnalyzers, store);
   delegate_ = std::make_shared<ApplicationDelegate>(store);
   updater_ = std::make_shared<QEVSettings::UpdaterViewModel>();
-  capture_ = std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(store, std::make_shared<MachineInterfaces>());
+  capture_ = std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(
+      store, std::make_shared<MachineInterfaces>());
   proxy_ = std::make_shared<ProxyService>(store);
 }
 

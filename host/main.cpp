@@ -28,8 +28,8 @@ int report(const Failure& failure, Messages& messages) {
 // is a mistake in the name.
 Failed missingStore(const Options& options) {
   std::error_code error;
-  if (!options.store ||
-      std::filesystem::symlink_status(*options.store, error).type() != std::filesystem::file_type::not_found) {
+  if (!options.store || std::filesystem::symlink_status(*options.store, error).type() !=
+                            std::filesystem::file_type::not_found) {
     return std::nullopt;
   }
   return Failure{.message = "there is no store " + options.store->string() +
@@ -73,13 +73,14 @@ int main(int argc, char** argv) {
   const std::vector<std::string_view> words(argv + (argc > 0 ? 1 : 0), argv + argc);
   const auto options = parseOptions(words);
   if (!options) {
-    return report(
-        {.code = ExitCode::usage, .message = options.error().message + "; zorvantine --help shows what there is"},
-        messages);
+    return report({.code = ExitCode::usage,
+                   .message = options.error().message + "; zorvantine --help shows what there is"},
+                  messages);
   }
   if (const auto failure = carryOut(*options, messages)) return report(*failure, messages);
   if (!std::cout.flush()) {
-    return report({.message = "the result could not be written; make room for it, and try again"}, messages);
+    return report({.message = "the result could not be written; make room for it, and try again"},
+                  messages);
   }
   return EXIT_SUCCESS;
 }

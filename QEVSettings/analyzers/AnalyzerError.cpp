@@ -42,7 +42,8 @@ void showErrorState(const ErrorState& state, const QEVDependencies::QEVNetworkPr
 
 View analyzerErrorText(const ErrorState& state) {
   if (state.isEmpty()) return {};
-  const std::string details = state.errorDetails ? "\n" + QEVCommonTools::localized(message(*state.errorDetails)) : "";
+  const std::string details =
+      state.errorDetails ? "\n" + QEVCommonTools::localized(message(*state.errorDetails)) : "";
   return Text(state.errorText + details)
       .font(Font::caption())
       .foreground(Color::systemRed())
@@ -51,7 +52,8 @@ View analyzerErrorText(const ErrorState& state) {
 }
 
 View analyzerErrorView(const std::exception_ptr& thrown) {
-  return analyzerErrorText(failureOf([&] { std::rethrow_exception(thrown); }).value_or(ErrorState{}));
+  return analyzerErrorText(
+      failureOf([&] { std::rethrow_exception(thrown); }).value_or(ErrorState{}));
 }
 
 }  // namespace QEVSettings

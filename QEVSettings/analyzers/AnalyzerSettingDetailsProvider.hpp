@@ -13,11 +13,14 @@ namespace QEVSettings {
 // Owns the models of the analyzers that were shown: one for each, made at first use and kept.
 class AnalyzerSettingDetailsProvider final : public QEVCommonTools::ViewModel {
 public:
-  // The model that the plug-in's id stands for; what an existing one says of the plug-in stays as it is.
-  std::shared_ptr<AnalyzerSettingDetailsViewModel> detailsViewModel(const QEVDependencies::QEVPlugInStructure& plugin);
+  // The model that the plug-in's id stands for; what an existing one says of the plug-in stays as
+  // it is.
+  std::shared_ptr<AnalyzerSettingDetailsViewModel> detailsViewModel(
+      const QEVDependencies::QEVPlugInStructure& plugin);
 
 private:
-  std::map<foundation::UUID, std::shared_ptr<AnalyzerSettingDetailsViewModel>> analyzerDetailsViewModels_;
+  std::map<foundation::UUID, std::shared_ptr<AnalyzerSettingDetailsViewModel>>
+      analyzerDetailsViewModels_;
 };
 
 }  // namespace QEVSettings

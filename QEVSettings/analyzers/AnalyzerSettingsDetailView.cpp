@@ -29,7 +29,9 @@ using QEVDependencies::QEVPortsPreferencesProtocol;
 
 namespace {
 
-View optionsHeader() { return SettingsSectionHeader{.titleKey = "Options", .systemImage = "slider.horizontal.3"}; }
+View optionsHeader() {
+  return SettingsSectionHeader{.titleKey = "Options", .systemImage = "slider.horizontal.3"};
+}
 
 View notPortBased() {
   return Text(localized("This protocol is not port-based"))
@@ -82,7 +84,11 @@ View AnalyzerSettingsDetailView::header() const {
       {.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s2)},
       {
           Text(model->pluginStruct.get().plugInTitle).font(Font::title3().semibold()).selectable(),
-          Text(subtitle()).font(Font::callout()).foreground(Color::secondary()).selectable().fixedSize(false, true),
+          Text(subtitle())
+              .font(Font::callout())
+              .foreground(Color::secondary())
+              .selectable()
+              .fixedSize(false, true),
       });
 }
 
@@ -97,19 +103,20 @@ View AnalyzerSettingsDetailView::sections() const {
                   });
   }
   if (!config) {
-    return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)}, {
-                                                                                                   optionsHeader(),
-                                                                                                   noOptions(),
-                                                                                               });
+    return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
+                  {
+                      optionsHeader(),
+                      noOptions(),
+                  });
   }
-  return VStack(
-      {.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
-      {
-          optionsHeader(),
-          config->ports
-              ? CompactPortsEditorView{.config = *config, .ports = *config->ports, .controller = portsController()}
-              : optionsWithoutPorts(*config),
-      });
+  return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
+                {
+                    optionsHeader(),
+                    config->ports ? CompactPortsEditorView{.config = *config,
+                                                           .ports = *config->ports,
+                                                           .controller = portsController()}
+                                  : optionsWithoutPorts(*config),
+                });
 }
 
 std::string AnalyzerSettingsDetailView::subtitle() const {

@@ -54,11 +54,11 @@ struct DetailBox {
                                .frame(FlexibleFrame{.maxWidth = kUnlimited})})
           .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::leading()});
     }
-    return View(
-               GroupBox{ScrollView({.showsIndicators = true},
-                                   View(AnalyzerSettingsDetailView{.model = selected})
-                                       .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::leading()}))
-                            .id(selected->pluginStruct.get().id.text())})
+    return View(GroupBox{ScrollView({.showsIndicators = true},
+                                    View(AnalyzerSettingsDetailView{.model = selected})
+                                        .frame(FlexibleFrame{.maxWidth = kUnlimited,
+                                                             .alignment = Alignment::leading()}))
+                             .id(selected->pluginStruct.get().id.text())})
         .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::leading()});
   }
 };
@@ -71,37 +71,41 @@ View QEVAnalyzerSettingsView::body() const {
                     listBox(),
                     DetailBox{.selectedItem = selectedItem_.binding()},
                 })
-      .frame(FlexibleFrame{
-          .maxWidth = kUnlimited, .minHeight = 520, .maxHeight = 520, .alignment = Alignment::topLeading()});
+      .frame(FlexibleFrame{.maxWidth = kUnlimited,
+                           .minHeight = 520,
+                           .maxHeight = 520,
+                           .alignment = Alignment::topLeading()});
 }
 
 View QEVAnalyzerSettingsView::listBox() const {
   return GroupBox{ScrollViewReader([self = *this](const ScrollProxy& list) {
     const auto row = [self](std::size_t i) {
-      return View(AnalyzertSettingRowView{.model =
-                                              self.detailsModelProvider_->detailsViewModel(self.pluginStructs()[i])})
+      return View(AnalyzertSettingRowView{.model = self.detailsModelProvider_->detailsViewModel(
+                                              self.pluginStructs()[i])})
           .onTap([self, i] { self.selection_.set(static_cast<std::int64_t>(i)); });
     };
     const View analyzers =
-        ScrollView({.showsIndicators = false}, LazyVStack({.alignment = HorizontalAlignment::leading, .spacing = 2},
-                                                          {.count = self.pluginStructs().size(), .row = row})
-                                                   .accessibilityRole(Role::list))
+        ScrollView({.showsIndicators = false},
+                   LazyVStack({.alignment = HorizontalAlignment::leading, .spacing = 2},
+                              {.count = self.pluginStructs().size(), .row = row})
+                       .accessibilityRole(Role::list))
             .frame(FixedFrame{.width = 150, .alignment = Alignment::leading()})
             .onAppear([self, list] { self.appear(list); })
             .onDisappear([self] { self.disappear(); });
-    return FollowingSelection{.list = analyzers,
-                              .selection = self.selection_,
-                              .select = [self, list](std::int64_t index) { self.select(index, list); }};
+    return FollowingSelection{
+        .list = analyzers,
+        .selection = self.selection_,
+        .select = [self, list](std::int64_t index) { self.select(index, list); }};
   })};
 }
 
 void QEVAnalyzerSettingsView::appear(const ScrollProxy& list) const {
   if (!keyMonitor_.get()) {
-    keyMonitor_.set(
-        Event::addLocalMonitorForEventsMatchingMask(Event::kKeyDownMask, [self = *this](const Event& event) {
-          self.handleKey(event);
-          return std::optional(event);
-        }));
+    keyMonitor_.set(Event::addLocalMonitorForEventsMatchingMask(Event::kKeyDownMask,
+                                                                [self = *this](const Event& event) {
+                                                                  self.handleKey(event);
+                                                                  return std::optional(event);
+                                                                }));
   }
   if (pluginStructs().empty()) return;
   const auto last = static_cast<std::int64_t>(pluginStructs().size()) - 1;
@@ -124,7 +128,8 @@ void QEVAnalyzerSettingsView::select(std::int64_t index, const ScrollProxy& list
   if (index < 0 || std::cmp_greater_equal(index, pluginStructs().size())) return;
   if (selectedItem_.get()) selectedItem_.get()->isActive = false;
   withAnimation([&] {
-    selectedItem_.set(detailsModelProvider_->detailsViewModel(pluginStructs()[static_cast<std::size_t>(index)]));
+    selectedItem_.set(
+        detailsModelProvider_->detailsViewModel(pluginStructs()[static_cast<std::size_t>(index)]));
   });
   if (selectedItem_.get()) selectedItem_.get()->isActive = true;
   list.scrollTo(index);
@@ -135,7 +140,8 @@ void QEVAnalyzerSettingsView::handleKey(const Event& event) const {
   const std::int64_t selection = selection_;
   switch (event.keyCode) {
     case Event::kDownArrow: {
-      const auto count = static_cast<std::int64_t>(QEVPlugInsController::sharedManager().plugInStructs().size());
+      const auto count =
+          static_cast<std::int64_t>(QEVPlugInsController::sharedManager().plugInStructs().size());
       selection_.set(selection < count - 1 ? selection + 1 : 0);
       return;
     }

@@ -28,10 +28,11 @@ void endTextEditingLater() {
 }  // namespace
 
 View QEVCaptureSettingsView::body() const {
-  return GroupBox{View(CaptureCockpitView{.viewModel = captureModel.get()})
-                      .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::leading()})
-                      .padding(points(Spacing::s6))
-                      .onTap(endTextEditingLater)};
+  return GroupBox{
+      View(CaptureCockpitView{.viewModel = captureModel.get()})
+          .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::leading()})
+          .padding(points(Spacing::s6))
+          .onTap(endTextEditingLater)};
 }
 
 }  // namespace QEVSettings

@@ -6,8 +6,8 @@
 
 namespace QEVSettings {
 
-// A font's name and size as the samples show it: "Noto Sans 12.5". The size is the shortest decimal that
-// reads back to the same value, and always has a fraction.
+// A font's name and size as the samples show it: "Noto Sans 12.5". The size is the shortest decimal
+// that reads back to the same value, and always has a fraction.
 std::string fontDescription(const appkit::Font& font);
 
 }  // namespace QEVSettings

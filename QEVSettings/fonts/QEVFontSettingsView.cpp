@@ -99,7 +99,8 @@ public:
   StoredFont(PreferencesStore& store, const FontSetting& setting)
       : preferences_(store),
         setting_(setting),
-        subscription_(store.observe(setting.key, [this](std::string_view) { objectWillChange().announce(); })) {}
+        subscription_(store.observe(setting.key,
+                                    [this](std::string_view) { objectWillChange().announce(); })) {}
 
   appkit::Font get() const { return (preferences_.*setting_.get)(); }
   void set(const appkit::Font& font) const { (preferences_.*setting_.set)(font); }
@@ -130,10 +131,9 @@ View monospaceWarning() {
 
 struct FontRow {
   FontRow(const FontSetting& setting, const FontSample& sample, double labelWidth)
-      : setting(setting),
-        labelWidth(labelWidth),
-        sample(sample),
-        stored([&setting] { return std::make_shared<StoredFont>(Environment::current().defaultStore, setting); }) {}
+      : setting(setting), labelWidth(labelWidth), sample(sample), stored([&setting] {
+          return std::make_shared<StoredFont>(Environment::current().defaultStore, setting);
+        }) {}
 
   const FontSetting& setting;
   double labelWidth;
@@ -150,15 +150,16 @@ struct FontRow {
 
   View content() const {
     const std::string label = localized(setting.labelKey);
-    return HStack({.spacing = points(Spacing::s5)},
-                  {
-                      Text(label)
-                          .font(Font::body())
-                          .fixedSize()
-                          .frame(FixedFrame{.width = labelWidth, .alignment = Alignment::leading()}),
-                      preview(),
-                      FontPicker{.title = "", .selection = selection()}.body().help(label),
-                  });
+    return HStack(
+        {.spacing = points(Spacing::s5)},
+        {
+            Text(label)
+                .font(Font::body())
+                .fixedSize()
+                .frame(FixedFrame{.width = labelWidth, .alignment = Alignment::leading()}),
+            preview(),
+            FontPicker{.title = "", .selection = selection()}.body().help(label),
+        });
   }
 
   View preview() const {
@@ -202,7 +203,8 @@ FontSample::FontSample(const appkit::Font& font) : description(fontDescription(f
 
 QEVFontSettingsView::QEVFontSettingsView() {
   const FontPreferences preferences(Environment::current().defaultStore);
-  for (const FontSetting& setting : kFontSettings) samples_.emplace_back((preferences.*setting.get)());
+  for (const FontSetting& setting : kFontSettings)
+    samples_.emplace_back((preferences.*setting.get)());
 }
 
 View QEVFontSettingsView::body() const {
@@ -214,10 +216,13 @@ View QEVFontSettingsView::body() const {
   return GroupBox{
       VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
              {
-                 SettingsSectionHeader{.titleKey = "Interface Fonts", .systemImage = "character.magnify"},
+                 SettingsSectionHeader{.titleKey = "Interface Fonts",
+                                       .systemImage = "character.magnify"},
                  forEach(
                      order, [](std::size_t i) { return std::string(kFontSettings.at(i).key); },
-                     [&](std::size_t i) { return FontRow(kFontSettings.at(i), samples_.at(i), labelWidth); }),
+                     [&](std::size_t i) {
+                       return FontRow(kFontSettings.at(i), samples_.at(i), labelWidth);
+                     }),
              })
           .padding(points(Spacing::s6))
           .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::topLeading()})};

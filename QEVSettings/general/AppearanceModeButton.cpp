@@ -29,15 +29,20 @@ View AppearanceModeButton::body() const {
 View AppearanceModeButton::content() const {
   return VStack({.spacing = points(Spacing::s4)},
                 {
-                    roundedBorder(cornerRadius(thumbnail().frame(FixedFrame{.width = 93, .height = 56}), kCornerHigh,
-                                               RectCorner::allCorners),
-                                  RoundedBorderStyle::line, kCornerHigh, isSelected ? Color::accent() : klear(), 2),
-                    Text(label).font(Font::caption()).foreground(isSelected ? Color::accent() : Color::secondary()),
+                    roundedBorder(
+                        cornerRadius(thumbnail().frame(FixedFrame{.width = 93, .height = 56}),
+                                     kCornerHigh, RectCorner::allCorners),
+                        RoundedBorderStyle::line, kCornerHigh,
+                        isSelected ? Color::accent() : klear(), 2),
+                    Text(label)
+                        .font(Font::caption())
+                        .foreground(isSelected ? Color::accent() : Color::secondary()),
                 })
       .padding(Edges::horizontal, points(Spacing::s6))
       .padding(Edges::top, points(Spacing::s5))
       .padding(Edges::bottom, points(Spacing::s4))
-      .background(RoundedRectangle(kCornerHigh).fill(hovering ? Color::primary().withOpacity(0.06) : klear()))
+      .background(RoundedRectangle(kCornerHigh)
+                      .fill(hovering ? Color::primary().withOpacity(0.06) : klear()))
       .onHover([self = *this](bool inside) { self.hovering.set(inside); });
 }
 
@@ -49,13 +54,14 @@ View AppearanceModeButton::thumbnail() const {
     case AppearanceMode::dark: return dark;
     case AppearanceMode::automatic: break;
   }
-  return ZStack(Alignment::centered(), {
-                                           light,
-                                           dark.frame(FixedFrame{.width = 93, .height = 56})
-                                               .frame(FixedFrame{.width = 46.5, .alignment = Alignment::trailing()})
-                                               .clipped()
-                                               .frame(FixedFrame{.width = 93, .alignment = Alignment::trailing()}),
-                                       });
+  return ZStack(Alignment::centered(),
+                {
+                    light,
+                    dark.frame(FixedFrame{.width = 93, .height = 56})
+                        .frame(FixedFrame{.width = 46.5, .alignment = Alignment::trailing()})
+                        .clipped()
+                        .frame(FixedFrame{.width = 93, .alignment = Alignment::trailing()}),
+                });
 }
 
 }  // namespace QEVSettings

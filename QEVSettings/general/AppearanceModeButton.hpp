@@ -14,7 +14,8 @@ namespace QEVSettings {
 enum class AppearanceMode : std::uint8_t { light, dark, automatic };
 
 // In the order in which they are shown.
-inline constexpr std::array kAppearanceModes{AppearanceMode::light, AppearanceMode::dark, AppearanceMode::automatic};
+inline constexpr std::array kAppearanceModes{AppearanceMode::light, AppearanceMode::dark,
+                                             AppearanceMode::automatic};
 
 // The picture button of one appearance mode. It tints itself while the pointer is over it; a hover
 // rebuilds this button alone.

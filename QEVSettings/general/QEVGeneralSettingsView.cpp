@@ -33,12 +33,14 @@ constexpr std::string_view kDarkAqua = "NSAppearanceNameDarkAqua";
 using Setting = foundation::Published<bool> UpdaterViewModel::*;
 
 Binding<bool> binding(const std::shared_ptr<UpdaterViewModel>& model, Setting setting) {
-  return {[=] { return (*model.*setting).get(); }, [=](bool value) { (*model.*setting).set(value); }};
+  return {[=] { return (*model.*setting).get(); },
+          [=](bool value) { (*model.*setting).set(value); }};
 }
 
 // Hands a changed value of the model to the updater, unless that is where it comes from.
 std::function<void(bool)> writeBack(const std::shared_ptr<UpdaterViewModel>& model, Setting setting,
-                                    bool (SPUUpdater::*getter)() const, void (SPUUpdater::*setter)(bool)) {
+                                    bool (SPUUpdater::*getter)() const,
+                                    void (SPUUpdater::*setter)(bool)) {
   return [=](bool) {
     SPUUpdater& updater = model->updaterController().updater();
     const bool value = *model.*setting;
@@ -48,8 +50,9 @@ std::function<void(bool)> writeBack(const std::shared_ptr<UpdaterViewModel>& mod
 
 }  // namespace
 
-QEVGeneralSettingsView::QEVGeneralSettingsView(std::shared_ptr<QEVDependencies::QEVAppDelegateProvider> appDelegate,
-                                               std::shared_ptr<UpdaterViewModel> updater)
+QEVGeneralSettingsView::QEVGeneralSettingsView(
+    std::shared_ptr<QEVDependencies::QEVAppDelegateProvider> appDelegate,
+    std::shared_ptr<UpdaterViewModel> updater)
     : appDelegate_(std::move(appDelegate)),
       selectedTimeZone_(QEVKonstantsKeys::kPrefTimezoneString, foundation::currentTimeZoneName()),
       updaterViewModel_([updater = std::move(updater)] { return updater; }) {}
@@ -65,15 +68,18 @@ View QEVGeneralSettingsView::body() const {
                  updatesSection(),
              })
           .padding(points(Spacing::s6))
-          .frame(FlexibleFrame{.maxWidth = kUnlimited, .maxHeight = kUnlimited, .alignment = Alignment::topLeading()})};
+          .frame(FlexibleFrame{.maxWidth = kUnlimited,
+                               .maxHeight = kUnlimited,
+                               .alignment = Alignment::topLeading()})};
 }
 
 View QEVGeneralSettingsView::appearanceSection() const {
-  return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
-                {
-                    SettingsSectionHeader{.titleKey = "Appearance", .systemImage = "circle.righthalf.filled"},
-                    appearanceSwitch(),
-                });
+  return VStack(
+      {.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
+      {
+          SettingsSectionHeader{.titleKey = "Appearance", .systemImage = "circle.righthalf.filled"},
+          appearanceSwitch(),
+      });
 }
 
 View QEVGeneralSettingsView::appearanceSwitch() const {
@@ -91,10 +97,10 @@ View QEVGeneralSettingsView::appearanceSwitch() const {
 }
 
 View QEVGeneralSettingsView::modeButton(AppearanceMode mode, const std::string& label) const {
-  return AppearanceModeButton{
-      .mode = mode, .label = label, .isSelected = mode == currentMode(), .select = [self = *this, mode] {
-        self.selectMode(mode);
-      }};
+  return AppearanceModeButton{.mode = mode,
+                              .label = label,
+                              .isSelected = mode == currentMode(),
+                              .select = [self = *this, mode] { self.selectMode(mode); }};
 }
 
 AppearanceMode QEVGeneralSettingsView::currentMode() const {
@@ -130,19 +136,21 @@ View QEVGeneralSettingsView::timeZoneSection() const {
 }
 
 View QEVGeneralSettingsView::timeZoneRow() const {
-  return HStack({.spacing = points(Spacing::s5)}, {
-                                                      Text(localized("Packet time zone")).font(Font::callout()),
-                                                      Spacer(points(Spacing::s5)),
-                                                      timeZoneMenu(),
-                                                  });
+  return HStack({.spacing = points(Spacing::s5)},
+                {
+                    Text(localized("Packet time zone")).font(Font::callout()),
+                    Spacer(points(Spacing::s5)),
+                    timeZoneMenu(),
+                });
 }
 
 View QEVGeneralSettingsView::timeZoneMenu() const {
   const auto items = [self = *this] {
     std::vector<MenuItem> items;
     for (const std::string& name : localizedTimeZoneNames()) {
-      items.push_back(
-          {.title = name, .action = [self, name] { self.selectedTimeZone_.set(name); }, .font = Font::system(13)});
+      items.push_back({.title = name,
+                       .action = [self, name] { self.selectedTimeZone_.set(name); },
+                       .font = Font::system(13)});
     }
     return items;
   };
@@ -175,7 +183,8 @@ View QEVGeneralSettingsView::updatesSection() const {
           UpdateRow{.symbol = "chart.bar.doc.horizontal",
                     .textKey = "Include anonymous system profile",
                     .isOn = binding(model, &UpdaterViewModel::sendSystemProfile),
-                    .onChange = writeBack(model, &UpdaterViewModel::sendSystemProfile, &SPUUpdater::sendsSystemProfile,
+                    .onChange = writeBack(model, &UpdaterViewModel::sendSystemProfile,
+                                          &SPUUpdater::sendsSystemProfile,
                                           &SPUUpdater::setSendsSystemProfile)},
       });
 }

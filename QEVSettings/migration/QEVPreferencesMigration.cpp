@@ -16,8 +16,8 @@ void QEVPreferencesMigration::migrateIfNeeded(PreferencesStore& defaults) {
   defaults.setInteger(currentSchemaVersion, schemaVersionKey);
 }
 
-// Both steps let go of an entry of their snapshot once it is dealt with, so that memory never holds two of every
-// list.
+// Both steps let go of an entry of their snapshot once it is dealt with, so that memory never holds
+// two of every list.
 void QEVPreferencesMigration::migrateColorFormatDataToBase64(PreferencesStore& defaults) {
   int rewritten = 0;
   auto snapshot = defaults.dictionaryRepresentation();
@@ -29,9 +29,9 @@ void QEVPreferencesMigration::migrateColorFormatDataToBase64(PreferencesStore& d
     ++rewritten;
   }
   if (rewritten == 0) return;
-  QEVLog::logMessage(
-      "prefs migration v1: rewrote " + std::to_string(rewritten) + " color key(s) from Data to base64 String",
-      "migrateColorFormatDataToBase64(defaults:)");
+  QEVLog::logMessage("prefs migration v1: rewrote " + std::to_string(rewritten) +
+                         " color key(s) from Data to base64 String",
+                     "migrateColorFormatDataToBase64(defaults:)");
 }
 
 void QEVPreferencesMigration::migrateProtocolsPortsFromArrayToString(PreferencesStore& defaults) {
@@ -45,8 +45,8 @@ void QEVPreferencesMigration::migrateProtocolsPortsFromArrayToString(Preferences
     ++rewritten;
   }
   if (rewritten == 0) return;
-  QEVLog::logMessage("prefs migration v2: rewrote protocolPorts from array to String in " + std::to_string(rewritten) +
-                         " protocol list(s)",
+  QEVLog::logMessage("prefs migration v2: rewrote protocolPorts from array to String in " +
+                         std::to_string(rewritten) + " protocol list(s)",
                      "migrateProtocolsPortsFromArrayToString(defaults:)");
 }
 

@@ -24,7 +24,8 @@ bool isAnalyzerKey(std::string_view key, std::string_view suffix) {
 
 bool isArrayOfObjects(const JSON& json) {
   const auto elements = json.elements();
-  return json.isArray() && std::all_of(elements.begin(), elements.end(), [](const JSON& e) { return e.isObject(); });
+  return json.isArray() &&
+         std::all_of(elements.begin(), elements.end(), [](const JSON& e) { return e.isObject(); });
 }
 
 // The elements of an array joined by commas; nothing when `textOf` makes nothing of one of them.
@@ -41,11 +42,12 @@ std::optional<std::string> joined(const JSON& array, TextOf textOf) {
   return result;
 }
 
-// The string in place of ports that are an array of integers or an array of strings; nothing for any
-// other ports.
+// The string in place of ports that are an array of integers or an array of strings; nothing for
+// any other ports.
 std::optional<std::string> portsAsString(const JSON& ports) {
   if (!ports.isArray()) return std::nullopt;
-  if (auto text = joined(ports, [](const JSON& element) { return element.integerText(); })) return text;
+  if (auto text = joined(ports, [](const JSON& element) { return element.integerText(); }))
+    return text;
   return joined(ports, [](const JSON& element) { return element.asString(); });
 }
 
@@ -74,8 +76,10 @@ std::optional<PreferenceValue::Bytes> listWithPortsAsStrings(const PreferenceVal
   return PreferenceValue::Bytes(writer.text().begin(), writer.text().end());
 }
 
-// The value in the current form when a list of that schema may hold it in an older one; nothing when it stays.
-std::optional<PreferenceValue> inCurrentForm(std::string_view key, const PreferenceValue& value, std::int64_t schema) {
+// The value in the current form when a list of that schema may hold it in an older one; nothing
+// when it stays.
+std::optional<PreferenceValue> inCurrentForm(std::string_view key, const PreferenceValue& value,
+                                             std::int64_t schema) {
   auto color = schema < 1 ? colorAsText(key, value) : std::nullopt;
   return color ? color : protocolListWithPortsAsText(key, value);
 }
@@ -88,7 +92,8 @@ std::optional<PreferenceValue> colorAsText(std::string_view key, const Preferenc
   return PreferenceValue(foundation::base64Encoded(*bytes));
 }
 
-std::optional<PreferenceValue> protocolListWithPortsAsText(std::string_view key, const PreferenceValue& value) {
+std::optional<PreferenceValue> protocolListWithPortsAsText(std::string_view key,
+                                                           const PreferenceValue& value) {
   const auto* bytes = isAnalyzerKey(key, kProtocolsKeySuffix) ? value.asData() : nullptr;
   auto list = bytes != nullptr ? listWithPortsAsStrings(*bytes) : std::nullopt;
   if (!list) return std::nullopt;

@@ -30,7 +30,8 @@ std::int64_t integerFromText(std::string_view text) {
   std::int64_t result = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), result);
   if (error == std::errc::result_out_of_range) {
-    return text.front() == '-' ? std::numeric_limits<std::int64_t>::min() : std::numeric_limits<std::int64_t>::max();
+    return text.front() == '-' ? std::numeric_limits<std::int64_t>::min()
+                               : std::numeric_limits<std::int64_t>::max();
   }
   return result;
 }
@@ -41,7 +42,8 @@ bool booleanFromText(std::string_view text) {
   while (!text.empty() && text.front() == '0') text.remove_prefix(1);
   if (text.empty()) return false;
   const char first = text.front();
-  return first == 'Y' || first == 'y' || first == 'T' || first == 't' || (first >= '1' && first <= '9');
+  return first == 'Y' || first == 'y' || first == 'T' || first == 't' ||
+         (first >= '1' && first <= '9');
 }
 
 std::int64_t truncated(double value) {
@@ -61,12 +63,16 @@ std::string decimal(Number number) {
 
 }  // namespace
 
-PreferenceValue::PreferenceValue(std::string value) : value_(std::make_shared<const std::string>(std::move(value))) {}
+PreferenceValue::PreferenceValue(std::string value)
+    : value_(std::make_shared<const std::string>(std::move(value))) {}
 PreferenceValue::PreferenceValue(std::string_view value) : PreferenceValue(std::string(value)) {}
 PreferenceValue::PreferenceValue(const char* value) : PreferenceValue(std::string(value)) {}
-PreferenceValue::PreferenceValue(Bytes value) : value_(std::make_shared<const Bytes>(std::move(value))) {}
-PreferenceValue::PreferenceValue(Array value) : value_(std::make_shared<const Array>(std::move(value))) {}
-PreferenceValue::PreferenceValue(Dictionary value) : value_(std::make_shared<const Dictionary>(std::move(value))) {}
+PreferenceValue::PreferenceValue(Bytes value)
+    : value_(std::make_shared<const Bytes>(std::move(value))) {}
+PreferenceValue::PreferenceValue(Array value)
+    : value_(std::make_shared<const Array>(std::move(value))) {}
+PreferenceValue::PreferenceValue(Dictionary value)
+    : value_(std::make_shared<const Dictionary>(std::move(value))) {}
 
 std::optional<std::int64_t> PreferenceValue::asInteger() const {
   const auto* value = std::get_if<std::int64_t>(&value_);
@@ -88,9 +94,15 @@ std::optional<PreferenceValue::Date> PreferenceValue::asDate() const {
   return value ? std::optional(*value) : std::nullopt;
 }
 
-const std::string* PreferenceValue::asString() const { return pointee(std::get_if<Shared<std::string>>(&value_)); }
-const PreferenceValue::Bytes* PreferenceValue::asData() const { return pointee(std::get_if<Shared<Bytes>>(&value_)); }
-const PreferenceValue::Array* PreferenceValue::asArray() const { return pointee(std::get_if<Shared<Array>>(&value_)); }
+const std::string* PreferenceValue::asString() const {
+  return pointee(std::get_if<Shared<std::string>>(&value_));
+}
+const PreferenceValue::Bytes* PreferenceValue::asData() const {
+  return pointee(std::get_if<Shared<Bytes>>(&value_));
+}
+const PreferenceValue::Array* PreferenceValue::asArray() const {
+  return pointee(std::get_if<Shared<Array>>(&value_));
+}
 const PreferenceValue::Dictionary* PreferenceValue::asDictionary() const {
   return pointee(std::get_if<Shared<Dictionary>>(&value_));
 }

@@ -13,13 +13,13 @@ using QEVCommonTools::Spacing;
 using QEVCoreComponents::ProxySetupForm;
 
 View ProxySettingsView::body() const {
-  return VStack(
-             {.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
-             {
-                 SettingsSectionHeader{.titleKey = "QEV MITM Proxy", .systemImage = "network.badge.shield.half.filled"},
-                 ProxySetupForm{.service = service_.get()},
-                 Spacer(points(Spacing::s0)),
-             })
+  return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
+                {
+                    SettingsSectionHeader{.titleKey = "QEV MITM Proxy",
+                                          .systemImage = "network.badge.shield.half.filled"},
+                    ProxySetupForm{.service = service_.get()},
+                    Spacer(points(Spacing::s0)),
+                })
       .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::topLeading()});
 }
 

@@ -7,8 +7,8 @@
 
 namespace QEVSettings {
 
-// The module's resources: the bundle directory QEVSettings_QEVSettings.bundle, found at first use and
-// kept. The process stops when there is none.
+// The module's resources: the bundle directory QEVSettings_QEVSettings.bundle, found at first use
+// and kept. The process stops when there is none.
 const foundation::Bundle& moduleBundle();
 
 // A text of the module in the person's language. The key is the English text, and is what is shown

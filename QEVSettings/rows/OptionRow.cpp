@@ -5,8 +5,8 @@
 namespace QEVSettings {
 
 viewkit::View OptionRow::body() const {
-  return iconRow({.symbol = symbol, .alignment = alignment, .iconSize = 15, .iconColumn = 20}, content,
-                 hovering.binding());
+  return iconRow({.symbol = symbol, .alignment = alignment, .iconSize = 15, .iconColumn = 20},
+                 content, hovering.binding());
 }
 
 }  // namespace QEVSettings

@@ -13,18 +13,19 @@ using QEVCommonTools::points;
 using QEVCommonTools::Spacing;
 
 View SettingsSectionHeader::body() const {
-  return HStack({.spacing = points(Spacing::s5)}, {
-                                                      Image::symbol(systemImage)
-                                                          .resizable()
-                                                          .scaledToFit()
-                                                          .frame(FixedFrame{.width = 20, .height = 20})
-                                                          .foreground(Color::accent()),
-                                                      Text(localized(titleKey))
-                                                          .font(Font::caption().semibold())
-                                                          .uppercased()
-                                                          .foreground(Color::accent())
-                                                          .accessibilityRole(Role::heading),
-                                                  });
+  return HStack({.spacing = points(Spacing::s5)},
+                {
+                    Image::symbol(systemImage)
+                        .resizable()
+                        .scaledToFit()
+                        .frame(FixedFrame{.width = 20, .height = 20})
+                        .foreground(Color::accent()),
+                    Text(localized(titleKey))
+                        .font(Font::caption().semibold())
+                        .uppercased()
+                        .foreground(Color::accent())
+                        .accessibilityRole(Role::heading),
+                });
 }
 
 }  // namespace QEVSettings

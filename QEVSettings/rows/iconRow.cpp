@@ -28,7 +28,8 @@ View iconRow(const IconRowLayout& layout, const View& content, const Binding<boo
                 })
       .padding(Edges::vertical, points(Spacing::s4))
       .padding(Edges::horizontal, points(Spacing::s5))
-      .background(RoundedRectangle(kCornerLow).fill(hovering.get() ? Color::primary().withOpacity(0.06) : klear()))
+      .background(RoundedRectangle(kCornerLow)
+                      .fill(hovering.get() ? Color::primary().withOpacity(0.06) : klear()))
       .padding(Edges::leading, layout.leadingInset)
       .onHover([hovering](bool inside) { hovering.set(inside); });
 }

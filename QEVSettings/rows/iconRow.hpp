@@ -7,8 +7,8 @@
 
 namespace QEVSettings {
 
-// What the rows with an icon share: an icon in the accent colour, the content after it, and a tint behind both while
-// the pointer is over the row. Lengths are in points.
+// What the rows with an icon share: an icon in the accent colour, the content after it, and a tint
+// behind both while the pointer is over the row. Lengths are in points.
 struct IconRowLayout {
   viewkit::SymbolName symbol;
   viewkit::VerticalAlignment alignment = viewkit::VerticalAlignment::center;

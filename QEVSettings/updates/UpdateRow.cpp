@@ -23,12 +23,13 @@ View UpdateRow::body() const {
     return HStack(
         {.spacing = points(Spacing::s5)},
         {
-            HStack(
-                {.spacing = points(Spacing::s5)},
-                {
-                    Text(text).font(Font::callout()).foreground(self.isEnabled ? Color::primary() : Color::secondary()),
-                    Spacer(points(Spacing::s5)),
-                })
+            HStack({.spacing = points(Spacing::s5)},
+                   {
+                       Text(text)
+                           .font(Font::callout())
+                           .foreground(self.isEnabled ? Color::primary() : Color::secondary()),
+                       Spacer(points(Spacing::s5)),
+                   })
                 .onTap(click),
             Toggle(self.isOn, ToggleControl::Size::small)
                 .help(text)

@@ -33,7 +33,8 @@ View page(const View& content, double height, QEVHelpAnchor anchor) {
                     HStack({.spacing = 0},
                            {
                                Spacer(0),
-                               View(QEVHelpButton{.anchor = anchor}).frame(FixedFrame{.width = 20, .height = 20}),
+                               View(QEVHelpButton{.anchor = anchor})
+                                   .frame(FixedFrame{.width = 20, .height = 20}),
                            })
                         .padding(Edges::top, points(Spacing::s6)),
                 })
@@ -42,23 +43,26 @@ View page(const View& content, double height, QEVHelpAnchor anchor) {
 
 }  // namespace
 
-QEVSettingsView::QEVSettingsView(std::shared_ptr<UpdaterViewModel> updater,
-                                 std::shared_ptr<QEVDependencies::QEVAppDelegateProvider> appDelegate,
-                                 std::shared_ptr<QEVCoreComponents::QEVCaptureViewModel> captureViewModel,
-                                 Tabs selectedTab, std::optional<View> proxyTab)
+QEVSettingsView::QEVSettingsView(
+    std::shared_ptr<UpdaterViewModel> updater,
+    std::shared_ptr<QEVDependencies::QEVAppDelegateProvider> appDelegate,
+    std::shared_ptr<QEVCoreComponents::QEVCaptureViewModel> captureViewModel, Tabs selectedTab,
+    std::optional<View> proxyTab)
     : updater_(std::move(updater)),
       appDelegate_(std::move(appDelegate)),
       captureViewModel_(std::move(captureViewModel)),
       proxyTab_(std::move(proxyTab)),
       selectedTab_(selectedTab),
-      storageNotices_([] { return std::make_shared<StorageNotices>(Environment::current().defaultStore); }) {}
+      storageNotices_(
+          [] { return std::make_shared<StorageNotices>(Environment::current().defaultStore); }) {}
 
 View QEVSettingsView::body() const {
   std::vector<Tab<Tabs>> tabs;
   tabs.push_back({.tag = Tabs::general,
                   .title = localized("General"),
                   .symbol = "tortoise",
-                  .page = page(QEVGeneralSettingsView(appDelegate_, updater_), 418, QEVHelpAnchor::settingsGeneral)});
+                  .page = page(QEVGeneralSettingsView(appDelegate_, updater_), 418,
+                               QEVHelpAnchor::settingsGeneral)});
   tabs.push_back({.tag = Tabs::capture,
                   .title = localized("Capture"),
                   .symbol = "recordingtape",

@@ -39,7 +39,8 @@ View bar(SymbolName symbol, Color color, const std::string& text, const View& bu
                         .fixedSize(false, true)
                         .accessibilityRole(Role::alert)
                         .id(text)
-                        .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::leading()}),
+                        .frame(FlexibleFrame{.maxWidth = kUnlimited,
+                                             .alignment = Alignment::leading()}),
                     button,
                 })
       .padding(points(Spacing::s6))
@@ -58,8 +59,10 @@ View StorageNotice::body() const {
   return VStack(
       {.spacing = points(Spacing::s5)},
       {
-          problem ? bar("exclamationmark.triangle.fill", Color::systemRed(), *problem, View()) : View(),
-          recovery ? bar("info.circle.fill", Color::accent(), *recovery, Button(localized("Dismiss"), dismiss))
+          problem ? bar("exclamationmark.triangle.fill", Color::systemRed(), *problem, View())
+                  : View(),
+          recovery ? bar("info.circle.fill", Color::accent(), *recovery,
+                         Button(localized("Dismiss"), dismiss))
                    : View(),
       });
 }

@@ -25,7 +25,8 @@ struct SeenRecoveries {
     const auto members = [](const StoreOpening& each) {
       return std::tie(each.outcome, each.message, each.copyTime, each.lostKeys);
     };
-    return std::ranges::any_of(recoveries, [&](const auto& each) { return members(each) == members(opening); });
+    return std::ranges::any_of(recoveries,
+                               [&](const auto& each) { return members(each) == members(opening); });
   }
 };
 
@@ -34,9 +35,10 @@ SeenRecoveries& seenRecoveries() {
   return seen;
 }
 
-// Calls `update` on a later turn of the main queue when the store has announced a change of its storage:
-// the store may do that within a read, and so while the body of a view runs.
-foundation::Subscription observeStorageLater(PreferencesStore& store, std::function<void()> update) {
+// Calls `update` on a later turn of the main queue when the store has announced a change of its
+// storage: the store may do that within a read, and so while the body of a view runs.
+foundation::Subscription observeStorageLater(PreferencesStore& store,
+                                             std::function<void()> update) {
   struct Observation {
     std::function<void()> update;
     Subscription subscription;
@@ -51,46 +53,56 @@ foundation::Subscription observeStorageLater(PreferencesStore& store, std::funct
 }
 
 bool isRecovery(const StoreOpening& opening) {
-  return opening.outcome == StoreOpening::Outcome::restored || opening.outcome == StoreOpening::Outcome::begunEmpty;
+  return opening.outcome == StoreOpening::Outcome::restored ||
+         opening.outcome == StoreOpening::Outcome::begunEmpty;
 }
 
 std::string textOf(StorageProblem problem) {
   switch (problem) {
     case StorageProblem::diskFull:
       return localized(
-          "Changes cannot be saved: the disk is full. They are kept and will be saved when there is room.");
+          "Changes cannot be saved: the disk is full. They are kept and will be saved when there "
+          "is room.");
     case StorageProblem::notWritable:
       return localized(
-          "Changes cannot be saved: the settings file is write-protected. They are kept and will be saved when "
+          "Changes cannot be saved: the settings file is write-protected. They are kept and will "
+          "be saved when "
           "it can be written.");
     case StorageProblem::busy:
       return localized(
-          "Changes cannot be saved: another program is using the settings file. They are kept and will be saved "
+          "Changes cannot be saved: another program is using the settings file. They are kept and "
+          "will be saved "
           "when it is free.");
     case StorageProblem::unusable:
       return localized(
-          "Changes cannot be saved: the settings file belongs to another program, another user or a newer "
+          "Changes cannot be saved: the settings file belongs to another program, another user or "
+          "a newer "
           "version. They are kept until the program ends.");
     case StorageProblem::noFile:
       return localized(
-          "Changes cannot be saved: there is no folder for the settings file. They are kept until the program "
+          "Changes cannot be saved: there is no folder for the settings file. They are kept until "
+          "the program "
           "ends.");
     case StorageProblem::failing: break;
   }
   return localized(
-      "Changes cannot be saved: the disk reports an error. They are kept and will be saved when it works again.");
+      "Changes cannot be saved: the disk reports an error. They are kept and will be saved when it "
+      "works again.");
 }
 
 std::string recoveryText(const StoreOpening& opening) {
   if (opening.outcome == StoreOpening::Outcome::begunEmpty) {
-    return localized("The settings file and its copy were damaged. All settings have their default values again.");
+    return localized(
+        "The settings file and its copy were damaged. All settings have their default values "
+        "again.");
   }
   if (opening.lostKeys == 0) {
-    return localized("The settings file was damaged and has been restored. The latest changes may be missing.");
+    return localized(
+        "The settings file was damaged and has been restored. The latest changes may be missing.");
   }
-  return QEVCommonTools::formatted(
-      localized("The settings file was damaged and has been restored. Settings that are lost or out of date: %@"),
-      {std::to_string(opening.lostKeys)});
+  return QEVCommonTools::formatted(localized("The settings file was damaged and has been restored. "
+                                             "Settings that are lost or out of date: %@"),
+                                   {std::to_string(opening.lostKeys)});
 }
 
 }  // namespace
@@ -104,7 +116,8 @@ StorageNotices::StorageNotices(PreferencesStore& store)
                                                  opening_ = store.opening();
                                                  problem_ = store.storageProblem();
                                                })),
-      seenSubscription_(seenRecoveries().changed.subscribe([this] { objectWillChange().announce(); })) {}
+      seenSubscription_(
+          seenRecoveries().changed.subscribe([this] { objectWillChange().announce(); })) {}
 
 StorageNotices::~StorageNotices() {
   if (recovery()) seenRecoveries().recoveries.push_back(opening_);
@@ -113,7 +126,9 @@ StorageNotices::~StorageNotices() {
 std::optional<std::string> StorageNotices::problem() const {
   if (problem_) return textOf(*problem_);
   if (opening_.outcome != StoreOpening::Outcome::inMemory) return std::nullopt;
-  return localized("Changes cannot be saved: the settings file cannot be used. They are kept until the program ends.");
+  return localized(
+      "Changes cannot be saved: the settings file cannot be used. They are kept until the program "
+      "ends.");
 }
 
 std::optional<std::string> StorageNotices::recovery() const {

@@ -1,6 +1,8 @@
 #include "Contender.hpp"
 
-std::string keyName(std::size_t key) { return "com-velloquin-qev-analyzer-" + std::to_string(key) + "-option"; }
+std::string keyName(std::size_t key) {
+  return "com-velloquin-qev-analyzer-" + std::to_string(key) + "-option";
+}
 
 std::string stringValue(std::size_t key) { return "value number " + std::to_string(key); }
 

@@ -17,7 +17,8 @@ public:
   virtual ~Contender() = default;
 
   virtual bool readBoolean(std::size_t key) = 0;
-  // The length and the last character together: enough to need the contents, not enough to demand a copy.
+  // The length and the last character together: enough to need the contents, not enough to demand a
+  // copy.
   virtual std::size_t readString(std::size_t key) = 0;
   virtual std::size_t readBytes(std::size_t key) = 0;
 

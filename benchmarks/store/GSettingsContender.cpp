@@ -38,9 +38,11 @@ void compileSchema(const std::filesystem::path& folder, std::size_t keyCount) {
 class GSettingsContender final : public Contender {
 public:
   GSettingsContender(const std::filesystem::path& folder, std::size_t keyCount) {
-    GSettingsSchemaSource* source = g_settings_schema_source_new_from_directory(folder.c_str(), nullptr, TRUE, nullptr);
+    GSettingsSchemaSource* source =
+        g_settings_schema_source_new_from_directory(folder.c_str(), nullptr, TRUE, nullptr);
     GSettingsSchema* schema = g_settings_schema_source_lookup(source, kSchema, FALSE);
-    GSettingsBackend* backend = g_keyfile_settings_backend_new((folder / "keyfile").c_str(), "/", "root");
+    GSettingsBackend* backend =
+        g_keyfile_settings_backend_new((folder / "keyfile").c_str(), "/", "root");
     settings_.reset(g_settings_new_full(schema, backend, nullptr));
     g_object_unref(backend);
     g_settings_schema_unref(schema);
@@ -48,7 +50,9 @@ public:
     for (std::size_t i = 0; i < keyCount; ++i) names_.push_back(keyName(i));
   }
 
-  bool readBoolean(std::size_t key) override { return g_settings_get_boolean(settings_.get(), names_[key].c_str()); }
+  bool readBoolean(std::size_t key) override {
+    return g_settings_get_boolean(settings_.get(), names_[key].c_str());
+  }
   std::size_t readString(std::size_t key) override {
     gchar* text = g_settings_get_string(settings_.get(), names_[key].c_str());
     const std::size_t read = lengthAndLast(std::string_view(text));
@@ -89,10 +93,13 @@ void fill(const std::filesystem::path& folder, std::size_t keyCount) {
   for (std::size_t i = 0; i < keyCount; ++i) {
     switch (kindOf(i)) {
       case KeyKind::boolean: store.writeValue(i, g_variant_new_boolean(TRUE)); break;
-      case KeyKind::string: store.writeValue(i, g_variant_new_string(stringValue(i).c_str())); break;
+      case KeyKind::string:
+        store.writeValue(i, g_variant_new_string(stringValue(i).c_str()));
+        break;
       case KeyKind::bytes: {
         const auto bytes = bytesValue(i);
-        store.writeValue(i, g_variant_new_fixed_array(G_VARIANT_TYPE_BYTE, bytes.data(), bytes.size(), 1));
+        store.writeValue(
+            i, g_variant_new_fixed_array(G_VARIANT_TYPE_BYTE, bytes.data(), bytes.size(), 1));
         break;
       }
     }
@@ -105,7 +112,8 @@ void fill(const std::filesystem::path& folder, std::size_t keyCount) {
 const ContenderKind& gSettingsContender() {
   static const ContenderKind kind{
       .name = "GSettings",
-      .open = [](const std::filesystem::path& folder, std::size_t keyCount) -> std::unique_ptr<Contender> {
+      .open = [](const std::filesystem::path& folder,
+                 std::size_t keyCount) -> std::unique_ptr<Contender> {
         return std::make_unique<GSettingsContender>(folder, keyCount);
       },
       .fill = fill,

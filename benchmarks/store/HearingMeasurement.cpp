@@ -21,12 +21,14 @@ constexpr std::size_t kWrites = 50;
 // All processes read the same clock.
 std::int64_t now() { return std::chrono::steady_clock::now().time_since_epoch().count(); }
 
-// Prints 0 when it is ready, then how many microseconds old each write was when it was heard of, in rising order.
+// Prints 0 when it is ready, then how many microseconds old each write was when it was heard of, in
+// rising order.
 void hear(const std::filesystem::path& file) {
   const auto store = UserDefaults::open(file);
   std::vector<double> ages;
-  const auto token = store->observeAll(
-      [&](std::string_view key) { ages.push_back(static_cast<double>(now() - store->integerForKey(key)) / 1000); });
+  const auto token = store->observeAll([&](std::string_view key) {
+    ages.push_back(static_cast<double>(now() - store->integerForKey(key)) / 1000);
+  });
   std::printf("0\n");
   std::fflush(stdout);
   while (ages.size() < kWrites) {
@@ -51,8 +53,8 @@ void measureHearing(const std::filesystem::path& folder) {
   std::vector<double> ages;
   for (std::size_t i = 0; i < kWrites; ++i) ages.push_back(other.number());
   std::printf("\n| another process hears of a write | after |\n|---|---:|\n");
-  std::printf("| in the middle | %.1f ms |\n| at worst, of %zu | %.1f ms |\n", ages[kWrites / 2] / 1000, kWrites,
-              ages.back() / 1000);
+  std::printf("| in the middle | %.1f ms |\n| at worst, of %zu | %.1f ms |\n",
+              ages[kWrites / 2] / 1000, kWrites, ages.back() / 1000);
 }
 
 void measureMigrationInThisProcess(const std::filesystem::path& file);

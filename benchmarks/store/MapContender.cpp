@@ -19,18 +19,23 @@ public:
     }
   }
 
-  bool readBoolean(std::size_t key) override { return std::get<bool>(values_.find(names_[key])->second); }
+  bool readBoolean(std::size_t key) override {
+    return std::get<bool>(values_.find(names_[key])->second);
+  }
   std::size_t readString(std::size_t key) override {
     return lengthAndLast(std::get<std::string>(values_.find(names_[key])->second));
   }
   std::size_t readBytes(std::size_t key) override {
     return lengthAndLast(std::get<std::vector<unsigned char>>(values_.find(names_[key])->second));
   }
-  void writeBoolean(std::size_t key, bool value) override { values_.insert_or_assign(names_[key], value); }
+  void writeBoolean(std::size_t key, bool value) override {
+    values_.insert_or_assign(names_[key], value);
+  }
 
 private:
   std::vector<std::string> names_;
-  std::unordered_map<std::string, std::variant<bool, std::string, std::vector<unsigned char>>> values_;
+  std::unordered_map<std::string, std::variant<bool, std::string, std::vector<unsigned char>>>
+      values_;
 };
 
 }  // namespace

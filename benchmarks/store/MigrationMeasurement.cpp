@@ -58,7 +58,9 @@ std::string listOf(std::size_t analyzer, Size size) {
   return list + "]";
 }
 
-PreferenceValue bytes(std::string_view text) { return PreferenceValue::Bytes(text.begin(), text.end()); }
+PreferenceValue bytes(std::string_view text) {
+  return PreferenceValue::Bytes(text.begin(), text.end());
+}
 
 void fill(const std::filesystem::path& file, Size size) {
   PreferenceDictionary values;
@@ -103,7 +105,8 @@ double perPlainFile(const std::filesystem::path& file, Size size) {
   const auto start = Clock::now();
   const int descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
   for (const std::string& list : lists) {
-    if (::write(descriptor, list.data(), list.size()) != static_cast<ssize_t>(list.size())) std::abort();
+    if (::write(descriptor, list.data(), list.size()) != static_cast<ssize_t>(list.size()))
+      std::abort();
   }
   if (::fdatasync(descriptor) != 0) std::abort();
   ::close(descriptor);
@@ -128,14 +131,17 @@ void measureMigrationInThisProcess(const std::filesystem::path& file) {
 void measureMigration(const std::filesystem::path& folder) {
   QEVLog::setLogSink([](const QEVLog::LogEntry&) {});
   std::printf(
-      "\n| migration of | JSON | returned | on disk | a plain file | in memory | our parse | other library's parse | "
+      "\n| migration of | JSON | returned | on disk | a plain file | in memory | our parse | other "
+      "library's parse | "
       "its "
       "check alone | peak above the image |\n|---|---:|---:|---:|---:|---:|---:|---:|---:|---:|\n");
   constexpr std::size_t usual = 20'000;
-  for (const Size size : {Size{100, usual}, Size{1'000, usual}, Size{10'000, usual}, Size{1, 100'000'000}}) {
+  for (const Size size :
+       {Size{100, usual}, Size{1'000, usual}, Size{10'000, usual}, Size{1, 100'000'000}}) {
     const auto file = folder / ("migration-" + std::to_string(size.analyzers) + ".sqlite");
     double megabytes = 0;
-    for (std::size_t i = 0; i < size.analyzers; ++i) megabytes += static_cast<double>(listOf(i, size).size()) / 1e6;
+    for (std::size_t i = 0; i < size.analyzers; ++i)
+      megabytes += static_cast<double>(listOf(i, size).size()) / 1e6;
     const double plain = perPlainFile(folder / "plain", size);
     fill(file, size);
     OwnProcess process("--migrate '" + file.string() + "'");
@@ -145,26 +151,34 @@ void measureMigration(const std::filesystem::path& folder) {
 
     const auto inMemory = UserDefaults::inMemory();
     for (std::size_t i = 0; i < size.analyzers; ++i) {
-      inMemory->setObject(bytes(listOf(i, size)), "com_velloquin_qev_" + std::to_string(i) + "_protocols");
+      inMemory->setObject(bytes(listOf(i, size)),
+                          "com_velloquin_qev_" + std::to_string(i) + "_protocols");
     }
     const double start = processorMilliseconds();
     QEVPreferencesMigration::migrateIfNeeded(*inMemory);
     const double alone = processorMilliseconds() - start;
 
     const std::size_t read = std::min(size.analyzers, std::size_t{1'000});
-    const double share = megabytes * static_cast<double>(read) / static_cast<double>(size.analyzers);
-    const double ours =
-        perReading(read, size, [](std::string_view text) { return static_cast<bool>(JSON::parseBorrowed(text)); });
-    const double other = perReading(
-        read, size, [](std::string_view text) { return !nlohmann::json::parse(text, nullptr, false).is_discarded(); });
-    const double check = perReading(read, size, [](std::string_view text) { return nlohmann::json::accept(text); });
-    const auto rate = [](double amount, double milliseconds) { return 1000 * amount / milliseconds; };
+    const double share =
+        megabytes * static_cast<double>(read) / static_cast<double>(size.analyzers);
+    const double ours = perReading(read, size, [](std::string_view text) {
+      return static_cast<bool>(JSON::parseBorrowed(text));
+    });
+    const double other = perReading(read, size, [](std::string_view text) {
+      return !nlohmann::json::parse(text, nullptr, false).is_discarded();
+    });
+    const double check =
+        perReading(read, size, [](std::string_view text) { return nlohmann::json::accept(text); });
+    const auto rate = [](double amount, double milliseconds) {
+      return 1000 * amount / milliseconds;
+    };
     std::printf(
-        "| %zu analyzer(s) | %.0f MB | %.0f ms | %.0f ms, %.0f MB/s | %.0f MB/s | %.0f MB/s | %.0f MB/s | %.0f MB/s | "
+        "| %zu analyzer(s) | %.0f MB | %.0f ms | %.0f ms, %.0f MB/s | %.0f MB/s | %.0f MB/s | %.0f "
+        "MB/s | %.0f MB/s | "
         "%.0f MB/s | %.1f MB, × %.1f a list |\n",
-        size.analyzers, megabytes, returned, onDisk, rate(megabytes, onDisk), rate(megabytes, plain),
-        rate(megabytes, alone), rate(share, ours), rate(share, other), rate(share, check), above / 1e6,
-        above / static_cast<double>(size.listBytes));
+        size.analyzers, megabytes, returned, onDisk, rate(megabytes, onDisk),
+        rate(megabytes, plain), rate(megabytes, alone), rate(share, ours), rate(share, other),
+        rate(share, check), above / 1e6, above / static_cast<double>(size.listBytes));
     std::fflush(stdout);
     std::filesystem::remove(file);
     std::filesystem::remove(file.string() + ".good");

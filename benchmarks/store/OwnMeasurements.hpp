@@ -2,8 +2,8 @@
 
 #include <filesystem>
 
-// What only our store does: bursts of writes, telling another process, the launch migration. Each prints a table.
-// `folder` is for stores, and is made.
+// What only our store does: bursts of writes, telling another process, the launch migration. Each
+// prints a table. `folder` is for stores, and is made.
 void measureBurst(const std::filesystem::path& folder);
 void measureHearing(const std::filesystem::path& folder);
 void measureMigration(const std::filesystem::path& folder);

@@ -8,8 +8,10 @@
 class OwnProcess {
 public:
   explicit OwnProcess(const std::string& arguments)
-      : output_(::popen(("'" + std::filesystem::read_symlink("/proc/self/exe").string() + "' " + arguments).c_str(),
-                        "r")) {}
+      : output_(::popen(
+            ("'" + std::filesystem::read_symlink("/proc/self/exe").string() + "' " + arguments)
+                .c_str(),
+            "r")) {}
   OwnProcess(const OwnProcess&) = delete;
   OwnProcess& operator=(const OwnProcess&) = delete;
   ~OwnProcess() {

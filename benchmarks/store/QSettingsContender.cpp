@@ -20,7 +20,9 @@ public:
     const QString text = settings_.value(names_[key]).toString();
     return static_cast<std::size_t>(text.size()) + text.back().unicode();
   }
-  std::size_t readBytes(std::size_t key) override { return lengthAndLast(settings_.value(names_[key]).toByteArray()); }
+  std::size_t readBytes(std::size_t key) override {
+    return lengthAndLast(settings_.value(names_[key]).toByteArray());
+  }
   void writeBoolean(std::size_t key, bool value) override {
     settings_.setValue(names_[key], value);
     settings_.sync();
@@ -40,8 +42,8 @@ void fill(const std::filesystem::path& folder, std::size_t keyCount) {
       case KeyKind::string: settings.setValue(name, QString::fromStdString(stringValue(i))); break;
       case KeyKind::bytes: {
         const auto bytes = bytesValue(i);
-        settings.setValue(
-            name, QByteArray(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())));
+        settings.setValue(name, QByteArray(reinterpret_cast<const char*>(bytes.data()),
+                                           static_cast<qsizetype>(bytes.size())));
         break;
       }
     }
@@ -53,7 +55,8 @@ void fill(const std::filesystem::path& folder, std::size_t keyCount) {
 const ContenderKind& qSettingsContender() {
   static const ContenderKind kind{
       .name = "QSettings",
-      .open = [](const std::filesystem::path& folder, std::size_t keyCount) -> std::unique_ptr<Contender> {
+      .open = [](const std::filesystem::path& folder,
+                 std::size_t keyCount) -> std::unique_ptr<Contender> {
         return std::make_unique<QSettingsContender>(folder, keyCount);
       },
       .fill = fill,

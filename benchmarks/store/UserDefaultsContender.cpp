@@ -9,7 +9,9 @@ using QEVSettings::PreferenceValue;
 
 namespace {
 
-std::filesystem::path fileIn(const std::filesystem::path& folder) { return folder / "preferences.sqlite"; }
+std::filesystem::path fileIn(const std::filesystem::path& folder) {
+  return folder / "preferences.sqlite";
+}
 
 class UserDefaultsContender final : public Contender {
 public:
@@ -19,8 +21,12 @@ public:
   }
 
   bool readBoolean(std::size_t key) override { return store_->boolForKey(names_[key]); }
-  std::size_t readString(std::size_t key) override { return lengthAndLast(*store_->find(names_[key])->asString()); }
-  std::size_t readBytes(std::size_t key) override { return lengthAndLast(*store_->find(names_[key])->asData()); }
+  std::size_t readString(std::size_t key) override {
+    return lengthAndLast(*store_->find(names_[key])->asString());
+  }
+  std::size_t readBytes(std::size_t key) override {
+    return lengthAndLast(*store_->find(names_[key])->asData());
+  }
   void writeBoolean(std::size_t key, bool value) override {
     store_->setBool(value, names_[key]);
     if (!store_->synchronize()) std::abort();
@@ -45,7 +51,8 @@ PreferenceValue valueOf(std::size_t key) {
 const ContenderKind& userDefaultsContender() {
   static const ContenderKind kind{
       .name = "UserDefaults",
-      .open = [](const std::filesystem::path& folder, std::size_t keyCount) -> std::unique_ptr<Contender> {
+      .open = [](const std::filesystem::path& folder,
+                 std::size_t keyCount) -> std::unique_ptr<Contender> {
         return std::make_unique<UserDefaultsContender>(folder, keyCount);
       },
       .fill =

@@ -1,7 +1,8 @@
-// Prints what our store's operations cost, and what those of the alternatives do, measured in the same run on the
-// same disk; then what only our store does.
+// Prints what our store's operations cost, and what those of the alternatives do, measured in the
+// same run on the same disk; then what only our store does.
 //
-//     store_benchmark [FOLDER]     where the stores are made; a new folder below the working directory if left out
+//     store_benchmark [FOLDER]     where the stores are made; a new folder below the working
+//     directory if left out
 
 #include "Contender.hpp"
 #include "OwnMeasurements.hpp"
@@ -24,7 +25,8 @@ using Clock = std::chrono::steady_clock;
 
 constexpr int kRepeats = 200;
 constexpr std::chrono::milliseconds kRepeatingTime{1500};
-// Shorter than the turn that a busy system gives to a process, or there is always another's turn in it.
+// Shorter than the turn that a busy system gives to a process, or there is always another's turn in
+// it.
 constexpr std::chrono::milliseconds kReadingTime{1};
 constexpr std::size_t kReadsPerLook = 16;
 constexpr std::chrono::seconds kWritingTime{2};
@@ -38,7 +40,8 @@ double nanosecondsSince(Clock::time_point start) {
 double quickest(const std::function<double()>& measure) {
   const auto begin = Clock::now();
   double best = measure();
-  for (int i = 1; i < kRepeats && Clock::now() - begin < kRepeatingTime; ++i) best = std::min(best, measure());
+  for (int i = 1; i < kRepeats && Clock::now() - begin < kRepeatingTime; ++i)
+    best = std::min(best, measure());
   return best;
 }
 
@@ -78,12 +81,14 @@ double perRead(const std::vector<std::size_t>& keys, Read read) {
 
 // One after the other in turn, since what else the disk has to do changes from second to second.
 std::vector<double> perWrite(const std::vector<std::unique_ptr<Contender>>& stores,
-                             const std::vector<const ContenderKind*>& kinds, const std::vector<std::size_t>& keys) {
+                             const std::vector<const ContenderKind*>& kinds,
+                             const std::vector<std::size_t>& keys) {
   std::vector<std::vector<double>> each(stores.size());
   std::vector<double> spent(stores.size());
   for (std::size_t i = 0; i < kMaximumWrites; ++i) {
     for (std::size_t store = 0; store < stores.size(); ++store) {
-      if (!kinds[store]->persists || spent[store] > std::chrono::nanoseconds(kWritingTime).count()) continue;
+      if (!kinds[store]->persists || spent[store] > std::chrono::nanoseconds(kWritingTime).count())
+        continue;
       const auto start = Clock::now();
       stores[store]->writeBoolean(keys[i % keys.size()], i / keys.size() % 2 == 1);
       each[store].push_back(nanosecondsSince(start));
@@ -97,7 +102,8 @@ std::vector<double> perWrite(const std::vector<std::unique_ptr<Contender>>& stor
   return medians;
 }
 
-double openAndRead(const ContenderKind& kind, const std::filesystem::path& folder, std::size_t keyCount) {
+double openAndRead(const ContenderKind& kind, const std::filesystem::path& folder,
+                   std::size_t keyCount) {
   const auto start = Clock::now();
   const auto store = kind.open(folder, keyCount);
   sink += store->readBoolean(0) ? 1U : 0U;
@@ -105,8 +111,10 @@ double openAndRead(const ContenderKind& kind, const std::filesystem::path& folde
 }
 
 // In a new process: several of the stores keep what they have read for the next time it is opened.
-double openInNewProcess(std::size_t kind, const std::filesystem::path& folder, std::size_t keyCount) {
-  OwnProcess process("--open " + std::to_string(kind) + " '" + folder.string() + "' " + std::to_string(keyCount));
+double openInNewProcess(std::size_t kind, const std::filesystem::path& folder,
+                        std::size_t keyCount) {
+  OwnProcess process("--open " + std::to_string(kind) + " '" + folder.string() + "' " +
+                     std::to_string(keyCount));
   const double nanoseconds = process.number();
   if (nanoseconds < 0) std::abort();
   return nanoseconds;
@@ -121,7 +129,8 @@ struct Row {
 
 void printTable(const std::vector<Row>& rows, const std::vector<const ContenderKind*>& kinds) {
   std::printf("| operation | keys | %s |", std::string(kinds[0]->name).c_str());
-  for (std::size_t i = 1; i < kinds.size(); ++i) std::printf(" %s |", std::string(kinds[i]->name).c_str());
+  for (std::size_t i = 1; i < kinds.size(); ++i)
+    std::printf(" %s |", std::string(kinds[i]->name).c_str());
   std::printf("\n|---|---:|---:|");
   for (std::size_t i = 1; i < kinds.size(); ++i) std::printf("---:|");
   std::printf("\n");
@@ -146,8 +155,9 @@ void printTable(const std::vector<Row>& rows, const std::vector<const ContenderK
 }  // namespace
 
 int main(int argc, char** argv) {
-  const std::vector<const ContenderKind*> kinds{&userDefaultsContender(), &qSettingsContender(), &gSettingsContender(),
-                                                &sqliteContender(), &mapContender()};
+  const std::vector<const ContenderKind*> kinds{&userDefaultsContender(), &qSettingsContender(),
+                                                &gSettingsContender(), &sqliteContender(),
+                                                &mapContender()};
   if (argc == 5 && std::string_view(argv[1]) == "--open") {
     std::printf("%f\n", openAndRead(*kinds[std::stoul(argv[2])], argv[3], std::stoul(argv[4])));
     return 0;
@@ -170,14 +180,16 @@ int main(int argc, char** argv) {
       const auto folder = root / std::to_string(keyCount) / kind.name;
       std::filesystem::create_directories(folder);
       kind.fill(folder, keyCount);
-      opens.nanoseconds.push_back(kind.persists ? quickest([&] { return openInNewProcess(i, folder, keyCount); }) : -1);
+      opens.nanoseconds.push_back(
+          kind.persists ? quickest([&] { return openInNewProcess(i, folder, keyCount); }) : -1);
       const auto& store = stores.emplace_back(kind.open(folder, keyCount));
       booleans.nanoseconds.push_back(
           perRead(booleanKeys, [&](std::size_t key) { return store->readBoolean(key) ? 1U : 0U; }));
       strings.nanoseconds.push_back(
-          perRead(keysOfKind(KeyKind::string, keyCount), [&](std::size_t key) { return store->readString(key); }));
-      bytes.nanoseconds.push_back(
-          perRead(keysOfKind(KeyKind::bytes, keyCount), [&](std::size_t key) { return store->readBytes(key); }));
+          perRead(keysOfKind(KeyKind::string, keyCount),
+                  [&](std::size_t key) { return store->readString(key); }));
+      bytes.nanoseconds.push_back(perRead(keysOfKind(KeyKind::bytes, keyCount),
+                                          [&](std::size_t key) { return store->readBytes(key); }));
     }
     writes.nanoseconds = perWrite(stores, kinds, booleanKeys);
     rows.insert(rows.end(), {booleans, strings, bytes, writes, opens});

@@ -3,8 +3,8 @@
 
 #include <benchmark/benchmark.h>
 
-// What opening the time-zone menu costs before anything is drawn: the host's file is read, parsed and
-// merged with the machine's identifiers each time.
+// What opening the time-zone menu costs before anything is drawn: the host's file is read, parsed
+// and merged with the machine's identifiers each time.
 static void namesOfTimeZones(benchmark::State& state) {
   foundation::Bundle::setMainResourceFolder(QEV_SOURCE_FOLDER "/host/resources");
   foundation::Bundle::setPreferredLanguages({"de"});

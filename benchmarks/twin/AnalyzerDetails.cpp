@@ -55,11 +55,11 @@ AnalyzerDetails::AnalyzerDetails(const QEVDependencies::QEVPlugInStructure& anal
   font.setPointSizeF(font.pointSizeF() + 3);
   font.setBold(true);
   title->setFont(font);
-  auto* subtitle = selectable(
-      QStringLiteral("%1 · %2 · %3")
-          .arg(QString::fromStdString(analyzer.plugInDescription), QString::fromStdString(analyzer.plugInAuthor),
-               QString::fromStdString(analyzer.plugInVersion)),
-      this);
+  auto* subtitle = selectable(QStringLiteral("%1 · %2 · %3")
+                                  .arg(QString::fromStdString(analyzer.plugInDescription),
+                                       QString::fromStdString(analyzer.plugInAuthor),
+                                       QString::fromStdString(analyzer.plugInVersion)),
+                              this);
   subtitle->setForegroundRole(QPalette::PlaceholderText);
   subtitle->setWordWrap(true);
 
@@ -71,7 +71,8 @@ AnalyzerDetails::AnalyzerDetails(const QEVDependencies::QEVPlugInStructure& anal
   const auto preferences = std::dynamic_pointer_cast<QEVDependencies::QEVPluginPreferencesProtocol>(
       analyzer.plugInPreferencesInstance.lock());
   if (const auto config = preferences ? preferences->analyzerSettingsConfig() : std::nullopt) {
-    for (const auto& option : config->toggles) layout->addWidget(new OptionRow(option, store, this));
+    for (const auto& option : config->toggles)
+      layout->addWidget(new OptionRow(option, store, this));
     layout->addWidget(line(this));
     layout->addWidget(sectionHeader(QStringLiteral("PORTS"), this));
     if (config->ports) layout->addWidget(new PortsTable(*config->ports, store, this));

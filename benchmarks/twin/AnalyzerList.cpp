@@ -13,7 +13,8 @@ int AnalyzerModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant AnalyzerModel::data(const QModelIndex& index, int role) const {
-  return role == Qt::DisplayRole ? QString::fromStdString(analyzer(index.row()).plugInTitle) : QVariant();
+  return role == Qt::DisplayRole ? QString::fromStdString(analyzer(index.row()).plugInTitle)
+                                 : QVariant();
 }
 
 AnalyzerList::AnalyzerList(AnalyzerModel& model, QWidget* parent) : QListView(parent) {

@@ -15,9 +15,12 @@ public:
   using Analyzers = std::vector<QEVDependencies::QEVPlugInStructure>;
 
   // The analyzers outlive the model.
-  AnalyzerModel(const Analyzers& analyzers, QObject* parent) : QAbstractListModel(parent), analyzers_(analyzers) {}
+  AnalyzerModel(const Analyzers& analyzers, QObject* parent)
+      : QAbstractListModel(parent), analyzers_(analyzers) {}
 
-  const QEVDependencies::QEVPlugInStructure& analyzer(int row) const { return analyzers_[std::size_t(row)]; }
+  const QEVDependencies::QEVPlugInStructure& analyzer(int row) const {
+    return analyzers_[std::size_t(row)];
+  }
 
   int rowCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;

@@ -21,7 +21,8 @@ constexpr int kMargin = 16;
 
 AnalyzerPage::AnalyzerPage(QEVSettings::PreferencesStore& store)
     : store_(store),
-      model_(new AnalyzerModel(QEVModels::QEVPlugInsController::sharedManager().plugInStructs(), this)),
+      model_(new AnalyzerModel(QEVModels::QEVPlugInsController::sharedManager().plugInStructs(),
+                               this)),
       list_(new AnalyzerList(*model_, this)),
       details_(new QScrollArea(this)) {
   details_->setWidgetResizable(true);
@@ -35,8 +36,10 @@ AnalyzerPage::AnalyzerPage(QEVSettings::PreferencesStore& store)
 
   connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this](const QModelIndex& current) { select(current); });
-  const auto stored = static_cast<int>(store_.integerForKey(QEVSettings::kAnalyzerSelectedIndex.name));
-  list_->setCurrentIndex(model_->index(std::clamp(stored, 0, std::max(0, model_->rowCount() - 1)), 0));
+  const auto stored =
+      static_cast<int>(store_.integerForKey(QEVSettings::kAnalyzerSelectedIndex.name));
+  list_->setCurrentIndex(
+      model_->index(std::clamp(stored, 0, std::max(0, model_->rowCount() - 1)), 0));
 }
 
 void AnalyzerPage::select(const QModelIndex& index) {

@@ -21,7 +21,8 @@ constexpr qreal kCornerRadius = 5;
 QIcon iconOf(const QString& label) {
   static const QMap<QString, QString> names{
       {QStringLiteral("Compute checksums"), QStringLiteral("patch-check")},
-      {QStringLiteral("Enable IP to DNS name resolution (may slow down)"), QStringLiteral("arrow-left-right")},
+      {QStringLiteral("Enable IP to DNS name resolution (may slow down)"),
+       QStringLiteral("arrow-left-right")},
       {QStringLiteral("Enable MAC to vendor ID resolution"), QStringLiteral("cpu")},
       {QStringLiteral("Keep usernames and passwords private"), QStringLiteral("shield-lock")},
       {QStringLiteral("Enable HTTP/2 Detection"), QStringLiteral("lightning")},
@@ -34,8 +35,8 @@ QIcon iconOf(const QString& label) {
 
 }  // namespace
 
-OptionRow::OptionRow(const QEVDependencies::AnalyzerToggleSpec& option, QEVSettings::PreferencesStore& store,
-                     QWidget* parent)
+OptionRow::OptionRow(const QEVDependencies::AnalyzerToggleSpec& option,
+                     QEVSettings::PreferencesStore& store, QWidget* parent)
     : QWidget(parent), switch_(new SwitchButton(this)) {
   const QString label = QString::fromStdString(option.labelKey);
   auto* icon = new QLabel(this);
@@ -58,7 +59,8 @@ OptionRow::OptionRow(const QEVDependencies::AnalyzerToggleSpec& option, QEVSetti
   switch_->setToolTip(label);
   connect(switch_, &QAbstractButton::clicked, this,
           [key = option.defaultsKey, &store](bool isOn) { store.setBool(isOn, key); });
-  stored_ = store.observe(option.defaultsKey, [this, read](std::string_view) { switch_->setChecked(read()); });
+  stored_ = store.observe(option.defaultsKey,
+                          [this, read](std::string_view) { switch_->setChecked(read()); });
 }
 
 void OptionRow::enterEvent(QEnterEvent* event) {
@@ -72,7 +74,8 @@ void OptionRow::leaveEvent(QEvent* event) {
 }
 
 void OptionRow::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) switch_->click();
+  if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+    switch_->click();
 }
 
 void OptionRow::paintEvent(QPaintEvent* /*event*/) {

@@ -13,7 +13,8 @@ class SwitchButton;
 class OptionRow final : public QWidget {
 public:
   // The store outlives the row.
-  OptionRow(const QEVDependencies::AnalyzerToggleSpec& option, QEVSettings::PreferencesStore& store, QWidget* parent);
+  OptionRow(const QEVDependencies::AnalyzerToggleSpec& option, QEVSettings::PreferencesStore& store,
+            QWidget* parent);
 
 protected:
   void enterEvent(QEnterEvent* event) override;

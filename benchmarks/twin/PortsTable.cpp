@@ -23,7 +23,8 @@ constexpr int kFieldWidth = 120;
 
 // In the order of the transports' cases.
 QStringList transportNames() {
-  return {QStringLiteral("None"), QStringLiteral("TCP"), QStringLiteral("UDP"), QStringLiteral("UDP/TCP")};
+  return {QStringLiteral("None"), QStringLiteral("TCP"), QStringLiteral("UDP"),
+          QStringLiteral("UDP/TCP")};
 }
 
 QLabel* columnTitle(const QString& title, QWidget* parent) {
@@ -33,8 +34,8 @@ QLabel* columnTitle(const QString& title, QWidget* parent) {
 }
 
 // A button that shows what is chosen and opens the choices.
-QToolButton* menuButton(const QString& chosen, const QStringList& choices, const std::function<void(int)>& choose,
-                        QWidget* parent) {
+QToolButton* menuButton(const QString& chosen, const QStringList& choices,
+                        const std::function<void(int)>& choose, QWidget* parent) {
   auto* button = new QToolButton(parent);
   button->setText(chosen);
   button->setAutoRaise(true);
@@ -56,7 +57,8 @@ QToolButton* menuButton(const QString& chosen, const QStringList& choices, const
 
 }  // namespace
 
-PortsTable::PortsTable(QEVDependencies::AnalyzerPortsSpec ports, QEVSettings::PreferencesStore& store, QWidget* parent)
+PortsTable::PortsTable(QEVDependencies::AnalyzerPortsSpec ports,
+                       QEVSettings::PreferencesStore& store, QWidget* parent)
     : QWidget(parent), ports_(std::move(ports)), stored_(ports_.networkProtocolKey, store) {
   auto* reset = new QPushButton(QStringLiteral("Reset"), this);
   reset->setToolTip(QStringLiteral("Reset to default ports"));
@@ -116,7 +118,8 @@ void PortsTable::addRow(QGridLayout& grid, int row, const Protocol& protocol) {
   grid.addWidget(menuButton(
                      transportNames().value(source, transportNames().front()), transportNames(),
                      [this, protocol](int i) {
-                       protocol->sourceProtocol = kQEVSourceProtocols::allCases.at(static_cast<std::size_t>(i));
+                       protocol->sourceProtocol =
+                           kQEVSourceProtocols::allCases.at(static_cast<std::size_t>(i));
                        stored_.encode(protocols_);
                      },
                      rows_),

@@ -11,12 +11,14 @@
 
 namespace twin {
 
-// The protocols of one analyzer, a row each: a menu of names, a field for the ports, a menu of transports; and a
-// button that brings the factory list back. The list is stored after every change.
+// The protocols of one analyzer, a row each: a menu of names, a field for the ports, a menu of
+// transports; and a button that brings the factory list back. The list is stored after every
+// change.
 class PortsTable final : public QWidget {
 public:
   // The store outlives the table.
-  PortsTable(QEVDependencies::AnalyzerPortsSpec ports, QEVSettings::PreferencesStore& store, QWidget* parent);
+  PortsTable(QEVDependencies::AnalyzerPortsSpec ports, QEVSettings::PreferencesStore& store,
+             QWidget* parent);
 
 private:
   using Protocol = std::shared_ptr<QEVDependencies::QEVNetworkProtocol>;

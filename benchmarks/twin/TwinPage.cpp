@@ -13,7 +13,9 @@ namespace twin {
 
 namespace {
 
-QRect placeOf(const QWidget& widget) { return {widget.mapTo(widget.window(), QPoint()), widget.size()}; }
+QRect placeOf(const QWidget& widget) {
+  return {widget.mapTo(widget.window(), QPoint()), widget.size()};
+}
 
 }  // namespace
 

@@ -1,5 +1,5 @@
-// What the toolkit does for one event: the time of the whole update, and, for each, the bodies run, the
-// nodes laid out, the nodes changed and the bytes allocated.
+// What the toolkit does for one event: the time of the whole update, and, for each, the bodies run,
+// the nodes laid out, the nodes changed and the bytes allocated.
 
 #include "AllocationCount.hpp"
 #include "foundation/UserDefaults.hpp"
@@ -30,7 +30,8 @@ using namespace viewkit;
 
 // A store that costs next to nothing, so that the toolkit is what is measured.
 foundation::UserDefaults& store() {
-  static const std::unique_ptr<foundation::UserDefaults> store = foundation::UserDefaults::inMemory();
+  static const std::unique_ptr<foundation::UserDefaults> store =
+      foundation::UserDefaults::inMemory();
   return *store;
 }
 
@@ -39,13 +40,17 @@ struct OptionRow {
   StoredPreference<bool> value;
   State<bool> hovering = false;
 
-  OptionRow(std::string title, const std::string& key) : title(std::move(title)), value(key, false) {}
+  OptionRow(std::string title, const std::string& key)
+      : title(std::move(title)), value(key, false) {}
 
   View body() const {
-    return HStack({.spacing = 8}, {Image::symbol("clock").resizable().scaledToFit().frame({.width = 16, .height = 16}),
-                                   Text(title), Spacer(), Toggle(value.binding()).accessibilityLabel(title)})
+    return HStack(
+               {.spacing = 8},
+               {Image::symbol("clock").resizable().scaledToFit().frame({.width = 16, .height = 16}),
+                Text(title), Spacer(), Toggle(value.binding()).accessibilityLabel(title)})
         .padding(4)
-        .background(RoundedRectangle(4).fill(hovering ? Color::primary().withOpacity(0.06) : Color::clear()))
+        .background(RoundedRectangle(4).fill(hovering ? Color::primary().withOpacity(0.06)
+                                                      : Color::clear()))
         .onHover([self = *this](bool inside) { self.hovering.set(inside); });
   }
 };
@@ -73,10 +78,12 @@ struct Detail {
 
   View body() const {
     const std::string id = std::to_string(selection.get());
-    return ScrollView({}, VStack({.alignment = HorizontalAlignment::leading},
-                                 {Text("Analyzer " + id).font(Font::title3()),
-                                  Text("What it does · who wrote it · 1.0"), OptionRow("Checksums", "one_" + id),
-                                  OptionRow("Names", "two_" + id), OptionRow("Times", "three_" + id), PortsField{}}))
+    return ScrollView({},
+                      VStack({.alignment = HorizontalAlignment::leading},
+                             {Text("Analyzer " + id).font(Font::title3()),
+                              Text("What it does · who wrote it · 1.0"),
+                              OptionRow("Checksums", "one_" + id), OptionRow("Names", "two_" + id),
+                              OptionRow("Times", "three_" + id), PortsField{}}))
         .id(selection.get());
   }
 };
@@ -86,10 +93,13 @@ struct Page {
   std::size_t count;
 
   View body() const {
-    const auto row = [](std::size_t i) -> View { return ListRow{.index = static_cast<std::int64_t>(i)}; };
-    return HStack(
-        {.alignment = VerticalAlignment::top},
-        {ScrollView({}, LazyVStack({.spacing = 2}, {.count = count, .row = row})).frame({.width = 150}), Detail{}});
+    const auto row = [](std::size_t i) -> View {
+      return ListRow{.index = static_cast<std::int64_t>(i)};
+    };
+    return HStack({.alignment = VerticalAlignment::top},
+                  {ScrollView({}, LazyVStack({.spacing = 2}, {.count = count, .row = row}))
+                       .frame({.width = 150}),
+                   Detail{}});
   }
 };
 
@@ -116,7 +126,9 @@ struct LargePage {
                                       [change = change](int i) {
                                         return Item{i, [change](const Item& item) {
                                                       if (item.index == 250) {
-                                                        *change = [item](int value) { item.value.set(value); };
+                                                        *change = [item](int value) {
+                                                          item.value.set(value);
+                                                        };
                                                       }
                                                     }};
                                       })});
@@ -125,8 +137,11 @@ struct LargePage {
 
 class Opened {
 public:
-  explicit Opened(const View& root, Size size = {720, 520}) : host_(root, {.defaultStore = store()}, metrics_) {
-    host_.setObserver([](const PresentationChanges& changes) { benchmark::DoNotOptimize(changes.damage.data()); });
+  explicit Opened(const View& root, Size size = {720, 520})
+      : host_(root, {.defaultStore = store()}, metrics_) {
+    host_.setObserver([](const PresentationChanges& changes) {
+      benchmark::DoNotOptimize(changes.damage.data());
+    });
     host_.setSize(size);
     host_.update();
     host_.finishAnimations();
@@ -142,7 +157,8 @@ public:
   }
 
 private:
-  static void collect(const PresentationNode& node, Role role, std::vector<const PresentationNode*>& into) {
+  static void collect(const PresentationNode& node, Role role,
+                      std::vector<const PresentationNode*>& into) {
     if (node.accessibility.role == role) into.push_back(&node);
     for (const PresentationNode* child : node.children) collect(*child, role, into);
   }
@@ -181,14 +197,17 @@ void open(benchmark::State& state) {
     Opened opened(Page{rows});
     benchmark::DoNotOptimize(opened.host().presentation().children.data());
   }
-  state.counters["bytes"] = benchmark::Counter(static_cast<double>(allocatedBytes), benchmark::Counter::kAvgIterations);
+  state.counters["bytes"] =
+      benchmark::Counter(static_cast<double>(allocatedBytes), benchmark::Counter::kAvgIterations);
 }
 BENCHMARK(open)->Arg(10)->Arg(10000)->Unit(benchmark::kMicrosecond);
 
 void hover(benchmark::State& state) {
   Opened opened(Page{static_cast<std::size_t>(state.range(0))});
   const Rect toggle = opened.all(Role::toggle).front()->frameInWindow();
-  measure(state, opened, [&](int i) { opened.host().pointerMoved(i % 2 == 0 ? toggle.origin : Point{1, 519}); });
+  measure(state, opened, [&](int i) {
+    opened.host().pointerMoved(i % 2 == 0 ? toggle.origin : Point{1, 519});
+  });
 }
 BENCHMARK(hover)->Arg(10)->Arg(10000)->Unit(benchmark::kMicrosecond);
 

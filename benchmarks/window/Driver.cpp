@@ -33,7 +33,8 @@ double processorMicroseconds() {
 // Notices when what it watches for has been painted.
 class PaintWatch : public QObject {
 public:
-  explicit PaintWatch(std::function<bool(const QWidget&, const QRect&)> watched) : watched_(std::move(watched)) {
+  explicit PaintWatch(std::function<bool(const QWidget&, const QRect&)> watched)
+      : watched_(std::move(watched)) {
     qApp->installEventFilter(this);
   }
 
@@ -54,12 +55,15 @@ private:
 
 auto within(const QWidget& window, QRect rect) {
   return [&window, rect](const QWidget& painted, const QRect& part) {
-    return painted.window() == &window && part.translated(painted.mapTo(&window, QPoint())).intersects(rect);
+    return painted.window() == &window &&
+           part.translated(painted.mapTo(&window, QPoint())).intersects(rect);
   };
 }
 
 auto inAnotherWindowThan(const QWidget& window) {
-  return [&window](const QWidget& painted, const QRect& /*part*/) { return painted.window() != &window; };
+  return [&window](const QWidget& painted, const QRect& /*part*/) {
+    return painted.window() != &window;
+  };
 }
 
 // Everything that is under way comes to its end.
@@ -72,8 +76,9 @@ void settle() {
 
 void sendMouse(QWidget& window, QEvent::Type type, QPoint at) {
   const bool isMove = type == QEvent::MouseMove;
-  QMouseEvent event(type, at, at, window.mapToGlobal(QPointF(at)), isMove ? Qt::NoButton : Qt::LeftButton,
-                    type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+  QMouseEvent event(
+      type, at, at, window.mapToGlobal(QPointF(at)), isMove ? Qt::NoButton : Qt::LeftButton,
+      type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
   QCoreApplication::sendEvent(window.windowHandle(), &event);
 }
 
@@ -111,7 +116,8 @@ void Driver::waitFor(const Watched& watched) const {
   while (!watch.hasSeen()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-void Driver::measure(const char* name, const Watched& watched, const std::function<void()>& act) const {
+void Driver::measure(const char* name, const Watched& watched,
+                     const std::function<void()>& act) const {
   QTimer patience;
   patience.setSingleShot(true);
   patience.callOnTimeout([name] {
@@ -169,7 +175,8 @@ void Driver::run(Contender& contender) {
   const QPoint elsewhere(1, 1);
   for (int i = 0; i < task_.repetitions; ++i) {
     pointAt(window, elsewhere);
-    measure("hover", within(window, QRect(beside, QSize(1, 1))), [&] { sendMouse(window, QEvent::MouseMove, beside); });
+    measure("hover", within(window, QRect(beside, QSize(1, 1))),
+            [&] { sendMouse(window, QEvent::MouseMove, beside); });
   }
 
   const QRect field = contender.firstPorts();
@@ -179,7 +186,8 @@ void Driver::run(Contender& contender) {
   for (int i = 0; i < task_.repetitions; ++i) {
     const bool isAdding = i % 2 == 0;
     measure("key", within(window, field), [&] {
-      type(window, isAdding ? Qt::Key_8 : Qt::Key_Backspace, isAdding ? QStringLiteral("8") : QString());
+      type(window, isAdding ? Qt::Key_8 : Qt::Key_Backspace,
+           isAdding ? QStringLiteral("8") : QString());
     });
   }
 

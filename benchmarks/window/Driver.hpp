@@ -12,9 +12,9 @@
 
 using Clock = std::chrono::steady_clock;
 
-// What a contender's process was asked to do: `window_benchmark_X ANALYZERS REPETITIONS STARTED`. STARTED is the
-// reading of the monotonic clock, in nanoseconds, just before the process was started. No repetitions: the
-// process ends with the first painted frame.
+// What a contender's process was asked to do: `window_benchmark_X ANALYZERS REPETITIONS STARTED`.
+// STARTED is the reading of the monotonic clock, in nanoseconds, just before the process was
+// started. No repetitions: the process ends with the first painted frame.
 struct Task {
   static Task of(int argc, char** argv);
 
@@ -23,9 +23,9 @@ struct Task {
   Clock::time_point started;
 };
 
-// Does to a contender what a person does, with real events, and prints a line for each time it was done:
-// "NAME WALL CPU", the microseconds until it was painted and those of the processor until all was done. Lines of
-// one number are the milliseconds of the start and the kilobytes of memory.
+// Does to a contender what a person does, with real events, and prints a line for each time it was
+// done: "NAME WALL CPU", the microseconds until it was painted and those of the processor until all
+// was done. Lines of one number are the milliseconds of the start and the kilobytes of memory.
 class Driver {
 public:
   // `ready` is when the application had been made, before any window.

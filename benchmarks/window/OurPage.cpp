@@ -39,11 +39,11 @@ QRect rectOf(const PresentationNode& node) {
 }  // namespace
 
 OurPage::OurPage()
-    : window_(std::make_unique<qt::Window>(
-          qt::WindowOptions{.title = "Settings",
-                            .size = {760, 552},
-                            .environment = environment(*store_),
-                            .root = viewkit::View(QEVSettings::QEVAnalyzerSettingsView()).padding(kMargin)})) {}
+    : window_(std::make_unique<qt::Window>(qt::WindowOptions{
+          .title = "Settings",
+          .size = {760, 552},
+          .environment = environment(*store_),
+          .root = viewkit::View(QEVSettings::QEVAnalyzerSettingsView()).padding(kMargin)})) {}
 
 OurPage::~OurPage() = default;
 
@@ -55,11 +55,14 @@ std::vector<const PresentationNode*> OurPage::all(qt::Window& window, Role role)
 
 QRect OurPage::first(qt::Window& window, Role role) {
   const auto found = all(window, role);
-  if (found.empty()) throw std::runtime_error("the page has no " + std::string(viewkit::nameOf(role)));
+  if (found.empty())
+    throw std::runtime_error("the page has no " + std::string(viewkit::nameOf(role)));
   return rectOf(*found.front());
 }
 
-QRect OurPage::analyzer(int row) { return rectOf(*all(*window_, Role::listItem).at(static_cast<std::size_t>(row))); }
+QRect OurPage::analyzer(int row) {
+  return rectOf(*all(*window_, Role::listItem).at(static_cast<std::size_t>(row)));
+}
 QRect OurPage::details() { return rectOf(*all(*window_, Role::scrollArea).back()); }
 QRect OurPage::firstSwitch() { return first(*window_, Role::toggle); }
 QRect OurPage::firstPorts() { return first(*window_, Role::textField); }
@@ -70,10 +73,10 @@ QWidget& OurPage::timeZoneWindow() {
     configuration.store = store_.get();
     sparkle::UpdaterConfiguration::setStandard(configuration);
     updater_ = std::make_shared<QEVSettings::UpdaterViewModel>();
-    timeZones_ = std::make_unique<qt::Window>(
-        qt::WindowOptions{.title = "General",
-                          .environment = environment(*store_),
-                          .root = QEVSettings::QEVGeneralSettingsView(std::make_shared<SilentDelegate>(), updater_)});
+    timeZones_ = std::make_unique<qt::Window>(qt::WindowOptions{
+        .title = "General",
+        .environment = environment(*store_),
+        .root = QEVSettings::QEVGeneralSettingsView(std::make_shared<SilentDelegate>(), updater_)});
   }
   return timeZones_->widget();
 }

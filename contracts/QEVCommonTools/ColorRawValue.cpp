@@ -36,7 +36,8 @@ std::optional<appkit::RGBA> colorFromRawValue(std::string_view rawValue) {
   std::array<double, kComponents> components{};
   for (std::size_t i = 0; i < kComponents; ++i) {
     std::uint64_t bits = 0;
-    for (std::size_t j = kComponentSize; j-- > 0;) bits = bits << kBitsPerByte | (*bytes)[i * kComponentSize + j];
+    for (std::size_t j = kComponentSize; j-- > 0;)
+      bits = bits << kBitsPerByte | (*bytes)[i * kComponentSize + j];
     const auto component = std::bit_cast<double>(bits);
     // False also of what is not a number.
     const bool isInRange = component >= 0 && component <= 1;

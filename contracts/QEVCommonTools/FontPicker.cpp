@@ -8,7 +8,8 @@ namespace QEVCommonTools {
 viewkit::View FontPicker::body() const {
   const viewkit::Binding<appkit::Font> storable{[selection = selection] { return selection.get(); },
                                                 [selection = selection](const appkit::Font& font) {
-                                                  if (FontPreferences::isStorable(font)) selection.set(font);
+                                                  if (FontPreferences::isStorable(font))
+                                                    selection.set(font);
                                                 }};
   return viewkit::FontChooser(title, storable);
 }

@@ -19,7 +19,9 @@ using QEVSettings::PreferenceDictionary;
 using QEVSettings::PreferencesStore;
 using QEVSettings::PreferenceValue;
 
-const appkit::FontCatalog& machine() { return appkit::Application::sharedApplication().fontCatalog(); }
+const appkit::FontCatalog& machine() {
+  return appkit::Application::sharedApplication().fontCatalog();
+}
 
 std::string textAt(const PreferenceDictionary& values, std::string_view name) {
   const auto found = values.find(name);
@@ -50,8 +52,10 @@ appkit::Font textFont(const PreferencesStore& store, std::string_view key) {
 
 void storeFont(PreferencesStore& store, const appkit::Font& font, std::string_view key) {
   if (!FontPreferences::isStorable(font)) return;
-  store.setObject(PreferenceDictionary{{"family", font.family}, {"style", font.style}, {"pointSize", font.pointSize}},
-                  key);
+  store.setObject(
+      PreferenceDictionary{
+          {"family", font.family}, {"style", font.style}, {"pointSize", font.pointSize}},
+      key);
 }
 
 }  // namespace
@@ -80,7 +84,8 @@ appkit::Font FontPreferences::com_velloquin_zorvantine_fontProtocolDetails() con
   return textFont(*store_, kFontProtocolDetails);
 }
 
-void FontPreferences::setCom_velloquin_zorvantine_fontProtocolDetails(const appkit::Font& font) const {
+void FontPreferences::setCom_velloquin_zorvantine_fontProtocolDetails(
+    const appkit::Font& font) const {
   storeFont(*store_, font, kFontProtocolDetails);
 }
 
@@ -88,7 +93,8 @@ appkit::Font FontPreferences::com_velloquin_zorvantine_fontBaseProtocolStatistic
   return textFont(*store_, kFontBaseProtocolStatistics);
 }
 
-void FontPreferences::setCom_velloquin_zorvantine_fontBaseProtocolStatistics(const appkit::Font& font) const {
+void FontPreferences::setCom_velloquin_zorvantine_fontBaseProtocolStatistics(
+    const appkit::Font& font) const {
   storeFont(*store_, font, kFontBaseProtocolStatistics);
 }
 
@@ -96,7 +102,8 @@ appkit::Font FontPreferences::com_velloquin_zorvantine_fontDataSourcesList() con
   return textFont(*store_, kFontDataSourcesList);
 }
 
-void FontPreferences::setCom_velloquin_zorvantine_fontDataSourcesList(const appkit::Font& font) const {
+void FontPreferences::setCom_velloquin_zorvantine_fontDataSourcesList(
+    const appkit::Font& font) const {
   storeFont(*store_, font, kFontDataSourcesList);
 }
 
@@ -104,7 +111,8 @@ appkit::Font FontPreferences::com_velloquin_zorvantine_fontDataSourcesHead() con
   return textFont(*store_, kFontDataSourcesHead);
 }
 
-void FontPreferences::setCom_velloquin_zorvantine_fontDataSourcesHead(const appkit::Font& font) const {
+void FontPreferences::setCom_velloquin_zorvantine_fontDataSourcesHead(
+    const appkit::Font& font) const {
   storeFont(*store_, font, kFontDataSourcesHead);
 }
 

@@ -18,13 +18,14 @@ using namespace viewkit;
 View helpPage(const HelpText& help) {
   std::vector<std::size_t> order(help.paragraphs.size());
   for (std::size_t i = 0; i < order.size(); ++i) order[i] = i;
-  return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s6)},
-                {
-                    Text(help.title).font(Font::body().semibold()),
-                    forEach(
-                        order, [](std::size_t i) { return static_cast<std::int64_t>(i); },
-                        [&](std::size_t i) { return Text(help.paragraphs[i]).font(Font::callout()); }),
-                })
+  return VStack(
+             {.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s6)},
+             {
+                 Text(help.title).font(Font::body().semibold()),
+                 forEach(
+                     order, [](std::size_t i) { return static_cast<std::int64_t>(i); },
+                     [&](std::size_t i) { return Text(help.paragraphs[i]).font(Font::callout()); }),
+             })
       .padding(points(Spacing::s7));
 }
 

@@ -4,8 +4,8 @@
 
 namespace QEVCommonTools {
 
-viewkit::View roundedBorder(const viewkit::View& view, RoundedBorderStyle borderStyle, double cornerRadius,
-                            viewkit::Color borderColor, double lineWidth) {
+viewkit::View roundedBorder(const viewkit::View& view, RoundedBorderStyle borderStyle,
+                            double cornerRadius, viewkit::Color borderColor, double lineWidth) {
   switch (borderStyle) {
     case RoundedBorderStyle::line:
       return view.overlay(viewkit::RoundedRectangle(cornerRadius).border(borderColor, lineWidth));

@@ -31,7 +31,8 @@ std::vector<std::string_view> split(std::string_view text, std::string_view sepa
 
 std::optional<int> number(std::string_view text, std::size_t digits) {
   int result = 0;
-  if (text.empty() || text.size() > digits || !std::ranges::all_of(text, isDigit)) return std::nullopt;
+  if (text.empty() || text.size() > digits || !std::ranges::all_of(text, isDigit))
+    return std::nullopt;
   std::from_chars(text.data(), text.data() + text.size(), result);
   return result;
 }
@@ -44,7 +45,8 @@ bool isIPv4(std::string_view text) {
          });
 }
 
-// How many of its eight groups a part of an IPv6 address spells out; nothing for what is no such part.
+// How many of its eight groups a part of an IPv6 address spells out; nothing for what is no such
+// part.
 std::optional<std::size_t> ipv6Groups(std::string_view text, bool endsAddress) {
   if (text.empty()) return 0;
   const auto groups = split(text, ":");
@@ -53,7 +55,8 @@ std::optional<std::size_t> ipv6Groups(std::string_view text, bool endsAddress) {
     const bool isLast = &group == &groups.back();
     if (isLast && endsAddress && isIPv4(group)) {
       ++count;
-    } else if (group.empty() || group.size() > 4 || !std::ranges::all_of(group, isHexadecimalDigit)) {
+    } else if (group.empty() || group.size() > 4 ||
+               !std::ranges::all_of(group, isHexadecimalDigit)) {
       return std::nullopt;
     }
   }
@@ -78,7 +81,8 @@ bool isHostName(std::string_view text) {
   if (std::ranges::all_of(labels.back(), isDigit)) return false;
   return std::ranges::all_of(labels, [](std::string_view label) {
     return !label.empty() && label.size() <= 63 && label.front() != '-' && label.back() != '-' &&
-           std::ranges::all_of(label, [](char c) { return isLetter(c) || isDigit(c) || c == '-' || c == '_'; });
+           std::ranges::all_of(
+               label, [](char c) { return isLetter(c) || isDigit(c) || c == '-' || c == '_'; });
   });
 }
 
@@ -86,14 +90,17 @@ bool isHostName(std::string_view text) {
 
 Result<std::string> validatedProxyHost(std::string_view text) {
   text = withoutBlanks(text);
-  if (text.empty()) return Error{"Type the address: a host name such as localhost, or an IP address"};
+  if (text.empty())
+    return Error{"Type the address: a host name such as localhost, or an IP address"};
   if (text.starts_with('[') && text.ends_with(']')) {
     const auto address = text.substr(1, text.size() - 2);
     if (isIPv6(address)) return std::string(address);
   } else if (isIPv4(text) || isIPv6(text) || isHostName(text)) {
     return std::string(text);
   }
-  return Error{"This is no address: type a host name such as localhost, or an IP address such as 127.0.0.1 or ::1"};
+  return Error{
+      "This is no address: type a host name such as localhost, or an IP address such as 127.0.0.1 "
+      "or ::1"};
 }
 
 Result<std::uint16_t> validatedProxyPort(std::string_view text) {

@@ -37,7 +37,9 @@ std::int64_t sourceOf(const JSON& json) {
   return integerMember(json, kSourceProtocol).value_or(kQEVSourceProtocols::none);
 }
 
-std::optional<std::string> portText(const JSON& json) { return json.isString() ? json.asString() : json.integerText(); }
+std::optional<std::string> portText(const JSON& json) {
+  return json.isString() ? json.asString() : json.integerText();
+}
 
 std::optional<std::string> portsOf(const JSON& json) {
   const auto member = json.member(kProtocolPorts);
@@ -62,9 +64,11 @@ foundation::UUID identityOf(const JSON& json) {
 
 }  // namespace
 
-QEVNetworkProtocol::QEVNetworkProtocol(foundation::UUID id, std::string protocolName, std::string protocolPorts,
-                                       std::int64_t sourceProtocol, std::optional<std::string> ethertype,
-                                       std::optional<std::string> linktype, std::optional<std::int64_t> size)
+QEVNetworkProtocol::QEVNetworkProtocol(foundation::UUID id, std::string protocolName,
+                                       std::string protocolPorts, std::int64_t sourceProtocol,
+                                       std::optional<std::string> ethertype,
+                                       std::optional<std::string> linktype,
+                                       std::optional<std::int64_t> size)
     : protocolName(*this, std::move(protocolName)),
       protocolPorts(*this, std::move(protocolPorts)),
       sourceProtocol(*this, sourceProtocol),
@@ -81,7 +85,8 @@ void QEVNetworkProtocol::setPortController(std::weak_ptr<QEVPortsControllerProto
 }
 
 void QEVNetworkProtocol::setupBinding() {
-  errorWillChange_ = errorModel_->objectWillChange().subscribe([this] { objectWillChange().announce(); });
+  errorWillChange_ =
+      errorModel_->objectWillChange().subscribe([this] { objectWillChange().announce(); });
 }
 
 void QEVNetworkProtocol::reportRegistered(QEVNetworkProtocolProperty changed) {
@@ -113,7 +118,8 @@ bool QEVNetworkProtocol::takeOver(const QEVNetworkProtocol& stored) {
 
 void QEVNetworkProtocol::encode(JSONWriter& writer, const Values& values) const {
   writer.beginObject();
-  std::array missing{kId, kProtocolName, kProtocolPorts, kSourceProtocol, kEthertype, kLinktype, kSize};
+  std::array missing{kId,        kProtocolName, kProtocolPorts, kSourceProtocol,
+                     kEthertype, kLinktype,     kSize};
   const auto write = [&](std::string_view name) {
     if (name == kId) writer.name(name).string(id_.text());
     if (name == kProtocolName) writer.name(name).string(values.name);
@@ -144,26 +150,30 @@ void QEVNetworkProtocol::encode(JSONWriter& writer, const Values& values) const 
   writer.endObject();
 }
 
-foundation::Result<std::shared_ptr<QEVNetworkProtocol>> QEVNetworkProtocol::decoded(const JSON& json) {
+foundation::Result<std::shared_ptr<QEVNetworkProtocol>> QEVNetworkProtocol::decoded(
+    const JSON& json) {
   if (!json.isObject()) return foundation::Error{"a protocol record must be an object"};
   auto name = stringMember(json, kProtocolName);
-  if (!name) return foundation::Error{"a protocol record must have a \"protocolName\" that is a string"};
+  if (!name)
+    return foundation::Error{"a protocol record must have a \"protocolName\" that is a string"};
   auto ports = portsOf(json);
   if (!ports) return foundation::Error{"\"protocolPorts\" must be a string"};
-  auto record = std::make_shared<QEVNetworkProtocol>(identityOf(json), *std::move(name), *std::move(ports),
-                                                     sourceOf(json), stringMember(json, kEthertype),
-                                                     stringMember(json, kLinktype), integerMember(json, kSize));
+  auto record = std::make_shared<QEVNetworkProtocol>(
+      identityOf(json), *std::move(name), *std::move(ports), sourceOf(json),
+      stringMember(json, kEthertype), stringMember(json, kLinktype), integerMember(json, kSize));
   record->source_ = json;
   return record;
 }
 
 foundation::Result<std::shared_ptr<QEVNetworkProtocol>> QEVNetworkProtocol::copied() const {
-  const bool isUtf8 = foundation::isValidUtf8(protocolName.get()) && foundation::isValidUtf8(protocolPorts.get()) &&
+  const bool isUtf8 = foundation::isValidUtf8(protocolName.get()) &&
+                      foundation::isValidUtf8(protocolPorts.get()) &&
                       foundation::isValidUtf8(ethertype_.value_or("")) &&
                       foundation::isValidUtf8(linktype_.value_or(""));
   if (isUtf8) {
-    auto copy = std::make_shared<QEVNetworkProtocol>(id_, protocolName.get(), protocolPorts.get(), sourceProtocol.get(),
-                                                     ethertype_, linktype_, size_);
+    auto copy =
+        std::make_shared<QEVNetworkProtocol>(id_, protocolName.get(), protocolPorts.get(),
+                                             sourceProtocol.get(), ethertype_, linktype_, size_);
     copy->source_ = source_;  // immutable
     return copy;
   }

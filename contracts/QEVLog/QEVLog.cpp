@@ -9,8 +9,8 @@ namespace QEVLog {
 namespace {
 
 void printToStandardError(const LogEntry& entry) {
-  const std::string line =
-      entry.filename + ':' + std::to_string(entry.line) + ' ' + entry.function + ": " + entry.text();
+  const std::string line = entry.filename + ':' + std::to_string(entry.line) + ' ' +
+                           entry.function + ": " + entry.text();
   std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
@@ -38,8 +38,8 @@ Destination& destination() {
   return kept;
 }
 
-// The folder and the name of a source file: what tells it apart, without the path of the machine that
-// built it.
+// The folder and the name of a source file: what tells it apart, without the path of the machine
+// that built it.
 std::string_view identifier(std::string_view path) {
   const auto name = path.rfind('/');
   if (name == std::string_view::npos || name == 0) return path;
@@ -58,8 +58,9 @@ std::string LogEntry::text() const {
   return result + terminator;
 }
 
-void qevLog(std::initializer_list<LogItem> items, std::string_view filename, std::string_view function,
-            std::int64_t line, std::string_view separator, std::string_view terminator) noexcept {
+void qevLog(std::initializer_list<LogItem> items, std::string_view filename,
+            std::string_view function, std::int64_t line, std::string_view separator,
+            std::string_view terminator) noexcept {
   try {
     LogEntry entry{.items = {},
                    .filename = std::string(filename),
@@ -76,7 +77,8 @@ void qevLog(std::initializer_list<LogItem> items, std::string_view filename, std
   }
 }
 
-void logMessage(std::string_view message, std::string_view function, std::source_location place) noexcept {
+void logMessage(std::string_view message, std::string_view function,
+                std::source_location place) noexcept {
   try {
     qevLog({message}, identifier(place.file_name()), function, place.line(), ", ", "\n");
   } catch (...) {

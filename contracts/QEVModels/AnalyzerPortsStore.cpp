@@ -95,7 +95,8 @@ void AnalyzerPortsStore::encode(const QEVNetworkProtocolList& list) const {
   defaults_.setObject(PreferenceValue::Bytes(text.begin(), text.end()), key_);
 }
 
-PortValidationResult AnalyzerPortsStore::validatedReporting(const QEVNetworkProtocol& protocol) const {
+PortValidationResult AnalyzerPortsStore::validatedReporting(
+    const QEVNetworkProtocol& protocol) const {
   return validatedPorts(protocol.protocolPorts.get());
 }
 

@@ -21,13 +21,17 @@ struct Predicate {
 Predicate predicate(PortCorrection::Kind kind) {
   switch (kind) {
     case PortCorrection::Kind::invalid:
-      return {"%@ is neither a port nor a range and was left out", "%@ are neither ports nor ranges and were left out"};
+      return {"%@ is neither a port nor a range and was left out",
+              "%@ are neither ports nor ranges and were left out"};
     case PortCorrection::Kind::outOfRange:
-      return {"%@ is not a port (0–65535) and was left out", "%@ are not ports (0–65535) and were left out"};
+      return {"%@ is not a port (0–65535) and was left out",
+              "%@ are not ports (0–65535) and were left out"};
     case PortCorrection::Kind::reversed:
-      return {"%@ was written backwards and was turned", "%@ were written backwards and were turned"};
+      return {"%@ was written backwards and was turned",
+              "%@ were written backwards and were turned"};
     case PortCorrection::Kind::duplicate:
-      return {"%@ was named more than once and was kept once", "%@ were named more than once and were kept once"};
+      return {"%@ was named more than once and was kept once",
+              "%@ were named more than once and were kept once"};
   }
   return {};
 }
@@ -38,16 +42,21 @@ std::string listed(const std::vector<std::string>& pieces, std::size_t others) {
   for (std::size_t i = 0; i < pieces.size(); ++i) {
     const std::string piece = formatted(localized("“%@”"), {pieces[i]});
     const bool isLast = i + 1 == pieces.size() && others == 0;
-    result = i == 0 ? piece : formatted(localized(isLast ? "%@ and %@" : "%@, %@"), {result, piece});
+    result =
+        i == 0 ? piece : formatted(localized(isLast ? "%@ and %@" : "%@, %@"), {result, piece});
   }
-  return others == 0 ? result : formatted(localized("%@ and %@ more"), {result, std::to_string(others)});
+  return others == 0 ? result
+                     : formatted(localized("%@ and %@ more"), {result, std::to_string(others)});
 }
 
 }  // namespace
 
-PortCorrection::PortCorrection(Kind kind, const std::vector<std::string>& pieces, std::size_t others) : kind_(kind) {
+PortCorrection::PortCorrection(Kind kind, const std::vector<std::string>& pieces,
+                               std::size_t others)
+    : kind_(kind) {
   const auto [one, several] = predicate(kind);
-  message_ = formatted(localized(pieces.size() + others == 1 ? one : several), {listed(pieces, others)});
+  message_ =
+      formatted(localized(pieces.size() + others == 1 ? one : several), {listed(pieces, others)});
 }
 
 std::string_view nameOf(PortCorrection::Kind kind) {

@@ -14,8 +14,8 @@ constexpr std::size_t kShownCharacters = 32;
 constexpr char32_t kReplacement = 0xFFFD;
 constexpr char32_t kFullWidthZero = 0xFF10;
 
-// A blank is white space within a line, or a character that takes no room and comes along with pasted
-// text. A line end separates, as a comma does.
+// A blank is white space within a line, or a character that takes no room and comes along with
+// pasted text. A line end separates, as a comma does.
 enum class Meaning : std::uint8_t { digit, dash, blank, separator, other };
 
 struct Signs {
@@ -24,21 +24,22 @@ struct Signs {
   Meaning meaning;
 };
 
-// The signs of all scripts and widths, in ascending order. The wave stands for "to" in East Asian text.
+// The signs of all scripts and widths, in ascending order. The wave stands for "to" in East Asian
+// text.
 constexpr std::array kSigns{
     Signs{U'\t', U'\t', Meaning::blank},       Signs{U'\n', U'\r', Meaning::separator},
     Signs{U' ', U' ', Meaning::blank},         Signs{U',', U',', Meaning::separator},
     Signs{U'-', U'-', Meaning::dash},          Signs{U'0', U'9', Meaning::digit},
     Signs{U';', U';', Meaning::separator},     Signs{0x85, 0x85, Meaning::separator},  // next line
-    Signs{0xA0, 0xA0, Meaning::blank},                                                 // no-break space
-    Signs{0x58A, 0x58A, Meaning::dash},                                                // Armenian hyphen
-    Signs{0x5BE, 0x5BE, Meaning::dash},                                                // Hebrew maqaf
-    Signs{0x60C, 0x60C, Meaning::separator},                                           // Arabic comma
-    Signs{0x61B, 0x61B, Meaning::separator},                                           // Arabic semicolon
-    Signs{0x61C, 0x61C, Meaning::blank},                                               // Arabic letter mark
-    Signs{0x1400, 0x1400, Meaning::dash},                                              // Canadian syllabics hyphen
-    Signs{0x1680, 0x1680, Meaning::blank},                                             // Ogham space
-    Signs{0x1806, 0x1806, Meaning::dash},                                              // Mongolian hyphen
+    Signs{0xA0, 0xA0, Meaning::blank},          // no-break space
+    Signs{0x58A, 0x58A, Meaning::dash},         // Armenian hyphen
+    Signs{0x5BE, 0x5BE, Meaning::dash},         // Hebrew maqaf
+    Signs{0x60C, 0x60C, Meaning::separator},    // Arabic comma
+    Signs{0x61B, 0x61B, Meaning::separator},    // Arabic semicolon
+    Signs{0x61C, 0x61C, Meaning::blank},        // Arabic letter mark
+    Signs{0x1400, 0x1400, Meaning::dash},       // Canadian syllabics hyphen
+    Signs{0x1680, 0x1680, Meaning::blank},      // Ogham space
+    Signs{0x1806, 0x1806, Meaning::dash},       // Mongolian hyphen
     Signs{0x2000, 0x200F, Meaning::blank},      // spaces of all widths, joiners, direction marks
     Signs{0x2010, 0x2015, Meaning::dash},       // hyphens, figure dash, en dash, em dash, bar
     Signs{0x2028, 0x2029, Meaning::separator},  // line and paragraph separator
@@ -67,7 +68,8 @@ constexpr std::array kSigns{
     Signs{0xFF0D, 0xFF0D, Meaning::dash},       // full-width hyphen
     Signs{0xFF10, 0xFF19, Meaning::digit},      // full-width digits
     Signs{0xFF1B, 0xFF1B, Meaning::separator},  // full-width semicolon
-    Signs{0xFF5E, 0xFF5E, Meaning::dash},       // full-width tilde, which some systems type for the wave dash
+    Signs{0xFF5E, 0xFF5E, Meaning::dash},  // full-width tilde, which some systems type for the wave
+                                           // dash
     Signs{0xFF64, 0xFF64, Meaning::separator},  // half-width ideographic comma
     Signs{0x10EAD, 0x10EAD, Meaning::dash},     // Yezidi hyphen
 };
@@ -82,7 +84,8 @@ constexpr Meaning meaningOf(char32_t character) {
 // Most texts are nothing but these, and a pasted one may be long.
 constexpr auto kAsciiMeanings = [] {
   std::array<Meaning, 128> meanings{};
-  for (std::size_t i = 0; i < meanings.size(); ++i) meanings.at(i) = meaningOf(static_cast<char32_t>(i));
+  for (std::size_t i = 0; i < meanings.size(); ++i)
+    meanings.at(i) = meaningOf(static_cast<char32_t>(i));
   return meanings;
 }();
 
@@ -98,14 +101,16 @@ struct Character {
 char32_t scalarOf(std::string_view bytes) {
   const auto lead = static_cast<unsigned char>(bytes.front());
   char32_t scalar = lead & (0x7FU >> bytes.size());
-  for (const char byte : bytes.substr(1)) scalar = scalar << 6 | (static_cast<unsigned char>(byte) & 0x3FU);
+  for (const char byte : bytes.substr(1))
+    scalar = scalar << 6 | (static_cast<unsigned char>(byte) & 0x3FU);
   return scalar;
 }
 
 // The character that a text begins with; the text is not empty.
 Character firstCharacter(std::string_view text) {
   const auto byte = static_cast<unsigned char>(text.front());
-  if (byte < kAsciiMeanings.size()) return {.scalar = byte, .length = 1, .meaning = kAsciiMeanings[byte]};
+  if (byte < kAsciiMeanings.size())
+    return {.scalar = byte, .length = 1, .meaning = kAsciiMeanings[byte]};
   const std::size_t length = foundation::utf8CharacterLength(text);
   if (length == 0) return {};
   const char32_t scalar = scalarOf(text.substr(0, length));
@@ -116,14 +121,18 @@ bool startsWith(std::string_view text, Meaning meaning) {
   return !text.empty() && firstCharacter(text).meaning == meaning;
 }
 
-std::string_view withoutFirst(std::string_view text) { return text.substr(firstCharacter(text).length); }
+std::string_view withoutFirst(std::string_view text) {
+  return text.substr(firstCharacter(text).length);
+}
 
 std::string_view withoutBlanks(std::string_view text) {
   while (startsWith(text, Meaning::blank)) text = withoutFirst(text);
   return text;
 }
 
-bool isControl(char32_t character) { return character < 0x20 || (character >= 0x7F && character < 0xA0); }
+bool isControl(char32_t character) {
+  return character < 0x20 || (character >= 0x7F && character < 0xA0);
+}
 
 enum class State : std::uint8_t { start, first, dash, last, malformed };
 
@@ -135,14 +144,17 @@ State after(State state, Meaning meaning) {
   return meaning == Meaning::dash && state == State::first ? State::dash : State::malformed;
 }
 
-// Whether the blanks before `text` stand next to the dash of a range rather than between two pieces.
+// Whether the blanks before `text` stand next to the dash of a range rather than between two
+// pieces.
 bool blanksBelongToRange(State state, std::string_view text) {
   if (state == State::dash) return startsWith(text, Meaning::digit);
   return state == State::first && startsWith(text, Meaning::dash) &&
          startsWith(withoutBlanks(withoutFirst(text)), Meaning::digit);
 }
 
-void append(std::uint32_t& number, std::uint32_t digit) { number = std::min(number * 10 + digit, kHighestPort + 1); }
+void append(std::uint32_t& number, std::uint32_t digit) {
+  number = std::min(number * 10 + digit, kHighestPort + 1);
+}
 
 }  // namespace
 
@@ -163,7 +175,8 @@ std::string PortsPiece::shown() const {
 }
 
 std::optional<PortsPiece> PortsText::next() {
-  while (startsWith(rest_, Meaning::blank) || startsWith(rest_, Meaning::separator)) rest_ = withoutFirst(rest_);
+  while (startsWith(rest_, Meaning::blank) || startsWith(rest_, Meaning::separator))
+    rest_ = withoutFirst(rest_);
   if (rest_.empty()) return std::nullopt;
 
   PortsPiece piece;

@@ -16,8 +16,8 @@ struct PortsPiece {
   // As it was written.
   std::string_view text;
   Form form = Form::other;
-  // A port is first and last; the ends of a range stand as they were written. Numbers beyond the highest
-  // port are all one above it.
+  // A port is first and last; the ends of a range stand as they were written. Numbers beyond the
+  // highest port are all one above it.
   std::uint32_t first = 0;
   std::uint32_t last = 0;
 

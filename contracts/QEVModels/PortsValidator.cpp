@@ -47,10 +47,12 @@ private:
 class PortSet {
 public:
   // False when the same was inserted before.
-  bool insert(std::uint32_t first, std::uint32_t last) { return items_.insert(first << 16 | last).second; }
+  bool insert(std::uint32_t first, std::uint32_t last) {
+    return items_.insert(first << 16 | last).second;
+  }
 
-  // The normal form: each unbroken run of ports is a range if a range is part of it, and single ports
-  // otherwise.
+  // The normal form: each unbroken run of ports is a range if a range is part of it, and single
+  // ports otherwise.
   std::string text() const {
     std::vector<std::uint32_t> sorted(items_.begin(), items_.end());
     std::ranges::sort(sorted);
@@ -70,7 +72,8 @@ public:
       if (hasRange) {
         append(std::to_string(firstOf(*run)) + '-' + std::to_string(last));
       } else {
-        std::for_each(run, item, [&](std::uint32_t port) { append(std::to_string(firstOf(port))); });
+        std::for_each(run, item,
+                      [&](std::uint32_t port) { append(std::to_string(firstOf(port))); });
       }
     }
     return result;

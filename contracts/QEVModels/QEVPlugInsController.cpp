@@ -25,7 +25,8 @@ void QEVPlugInsController::registerPlugIn(QEVPlugInStructure plugIn) {
 
 void QEVPlugInsController::unregisterPlugIn(foundation::UUID id) {
   const auto unloaded = preferences_.extract(id);
-  if (unloaded) std::erase_if(changed(), [&](const QEVPlugInStructure& plugIn) { return plugIn.id == id; });
+  if (unloaded)
+    std::erase_if(changed(), [&](const QEVPlugInStructure& plugIn) { return plugIn.id == id; });
 }
 
 QEVPlugInsController::PlugIns& QEVPlugInsController::changed() {

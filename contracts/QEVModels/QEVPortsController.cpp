@@ -2,7 +2,8 @@
 
 namespace QEVModels {
 
-const std::shared_ptr<QEVDependencies::QEVPortsControllerProtocol>& QEVPortsController::sharedPortsController() {
+const std::shared_ptr<QEVDependencies::QEVPortsControllerProtocol>&
+QEVPortsController::sharedPortsController() {
   static const std::shared_ptr<QEVDependencies::QEVPortsControllerProtocol> shared =
       std::make_shared<QEVPortsController>();
   return shared;

@@ -10,10 +10,12 @@ namespace zorvantine {
 
 std::vector<AnalyzerDescription> sampleAnalyzers() {
   std::vector<AnalyzerDescription> all;
-  for (const auto group : {linkAnalyzers, internetAnalyzers, transportAnalyzers, networkServiceAnalyzers, webAnalyzers,
-                           mailAnalyzers, fileAnalyzers, mediaAnalyzers}) {
+  for (const auto group :
+       {linkAnalyzers, internetAnalyzers, transportAnalyzers, networkServiceAnalyzers, webAnalyzers,
+        mailAnalyzers, fileAnalyzers, mediaAnalyzers}) {
     auto analyzers = group();
-    all.insert(all.end(), std::move_iterator(analyzers.begin()), std::move_iterator(analyzers.end()));
+    all.insert(all.end(), std::move_iterator(analyzers.begin()),
+               std::move_iterator(analyzers.end()));
   }
   return all;
 }
@@ -23,16 +25,18 @@ AnalyzerDescription syntheticAnalyzer(std::size_t number) {
   const std::string text = std::to_string(number);
   std::array<char, 37> id{};
   std::snprintf(id.data(), id.size(), "00000000-0000-4000-8000-%012zx", number);
-  AnalyzerDescription analyzer{.name = "synthetic" + text,
-                               .id = id.data(),
-                               .title = "Analyzer " + text,
-                               .description = "Made up to see how a long list of analyzers behaves.",
-                               .options = {computeChecksums(), {.name = "trace", .label = "Trace every packet"}},
-                               .preferences = Preferences::settings};
+  AnalyzerDescription analyzer{
+      .name = "synthetic" + text,
+      .id = id.data(),
+      .title = "Analyzer " + text,
+      .description = "Made up to see how a long list of analyzers behaves.",
+      .options = {computeChecksums(), {.name = "trace", .label = "Trace every packet"}},
+      .preferences = Preferences::settings};
   // Several kinds, so that a long list is not all alike.
   analyzer.isColored = number % 3 != 0;
   if (number % 2 == 0) {
-    analyzer.protocols = {{"Protocol " + text, std::to_string(number % portCount + 1), Transport::both}};
+    analyzer.protocols = {
+        {"Protocol " + text, std::to_string(number % portCount + 1), Transport::both}};
   }
   return analyzer;
 }
@@ -46,11 +50,15 @@ OptionDescription resolveAddresses() {
 }
 
 OptionDescription resolveVendors() {
-  return {.name = "resolve_vendors", .label = "Enable MAC to vendor ID resolution", .isOnByDefault = true};
+  return {.name = "resolve_vendors",
+          .label = "Enable MAC to vendor ID resolution",
+          .isOnByDefault = true};
 }
 
 OptionDescription keepCredentialsPrivate() {
-  return {.name = "private_credentials", .label = "Keep usernames and passwords private", .isOnByDefault = true};
+  return {.name = "private_credentials",
+          .label = "Keep usernames and passwords private",
+          .isOnByDefault = true};
 }
 
 }  // namespace zorvantine

@@ -50,7 +50,9 @@ struct AnalyzerDescription {
   std::function<viewkit::View()> extraContent{};
   Preferences preferences = Preferences::settingsAndPorts;
 
-  std::string key(std::string_view ending) const { return "com_velloquin_qev_" + name + '_' + std::string(ending); }
+  std::string key(std::string_view ending) const {
+    return "com_velloquin_qev_" + name + '_' + std::string(ending);
+  }
 };
 
 // The analyzers that the host ships, from the wire upwards.

@@ -28,12 +28,14 @@ kQEVSourceProtocols::Case sourceOf(Transport transport) {
 }
 
 AnalyzerPortsSpec portsOf(const AnalyzerDescription& analyzer) {
-  AnalyzerPortsSpec spec{
-      .networkProtocolKey = analyzer.key("protocols"), .defaultProtocolNames = {}, .defaultPorts = {}};
+  AnalyzerPortsSpec spec{.networkProtocolKey = analyzer.key("protocols"),
+                         .defaultProtocolNames = {},
+                         .defaultPorts = {}};
   for (const auto& [name, ports, transport] : analyzer.protocols) {
     spec.defaultProtocolNames.push_back(name);
     spec.defaultPorts.push_back(std::make_shared<QEVNetworkProtocol>(
-        foundation::UUID::random(), name, ports, sourceOf(transport), std::nullopt, std::nullopt, std::nullopt));
+        foundation::UUID::random(), name, ports, sourceOf(transport), std::nullopt, std::nullopt,
+        std::nullopt));
   }
   return spec;
 }
@@ -49,23 +51,27 @@ AnalyzerSettingsConfig configOf(const AnalyzerDescription& analyzer) {
                               .labelKey = option.label});
   }
   if (analyzer.isColored) {
-    config.color = {.colorKey = analyzer.key("color"), .usesColorKey = analyzer.key("colors_packets")};
+    config.color = {.colorKey = analyzer.key("color"),
+                    .usesColorKey = analyzer.key("colors_packets")};
   }
   if (!analyzer.protocols.empty()) config.ports = portsOf(analyzer);
   config.extraContent = analyzer.extraContent;
   return config;
 }
 
-AnalyzerPreferences::AnalyzerPreferences(const AnalyzerDescription& analyzer, QEVSettings::PreferencesStore& store)
+AnalyzerPreferences::AnalyzerPreferences(const AnalyzerDescription& analyzer,
+                                         QEVSettings::PreferencesStore& store)
     : config_(configOf(analyzer)) {
   if (const auto& ports = config_.ports) {
-    running_ = std::make_unique<RunningAnalyzer>(ports->networkProtocolKey, ports->defaultPorts, store);
+    running_ =
+        std::make_unique<RunningAnalyzer>(ports->networkProtocolKey, ports->defaultPorts, store);
   }
 }
 
 AnalyzerPortsPreferences::AnalyzerPortsPreferences(const AnalyzerDescription& analyzer,
                                                    QEVSettings::PreferencesStore& store)
-    : AnalyzerPreferences(analyzer, store), keepsToItsPorts_(analyzer.preferences == Preferences::settingsAndVetoes) {}
+    : AnalyzerPreferences(analyzer, store),
+      keepsToItsPorts_(analyzer.preferences == Preferences::settingsAndVetoes) {}
 
 void AnalyzerPortsPreferences::replaceProtoocol(const std::shared_ptr<QEVNetworkProtocol>& old,
                                                 const std::shared_ptr<QEVNetworkProtocol>& current,

@@ -22,7 +22,9 @@ public:
   // The store outlives the object.
   AnalyzerPreferences(const AnalyzerDescription& analyzer, QEVSettings::PreferencesStore& store);
 
-  std::optional<QEVDependencies::AnalyzerSettingsConfig> analyzerSettingsConfig() const override { return config_; }
+  std::optional<QEVDependencies::AnalyzerSettingsConfig> analyzerSettingsConfig() const override {
+    return config_;
+  }
 
   // Null for an analyzer that does not go by ports.
   RunningAnalyzer* running() const { return running_.get(); }
@@ -33,12 +35,14 @@ private:
 };
 
 // The preferences object of an analyzer that is told of each changed port besides.
-class AnalyzerPortsPreferences final : public AnalyzerPreferences, public QEVDependencies::QEVPortsPreferencesProtocol {
+class AnalyzerPortsPreferences final : public AnalyzerPreferences,
+                                       public QEVDependencies::QEVPortsPreferencesProtocol {
 public:
-  AnalyzerPortsPreferences(const AnalyzerDescription& analyzer, QEVSettings::PreferencesStore& store);
+  AnalyzerPortsPreferences(const AnalyzerDescription& analyzer,
+                           QEVSettings::PreferencesStore& store);
 
-  // Throws when the description says that the analyzer keeps to its ports and `current` has others, whichever
-  // member changed.
+  // Throws when the description says that the analyzer keeps to its ports and `current` has others,
+  // whichever member changed.
   void replaceProtoocol(const std::shared_ptr<QEVDependencies::QEVNetworkProtocol>& old,
                         const std::shared_ptr<QEVDependencies::QEVNetworkProtocol>& current,
                         QEVDependencies::QEVNetworkProtocolProperty changed) override;

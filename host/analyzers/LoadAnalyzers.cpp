@@ -14,7 +14,8 @@ using QEVDependencies::QEVPreferencesObject;
 namespace {
 
 // There may be a million of these, so that each works out what it is when it is asked.
-class SyntheticPreferences final : public QEVPreferencesObject, public QEVDependencies::QEVPluginPreferencesProtocol {
+class SyntheticPreferences final : public QEVPreferencesObject,
+                                   public QEVDependencies::QEVPluginPreferencesProtocol {
 public:
   explicit SyntheticPreferences(std::size_t number) : number_(number) {}
 
@@ -32,7 +33,8 @@ std::shared_ptr<QEVPreferencesObject> preferencesOf(const AnalyzerDescription& a
     case Preferences::none: return nullptr;
     case Preferences::settings: return std::make_shared<AnalyzerPreferences>(analyzer, store);
     case Preferences::settingsAndPorts:
-    case Preferences::settingsAndVetoes: return std::make_shared<AnalyzerPortsPreferences>(analyzer, store);
+    case Preferences::settingsAndVetoes:
+      return std::make_shared<AnalyzerPortsPreferences>(analyzer, store);
   }
   return nullptr;
 }
@@ -50,9 +52,11 @@ void load(const AnalyzerDescription& analyzer, std::shared_ptr<QEVPreferencesObj
 
 }  // namespace
 
-void loadAnalyzers(std::optional<std::size_t> syntheticCount, QEVSettings::PreferencesStore& store) {
+void loadAnalyzers(std::optional<std::size_t> syntheticCount,
+                   QEVSettings::PreferencesStore& store) {
   if (!syntheticCount) {
-    for (const AnalyzerDescription& analyzer : sampleAnalyzers()) load(analyzer, preferencesOf(analyzer, store));
+    for (const AnalyzerDescription& analyzer : sampleAnalyzers())
+      load(analyzer, preferencesOf(analyzer, store));
     return;
   }
   for (std::size_t number = 1; number <= *syntheticCount; ++number) {

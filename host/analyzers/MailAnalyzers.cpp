@@ -11,7 +11,9 @@ std::vector<AnalyzerDescription> mailAnalyzers() {
           .description = "Follows a message from the first greeting to its acceptance or refusal.",
           .version = "2.7",
           .options = {keepCredentialsPrivate(),
-                      {.name = "message_bodies", .label = "Show message bodies", .isOnByDefault = true}},
+                      {.name = "message_bodies",
+                       .label = "Show message bodies",
+                       .isOnByDefault = true}},
           .protocols = {{"SMTP", "25", Transport::tcp}, {"Submission", "587", Transport::tcp}},
       },
       {
@@ -30,7 +32,9 @@ std::vector<AnalyzerDescription> mailAnalyzers() {
           .description = "Pairs each command with its answers, however many are under way at once.",
           .version = "2.0",
           .options = {keepCredentialsPrivate(),
-                      {.name = "message_bodies", .label = "Show message bodies", .isOnByDefault = true}},
+                      {.name = "message_bodies",
+                       .label = "Show message bodies",
+                       .isOnByDefault = true}},
           .protocols = {{"IMAP", "143", Transport::tcp}},
       },
   };

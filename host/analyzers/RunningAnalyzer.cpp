@@ -44,7 +44,8 @@ RunningAnalyzer::RunningAnalyzer(std::string protocolsKey, QEVNetworkProtocolLis
   readList();
 }
 
-void RunningAnalyzer::replace(const QEVNetworkProtocol& old, const std::shared_ptr<QEVNetworkProtocol>& current) {
+void RunningAnalyzer::replace(const QEVNetworkProtocol& old,
+                              const std::shared_ptr<QEVNetworkProtocol>& current) {
   const auto saysTheSame = [&](const std::shared_ptr<QEVNetworkProtocol>& watched) {
     return watched->protocolName.get() == old.protocolName.get() &&
            watched->protocolPorts.get() == old.protocolPorts.get() &&
@@ -60,7 +61,8 @@ void RunningAnalyzer::replace(const QEVNetworkProtocol& old, const std::shared_p
 
 void RunningAnalyzer::returnToFactoryList() { protocols_ = copyOf(factoryList_); }
 
-// Both notifications are posted for every analyzer's change, so most find this one's list as it was.
+// Both notifications are posted for every analyzer's change, so most find this one's list as it
+// was.
 void RunningAnalyzer::readList() {
   auto stored = store_.objectForKey(protocolsKey_);
   if (stored == readFrom_) return;

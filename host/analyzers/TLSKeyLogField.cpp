@@ -10,7 +10,8 @@ using namespace viewkit;
 
 View TLSKeyLogField::body() const {
   const std::string label = "Log of session keys";
-  const View field = TextField({.placeholder = "The file that SSLKEYLOGFILE names"}, file.binding());
+  const View field =
+      TextField({.placeholder = "The file that SSLKEYLOGFILE names"}, file.binding());
   return HStack({.spacing = 12}, {Text(label), field.accessibilityLabel(label)});
 }
 

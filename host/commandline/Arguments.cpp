@@ -14,12 +14,14 @@ Outcome takeOperands(std::string_view command, const std::vector<std::string_vie
                      const std::vector<Operand>& operands) {
   const bool repeats = !operands.empty() && operands.back().repeats;
   const std::size_t needed = operands.size() - (repeats ? 1 : 0);
-  if (words.size() < needed) return Error{std::string(command) + " needs " + std::string(operands[words.size()].needs)};
+  if (words.size() < needed)
+    return Error{std::string(command) + " needs " + std::string(operands[words.size()].needs)};
   if (words.size() > needed && !repeats) {
     return Error{std::string(command) + " has no use for “" + std::string(words[needed]) + "”"};
   }
   for (std::size_t at = 0; at < words.size(); ++at) {
-    if (auto outcome = operands[std::min(at, operands.size() - 1)].take(words[at]); !outcome) return outcome;
+    if (auto outcome = operands[std::min(at, operands.size() - 1)].take(words[at]); !outcome)
+      return outcome;
   }
   return done();
 }
@@ -27,12 +29,15 @@ Outcome takeOperands(std::string_view command, const std::vector<std::string_vie
 }  // namespace
 
 Outcome readArguments(std::string_view command, Words words, const Arguments& arguments) {
-  const auto wrong = [command](const std::string& message) { return Error{std::string(command) + ": " + message}; };
+  const auto wrong = [command](const std::string& message) {
+    return Error{std::string(command) + ": " + message};
+  };
   std::vector<std::string_view> operands;
   for (std::size_t at = 0; at < words.size(); ++at) {
     const std::string_view word = words[at];
     if (word == "--") {
-      operands.insert(operands.end(), words.begin() + static_cast<std::ptrdiff_t>(at) + 1, words.end());
+      operands.insert(operands.end(), words.begin() + static_cast<std::ptrdiff_t>(at) + 1,
+                      words.end());
       break;
     }
     if (word.size() < 2 || word.front() != '-') {

@@ -51,7 +51,8 @@ struct Arguments {
 // Reads the words that follow a command's name. An option's value is the next word, whatever it
 // looks like, or is joined to the option by "=". Options may stand anywhere, and "--" ends them. A
 // lone "-" is an operand.
-foundation::Outcome readArguments(std::string_view command, Words words, const Arguments& arguments);
+foundation::Outcome readArguments(std::string_view command, Words words,
+                                  const Arguments& arguments);
 
 // "one", "one or two", "one, two or three".
 std::string alternatives(const std::vector<std::string_view>& names);
@@ -78,8 +79,8 @@ Option choice(std::string_view name, std::string_view value, std::string_view he
       }
       known.push_back(choice);
     }
-    return foundation::Outcome(
-        foundation::Error{std::string(name) + " is " + alternatives(known) + ", not “" + std::string(word) + "”"});
+    return foundation::Outcome(foundation::Error{std::string(name) + " is " + alternatives(known) +
+                                                 ", not “" + std::string(word) + "”"});
   };
   return {.name = name, .value = value, .help = help, .take = take};
 }

@@ -15,7 +15,8 @@ constexpr std::size_t kColumn = 35;
 constexpr std::size_t kNarrowColumn = 24;
 
 // Appends words to a line that is so long already, and begins the following lines at a column.
-void appendWrapped(std::string& text, std::string_view words, std::size_t lineLength, std::size_t column) {
+void appendWrapped(std::string& text, std::string_view words, std::size_t lineLength,
+                   std::size_t column) {
   while (!words.empty()) {
     const std::size_t end = std::min(words.find(' '), words.size());
     const std::string_view word = words.substr(0, end);
@@ -35,7 +36,8 @@ void appendWrapped(std::string& text, std::string_view words, std::size_t lineLe
 
 // "  WHAT     what it means", the meaning in a column of its own, below when there is no room
 // beside.
-void appendRow(std::string& text, const std::string& what, std::string_view meaning, std::size_t column) {
+void appendRow(std::string& text, const std::string& what, std::string_view meaning,
+               std::size_t column) {
   std::string line = "  " + what;
   if (line.size() + 1 > column) {
     text += "  ";

@@ -39,14 +39,15 @@ std::string synopsis(const CommandEntry& entry) {
     if (option.presence == Presence::required) text += ' ' + nameAndValue(option);
   }
   for (const Operand& operand : arguments.operands) {
-    text += operand.repeats ? " [" + std::string(operand.name) + "...]" : ' ' + std::string(operand.name);
+    text += operand.repeats ? " [" + std::string(operand.name) + "...]"
+                            : ' ' + std::string(operand.name);
   }
   if (const std::string choice = oneOf(arguments.options); !choice.empty()) text += ' ' + choice;
   for (const Option& option : arguments.options) {
     if (option.presence == Presence::optional) text += " [" + nameAndValue(option) + ']';
   }
-  const bool hasWindow =
-      std::ranges::any_of(arguments.options, [](const Option& option) { return option.presence == Presence::window; });
+  const bool hasWindow = std::ranges::any_of(
+      arguments.options, [](const Option& option) { return option.presence == Presence::window; });
   return hasWindow ? text + " [WINDOW]" : text;
 }
 

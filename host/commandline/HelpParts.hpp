@@ -23,7 +23,8 @@ inline constexpr std::array<std::pair<std::string_view, std::string_view>, 4> kE
      {"1", "There is no such key, or some of the ports were left out."},
      {"2", "The command line is wrong."},
      {"3",
-      "The store or a file could not be read or written. A command that reads gives this too when --store names a "
+      "The store or a file could not be read or written. A command that reads gives this too when "
+      "--store names a "
       "file that is not there; the person's own store is empty until something is stored."}}};
 
 // "--format text|json".

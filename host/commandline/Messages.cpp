@@ -15,7 +15,8 @@ namespace {
 void writeLogEntry(const QEVLog::LogEntry& entry) {
   QEVLog::LogEntry line = entry;
   line.terminator.clear();
-  std::cerr << onOneLine(entry.filename + ':' + std::to_string(entry.line) + ' ' + entry.function + ": " + line.text())
+  std::cerr << onOneLine(entry.filename + ':' + std::to_string(entry.line) + ' ' + entry.function +
+                         ": " + line.text())
             << entry.terminator << std::flush;
 }
 
@@ -33,7 +34,9 @@ Messages::~Messages() {
 
 void Messages::say(std::string_view message) {
   const std::scoped_lock lock(mutex_);
-  const auto includesMessage = [&](const std::string& said) { return said.find(message) != std::string::npos; };
+  const auto includesMessage = [&](const std::string& said) {
+    return said.find(message) != std::string::npos;
+  };
   if (message.empty() || std::ranges::any_of(said_, includesMessage)) return;
   said_.emplace_back(message);
   std::cerr << "zorvantine: " << onOneLine(message) << std::endl;

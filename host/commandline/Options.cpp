@@ -30,7 +30,8 @@ std::size_t commandPosition(Words words) {
 Error noSuchCommand(std::string_view word) {
   std::vector<std::string_view> known;
   for (const CommandEntry& entry : commandTable()) {
-    if (entry.name.starts_with(std::string(word) + " ")) known.push_back(entry.name.substr(word.size() + 1));
+    if (entry.name.starts_with(std::string(word) + " "))
+      known.push_back(entry.name.substr(word.size() + 1));
   }
   if (known.empty()) return Error{"there is no command “" + std::string(word) + "”"};
   return Error{std::string(word) + " needs " + alternatives(known) + " after it"};
@@ -40,14 +41,16 @@ Error noSuchCommand(std::string_view word) {
 template <class Command>
 Options plain(Command command) {
   auto values = std::make_shared<Command>(std::move(command));
-  return {.invocation = {
-              .arguments = {}, .run = [values](Console& console) { return run(*values, console); }, .command = values}};
+  return {.invocation = {.arguments = {},
+                         .run = [values](Console& console) { return run(*values, console); },
+                         .command = values}};
 }
 
 Result<Options> parseCommand(const CommandEntry& entry, Words words, bool isNamed) {
   Invocation invocation = entry.prepare();
   ProgramOptions program;
-  for (Option& option : programOptions(program)) invocation.arguments.options.push_back(std::move(option));
+  for (Option& option : programOptions(program))
+    invocation.arguments.options.push_back(std::move(option));
   const Outcome outcome = readArguments(entry.name, words, invocation.arguments);
   if (program.wantsHelp) return plain(HelpCommand{.topic = isNamed ? std::string(entry.name) : ""});
   if (!outcome) return outcome.error();
@@ -64,7 +67,8 @@ std::vector<Option> programOptions(ProgramOptions& options) {
   Option shortHelp = flag("-h", {}, options.wantsHelp, true);
   return {{.name = "--store",
            .value = "FILE",
-           .help = "Use another store than $XDG_CONFIG_HOME/zorvantine/preferences.sqlite (in ~/.config without "
+           .help = "Use another store than $XDG_CONFIG_HOME/zorvantine/preferences.sqlite (in "
+                   "~/.config without "
                    "XDG_CONFIG_HOME). Commands that change preferences make it when it is missing.",
            .take =
                [&options](std::string_view value) {
@@ -72,7 +76,8 @@ std::vector<Option> programOptions(ProgramOptions& options) {
                  options.store = value;
                  return done();
                }},
-          flag("--help", "Print help on the command, or on everything without one.", options.wantsHelp, true),
+          flag("--help", "Print help on the command, or on everything without one.",
+               options.wantsHelp, true),
           std::move(shortHelp),
           flag("--version", "Print the version.", options.wantsVersion, true)};
 }
@@ -80,12 +85,15 @@ std::vector<Option> programOptions(ProgramOptions& options) {
 Result<Options> parseOptions(Words words) {
   std::vector<std::string_view> rest(words.begin(), words.end());
   const auto first = rest.begin() + static_cast<std::ptrdiff_t>(commandPosition(words));
-  if (first == rest.end() || first->starts_with('-')) return parseCommand(commandTable().front(), rest, false);
+  if (first == rest.end() || first->starts_with('-'))
+    return parseCommand(commandTable().front(), rest, false);
 
   const std::string_view word = *first;
-  const std::string both = std::string(word) + ' ' + std::string(first + 1 != rest.end() ? first[1] : "");
-  const auto found = std::ranges::find_if(
-      commandTable(), [&](const CommandEntry& entry) { return entry.name == word || entry.name == both; });
+  const std::string both =
+      std::string(word) + ' ' + std::string(first + 1 != rest.end() ? first[1] : "");
+  const auto found = std::ranges::find_if(commandTable(), [&](const CommandEntry& entry) {
+    return entry.name == word || entry.name == both;
+  });
   if (found == commandTable().end()) {
     const bool wantsHelp = first + 1 != rest.end() && (first[1] == "--help" || first[1] == "-h");
     if (wantsHelp) return plain(HelpCommand{.topic = std::string(word)});

@@ -36,7 +36,8 @@ void writePreference(JSONWriter& writer, const PreferenceValue& value) {
       return;
     case PreferenceValue::Type::dictionary:
       writer.beginObject();
-      for (const auto& [key, element] : *value.asDictionary()) writePreference(writer.name(key), element);
+      for (const auto& [key, element] : *value.asDictionary())
+        writePreference(writer.name(key), element);
       writer.endObject();
       return;
   }

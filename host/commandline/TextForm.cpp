@@ -19,15 +19,15 @@ using QEVSettings::PreferenceValue;
 
 namespace {
 
-// C0, DEL and C1 controls, the two separators that terminals take for line ends, and the characters that
-// change the direction in which the text around them is shown.
+// C0, DEL and C1 controls, the two separators that terminals take for line ends, and the characters
+// that change the direction in which the text around them is shown.
 bool isControl(std::string_view character) {
   const auto first = static_cast<std::uint8_t>(character[0]);
   if (character.size() == 1) return first < 0x20 || first == 0x7F;
   if (character.size() == 2 && first == 0xC2) return static_cast<std::uint8_t>(character[1]) < 0xA0;
-  constexpr std::array<std::string_view, 14> others{"\u2028", "\u2029", "\u061C", "\u200E", "\u200F",
-                                                    "\u202A", "\u202B", "\u202C", "\u202D", "\u202E",
-                                                    "\u2066", "\u2067", "\u2068", "\u2069"};
+  constexpr std::array<std::string_view, 14> others{
+      "\u2028", "\u2029", "\u061C", "\u200E", "\u200F", "\u202A", "\u202B",
+      "\u202C", "\u202D", "\u202E", "\u2066", "\u2067", "\u2068", "\u2069"};
   return std::ranges::find(others, character) != others.end();
 }
 
@@ -114,10 +114,10 @@ std::string textForm(PreferenceValue::Date date) {
   const year_month_day calendar(day);
   const hh_mm_ss time(microsecond - day);
   std::array<char, 48> buffer{};
-  std::snprintf(buffer.data(), buffer.size(), "%04d-%02u-%02uT%02d:%02d:%02d", static_cast<int>(calendar.year()),
-                static_cast<unsigned>(calendar.month()), static_cast<unsigned>(calendar.day()),
-                static_cast<int>(time.hours().count()), static_cast<int>(time.minutes().count()),
-                static_cast<int>(time.seconds().count()));
+  std::snprintf(buffer.data(), buffer.size(), "%04d-%02u-%02uT%02d:%02d:%02d",
+                static_cast<int>(calendar.year()), static_cast<unsigned>(calendar.month()),
+                static_cast<unsigned>(calendar.day()), static_cast<int>(time.hours().count()),
+                static_cast<int>(time.minutes().count()), static_cast<int>(time.seconds().count()));
   std::string text = buffer.data();
   if (const auto fraction = time.subseconds().count(); fraction > 0) {
     std::snprintf(buffer.data(), buffer.size(), ".%06d", static_cast<int>(fraction));

@@ -29,7 +29,8 @@ Result<PreferenceValue> readNumber(std::string_view text, const char* what) {
   const auto [stop, error] = std::from_chars(text.data(), end, number);
   if (error == std::errc::result_out_of_range)
     return Error{"“" + std::string(text) + "” is beyond the limits of " + what};
-  if (error != std::errc() || stop != end) return Error{"“" + std::string(text) + "” is not " + what};
+  if (error != std::errc() || stop != end)
+    return Error{"“" + std::string(text) + "” is not " + what};
   return PreferenceValue(number);
 }
 
@@ -47,7 +48,8 @@ Result<PreferenceValue> readBoolean(std::string_view text) {
 }
 
 Result<PreferenceValue> readText(std::string_view text) {
-  if (!foundation::isValidUtf8(text)) return Error{"the text is not UTF-8; use --data for other bytes"};
+  if (!foundation::isValidUtf8(text))
+    return Error{"the text is not UTF-8; use --data for other bytes"};
   return PreferenceValue(text);
 }
 
@@ -78,7 +80,8 @@ std::optional<double> takeFraction(std::string_view& text) {
   const std::size_t digits = std::min(text.find_first_not_of("0123456789"), text.size());
   double fraction = 0;
   const std::string number = "0." + std::string(text.substr(0, digits));
-  if (digits == 0 || std::from_chars(number.data(), number.data() + number.size(), fraction).ec != std::errc()) {
+  if (digits == 0 ||
+      std::from_chars(number.data(), number.data() + number.size(), fraction).ec != std::errc()) {
     return std::nullopt;
   }
   text.remove_prefix(digits);
@@ -97,11 +100,13 @@ std::optional<PreferenceValue::Date> dateOf(std::string_view text) {
   }
   std::optional<double> fraction = 0.0;
   if (takeCharacter(text, '.')) fraction = takeFraction(text);
-  const year_month_day day{year(static_cast<int>(parts[0])), month(parts[1]), std::chrono::day(parts[2])};
+  const year_month_day day{year(static_cast<int>(parts[0])), month(parts[1]),
+                           std::chrono::day(parts[2])};
   const bool isTime = parts[3] < 24 && parts[4] < 60 && parts[5] < 60;
   if (!fraction || text != "Z" || !day.ok() || !isTime) return std::nullopt;
   const sys_seconds whole = sys_days(day) + hours(parts[3]) + minutes(parts[4]) + seconds(parts[5]);
-  return PreferenceValue::Date(duration<double>(static_cast<double>(whole.time_since_epoch().count()) + *fraction));
+  return PreferenceValue::Date(
+      duration<double>(static_cast<double>(whole.time_since_epoch().count()) + *fraction));
 }
 
 Result<PreferenceValue> readDate(std::string_view text) {
@@ -145,7 +150,8 @@ Result<PreferenceValue> valueOf(const JSON& json) {
         if (const auto integer = json.asInteger()) return PreferenceValue(*integer);
       }
       if (const auto real = json.asReal()) return PreferenceValue(*real);
-      return Error{"the number " + std::string(*json.numberText()) + " is beyond the limits of a real number"};
+      return Error{"the number " + std::string(*json.numberText()) +
+                   " is beyond the limits of a real number"};
   }
   return Error{"null is no value of a preference; use prefs delete to remove a key"};
 }

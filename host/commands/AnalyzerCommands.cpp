@@ -5,15 +5,18 @@ namespace zorvantine {
 
 namespace {
 
-Arguments analyzersArguments(ListAnalyzersCommand& command) { return {.options = {formatOption(command.format)}}; }
+Arguments analyzersArguments(ListAnalyzersCommand& command) {
+  return {.options = {formatOption(command.format)}};
+}
 
 Arguments validateArguments(ValidatePortsCommand& command) {
   return {.options = {formatOption(command.format)},
-          .operands = {
-              {.name = "TEXT", .needs = "a TEXT, or - for standard input", .take = [&command](std::string_view word) {
-                 command.text = word;
-                 return foundation::done();
-               }}}};
+          .operands = {{.name = "TEXT",
+                        .needs = "a TEXT, or - for standard input",
+                        .take = [&command](std::string_view word) {
+                          command.text = word;
+                          return foundation::done();
+                        }}}};
 }
 
 }  // namespace
@@ -27,7 +30,8 @@ std::vector<CommandEntry> analyzerCommands() {
               analyzersArguments),
       command({.name = "ports validate",
                .chapter = Chapter::analyzers,
-               .help = "Put a list of ports in order. A TEXT of - is read from standard input. Exits with 1 when "
+               .help = "Put a list of ports in order. A TEXT of - is read from standard input. "
+                       "Exits with 1 when "
                        "something was left out."},
               validateArguments),
   };

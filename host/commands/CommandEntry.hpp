@@ -24,7 +24,9 @@ enum class StoreUse {
 };
 
 // Whether the command opens the store.
-constexpr bool opensStore(StoreUse use) { return use != StoreUse::none && use != StoreUse::inspects; }
+constexpr bool opensStore(StoreUse use) {
+  return use != StoreUse::none && use != StoreUse::inspects;
+}
 
 // The chapters of help and of the manual.
 enum class Chapter { window, preferences, analyzers, help };

@@ -5,7 +5,8 @@ namespace zorvantine {
 const std::vector<CommandEntry>& commandTable() {
   static const std::vector<CommandEntry> table = [] {
     std::vector<CommandEntry> all;
-    for (auto* const chapter : {windowCommands, preferencesCommands, analyzerCommands, helpCommands}) {
+    for (auto* const chapter :
+         {windowCommands, preferencesCommands, analyzerCommands, helpCommands}) {
       for (CommandEntry& entry : chapter()) all.push_back(std::move(entry));
     }
     return all;

@@ -29,7 +29,9 @@ struct Console {
   bool outIsTerminal = false;
 
   // The process's store, open before a command runs that opens it.
-  static foundation::UserDefaults& store() { return foundation::UserDefaults::standardUserDefaults(); }
+  static foundation::UserDefaults& store() {
+    return foundation::UserDefaults::standardUserDefaults();
+  }
 };
 
 struct SettingsCommand {

@@ -11,7 +11,8 @@
 namespace zorvantine {
 
 Failed run(const DescribeCommand& command, Console& console) {
-  // Showing a page migrates the store and selects an analyzer. The person's own store is left as it is.
+  // Showing a page migrates the store and selects an analyzer. The person's own store is left as it
+  // is.
   const auto store = Console::store().copyInMemory();
   sparkle::UpdaterConfiguration updates;
   updates.store = store.get();

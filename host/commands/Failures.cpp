@@ -5,14 +5,17 @@ namespace zorvantine {
 
 Failed storeFailure(const foundation::UserDefaults& store) {
   const auto opening = store.opening();
-  if (opening.outcome == QEVSettings::StoreOpening::Outcome::inMemory) return Failure{.message = opening.message};
-  if (const auto status = store.status()) return Failure{.code = ExitCode::unavailable, .message = status->message};
+  if (opening.outcome == QEVSettings::StoreOpening::Outcome::inMemory)
+    return Failure{.message = opening.message};
+  if (const auto status = store.status())
+    return Failure{.code = ExitCode::unavailable, .message = status->message};
   return std::nullopt;
 }
 
 Failure noSuchKey(std::string_view key) {
   return {.code = ExitCode::noSuchKey,
-          .message = "there is no key “" + std::string(key) + "”; prefs list shows those that there are"};
+          .message =
+              "there is no key “" + std::string(key) + "”; prefs list shows those that there are"};
 }
 
 }  // namespace zorvantine

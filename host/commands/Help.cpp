@@ -8,7 +8,8 @@ namespace zorvantine {
 
 Failed run(const HelpCommand& command, Console& console) {
   std::string text;
-  if (command.topic.empty()) text = command.format == HelpFormat::manual ? manualText() : helpText();
+  if (command.topic.empty())
+    text = command.format == HelpFormat::manual ? manualText() : helpText();
   for (const CommandEntry& entry : commandTable()) {
     const bool isMeant = entry.name == command.topic || entry.name.starts_with(command.topic + " ");
     if (command.topic.empty() || !isMeant) continue;
@@ -17,7 +18,8 @@ Failed run(const HelpCommand& command, Console& console) {
   }
   if (text.empty()) {
     return Failure{.code = ExitCode::usage,
-                   .message = "there is no command “" + command.topic + "”; zorvantine --help shows what there is"};
+                   .message = "there is no command “" + command.topic +
+                              "”; zorvantine --help shows what there is"};
   }
   console.out << text;
   return std::nullopt;

@@ -8,13 +8,15 @@ namespace zorvantine {
 namespace {
 
 Arguments helpArguments(HelpCommand& command) {
-  return {.options = {choice<HelpFormat>("--format", "text|man", "Print text, or that part of the manual page.",
-                                         command.format, {{"text", HelpFormat::text}, {"man", HelpFormat::manual}})},
+  return {.options = {choice<HelpFormat>(
+              "--format", "text|man", "Print text, or that part of the manual page.",
+              command.format, {{"text", HelpFormat::text}, {"man", HelpFormat::manual}})},
           .operands = {{.name = "COMMAND",
                         .needs = {},
                         .take =
                             [&command](std::string_view word) {
-                              command.topic += (command.topic.empty() ? "" : " ") + std::string(word);
+                              command.topic +=
+                                  (command.topic.empty() ? "" : " ") + std::string(word);
                               return foundation::done();
                             },
                         .repeats = true}}};
@@ -23,7 +25,9 @@ Arguments helpArguments(HelpCommand& command) {
 }  // namespace
 
 std::vector<CommandEntry> helpCommands() {
-  return {command({.name = "help", .chapter = Chapter::help, .help = "Print help, on everything or on one command."},
+  return {command({.name = "help",
+                   .chapter = Chapter::help,
+                   .help = "Print help, on everything or on one command."},
                   helpArguments)};
 }
 

@@ -31,8 +31,10 @@ Failed run(const ImportPreferencesCommand& command, Console& console) {
   if (const auto outcome = Console::store().applyAll(current->values); !outcome) {
     return Failure{.message = outcome.error().message};
   }
-  console.out << "Imported " << current->values.size() << (current->values.size() == 1 ? " key" : " keys");
-  if (current->rewritten > 0) console.out << ", of which " << current->rewritten << " were brought up to date";
+  console.out << "Imported " << current->values.size()
+              << (current->values.size() == 1 ? " key" : " keys");
+  if (current->rewritten > 0)
+    console.out << ", of which " << current->rewritten << " were brought up to date";
   console.out << ".\n";
   return std::nullopt;
 }

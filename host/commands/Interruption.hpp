@@ -4,8 +4,8 @@
 
 namespace zorvantine {
 
-// While it lives, SIGHUP, SIGINT and SIGTERM do not end the process but make a descriptor readable. A signal
-// that the process was started to ignore, as nohup does with SIGHUP, stays ignored.
+// While it lives, SIGHUP, SIGINT and SIGTERM do not end the process but make a descriptor readable.
+// A signal that the process was started to ignore, as nohup does with SIGHUP, stays ignored.
 class Interruption {
 public:
   Interruption();

@@ -23,8 +23,8 @@ using QEVDependencies::QEVPlugInStructure;
 namespace {
 
 std::optional<AnalyzerSettingsConfig> configOf(const QEVPlugInStructure& plugIn) {
-  const auto preferences =
-      std::dynamic_pointer_cast<QEVPluginPreferencesProtocol>(plugIn.plugInPreferencesInstance.lock());
+  const auto preferences = std::dynamic_pointer_cast<QEVPluginPreferencesProtocol>(
+      plugIn.plugInPreferencesInstance.lock());
   return preferences ? preferences->analyzerSettingsConfig() : std::nullopt;
 }
 
@@ -39,7 +39,8 @@ std::string_view transportOf(const QEVNetworkProtocol& protocol) {
 
 // What the store lists now, which is what the analyzer goes by.
 QEVNetworkProtocolList currentList(const QEVDependencies::AnalyzerPortsSpec& ports) {
-  return QEVModels::AnalyzerPortsStore(ports.networkProtocolKey, Console::store()).decode(ports.defaultPorts);
+  return QEVModels::AnalyzerPortsStore(ports.networkProtocolKey, Console::store())
+      .decode(ports.defaultPorts);
 }
 
 bool isOn(const std::string& key, bool whenAbsent) {
@@ -47,8 +48,8 @@ bool isOn(const std::string& key, bool whenAbsent) {
 }
 
 void printText(const QEVPlugInStructure& plugIn, std::ostream& out) {
-  out << onOneLine(plugIn.plugInTitle) << ' ' << onOneLine(plugIn.plugInVersion) << "  " << plugIn.id.text() << "\n  "
-      << onOneLine(plugIn.plugInDescription) << '\n';
+  out << onOneLine(plugIn.plugInTitle) << ' ' << onOneLine(plugIn.plugInVersion) << "  "
+      << plugIn.id.text() << "\n  " << onOneLine(plugIn.plugInDescription) << '\n';
   const auto config = configOf(plugIn);
   if (!config) {
     out << "  nothing to configure\n";
@@ -56,18 +57,19 @@ void printText(const QEVPlugInStructure& plugIn, std::ostream& out) {
   }
   if (config->color) {
     out << "  coloring: " << (isOn(config->color->usesColorKey, false) ? "on" : "off") << "  "
-        << onOneLine(config->color->colorKey) << ", " << onOneLine(config->color->usesColorKey) << '\n';
+        << onOneLine(config->color->colorKey) << ", " << onOneLine(config->color->usesColorKey)
+        << '\n';
   }
   for (const auto& toggle : config->toggles) {
     out << "  option: " << onOneLine(toggle.labelKey) << ": "
-        << (isOn(toggle.defaultsKey, toggle.defaultValue) ? "on" : "off") << "  " << onOneLine(toggle.defaultsKey)
-        << '\n';
+        << (isOn(toggle.defaultsKey, toggle.defaultValue) ? "on" : "off") << "  "
+        << onOneLine(toggle.defaultsKey) << '\n';
   }
   if (!config->ports) return;
   out << "  ports: " << onOneLine(config->ports->networkProtocolKey) << '\n';
   for (const auto& protocol : currentList(*config->ports)) {
-    out << "    " << onOneLine(protocol->protocolName.get()) << ": " << onOneLine(protocol->protocolPorts.get()) << ' '
-        << transportOf(*protocol) << '\n';
+    out << "    " << onOneLine(protocol->protocolName.get()) << ": "
+        << onOneLine(protocol->protocolPorts.get()) << ' ' << transportOf(*protocol) << '\n';
   }
 }
 
@@ -111,7 +113,10 @@ void writeConfig(JSONWriter& writer, const AnalyzerSettingsConfig& config) {
 
 void writeAnalyzer(JSONWriter& writer, const QEVPlugInStructure& plugIn) {
   writer.beginObject().name("id").string(plugIn.id.text()).name("title").string(plugIn.plugInTitle);
-  writer.name("description").string(plugIn.plugInDescription).name("author").string(plugIn.plugInAuthor);
+  writer.name("description")
+      .string(plugIn.plugInDescription)
+      .name("author")
+      .string(plugIn.plugInAuthor);
   writer.name("version").string(plugIn.plugInVersion);
   writeConfig(writer, configOf(plugIn).value_or(AnalyzerSettingsConfig{}));
   writer.endObject();

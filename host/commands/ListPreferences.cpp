@@ -37,7 +37,8 @@ void printJSON(const PreferenceDictionary& preferences, std::ostream& out) {
 Failed run(const ListPreferencesCommand& command, Console& console) {
   const PreferenceDictionary preferences = Console::store().dictionaryRepresentation();
   if (auto failure = storeFailure(Console::store())) return failure;
-  command.format == OutputFormat::json ? printJSON(preferences, console.out) : printText(preferences, console.out);
+  command.format == OutputFormat::json ? printJSON(preferences, console.out)
+                                       : printText(preferences, console.out);
   return std::nullopt;
 }
 

@@ -5,15 +5,18 @@
 namespace zorvantine {
 
 Failed run(const SettingsCommand&, Console&) {
-  return Failure{.message = "this build has no window; use describe and prefs, or build zorvantine with Qt"};
+  return Failure{
+      .message = "this build has no window; use describe and prefs, or build zorvantine with Qt"};
 }
 
 Failed run(const RunCommand&, Console&) {
-  return Failure{.message = "this build has no window; use describe and prefs, or build zorvantine with Qt"};
+  return Failure{
+      .message = "this build has no window; use describe and prefs, or build zorvantine with Qt"};
 }
 
 Failed run(const SnapshotCommand&, Console&) {
-  return Failure{.message = "this build cannot draw the window; use describe, or build zorvantine with Qt"};
+  return Failure{
+      .message = "this build cannot draw the window; use describe, or build zorvantine with Qt"};
 }
 
 }  // namespace zorvantine

@@ -7,10 +7,13 @@ namespace zorvantine {
 
 Failed run(const RunCommand& command, Console&) {
   if (!qt::Application::hasDisplay()) {
-    return Failure{.message = "no display can be reached to open the window on; set DISPLAY or WAYLAND_DISPLAY"};
+    return Failure{
+        .message =
+            "no display can be reached to open the window on; set DISPLAY or WAYLAND_DISPLAY"};
   }
   const Interruption interruption;
-  DesktopHost(command.window, Console::store(), qt::Application::Display::screen).runMainWindow(interruption);
+  DesktopHost(command.window, Console::store(), qt::Application::Display::screen)
+      .runMainWindow(interruption);
   return std::nullopt;
 }
 

@@ -14,7 +14,9 @@ namespace {
 
 constexpr const char* kPicturesFolder = "zorvantine-settings";
 
-void tell(const std::string& message) { std::cerr << "zorvantine: " << onOneLine(message) << std::endl; }
+void tell(const std::string& message) {
+  std::cerr << "zorvantine: " << onOneLine(message) << std::endl;
+}
 
 }  // namespace
 
@@ -22,15 +24,16 @@ Failed run(const SettingsCommand& command, Console&) {
   auto& store = Console::store();
   if (!qt::Application::hasDisplay()) {
     if (auto failure = storeFailure(store)) return failure;
-    tell(std::string("no display can be reached, so the window is drawn into the folder ") + kPicturesFolder +
-         "; set DISPLAY or WAYLAND_DISPLAY to open it");
+    tell(std::string("no display can be reached, so the window is drawn into the folder ") +
+         kPicturesFolder + "; set DISPLAY or WAYLAND_DISPLAY to open it");
     SnapshotCommand snapshot;
     snapshot.folder = kPicturesFolder;
     snapshot.window = command.window;
     return takeSnapshots(snapshot, *store.copyInMemory());
   }
   const Interruption interruption;
-  DesktopHost(command.window, store, qt::Application::Display::screen).run(command.tab, interruption);
+  DesktopHost(command.window, store, qt::Application::Display::screen)
+      .run(command.tab, interruption);
   return std::nullopt;
 }
 

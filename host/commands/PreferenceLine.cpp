@@ -26,7 +26,8 @@ std::string readableForm(const PreferenceValue& value) {
 
 }  // namespace
 
-std::string preferenceLine(std::string_view key, const std::optional<PreferenceValue>& value, std::size_t keyWidth) {
+std::string preferenceLine(std::string_view key, const std::optional<PreferenceValue>& value,
+                           std::size_t keyWidth) {
   std::string line = onOneLine(key);
   fillTo(line, keyWidth);
   if (!value) return line + "removed";

@@ -22,11 +22,17 @@ Operand fileOperand(std::filesystem::path& file) {
           }};
 }
 
-Arguments listArguments(ListPreferencesCommand& command) { return {.options = {formatOption(command.format)}}; }
+Arguments listArguments(ListPreferencesCommand& command) {
+  return {.options = {formatOption(command.format)}};
+}
 
-Arguments getArguments(GetPreferenceCommand& command) { return {.operands = {keyOperand(command.key)}}; }
+Arguments getArguments(GetPreferenceCommand& command) {
+  return {.operands = {keyOperand(command.key)}};
+}
 
-Arguments deleteArguments(DeletePreferenceCommand& command) { return {.operands = {keyOperand(command.key)}}; }
+Arguments deleteArguments(DeletePreferenceCommand& command) {
+  return {.operands = {keyOperand(command.key)}};
+}
 
 Option valueOption(std::string_view name, std::string_view help, PreferenceValue::Type type,
                    SetPreferenceCommand& command) {
@@ -64,21 +70,26 @@ Arguments setArguments(SetPreferenceCommand& command) {
                       valueOption("--bool", "true or false.", Type::boolean, command),
                       valueOption("--real", "A number, inf or -inf.", Type::real, command),
                       valueOption("--data", "Bytes, in base64.", Type::data, command),
-                      valueOption("--date", "A date in UTC, as in 2026-03-01T12:30:00Z.", Type::date, command),
+                      valueOption("--date", "A date in UTC, as in 2026-03-01T12:30:00Z.",
+                                  Type::date, command),
                       jsonOption(command)},
           .operands = {keyOperand(command.key)},
           .check = [&command] {
             if (command.value) return done();
             return Outcome(
-                Error{"prefs set needs a value: --string, --int, --bool, --real, --data, --date or --json, and VALUE"});
+                Error{"prefs set needs a value: --string, --int, --bool, --real, --data, --date or "
+                      "--json, and VALUE"});
           }};
 }
 
-Arguments importArguments(ImportPreferencesCommand& command) { return {.operands = {fileOperand(command.file)}}; }
+Arguments importArguments(ImportPreferencesCommand& command) {
+  return {.operands = {fileOperand(command.file)}};
+}
 
 Arguments exportArguments(ExportPreferencesCommand& command) {
   return {.options = {choice<PropertyListFormat>(
-              "--format", "xml|binary", "The form of the property list; XML when it is left out.", command.format,
+              "--format", "xml|binary", "The form of the property list; XML when it is left out.",
+              command.format,
               {{"xml", PropertyListFormat::xml}, {"binary", PropertyListFormat::binary}})},
           .operands = {fileOperand(command.file)}};
 }
@@ -112,25 +123,34 @@ std::vector<CommandEntry> preferencesCommands() {
                .help = "Print every key in order, with the type of its value.",
                .storeUse = StoreUse::reads},
               listArguments),
-      command({.name = "prefs get",
-               .chapter = chapter,
-               .help = "Print one value; data in base64. On a terminal, control characters are escaped.",
-               .storeUse = StoreUse::reads},
-              getArguments),
+      command(
+          {.name = "prefs get",
+           .chapter = chapter,
+           .help =
+               "Print one value; data in base64. On a terminal, control characters are escaped.",
+           .storeUse = StoreUse::reads},
+          getArguments),
       command({.name = "prefs set",
                .chapter = chapter,
                .help = "Store a value of the type that the option names.",
                .storeUse = StoreUse::writes},
               setArguments),
-      command({.name = "prefs delete", .chapter = chapter, .help = "Remove a key.", .storeUse = StoreUse::writes},
-              deleteArguments),
-      command({.name = "prefs import",
+      command({.name = "prefs delete",
                .chapter = chapter,
-               .help = "Take over every key of a property list, XML or binary, or none of them. What an older release "
-                       "wrote is brought up to date on the way; a list of a newer release is refused. The list's own "
-                       "schema version is not taken over. A list holds at most 1,048,576 values and 1 GB.",
+               .help = "Remove a key.",
                .storeUse = StoreUse::writes},
-              importArguments),
+              deleteArguments),
+      command(
+          {.name = "prefs import",
+           .chapter = chapter,
+           .help =
+               "Take over every key of a property list, XML or binary, or none of them. What an "
+               "older release "
+               "wrote is brought up to date on the way; a list of a newer release is refused. The "
+               "list's own "
+               "schema version is not taken over. A list holds at most 1,048,576 values and 1 GB.",
+           .storeUse = StoreUse::writes},
+          importArguments),
       command({.name = "prefs export",
                .chapter = chapter,
                .help = "Write every key to a property list.",
@@ -138,18 +158,21 @@ std::vector<CommandEntry> preferencesCommands() {
               exportArguments),
       command({.name = "prefs migrate",
                .chapter = chapter,
-               .help = "Bring what an older release stored up to date. What was rewritten is told on standard error.",
+               .help = "Bring what an older release stored up to date. What was rewritten is told "
+                       "on standard error.",
                .storeUse = StoreUse::writes},
               noArguments<MigratePreferencesCommand>),
       command({.name = "prefs watch",
                .chapter = chapter,
-               .help = "Print each change, one a line, until interrupted; of all keys, or of the keys named.",
+               .help = "Print each change, one a line, until interrupted; of all keys, or of the "
+                       "keys named.",
                .storeUse = StoreUse::reads,
                .runsUntilEnded = true},
               watchArguments),
       command({.name = "prefs verify",
                .chapter = chapter,
-               .help = "Check the store, and say how it is. Changes nothing. Keys in the form of an older release are "
+               .help = "Check the store, and say how it is. Changes nothing. Keys in the form of "
+                       "an older release are "
                        "named, with what to do about them.",
                .storeUse = StoreUse::inspects},
               noArguments<VerifyPreferencesCommand>),

@@ -38,7 +38,8 @@ Option analyzersOption(WindowOptions& window) {
     const char* const end = value.data() + value.size();
     const auto [stop, error] = std::from_chars(value.data(), end, count);
     if (error != std::errc() || stop != end || count > kMostSyntheticAnalyzers) {
-      return Outcome(Error{"--analyzers is a number from 0 to " + std::to_string(kMostSyntheticAnalyzers)});
+      return Outcome(
+          Error{"--analyzers is a number from 0 to " + std::to_string(kMostSyntheticAnalyzers)});
     }
     window.syntheticAnalyzers = count;
     return done();
@@ -57,8 +58,9 @@ Option languageOption(WindowOptions& window) {
       window.language = language;
       return done();
     }
-    return Outcome(Error{"--language is a code: " + alternatives({kLanguages.begin(), kLanguages.end()}) + ", not “" +
-                         std::string(value) + "”"});
+    return Outcome(
+        Error{"--language is a code: " + alternatives({kLanguages.begin(), kLanguages.end()}) +
+              ", not “" + std::string(value) + "”"});
   };
   return {.name = "--language",
           .value = "CODE",
@@ -72,7 +74,8 @@ Option languageOption(WindowOptions& window) {
 std::string_view nameOf(Tab tab) { return kTabs.at(static_cast<std::size_t>(tab)).first; }
 
 Option formatOption(OutputFormat& format) {
-  return choice<OutputFormat>("--format", "text|json", "Print text for a person, or JSON for a program.", format,
+  return choice<OutputFormat>("--format", "text|json",
+                              "Print text for a person, or JSON for a program.", format,
                               {{"text", OutputFormat::text}, {"json", OutputFormat::json}});
 }
 
@@ -93,14 +96,16 @@ Operand keyOperand(std::string& key) {
 }
 
 Option tabOption(Tab& tab) {
-  return choice("--tab", "TAB", "The tab: general, capture, proxy, analyze or appearance (the fonts).", tab,
+  return choice("--tab", "TAB",
+                "The tab: general, capture, proxy, analyze or appearance (the fonts).", tab,
                 tabChoices<Tab>());
 }
 
 Option tabOption(std::optional<Tab>& tab) {
   auto tabs = tabChoices<std::optional<Tab>>();
   tabs.emplace_back("all", std::nullopt);
-  return choice("--tab", "TAB|all", "The tab: general, capture, proxy, analyze or appearance (the fonts); or all.", tab,
+  return choice("--tab", "TAB|all",
+                "The tab: general, capture, proxy, analyze or appearance (the fonts); or all.", tab,
                 std::move(tabs));
 }
 
@@ -113,7 +118,8 @@ void addWindowOptions(std::vector<Option>& options, WindowOptions& window) {
 }
 
 Outcome checkTab(std::optional<Tab> tab, const WindowOptions& window) {
-  if (tab == Tab::proxy && !window.hasProxyTab) return Error{"--no-proxy leaves no proxy tab to show"};
+  if (tab == Tab::proxy && !window.hasProxyTab)
+    return Error{"--no-proxy leaves no proxy tab to show"};
   return done();
 }
 

@@ -18,7 +18,8 @@ namespace {
 
 void printText(const PortValidationResult& result, std::ostream& out) {
   out << result.ports << '\n';
-  for (const PortCorrection& correction : result.corrections) out << onOneLine(correction.message()) << '\n';
+  for (const PortCorrection& correction : result.corrections)
+    out << onOneLine(correction.message()) << '\n';
 }
 
 void printJSON(const PortValidationResult& result, std::ostream& out) {
@@ -37,16 +38,21 @@ void printJSON(const PortValidationResult& result, std::ostream& out) {
 Failed run(const ValidatePortsCommand& command, Console& console) {
   std::string text = command.text;
   if (text == "-") text.assign(std::istreambuf_iterator(console.in), {});
-  if (console.in.bad()) return Failure{.message = "standard input could not be read; give the ports as an argument"};
+  if (console.in.bad())
+    return Failure{.message = "standard input could not be read; give the ports as an argument"};
   // A shell is spoken to in English.
   foundation::Bundle::setPreferredLanguages({"en"});
   const PortValidationResult result = QEVModels::validatedPorts(text);
-  command.format == OutputFormat::json ? printJSON(result, console.out) : printText(result, console.out);
-  const bool isComplete = std::ranges::none_of(result.corrections, [](const PortCorrection& correction) {
-    return correction.kind() == PortCorrection::Kind::invalid || correction.kind() == PortCorrection::Kind::outOfRange;
-  });
+  command.format == OutputFormat::json ? printJSON(result, console.out)
+                                       : printText(result, console.out);
+  const bool isComplete =
+      std::ranges::none_of(result.corrections, [](const PortCorrection& correction) {
+        return correction.kind() == PortCorrection::Kind::invalid ||
+               correction.kind() == PortCorrection::Kind::outOfRange;
+      });
   if (isComplete) return std::nullopt;
-  return Failure{.code = ExitCode::portsLeftOut, .message = "some of the ports were left out, as the result tells"};
+  return Failure{.code = ExitCode::portsLeftOut,
+                 .message = "some of the ports were left out, as the result tells"};
 }
 
 }  // namespace zorvantine

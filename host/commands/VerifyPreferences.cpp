@@ -14,7 +14,8 @@ namespace {
 
 using QEVSettings::QEVPreferencesMigration;
 
-// What an older release wrote: before the first launch of this one, or while this one was in use as well.
+// What an older release wrote: before the first launch of this one, or while this one was in use as
+// well.
 void reportOlderForms(const foundation::UserDefaults& store, std::ostream& out) {
   const std::string key(QEVPreferencesMigration::schemaVersionKey);
   const auto schema = store.integerForKey(key);
@@ -26,11 +27,11 @@ void reportOlderForms(const foundation::UserDefaults& store, std::ostream& out) 
   const bool needsEveryStep = schema >= 1;
   out << (keys.size() == 1 ? "One key is" : std::to_string(keys.size()) + " keys are")
       << " in the form of an older release. "
-      << (needsEveryStep
-              ? "To bring up to date what it wrote, run “zorvantine prefs set " + key +
-                    " --int 0” and then “zorvantine prefs migrate”:\n"
-              : "The next start of the window brings up to date what it wrote, and so does “zorvantine prefs "
-                "migrate”:\n");
+      << (needsEveryStep ? "To bring up to date what it wrote, run “zorvantine prefs set " + key +
+                               " --int 0” and then “zorvantine prefs migrate”:\n"
+                         : "The next start of the window brings up to date what it wrote, and so "
+                           "does “zorvantine prefs "
+                           "migrate”:\n");
   for (const std::string& name : keys) out << "  " << onOneLine(name) << '\n';
 }
 
@@ -41,11 +42,13 @@ Failed run(const VerifyPreferencesCommand&, Console& console) {
   // Only opening it tells why there is none.
   if (file.empty()) return storeFailure(Console::store());
   const auto verification = foundation::verifyPreferences(file);
-  for (const std::string& sentence : verification.sentences) console.out << onOneLine(sentence) << '\n';
+  for (const std::string& sentence : verification.sentences)
+    console.out << onOneLine(sentence) << '\n';
   if (!verification.isGood) {
-    return Failure{.message =
-                       "the store is not in order, as the lines on standard output tell; every other command "
-                       "that opens it puts right what can be"};
+    return Failure{
+        .message =
+            "the store is not in order, as the lines on standard output tell; every other command "
+            "that opens it puts right what can be"};
   }
   std::error_code error;
   if (std::filesystem::exists(file, error)) reportOlderForms(Console::store(), console.out);

@@ -18,7 +18,8 @@ namespace zorvantine {
 
 namespace {
 
-void printJSON(std::string_view key, const std::optional<QEVSettings::PreferenceValue>& value, std::ostream& out) {
+void printJSON(std::string_view key, const std::optional<QEVSettings::PreferenceValue>& value,
+               std::ostream& out) {
   foundation::JSONWriter writer;
   writer.beginObject().name("key").string(key);
   if (value) {
@@ -45,13 +46,16 @@ Failed run(const WatchPreferencesCommand& command, Console& console) {
   });
   const int arrivals = ::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC);
   if (arrivals < 0 || interruption.descriptor() < 0) {
-    return Failure{.message = "the store cannot be watched: the system has no descriptors left; close other programs"};
+    return Failure{.message =
+                       "the store cannot be watched: the system has no descriptors left; close "
+                       "other programs"};
   }
   auto& queue = foundation::MainQueue::mainQueue();
   queue.setWaker([arrivals] { ::eventfd_write(arrivals, 1); });
 
-  std::array<pollfd, 2> waiting{{{.fd = arrivals, .events = POLLIN, .revents = 0},
-                                 {.fd = interruption.descriptor(), .events = POLLIN, .revents = 0}}};
+  std::array<pollfd, 2> waiting{
+      {{.fd = arrivals, .events = POLLIN, .revents = 0},
+       {.fd = interruption.descriptor(), .events = POLLIN, .revents = 0}}};
   // A reader that goes away ends the watching as an interruption does.
   while (console.out) {
     queue.drainAll();

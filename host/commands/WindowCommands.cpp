@@ -36,9 +36,12 @@ Arguments snapshotArguments(SnapshotCommand& command) {
   Arguments arguments{
       .options = {std::move(out), tabOption(command.tab),
                   choice<std::optional<Appearance>>(
-                      "--appearance", "light|dark", "The appearance, instead of the one that the preferences name.",
-                      command.appearance, {{"light", Appearance::light}, {"dark", Appearance::dark}}),
-                  choice<int>("--scale", "1|2", "The number of pixels a point.", command.scale, {{"1", 1}, {"2", 2}})},
+                      "--appearance", "light|dark",
+                      "The appearance, instead of the one that the preferences name.",
+                      command.appearance,
+                      {{"light", Appearance::light}, {"dark", Appearance::dark}}),
+                  choice<int>("--scale", "1|2", "The number of pixels a point.", command.scale,
+                              {{"1", 1}, {"2", 2}})},
       .check = [&command] {
         if (command.folder.empty())
           return Outcome(Error{"snapshot needs --out DIR, the folder that the pictures go to"});
@@ -60,24 +63,28 @@ Arguments describeArguments(DescribeCommand& command) {
 std::vector<CommandEntry> windowCommands() {
   return {
       command({.name = "settings",
-               .help = "Open the settings window; also what happens without a COMMAND. Without a display, draw it into "
+               .help = "Open the settings window; also what happens without a COMMAND. Without a "
+                       "display, draw it into "
                        "the folder zorvantine-settings instead.",
                .storeUse = StoreUse::shows,
                .runsUntilEnded = true},
               settingsArguments),
       command({.name = "run",
-               .help = "Open the main window: sample packets, listed as the settings say, and a menu that opens the "
+               .help = "Open the main window: sample packets, listed as the settings say, and a "
+                       "menu that opens the "
                        "settings.",
                .storeUse = StoreUse::shows,
                .runsUntilEnded = true},
               runArguments),
       command({.name = "snapshot",
-               .help = "Draw the settings window into DIR, one picture TAB.png a tab. Needs no display, and changes no "
+               .help = "Draw the settings window into DIR, one picture TAB.png a tab. Needs no "
+                       "display, and changes no "
                        "preference.",
                .storeUse = StoreUse::reads},
               snapshotArguments),
       command({.name = "describe",
-               .help = "Print what is on a page, and where: kind, role, label, value, help, whether it is enabled, and "
+               .help = "Print what is on a page, and where: kind, role, label, value, help, "
+                       "whether it is enabled, and "
                        "its frame in points. Changes no preference.",
                .storeUse = StoreUse::reads},
               describeArguments),

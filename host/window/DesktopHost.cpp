@@ -39,7 +39,9 @@ NoArguments& preparedFor(QtMessages& messages, qt::Application::Display display)
 void tellOfRefusedTexts(const std::vector<viewkit::RefusedText>& texts) {
   for (const viewkit::RefusedText& each : texts) {
     std::cerr << "zorvantine: "
-              << onOneLine("\"" + each.text + "\" was not stored for " + each.label + ": " + each.problem) << std::endl;
+              << onOneLine("\"" + each.text + "\" was not stored for " + each.label + ": " +
+                           each.problem)
+              << std::endl;
   }
 }
 

@@ -13,13 +13,14 @@
 
 namespace zorvantine {
 
-// The launched application on a desktop: its event loop and its settings windows. One a process, on the
-// main thread.
+// The launched application on a desktop: its event loop and its settings windows. One a process, on
+// the main thread.
 class DesktopHost {
 public:
-  // The store outlives the host. When the display that was asked for is out of reach, the program starts again
-  // without one.
-  DesktopHost(const WindowOptions& options, foundation::UserDefaults& store, qt::Application::Display display);
+  // The store outlives the host. When the display that was asked for is out of reach, the program
+  // starts again without one.
+  DesktopHost(const WindowOptions& options, foundation::UserDefaults& store,
+              qt::Application::Display display);
   ~DesktopHost();
   DesktopHost(const DesktopHost&) = delete;
   DesktopHost& operator=(const DesktopHost&) = delete;
@@ -27,11 +28,12 @@ public:
   // A settings window, not yet open.
   std::unique_ptr<qt::Window> makeWindow(Tab tab) const;
 
-  // Opens a settings window and runs until it is closed. The interruption, which must be older than every
-  // thread of the process and so than the host, closes it too.
+  // Opens a settings window and runs until it is closed. The interruption, which must be older than
+  // every thread of the process and so than the host, closes it too.
   void run(Tab tab, const Interruption& interruption);
 
-  // Opens the main window and runs until it is closed. Settings windows come from it, one at a time.
+  // Opens the main window and runs until it is closed. Settings windows come from it, one at a
+  // time.
   void runMainWindow(const Interruption& interruption);
 
 private:

@@ -29,9 +29,10 @@ MainWindow::MainWindow(Parts parts) : parts_(std::move(parts)) {
   content_ = std::make_unique<qt::Window>(qt::WindowOptions{
       .title = {},
       .environment = parts_.environment,
-      .root = PacketListView{.model = std::make_shared<PacketListModel>(parts_.environment.defaultStore.get()),
-                             .updater = parts_.updater,
-                             .openSettings = parts_.openSettings}});
+      .root = PacketListView{
+          .model = std::make_shared<PacketListModel>(parts_.environment.defaultStore.get()),
+          .updater = parts_.updater,
+          .openSettings = parts_.openSettings}});
   setCentralWidget(&content_->widget());
   resize(kSize);
 }
@@ -49,9 +50,10 @@ void MainWindow::addMenus() {
       ->setMenuRole(QAction::QuitRole);
 
   QMenu* const help = menuBar()->addMenu(localized("&Help"));
-  QAction* const check =
-      help->addAction(localized("Check for Updates…"), this, [this] { parts_.updater->checkForUpdates(); });
-  connect(help, &QMenu::aboutToShow, this, [this, check] { check->setEnabled(parts_.updater->canCheckForUpdates); });
+  QAction* const check = help->addAction(localized("Check for Updates…"), this,
+                                         [this] { parts_.updater->checkForUpdates(); });
+  connect(help, &QMenu::aboutToShow, this,
+          [this, check] { check->setEnabled(parts_.updater->canCheckForUpdates); });
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -11,7 +11,8 @@
 
 namespace zorvantine {
 
-// The host's main window: its menus, and its content, which is made of the same views as the settings.
+// The host's main window: its menus, and its content, which is made of the same views as the
+// settings.
 class MainWindow final : public QMainWindow {
 public:
   struct Parts {

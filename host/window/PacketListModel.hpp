@@ -12,8 +12,8 @@
 
 namespace zorvantine {
 
-// What the settings say about how packets are listed, as it is at the moment of asking. Announces every change
-// of the store, whoever makes it. Main thread.
+// What the settings say about how packets are listed, as it is at the moment of asking. Announces
+// every change of the store, whoever makes it. Main thread.
 class PacketListModel final : public foundation::ObservableObject {
 public:
   // The store outlives the model.

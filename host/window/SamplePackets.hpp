@@ -17,7 +17,8 @@ struct SamplePacket {
   std::string_view info;
 };
 
-// A few packets from one visit to a page, in the order of their times: something to see settings at work on.
+// A few packets from one visit to a page, in the order of their times: something to see settings at
+// work on.
 std::span<const SamplePacket> samplePackets();
 
 }  // namespace zorvantine

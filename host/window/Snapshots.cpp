@@ -22,17 +22,19 @@ std::vector<Tab> tabsOf(const SnapshotCommand& command) {
 
 }  // namespace
 
-std::optional<Failure> takeSnapshots(const SnapshotCommand& command, foundation::UserDefaults& store) {
+std::optional<Failure> takeSnapshots(const SnapshotCommand& command,
+                                     foundation::UserDefaults& store) {
   std::error_code error;
   std::filesystem::create_directories(command.folder, error);
   if (error) {
-    return Failure{.message = "cannot make the folder " + command.folder.string() + " (" + error.message() +
-                              "); choose another"};
+    return Failure{.message = "cannot make the folder " + command.folder.string() + " (" +
+                              error.message() + "); choose another"};
   }
   const DesktopHost desktop(command.window, store, qt::Application::Display::offscreen);
   if (command.appearance) {
-    appkit::Application::sharedApplication().setAppearance(
-        *command.appearance == Appearance::light ? appkit::Appearance::light : appkit::Appearance::dark);
+    appkit::Application::sharedApplication().setAppearance(*command.appearance == Appearance::light
+                                                               ? appkit::Appearance::light
+                                                               : appkit::Appearance::dark);
   }
   for (const Tab tab : tabsOf(command)) {
     const auto picture = command.folder / (std::string(nameOf(tab)) + ".png");

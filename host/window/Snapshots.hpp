@@ -10,6 +10,7 @@ namespace zorvantine {
 
 // Draws the settings window into the pictures that the command asks for, without a display. Why it
 // could not, or nothing. Must be the process's only use of Qt.
-std::optional<Failure> takeSnapshots(const SnapshotCommand& command, foundation::UserDefaults& store);
+std::optional<Failure> takeSnapshots(const SnapshotCommand& command,
+                                     foundation::UserDefaults& store);
 
 }  // namespace zorvantine

@@ -6,7 +6,9 @@ namespace {
 
 constexpr RGBA gray(double level, double opacity = 1) { return {level, level, level, opacity}; }
 
-constexpr RGBA rgb(int red, int green, int blue) { return {red / 255.0, green / 255.0, blue / 255.0, 1}; }
+constexpr RGBA rgb(int red, int green, int blue) {
+  return {red / 255.0, green / 255.0, blue / 255.0, 1};
+}
 
 }  // namespace
 

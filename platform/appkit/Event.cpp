@@ -24,7 +24,8 @@ std::vector<std::weak_ptr<Event::Monitor>>& monitors() {
 
 }  // namespace
 
-std::shared_ptr<Event::Monitor> Event::addLocalMonitorForEventsMatchingMask(std::uint64_t mask, Handler handler) {
+std::shared_ptr<Event::Monitor> Event::addLocalMonitorForEventsMatchingMask(std::uint64_t mask,
+                                                                            Handler handler) {
   std::erase_if(monitors(), [](const auto& each) { return each.expired(); });
   auto monitor = std::make_shared<Monitor>(mask, std::move(handler));
   monitors().push_back(monitor);
@@ -37,7 +38,8 @@ void Event::removeMonitor(const std::shared_ptr<Monitor>& monitor) {
 
 std::optional<Event> Event::passThroughMonitors(std::uint64_t kind, Event event) {
   const auto isInstalled = [](const std::shared_ptr<Monitor>& monitor) {
-    return std::any_of(monitors().begin(), monitors().end(), [&](const auto& each) { return each.lock() == monitor; });
+    return std::any_of(monitors().begin(), monitors().end(),
+                       [&](const auto& each) { return each.lock() == monitor; });
   };
   const auto before = monitors();
   for (const auto& each : before) {

@@ -5,7 +5,8 @@ namespace headless {
 using namespace viewkit;
 
 bool takesClicks(const Control& control) {
-  return !std::holds_alternative<ScrollControl>(control) && !std::holds_alternative<PopoverControl>(control) &&
+  return !std::holds_alternative<ScrollControl>(control) &&
+         !std::holds_alternative<PopoverControl>(control) &&
          !std::holds_alternative<SelectableTextControl>(control);
 }
 
@@ -18,7 +19,8 @@ void operate(const Control& control) {
   if (const auto* toggle = std::get_if<ToggleControl>(&pressed)) toggle->set(!toggle->isOn);
 }
 
-void visitTree(const PresentationNode& node, const std::function<void(const PresentationNode&)>& visit) {
+void visitTree(const PresentationNode& node,
+               const std::function<void(const PresentationNode&)>& visit) {
   visit(node);
   for (const PresentationNode* child : node.children) {
     if (child->id != 0) visitTree(*child, visit);

@@ -14,14 +14,16 @@ std::string quoted(const std::string& text) { return foundation::JSONWriter().st
 void appendText(std::string& out, const viewkit::NodeDescription& node, std::size_t depth) {
   const viewkit::Accessibility& accessibility = node.accessibility;
   out.append(2 * depth, ' ').append(node.kind);
-  if (accessibility.role != viewkit::Role::none) out.append(" ").append(viewkit::nameOf(accessibility.role));
+  if (accessibility.role != viewkit::Role::none)
+    out.append(" ").append(viewkit::nameOf(accessibility.role));
   if (!accessibility.label.empty()) out.append(" ").append(quoted(accessibility.label));
   if (!accessibility.value.empty()) out.append(" value ").append(quoted(accessibility.value));
   if (!accessibility.help.empty()) out.append(" help ").append(quoted(accessibility.help));
   if (accessibility.selected) out.append(*accessibility.selected ? " selected" : " not selected");
   if (!accessibility.enabled) out.append(" disabled");
   const auto& [origin, size] = node.frame;
-  out += " (" + number(origin.x) + ", " + number(origin.y) + ") " + number(size.width) + " x " + number(size.height);
+  out += " (" + number(origin.x) + ", " + number(origin.y) + ") " + number(size.width) + " x " +
+         number(size.height);
   out += '\n';
   for (const viewkit::NodeDescription& child : node.children) appendText(out, child, depth + 1);
 }

@@ -39,9 +39,17 @@ bool Element::isFocused() const {
 }
 viewkit::Rect Element::frame() const { return content().frameInWindow(); }
 
-Element Element::find(Role role, std::string_view label) const { return Finder(*window_, content()).find(role, label); }
-Element Element::find(Role role) const { return Finder(*window_, content()).find(role, std::nullopt); }
-std::vector<Element> Element::findAll(Role role) const { return Finder(*window_, content()).findAll(role); }
-Element Element::findText(std::string_view text) const { return Finder(*window_, content()).findText(text); }
+Element Element::find(Role role, std::string_view label) const {
+  return Finder(*window_, content()).find(role, label);
+}
+Element Element::find(Role role) const {
+  return Finder(*window_, content()).find(role, std::nullopt);
+}
+std::vector<Element> Element::findAll(Role role) const {
+  return Finder(*window_, content()).findAll(role);
+}
+Element Element::findText(std::string_view text) const {
+  return Finder(*window_, content()).findText(text);
+}
 
 }  // namespace headless

@@ -23,14 +23,17 @@ void visitBelow(const PresentationNode& branch, const Visitor& visit) {
 const std::string* shownText(const PresentationNode& node) {
   if (const auto* text = std::get_if<viewkit::TextVisual>(&node.content)) return &text->text;
   if (const viewkit::Control* control = node.control()) {
-    if (const auto* selectable = std::get_if<viewkit::SelectableTextControl>(control)) return &selectable->text.text;
+    if (const auto* selectable = std::get_if<viewkit::SelectableTextControl>(control))
+      return &selectable->text.text;
   }
   return nullptr;
 }
 
 std::string quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
 
-void appendToList(std::string& list, const std::string& item) { list += (list.empty() ? "" : ", ") + item; }
+void appendToList(std::string& list, const std::string& item) {
+  list += (list.empty() ? "" : ", ") + item;
+}
 
 }  // namespace
 
@@ -60,7 +63,8 @@ Element Finder::find(Role role, std::optional<std::string_view> label) const {
 
 std::vector<Element> Finder::findAll(Role role) const {
   std::vector<Element> elements;
-  for (const auto* node : nodesThat([&](const auto& each) { return each.accessibility.role == role; })) {
+  for (const auto* node :
+       nodesThat([&](const auto& each) { return each.accessibility.role == role; })) {
     elements.push_back(Element(window_, *node));
   }
   return elements;
@@ -73,26 +77,32 @@ Element Finder::findText(std::string_view text) const {
   });
   if (!found.empty()) return only(found, "text " + quoted(text));
   std::string shown;
-  for (const PresentationNode* node : nodesThat([](const auto& each) { return shownText(each) != nullptr; })) {
+  for (const PresentationNode* node :
+       nodesThat([](const auto& each) { return shownText(each) != nullptr; })) {
     appendToList(shown, quoted(*shownText(*node)));
   }
-  return {window_, "nothing shows " + quoted(text) + "; the texts are: " + (shown.empty() ? "none" : shown)};
+  return {window_,
+          "nothing shows " + quoted(text) + "; the texts are: " + (shown.empty() ? "none" : shown)};
 }
 
-Element Finder::only(const std::vector<const PresentationNode*>& found, const std::string& wanted) const {
+Element Finder::only(const std::vector<const PresentationNode*>& found,
+                     const std::string& wanted) const {
   if (found.size() == 1) return {window_, *found.front()};
   std::string places;
   for (const PresentationNode* node : found) {
     const viewkit::Point origin = node->frameInWindow().origin;
-    appendToList(places, descriptionOf(node->accessibility) + " at (" + std::to_string(std::lround(origin.x)) + ", " +
+    appendToList(places, descriptionOf(node->accessibility) + " at (" +
+                             std::to_string(std::lround(origin.x)) + ", " +
                              std::to_string(std::lround(origin.y)) + ")");
   }
-  return {window_, "not one but " + std::to_string(found.size()) + " answer to " + wanted + ": " + places};
+  return {window_,
+          "not one but " + std::to_string(found.size()) + " answer to " + wanted + ": " + places};
 }
 
 std::string Finder::whatThereIs(Role role) const {
   const auto alike = nodesThat([&](const auto& each) { return each.accessibility.role == role; });
-  const auto all = nodesThat([](const auto& each) { return each.accessibility.role != Role::none; });
+  const auto all =
+      nodesThat([](const auto& each) { return each.accessibility.role != Role::none; });
   std::string list;
   for (const PresentationNode* node : alike.empty() ? all : alike) {
     appendToList(list, descriptionOf(node->accessibility));

@@ -12,7 +12,8 @@ namespace headless {
 // Searches a branch of what is on the screen, in the order in which it is read.
 class Finder {
 public:
-  Finder(const Window& window, const viewkit::PresentationNode& branch) : window_(window), branch_(branch) {}
+  Finder(const Window& window, const viewkit::PresentationNode& branch)
+      : window_(window), branch_(branch) {}
 
   Element find(viewkit::Role role, std::optional<std::string_view> label) const;
   std::vector<Element> findAll(viewkit::Role role) const;
@@ -21,7 +22,8 @@ public:
 private:
   template <class Matches>
   std::vector<const viewkit::PresentationNode*> nodesThat(Matches matches) const;
-  Element only(const std::vector<const viewkit::PresentationNode*>& found, const std::string& wanted) const;
+  Element only(const std::vector<const viewkit::PresentationNode*>& found,
+               const std::string& wanted) const;
   std::string whatThereIs(viewkit::Role role) const;
 
   const Window& window_;

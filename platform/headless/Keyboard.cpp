@@ -32,7 +32,9 @@ bool isControlCharacter(std::string_view text) {
 
 }  // namespace
 
-const PresentationNode* Keyboard::focused() const { return id_ != 0 ? window_.host().node(id_) : nullptr; }
+const PresentationNode* Keyboard::focused() const {
+  return id_ != 0 ? window_.host().node(id_) : nullptr;
+}
 
 const TextFieldControl* Keyboard::field() const { return controlOf<TextFieldControl>(focused()); }
 
@@ -64,7 +66,8 @@ void Keyboard::move(int step) {
   const auto count = static_cast<std::ptrdiff_t>(ids.size());
   const auto current = std::find(ids.begin(), ids.end(), id_);
   // From nowhere the way leads to the first, backwards to the last.
-  const std::ptrdiff_t start = current != ids.end() ? current - ids.begin() : (step > 0 ? -1 : count);
+  const std::ptrdiff_t start =
+      current != ids.end() ? current - ids.begin() : (step > 0 ? -1 : count);
   moveTo(ids[static_cast<std::size_t>((start + step + count) % count)]);
   selectAll();
 }
@@ -93,9 +96,12 @@ void Keyboard::handle(const Event& event) {
   if (field()) {
     handleInField(event);
   } else if (const auto* tabs = controlOf<viewkit::TabBarControl>(node)) {
-    const int step = event.keyCode == Event::kRightArrow ? 1 : event.keyCode == Event::kLeftArrow ? -1 : 0;
+    const int step = event.keyCode == Event::kRightArrow  ? 1
+                     : event.keyCode == Event::kLeftArrow ? -1
+                                                          : 0;
     const int next = tabs->selected + step;
-    if (step != 0 && next >= 0 && next < static_cast<int>(tabs->items.size())) std::function(tabs->select)(next);
+    if (step != 0 && next >= 0 && next < static_cast<int>(tabs->items.size()))
+      std::function(tabs->select)(next);
   } else if (event.characters == kSpace || event.characters == kEnter) {
     operate(*node->control());
   }
@@ -123,7 +129,8 @@ void Keyboard::handleInField(const Event& event) {
     } else if (caret_ > 0) {
       replace(caret_ - 1, caret_, "");
     }
-  } else if (event.keyCode == Event::kOtherKey && !isShortcut(event) && !isControlCharacter(event.characters)) {
+  } else if (event.keyCode == Event::kOtherKey && !isShortcut(event) &&
+             !isControlCharacter(event.characters)) {
     replace(isAllSelected_ ? 0 : caret_, isAllSelected_ ? length : caret_, event.characters);
   }
 }

@@ -30,8 +30,8 @@ public:
   void move(int step);
   // Takes it from every control: the editing of a text ends.
   void resign();
-  // After an update: ends what was going on in a control that is gone or can no longer be used. Whether
-  // there was any.
+  // After an update: ends what was going on in a control that is gone or can no longer be used.
+  // Whether there was any.
   bool resignIfUnusable();
 
   // What a key does once it gets to the control.

@@ -24,15 +24,19 @@ constexpr double kDescent = 0.25;
 constexpr double kFixedPitch = 0.6;
 constexpr double kSemibold = 1.05;
 
-bool isOneOf(char32_t c, std::u32string_view set) { return set.find(c) != std::u32string_view::npos; }
+bool isOneOf(char32_t c, std::u32string_view set) {
+  return set.find(c) != std::u32string_view::npos;
+}
 
 bool isWide(char32_t c) {
-  return (c >= 0x1100 && c <= 0x115F) || (c >= 0x2E80 && c <= 0xA4CF) || (c >= 0xAC00 && c <= 0xD7A3) ||
-         (c >= 0xF900 && c <= 0xFAFF) || (c >= 0xFF00 && c <= 0xFF60) || (c >= 0x1F300 && c <= 0x1FAFF);
+  return (c >= 0x1100 && c <= 0x115F) || (c >= 0x2E80 && c <= 0xA4CF) ||
+         (c >= 0xAC00 && c <= 0xD7A3) || (c >= 0xF900 && c <= 0xFAFF) ||
+         (c >= 0xFF00 && c <= 0xFF60) || (c >= 0x1F300 && c <= 0x1FAFF);
 }
 
 bool isWithoutWidth(char32_t c) {
-  return c < 0x20 || (c >= 0x300 && c <= 0x36F) || (c >= 0x200B && c <= 0x200F) || (c >= 0xFE00 && c <= 0xFE0F);
+  return c < 0x20 || (c >= 0x300 && c <= 0x36F) || (c >= 0x200B && c <= 0x200F) ||
+         (c >= 0xFE00 && c <= 0xFE0F);
 }
 
 double advanceOf(char32_t c, bool fixedPitch) {
@@ -49,7 +53,8 @@ double advanceOf(char32_t c, bool fixedPitch) {
 // The lines of a text: how wide each is when the text is broken at a width.
 class LineBreaker {
 public:
-  LineBreaker(const TextVisual& text, double pointSize, std::optional<double> maxWidth, int lineLimit)
+  LineBreaker(const TextVisual& text, double pointSize, std::optional<double> maxWidth,
+              int lineLimit)
       : scale_(pointSize * (text.font.weight() == viewkit::Font::Weight::semibold ? kSemibold : 1)),
         fixedPitch_(text.font.chosen() && text.font.chosen()->isFixedPitch()),
         maxWidth_(maxWidth.value_or(viewkit::kUnlimited)),
@@ -99,8 +104,8 @@ private:
   bool fixedPitch_;
   double maxWidth_;
   int lineLimit_;
-  // The words already on the line with the blanks between and after them, the word being read, and the
-  // blank last read.
+  // The words already on the line with the blanks between and after them, the word being read, and
+  // the blank last read.
   double line_ = 0;
   double word_ = 0;
   double space_ = 0;
@@ -131,7 +136,8 @@ TextMetrics Metrics::measureText(const TextVisual& text, std::optional<double> m
   const double ascent = std::round(kAscent * pointSize);
   const double lineHeight = ascent + std::round(kDescent * pointSize);
   const LineBreaker lines(text, pointSize, maxWidth, text.lineLimit);
-  // Rounded up, so that the text offered its own width is not broken; but never past what was offered.
+  // Rounded up, so that the text offered its own width is not broken; but never past what was
+  // offered.
   const double width = std::min(std::ceil(lines.widest()), maxWidth.value_or(viewkit::kUnlimited));
   return {.size = {width, lines.count() * lineHeight},
           .firstBaseline = ascent,
@@ -141,7 +147,9 @@ TextMetrics Metrics::measureText(const TextVisual& text, std::optional<double> m
 Size Metrics::imageSize(const std::string& path) const { return pictureSize(path); }
 
 Size Metrics::controlSize(const viewkit::Control& control, ProposedSize proposal) const {
-  const auto textSize = [&](const std::string& text) { return measureText({.text = text}, std::nullopt).size; };
+  const auto textSize = [&](const std::string& text) {
+    return measureText({.text = text}, std::nullopt).size;
+  };
   const auto titled = [&](const std::string& title) {
     return Size{textSize(title).width + 2 * kHorizontalMargin, kControlHeight};
   };
@@ -174,7 +182,8 @@ Size Metrics::controlSize(const viewkit::Control& control, ProposedSize proposal
       [&](const viewkit::TabBarControl& tabs) {
         double widest = 0;
         for (const auto& item : tabs.items) widest = std::max(widest, textSize(item.title).width);
-        return Size{wide(static_cast<double>(tabs.items.size()) * (widest + 2 * kTabMargin)), kTabBarHeight};
+        return Size{wide(static_cast<double>(tabs.items.size()) * (widest + 2 * kTabMargin)),
+                    kTabBarHeight};
       },
       [&](const viewkit::TextFieldControl& field) {
         const double width = wide(kTextFieldWidth);
@@ -183,7 +192,9 @@ Size Metrics::controlSize(const viewkit::Control& control, ProposedSize proposal
         const auto text = measureText({.text = field.text, .lineLimit = field.lineLimit}, inside);
         return Size{width, text.size.height + margin};
       },
-      [&](const viewkit::SelectableTextControl& text) { return measureText(text.text, proposal.width).size; },
+      [&](const viewkit::SelectableTextControl& text) {
+        return measureText(text.text, proposal.width).size;
+      },
       // These show their children, and are as large as those.
       [](const viewkit::PlainButtonControl&) { return Size{}; },
       [](const viewkit::ScrollControl&) { return Size{}; },

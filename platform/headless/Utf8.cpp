@@ -6,7 +6,8 @@ namespace headless {
 
 namespace {
 
-constexpr foundation::Utf8Character kUndecodable{.codePoint = foundation::kReplacementCharacter, .length = 1};
+constexpr foundation::Utf8Character kUndecodable{.codePoint = foundation::kReplacementCharacter,
+                                                 .length = 1};
 
 }  // namespace
 

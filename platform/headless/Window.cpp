@@ -23,7 +23,9 @@ using viewkit::Role;
 
 namespace {
 
-Point centerOf(const Rect& rect) { return {rect.origin.x + rect.size.width / 2, rect.origin.y + rect.size.height / 2}; }
+Point centerOf(const Rect& rect) {
+  return {rect.origin.x + rect.size.width / 2, rect.origin.y + rect.size.height / 2};
+}
 
 // The innermost control, or popover, under a point of the coordinates that the node stands in.
 const PresentationNode* controlAt(const PresentationNode& node, Point point) {
@@ -33,7 +35,8 @@ const PresentationNode* controlAt(const PresentationNode& node, Point point) {
     if (const PresentationNode* hit = controlAt(**child, point - node.frame.origin)) return hit;
   }
   const viewkit::Control* control = node.control();
-  const bool isHit = control && (takesClicks(*control) || std::holds_alternative<viewkit::PopoverControl>(*control));
+  const bool isHit = control && (takesClicks(*control) ||
+                                 std::holds_alternative<viewkit::PopoverControl>(*control));
   return isInside && isHit ? &node : nullptr;
 }
 
@@ -52,7 +55,8 @@ ControlType controlFor(const PresentationNode& node, const char* what) {
 
 template <class Items>
 const typename Items::value_type& itemTitled(const Items& items, std::string_view title) {
-  const auto item = std::find_if(items.begin(), items.end(), [&](const auto& each) { return each.title == title; });
+  const auto item = std::find_if(items.begin(), items.end(),
+                                 [&](const auto& each) { return each.title == title; });
   if (item != items.end()) return *item;
   std::string titles;
   for (const auto& each : items) titles += (titles.empty() ? "\"" : ", \"") + each.title + '"';
@@ -124,9 +128,15 @@ void Window::setEnvironment(viewkit::Environment environment) {
 Element Window::find(Role role, std::string_view label) const {
   return Finder(*this, host_->presentation()).find(role, label);
 }
-Element Window::find(Role role) const { return Finder(*this, host_->presentation()).find(role, std::nullopt); }
-std::vector<Element> Window::findAll(Role role) const { return Finder(*this, host_->presentation()).findAll(role); }
-Element Window::findText(std::string_view text) const { return Finder(*this, host_->presentation()).findText(text); }
+Element Window::find(Role role) const {
+  return Finder(*this, host_->presentation()).find(role, std::nullopt);
+}
+std::vector<Element> Window::findAll(Role role) const {
+  return Finder(*this, host_->presentation()).findAll(role);
+}
+Element Window::findText(std::string_view text) const {
+  return Finder(*this, host_->presentation()).findText(text);
+}
 
 const PresentationNode& Window::bringIntoSight(const Element& element) {
   host_->reveal(element.content().id);
@@ -137,7 +147,8 @@ const PresentationNode& Window::bringIntoSight(const Element& element) {
 bool Window::click(const Element& element) {
   const PresentationNode& node = bringIntoSight(element);
   const Point center = centerOf(node.frameInWindow());
-  return node.control() && takesClicks(*node.control()) ? clickControl(node.id, center) : click(center);
+  return node.control() && takesClicks(*node.control()) ? clickControl(node.id, center)
+                                                        : click(center);
 }
 
 bool Window::click(Point point) {
@@ -162,7 +173,8 @@ bool Window::clickControl(viewkit::NodeId id, Point point) {
   if (const auto* tabs = controlOf<viewkit::TabBarControl>(node); tabs && !tabs->items.empty()) {
     const Rect frame = node->frameInWindow();
     const auto count = static_cast<double>(tabs->items.size());
-    const auto index = static_cast<std::size_t>((point.x - frame.origin.x) * count / frame.size.width);
+    const auto index =
+        static_cast<std::size_t>((point.x - frame.origin.x) * count / frame.size.width);
     pickTab(*tabs, tabs->items.at(index).title);
   } else {
     operate(*node->control());
@@ -196,7 +208,8 @@ void Window::openMenuOf(const PresentationNode& opener) {
   const auto control = controlFor<viewkit::MenuControl>(opener, "menu");
   const viewkit::NodeId id = opener.id;
   const std::string current = control.title.empty() ? opener.accessibility.value : control.title;
-  OpenMenu opened{.opener = id, .items = control.items ? control.items() : std::vector<viewkit::MenuItem>()};
+  OpenMenu opened{.opener = id,
+                  .items = control.items ? control.items() : std::vector<viewkit::MenuItem>()};
   if (opened.items.empty()) return;
   const auto found = std::ranges::find(opened.items, current, &viewkit::MenuItem::title);
   if (found != opened.items.end()) opened.current = found - opened.items.begin();
@@ -266,7 +279,9 @@ void Window::closePopovers(const PresentationNode* clicked) {
   if (!dismissals.empty()) settle();
 }
 
-void Window::hover(const Element& element) { movePointer(centerOf(bringIntoSight(element).frameInWindow())); }
+void Window::hover(const Element& element) {
+  movePointer(centerOf(bringIntoSight(element).frameInWindow()));
+}
 
 void Window::movePointer(Point point) {
   host_->pointerMoved(point);
@@ -282,7 +297,8 @@ void Window::scroll(const Element& element, double dy) {
   const PresentationNode* node = &element.content();
   while (node && !controlOf<viewkit::ScrollControl>(node)) node = node->parent;
   if (!node) {
-    throw NoSuchElement("the " + descriptionOf(element.content().accessibility) + " stands in nothing that scrolls");
+    throw NoSuchElement("the " + descriptionOf(element.content().accessibility) +
+                        " stands in nothing that scrolls");
   }
   const viewkit::ScrollControl control = *controlOf<viewkit::ScrollControl>(node);
   control.scroll(control.offset + Point{0, dy});

@@ -10,9 +10,12 @@ enum class Scheme { file, https, http, other };
 
 Scheme schemeOf(std::string_view address) {
   const auto is = [address](std::string_view scheme) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+    const auto lower = [](char c) {
+      return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    };
     return address.size() >= scheme.size() &&
-           std::equal(scheme.begin(), scheme.end(), address.begin(), [&](char a, char b) { return a == lower(b); });
+           std::equal(scheme.begin(), scheme.end(), address.begin(),
+                      [&](char a, char b) { return a == lower(b); });
   };
   if (is("file:")) return Scheme::file;
   if (is("https:")) return Scheme::https;

@@ -4,12 +4,13 @@
 
 namespace sparkle {
 
-// Whether a feed may be fetched from there: from https:// or a file on this machine, because anybody on the way
-// can change what comes over http://; from anywhere where the host allows an insecure feed.
+// Whether a feed may be fetched from there: from https:// or a file on this machine, because
+// anybody on the way can change what comes over http://; from anywhere where the host allows an
+// insecure feed.
 bool mayFetchFeed(std::string_view address, bool allowsInsecureFeed);
 
-// Whether a feed from one address may have a package fetched from another. Neither more of this machine nor less
-// protected than the feed itself:
+// Whether a feed from one address may have a package fetched from another. Neither more of this
+// machine nor less protected than the feed itself:
 //
 //     feed       package
 //     file://    file://, https://, http://

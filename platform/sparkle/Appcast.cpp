@@ -62,7 +62,8 @@ private:
     static_cast<Reader*>(self)->text({text, static_cast<std::size_t>(length)});
   }
   static void onDoctype(void* self, const XML_Char*, const XML_Char*, const XML_Char*, int) {
-    static_cast<Reader*>(self)->stop("the update feed declares a document type, which is not accepted");
+    static_cast<Reader*>(self)->stop(
+        "the update feed declares a document type, which is not accepted");
   }
 
   void stop(const char* message) {
@@ -95,7 +96,8 @@ private:
       Enclosure& enclosure = item_->enclosure;
       if (name == "url") enclosure.url = value;
       if (name == "type") enclosure.type = value;
-      if (name == "length") std::from_chars(value.data(), value.data() + value.size(), enclosure.length);
+      if (name == "length")
+        std::from_chars(value.data(), value.data() + value.size(), enclosure.length);
       if (name == "sparkle:edSignature") enclosure.signature = value;
       if (name == "sparkle:version") versionOfEnclosure_ = value;
       if (name == "sparkle:shortVersionString") displayVersionOfEnclosure_ = value;
@@ -117,8 +119,9 @@ private:
 
   void finishItem() {
     AppcastItem& item = *item_;
-    for (std::string* field : {&item.title, &item.version, &item.displayVersion, &item.notes, &item.notesLink,
-                               &item.publicationDate, &item.minimumSystemVersion}) {
+    for (std::string* field :
+         {&item.title, &item.version, &item.displayVersion, &item.notes, &item.notesLink,
+          &item.publicationDate, &item.minimumSystemVersion}) {
       *field = std::string(withoutBlanks(*field));
     }
     const std::string version = std::exchange(versionOfEnclosure_, {});
@@ -151,8 +154,9 @@ foundation::Result<std::vector<AppcastItem>> parseAppcast(std::string_view feed)
   const auto status = XML_Parse(parser.get(), feed.data(), static_cast<int>(feed.size()), XML_TRUE);
   if (reader.problem()) return *reader.problem();
   if (status != XML_STATUS_OK) {
-    return reason("the update feed is damaged in line %1: %2", {std::to_string(XML_GetCurrentLineNumber(parser.get())),
-                                                                XML_ErrorString(XML_GetErrorCode(parser.get()))});
+    return reason("the update feed is damaged in line %1: %2",
+                  {std::to_string(XML_GetCurrentLineNumber(parser.get())),
+                   XML_ErrorString(XML_GetErrorCode(parser.get()))});
   }
   if (!reader.hasChannel()) return reason("the update feed is no RSS feed");
   return reader.takeItems();

@@ -44,7 +44,8 @@ std::string withoutPercentEscapes(std::string_view text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     int code = 0;
     const char* const digits = text.data() + i + 1;
-    if (text[i] == '%' && i + 2 < text.size() && std::from_chars(digits, digits + 2, code, 16).ptr == digits + 2) {
+    if (text[i] == '%' && i + 2 < text.size() &&
+        std::from_chars(digits, digits + 2, code, 16).ptr == digits + 2) {
       plain += static_cast<char>(code);
       i += 2;
     } else {

@@ -21,8 +21,8 @@ std::string fileNameOf(std::string_view url) {
   url = url.substr(0, url.find_first_of("?#"));
   std::string name(url.substr(url.find_last_of('/') + 1));
   const auto isPlain = [](char c) {
-    return foundation::isLetter(c) || foundation::isDigit(c) || c == '.' || c == '-' || c == '_' || c == '+' ||
-           c == '~';
+    return foundation::isLetter(c) || foundation::isDigit(c) || c == '.' || c == '-' || c == '_' ||
+           c == '+' || c == '~';
   };
   std::ranges::replace_if(
       name, [&](char c) { return !isPlain(c); }, '_');
@@ -44,19 +44,26 @@ std::optional<Error> obstacleToDownload(const Enclosure& enclosure, std::string_
   return std::nullopt;
 }
 
-foundation::Result<std::filesystem::path> keepPackage(const Enclosure& enclosure, std::string_view contents,
-                                                      std::string_view publicKey, const std::filesystem::path& folder) {
-  if (contents.size() != enclosure.length) return reason("it is not as long as the update feed says");
-  if (!isSigned(contents, enclosure.signature, publicKey)) return reason("its signature is not valid");
+foundation::Result<std::filesystem::path> keepPackage(const Enclosure& enclosure,
+                                                      std::string_view contents,
+                                                      std::string_view publicKey,
+                                                      const std::filesystem::path& folder) {
+  if (contents.size() != enclosure.length)
+    return reason("it is not as long as the update feed says");
+  if (!isSigned(contents, enclosure.signature, publicKey))
+    return reason("its signature is not valid");
 
   std::error_code error;
   std::filesystem::create_directories(folder, error);
   const auto path = folder / fileNameOf(enclosure.url);
   // What is written takes on the mode of what it replaces.
-  constexpr auto forTheUserAlone = std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
+  constexpr auto forTheUserAlone =
+      std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
   const auto earlier = std::filesystem::symlink_status(path, error);
-  if (std::filesystem::is_regular_file(earlier)) std::filesystem::permissions(path, forTheUserAlone, error);
-  if (!foundation::writeFile(path, contents)) return reason("it cannot be saved in %1", {folder.string()});
+  if (std::filesystem::is_regular_file(earlier))
+    std::filesystem::permissions(path, forTheUserAlone, error);
+  if (!foundation::writeFile(path, contents))
+    return reason("it cannot be saved in %1", {folder.string()});
   return path;
 }
 

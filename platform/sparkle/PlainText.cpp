@@ -93,7 +93,8 @@ std::optional<std::size_t> lengthOfTag(std::string_view text) {
     return end == std::string_view::npos ? text.size() : end + 3;
   }
   const bool looksLikeTag =
-      text.size() > 1 && ((text[1] >= 'a' && text[1] <= 'z') || (text[1] >= 'A' && text[1] <= 'Z') || text[1] == '/');
+      text.size() > 1 &&
+      ((text[1] >= 'a' && text[1] <= 'z') || (text[1] >= 'A' && text[1] <= 'Z') || text[1] == '/');
   const auto end = looksLikeTag ? text.find('>') : std::string_view::npos;
   return end == std::string_view::npos ? std::nullopt : std::optional(end + 1);
 }

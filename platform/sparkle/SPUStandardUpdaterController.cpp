@@ -7,10 +7,13 @@ namespace sparkle {
 SPUStandardUpdaterController::SPUStandardUpdaterController(
     bool startingUpdater, std::weak_ptr<SPUUpdaterDelegate> updaterDelegate,
     std::weak_ptr<SPUStandardUserDriverDelegate> userDriverDelegate)
-    : updater_(UpdaterConfiguration::standard(), std::move(updaterDelegate), std::move(userDriverDelegate)) {
+    : updater_(UpdaterConfiguration::standard(), std::move(updaterDelegate),
+               std::move(userDriverDelegate)) {
   if (startingUpdater) updater_.start();
 }
 
-void SPUStandardUpdaterController::checkForUpdates(const void* /*sender*/) { updater_.checkForUpdates(); }
+void SPUStandardUpdaterController::checkForUpdates(const void* /*sender*/) {
+  updater_.checkForUpdates();
+}
 
 }  // namespace sparkle

@@ -32,20 +32,24 @@ constexpr std::chrono::seconds kCheckInterval = 24h;
 constexpr std::chrono::seconds kLongestWait = 1h;
 
 UpdaterConfiguration completed(UpdaterConfiguration configuration) {
-  if (configuration.store == nullptr) configuration.store = &foundation::UserDefaults::standardUserDefaults();
+  if (configuration.store == nullptr)
+    configuration.store = &foundation::UserDefaults::standardUserDefaults();
   if (!configuration.transport) configuration.transport = std::make_shared<FileTransport>();
   return configuration;
 }
 
 // The newest version of the feed when it is newer than the one that runs.
-Result<std::optional<AppcastItem>> newestUpdate(const Result<std::string>& feed, const std::string& currentVersion) {
+Result<std::optional<AppcastItem>> newestUpdate(const Result<std::string>& feed,
+                                                const std::string& currentVersion) {
   if (!feed) return feed.error();
   auto items = parseAppcast(*feed);
   if (!items) return items.error();
-  const auto newest = std::ranges::max_element(*items, [](const AppcastItem& a, const AppcastItem& b) {
-    return std::is_lt(compareVersions(a.version, b.version));
-  });
-  if (newest == items->end() || std::is_lteq(compareVersions(newest->version, currentVersion))) return {std::nullopt};
+  const auto newest =
+      std::ranges::max_element(*items, [](const AppcastItem& a, const AppcastItem& b) {
+        return std::is_lt(compareVersions(a.version, b.version));
+      });
+  if (newest == items->end() || std::is_lteq(compareVersions(newest->version, currentVersion)))
+    return {std::nullopt};
   return {std::move(*newest)};
 }
 
@@ -60,7 +64,8 @@ SPUUpdater::Setting::Setting(QEVSettings::PreferencesStore& store, std::string_v
         if (value != property.get()) property.set(value);
       })) {}
 
-SPUUpdater::SPUUpdater(UpdaterConfiguration configuration, std::weak_ptr<SPUUpdaterDelegate> delegate,
+SPUUpdater::SPUUpdater(UpdaterConfiguration configuration,
+                       std::weak_ptr<SPUUpdaterDelegate> delegate,
                        std::weak_ptr<SPUStandardUserDriverDelegate> userDriverDelegate)
     : configuration_(completed(std::move(configuration))),
       delegate_(std::move(delegate)),
@@ -68,8 +73,8 @@ SPUUpdater::SPUUpdater(UpdaterConfiguration configuration, std::weak_ptr<SPUUpda
       automaticallyChecksForUpdates_(*configuration_.store, kAutomaticallyChecksKey),
       automaticallyDownloadsUpdates_(*configuration_.store, kAutomaticallyDownloadsKey),
       sendsSystemProfile_(*configuration_.store, kSendsSystemProfileKey),
-      scheduling_(
-          automaticallyChecksForUpdates_.property.observe(ObservingOptions::newValue, [this](bool) { schedule(); })) {}
+      scheduling_(automaticallyChecksForUpdates_.property.observe(ObservingOptions::newValue,
+                                                                  [this](bool) { schedule(); })) {}
 
 void SPUUpdater::start() {
   if (isStarted_) return;
@@ -80,25 +85,33 @@ void SPUUpdater::start() {
 
 void SPUUpdater::checkForUpdates() { check(Occasion::request); }
 
-Subscription SPUUpdater::observeCanCheckForUpdates(ObservingOptions options, BooleanObserver observer) {
+Subscription SPUUpdater::observeCanCheckForUpdates(ObservingOptions options,
+                                                   BooleanObserver observer) {
   return canCheckForUpdates_.observe(options, std::move(observer));
 }
 
-void SPUUpdater::setAutomaticallyChecksForUpdates(bool value) { automaticallyChecksForUpdates_.set(value); }
+void SPUUpdater::setAutomaticallyChecksForUpdates(bool value) {
+  automaticallyChecksForUpdates_.set(value);
+}
 
-Subscription SPUUpdater::observeAutomaticallyChecksForUpdates(ObservingOptions options, BooleanObserver observer) {
+Subscription SPUUpdater::observeAutomaticallyChecksForUpdates(ObservingOptions options,
+                                                              BooleanObserver observer) {
   return automaticallyChecksForUpdates_.property.observe(options, std::move(observer));
 }
 
-void SPUUpdater::setAutomaticallyDownloadsUpdates(bool value) { automaticallyDownloadsUpdates_.set(value); }
+void SPUUpdater::setAutomaticallyDownloadsUpdates(bool value) {
+  automaticallyDownloadsUpdates_.set(value);
+}
 
-Subscription SPUUpdater::observeAutomaticallyDownloadsUpdates(ObservingOptions options, BooleanObserver observer) {
+Subscription SPUUpdater::observeAutomaticallyDownloadsUpdates(ObservingOptions options,
+                                                              BooleanObserver observer) {
   return automaticallyDownloadsUpdates_.property.observe(options, std::move(observer));
 }
 
 void SPUUpdater::setSendsSystemProfile(bool value) { sendsSystemProfile_.set(value); }
 
-Subscription SPUUpdater::observeSendsSystemProfile(ObservingOptions options, BooleanObserver observer) {
+Subscription SPUUpdater::observeSendsSystemProfile(ObservingOptions options,
+                                                   BooleanObserver observer) {
   return sendsSystemProfile_.property.observe(options, std::move(observer));
 }
 
@@ -117,7 +130,8 @@ void SPUUpdater::check(Occasion occasion) {
     return;
   }
   if (!mayFetchFeed(request.address, configuration_.allowsInsecureFeed)) {
-    fail(occasion, reason("the address %1 is neither https:// nor a file on this machine", {request.address}));
+    fail(occasion, reason("the address %1 is neither https:// nor a file on this machine",
+                          {request.address}));
     return;
   }
   fetch_ = configuration_.transport->fetch(
@@ -126,8 +140,10 @@ void SPUUpdater::check(Occasion occasion) {
       });
 }
 
-void SPUUpdater::takeFeed(Occasion occasion, const std::string& address, const Result<std::string>& feed) {
-  configuration_.store->setObject(PreferenceValue::Date(configuration_.now().time_since_epoch()), kLastCheckKey);
+void SPUUpdater::takeFeed(Occasion occasion, const std::string& address,
+                          const Result<std::string>& feed) {
+  configuration_.store->setObject(PreferenceValue::Date(configuration_.now().time_since_epoch()),
+                                  kLastCheckKey);
 
   auto newest = newestUpdate(feed, configuration_.applicationVersion);
   const bool isRequested = occasion == Occasion::request;
@@ -148,7 +164,8 @@ void SPUUpdater::takeFeed(Occasion occasion, const std::string& address, const R
   }
 }
 
-bool SPUUpdater::mayDownload(Occasion occasion, const std::string& feedAddress, FoundUpdate& update) const {
+bool SPUUpdater::mayDownload(Occasion occasion, const std::string& feedAddress,
+                             FoundUpdate& update) const {
   const Enclosure& enclosure = update.item.enclosure;
   const bool isWanted = occasion == Occasion::schedule && automaticallyDownloadsUpdates();
   if (!isWanted || configuration_.downloadFolder.empty() || enclosure.url.empty()) return false;
@@ -158,7 +175,8 @@ bool SPUUpdater::mayDownload(Occasion occasion, const std::string& feedAddress, 
 
 void SPUUpdater::fail(Occasion occasion, const Error& error) {
   const bool isRequested = occasion == Occasion::request;
-  finish(isRequested ? Show([error](SPUUserDriver& driver) { driver.showUpdaterError(error); }) : Show());
+  finish(isRequested ? Show([error](SPUUserDriver& driver) { driver.showUpdaterError(error); })
+                     : Show());
 }
 
 void SPUUpdater::download(FoundUpdate update) {
@@ -166,13 +184,14 @@ void SPUUpdater::download(FoundUpdate update) {
   FeedRequest request{.address = enclosure.url};
   request.longestAnswer = static_cast<std::size_t>(enclosure.length);
   request.patience = 30min;
-  fetch_ =
-      configuration_.transport->fetch(request, [this, update = std::move(update)](const Result<std::string>& contents) {
+  fetch_ = configuration_.transport->fetch(
+      request, [this, update = std::move(update)](const Result<std::string>& contents) {
         FoundUpdate shown = update;
         // A download that fails is no reason to keep the new version secret.
-        const auto package = contents ? keepPackage(update.item.enclosure, *contents, configuration_.publicKey,
-                                                    configuration_.downloadFolder)
-                                      : Result<std::filesystem::path>(contents.error());
+        const auto package =
+            contents ? keepPackage(update.item.enclosure, *contents, configuration_.publicKey,
+                                   configuration_.downloadFolder)
+                     : Result<std::filesystem::path>(contents.error());
         if (package) {
           shown.package = *package;
         } else {
@@ -189,7 +208,8 @@ void SPUUpdater::finish(const Show& show) {
   const auto userDriverDelegate = userDriverDelegate_;
   canCheckForUpdates_.set(true);
   if (!show || !userDriver) return;
-  if (const auto delegate = userDriverDelegate.lock()) delegate->standardUserDriverWillShowOutcome();
+  if (const auto delegate = userDriverDelegate.lock())
+    delegate->standardUserDriverWillShowOutcome();
   show(*userDriver);
 }
 
@@ -198,13 +218,14 @@ void SPUUpdater::schedule() {
   if (!isStarted_ || !automaticallyChecksForUpdates() || !configuration_.timer) return;
   // Without a feed nothing is due; there may be one later.
   const bool hasFeed = !feedAddress().empty();
-  timer_ = configuration_.timer->after(hasFeed ? std::min(timeUntilDue(), kLongestWait) : kLongestWait, [this] {
-    if (feedAddress().empty() || timeUntilDue() > 0s || !canCheckForUpdates()) {
-      schedule();
-    } else {
-      check(Occasion::schedule);
-    }
-  });
+  timer_ = configuration_.timer->after(
+      hasFeed ? std::min(timeUntilDue(), kLongestWait) : kLongestWait, [this] {
+        if (feedAddress().empty() || timeUntilDue() > 0s || !canCheckForUpdates()) {
+          schedule();
+        } else {
+          check(Occasion::schedule);
+        }
+      });
 }
 
 std::string SPUUpdater::feedAddress() {

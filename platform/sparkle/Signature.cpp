@@ -12,7 +12,8 @@ bool isSigned(std::string_view contents, std::string_view signature, std::string
   if (!signatureBytes || signatureBytes->size() != crypto_sign_BYTES) return false;
   if (!keyBytes || keyBytes->size() != crypto_sign_PUBLICKEYBYTES) return false;
   return sodium_init() >= 0 &&
-         crypto_sign_verify_detached(signatureBytes->data(), reinterpret_cast<const unsigned char*>(contents.data()),
+         crypto_sign_verify_detached(signatureBytes->data(),
+                                     reinterpret_cast<const unsigned char*>(contents.data()),
                                      contents.size(), keyBytes->data()) == 0;
 }
 

@@ -13,7 +13,9 @@ UpdaterConfiguration& current() {
 
 }  // namespace
 
-void UpdaterConfiguration::setStandard(UpdaterConfiguration configuration) { current() = std::move(configuration); }
+void UpdaterConfiguration::setStandard(UpdaterConfiguration configuration) {
+  current() = std::move(configuration);
+}
 
 const UpdaterConfiguration& UpdaterConfiguration::standard() { return current(); }
 

@@ -74,7 +74,8 @@ TEST(FontPreferencesTest, YieldsAFontWhateverIsStored) {
   EXPECT_TRUE(fonts.com_velloquin_zorvantine_fontConsoleRaw().isFixedPitch());
 
   const auto stored = [](PreferenceValue family, PreferenceValue size) {
-    return PreferenceDictionary{{"family", std::move(family)}, {"style", 7}, {"pointSize", std::move(size)}};
+    return PreferenceDictionary{
+        {"family", std::move(family)}, {"style", 7}, {"pointSize", std::move(size)}};
   };
   for (const PreferenceValue& damaged : {
            PreferenceValue("Some Serif 12"),
@@ -108,8 +109,9 @@ TEST(FontPreferencesTest, StoresOnlyWhatAGetterGivesBack) {
   }
   store.forget();
   const double infinity = std::numeric_limits<double>::infinity();
-  for (const appkit::Font& bad : {font("", 12), font("Serif", 0), font("Serif", -1), font("Serif", 1000.1),
-                                  font("Serif", infinity), font("Serif", std::numeric_limits<double>::quiet_NaN())}) {
+  for (const appkit::Font& bad :
+       {font("", 12), font("Serif", 0), font("Serif", -1), font("Serif", 1000.1),
+        font("Serif", infinity), font("Serif", std::numeric_limits<double>::quiet_NaN())}) {
     fonts.setCom_velloquin_zorvantine_fontConsoleRaw(bad);
     EXPECT_TRUE(store.changes().empty()) << bad.family << ' ' << bad.pointSize;
   }

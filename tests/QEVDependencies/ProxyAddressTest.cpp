@@ -10,8 +10,9 @@ namespace {
 
 TEST(ProxyAddressTest, TakesNamesAndAddresses) {
   for (const std::string_view host :
-       {"localhost", "proxy-1.example.com", "example.com.", "a_b.lan", "127.0.0.1", "255.255.255.255", "::", "::1",
-        "fe80::1:2", "1:2:3:4:5:6:7:8", "1::8", "::ffff:10.0.0.1", "1:2:3:4:5:6:10.0.0.1", "3com.example"}) {
+       {"localhost", "proxy-1.example.com", "example.com.", "a_b.lan", "127.0.0.1",
+        "255.255.255.255", "::", "::1", "fe80::1:2", "1:2:3:4:5:6:7:8", "1::8", "::ffff:10.0.0.1",
+        "1:2:3:4:5:6:10.0.0.1", "3com.example"}) {
     EXPECT_TRUE(validatedProxyHost(host)) << host;
   }
   EXPECT_EQ(ProxyAddress::fromText(" [::1] ", " 8080\n")->text(), "[::1]:8080");
@@ -47,7 +48,8 @@ TEST(ProxyAddressTest, RefusesAnythingElse) {
                                   std::string("a\0b", 3)}) {
     EXPECT_FALSE(validatedProxyHost(host)) << host;
   }
-  for (const std::string_view port : {"", "0", "65536", "-1", "+80", "80x", "8 0", "123456789012345678901", "８０"}) {
+  for (const std::string_view port :
+       {"", "0", "65536", "-1", "+80", "80x", "8 0", "123456789012345678901", "８０"}) {
     EXPECT_FALSE(validatedProxyPort(port)) << port;
   }
 }

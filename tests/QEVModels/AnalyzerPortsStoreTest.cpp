@@ -27,11 +27,14 @@ using ::testing::SizeIs;
 constexpr const char* kKey = "com_velloquin_qev_dns_protocols";
 constexpr std::string_view kId = "3F2504E0-4F89-41D3-9A0C-0305E82C3301";
 
-PreferenceValue bytes(std::string_view text) { return PreferenceValue::Bytes(text.begin(), text.end()); }
+PreferenceValue bytes(std::string_view text) {
+  return PreferenceValue::Bytes(text.begin(), text.end());
+}
 
-std::shared_ptr<QEVNetworkProtocol> record(std::string name, std::string ports, std::int64_t source) {
-  return std::make_shared<QEVNetworkProtocol>(*UUID::parse(kId), std::move(name), std::move(ports), source,
-                                              std::nullopt, "EN10MB", 0);
+std::shared_ptr<QEVNetworkProtocol> record(std::string name, std::string ports,
+                                           std::int64_t source) {
+  return std::make_shared<QEVNetworkProtocol>(*UUID::parse(kId), std::move(name), std::move(ports),
+                                              source, std::nullopt, "EN10MB", 0);
 }
 
 std::string described(const QEVNetworkProtocol& protocol) {
@@ -51,7 +54,8 @@ protected:
   std::vector<std::string> decoded(const PreferenceValue& value) {
     defaults_->setObject(value, kKey);
     std::vector<std::string> result;
-    for (const auto& each : store_.decode({record("fallback", "1", 0)})) result.push_back(described(*each));
+    for (const auto& each : store_.decode({record("fallback", "1", 0)}))
+      result.push_back(described(*each));
     EXPECT_EQ(defaults_->objectForKey(kKey), value);
     return result;
   }
@@ -66,10 +70,12 @@ TEST_F(AnalyzerPortsStoreTest, KeepsAListAsAnArrayOfObjects) {
   EXPECT_EQ(stored(), "nothing");
 
   store_.encode({fallback.front(), record("mDNS “lan”", "", kQEVSourceProtocols::udp)});
-  EXPECT_EQ(stored(), R"([{"id":"3F2504E0-4F89-41D3-9A0C-0305E82C3301","protocolName":"DNS","protocolPorts":"53",)"
-                      R"("sourceProtocol":3,"linktype":"EN10MB","size":0},)"
-                      R"({"id":"3F2504E0-4F89-41D3-9A0C-0305E82C3301","protocolName":"mDNS “lan”","protocolPorts":"",)"
-                      R"("sourceProtocol":2,"linktype":"EN10MB","size":0}])");
+  EXPECT_EQ(
+      stored(),
+      R"([{"id":"3F2504E0-4F89-41D3-9A0C-0305E82C3301","protocolName":"DNS","protocolPorts":"53",)"
+      R"("sourceProtocol":3,"linktype":"EN10MB","size":0},)"
+      R"({"id":"3F2504E0-4F89-41D3-9A0C-0305E82C3301","protocolName":"mDNS “lan”","protocolPorts":"",)"
+      R"("sourceProtocol":2,"linktype":"EN10MB","size":0}])");
 
   const auto list = store_.decode({});
   ASSERT_THAT(list, SizeIs(2));
@@ -94,10 +100,12 @@ TEST_F(AnalyzerPortsStoreTest, WritesBackWhatNobodyChangedAsItCame) {
   list[0]->protocolPorts = "53,5353";
   list[1]->sourceProtocol = kQEVSourceProtocols::tcp;
   store_.encode(list);
-  EXPECT_EQ(stored(), R"([{"note":{"a":[1e400]},"protocolName":"\u0044NS","id":"3f2504e0-4f89-41d3-9a0c-0305e82c3301",)"
-                      R"("sourceProtocol":3.0,"protocolPorts":"53,5353","size":"large","ethertype":null},)"
-                      R"({"protocolName":"HTTP","protocolPorts":"80","sourceProtocol":1,"id":")" +
-                          list[1]->id().text() + R"("}])");
+  EXPECT_EQ(
+      stored(),
+      R"([{"note":{"a":[1e400]},"protocolName":"\u0044NS","id":"3f2504e0-4f89-41d3-9a0c-0305e82c3301",)"
+      R"("sourceProtocol":3.0,"protocolPorts":"53,5353","size":"large","ethertype":null},)"
+      R"({"protocolName":"HTTP","protocolPorts":"80","sourceProtocol":1,"id":")" +
+          list[1]->id().text() + R"("}])");
 }
 
 TEST_F(AnalyzerPortsStoreTest, ReadsWhatHasASaneMeaning) {
@@ -105,7 +113,8 @@ TEST_F(AnalyzerPortsStoreTest, ReadsWhatHasASaneMeaning) {
       {R"({"protocolName":"DNS"})", "DNS||0"},
       {R"({"protocolName":"","protocolPorts":"80, x"})", "|80, x|0"},
       {R"({"protocolName":"DNS","protocolPorts":null,"id":7,"size":[],"linktype":{}})", "DNS||0"},
-      {R"({"protocolName":"DNS","protocolPorts":[53,"54-55"],"sourceProtocol":"UDP"})", "DNS|53,54-55|0"},
+      {R"({"protocolName":"DNS","protocolPorts":[53,"54-55"],"sourceProtocol":"UDP"})",
+       "DNS|53,54-55|0"},
       {R"({"protocolName":"DNS","protocolPorts":53,"sourceProtocol":1e400})", "DNS|53|0"},
       {R"({"protocolName":"DNS","protocolPorts":"53","sourceProtocol":-9})", "DNS|53|-9"},
       {R"({"protocolName":"a","protocolName":"b","protocolPorts":"1"})", "b|1|0"},
@@ -119,19 +128,20 @@ TEST_F(AnalyzerPortsStoreTest, ReadsWhatHasASaneMeaning) {
 
 TEST_F(AnalyzerPortsStoreTest, FallsBackFromWhatIsNoList) {
   const std::string good = R"({"protocolName":"DNS","protocolPorts":"53"})";
-  const std::vector<PreferenceValue> values{PreferenceValue("[" + good + "]"),
-                                            PreferenceValue(5),
-                                            PreferenceValue::Array{good},
-                                            bytes(""),
-                                            bytes("[" + good),
-                                            bytes(good),
-                                            bytes("null"),
-                                            bytes("[5]"),
-                                            bytes(R"([{"protocolName":7,"protocolPorts":"53"}])"),
-                                            bytes(R"([{"protocolName":"DNS","protocolPorts":{"a":1}}])"),
-                                            bytes(R"([{"protocolName":"DNS","protocolPorts":[53.5]}])"),
-                                            bytes("[{\"protocolName\":\"\xFF\"}]"),
-                                            bytes(std::string(10'000, '[') + std::string(10'000, ']'))};
+  const std::vector<PreferenceValue> values{
+      PreferenceValue("[" + good + "]"),
+      PreferenceValue(5),
+      PreferenceValue::Array{good},
+      bytes(""),
+      bytes("[" + good),
+      bytes(good),
+      bytes("null"),
+      bytes("[5]"),
+      bytes(R"([{"protocolName":7,"protocolPorts":"53"}])"),
+      bytes(R"([{"protocolName":"DNS","protocolPorts":{"a":1}}])"),
+      bytes(R"([{"protocolName":"DNS","protocolPorts":[53.5]}])"),
+      bytes("[{\"protocolName\":\"\xFF\"}]"),
+      bytes(std::string(10'000, '[') + std::string(10'000, ']'))};
   for (const PreferenceValue& value : values) {
     EXPECT_THAT(decoded(value), ElementsAre("fallback|1|0"));
   }
@@ -143,7 +153,8 @@ TEST_F(AnalyzerPortsStoreTest, UnreadableElementsAreSkippedAndStoredAgainWhereTh
     return R"({"id":")" + std::string(kId) + R"(","protocolName":")" + name +
            R"(","protocolPorts":"1","sourceProtocol":0})";
   };
-  const std::string before = std::string("[") + kBroken + "," + good("A") + ",5," + good("B") + ",{}]";
+  const std::string before =
+      std::string("[") + kBroken + "," + good("A") + ",5," + good("B") + ",{}]";
   EXPECT_THAT(decoded(bytes(before)), ElementsAre("A|1|0", "B|1|0"));
 
   auto list = store_.decode({});
@@ -234,14 +245,16 @@ TEST(QEVPortsControllerTest, OnlyASuccessfulRegistrationIsRemembered) {
   plugIn.refuses = true;
   protocol->protocolName = "mDNS";
   protocol->sourceProtocol = kQEVSourceProtocols::tcp;
-  EXPECT_THROW(plugIn.replaceProtoocol(record("", "", 0), protocol, protocolName), QEVDependencies::QEVError);
+  EXPECT_THROW(plugIn.replaceProtoocol(record("", "", 0), protocol, protocolName),
+               QEVDependencies::QEVError);
   EXPECT_EQ(protocol->lastRegisteredName(), "DNS");
   EXPECT_EQ(protocol->lastRegisteredSource(), kQEVSourceProtocols::udp);
 
   plugIn.refuses = false;
   plugIn.replaceProtoocol(record("", "", 0), protocol, protocolName);
   EXPECT_EQ(protocol->lastRegisteredName(), "mDNS");
-  EXPECT_EQ(protocol->lastRegisteredSource(), kQEVSourceProtocols::udp) << "the source was not what changed";
+  EXPECT_EQ(protocol->lastRegisteredSource(), kQEVSourceProtocols::udp)
+      << "the source was not what changed";
   plugIn.replaceProtoocol(record("", "", 0), protocol, sourceProtocol);
   EXPECT_EQ(protocol->lastRegisteredSource(), kQEVSourceProtocols::tcp);
 }
@@ -260,10 +273,11 @@ TEST(QEVNetworkProtocolTest, TakesOverWhatIsStoredButKeepsATextThatIsBeingTyped)
 }
 
 TEST(QEVNetworkProtocolTest, CopyIsWhatDecodingTheEncodedRecordGives) {
-  for (const char* text : {
-           R"({"note":{"a":[1.50]},"protocolName":"\u0044NS","protocolPorts":[53,54],"size":"large"})",
-           R"({"id":"3f2504e0-4f89-41d3-9a0c-0305e82c3301","protocolName":"A","ethertype":"x","size":3e0})",
-       }) {
+  for (
+      const char* text : {
+          R"({"note":{"a":[1.50]},"protocolName":"\u0044NS","protocolPorts":[53,54],"size":"large"})",
+          R"({"id":"3f2504e0-4f89-41d3-9a0c-0305e82c3301","protocolName":"A","ethertype":"x","size":3e0})",
+      }) {
     const auto json = foundation::JSON::parse(text);
     ASSERT_TRUE(json);
     const auto decoded = QEVNetworkProtocol::decoded(*json);

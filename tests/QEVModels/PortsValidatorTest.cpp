@@ -114,23 +114,28 @@ TEST(PortsValidatorTest, MessagesNameThePiecesAsTheyWereWritten) {
   EXPECT_EQ(onlyMessage("７００００;70001,70000-1"),
             "“７００００”, “70001” and “70000-1” are not ports (0–65535) and were left out");
   EXPECT_EQ(onlyMessage("80,http"), "“http” is neither a port nor a range and was left out");
-  EXPECT_EQ(onlyMessage("a,b,a,c,a,d,e,a"), "“a”, “b”, “c” and 2 more are neither ports nor ranges and were left out");
-  EXPECT_EQ(onlyMessage("20 – 10, 7-3"), "“20 – 10” and “7-3” were written backwards and were turned");
+  EXPECT_EQ(onlyMessage("a,b,a,c,a,d,e,a"),
+            "“a”, “b”, “c” and 2 more are neither ports nor ranges and were left out");
+  EXPECT_EQ(onlyMessage("20 – 10, 7-3"),
+            "“20 – 10” and “7-3” were written backwards and were turned");
   EXPECT_EQ(onlyMessage("80,80,80"), "“80” was named more than once and was kept once");
 }
 
 TEST(PortsValidatorTest, MessagesSpeakThePersonsLanguage) {
   EXPECT_EQ(onlyMessage("70000", "de"), "„70000“ ist kein Port (0–65535) und wurde weggelassen");
-  EXPECT_EQ(onlyMessage("a,b", "fr"),
-            "«\u00a0a\u00a0» et «\u00a0b\u00a0» ne sont ni des ports ni des plages et ont été ignorés");
-  EXPECT_EQ(onlyMessage("a b c d", "ja"), "「a」、「b」、「c」、ほか1件はポートでも範囲でもないため除きました");
+  EXPECT_EQ(
+      onlyMessage("a,b", "fr"),
+      "«\u00a0a\u00a0» et «\u00a0b\u00a0» ne sont ni des ports ni des plages et ont été ignorés");
+  EXPECT_EQ(onlyMessage("a b c d", "ja"),
+            "「a」、「b」、「c」、ほか1件はポートでも範囲でもないため除きました");
   for (const char* language : {"de", "fr", "es", "ja", "zh-Hans", "ar"}) {
-    for (const char* text :
-         {"x1", "x1,x2", "70001", "70001,70002", "70-1", "70-1,71-1", "7,7", "7,7,8,8", "x1,x2,x3,x4"}) {
+    for (const char* text : {"x1", "x1,x2", "70001", "70001,70002", "70-1", "70-1,71-1", "7,7",
+                             "7,7,8,8", "x1,x2,x3,x4"}) {
       const std::string english = onlyMessage(text);
       const std::string message = onlyMessage(text, language);
       EXPECT_NE(message, english) << language;
-      EXPECT_THAT(message, HasSubstr(std::string(text).substr(0, std::string_view(text).find(',')))) << language;
+      EXPECT_THAT(message, HasSubstr(std::string(text).substr(0, std::string_view(text).find(','))))
+          << language;
       EXPECT_THAT(message, Not(HasSubstr("%"))) << language;
     }
   }
@@ -146,13 +151,16 @@ TEST(PortsValidatorTest, MessagesStayShortAndPrintable) {
 
 TEST(PortsValidatorTest, TakesAMillionCharacters) {
   std::string everyPort;
-  for (int port = 65535; port >= 0; --port) everyPort += std::to_string(port) + (port % 2 == 0 ? "," : "\n");
+  for (int port = 65535; port >= 0; --port)
+    everyPort += std::to_string(port) + (port % 2 == 0 ? "," : "\n");
   for (int i = 0; i < 3; ++i) everyPort += everyPort.substr(0, 300'000);
   const auto result = validatedPorts(everyPort);
   EXPECT_EQ(std::ranges::count(result.ports, ','), 65535);
   EXPECT_EQ(kindsOf(result), "duplicate");
 
-  EXPECT_EQ(validatedPorts("80 " + std::string(1'000'000, ' ') + "- " + std::string(1'000'000, ' ') + "90").ports,
+  EXPECT_EQ(validatedPorts("80 " + std::string(1'000'000, ' ') + "- " +
+                           std::string(1'000'000, ' ') + "90")
+                .ports,
             "80-90");
 }
 

@@ -27,7 +27,9 @@ AllocationCount AllocationCount::now() { return total; }
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 
 void* operator new(std::size_t size) {
-  return counted(size, std::malloc(size));  // NOLINT(cppcoreguidelines-no-malloc): this is what `new` is made of
+  return counted(
+      size,
+      std::malloc(size));  // NOLINT(cppcoreguidelines-no-malloc): this is what `new` is made of
 }
 
 void* operator new(std::size_t size, std::align_val_t alignment) {
@@ -41,6 +43,8 @@ void operator delete(void* memory) noexcept {
 
 void operator delete(void* memory, std::size_t) noexcept { operator delete(memory); }
 void operator delete(void* memory, std::align_val_t) noexcept { operator delete(memory); }
-void operator delete(void* memory, std::size_t, std::align_val_t) noexcept { operator delete(memory); }
+void operator delete(void* memory, std::size_t, std::align_val_t) noexcept {
+  operator delete(memory);
+}
 
 #endif

@@ -2,8 +2,9 @@
 
 #include <cstddef>
 
-// What the whole program has allocated with `new` since it began: how often, how many bytes, and how many of them are
-// still there. A build with sanitizers has its own allocator, and counts nothing.
+// What the whole program has allocated with `new` since it began: how often, how many bytes, and
+// how many of them are still there. A build with sanitizers has its own allocator, and counts
+// nothing.
 struct AllocationCount {
   static AllocationCount now();
 

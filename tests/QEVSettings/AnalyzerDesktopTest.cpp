@@ -40,14 +40,15 @@ constexpr const char* kUsesColorKey = "com_velloquin_qev_test_usesColor";
 constexpr const char* kOptionKey = "com_velloquin_qev_test_checksums";
 constexpr const char* kOption = "Compute checksums";
 
-// The Analyzer page in a real window, used with the mouse and the keyboard. The journal tells the calls of
-// the ports controller, the writes of the list and the notifications in one order.
+// The Analyzer page in a real window, used with the mouse and the keyboard. The journal tells the
+// calls of the ports controller, the writes of the list and the notifications in one order.
 class AnalyzerDesktopTest : public qt::WindowFixture, protected HostParts {
 protected:
   void SetUp() override {
     preferences->config = {
         .toggles = {{.id = "1", .defaultsKey = kOptionKey, .labelKey = kOption}},
-        .color = QEVDependencies::AnalyzerColorSpec{.colorKey = kColorKey, .usesColorKey = kUsesColorKey},
+        .color = QEVDependencies::AnalyzerColorSpec{.colorKey = kColorKey,
+                                                    .usesColorKey = kUsesColorKey},
         .ports = {{.networkProtocolKey = kPortsKey,
                    .defaultProtocolNames = {"HTTP", "Proxy"},
                    .defaultPorts = {protocol("HTTP", "80", 1), protocol("Proxy", "3128", 1)}}}};
@@ -72,18 +73,24 @@ protected:
   }
 
   // Shown values and stored ones.
-  QAccessibleInterface& field(std::size_t row) const { return *findAll(QAccessible::EditableText).at(row); }
-  std::string shown(std::size_t row) const { return field(row).text(QAccessible::Value).toStdString(); }
+  QAccessibleInterface& field(std::size_t row) const {
+    return *findAll(QAccessible::EditableText).at(row);
+  }
+  std::string shown(std::size_t row) const {
+    return field(row).text(QAccessible::Value).toStdString();
+  }
   std::vector<std::string> stored() {
     std::vector<std::string> texts;
-    for (const auto& each : QEVModels::AnalyzerPortsStore(kPortsKey, store.underneath()).decode({})) {
+    for (const auto& each :
+         QEVModels::AnalyzerPortsStore(kPortsKey, store.underneath()).decode({})) {
       texts.push_back(each->protocolName.get() + " " + each->protocolPorts.get());
     }
     return texts;
   }
   std::vector<std::string> said() const {
     std::vector<std::string> texts;
-    for (auto* each : findAll(QAccessible::AlertMessage)) texts.push_back(each->text(QAccessible::Name).toStdString());
+    for (auto* each : findAll(QAccessible::AlertMessage))
+      texts.push_back(each->text(QAccessible::Name).toStdString());
     return texts;
   }
 
@@ -98,11 +105,14 @@ protected:
   std::shared_ptr<PortsPreferences> preferences = std::make_shared<PortsPreferences>(journal);
 
 private:
-  Subscription stored_ = store.observe(kPortsKey, [this](std::string_view) { journal.push_back("store"); });
+  Subscription stored_ =
+      store.observe(kPortsKey, [this](std::string_view) { journal.push_back("store"); });
   Subscription listChanged_ = foundation::NotificationCenter::defaultCenter().observe(
-      rawValue(static_cast<QEVProtocolKonstants>(9)), [this](std::string_view) { journal.push_back("notify 9"); });
+      rawValue(static_cast<QEVProtocolKonstants>(9)),
+      [this](std::string_view) { journal.push_back("notify 9"); });
   Subscription portsChanged_ = foundation::NotificationCenter::defaultCenter().observe(
-      rawValue(static_cast<QEVProtocolKonstants>(3)), [this](std::string_view) { journal.push_back("notify 3"); });
+      rawValue(static_cast<QEVProtocolKonstants>(3)),
+      [this](std::string_view) { journal.push_back("notify 3"); });
 };
 
 TEST_F(AnalyzerDesktopTest, SelectsByArrowsAndByClick) {
@@ -118,7 +128,8 @@ TEST_F(AnalyzerDesktopTest, SelectsByArrowsAndByClick) {
   click(find(QAccessible::ListItem, "Third"));
   EXPECT_EQ(selected(), "Third");
   EXPECT_EQ(store.underneath().integerForKey(kSelectionKey), 2);
-  EXPECT_FALSE(has(QAccessible::EditableText)) << "the details are those of the analyzer that is selected";
+  EXPECT_FALSE(has(QAccessible::EditableText))
+      << "the details are those of the analyzer that is selected";
 
   click(find(QAccessible::ListItem, "Web"));
   click(field(0));
@@ -167,9 +178,10 @@ TEST_F(AnalyzerDesktopTest, NothingIsPaintedBesideWhatChanges) {
   const auto placeOf = [&](const QAccessibleInterface& shown) {
     return QRect(topLevel().mapFromGlobal(shown.rect().topLeft()), shown.rect().size()) + overhang;
   };
-  const QRect option = placeOf(find(QAccessible::StaticText, kOption)) | placeOf(find(QAccessible::CheckBox, kOption));
-  const QRect row(placeOf(find(QAccessible::StaticText, "Packet coloring")).left() - 40, option.top(),
-                  topLevel().width(), option.height());
+  const QRect option = placeOf(find(QAccessible::StaticText, kOption)) |
+                       placeOf(find(QAccessible::CheckBox, kOption));
+  const QRect row(placeOf(find(QAccessible::StaticText, "Packet coloring")).left() - 40,
+                  option.top(), topLevel().width(), option.height());
   const auto flip = [&] { click(find(QAccessible::CheckBox, kOption)); };
   const struct {
     const char* what;
@@ -177,7 +189,8 @@ TEST_F(AnalyzerDesktopTest, NothingIsPaintedBesideWhatChanges) {
     std::function<void()> act;
     QRect within;
   } events[] = {
-      {"a hover", [] {}, [&] { QTest::mouseMove(topLevel().windowHandle(), option.center()); }, row},
+      {"a hover", [] {}, [&] { QTest::mouseMove(topLevel().windowHandle(), option.center()); },
+       row},
       {"a switch", flip, flip, row},
       {"a key", [&] { click(field(0)); }, [&] { type("1"); }, placeOf(field(0))},
   };
@@ -190,8 +203,9 @@ TEST_F(AnalyzerDesktopTest, NothingIsPaintedBesideWhatChanges) {
     settle();
     EXPECT_FALSE(watch.painted().isEmpty());
     const QRegion beside = watch.painted() - event.within;
-    EXPECT_TRUE(beside.isEmpty()) << beside.boundingRect().x() << ' ' << beside.boundingRect().y() << ' '
-                                  << beside.boundingRect().width() << " x " << beside.boundingRect().height();
+    EXPECT_TRUE(beside.isEmpty()) << beside.boundingRect().x() << ' ' << beside.boundingRect().y()
+                                  << ' ' << beside.boundingRect().width() << " x "
+                                  << beside.boundingRect().height();
   }
 }
 
@@ -205,12 +219,14 @@ TEST_F(AnalyzerDesktopTest, APickedColourIsStoredAtOnce) {
   hex->selectAll();
   QTest::keyClicks(hex, "#336699");
   settle();
-  const auto color = QEVCommonTools::colorFromRawValue(store.underneath().stringForKey(kColorKey).value_or(""));
+  const auto color =
+      QEVCommonTools::colorFromRawValue(store.underneath().stringForKey(kColorKey).value_or(""));
   ASSERT_TRUE(color);
   EXPECT_NEAR(color->red, 0.2, 0.01);
   EXPECT_NEAR(color->green, 0.4, 0.01);
   EXPECT_NEAR(color->blue, 0.6, 0.01);
-  EXPECT_FALSE(store.underneath().objectForKey(kUsesColorKey)) << "whether it is used is another matter";
+  EXPECT_FALSE(store.underneath().objectForKey(kUsesColorKey))
+      << "whether it is used is another matter";
   dialog->close();
 
   click(find(QAccessible::StaticText, "Packet coloring"));
@@ -222,15 +238,18 @@ TEST_F(AnalyzerDesktopTest, PortsAreCommittedByReturnAndPutRight) {
   EXPECT_THAT(journal, IsEmpty());
   EXPECT_THAT(stored(), IsEmpty());
   press(Qt::Key_Return);
-  EXPECT_THAT(journal, ElementsAre("replace HTTP 80 1 by HTTP 81 1, ports", "store", "notify 9", "notify 3"));
+  EXPECT_THAT(journal, ElementsAre("replace HTTP 80 1 by HTTP 81 1, ports", "store", "notify 9",
+                                   "notify 3"));
   EXPECT_EQ(shown(0), "81");
   EXPECT_THAT(stored(), ElementsAre("HTTP 81", "Proxy 3128"));
-  EXPECT_THAT(said(), ElementsAre(testing::AllOf(HasSubstr("“x”"), HasSubstr("“70000”"), HasSubstr("“81”"))));
+  EXPECT_THAT(said(), ElementsAre(testing::AllOf(HasSubstr("“x”"), HasSubstr("“70000”"),
+                                                 HasSubstr("“81”"))));
 
   press(Qt::Key_A, Qt::ControlModifier);
   type("82");
   press(Qt::Key_Tab);
-  EXPECT_THAT(stored(), ElementsAre("HTTP 82", "Proxy 3128")) << "leaving the field commits as well";
+  EXPECT_THAT(stored(), ElementsAre("HTTP 82", "Proxy 3128"))
+      << "leaving the field commits as well";
   EXPECT_THAT(said(), IsEmpty());
 }
 
@@ -248,8 +267,9 @@ TEST_F(AnalyzerDesktopTest, ANameAndATransportArePickedFromTheirMenus) {
   EXPECT_EQ(find(QAccessible::ButtonMenu, "Name").text(QAccessible::Value), "Proxy");
   pick("Source", Qt::Key_Down);
   EXPECT_EQ(find(QAccessible::ButtonMenu, "Source").text(QAccessible::Value), "UDP");
-  EXPECT_THAT(journal, ElementsAre("replace HTTP 80 1 by Proxy 80 1, name", "store", "notify 9", "notify 3",
-                                   "replace Proxy 80 1 by Proxy 80 2, source", "store", "notify 9", "notify 3"));
+  EXPECT_THAT(journal, ElementsAre("replace HTTP 80 1 by Proxy 80 1, name", "store", "notify 9",
+                                   "notify 3", "replace Proxy 80 1 by Proxy 80 2, source", "store",
+                                   "notify 9", "notify 3"));
   EXPECT_THAT(stored(), ElementsAre("Proxy 80", "Proxy 3128"));
 }
 
@@ -273,9 +293,9 @@ TEST_F(AnalyzerDesktopTest, ResetBringsTheFactoryListBack) {
   press(Qt::Key_Return);
   journal.clear();
   click(find(QAccessible::PushButton, "Reset"));
-  EXPECT_THAT(journal,
-              ElementsAre("replace HTTP 90 1 by HTTP 80 1, ports", "replace Proxy 3128 1 by Proxy 3128 1, ports",
-                          "set default settings", "store", "notify 9", "notify 3"));
+  EXPECT_THAT(journal, ElementsAre("replace HTTP 90 1 by HTTP 80 1, ports",
+                                   "replace Proxy 3128 1 by Proxy 3128 1, ports",
+                                   "set default settings", "store", "notify 9", "notify 3"));
   EXPECT_EQ(shown(0), "80");
   EXPECT_THAT(stored(), ElementsAre("HTTP 80", "Proxy 3128"));
 }
@@ -296,7 +316,8 @@ TEST_F(AnalyzerDesktopTest, WhatWasTypedIsCommittedOnceHoweverThePageIsLeft) {
     journal.clear();
     leave();
     settle();
-    EXPECT_THAT(journal, ElementsAre("replace Proxy 3128 1 by Proxy 98,99 1, ports", "store", "notify 9", "notify 3"));
+    EXPECT_THAT(journal, ElementsAre("replace Proxy 3128 1 by Proxy 98,99 1, ports", "store",
+                                     "notify 9", "notify 3"));
   }
 }
 

@@ -1,4 +1,5 @@
-// How much work the Analyzer page makes of what a person does: the same for ten analyzers and for ten thousand.
+// How much work the Analyzer page makes of what a person does: the same for ten analyzers and for
+// ten thousand.
 
 #include "AllocationCount.hpp"
 #include "QEVSettings/analyzers/QEVAnalyzerSettingsView.hpp"
@@ -35,15 +36,16 @@ struct Work {
   std::uint64_t nodesChanged;
   std::uint64_t allocations;
 
-  // The counters of the passes are exact. Allocations depend on the standard library as well, so that they have an
-  // upper bound only, a quarter above what they are today.
+  // The counters of the passes are exact. Allocations depend on the standard library as well, so
+  // that they have an upper bound only, a quarter above what they are today.
   bool isWithin(const Work& limit) const {
-    return bodiesRun == limit.bodiesRun && nodesLaidOut == limit.nodesLaidOut && nodesChanged == limit.nodesChanged &&
+    return bodiesRun == limit.bodiesRun && nodesLaidOut == limit.nodesLaidOut &&
+           nodesChanged == limit.nodesChanged &&
            allocations <= limit.allocations + limit.allocations / 4;
   }
   friend std::ostream& operator<<(std::ostream& out, const Work& work) {
-    return out << work.bodiesRun << " bodies run, " << work.nodesLaidOut << " nodes laid out, " << work.nodesChanged
-               << " nodes changed, " << work.allocations << " allocations";
+    return out << work.bodiesRun << " bodies run, " << work.nodesLaidOut << " nodes laid out, "
+               << work.nodesChanged << " nodes changed, " << work.allocations << " allocations";
   }
 };
 
@@ -59,10 +61,11 @@ class AnalyzerPageWorkTest : public testing::TestWithParam<int> {
 protected:
   void SetUp() override {
     foundation::Bundle::setPreferredLanguages({"en"});
-    for (int i = 0; i < GetParam(); ++i) plugIns_.load("Analyzer " + std::to_string(i), preferences(i));
-    window_ = std::make_unique<headless::Window>(viewkit::View(QEVAnalyzerSettingsView()),
-                                                 viewkit::Environment{.defaultStore = *store_},
-                                                 headless::WindowOptions{.size = viewkit::Size{760, 520}});
+    for (int i = 0; i < GetParam(); ++i)
+      plugIns_.load("Analyzer " + std::to_string(i), preferences(i));
+    window_ = std::make_unique<headless::Window>(
+        viewkit::View(QEVAnalyzerSettingsView()), viewkit::Environment{.defaultStore = *store_},
+        headless::WindowOptions{.size = viewkit::Size{760, 520}});
   }
 
   headless::Window& window() { return *window_; }
@@ -72,8 +75,8 @@ protected:
     window_->settle();
   }
 
-  // What is done afterwards, without what brought the window to where it stands. The least of several times: now
-  // and then a list outgrows its memory.
+  // What is done afterwards, without what brought the window to where it stands. The least of
+  // several times: now and then a list outgrows its memory.
   Work workOf(const std::function<void()>& act, const std::function<void()>& undo) {
     std::vector<Work> works;
     for (int i = 0; i < kTimes; ++i) {
@@ -84,7 +87,8 @@ protected:
       window_->settle();
       const std::size_t allocations = AllocationCount::now().allocations - before;
       const auto& counters = window_->host().counters();
-      works.push_back({counters.bodiesRun, counters.nodesLaidOut, counters.nodesChanged, allocations});
+      works.push_back(
+          {counters.bodiesRun, counters.nodesLaidOut, counters.nodesChanged, allocations});
       undo();
     }
     return *std::ranges::min_element(works, {}, &Work::allocations);
@@ -96,7 +100,8 @@ private:
     auto preferences = std::make_shared<AnalyzerPreferences>();
     preferences->config.emplace();
     for (const char* option : {"one", "two", "three", "four", "five"}) {
-      preferences->config->toggles.push_back({.id = option, .defaultsKey = key + option, .labelKey = option});
+      preferences->config->toggles.push_back(
+          {.id = option, .defaultsKey = key + option, .labelKey = option});
     }
     preferences->config->ports = {
         .networkProtocolKey = key + "protocols", .defaultProtocolNames = {}, .defaultPorts = {}};
@@ -126,7 +131,8 @@ TEST_P(AnalyzerPageWorkTest, IsNoMoreThanTheChangeNeeds) {
   window().movePointer(toggle.frame().origin);
   EXPECT_THAT(workOf(flip, flip), isWork(2, 0, 1, 58)) << "a switch";
   window().click(field);
-  EXPECT_THAT(workOf([&] { window().type("8"); }, [] {}), isWork(4, 1, 1, 87)) << "a key typed: the cells of its row";
+  EXPECT_THAT(workOf([&] { window().type("8"); }, [] {}), isWork(4, 1, 1, 87))
+      << "a key typed: the cells of its row";
   int selected = 0;
   const auto next = [&] { select(selected = 1 - selected); };
   EXPECT_THAT(workOf(next, [] {}), isWork(62, 197, 152, 2953)) << "a selection";

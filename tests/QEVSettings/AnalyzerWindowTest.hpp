@@ -14,7 +14,8 @@ class AnalyzerWindowTest : public SettingsWindowTest {
 protected:
   ~AnalyzerWindowTest() override { close(); }
 
-  void load(const std::string& title, std::shared_ptr<QEVDependencies::QEVPreferencesObject> preferences = nullptr) {
+  void load(const std::string& title,
+            std::shared_ptr<QEVDependencies::QEVPreferencesObject> preferences = nullptr) {
     plugIns_.load(title, std::move(preferences));
   }
   headless::Window& open() { return SettingsWindowTest::open(Tabs::analyze); }

@@ -22,7 +22,8 @@ TEST(CheckForUpdatesView, StartsOneCheckAPressAndWaitsForItsEnd) {
   configuration.transport = transport;
   sparkle::UpdaterConfiguration::setStandard(configuration);
 
-  headless::Window window(CheckForUpdatesView(std::make_shared<UpdaterViewModel>()), {.defaultStore = *store});
+  headless::Window window(CheckForUpdatesView(std::make_shared<UpdaterViewModel>()),
+                          {.defaultStore = *store});
   const auto button = window.find(viewkit::Role::button, "Check for Updates…");
   ASSERT_TRUE(button.exists()) << button.problem();
   for (int check = 1; check <= 2; ++check) {

@@ -33,47 +33,60 @@ protected:
 std::string symbolBefore(const headless::Window& window, const std::string& label) {
   const viewkit::Rect row = window.findText(label).frame();
   std::string symbol;
-  const std::function<void(const viewkit::PresentationNode&)> look = [&](const viewkit::PresentationNode& node) {
-    const auto* visual = std::get_if<viewkit::SymbolVisual>(&node.content);
-    const viewkit::Rect frame = node.frameInWindow();
-    const double middle = frame.origin.y + frame.size.height / 2;
-    if (visual && frame.maxX() <= row.origin.x && middle > row.origin.y && middle < row.maxY()) {
-      symbol = visual->name.text();
-    }
-    for (const auto* child : node.children) look(*child);
-  };
+  const std::function<void(const viewkit::PresentationNode&)> look =
+      [&](const viewkit::PresentationNode& node) {
+        const auto* visual = std::get_if<viewkit::SymbolVisual>(&node.content);
+        const viewkit::Rect frame = node.frameInWindow();
+        const double middle = frame.origin.y + frame.size.height / 2;
+        if (visual && frame.maxX() <= row.origin.x && middle > row.origin.y &&
+            middle < row.maxY()) {
+          symbol = visual->name.text();
+        }
+        for (const auto* child : node.children) look(*child);
+      };
   look(window.host().presentation());
   return symbol;
 }
 
 TEST_F(CompactAnalyzerOptionsViewTest, OrdersKnownOptionsFirstAndGivesEachItsIcon) {
-  const headless::Window& window = show({.toggles = {
-                                             {.id = "1", .defaultsKey = "k1", .labelKey = "Enable HTTP/2 Detection"},
-                                             {.id = "2", .defaultsKey = "k2", .labelKey = "Zeta of the plug-in"},
-                                             {.id = "3", .defaultsKey = "k3", .labelKey = "Alpha of the plug-in"},
-                                             {.id = "4", .defaultsKey = "k4", .labelKey = "Compute checksums"},
-                                         }});
+  const headless::Window& window =
+      show({.toggles = {
+                {.id = "1", .defaultsKey = "k1", .labelKey = "Enable HTTP/2 Detection"},
+                {.id = "2", .defaultsKey = "k2", .labelKey = "Zeta of the plug-in"},
+                {.id = "3", .defaultsKey = "k3", .labelKey = "Alpha of the plug-in"},
+                {.id = "4", .defaultsKey = "k4", .labelKey = "Compute checksums"},
+            }});
   std::vector<std::string> labels;
   std::vector<std::string> symbols;
   for (const auto& toggle : window.findAll(Role::toggle)) {
     labels.push_back(toggle.label());
     symbols.push_back(symbolBefore(window, toggle.label()));
   }
-  EXPECT_THAT(labels, ElementsAre("Compute checksums", "Enable HTTP/2 Detection", "Zeta of the plug-in",
-                                  "Alpha of the plug-in"));
-  EXPECT_THAT(symbols, ElementsAre("checkmark.seal", "bolt", "slider.horizontal.3", "slider.horizontal.3"));
+  EXPECT_THAT(labels, ElementsAre("Compute checksums", "Enable HTTP/2 Detection",
+                                  "Zeta of the plug-in", "Alpha of the plug-in"));
+  EXPECT_THAT(symbols,
+              ElementsAre("checkmark.seal", "bolt", "slider.horizontal.3", "slider.horizontal.3"));
 }
 
 TEST_F(CompactAnalyzerOptionsViewTest, TakesTheStoredValueBeforeTheDefault) {
   store.underneath().setBool(false, "stored off");
   store.underneath().setObject(PreferenceValue::Bytes{1, 2}, "stored nonsense");
-  const headless::Window& window =
-      show({.toggles = {
-                {.id = "1", .defaultsKey = "absent on", .defaultValue = true, .labelKey = "absent, on"},
-                {.id = "2", .defaultsKey = "absent off", .defaultValue = false, .labelKey = "absent, off"},
-                {.id = "3", .defaultsKey = "stored off", .defaultValue = true, .labelKey = "stored, off"},
-                {.id = "4", .defaultsKey = "stored nonsense", .defaultValue = true, .labelKey = "stored, nonsense"},
-            }});
+  const headless::Window& window = show(
+      {.toggles = {
+           {.id = "1", .defaultsKey = "absent on", .defaultValue = true, .labelKey = "absent, on"},
+           {.id = "2",
+            .defaultsKey = "absent off",
+            .defaultValue = false,
+            .labelKey = "absent, off"},
+           {.id = "3",
+            .defaultsKey = "stored off",
+            .defaultValue = true,
+            .labelKey = "stored, off"},
+           {.id = "4",
+            .defaultsKey = "stored nonsense",
+            .defaultValue = true,
+            .labelKey = "stored, nonsense"},
+       }});
   EXPECT_EQ(window.find(Role::toggle, "absent, on").value(), "on");
   EXPECT_EQ(window.find(Role::toggle, "absent, off").value(), "off");
   EXPECT_EQ(window.find(Role::toggle, "stored, off").value(), "off");
@@ -83,7 +96,8 @@ TEST_F(CompactAnalyzerOptionsViewTest, TakesTheStoredValueBeforeTheDefault) {
 
 TEST_F(CompactAnalyzerOptionsViewTest, FlipsAnOptionByItsSwitchItsTextAndTheSpaceBesideIt) {
   headless::Window& window =
-      show({.toggles = {{.id = "1", .defaultsKey = "key", .defaultValue = true, .labelKey = "An option"}}});
+      show({.toggles = {
+                {.id = "1", .defaultsKey = "key", .defaultValue = true, .labelKey = "An option"}}});
   const auto toggle = window.find(Role::toggle, "An option");
   const auto text = window.findText("An option");
 
@@ -104,7 +118,8 @@ TEST_F(CompactAnalyzerOptionsViewTest, FlipsAnOptionByItsSwitchItsTextAndTheSpac
 }
 
 TEST_F(CompactAnalyzerOptionsViewTest, ShowsARandomColourUntilOneIsChosen) {
-  headless::Window& window = show({.color = {{.colorKey = kColorKey, .usesColorKey = kUsesColorKey}}});
+  headless::Window& window =
+      show({.color = {{.colorKey = kColorKey, .usesColorKey = kUsesColorKey}}});
   const auto well = window.find(Role::colorWell, kColoring);
   const auto toggle = window.find(Role::toggle, kColoring);
   EXPECT_TRUE(std::get<viewkit::ColorWellControl>(*well.content().control()).supportsOpacity);
@@ -126,14 +141,17 @@ TEST_F(CompactAnalyzerOptionsViewTest, ShowsARandomColourUntilOneIsChosen) {
 }
 
 TEST_F(CompactAnalyzerOptionsViewTest, PlacesThePluginsOwnControlsLast) {
-  const headless::Window& window = show({.toggles = {{.id = "1", .defaultsKey = "key", .labelKey = "An option"}},
-                                         .extraContent = [] { return viewkit::Text("the plug-in's own"); }});
-  EXPECT_GT(window.findText("the plug-in's own").frame().origin.y, window.findText("An option").frame().maxY());
+  const headless::Window& window =
+      show({.toggles = {{.id = "1", .defaultsKey = "key", .labelKey = "An option"}},
+            .extraContent = [] { return viewkit::Text("the plug-in's own"); }});
+  EXPECT_GT(window.findText("the plug-in's own").frame().origin.y,
+            window.findText("An option").frame().maxY());
   EXPECT_FALSE(window.find(Role::colorWell).exists());
 }
 
 TEST_F(CompactAnalyzerOptionsViewTest, TintsTheRowUnderThePointer) {
-  headless::Window& window = show({.toggles = {{.id = "1", .defaultsKey = "key", .labelKey = "An option"}}});
+  headless::Window& window =
+      show({.toggles = {{.id = "1", .defaultsKey = "key", .labelKey = "An option"}}});
   window.hover(window.find(Role::toggle, "An option"));
   EXPECT_EQ(tints(window).size(), 1U);
   window.pointerLeft();

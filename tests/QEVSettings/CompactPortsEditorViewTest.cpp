@@ -22,7 +22,8 @@ TEST_F(CompactPortsEditorViewTest, ShowsTheStoredListOrElseTheFactoryList) {
   EXPECT_FALSE(store.underneath().objectForKey(kPortsKey)) << "being shown stores nothing";
 
   close();
-  QEVModels::AnalyzerPortsStore(kPortsKey, store.underneath()).encode({protocol("", "1-5", 3), protocol("X", "9", 77)});
+  QEVModels::AnalyzerPortsStore(kPortsKey, store.underneath())
+      .encode({protocol("", "1-5", 3), protocol("X", "9", 77)});
   headless::Window& window = show();
   EXPECT_THAT(shownPorts(window), ElementsAre("1-5", "9"));
   EXPECT_EQ(menu(window, "Name", 0).value(), "Select");
@@ -37,7 +38,8 @@ TEST_F(CompactPortsEditorViewTest, ReportsStoresAndNotifiesAPickedNameInThisOrde
   EXPECT_THAT(titles, ElementsAre("HTTP", "Proxy", "WebSocket"));
 
   window.choose(menu(window, "Name", 0), "WebSocket");
-  EXPECT_THAT(journal, ElementsAre("replace HTTP 80 1 by WebSocket 80 1, name", "store", "notify 9", "notify 3"));
+  EXPECT_THAT(journal, ElementsAre("replace HTTP 80 1 by WebSocket 80 1, name", "store", "notify 9",
+                                   "notify 3"));
   EXPECT_THAT(storedPorts(), ElementsAre("WebSocket 80", "Proxy 3128,8080"));
   EXPECT_EQ(menu(window, "Name", 0).value(), "WebSocket");
   EXPECT_EQ(factory[0]->protocolName.get(), "HTTP") << "the factory records stay as they are";
@@ -47,8 +49,9 @@ TEST_F(CompactPortsEditorViewTest, ReportsAPickedSourceAgainstTheLastRegisteredS
   headless::Window& window = show();
   window.choose(menu(window, "Source", 0), "UDP");
   window.choose(menu(window, "Source", 0), "None");
-  EXPECT_THAT(journal, ElementsAre("replace HTTP 80 1 by HTTP 80 2, source", "store", "notify 9", "notify 3",
-                                   "replace HTTP 80 2 by HTTP 80 0, source", "store", "notify 9", "notify 3"));
+  EXPECT_THAT(journal, ElementsAre("replace HTTP 80 1 by HTTP 80 2, source", "store", "notify 9",
+                                   "notify 3", "replace HTTP 80 2 by HTTP 80 0, source", "store",
+                                   "notify 9", "notify 3"));
 }
 
 TEST_F(CompactPortsEditorViewTest, CommitsTheNormalFormAndTellsTheCorrectionsLineByLine) {
@@ -57,7 +60,8 @@ TEST_F(CompactPortsEditorViewTest, CommitsTheNormalFormAndTellsTheCorrectionsLin
   EXPECT_THAT(journal, IsEmpty()) << "typing alone changes nothing";
 
   window.press(Key::enter);
-  EXPECT_THAT(journal, ElementsAre("replace HTTP 80 1 by HTTP 81 1, ports", "store", "notify 9", "notify 3"));
+  EXPECT_THAT(journal, ElementsAre("replace HTTP 80 1 by HTTP 81 1, ports", "store", "notify 9",
+                                   "notify 3"));
   EXPECT_THAT(shownPorts(window), ElementsAre("81", "3128,8080"));
   EXPECT_THAT(storedPorts(), ElementsAre("HTTP 81", "Proxy 3128,8080"));
   const std::string said = window.find(Role::alert).label();
@@ -111,9 +115,9 @@ TEST_F(CompactPortsEditorViewTest, ResetsRowByRowAndStoresTheFactoryList) {
     if (journal.size() == 1) throw QEVError::registrationFailed;
   };
   window.click(window.find(Role::button, "Reset"));
-  EXPECT_THAT(journal,
-              ElementsAre("replace HTTP 8000 1 by HTTP 80 1, ports", "replace Proxy 9 2 by Proxy 3128,8080 1, ports",
-                          "set default settings", "store", "notify 9", "notify 3"));
+  EXPECT_THAT(journal, ElementsAre("replace HTTP 8000 1 by HTTP 80 1, ports",
+                                   "replace Proxy 9 2 by Proxy 3128,8080 1, ports",
+                                   "set default settings", "store", "notify 9", "notify 3"));
   EXPECT_THAT(shownPorts(window), ElementsAre("80", "3128,8080"));
   EXPECT_THAT(storedPorts(), ElementsAre("HTTP 80", "Proxy 3128,8080"));
   EXPECT_FALSE(window.find(Role::alert).exists()) << "the rows that failed are no longer there";
@@ -123,7 +127,8 @@ TEST_F(CompactPortsEditorViewTest, CommitsWhatWasTypedWhenItGoesAway) {
   load("Another");
   const auto goAway = std::vector<std::pair<std::string, std::function<void(headless::Window&)>>>{
       {"another tab", [](headless::Window& window) { window.selectTab("Fonts"); }},
-      {"another analyzer", [](headless::Window& window) { window.click(window.find(Role::listItem, "Another")); }},
+      {"another analyzer",
+       [](headless::Window& window) { window.click(window.find(Role::listItem, "Another")); }},
       {"the window closes", [this](headless::Window&) { close(); }},
   };
   for (const auto& [name, leave] : goAway) {
@@ -133,7 +138,8 @@ TEST_F(CompactPortsEditorViewTest, CommitsWhatWasTypedWhenItGoesAway) {
     headless::Window& window = show();
     type(window, 0, "99,98");
     leave(window);
-    EXPECT_THAT(journal, ElementsAre("replace HTTP 80 1 by HTTP 98,99 1, ports", "store", "notify 9", "notify 3"));
+    EXPECT_THAT(journal, ElementsAre("replace HTTP 80 1 by HTTP 98,99 1, ports", "store",
+                                     "notify 9", "notify 3"));
   }
 }
 
@@ -154,8 +160,8 @@ TEST_F(CompactPortsEditorViewTest, GoesOnWithoutAControllerThatIsGone) {
   type(window, 1, "1-3");
   window.press(Key::enter);
   window.click(window.find(Role::button, "Reset"));
-  EXPECT_THAT(journal, ElementsAre("store", "notify 9", "notify 3", "store", "notify 9", "notify 3", "store",
-                                   "notify 9", "notify 3"));
+  EXPECT_THAT(journal, ElementsAre("store", "notify 9", "notify 3", "store", "notify 9", "notify 3",
+                                   "store", "notify 9", "notify 3"));
 }
 
 }  // namespace

@@ -50,12 +50,14 @@ protected:
   // In a process of its own.
   void set(std::string_view key, const QString& type, const QString& value) const {
     const QString name = QString::fromUtf8(key.data(), static_cast<qsizetype>(key.size()));
-    EXPECT_EQ(QProcess::execute(QEV_PROGRAM, {"--store", file, "prefs", "set", name, type, value}), 0);
+    EXPECT_EQ(QProcess::execute(QEV_PROGRAM, {"--store", file, "prefs", "set", name, type, value}),
+              0);
   }
 
   QTemporaryDir folder;
   const QString file = folder.filePath("preferences.sqlite");
-  std::unique_ptr<foundation::UserDefaults> preferences = foundation::UserDefaults::open(file.toStdString());
+  std::unique_ptr<foundation::UserDefaults> preferences =
+      foundation::UserDefaults::open(file.toStdString());
   std::optional<zorvantine::ApplicationDelegate> host;
 };
 
@@ -82,7 +84,9 @@ TEST_F(GeneralDesktopTest, TheAppearanceIsSwitchedWhileOneLooks) {
 }
 
 TEST_F(GeneralDesktopTest, WhatAnotherProcessStoresIsShown) {
-  const auto zone = [this] { return find(QAccessible::ButtonMenu, "Packet time zone").text(QAccessible::Value); };
+  const auto zone = [this] {
+    return find(QAccessible::ButtonMenu, "Packet time zone").text(QAccessible::Value);
+  };
   ASSERT_NE(zone(), "Asia/Tokyo");
   set(kPrefTimezoneString, "--string", "Asia/Tokyo");
   EXPECT_TRUE(QTest::qWaitFor([&] { return zone() == "Asia/Tokyo"; }, 20'000));
@@ -107,9 +111,9 @@ TEST_F(GeneralDesktopTest, UpdateOptionsAreSwitchedByTheirTextAndTheirSwitch) {
   click(find(QAccessible::CheckBox, kDownloads));
   click(find(QAccessible::StaticText, kProfile));
   click(find(QAccessible::CheckBox, kProfile));
-  EXPECT_THAT(updaterStore.changes(),
-              ElementsAre(wrote("sparkle_automaticallyDownloads", true), wrote("sparkle_sendsSystemProfile", true),
-                          wrote("sparkle_sendsSystemProfile", false)));
+  EXPECT_THAT(updaterStore.changes(), ElementsAre(wrote("sparkle_automaticallyDownloads", true),
+                                                  wrote("sparkle_sendsSystemProfile", true),
+                                                  wrote("sparkle_sendsSystemProfile", false)));
   EXPECT_TRUE(find(QAccessible::CheckBox, kDownloads).state().checked);
   EXPECT_FALSE(find(QAccessible::CheckBox, kProfile).state().checked);
 }

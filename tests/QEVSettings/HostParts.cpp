@@ -11,7 +11,8 @@ HostParts::HostParts() {
   sparkle::UpdaterConfiguration configuration;
   configuration.store = &updaterStore;
   sparkle::UpdaterConfiguration::setStandard(configuration);
-  captureModel = std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(store.underneath(), interfaces);
+  captureModel =
+      std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(store.underneath(), interfaces);
   updater = std::make_shared<UpdaterViewModel>();
 }
 
@@ -20,7 +21,8 @@ HostParts::~HostParts() {
   sparkle::UpdaterConfiguration::setStandard({});
 }
 
-QEVSettingsView HostParts::settingsView(QEVSettingsView::Tabs tab, std::optional<viewkit::View> proxyTab) const {
+QEVSettingsView HostParts::settingsView(QEVSettingsView::Tabs tab,
+                                        std::optional<viewkit::View> proxyTab) const {
   return {updater, delegate, captureModel, tab, std::move(proxyTab)};
 }
 

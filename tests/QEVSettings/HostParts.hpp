@@ -35,7 +35,8 @@ struct HostParts {
   HostParts(const HostParts&) = delete;
   HostParts& operator=(const HostParts&) = delete;
 
-  QEVSettingsView settingsView(QEVSettingsView::Tabs tab, std::optional<viewkit::View> proxyTab = std::nullopt) const;
+  QEVSettingsView settingsView(QEVSettingsView::Tabs tab,
+                               std::optional<viewkit::View> proxyTab = std::nullopt) const;
 
   support::RecordingPreferencesStore store;
   support::RecordingPreferencesStore updaterStore;

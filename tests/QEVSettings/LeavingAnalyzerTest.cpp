@@ -19,9 +19,10 @@ class LeavingAnalyzerTest : public AnalyzerWindowTest {
 protected:
   LeavingAnalyzerTest() {
     const auto config = [](const char* key) {
-      return QEVDependencies::AnalyzerSettingsConfig{.ports = {{.networkProtocolKey = key,
-                                                                .defaultProtocolNames = {"HTTP", "Proxy"},
-                                                                .defaultPorts = {protocol("HTTP", "80", 1)}}}};
+      return QEVDependencies::AnalyzerSettingsConfig{
+          .ports = {{.networkProtocolKey = key,
+                     .defaultProtocolNames = {"HTTP", "Proxy"},
+                     .defaultPorts = {protocol("HTTP", "80", 1)}}}};
     };
     web->config = config(kWebPorts);
     names->config = config("com_velloquin_qev_names_protocols");

@@ -30,10 +30,12 @@ using viewkit::Role;
 const std::filesystem::path kSource = QEV_SOURCE_FOLDER;
 const std::filesystem::path kModule = "QEVSettings/resources/QEVSettings_QEVSettings.bundle";
 const std::filesystem::path kHost = "host/resources";
-const std::filesystem::path kTools = "contracts/QEVCommonTools/resources/QEVCommonTools_QEVCommonTools.bundle";
+const std::filesystem::path kTools =
+    "contracts/QEVCommonTools/resources/QEVCommonTools_QEVCommonTools.bundle";
 
 StringsTable readTable(const std::filesystem::path& bundle, const std::string& language) {
-  auto table = foundation::readStringsFile(kSource / bundle / (language + ".lproj") / "Localizable.strings");
+  auto table =
+      foundation::readStringsFile(kSource / bundle / (language + ".lproj") / "Localizable.strings");
   EXPECT_TRUE(table) << bundle << ' ' << language << ": " << (table ? "" : table.error().message);
   return table ? *std::move(table) : StringsTable();
 }
@@ -64,7 +66,8 @@ TEST(TranslationsTest, SayInEveryLanguageWhatTheEnglishTablesSay) {
   }
 }
 
-// Wraps every text of the English tables in marks: what is shown without them did not come from there.
+// Wraps every text of the English tables in marks: what is shown without them did not come from
+// there.
 constexpr std::string_view kOpen = "⟦";
 constexpr std::string_view kClose = "⟧";
 
@@ -93,8 +96,10 @@ public:
   void see(const std::string& text) {
     if (isOfTheTest(text)) return;
     if (!text.starts_with(kOpen)) unmarked_.push_back(text);
-    for (auto open = text.find(kOpen); open != std::string::npos; open = text.find(kOpen, open + 1)) {
-      seen_.insert(withoutMarks(text.substr(open + kOpen.size(), closeOf(text, open) - open - kOpen.size())));
+    for (auto open = text.find(kOpen); open != std::string::npos;
+         open = text.find(kOpen, open + 1)) {
+      seen_.insert(withoutMarks(
+          text.substr(open + kOpen.size(), closeOf(text, open) - open - kOpen.size())));
     }
   }
 
@@ -122,7 +127,8 @@ private:
 
   static std::string withoutMarks(std::string text) {
     for (const std::string_view mark : {kOpen, kClose}) {
-      for (auto at = text.find(mark); at != std::string::npos; at = text.find(mark)) text.erase(at, mark.size());
+      for (auto at = text.find(mark); at != std::string::npos; at = text.find(mark))
+        text.erase(at, mark.size());
     }
     return text;
   }
@@ -143,8 +149,8 @@ private:
 
   // Names, numbers and samples of fonts are the same in every language.
   static bool isOfTheTest(std::string_view text) {
-    return text.find("x-") != std::string_view::npos || text.starts_with("Sans ") || text == "TCP" ||
-           text.find_first_not_of(" .,:0123456789") == std::string_view::npos;
+    return text.find("x-") != std::string_view::npos || text.starts_with("Sans ") ||
+           text == "TCP" || text.find_first_not_of(" .,:0123456789") == std::string_view::npos;
   }
 
   void see(const viewkit::NodeDescription& node) {
@@ -154,7 +160,8 @@ private:
   }
 
   void seePlaceholders(const viewkit::PresentationNode& node) {
-    const auto* field = node.control() ? std::get_if<viewkit::TextFieldControl>(node.control()) : nullptr;
+    const auto* field =
+        node.control() ? std::get_if<viewkit::TextFieldControl>(node.control()) : nullptr;
     if (field) see(field->placeholder);
     for (const auto* child : node.children) seePlaceholders(*child);
   }
@@ -170,7 +177,9 @@ public:
   bool isEnabled() const override { return true; }
   void setEnabled(bool) override {}
   std::string problem() const override { return ""; }
-  QEVDependencies::ProxyAddress listeningAddress() const override { return {.host = "x-host", .port = 80}; }
+  QEVDependencies::ProxyAddress listeningAddress() const override {
+    return {.host = "x-host", .port = 80};
+  }
   void setListeningAddress(QEVDependencies::ProxyAddress) override {}
   std::optional<QEVDependencies::ProxyAddress> upstream() const override { return std::nullopt; }
   void setUpstream(std::optional<QEVDependencies::ProxyAddress>) override {}
@@ -185,7 +194,8 @@ protected:
   static std::shared_ptr<AnalyzerPreferences> analyzerWithAllOptions() {
     auto preferences = std::make_shared<AnalyzerPreferences>();
     preferences->config = QEVDependencies::AnalyzerSettingsConfig{
-        .color = QEVDependencies::AnalyzerColorSpec{.colorKey = "color", .usesColorKey = "usesColor"}};
+        .color =
+            QEVDependencies::AnalyzerColorSpec{.colorKey = "color", .usesColorKey = "usesColor"}};
     auto analyzers = zorvantine::sampleAnalyzers();
     analyzers.push_back(zorvantine::syntheticAnalyzer(1));
     std::set<std::string> labels;
@@ -193,7 +203,8 @@ protected:
       for (const auto& option : analyzer.options) labels.insert(option.label);
     }
     for (const auto& label : labels) {
-      preferences->config->toggles.push_back({.id = label, .defaultsKey = label, .labelKey = label});
+      preferences->config->toggles.push_back(
+          {.id = label, .defaultsKey = label, .labelKey = label});
     }
     return preferences;
   }
@@ -201,9 +212,10 @@ protected:
   static std::shared_ptr<AnalyzerPreferences> analyzerWithPorts() {
     auto preferences = std::make_shared<AnalyzerPreferences>();
     preferences->config = QEVDependencies::AnalyzerSettingsConfig{
-        .ports = QEVDependencies::AnalyzerPortsSpec{.networkProtocolKey = "com_velloquin_qev_test_protocols",
-                                                    .defaultProtocolNames = {},
-                                                    .defaultPorts = {protocol("", "1", 1)}}};
+        .ports = QEVDependencies::AnalyzerPortsSpec{
+            .networkProtocolKey = "com_velloquin_qev_test_protocols",
+            .defaultProtocolNames = {},
+            .defaultPorts = {protocol("", "1", 1)}}};
     return preferences;
   }
 
@@ -221,14 +233,18 @@ protected:
 TEST_F(LocalizationTest, AsksTheTablesForEveryTextAndForNothingElse) {
   MarkedTexts texts;
   QEVCommonTools::FontPreferences(store.underneath())
-      .setCom_velloquin_zorvantine_fontConsoleRaw({.family = "x-Serif", .style = "", .pointSize = 12});
-  const auto openAnalyzers = [this]() -> headless::Window& { return SettingsWindowTest::open(Tabs::analyze); };
+      .setCom_velloquin_zorvantine_fontConsoleRaw(
+          {.family = "x-Serif", .style = "", .pointSize = 12});
+  const auto openAnalyzers = [this]() -> headless::Window& {
+    return SettingsWindowTest::open(Tabs::analyze);
+  };
   texts.see(openAnalyzers());
 
   load("x-none");
   load("x-options", analyzerWithAllOptions());
   load("x-ports", analyzerWithPorts());
-  interfaces->interfaces = {{.name = "x-0", .addresses = {}, .isUp = true}, {.name = "x-1", .addresses = {}}};
+  interfaces->interfaces = {{.name = "x-0", .addresses = {}, .isUp = true},
+                            {.name = "x-1", .addresses = {}}};
   captureModel->setUsesRingOfFiles(true);
   const auto proxy = std::make_shared<SilentProxy>();
   headless::Window& window = SettingsWindowTest::open(Tabs::general, ProxySettingsView(proxy));
@@ -253,15 +269,16 @@ TEST_F(LocalizationTest, AsksTheTablesForEveryTextAndForNothingElse) {
   texts.see(SettingsWindowTest::open(Tabs::capture));
   texts.see(headless::Window(CheckForUpdatesView(updater), {.defaultStore = store}));
 
-  for (const auto problem : {StorageProblem::diskFull, StorageProblem::notWritable, StorageProblem::busy,
-                             StorageProblem::unusable, StorageProblem::noFile, StorageProblem::failing}) {
+  for (const auto problem :
+       {StorageProblem::diskFull, StorageProblem::notWritable, StorageProblem::busy,
+        StorageProblem::unusable, StorageProblem::noFile, StorageProblem::failing}) {
     store.setStorageProblem(problem);
     texts.see(SettingsWindowTest::open(Tabs::general));
   }
   store.setStorageProblem(std::nullopt);
   StoreOpening opening;
-  for (const auto outcome :
-       {StoreOpening::Outcome::restored, StoreOpening::Outcome::begunEmpty, StoreOpening::Outcome::inMemory}) {
+  for (const auto outcome : {StoreOpening::Outcome::restored, StoreOpening::Outcome::begunEmpty,
+                             StoreOpening::Outcome::inMemory}) {
     opening.outcome = outcome;
     for (opening.lostKeys = 0; opening.lostKeys < 2; ++opening.lostKeys) {
       store.setOpening(opening);
@@ -269,9 +286,11 @@ TEST_F(LocalizationTest, AsksTheTablesForEveryTextAndForNothingElse) {
     }
   }
 
-  for (int i = 0; i < 10; ++i) texts.see(QEVCommonTools::localized(message(static_cast<QEVDependencies::QEVError>(i))));
+  for (int i = 0; i < 10; ++i)
+    texts.see(QEVCommonTools::localized(message(static_cast<QEVDependencies::QEVError>(i))));
   texts.see(QEVCommonTools::localized(message(static_cast<QEVDependencies::QEVError>(10))));
-  for (const char* ports : {"x", "x,y", "70000", "70000,70001", "2-1", "2-1,3-1", "1,1", "1,1,2,2", "x,y,z,w"}) {
+  for (const char* ports :
+       {"x", "x,y", "70000", "70000,70001", "2-1", "2-1,3-1", "1,1", "1,1,2,2", "x,y,z,w"}) {
     texts.see(QEVModels::validatedPorts(ports).corrections.front().message());
   }
   for (const char* host : {"", "no host"}) {
@@ -279,7 +298,8 @@ TEST_F(LocalizationTest, AsksTheTablesForEveryTextAndForNothingElse) {
   }
   texts.see(QEVCommonTools::localized(QEVDependencies::validatedProxyPort("none").error().message));
 
-  EXPECT_THAT(texts.unmarked(), IsEmpty()) << "shown without being looked up, or missing in the English table";
+  EXPECT_THAT(texts.unmarked(), IsEmpty())
+      << "shown without being looked up, or missing in the English table";
   EXPECT_THAT(texts.unseen(), IsEmpty()) << "in the English table, but nobody asks for it";
 }
 

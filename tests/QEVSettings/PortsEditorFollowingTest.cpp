@@ -63,21 +63,26 @@ TEST_F(PortsEditorFollowingTest, UncommittedTextStaysAndTheRestOfItsRowFollows) 
   window.type("9");
   EXPECT_THAT(shownPorts(window), ElementsAre("3128,8080", "909")) << "the field keeps the focus";
   window.selectTab("Fonts");
-  EXPECT_THAT(journal, ElementsAre("replace Proxy 81 1 by Proxy 909 1, ports", "store", "notify 9", "notify 3"));
+  EXPECT_THAT(journal, ElementsAre("replace Proxy 81 1 by Proxy 909 1, ports", "store", "notify 9",
+                                   "notify 3"));
   EXPECT_THAT(storedPorts(), ElementsAre("Proxy 3128,8080", "Proxy 909"));
 }
 
 TEST_F(PortsEditorFollowingTest, FactoryRowsAreMatchedByNameWhenAnotherProcessStoresThemFirst) {
   headless::Window& window = show();
   type(window, 1, "90");
-  storeElsewhere([](QEVNetworkProtocolList& list) { list = {protocol("HTTP", "81", 1), protocol("Proxy", "1", 1)}; });
+  storeElsewhere([](QEVNetworkProtocolList& list) {
+    list = {protocol("HTTP", "81", 1), protocol("Proxy", "1", 1)};
+  });
   window.settle();
   EXPECT_THAT(shownPorts(window), ElementsAre("81", "90"));
 }
 
 TEST_F(PortsEditorFollowingTest, WhatIsStoredWhileTheAnalyzerIsBusyIsKept) {
   headless::Window& window = show();
-  preferences->refuse = [this] { storeElsewhere([](QEVNetworkProtocolList& list) { list[1]->protocolPorts = "7"; }); };
+  preferences->refuse = [this] {
+    storeElsewhere([](QEVNetworkProtocolList& list) { list[1]->protocolPorts = "7"; });
+  };
   type(window, 0, "81");
   window.press(Key::enter);
   EXPECT_THAT(storedPorts(), ElementsAre("HTTP 81", "Proxy 7"));
@@ -111,7 +116,8 @@ TEST_F(PortsEditorFollowingTest, AnUnloadedPlugInReceivesNoCalls) {
   window.choose(menu(window, "Source", 0), "UDP");
   type(window, 1, "9");
   window.press(Key::enter);
-  EXPECT_THAT(journal, ElementsAre("store", "notify 9", "notify 3", "store", "notify 9", "notify 3"));
+  EXPECT_THAT(journal,
+              ElementsAre("store", "notify 9", "notify 3", "store", "notify 9", "notify 3"));
   EXPECT_THAT(storedPorts(), ElementsAre("HTTP 80", "Proxy 9"));
 }
 

@@ -15,8 +15,8 @@ namespace QEVSettings {
 
 inline constexpr const char* kPortsKey = "com_velloquin_qev_test_protocols";
 
-// An analyzer of two protocols; the journal tells the controller's calls, the writes of the list and the
-// notifications in one order.
+// An analyzer of two protocols; the journal tells the controller's calls, the writes of the list
+// and the notifications in one order.
 class PortsEditorTest : public AnalyzerWindowTest {
 protected:
   PortsEditorTest() {
@@ -46,7 +46,8 @@ protected:
 
   std::vector<std::string> storedPorts() {
     std::vector<std::string> texts;
-    for (const auto& each : QEVModels::AnalyzerPortsStore(kPortsKey, store.underneath()).decode({})) {
+    for (const auto& each :
+         QEVModels::AnalyzerPortsStore(kPortsKey, store.underneath()).decode({})) {
       texts.push_back(each->protocolName.get() + " " + each->protocolPorts.get());
     }
     return texts;
@@ -54,7 +55,8 @@ protected:
 
   static std::vector<std::string> shownPorts(const headless::Window& window) {
     std::vector<std::string> texts;
-    for (const auto& field : window.findAll(viewkit::Role::textField)) texts.push_back(field.value());
+    for (const auto& field : window.findAll(viewkit::Role::textField))
+      texts.push_back(field.value());
     return texts;
   }
 
@@ -64,14 +66,16 @@ protected:
     window.type(text);
   }
 
-  static headless::Element menu(const headless::Window& window, const char* label, std::size_t row) {
+  static headless::Element menu(const headless::Window& window, const char* label,
+                                std::size_t row) {
     std::vector<headless::Element> menus = window.findAll(viewkit::Role::menuButton);
     std::erase_if(menus, [&](const headless::Element& each) { return each.label() != label; });
     return menus.at(row);
   }
 
   Journal journal;
-  QEVDependencies::QEVNetworkProtocolList factory{protocol("HTTP", "80", 1), protocol("Proxy", "3128,8080", 1)};
+  QEVDependencies::QEVNetworkProtocolList factory{protocol("HTTP", "80", 1),
+                                                  protocol("Proxy", "3128,8080", 1)};
   std::shared_ptr<PortsPreferences> preferences = std::make_shared<PortsPreferences>(journal);
 
 private:

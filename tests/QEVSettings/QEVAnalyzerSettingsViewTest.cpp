@@ -102,8 +102,10 @@ TEST_F(QEVAnalyzerSettingsViewTest, FollowsClicksKeysAndTheStore) {
 TEST_F(QEVAnalyzerSettingsViewTest, NeverTakesAKeyAway) {
   loadThree();
   open();
-  for (const int key : {appkit::Event::kDownArrow, appkit::Event::kUpArrow, appkit::Event::kOtherKey}) {
-    const auto passed = appkit::Event::passThroughMonitors(appkit::Event::kKeyDownMask, {.keyCode = key});
+  for (const int key :
+       {appkit::Event::kDownArrow, appkit::Event::kUpArrow, appkit::Event::kOtherKey}) {
+    const auto passed =
+        appkit::Event::passThroughMonitors(appkit::Event::kKeyDownMask, {.keyCode = key});
     ASSERT_TRUE(passed);
     EXPECT_EQ(passed->keyCode, key);
   }
@@ -135,7 +137,8 @@ TEST_F(QEVAnalyzerSettingsViewTest, ListensToKeysOnlyWhileItIsSeen) {
   EXPECT_THAT(selected(window), ElementsAre("Second")) << "one press, one step: one monitor";
 
   close();
-  appkit::Event::passThroughMonitors(appkit::Event::kKeyDownMask, {.keyCode = appkit::Event::kDownArrow});
+  appkit::Event::passThroughMonitors(appkit::Event::kKeyDownMask,
+                                     {.keyCode = appkit::Event::kDownArrow});
   EXPECT_EQ(store.underneath().integerForKey(kSelectedKey), 1);
 }
 
@@ -178,10 +181,12 @@ TEST_F(QEVAnalyzerSettingsViewTest, ScrollsAnAnalyzerIntoSightAndItsDetailsToThe
 
 TEST_F(QEVAnalyzerSettingsViewTest, SaysWhatAnAnalyzerHasToOffer) {
   using QEVDependencies::AnalyzerSettingsConfig;
-  const QEVDependencies::AnalyzerToggleSpec toggle{.id = "1", .defaultsKey = "key", .labelKey = "An option"};
-  const QEVDependencies::AnalyzerPortsSpec ports{.networkProtocolKey = "com_velloquin_qev_test_protocols",
-                                                 .defaultProtocolNames = {},
-                                                 .defaultPorts = {protocol("A", "1", 1)}};
+  const QEVDependencies::AnalyzerToggleSpec toggle{
+      .id = "1", .defaultsKey = "key", .labelKey = "An option"};
+  const QEVDependencies::AnalyzerPortsSpec ports{
+      .networkProtocolKey = "com_velloquin_qev_test_protocols",
+      .defaultProtocolNames = {},
+      .defaultPorts = {protocol("A", "1", 1)}};
   struct NoPreferences final : QEVDependencies::QEVPreferencesObject {};
   const auto with = [](std::optional<AnalyzerSettingsConfig> config) {
     auto preferences = std::make_shared<AnalyzerPreferences>();
@@ -233,14 +238,16 @@ TEST_F(QEVAnalyzerSettingsViewTest, WhatAnAnalyzerThrowsIsShownOnItsPage) {
   description->refuseToDescribe = [] { throw std::runtime_error("broken"); };
   load("Sound", with({}));
   load("Description", description);
-  load("Content", with([]() -> viewkit::View { throw QEVDependencies::QEVError::analyzerNotRunning; }));
+  load("Content",
+       with([]() -> viewkit::View { throw QEVDependencies::QEVError::analyzerNotRunning; }));
   load("Content's body", with([] { return ThrowingView{}; }));
 
   const support::LogCapture log;
   headless::Window& window = open();
-  for (const auto& [title, error, showsOption] : {std::tuple{"Description", "Error", false},
-                                                  {"Content", "Error\nThe analyzer is not running.", true},
-                                                  {"Content's body", "Error", true}}) {
+  for (const auto& [title, error, showsOption] :
+       {std::tuple{"Description", "Error", false},
+        {"Content", "Error\nThe analyzer is not running.", true},
+        {"Content's body", "Error", true}}) {
     SCOPED_TRACE(title);
     window.click(window.find(Role::listItem, title));
     EXPECT_TRUE(showsDetailsOf(window, title));

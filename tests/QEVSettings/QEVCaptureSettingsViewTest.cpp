@@ -62,7 +62,8 @@ TEST_F(QEVCaptureSettingsViewTest, ListsTheMachinesInterfacesAndKeepsTheChosenOn
   headless::Window& window = open(Tabs::capture);
   const auto row = [&](std::size_t i) { return window.findAll(Role::listItem).at(i); };
   EXPECT_THAT(row(0).label(),
-              testing::AllOf(HasSubstr("lo"), HasSubstr("\u2066127.0.0.1\u2069, \u2066::1\u2069"), HasSubstr("down")));
+              testing::AllOf(HasSubstr("lo"), HasSubstr("\u2066127.0.0.1\u2069, \u2066::1\u2069"),
+                             HasSubstr("down")));
   EXPECT_EQ(row(1).isSelected(), true) << "the first that is up, while none is chosen";
 
   window.click(row(2));
@@ -94,7 +95,8 @@ TEST_F(QEVCaptureSettingsViewTest, TakesANumberWithinItsLimitsAndExplainsAnyOthe
 TEST_F(QEVCaptureSettingsViewTest, StoresWhatWasTypedHoweverThePageIsLeft) {
   const std::pair<const char*, std::function<void(headless::Window&)>> ways[] = {
       {"another tab is clicked", [](headless::Window& window) { window.selectTab("Fonts"); }},
-      {"Ctrl+Tab", [](headless::Window& window) { window.press(Key::tab, appkit::Event::control); }},
+      {"Ctrl+Tab",
+       [](headless::Window& window) { window.press(Key::tab, appkit::Event::control); }},
       {"Ctrl+W", [](headless::Window& window) { window.press(Key::w, appkit::Event::control); }},
       {"the window closes", [](headless::Window& window) { window.close(); }},
       {"the window is destroyed", [this](headless::Window&) { close(); }},
@@ -122,8 +124,8 @@ TEST_F(QEVCaptureSettingsViewTest, KeepsRefusedTextWithItsErrorAndTellsItWhenThe
   const std::string problem = window.find(Role::alert).label();
   EXPECT_THAT(problem, HasSubstr("64"));
   window.close();
-  EXPECT_THAT(window.refusedTexts(),
-              testing::ElementsAre(viewkit::RefusedText{.label = kField, .text = "12", .problem = problem}));
+  EXPECT_THAT(window.refusedTexts(), testing::ElementsAre(viewkit::RefusedText{
+                                         .label = kField, .text = "12", .problem = problem}));
   EXPECT_EQ(captureModel->snapshotLength(), 262144);
 }
 
@@ -209,7 +211,8 @@ TEST_F(ProxySettingsViewTest, EditsTheHostsServiceAndRefusesBadAddresses) {
   enter(window, "Listening address", "::1");
   enter(window, "Listening port", "9090");
   EXPECT_EQ(proxy->listening.text(), "[::1]:9090");
-  for (const auto& [label, text] : {std::pair{"Listening address", "not a host"}, {"Listening port", "0"}}) {
+  for (const auto& [label, text] :
+       {std::pair{"Listening address", "not a host"}, {"Listening port", "0"}}) {
     enter(window, label, text);
     EXPECT_TRUE(window.find(Role::alert).exists()) << label;
     EXPECT_EQ(proxy->listening.text(), "[::1]:9090");

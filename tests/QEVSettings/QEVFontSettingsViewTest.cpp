@@ -85,7 +85,8 @@ TEST_F(QEVFontSettingsViewTest, PickerFollowsTheStoreWhileThePreviewStays) {
   const auto before = previewOfConsole();
   FontPreferences(store.underneath()).setCom_velloquin_zorvantine_fontConsoleRaw(kProportional);
   const auto& control = std::get<viewkit::FontPickerControl>(*picker.content().control());
-  EXPECT_EQ(control.read(), kProportional) << "a chooser that opens before the window is up to date";
+  EXPECT_EQ(control.read(), kProportional)
+      << "a chooser that opens before the window is up to date";
 
   window.settle();
   EXPECT_EQ(std::get<viewkit::FontPickerControl>(*picker.content().control()).font, kProportional);
@@ -98,9 +99,10 @@ TEST_F(QEVFontSettingsViewTest, PickerFollowsTheStoreWhileThePreviewStays) {
 TEST_F(QEVFontSettingsViewTest, FontThatCannotBeStoredChangesNothing) {
   headless::Window& window = open(Tabs::appearance);
   const std::string before = headless::textDescription(window.describe());
-  for (const appkit::Font& font : {appkit::Font{.family = "", .style = "", .pointSize = 12},
-                                   appkit::Font{.family = "Serif", .style = "", .pointSize = 0},
-                                   appkit::Font{.family = "Serif", .style = "", .pointSize = 1000.5}}) {
+  for (const appkit::Font& font :
+       {appkit::Font{.family = "", .style = "", .pointSize = 12},
+        appkit::Font{.family = "Serif", .style = "", .pointSize = 0},
+        appkit::Font{.family = "Serif", .style = "", .pointSize = 1000.5}}) {
     window.choose(window.find(Role::fontPicker, kConsoleLabel), font);
   }
   EXPECT_THAT(store.changes(), testing::IsEmpty());
@@ -109,16 +111,20 @@ TEST_F(QEVFontSettingsViewTest, FontThatCannotBeStoredChangesNothing) {
 
 TEST_F(QEVFontSettingsViewTest, ShortensALongNameInItsMiddle) {
   FontPreferences(store.underneath())
-      .setCom_velloquin_zorvantine_fontPacketTable({.family = std::string(200, 'W'), .style = "", .pointSize = 10});
+      .setCom_velloquin_zorvantine_fontPacketTable(
+          {.family = std::string(200, 'W'), .style = "", .pointSize = 10});
   headless::Window& window = open(Tabs::appearance);
   const auto sample = window.findText(std::string(200, 'W') + " 10.0");
   ASSERT_TRUE(sample.exists()) << sample.problem();
-  EXPECT_EQ(std::get<viewkit::TextVisual>(sample.content().content).truncation, viewkit::Truncation::middle);
-  EXPECT_LE(sample.frame().maxX(), window.find(Role::fontPicker, "Packets List Font:").frame().origin.x);
+  EXPECT_EQ(std::get<viewkit::TextVisual>(sample.content().content).truncation,
+            viewkit::Truncation::middle);
+  EXPECT_LE(sample.frame().maxX(),
+            window.find(Role::fontPicker, "Packets List Font:").frame().origin.x);
 }
 
 // A row's content is a stack of label, preview and picker.
-void collectLabelColumns(const viewkit::NodeDescription& node, std::vector<const viewkit::NodeDescription*>& columns) {
+void collectLabelColumns(const viewkit::NodeDescription& node,
+                         std::vector<const viewkit::NodeDescription*>& columns) {
   if (node.kind == "HStack" && node.children.size() == 3) columns.push_back(&node.children.front());
   for (const auto& child : node.children) collectLabelColumns(child, columns);
 }

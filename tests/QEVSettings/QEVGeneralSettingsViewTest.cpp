@@ -24,7 +24,9 @@ constexpr const char* kProfile = "Include anonymous system profile";
 
 class QEVGeneralSettingsViewTest : public SettingsWindowTest {
 protected:
-  ~QEVGeneralSettingsViewTest() override { appkit::Application::sharedApplication().setAppearance(std::nullopt); }
+  ~QEVGeneralSettingsViewTest() override {
+    appkit::Application::sharedApplication().setAppearance(std::nullopt);
+  }
 
   static std::string selectedMode(const headless::Window& window) {
     std::string selected;
@@ -62,7 +64,8 @@ TEST_F(QEVGeneralSettingsViewTest, ShowsTheModeThatTheStoredValuesMean) {
 
 TEST_F(QEVGeneralSettingsViewTest, StoresAFixedModeAndThenTellsTheHost) {
   headless::Window& window = open(Tabs::general);
-  for (const auto& [mode, name] : {std::pair{"Light", "NSAppearanceNameAqua"}, {"Dark", "NSAppearanceNameDarkAqua"}}) {
+  for (const auto& [mode, name] :
+       {std::pair{"Light", "NSAppearanceNameAqua"}, {"Dark", "NSAppearanceNameDarkAqua"}}) {
     for (const int repetition : {1, 2}) {
       SCOPED_TRACE(mode + std::to_string(repetition));
       store.forget();
@@ -70,7 +73,8 @@ TEST_F(QEVGeneralSettingsViewTest, StoresAFixedModeAndThenTellsTheHost) {
       std::vector<support::StoreOperation> changesWhenTold;
       delegate->whenCalled = [&] { changesWhenTold = store.changes(); };
       window.click(window.find(Role::button, mode));
-      const auto writes = ElementsAre(wrote(kAppearanceUseSystem.name, false), wrote(kAppearanceName.name, name));
+      const auto writes =
+          ElementsAre(wrote(kAppearanceUseSystem.name, false), wrote(kAppearanceName.name, name));
       EXPECT_THAT(store.changes(), writes);
       EXPECT_THAT(changesWhenTold, writes);
       EXPECT_EQ(delegate->calls, 1);
@@ -108,7 +112,8 @@ TEST_F(QEVGeneralSettingsViewTest, TintsTheModeUnderThePointer) {
 }
 
 TEST_F(QEVGeneralSettingsViewTest, StoresTheTextOfTheZoneThatIsPicked) {
-  foundation::Bundle::setMainResourceFolder(std::filesystem::path(QEV_SOURCE_FOLDER) / "host/resources");
+  foundation::Bundle::setMainResourceFolder(std::filesystem::path(QEV_SOURCE_FOLDER) /
+                                            "host/resources");
   headless::Window& window = open(Tabs::general);
   const auto menu = window.find(Role::menuButton, "Packet time zone");
   const auto items = window.menuItems(menu);
@@ -130,7 +135,8 @@ TEST_F(QEVGeneralSettingsViewTest, EmptyStoredZoneLeavesThePopUpButton) {
   const auto menu = window.find(Role::menuButton, "Packet time zone");
   ASSERT_TRUE(menu.exists()) << menu.problem();
   EXPECT_EQ(menu.value(), "");
-  EXPECT_EQ(std::get<viewkit::MenuControl>(*menu.content().control()).kind, viewkit::MenuControl::Kind::popUpButton);
+  EXPECT_EQ(std::get<viewkit::MenuControl>(*menu.content().control()).kind,
+            viewkit::MenuControl::Kind::popUpButton);
   EXPECT_GT(menu.frame().size.width, 0);
 }
 
@@ -147,7 +153,8 @@ TEST_F(QEVGeneralSettingsViewTest, MakesOneWriteForOneActionOnAnUpdateRow) {
   for (const Row& row : {
            Row{kDownloads, [&] { return model.automaticallyDownloadUpdates.get(); },
                [&] { return updates.automaticallyDownloadsUpdates(); }},
-           Row{kProfile, [&] { return model.sendSystemProfile.get(); }, [&] { return updates.sendsSystemProfile(); }},
+           Row{kProfile, [&] { return model.sendSystemProfile.get(); },
+               [&] { return updates.sendsSystemProfile(); }},
            Row{kChecks, [&] { return model.automaticallyChecksForUpdates.get(); },
                [&] { return updates.automaticallyChecksForUpdates(); }},
        }) {

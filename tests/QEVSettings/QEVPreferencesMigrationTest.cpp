@@ -21,7 +21,9 @@ using support::wrote;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-PreferenceValue bytes(std::string_view text) { return PreferenceValue::Bytes(text.begin(), text.end()); }
+PreferenceValue bytes(std::string_view text) {
+  return PreferenceValue::Bytes(text.begin(), text.end());
+}
 
 const std::string kVersion{QEVPreferencesMigration::schemaVersionKey};
 constexpr const char* kColor = "com_velloquin_qev_dns_color";
@@ -55,15 +57,19 @@ TEST_F(QEVPreferencesMigrationTest, RunsEachStepOnAFreshSnapshotAndAdvancesTheVe
         {kVersion, -1}});
   QEVPreferencesMigration::migrateIfNeeded(store_);
   EXPECT_THAT(store_.operations(),
-              ElementsAre(read(kVersion), readAll(), wrote(kColor, "AQID"), wrote(kOtherColor, ""), readAll(),
-                          wrote(kList, bytes(R"([{"protocolPorts":"80,8080"}])")), wrote(kVersion, 2)));
+              ElementsAre(read(kVersion), readAll(), wrote(kColor, "AQID"), wrote(kOtherColor, ""),
+                          readAll(), wrote(kList, bytes(R"([{"protocolPorts":"80,8080"}])")),
+                          wrote(kVersion, 2)));
 
   const auto& entries = log_.entries();
   ASSERT_EQ(entries.size(), 2);
-  EXPECT_THAT(entries[0].items, ElementsAre("prefs migration v1: rewrote 2 color key(s) from Data to base64 String"));
+  EXPECT_THAT(entries[0].items,
+              ElementsAre("prefs migration v1: rewrote 2 color key(s) from Data to base64 String"));
   EXPECT_EQ(entries[0].function, "migrateColorFormatDataToBase64(defaults:)");
-  EXPECT_THAT(entries[1].items,
-              ElementsAre("prefs migration v2: rewrote protocolPorts from array to String in 1 protocol list(s)"));
+  EXPECT_THAT(
+      entries[1].items,
+      ElementsAre(
+          "prefs migration v2: rewrote protocolPorts from array to String in 1 protocol list(s)"));
   EXPECT_EQ(entries[1].function, "migrateProtocolsPortsFromArrayToString(defaults:)");
   for (const auto& entry : entries) {
     EXPECT_EQ(entry.filename, "QEVSettings/QEVPreferencesMigration.cpp");
@@ -86,7 +92,8 @@ TEST_F(QEVPreferencesMigrationTest, AnEmptyStoreOnlyGetsItsVersion) {
 TEST_F(QEVPreferencesMigrationTest, StartsWhereTheStoredVersionSays) {
   fill({{kColor, bytes("\x01")}, {kList, bytes(R"([{"protocolPorts":[80]}])")}, {kVersion, 1}});
   QEVPreferencesMigration::migrateIfNeeded(store_);
-  EXPECT_THAT(store_.changes(), ElementsAre(wrote(kList, bytes(R"([{"protocolPorts":"80"}])")), wrote(kVersion, 2)));
+  EXPECT_THAT(store_.changes(),
+              ElementsAre(wrote(kList, bytes(R"([{"protocolPorts":"80"}])")), wrote(kVersion, 2)));
 
   store_.forget();
   fill({{kList, bytes(R"([{"protocolPorts":[80]}])")}, {kVersion, 3}});
@@ -99,7 +106,8 @@ TEST_F(QEVPreferencesMigrationTest, RewritesPortsAndNothingElseOfAList) {
   const std::vector<std::pair<std::string_view, std::string_view>> lists{
       // What is an array of integers, or an array of strings
       {R"([{"protocolPorts":[80,-1,8e1,80.0]}])", R"([{"protocolPorts":"80,-1,80,80"}])"},
-      {R"([{"protocolPorts":[12345678901234567890]}])", R"([{"protocolPorts":"12345678901234567890"}])"},
+      {R"([{"protocolPorts":[12345678901234567890]}])",
+       R"([{"protocolPorts":"12345678901234567890"}])"},
       {R"([{"protocolPorts":["80"," 81","a\"b"]}])", R"([{"protocolPorts":"80, 81,a\"b"}])"},
       {R"([{"protocolPorts":[]}])", R"([{"protocolPorts":""}])"},
       // One such record has the whole list written, the others as they are
@@ -136,8 +144,11 @@ TEST_F(QEVPreferencesMigrationTest, LeavesWhatItDoesNotUnderstand) {
       {kList, bytes("[]")},
       {kList, bytes(R"([{"protocolPorts":[80]},80])")},
       {kList, bytes(R"([{"protocolPorts": [80, "81"]}])")},
-      {kList, bytes(R"([{"protocolPorts": [80.5]}, {"protocolPorts": [true]}, {"protocolPorts": [null]}])")},
-      {kList, bytes(R"([{"protocolPorts": "80"}, {"protocolPorts": 80}, {"protocolPorts": {"0": 80}}])")},
+      {kList,
+       bytes(
+           R"([{"protocolPorts": [80.5]}, {"protocolPorts": [true]}, {"protocolPorts": [null]}])")},
+      {kList,
+       bytes(R"([{"protocolPorts": "80"}, {"protocolPorts": 80}, {"protocolPorts": {"0": 80}}])")},
       {kList, PreferenceValue(R"([{"protocolPorts":[80]}])")},
       {kList, PreferenceValue::Array{80}},
       {kColor, PreferenceValue("AQID")},
@@ -170,9 +181,9 @@ TEST_F(QEVPreferencesMigrationTest, AListInMemoryTakesTheSameStepsWithoutALogAnd
     bool areColorsRewritten;
     bool areListsRewritten;
   };
-  const std::vector<Case> cases{{std::nullopt, true, true}, {0, true, true},    {-1, true, true},
-                                {1, false, true},           {"1", false, true}, {bytes("2"), true, true},
-                                {2, false, false}};
+  const std::vector<Case> cases{
+      {std::nullopt, true, true}, {0, true, true},          {-1, true, true}, {1, false, true},
+      {"1", false, true},         {bytes("2"), true, true}, {2, false, false}};
   for (const auto& [version, areColorsRewritten, areListsRewritten] : cases) {
     PreferenceDictionary list = old;
     PreferenceDictionary expected = old;

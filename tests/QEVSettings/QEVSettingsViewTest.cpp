@@ -11,7 +11,8 @@ using testing::IsEmpty;
 using viewkit::Role;
 
 std::vector<std::string> tabTitles(const headless::Window& window) {
-  const auto& tabs = std::get<viewkit::TabBarControl>(*window.find(Role::tabList).content().control());
+  const auto& tabs =
+      std::get<viewkit::TabBarControl>(*window.find(Role::tabList).content().control());
   std::vector<std::string> titles;
   for (const auto& item : tabs.items) titles.push_back(item.title);
   return titles;
@@ -20,9 +21,11 @@ std::vector<std::string> tabTitles(const headless::Window& window) {
 class QEVSettingsViewTest : public SettingsWindowTest {};
 
 TEST_F(QEVSettingsViewTest, ListsTheProxyOnlyWhenTheHostSuppliesIt) {
-  EXPECT_THAT(tabTitles(open(Tabs::general)), ElementsAre("General", "Capture", "Analyzer", "Fonts"));
+  EXPECT_THAT(tabTitles(open(Tabs::general)),
+              ElementsAre("General", "Capture", "Analyzer", "Fonts"));
   headless::Window& window = open(Tabs::general, viewkit::Text("the host's own page"));
-  EXPECT_THAT(tabTitles(window), ElementsAre("General", "Capture", "MITM Proxy", "Analyzer", "Fonts"));
+  EXPECT_THAT(tabTitles(window),
+              ElementsAre("General", "Capture", "MITM Proxy", "Analyzer", "Fonts"));
   window.selectTab("MITM Proxy");
   EXPECT_TRUE(window.findText("the host's own page").exists());
 }

@@ -43,15 +43,18 @@ protected:
   QEVTimeZonesTest() {
     fs::create_directories(folder_ / "zones" / "Europe");
     fs::create_directories(folder_ / "resources");
-    for (const char* const name : {"UTC", "Europe/Berlin", "Europe/Paris"}) std::ofstream(folder_ / "zones" / name);
-    std::ofstream(folder_ / "zones" / "tzdata.zi") << "Z Europe/Paris 1\nZ UTC 0\nL Europe/Paris Europe/Berlin\n";
+    for (const char* const name : {"UTC", "Europe/Berlin", "Europe/Paris"})
+      std::ofstream(folder_ / "zones" / name);
+    std::ofstream(folder_ / "zones" / "tzdata.zi")
+        << "Z Europe/Paris 1\nZ UTC 0\nL Europe/Paris Europe/Berlin\n";
     setenv("TZDIR", (folder_ / "zones").c_str(), 1);
     Bundle::setMainResourceFolder(folder_ / "resources");
   }
   ~QEVTimeZonesTest() override { unsetenv("TZDIR"); }
 
   void ship(std::string_view bytes) const {
-    std::ofstream(folder_ / "resources" / "LocalizableTimeZones.strings", std::ios::binary) << bytes;
+    std::ofstream(folder_ / "resources" / "LocalizableTimeZones.strings", std::ios::binary)
+        << bytes;
   }
 
   const support::TemporaryFolder scratch_;
@@ -122,20 +125,23 @@ TEST(ShippedTimeZoneNames, FitThisMachineOrSaySo) {
     SCOPED_TRACE(language);
     Bundle::setPreferredLanguages({language});
     Bundle::setMainResourceFolder(resources);
-    const auto table = foundation::readStringsFile(resources / (language + ".lproj") / "LocalizableTimeZones.strings");
+    const auto table = foundation::readStringsFile(resources / (language + ".lproj") /
+                                                   "LocalizableTimeZones.strings");
     ASSERT_TRUE(table) << table.error().message;
 
     const support::LogCapture log;
     const Names names = QEVTimeZones::localizedTimeZoneNames();
     ASSERT_EQ(names.size(), identifiers.size());
-    EXPECT_EQ(std::set<std::string>(names.begin(), names.end()).size(), names.size()) << "two zones of one name";
+    EXPECT_EQ(std::set<std::string>(names.begin(), names.end()).size(), names.size())
+        << "two zones of one name";
     std::size_t bare = 0;
     for (std::size_t i = 0; i < names.size(); ++i) bare += names[i] == identifiers[i] ? 1 : 0;
     if (table->size() == identifiers.size()) {
       EXPECT_THAT(log.texts(), IsEmpty());
       EXPECT_EQ(bare, 0U);
     } else {
-      EXPECT_THAT(log.texts(), ElementsAre("LocalizableTimeZone Strings need update (" + std::to_string(table->size()) +
+      EXPECT_THAT(log.texts(), ElementsAre("LocalizableTimeZone Strings need update (" +
+                                           std::to_string(table->size()) +
                                            " != " + std::to_string(identifiers.size()) + " )\n"));
       EXPECT_LT(bare, names.size() / 2);
     }

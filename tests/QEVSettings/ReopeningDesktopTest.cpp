@@ -24,11 +24,16 @@ protected:
   }
 
   void openAndClose(int round) {
-    constexpr Tabs kTabs[] = {Tabs::general, Tabs::capture, Tabs::proxy, Tabs::analyze, Tabs::appearance};
-    const auto proxy = round % 2 == 0 ? std::optional<viewkit::View>(viewkit::Text("the host's own")) : std::nullopt;
+    constexpr Tabs kTabs[] = {Tabs::general, Tabs::capture, Tabs::proxy, Tabs::analyze,
+                              Tabs::appearance};
+    const auto proxy = round % 2 == 0
+                           ? std::optional<viewkit::View>(viewkit::Text("the host's own"))
+                           : std::nullopt;
     open(settingsView(kTabs[round % 5], proxy));
     for (const char* tab : {"Fonts", "Analyzer", "Capture", "General"}) {
-      find(QAccessible::PageTab, tab).actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+      find(QAccessible::PageTab, tab)
+          .actionInterface()
+          ->doAction(QAccessibleActionInterface::pressAction());
       settle();
     }
     destroyWindow();
@@ -41,8 +46,9 @@ protected:
 TEST_F(ReopeningDesktopTest, AHundredWindowsLeaveNothingBehind) {
   openAndClose(0);
   const auto held = [this] {
-    return std::vector<qsizetype>{captureModel.use_count(), updater.use_count(), delegate.use_count(),
-                                  QApplication::allWidgets().size(), QApplication::topLevelWindows().size()};
+    return std::vector<qsizetype>{captureModel.use_count(), updater.use_count(),
+                                  delegate.use_count(), QApplication::allWidgets().size(),
+                                  QApplication::topLevelWindows().size()};
   };
   const auto before = held();
   for (int round = 0; round < 100; ++round) openAndClose(round);

@@ -35,8 +35,8 @@ void send(int socket, const std::string& packet) {
   }
 }
 
-std::string changeList(UserDefaults& store, const QEVNetworkProtocolList& factory, std::istream& verb,
-                       const std::string& key, const std::string& argument) {
+std::string changeList(UserDefaults& store, const QEVNetworkProtocolList& factory,
+                       std::istream& verb, const std::string& key, const std::string& argument) {
   const QEVModels::AnalyzerPortsStore ports(key, store);
   QEVNetworkProtocolList copies;
   for (const auto& record : factory) copies.push_back(*record->copied());
@@ -56,7 +56,8 @@ std::string changeList(UserDefaults& store, const QEVNetworkProtocolList& factor
   return answer;
 }
 
-std::string answerTo(const std::string& packet, UserDefaults& store, const QEVNetworkProtocolList& factory) {
+std::string answerTo(const std::string& packet, UserDefaults& store,
+                     const QEVNetworkProtocolList& factory) {
   std::istringstream lines(packet);
   std::string verb;
   std::string key;
@@ -88,8 +89,10 @@ int serve(int socket, const std::filesystem::path& path, const QEVNetworkProtoco
 
 }  // namespace
 
-SecondProcess::SecondProcess(const std::filesystem::path& path, const QEVNetworkProtocolList& factory) {
-  if (::socketpair(AF_UNIX, SOCK_SEQPACKET, 0, sockets_.data()) != 0) throw std::runtime_error("no sockets");
+SecondProcess::SecondProcess(const std::filesystem::path& path,
+                             const QEVNetworkProtocolList& factory) {
+  if (::socketpair(AF_UNIX, SOCK_SEQPACKET, 0, sockets_.data()) != 0)
+    throw std::runtime_error("no sockets");
   process_ = std::make_unique<foundation::Child>([&] { return serve(sockets_[1], path, factory); });
   ::close(sockets_[1]);
 }
@@ -99,7 +102,8 @@ SecondProcess::~SecondProcess() {
   ::close(sockets_[0]);
 }
 
-std::string SecondProcess::ask(const std::string& verb, const std::string& key, const std::string& argument) {
+std::string SecondProcess::ask(const std::string& verb, const std::string& key,
+                               const std::string& argument) {
   send(sockets_[0], verb + '\n' + key + '\n' + argument);
   std::string answer = received(sockets_[0]);
   answer.pop_back();

@@ -7,9 +7,9 @@ namespace QEVSettings {
 
 headless::Window& SettingsWindowTest::open(Tabs tab, std::optional<viewkit::View> proxyTab) {
   close();
-  window_ = std::make_unique<headless::Window>(settingsView(tab, std::move(proxyTab)),
-                                               viewkit::Environment{.defaultStore = store},
-                                               headless::WindowOptions{.size = viewkit::Size{720, 680}});
+  window_ = std::make_unique<headless::Window>(
+      settingsView(tab, std::move(proxyTab)), viewkit::Environment{.defaultStore = store},
+      headless::WindowOptions{.size = viewkit::Size{720, 680}});
   return *window_;
 }
 
@@ -17,7 +17,8 @@ namespace {
 
 void collectTints(const viewkit::PresentationNode& node, std::vector<viewkit::Rect>& tints) {
   const auto* shape = std::get_if<viewkit::ShapeVisual>(&node.content);
-  if (shape && shape->fill == appkit::Color::primary().withOpacity(0.06)) tints.push_back(node.frameInWindow());
+  if (shape && shape->fill == appkit::Color::primary().withOpacity(0.06))
+    tints.push_back(node.frameInWindow());
   for (const viewkit::PresentationNode* child : node.children) collectTints(*child, tints);
 }
 

@@ -41,7 +41,8 @@ TEST_F(StorageNoticeDesktopTest, EachProblemIsSpokenOnceAndTheWindowGrowsForIt) 
   report(StorageProblem::diskFull);
   EXPECT_EQ(topLevel().height(), topLevel().minimumHeight()) << "no control is covered or cut off";
   EXPECT_GT(topLevel().height(), height);
-  EXPECT_TRUE(topLevel().rect().contains(topLevel().mapFromGlobal(find(QAccessible::AlertMessage).rect().center())));
+  EXPECT_TRUE(topLevel().rect().contains(
+      topLevel().mapFromGlobal(find(QAccessible::AlertMessage).rect().center())));
 
   report(StorageProblem::busy);
   ASSERT_EQ(spokenAlerts.size(), 2U);
@@ -55,7 +56,10 @@ TEST_F(StorageNoticeDesktopTest, EachProblemIsSpokenOnceAndTheWindowGrowsForIt) 
 }
 
 TEST_F(StorageNoticeDesktopTest, RecoveryIsDismissedByKeyboard) {
-  store.setOpening({.outcome = StoreOpening::Outcome::restored, .message = "restored", .copyTime = {}, .lostKeys = 2});
+  store.setOpening({.outcome = StoreOpening::Outcome::restored,
+                    .message = "restored",
+                    .copyTime = {},
+                    .lostKeys = 2});
   settle();
   ASSERT_TRUE(has(QAccessible::AlertMessage));
   widget(QAccessible::PushButton, "Dismiss").setFocus();

@@ -16,7 +16,8 @@ using testing::SizeIs;
 using viewkit::Role;
 
 constexpr const char* kDiskFull =
-    "Changes cannot be saved: the disk is full. They are kept and will be saved when there is room.";
+    "Changes cannot be saved: the disk is full. They are kept and will be saved when there is "
+    "room.";
 
 // What no other test reports: each recovery is shown once in a process.
 StoreOpening reported(Outcome outcome, std::size_t lostKeys = 0) {
@@ -34,7 +35,9 @@ protected:
     for (const auto& alert : window.findAll(Role::alert)) texts.push_back(alert.label());
     return texts;
   }
-  static std::string tree(const headless::Window& window) { return headless::textDescription(window.describe()); }
+  static std::string tree(const headless::Window& window) {
+    return headless::textDescription(window.describe());
+  }
 
   headless::Window secondWindow() {
     return {settingsView(Tabs::general), viewkit::Environment{.defaultStore = store},
@@ -66,8 +69,9 @@ TEST_F(StorageNoticeTest, WindowThatOpensDuringAProblemReportsIt) {
 TEST_F(StorageNoticeTest, EachProblemHasItsOwnText) {
   headless::Window& window = open(Tabs::general);
   std::set<std::string> texts;
-  for (const auto problem : {StorageProblem::diskFull, StorageProblem::notWritable, StorageProblem::busy,
-                             StorageProblem::unusable, StorageProblem::noFile, StorageProblem::failing}) {
+  for (const auto problem :
+       {StorageProblem::diskFull, StorageProblem::notWritable, StorageProblem::busy,
+        StorageProblem::unusable, StorageProblem::noFile, StorageProblem::failing}) {
     store.setStorageProblem(problem);
     window.settle();
     ASSERT_THAT(alerts(window), ElementsAre(testing::StartsWith("Changes cannot be saved: ")));
@@ -96,7 +100,8 @@ TEST_F(StorageNoticeTest, BarTakesSpaceAboveTheTabsAndCoversNothing) {
   EXPECT_GT(grown, alert.frame().size.height);
   EXPECT_EQ(tabs.frame().origin.y, before.origin.y + grown);
   EXPECT_EQ(tabs.frame().size, before.size);
-  EXPECT_EQ(window.host().sizeThatFits({.width = 0, .height = 0}).width, 720) << "a long text wraps";
+  EXPECT_EQ(window.host().sizeThatFits({.width = 0, .height = 0}).width, 720)
+      << "a long text wraps";
 }
 
 TEST_F(StorageNoticeTest, PageKeepsItsTextWhenTheBarComesAndGoes) {
@@ -126,13 +131,14 @@ TEST_F(StorageNoticeTest, PageShowsWhatIsInMemoryWhileTheStoreCannotBeWritten) {
 TEST_F(StorageNoticeTest, RecoveryIsShownUntilItIsDismissedInAnyWindow) {
   headless::Window& window = open(Tabs::general);
   headless::Window other = secondWindow();
-  for (const StoreOpening& opening :
-       {reported(Outcome::restored), reported(Outcome::restored, 3), reported(Outcome::begunEmpty)}) {
+  for (const StoreOpening& opening : {reported(Outcome::restored), reported(Outcome::restored, 3),
+                                      reported(Outcome::begunEmpty)}) {
     SCOPED_TRACE(opening.message);
     store.setOpening(opening);
     window.settle();
     ASSERT_THAT(alerts(window), SizeIs(1));
-    EXPECT_EQ(alerts(window).front().ends_with(": 3"), opening.lostKeys == 3) << alerts(window).front();
+    EXPECT_EQ(alerts(window).front().ends_with(": 3"), opening.lostKeys == 3)
+        << alerts(window).front();
     EXPECT_EQ(alerts(other), alerts(window));
 
     window.click(window.find(Role::button, "Dismiss"));

@@ -38,19 +38,22 @@ LoadedPlugIns::~LoadedPlugIns() {
   for (const auto& id : loaded_) QEVPlugInsController::sharedManager().unregisterPlugIn(id);
 }
 
-void LoadedPlugIns::load(const std::string& title, std::shared_ptr<QEVDependencies::QEVPreferencesObject> preferences) {
+void LoadedPlugIns::load(const std::string& title,
+                         std::shared_ptr<QEVDependencies::QEVPreferencesObject> preferences) {
   loaded_.push_back(foundation::UUID::random());
-  QEVPlugInsController::sharedManager().registerPlugIn({.id = loaded_.back(),
-                                                        .plugInTitle = title,
-                                                        .plugInDescription = "\n  What " + title + " is \n",
-                                                        .plugInAuthor = "its author",
-                                                        .plugInVersion = "1.2",
-                                                        .plugInPreferencesInstance = std::move(preferences)});
+  QEVPlugInsController::sharedManager().registerPlugIn(
+      {.id = loaded_.back(),
+       .plugInTitle = title,
+       .plugInDescription = "\n  What " + title + " is \n",
+       .plugInAuthor = "its author",
+       .plugInVersion = "1.2",
+       .plugInPreferencesInstance = std::move(preferences)});
 }
 
-std::shared_ptr<QEVNetworkProtocol> protocol(const std::string& name, const std::string& ports, std::int64_t source) {
-  return std::make_shared<QEVNetworkProtocol>(foundation::UUID::random(), name, ports, source, std::nullopt,
-                                              std::nullopt, std::nullopt);
+std::shared_ptr<QEVNetworkProtocol> protocol(const std::string& name, const std::string& ports,
+                                             std::int64_t source) {
+  return std::make_shared<QEVNetworkProtocol>(foundation::UUID::random(), name, ports, source,
+                                              std::nullopt, std::nullopt, std::nullopt);
 }
 
 }  // namespace QEVSettings

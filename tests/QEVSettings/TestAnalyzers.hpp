@@ -31,7 +31,8 @@ public:
 };
 
 // Writes its calls down: "replace HTTP 80 1 by HTTP 81 1, ports".
-class PortsPreferences final : public AnalyzerPreferences, public QEVDependencies::QEVPortsPreferencesProtocol {
+class PortsPreferences final : public AnalyzerPreferences,
+                               public QEVDependencies::QEVPortsPreferencesProtocol {
 public:
   explicit PortsPreferences(Journal& journal) : journal_(journal) {}
 
@@ -58,13 +59,15 @@ public:
   ~LoadedPlugIns();
 
   // Listed after those before it.
-  void load(const std::string& title, std::shared_ptr<QEVDependencies::QEVPreferencesObject> preferences = nullptr);
+  void load(const std::string& title,
+            std::shared_ptr<QEVDependencies::QEVPreferencesObject> preferences = nullptr);
 
 private:
   std::vector<foundation::UUID> loaded_;
 };
 
-std::shared_ptr<QEVDependencies::QEVNetworkProtocol> protocol(const std::string& name, const std::string& ports,
+std::shared_ptr<QEVDependencies::QEVNetworkProtocol> protocol(const std::string& name,
+                                                              const std::string& ports,
                                                               std::int64_t source);
 
 }  // namespace QEVSettings

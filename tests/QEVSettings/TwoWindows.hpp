@@ -42,7 +42,9 @@ inline constexpr std::array kSources{"None", "TCP", "UDP", "UDP/TCP"};
 // The plug-in's own control: a text that is stored as it is typed.
 struct NoteField {
   viewkit::StoredPreference<std::string> note{kNoteKey, ""};
-  viewkit::View body() const { return viewkit::TextField({}, note.binding()).accessibilityLabel(kNote); }
+  viewkit::View body() const {
+    return viewkit::TextField({}, note.binding()).accessibilityLabel(kNote);
+  }
 };
 
 // A record as the last acknowledged change left it.
@@ -60,7 +62,8 @@ inline void PrintTo(const Record& record, std::ostream* out) {
 }
 
 inline std::string rawColor(std::size_t number) {
-  return QEVCommonTools::rawValue(appkit::RGBA{.red = static_cast<double>(number) / 10, .green = 0.5, .blue = 0.25});
+  return QEVCommonTools::rawValue(
+      appkit::RGBA{.red = static_cast<double>(number) / 10, .green = 0.5, .blue = 0.25});
 }
 
 struct SettingsWindow {
@@ -68,27 +71,29 @@ struct SettingsWindow {
   std::shared_ptr<QEVCoreComponents::QEVCaptureViewModel> captureModel;
   std::unique_ptr<headless::Window> window;
   std::string tab = "Analyzer";
-  // The texts of ports fields that are not committed, or were refused, by the record's id; and which of them is
-  // still being typed.
+  // The texts of ports fields that are not committed, or were refused, by the record's id; and
+  // which of them is still being typed.
   std::map<std::string, std::string> typed;
   std::string typing;
 
   headless::Window* operator->() const { return window.get(); }
 };
 
-// Two windows over one store and a second process that writes to it, and what the store has to hold: what was
-// acknowledged, and nothing else.
+// Two windows over one store and a second process that writes to it, and what the store has to
+// hold: what was acknowledged, and nothing else.
 class TwoWindows : public testing::Test, protected HostParts {
 protected:
   TwoWindows() {
-    foundation::Bundle::setMainResourceFolder(std::filesystem::path(QEV_SOURCE_FOLDER) / "host/resources");
+    foundation::Bundle::setMainResourceFolder(std::filesystem::path(QEV_SOURCE_FOLDER) /
+                                              "host/resources");
     auto preferences = std::make_shared<PortsPreferences>(journal_);
-    preferences->config = {.toggles = {{.id = "1", .defaultsKey = kOptionKey, .labelKey = "An option"}},
-                           .color = {{.colorKey = kColorKey, .usesColorKey = kUsesColorKey}},
-                           .ports = {{.networkProtocolKey = kPortsKey,
-                                      .defaultProtocolNames = {kNames.begin(), kNames.end()},
-                                      .defaultPorts = factory_}},
-                           .extraContent = [] { return NoteField{}; }};
+    preferences->config = {
+        .toggles = {{.id = "1", .defaultsKey = kOptionKey, .labelKey = "An option"}},
+        .color = {{.colorKey = kColorKey, .usesColorKey = kUsesColorKey}},
+        .ports = {{.networkProtocolKey = kPortsKey,
+                   .defaultProtocolNames = {kNames.begin(), kNames.end()},
+                   .defaultPorts = factory_}},
+        .extraContent = [] { return NoteField{}; }};
     plugIns_.load("Web", preferences);
     plugIns_.load("Bare");
     acknowledge(
@@ -106,10 +111,13 @@ protected:
     records_ = factoryRecords();
     for (SettingsWindow& each : windows_) {
       each.store = foundation::UserDefaults::open(path_);
-      each.captureModel = std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(*each.store, interfaces);
+      each.captureModel =
+          std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(*each.store, interfaces);
       each.window = std::make_unique<headless::Window>(
-          QEVSettingsView(updater, delegate, each.captureModel, QEVSettingsView::Tabs::analyze, std::nullopt),
-          viewkit::Environment{.defaultStore = *each.store}, headless::WindowOptions{.size = viewkit::Size{720, 680}});
+          QEVSettingsView(updater, delegate, each.captureModel, QEVSettingsView::Tabs::analyze,
+                          std::nullopt),
+          viewkit::Environment{.defaultStore = *each.store},
+          headless::WindowOptions{.size = viewkit::Size{720, 680}});
     }
   }
 
@@ -117,7 +125,8 @@ protected:
     for (SettingsWindow& each : windows_) each.window.reset();
   }
 
-  void acknowledge(const std::string& key, const std::function<void()>& write, PreferenceValue value) {
+  void acknowledge(const std::string& key, const std::function<void()>& write,
+                   PreferenceValue value) {
     write();
     values_.insert_or_assign(key, std::move(value));
   }
@@ -125,7 +134,8 @@ protected:
   std::vector<Record> factoryRecords() const {
     std::vector<Record> records;
     for (const auto& each : factory_) {
-      records.push_back({each->id().text(), each->protocolName, each->protocolPorts, each->sourceProtocol});
+      records.push_back(
+          {each->id().text(), each->protocolName, each->protocolPorts, each->sourceProtocol});
     }
     return records;
   }
@@ -195,7 +205,8 @@ protected:
 
   const support::TemporaryFolder folder_;
   const std::filesystem::path path_ = folder_.path() / "preferences.sqlite";
-  QEVDependencies::QEVNetworkProtocolList factory_{protocol("HTTP", "80", 1), protocol("Proxy", "3128,8080", 1)};
+  QEVDependencies::QEVNetworkProtocolList factory_{protocol("HTTP", "80", 1),
+                                                   protocol("Proxy", "3128,8080", 1)};
   SecondProcess other_{path_, factory_};
   Journal journal_;
   LoadedPlugIns plugIns_;

@@ -1,4 +1,5 @@
-// Two windows over one store and a second process that writes to it, driven at random from a fixed seed.
+// Two windows over one store and a second process that writes to it, driven at random from a fixed
+// seed.
 
 #include "QEVCommonTools/FontPreferences.hpp"
 #include "QEVModels/AnalyzerPortsStore.hpp"
@@ -112,7 +113,8 @@ void TwoWindowsTest::pickFromRow(SettingsWindow& window) {
   if (changed && !isName) changed->source = static_cast<std::int64_t>(choice);
 }
 
-// The list changes elsewhere while a text is being typed; it is committed at once, or when the field is left.
+// The list changes elsewhere while a text is being typed; it is committed at once, or when the
+// field is left.
 void TwoWindowsTest::typePorts(SettingsWindow& window) {
   const std::size_t row = random(records_.size());
   const std::string id = records_[row].id;
@@ -143,7 +145,8 @@ void TwoWindowsTest::resetPorts(SettingsWindow& window) {
 
 void TwoWindowsTest::flipSwitch(SettingsWindow& window) {
   const std::string& key = perhaps() ? kOptionKey : kUsesColorKey;
-  const auto toggle = window->find(Role::toggle, key == kOptionKey ? "An option" : "Packet coloring");
+  const auto toggle =
+      window->find(Role::toggle, key == kOptionKey ? "An option" : "Packet coloring");
   window->click(toggle);
   commit(window);
   values_.insert_or_assign(key, !*values_.at(key).asBoolean());
@@ -151,7 +154,8 @@ void TwoWindowsTest::flipSwitch(SettingsWindow& window) {
 }
 
 void TwoWindowsTest::chooseColor(SettingsWindow& window) {
-  const auto well = std::get<viewkit::ColorWellControl>(*window->find(Role::colorWell).content().control());
+  const auto well =
+      std::get<viewkit::ColorWellControl>(*window->find(Role::colorWell).content().control());
   if (perhaps()) changeElsewhere();
   const std::size_t number = random(10);
   well.choose(*QEVCommonTools::colorFromRawValue(rawColor(number)));
@@ -197,10 +201,13 @@ void TwoWindowsTest::useGeneralPage(SettingsWindow& window) {
 
 void TwoWindowsTest::chooseFont(SettingsWindow& window) {
   go(window, "Fonts");
-  const appkit::Font font{.family = "Serif", .style = "", .pointSize = static_cast<double>(random(10) + 8)};
+  const appkit::Font font{
+      .family = "Serif", .style = "", .pointSize = static_cast<double>(random(10) + 8)};
   window->choose(window->find(Role::fontPicker, "Console Font:"), font);
   const std::string key(QEVKonstantsKeys::kFontConsoleRaw);
-  EXPECT_EQ(QEVCommonTools::FontPreferences(*window.store).com_velloquin_zorvantine_fontConsoleRaw(), font);
+  EXPECT_EQ(
+      QEVCommonTools::FontPreferences(*window.store).com_velloquin_zorvantine_fontConsoleRaw(),
+      font);
   values_.insert_or_assign(key, window.store->objectForKey(key).value_or(false));
 }
 
@@ -223,14 +230,16 @@ void TwoWindowsTest::step() {
   changePortsElsewhere();
 }
 
-// The stores hold what was acknowledged and nothing else; the windows show it, and what is being typed.
+// The stores hold what was acknowledged and nothing else; the windows show it, and what is being
+// typed.
 void TwoWindowsTest::check() {
   hear();
   for (SettingsWindow& each : windows_) {
     std::vector<Record> stored;
-    for (const auto& protocol : QEVModels::AnalyzerPortsStore(kPortsKey, *each.store).decode(factory_)) {
-      stored.push_back(
-          {protocol->id().text(), protocol->protocolName, protocol->protocolPorts, protocol->sourceProtocol});
+    for (const auto& protocol :
+         QEVModels::AnalyzerPortsStore(kPortsKey, *each.store).decode(factory_)) {
+      stored.push_back({protocol->id().text(), protocol->protocolName, protocol->protocolPorts,
+                        protocol->sourceProtocol});
     }
     ASSERT_EQ(stored, records_);
     auto dictionary = each.store->dictionaryRepresentation();
@@ -246,9 +255,11 @@ void TwoWindowsTest::check() {
     ASSERT_EQ(fields.size(), records_.size());
     for (std::size_t row = 0; row < fields.size(); ++row) {
       const auto typed = each.typed.find(records_[row].id);
-      ASSERT_EQ(fields[row].value(), typed != each.typed.end() ? typed->second : records_[row].ports);
+      ASSERT_EQ(fields[row].value(),
+                typed != each.typed.end() ? typed->second : records_[row].ports);
       ASSERT_EQ(menu(each, "Name", row).value(), records_[row].name);
-      ASSERT_EQ(menu(each, "Source", row).value(), kSources.at(static_cast<std::size_t>(records_[row].source)));
+      ASSERT_EQ(menu(each, "Source", row).value(),
+                kSources.at(static_cast<std::size_t>(records_[row].source)));
     }
   }
 }
@@ -256,10 +267,11 @@ void TwoWindowsTest::check() {
 // What a window shows in its controls and messages.
 std::vector<std::string> shown(const SettingsWindow& window) {
   std::vector<std::string> texts;
-  for (const Role role : {Role::toggle, Role::colorWell, Role::menuButton, Role::textField, Role::fontPicker,
-                          Role::listItem, Role::alert, Role::button}) {
+  for (const Role role : {Role::toggle, Role::colorWell, Role::menuButton, Role::textField,
+                          Role::fontPicker, Role::listItem, Role::alert, Role::button}) {
     for (const auto& each : window->findAll(role)) {
-      texts.push_back(each.label() + ": " + each.value() + (each.isSelected() == true ? ", selected" : ""));
+      texts.push_back(each.label() + ": " + each.value() +
+                      (each.isSelected() == true ? ", selected" : ""));
     }
   }
   return texts;

@@ -47,16 +47,18 @@ TEST_F(UpdaterViewModelTest, FollowsTheUpdaterAndWritesNothingBack) {
   int writes = 0;
   std::vector<bool> valuesWhenAnnounced;
   const auto writing = store->observeAll([&](std::string_view) { ++writes; });
-  const auto announcing =
-      model.objectWillChange().subscribe([&] { valuesWhenAnnounced.push_back(model.automaticallyDownloadUpdates); });
+  const auto announcing = model.objectWillChange().subscribe(
+      [&] { valuesWhenAnnounced.push_back(model.automaticallyDownloadUpdates); });
 
   store->setBool(true, kDownloadsKey);
   EXPECT_TRUE(model.automaticallyDownloadUpdates);
-  EXPECT_EQ(valuesWhenAnnounced, std::vector{false}) << "a change is announced once, before it is made";
+  EXPECT_EQ(valuesWhenAnnounced, std::vector{false})
+      << "a change is announced once, before it is made";
   EXPECT_EQ(writes, 1);
 
   model.sendSystemProfile = true;
-  EXPECT_FALSE(model.updaterController().updater().sendsSystemProfile()) << "handing it on is the editor's part";
+  EXPECT_FALSE(model.updaterController().updater().sendsSystemProfile())
+      << "handing it on is the editor's part";
   EXPECT_EQ(writes, 1);
 }
 

@@ -24,7 +24,8 @@ TEST(KeyWindow, IsTheOneThatLastBecameKey) {
   application.windowDidBecomeKey(second);
   EXPECT_EQ(application.keyWindow(), &second);
   application.windowDidResignKey(first);
-  EXPECT_EQ(application.keyWindow(), &second) << "a window that was not key took the keyboard from the one that is";
+  EXPECT_EQ(application.keyWindow(), &second)
+      << "a window that was not key took the keyboard from the one that is";
   application.windowDidResignKey(second);
   EXPECT_EQ(application.keyWindow(), nullptr);
 }
@@ -52,10 +53,11 @@ protected:
   Application& application_ = Application::sharedApplication();
   int announcements_ = 0;
   Appearance announced_ = Appearance::light;
-  foundation::Subscription subscription_ = application_.effectiveAppearanceDidChange().subscribe([this] {
-    ++announcements_;
-    announced_ = application_.effectiveAppearance();
-  });
+  foundation::Subscription subscription_ =
+      application_.effectiveAppearanceDidChange().subscribe([this] {
+        ++announcements_;
+        announced_ = application_.effectiveAppearance();
+      });
 };
 
 TEST_F(AppearanceTest, ListenersHearOfAChangeOnceItIsInForce) {

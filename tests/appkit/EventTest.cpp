@@ -22,10 +22,11 @@ protected:
 
   // Notes the name, and passes the event on.
   MonitorPtr noting(const std::string& name) {
-    return Event::addLocalMonitorForEventsMatchingMask(Event::kKeyDownMask, [this, name](const Event& event) {
-      seen_.push_back(name);
-      return std::optional(event);
-    });
+    return Event::addLocalMonitorForEventsMatchingMask(Event::kKeyDownMask,
+                                                       [this, name](const Event& event) {
+                                                         seen_.push_back(name);
+                                                         return std::optional(event);
+                                                       });
   }
 
   std::vector<std::string> seen_;
@@ -49,16 +50,18 @@ TEST_F(EventMonitorTest, ConsumedEventsGoNoFurther) {
 }
 
 TEST_F(EventMonitorTest, WhatOnePassesOnIsWhatTheNextSees) {
-  const auto turning = Event::addLocalMonitorForEventsMatchingMask(Event::kKeyDownMask, [](const Event& event) {
-    Event turned = event;
-    turned.keyCode = Event::kUpArrow;
-    return std::optional(turned);
-  });
+  const auto turning =
+      Event::addLocalMonitorForEventsMatchingMask(Event::kKeyDownMask, [](const Event& event) {
+        Event turned = event;
+        turned.keyCode = Event::kUpArrow;
+        return std::optional(turned);
+      });
   int seenKey = 0;
-  const auto noting = Event::addLocalMonitorForEventsMatchingMask(Event::kKeyDownMask, [&](const Event& event) {
-    seenKey = event.keyCode;
-    return std::optional(event);
-  });
+  const auto noting =
+      Event::addLocalMonitorForEventsMatchingMask(Event::kKeyDownMask, [&](const Event& event) {
+        seenKey = event.keyCode;
+        return std::optional(event);
+      });
   const auto passedOn = pressDown();
   EXPECT_EQ(seenKey, Event::kUpArrow);
   ASSERT_TRUE(passedOn);
@@ -87,13 +90,14 @@ TEST_F(EventMonitorTest, EndsWhenItIsRemovedOrDestroyed) {
 TEST_F(EventMonitorTest, MayRemoveItselfAndOthersWhileItHandles) {
   MonitorPtr itself;
   MonitorPtr next;
-  itself = Event::addLocalMonitorForEventsMatchingMask(Event::kKeyDownMask, [&](const Event& event) {
-    seen_.emplace_back("itself");
-    Event::removeMonitor(itself);
-    Event::removeMonitor(next);
-    itself.reset();
-    return std::optional(event);
-  });
+  itself =
+      Event::addLocalMonitorForEventsMatchingMask(Event::kKeyDownMask, [&](const Event& event) {
+        seen_.emplace_back("itself");
+        Event::removeMonitor(itself);
+        Event::removeMonitor(next);
+        itself.reset();
+        return std::optional(event);
+      });
   next = noting("next");
   const auto last = noting("last");
   pressDown();
@@ -103,10 +107,11 @@ TEST_F(EventMonitorTest, MayRemoveItselfAndOthersWhileItHandles) {
 
 TEST_F(EventMonitorTest, OneAddedWhileAnotherHandlesSeesTheNextEvent) {
   MonitorPtr added;
-  const auto adding = Event::addLocalMonitorForEventsMatchingMask(Event::kKeyDownMask, [&](const Event& event) {
-    if (!added) added = noting("added");
-    return std::optional(event);
-  });
+  const auto adding =
+      Event::addLocalMonitorForEventsMatchingMask(Event::kKeyDownMask, [&](const Event& event) {
+        if (!added) added = noting("added");
+        return std::optional(event);
+      });
   pressDown();
   EXPECT_THAT(seen_, IsEmpty());
   pressDown();

@@ -30,10 +30,12 @@ TEST(JSON, KeepsWhatItReads) {
   for (const auto& [text, compact] : {
            Case{R"([1, 1.0, 1.00, -0, 1e400, 1E+05, 12345678901234567890123])",
                 R"([1,1.0,1.00,-0,1e400,1E+05,12345678901234567890123])"},
-           Case{R"({"z": 1, "a": {"y": [], "b": {}}, "": null})", R"({"z":1,"a":{"y":[],"b":{}},"":null})"},
+           Case{R"({"z": 1, "a": {"y": [], "b": {}}, "": null})",
+                R"({"z":1,"a":{"y":[],"b":{}},"":null})"},
            Case{R"("\u00e9 \ud83d\ude00 \/ \\ \"")", R"("\u00e9 \ud83d\ude00 \/ \\ \"")"},
            Case{"\xEF\xBB\xBF\t\r\n true \n", "true"},
-           Case{R"({"a": 1, "b": [2], "a": {"c": [3, 4]}, "b": 5, "d": 6})", R"({"a":{"c":[3,4]},"b":5,"d":6})"},
+           Case{R"({"a": 1, "b": [2], "a": {"c": [3, 4]}, "b": 5, "d": 6})",
+                R"({"a":{"c":[3,4]},"b":5,"d":6})"},
            Case{R"([{"a": 1, "\u0061": 2}])", R"([{"a":2}])"},
        }) {
     EXPECT_EQ(parsed(text).text(), compact);
@@ -42,7 +44,8 @@ TEST(JSON, KeepsWhatItReads) {
 
 TEST(JSON, ResolvesManyNamesOccurringTwice) {
   std::string text = "{";
-  for (int i = 0; i < 2000; ++i) text += "\"name" + std::to_string(i % 1000) + "\":[" + std::to_string(i) + "],";
+  for (int i = 0; i < 2000; ++i)
+    text += "\"name" + std::to_string(i % 1000) + "\":[" + std::to_string(i) + "],";
   text.back() = '}';
   const JSON object = parsed(text);
   int expected = 1000;
@@ -80,7 +83,8 @@ TEST(JSON, ReadsNumbers) {
        }) {
     const JSON json = parsed(number.text);
     EXPECT_EQ(json.numberText(), number.text);
-    EXPECT_EQ(json.integerText(), number.integer != nullptr ? std::optional<std::string>(number.integer) : std::nullopt)
+    EXPECT_EQ(json.integerText(),
+              number.integer != nullptr ? std::optional<std::string>(number.integer) : std::nullopt)
         << number.text;
     EXPECT_EQ(json.asInteger(), number.fitting) << number.text;
     EXPECT_EQ(json.asReal(), number.real) << number.text;
@@ -88,8 +92,8 @@ TEST(JSON, ReadsNumbers) {
 }
 
 TEST(JSON, ReadsStringsAndMembers) {
-  const JSON object =
-      parsed(R"({"text": "a\u0000\u00e9\ud83d\ude00\n\/", "\u0074wo": true, "none": null, "list": [1]})");
+  const JSON object = parsed(
+      R"({"text": "a\u0000\u00e9\ud83d\ude00\n\/", "\u0074wo": true, "none": null, "list": [1]})");
   EXPECT_EQ(object.member("text")->asString(), std::string("a\0\u00e9\U0001F600\n/", 10));
   EXPECT_EQ(object.member("two")->asBoolean(), true);
   EXPECT_TRUE(object.member("none")->isNull());
@@ -227,12 +231,24 @@ TEST(JSON, AgreesWithAnotherReader) {
 
 TEST(JSONWriter, WritesEveryKind) {
   JSONWriter writer;
-  writer.beginArray().beginObject().name("a\"\\\n\x01").integer(INT64_MIN).name("b").real(0.1).endObject();
-  writer.beginArray().endArray().boolean(true).null().string("\u00e9\x7f\xFF").value(parsed("[1.00, {\"x\": 2}]"));
+  writer.beginArray()
+      .beginObject()
+      .name("a\"\\\n\x01")
+      .integer(INT64_MIN)
+      .name("b")
+      .real(0.1)
+      .endObject();
+  writer.beginArray()
+      .endArray()
+      .boolean(true)
+      .null()
+      .string("\u00e9\x7f\xFF")
+      .value(parsed("[1.00, {\"x\": 2}]"));
   writer.real(1.0 / 0.0).endArray();
   const std::string text = writer.takeText();
   EXPECT_EQ(text,
-            "[{\"a\\\"\\\\\\n\\u0001\":-9223372036854775808,\"b\":0.1},[],true,null,\"\u00e9\x7f\uFFFD\",[1.00,{\"x\":"
+            "[{\"a\\\"\\\\\\n\\u0001\":-9223372036854775808,\"b\":0.1},[],true,null,"
+            "\"\u00e9\x7f\uFFFD\",[1.00,{\"x\":"
             "2}],null]");
   EXPECT_EQ(parsed(text).text(), text);
   EXPECT_EQ(writer.string("anew").text(), "\"anew\"");

@@ -43,7 +43,8 @@ PreferenceDictionary everyType() {
       {"early", date(-62'167'219'200)},
       {"late", date(253'402'300'799)},
       {"array", PreferenceValue::Array{1, true, "x", PreferenceValue::Array{}}},
-      {"dictionary", PreferenceDictionary{{"", PreferenceDictionary{}}, {"\u00fc", PreferenceValue::Bytes{7}}}},
+      {"dictionary",
+       PreferenceDictionary{{"", PreferenceDictionary{}}, {"\u00fc", PreferenceValue::Bytes{7}}}},
   };
 }
 
@@ -57,7 +58,9 @@ std::string xml(const std::string& body) {
   return "<?xml version=\"1.0\"?>\n<plist version=\"1.0\">" + body + "</plist>";
 }
 // A list with one value, in its third line.
-std::string xmlValue(const std::string& value) { return xml("<dict>\n<key>k</key>" + value + "</dict>"); }
+std::string xmlValue(const std::string& value) {
+  return xml("<dict>\n<key>k</key>" + value + "</dict>");
+}
 
 std::string bigEndian(std::uint64_t number, int bytes) {
   std::string text;
@@ -74,8 +77,8 @@ std::string binary(const std::vector<std::string>& objects) {
     list += object;
   }
   const std::size_t tableAt = list.size();
-  return list + table + std::string(6, '\0') + "\x04\x02" + bigEndian(objects.size(), 8) + bigEndian(0, 8) +
-         bigEndian(tableAt, 8);
+  return list + table + std::string(6, '\0') + "\x04\x02" + bigEndian(objects.size(), 8) +
+         bigEndian(0, 8) + bigEndian(tableAt, 8);
 }
 std::string references(std::initializer_list<unsigned> numbers) {
   std::string text;
@@ -123,13 +126,15 @@ TEST(PropertyList, RefusesToWriteWhatAFormatCannotHold) {
   for (int i = 0; i <= kMaximumPropertyListDepth; ++i) deep = PreferenceValue::Array{deep};
   const std::string nul("a\0b", 3);
   const std::vector<std::pair<PreferenceDictionary, bool>> listsAndWhetherBinaryHoldsThem = {
-      {{{"k", nul}}, false}, {{{"k", "\xFF"}}, false},     {{{"k", deep}}, false},      {{{"k", date(NAN)}}, false},
-      {{{nul, 1}}, false},   {{{"k", "\x01"}}, true},      {{{"k", date(1e18)}}, true}, {{{"k", "\uFFFE"}}, true},
-      {{{"\x1b", 1}}, true}, {{{"k", date(-1e11)}}, true},
+      {{{"k", nul}}, false},        {{{"k", "\xFF"}}, false},  {{{"k", deep}}, false},
+      {{{"k", date(NAN)}}, false},  {{{nul, 1}}, false},       {{{"k", "\x01"}}, true},
+      {{{"k", date(1e18)}}, true},  {{{"k", "\uFFFE"}}, true}, {{{"\x1b", 1}}, true},
+      {{{"k", date(-1e11)}}, true},
   };
   for (const auto& [list, doesBinaryHoldIt] : listsAndWhetherBinaryHoldsThem) {
     EXPECT_FALSE(propertyListBytes(list, PropertyListFormat::xml));
-    EXPECT_EQ(static_cast<bool>(propertyListBytes(list, PropertyListFormat::binary)), doesBinaryHoldIt);
+    EXPECT_EQ(static_cast<bool>(propertyListBytes(list, PropertyListFormat::binary)),
+              doesBinaryHoldIt);
   }
   const PreferenceValue::Array many(kMaximumPropertyListValues, PreferenceValue(1));
   EXPECT_THAT(propertyListBytes({{"k", many}}, PropertyListFormat::binary).error().message,
@@ -154,8 +159,10 @@ TEST_F(PropertyListFiles, XMLIsReadAsOtherWritersFormIt) {
     EXPECT_EQ(list->at("k"), value) << text;
   }
   for (const std::string& list :
-       {"\xEF\xBB\xBF" + xmlValue("<true/>"), std::string("<dict><key>k</key><false/><key>k</key><true/></dict>"),
-        "<?xml version=\"1.0\"?><!DOCTYPE plist SYSTEM \"list.dtd\">" + xmlValue("<true/>").substr(22)}) {
+       {"\xEF\xBB\xBF" + xmlValue("<true/>"),
+        std::string("<dict><key>k</key><false/><key>k</key><true/></dict>"),
+        "<?xml version=\"1.0\"?><!DOCTYPE plist SYSTEM \"list.dtd\">" +
+            xmlValue("<true/>").substr(22)}) {
     const auto values = read(list);
     ASSERT_TRUE(values) << list << ": " << values.error().message;
     EXPECT_EQ(*values, (PreferenceDictionary{{"k", true}})) << list;
@@ -201,17 +208,20 @@ TEST_F(PropertyListFiles, WrongXMLIsRefusedWithItsLineAndKey) {
     EXPECT_THAT(list.error().message, HasSubstr("line 3, under the key “k”")) << value;
     EXPECT_THAT(list.error().message, HasSubstr(path_.string())) << value;
   }
-  const auto nested =
-      read(xmlValue("<dict><key>a</key><array>\n<dict><key>b</key><date>x</date></dict></array></dict>"));
+  const auto nested = read(xmlValue(
+      "<dict><key>a</key><array>\n<dict><key>b</key><date>x</date></dict></array></dict>"));
   ASSERT_FALSE(nested);
-  EXPECT_THAT(nested.error().message, HasSubstr("line 4, under the key “k” with “b” in it: this is no date"));
+  EXPECT_THAT(nested.error().message,
+              HasSubstr("line 4, under the key “k” with “b” in it: this is no date"));
 
   for (const std::string& list :
-       {xml("<dict><true/></dict>"), xml("<dict/><dict/>"), xml("<array/>"), xml("<string>x</string>"), xml(""),
-        xml("<key>k</key>"), xml("<plist><dict/></plist>"), xml("<dict><key>k</key><key>l</key><true/></dict>"),
-        xml("<array><key>k</key></array>"), xmlValue("<true/>") + "x", xmlValue("<true/>").substr(0, 60),
-        std::string("<!DOCTYPE plist [<!ENTITY a \"b\">]><plist><dict/></plist>"), std::string("<!DOCTYPE plist ["),
-        std::string(), std::string("x"), std::string("{ k = 1; }"), std::string(R"({"k": 1})")}) {
+       {xml("<dict><true/></dict>"), xml("<dict/><dict/>"), xml("<array/>"),
+        xml("<string>x</string>"), xml(""), xml("<key>k</key>"), xml("<plist><dict/></plist>"),
+        xml("<dict><key>k</key><key>l</key><true/></dict>"), xml("<array><key>k</key></array>"),
+        xmlValue("<true/>") + "x", xmlValue("<true/>").substr(0, 60),
+        std::string("<!DOCTYPE plist [<!ENTITY a \"b\">]><plist><dict/></plist>"),
+        std::string("<!DOCTYPE plist ["), std::string(), std::string("x"),
+        std::string("{ k = 1; }"), std::string(R"({"k": 1})")}) {
     EXPECT_FALSE(read(list)) << list;
   }
 }
@@ -291,7 +301,8 @@ TEST_F(PropertyListFiles, WrongBinaryIsRefusedWithItsObjectAndKey) {
     const auto list = read(binaryValue(object));
     ASSERT_FALSE(list) << testing::PrintToString(object);
     EXPECT_THAT(list.error().message, HasSubstr("object ")) << testing::PrintToString(object);
-    EXPECT_THAT(list.error().message, HasSubstr("under the key “k”")) << testing::PrintToString(object);
+    EXPECT_THAT(list.error().message, HasSubstr("under the key “k”"))
+        << testing::PrintToString(object);
   }
   // A key that is no text, and one that would lead deeper without an end.
   EXPECT_FALSE(read(binary({"\xD1" + references({1, 2}), "\x10\x01", "\x09"})));
@@ -299,7 +310,8 @@ TEST_F(PropertyListFiles, WrongBinaryIsRefusedWithItsObjectAndKey) {
   EXPECT_FALSE(read(binary({"\xA0"})));
   const std::string whole = binaryValue("\x09");
   EXPECT_TRUE(read(whole));
-  for (std::size_t length = 0; length < whole.size(); ++length) EXPECT_FALSE(read(whole.substr(0, length))) << length;
+  for (std::size_t length = 0; length < whole.size(); ++length)
+    EXPECT_FALSE(read(whole.substr(0, length))) << length;
   for (std::size_t at = whole.size() - 26; at < whole.size(); ++at) {
     std::string damaged = whole;
     damaged[at] = '\x7F';
@@ -316,11 +328,14 @@ TEST_F(PropertyListFiles, BinaryThatUnfoldsIsRefusedBeforeItTakesMemory) {
     return binary(objects);
   };
   EXPECT_TRUE(read(doubling(18, "\x09")));
-  EXPECT_THAT(read(doubling(20, "\x09")).error().message, HasSubstr("unfolds to more than 1048576 values"));
-  EXPECT_THAT(read(doubling(500, "\x09")).error().message, HasSubstr("unfolds to more than 1048576 values"));
+  EXPECT_THAT(read(doubling(20, "\x09")).error().message,
+              HasSubstr("unfolds to more than 1048576 values"));
+  EXPECT_THAT(read(doubling(500, "\x09")).error().message,
+              HasSubstr("unfolds to more than 1048576 values"));
   const std::string page = "\x4F\x11\x10" + std::string(1, '\0') + std::string(4096, 'x');
   EXPECT_TRUE(read(doubling(13, page)));
-  EXPECT_THAT(read(doubling(15, page)).error().message, HasSubstr("unfolds to far more text and data"));
+  EXPECT_THAT(read(doubling(15, page)).error().message,
+              HasSubstr("unfolds to far more text and data"));
 
   // As deep as is allowed, by way of an object that was read before at a lower depth.
   std::vector<std::string> chain = {"\xD2" + references({1, 2, 4, 3}),

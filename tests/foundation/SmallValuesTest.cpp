@@ -35,8 +35,8 @@ TEST(Base64, GoesBothWays) {
 }
 
 TEST(Base64, RefusesEveryOtherText) {
-  for (const char* text :
-       {"A", "AA", "AAA", "AQID\n", "AQ ID", "A===", "====", "AQ==AQID", "-_8=", "Zh==", "Zm9=", "AQI*"}) {
+  for (const char* text : {"A", "AA", "AAA", "AQID\n", "AQ ID", "A===", "====", "AQ==AQID",
+                           "-_8=", "Zh==", "Zm9=", "AQI*"}) {
     EXPECT_EQ(base64Decoded(text), std::nullopt) << text;
   }
 }
@@ -49,8 +49,9 @@ TEST(UUID, HasATextForm) {
               MatchesRegex("[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}"));
   EXPECT_NE(UUID::random(), UUID::random());
   for (const char* text :
-       {"", "E621E1F8", "E621E1F8-C36C-495A-93FC-0C247A3E6E5", "E621E1F8-C36C-495A-93FC-0C247A3E6E5FF",
-        "E621E1F8+C36C-495A-93FC-0C247A3E6E5F", "G621E1F8-C36C-495A-93FC-0C247A3E6E5F"}) {
+       {"", "E621E1F8", "E621E1F8-C36C-495A-93FC-0C247A3E6E5",
+        "E621E1F8-C36C-495A-93FC-0C247A3E6E5FF", "E621E1F8+C36C-495A-93FC-0C247A3E6E5F",
+        "G621E1F8-C36C-495A-93FC-0C247A3E6E5F"}) {
     EXPECT_FALSE(UUID::parse(text)) << text;
   }
 }
@@ -67,7 +68,8 @@ TEST(NotificationCenter, TellsThoseWhoAskedInOrder) {
     heard.emplace_back("second");
     second.cancel();
   });
-  const Subscription other = center.observe("b", [&](std::string_view) { heard.emplace_back("b"); });
+  const Subscription other =
+      center.observe("b", [&](std::string_view) { heard.emplace_back("b"); });
   center.post("a");
   center.post("unheard");
   center.post("a");
@@ -100,18 +102,20 @@ TEST(KeyValueObservation, SurvivesAnObserverThatEndsTheProperty) {
   int told = 0;
   const Subscription ending =
       property->observe(ObservingOptions::newValue, [&](const std::string&) { property.reset(); });
-  const Subscription after = property->observe(ObservingOptions::newValue, [&](const std::string&) { ++told; });
+  const Subscription after =
+      property->observe(ObservingOptions::newValue, [&](const std::string&) { ++told; });
   property->set("gone");
   EXPECT_EQ(property, nullptr);
   EXPECT_EQ(told, 0);
 }
 
 TEST(Unicode, KnowsWellFormedText) {
-  for (const char* text : {"", "a", "\u00e9", "\u20ac", "\U0001F600", "\U0010FFFF", "\uD7FF\uE000"}) {
+  for (const char* text :
+       {"", "a", "\u00e9", "\u20ac", "\U0001F600", "\U0010FFFF", "\uD7FF\uE000"}) {
     EXPECT_TRUE(isValidUtf8(text)) << text;
   }
-  for (const char* text : {"\x80", "\xC1\x81", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80",
-                           "\xF5", "\xE2\x82", "a\xFF"}) {
+  for (const char* text : {"\x80", "\xC1\x81", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xF0\x8F\xBF\xBF",
+                           "\xF4\x90\x80\x80", "\xF5", "\xE2\x82", "a\xFF"}) {
     EXPECT_FALSE(isValidUtf8(text)) << text;
   }
   EXPECT_EQ(repairedUtf8("a\xFF\u00e9\xE2\x82"), "a\uFFFD\u00e9\uFFFD\uFFFD");
@@ -126,9 +130,11 @@ TEST(Unicode, FirstCharacterIsDecodedOrAbsent) {
     EXPECT_EQ(character->codePoint, codePoint);
     EXPECT_EQ(character->length, text.size());
   }
-  for (const char* text : {"", "\x80z", "\xE2\x82", "\xED\xA0\x80"}) EXPECT_FALSE(firstCharacter(text)) << text;
+  for (const char* text : {"", "\x80z", "\xE2\x82", "\xED\xA0\x80"})
+    EXPECT_FALSE(firstCharacter(text)) << text;
   std::string replaced;
-  for (const char32_t invalid : {char32_t{0xD800}, char32_t{0xDFFF}, char32_t{0x110000}}) appendUtf8(replaced, invalid);
+  for (const char32_t invalid : {char32_t{0xD800}, char32_t{0xDFFF}, char32_t{0x110000}})
+    appendUtf8(replaced, invalid);
   EXPECT_EQ(replaced, "\uFFFD\uFFFD\uFFFD");
 }
 

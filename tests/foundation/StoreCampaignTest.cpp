@@ -31,17 +31,20 @@ protected:
         return isLog;
       case 3: {  // a page zeroed or garbled
         const std::size_t page = below(bytes.size() / kPage) * kPage;
-        std::fill_n(bytes.begin() + static_cast<std::ptrdiff_t>(page), kPage, below(2) == 0 ? '\0' : '\xA5');
+        std::fill_n(bytes.begin() + static_cast<std::ptrdiff_t>(page), kPage,
+                    below(2) == 0 ? '\0' : '\xA5');
         break;
       }
       case 4: {  // two pages swapped
         const auto one = static_cast<std::ptrdiff_t>(below(bytes.size() / kPage) * kPage);
         const auto two = static_cast<std::ptrdiff_t>(below(bytes.size() / kPage) * kPage);
-        if (one != two) std::swap_ranges(bytes.begin() + one, bytes.begin() + one + kPage, bytes.begin() + two);
+        if (one != two)
+          std::swap_ranges(bytes.begin() + one, bytes.begin() + one + kPage, bytes.begin() + two);
         break;
       }
       default:  // another file
-        bytes = below(2) == 0 ? std::string(below(20'000), '#') : contentsOf(path.string() + ".lock");
+        bytes =
+            below(2) == 0 ? std::string(below(20'000), '#') : contentsOf(path.string() + ".lock");
         overwrite(file, bytes);
         return isLog;
     }
@@ -66,7 +69,8 @@ TEST_F(StoreCampaign, DamagedStoresKeepWhatTheirGoodCopyHas) {
       ASSERT_EQ(store->status(), std::nullopt) << store->status()->message;
       expectOldKeys(*store);
       std::size_t missing = store->stringForKey("old 0") == "newer" ? 0 : 1;
-      for (int i = 0; i < 10; ++i) missing += store->objectForKey("new " + std::to_string(i)) ? 0U : 1U;
+      for (int i = 0; i < 10; ++i)
+        missing += store->objectForKey("new " + std::to_string(i)) ? 0U : 1U;
       const bool isSaid = store->opening().outcome == Outcome::restored && said.size() == 1;
       EXPECT_TRUE(missing == 0 || isSaid || isCut) << missing;
       store->setInteger(round, "after");

@@ -10,7 +10,8 @@ namespace {
 
 class StoreCrash : public DamagedStoreTest {
 protected:
-  // Opens and closes the store in a process of its own that has the fault; how many calls that took where it ended.
+  // Opens and closes the store in a process of its own that has the fault; how many calls that took
+  // where it ended.
   int openWithFault(SystemCallFault fault, long number, long* calls = nullptr) const {
     std::array<int, 2> pipe{};
     if (::pipe(pipe.data()) != 0) return -1;
@@ -37,18 +38,22 @@ TEST_F(StoreCrash, RecoveryThatIsCutShortAnywhereIsFinishedByTheNextStart) {
   const Case cases[] = {
       {"with a good copy", [] {}},
       {"without a good copy", [&] { std::filesystem::remove(goodCopy()); }},
-      {"with a damaged good copy", [&] { overwriteAt(goodCopy(), 3 * kPage, std::string(kPage, '\0')); }},
+      {"with a damaged good copy",
+       [&] { overwriteAt(goodCopy(), 3 * kPage, std::string(kPage, '\0')); }},
       {"with a garbled header", [&] { overwriteAt(path, 0, std::string(40, '\xA5')); }},
-      {"with a garbled log", [&] { overwriteAt(log(), 32 + 3 * (kPage + 24), std::string(2000, '\xA5')); }},
+      {"with a garbled log",
+       [&] { overwriteAt(log(), 32 + 3 * (kPage + 24), std::string(2000, '\xA5')); }},
   };
   long round = 0;  // each begins elsewhere
   for (const auto& [name, damage] : cases) {
     SCOPED_TRACE(name);
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) std::filesystem::remove_all(entry.path());
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+      std::filesystem::remove_all(entry.path());
     makeGoodCopy();
     writeWithoutCopy();
     damage();
-    // The index, which holds nothing that the table does not hold, and a byte that each start looks at.
+    // The index, which holds nothing that the table does not hold, and a byte that each start looks
+    // at.
     overwriteAt(path, 2 * kPage, std::string(kPage, '\0'));
     overwriteAt(path, 18, "\x07");
     keepFiles();

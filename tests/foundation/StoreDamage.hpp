@@ -10,7 +10,8 @@ namespace foundation {
 inline constexpr std::size_t kPage = 4096;
 
 // What is at a place of a file, replaced in place: the file stays the same file.
-inline void overwriteAt(const std::filesystem::path& path, std::size_t offset, std::string_view bytes) {
+inline void overwriteAt(const std::filesystem::path& path, std::size_t offset,
+                        std::string_view bytes) {
   std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
   file.seekp(static_cast<std::streamoff>(offset));
   file << bytes;
@@ -48,7 +49,8 @@ protected:
   }
   void expectNewKeys(const UserDefaults& store) const {
     for (int i = 0; i < 10; ++i) {
-      EXPECT_EQ(store.objectForKey("new " + std::to_string(i)), QEVSettings::PreferenceValue(i)) << i;
+      EXPECT_EQ(store.objectForKey("new " + std::to_string(i)), QEVSettings::PreferenceValue(i))
+          << i;
     }
     EXPECT_EQ(store.stringForKey("old 0"), "newer");
   }
@@ -64,7 +66,8 @@ protected:
     }
   }
   void putFilesBack() const {
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) std::filesystem::remove_all(entry.path());
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+      std::filesystem::remove_all(entry.path());
     for (const auto& [file, contents] : kept_) {
       overwrite(file, contents);
       std::filesystem::permissions(file, std::filesystem::perms(0600));

@@ -37,14 +37,16 @@ TEST_F(StoreDurability, AcknowledgedWritesSurviveAKill) {
     acknowledged["key " + std::to_string(last % 7)] = last;
     ::usleep(random() % 20'000);
     writer.kill();
-    while (::read(pipe[0], &last, sizeof last) == sizeof last) acknowledged["key " + std::to_string(last % 7)] = last;
+    while (::read(pipe[0], &last, sizeof last) == sizeof last)
+      acknowledged["key " + std::to_string(last % 7)] = last;
     ::close(pipe[0]);
     next = last + 2;  // the one after the last may have been written too
     const auto store = open();
     ASSERT_EQ(store->status(), std::nullopt);
     for (auto& [key, value] : acknowledged) {
       const std::int64_t stored = store->integerForKey(key);
-      ASSERT_TRUE(stored == value || stored == last + 1) << key << " is " << stored << ", not " << value;
+      ASSERT_TRUE(stored == value || stored == last + 1)
+          << key << " is " << stored << ", not " << value;
       value = stored;
     }
   }
@@ -67,12 +69,15 @@ TEST_F(StoreDurability, PowerCutUndoesOnlyTheLastWrites) {
       SCOPED_TRACE(length);
       std::filesystem::remove(path.string() + "-shm");
       overwrite(path, file);
-      overwrite(path.string() + "-wal", log.substr(0, length) + (isFollowedByOther ? std::string(9000, '\xA5') : ""));
+      overwrite(path.string() + "-wal",
+                log.substr(0, length) + (isFollowedByOther ? std::string(9000, '\xA5') : ""));
       Child reader([&] {
         const auto store = open();
         const auto values = store->dictionaryRepresentation();
         for (std::size_t i = 0; i < values.size(); ++i) {
-          if (store->objectForKey("key " + std::to_string(i)) != PreferenceValue(static_cast<int>(i))) return 100;
+          if (store->objectForKey("key " + std::to_string(i)) !=
+              PreferenceValue(static_cast<int>(i)))
+            return 100;
         }
         // A write of which only the contents are wrong was there once, and its loss is said.
         if (store->status() || said.size() > (isFollowedByOther ? 1U : 0U)) return 101;
@@ -104,7 +109,8 @@ TEST_F(StoreDurability, LargeValuesAreKeptAndTooLargeOnesRefused) {
     store->setInteger(1, longKey);
     QEVSettings::PreferenceDictionary many;
     for (int i = 0; i < keys; ++i) many.emplace("key " + std::to_string(i), i);
-    for (char32_t plane = 0; plane < planes; ++plane) many.emplace(keyInPlane(plane), static_cast<int>(plane));
+    for (char32_t plane = 0; plane < planes; ++plane)
+      many.emplace(keyInPlane(plane), static_cast<int>(plane));
     EXPECT_TRUE(store->applyAll(many));
     EXPECT_EQ(store->status(), std::nullopt);
   }

@@ -18,16 +18,23 @@ TEST_F(StoreFaults, ReadOnlyStoreGoesOnInMemory) {
     loseRootIn(folder);
     { open()->setInteger(1, "key"); }
     std::filesystem::permissions(path, std::filesystem::perms::owner_read);
-    std::filesystem::permissions(folder, std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+    std::filesystem::permissions(
+        folder, std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
     const auto store = open();
     store->setInteger(store->integerForKey("key") + 1, "key");
     store->setInteger(3, "other");
-    if (store->integerForKey("key") != 2 || !store->status() || store->synchronize() || said.size() != 1) return 1;
+    if (store->integerForKey("key") != 2 || !store->status() || store->synchronize() ||
+        said.size() != 1)
+      return 1;
     std::filesystem::permissions(folder, std::filesystem::perms::owner_all);
-    std::filesystem::permissions(path, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+    std::filesystem::permissions(
+        path, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
     if (!waitUntil([&] { return !store->status(); })) return 2;
     const auto other = open();
-    return other->integerForKey("key") == 2 && other->integerForKey("other") == 3 && store->synchronize() ? 0 : 3;
+    return other->integerForKey("key") == 2 && other->integerForKey("other") == 3 &&
+                   store->synchronize()
+               ? 0
+               : 3;
   });
   EXPECT_EQ(child.wait(), 0);
 }
@@ -99,11 +106,14 @@ TEST_F(StoreFaults, UnreadableFileIsWaitedFor) {
     const auto store = open();
     store->setInteger(2, "new");
     if (store->integerForKey("new") != 2 || !store->status() || said.size() != 1) return 1;
-    std::filesystem::permissions(path, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+    std::filesystem::permissions(
+        path, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
     if (!waitUntil([&] { return !store->status(); })) return 2;
     const auto other = open();
-    return store->integerForKey("old") == 1 && other->integerForKey("old") == 1 && other->integerForKey("new") == 2 ? 0
-                                                                                                                    : 3;
+    return store->integerForKey("old") == 1 && other->integerForKey("old") == 1 &&
+                   other->integerForKey("new") == 2
+               ? 0
+               : 3;
   });
   EXPECT_EQ(child.wait(), 0);
 }
@@ -136,7 +146,9 @@ TEST_F(StoreFaults, StoreWithoutAHomeGoesOnInMemory) {
     if (::getuid() != unknown) return 0;  // somebody, who has a home
     UserDefaults& store = UserDefaults::standardUserDefaults();
     store.setInteger(1, "key");
-    return UserDefaults::standardFile().empty() && store.status() && store.integerForKey("key") == 1 ? 0 : 2;
+    return UserDefaults::standardFile().empty() && store.status() && store.integerForKey("key") == 1
+               ? 0
+               : 2;
   });
   EXPECT_EQ(child.wait(), 0);
 }

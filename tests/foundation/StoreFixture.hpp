@@ -73,7 +73,9 @@ inline std::map<std::string, std::string> filesIn(const std::filesystem::path& f
 inline void loseRootIn(const std::filesystem::path& folder) {
   constexpr uid_t nobody = 65534;
   if (::geteuid() != 0) return;
-  if (::chown(folder.c_str(), nobody, nobody) != 0 || ::setgid(nobody) != 0 || ::setuid(nobody) != 0) ::_exit(99);
+  if (::chown(folder.c_str(), nobody, nobody) != 0 || ::setgid(nobody) != 0 ||
+      ::setuid(nobody) != 0)
+    ::_exit(99);
 }
 
 // Runs the main queue until the condition holds; says whether it came to hold.
@@ -87,8 +89,8 @@ inline bool waitUntil(const std::function<bool()>& condition) {
   return true;
 }
 
-// Another process that does one thing. It must not have been forked while this process had a store with a
-// thread of its own.
+// Another process that does one thing. It must not have been forked while this process had a store
+// with a thread of its own.
 class Child {
 public:
   explicit Child(const std::function<int()>& work) : id_(::fork()) {

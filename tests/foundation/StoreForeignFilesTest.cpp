@@ -19,8 +19,9 @@ class StoreForeignFiles : public StoreTest {};
 sqlite3* anotherProgramsDatabase(const std::filesystem::path& path) {
   sqlite3* database = nullptr;
   sqlite3_open(path.c_str(), &database);
-  sqlite3_exec(database, "PRAGMA journal_mode = WAL; CREATE TABLE theirs (a); INSERT INTO theirs VALUES (1)", nullptr,
-               nullptr, nullptr);
+  sqlite3_exec(database,
+               "PRAGMA journal_mode = WAL; CREATE TABLE theirs (a); INSERT INTO theirs VALUES (1)",
+               nullptr, nullptr, nullptr);
   return database;
 }
 
@@ -34,8 +35,10 @@ TEST_F(StoreForeignFiles, ForeignFileIsLeftAsItIs) {
   const Case cases[] = {
       {"text", [&] { overwrite(path, "My thesis\n" + std::string(5000, '.')); }, "is a text file"},
       {"short text", [&] { overwrite(path, "a"); }, "is a text file"},
-      {"bytes", [&] { overwrite(path, std::string(5000, '\x01')); }, "is a file of another program"},
-      {"open database", [&] { theirs = anotherProgramsDatabase(path); }, "is a database of another program"},
+      {"bytes", [&] { overwrite(path, std::string(5000, '\x01')); },
+       "is a file of another program"},
+      {"open database", [&] { theirs = anotherProgramsDatabase(path); },
+       "is a database of another program"},
       {"database next to our good copy",
        [&] {
          { open()->setInteger(1, "key"); }
@@ -47,7 +50,8 @@ TEST_F(StoreForeignFiles, ForeignFileIsLeftAsItIs) {
   for (const auto& [name, make, description] : cases) {
     for (const Access access : {Access::readOnly, Access::readWrite}) {
       SCOPED_TRACE(name);
-      for (const auto& entry : std::filesystem::directory_iterator(folder)) std::filesystem::remove(entry);
+      for (const auto& entry : std::filesystem::directory_iterator(folder))
+        std::filesystem::remove(entry);
       make();
       std::filesystem::permissions(path, std::filesystem::perms(0644));
       const auto before = filesIn(folder);

@@ -19,7 +19,8 @@ TEST_F(StoreGoodCopy, CopyIsRefreshedAtEachClose) {
   for (int i = 1; i <= 3; ++i) {
     SCOPED_TRACE(i);
     // A clock that went back leaves a date in the future.
-    std::filesystem::last_write_time(goodCopy(), std::filesystem::file_time_type::clock::now() + std::chrono::hours(9));
+    std::filesystem::last_write_time(
+        goodCopy(), std::filesystem::file_time_type::clock::now() + std::chrono::hours(9));
     { open()->setInteger(i, "key"); }
     EXPECT_EQ(openCopy()->integerForKey("key"), i);
   }
@@ -34,7 +35,8 @@ TEST_F(StoreGoodCopy, CopyIsLeftAloneWhenNothingChanged) {
 
 TEST_F(StoreGoodCopy, LeftoversOfAKillAreCleared) {
   { open()->setInteger(1, "key"); }
-  for (const char* ending : {".copy", ".copy-journal", ".new"}) overwrite(path.string() + ending, "half");
+  for (const char* ending : {".copy", ".copy-journal", ".new"})
+    overwrite(path.string() + ending, "half");
   { open()->setInteger(2, "key"); }
   for (const char* ending : {".copy", ".copy-journal", ".new"}) {
     EXPECT_FALSE(std::filesystem::exists(path.string() + ending)) << ending;
@@ -56,7 +58,8 @@ TEST_F(StoreGoodCopy, CopyIsMadeUnderAnyUmask) {
       return 0;
     });
     EXPECT_EQ(child.wait(), 0) << mask;
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) std::filesystem::remove(entry);
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+      std::filesystem::remove(entry);
   }
 }
 
@@ -68,7 +71,8 @@ TEST_F(StoreGoodCopy, CopyIsNotReplacedByAStoreThatHoldsLess) {
     // A row vanishes, index entry and all, without leaving a trace.
     sqlite3* database = nullptr;
     ASSERT_EQ(sqlite3_open(path.c_str(), &database), SQLITE_OK);
-    EXPECT_EQ(sqlite3_exec(database, "DELETE FROM preferences WHERE key = x'6f6c642035'", nullptr, nullptr, nullptr),
+    EXPECT_EQ(sqlite3_exec(database, "DELETE FROM preferences WHERE key = x'6f6c642035'", nullptr,
+                           nullptr, nullptr),
               SQLITE_OK);
     sqlite3_close(database);
   }

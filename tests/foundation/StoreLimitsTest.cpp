@@ -87,7 +87,8 @@ TEST_F(StoreLimits, WriteWithoutMemoryEndsInAStatus) {
       limit(RLIMIT_AS, RLIM_INFINITY);
       store->removeObject("large");
       store->setInteger(2, "small");
-      return waitUntil([&] { return !store->status(); }) && open()->integerForKey("small") == 2 ? 0 : 2;
+      return waitUntil([&] { return !store->status(); }) && open()->integerForKey("small") == 2 ? 0
+                                                                                                : 2;
     });
     EXPECT_EQ(child.wait(), 0);
   }
@@ -119,11 +120,14 @@ TEST_F(StoreLimits, WithoutThreadsWritesReachTheDiskAndChangesAreHeardInTurns) {
   if (::geteuid() != 0) GTEST_SKIP() << "the limit would meet the other processes of this user";
   Child child([&] {
     constexpr uid_t unknown = 54323;
-    if (::chown(folder.c_str(), unknown, unknown) != 0 || ::setgid(unknown) != 0 || ::setuid(unknown) != 0) return 1;
+    if (::chown(folder.c_str(), unknown, unknown) != 0 || ::setgid(unknown) != 0 ||
+        ::setuid(unknown) != 0)
+      return 1;
     limit(RLIMIT_NPROC, 0);
     const auto store = open();
     std::vector<std::string> heard;
-    const Subscription all = store->observeAll([&](std::string_view key) { heard.emplace_back(key); });
+    const Subscription all =
+        store->observeAll([&](std::string_view key) { heard.emplace_back(key); });
     const auto other = open();
     for (int i = 1; i <= 20; ++i) other->setInteger(i, "key");
     if (other->status() || !other->synchronize()) return 2;
@@ -138,7 +142,8 @@ TEST_F(StoreLimits, WithFewDescriptorsTheStoreServesItsMemory) {
   for (rlim_t spare = 0; spare < 12; ++spare) {
     SCOPED_TRACE(spare);
     Child child([&] {
-      limit(RLIMIT_NOFILE, static_cast<rlim_t>(::open("/", O_RDONLY | O_DIRECTORY | O_CLOEXEC)) + 1 + spare);
+      limit(RLIMIT_NOFILE,
+            static_cast<rlim_t>(::open("/", O_RDONLY | O_DIRECTORY | O_CLOEXEC)) + 1 + spare);
       const auto store = open();
       const Subscription all = store->observeAll([](std::string_view) {});
       store->setInteger(2, "key");
@@ -175,12 +180,15 @@ TEST_F(StoreLimits, ViewWithEndlessRowsIsDamage) {
   { open()->setInteger(1, "key"); }
   sqlite3* database = nullptr;
   ASSERT_EQ(sqlite3_open(path.c_str(), &database), SQLITE_OK);
-  ASSERT_EQ(sqlite3_exec(database,
-                         "ALTER TABLE preferences RENAME TO kept;"
-                         "CREATE VIEW preferences AS WITH RECURSIVE rows (change) AS (SELECT 1 UNION ALL SELECT change "
-                         "+ 1 FROM rows) SELECT rows.change AS change, key, type, value, sum FROM rows, kept",
-                         nullptr, nullptr, nullptr),
-            SQLITE_OK);
+  ASSERT_EQ(
+      sqlite3_exec(
+          database,
+          "ALTER TABLE preferences RENAME TO kept;"
+          "CREATE VIEW preferences AS WITH RECURSIVE rows (change) AS (SELECT 1 UNION ALL SELECT "
+          "change "
+          "+ 1 FROM rows) SELECT rows.change AS change, key, type, value, sum FROM rows, kept",
+          nullptr, nullptr, nullptr),
+      SQLITE_OK);
   sqlite3_close(database);
   const auto store = open();
   store->setInteger(2, "other");
@@ -188,7 +196,8 @@ TEST_F(StoreLimits, ViewWithEndlessRowsIsDamage) {
   EXPECT_EQ(store->integerForKey("other"), 2);
 }
 
-// The children of an interior page are all made the first of them, so that its rows come again and again.
+// The children of an interior page are all made the first of them, so that its rows come again and
+// again.
 TEST_F(StoreLimits, PagesThatAreNamedTwiceAreDamage) {
   {
     const auto store = open();
@@ -201,7 +210,8 @@ TEST_F(StoreLimits, PagesThatAreNamedTwiceAreDamage) {
   constexpr std::size_t pageBytes = 4096;
   constexpr char interiorTable = 5;
   const auto number = [&](std::size_t at) {
-    return std::size_t{static_cast<std::uint8_t>(contents[at])} << 8 | static_cast<std::uint8_t>(contents[at + 1]);
+    return std::size_t{static_cast<std::uint8_t>(contents[at])} << 8 |
+           static_cast<std::uint8_t>(contents[at + 1]);
   };
   int pages = 0;
   for (std::size_t page = pageBytes; page < contents.size(); page += pageBytes) {

@@ -67,7 +67,8 @@ TEST_F(StorePrivacy, LinksPlantedNextToTheFileLeadNowhere) {
       EXPECT_EQ(store->integerForKey("key"), 1);
     }
     EXPECT_EQ(contentsOf(elsewhere), "not ours");
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) std::filesystem::remove(entry);
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+      std::filesystem::remove(entry);
   }
 }
 

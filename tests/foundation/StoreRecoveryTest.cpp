@@ -29,7 +29,8 @@ TEST_F(StoreRecovery, DamagedFileIsRecoveredWithItsGoodCopy) {
   };
   const Case cases[] = {
       {"empty", [&](const std::string&) { overwrite(path, ""); }},
-      {"truncated", [&](const std::string& intact) { overwrite(path, intact.substr(0, intact.size() / 2)); }},
+      {"truncated",
+       [&](const std::string& intact) { overwrite(path, intact.substr(0, intact.size() / 2)); }},
       {"foreign text", [&](const std::string&) { overwrite(path, std::string(5000, '#')); }},
       {"first page scribbled over",
        [&](const std::string& intact) {
@@ -50,7 +51,8 @@ TEST_F(StoreRecovery, DamagedFileIsRecoveredWithItsGoodCopy) {
       store->setInteger(1, "number");
       store->setObject("SECRET", "secret");
     }
-    for (const char* ending : {"-wal", "-shm"}) ASSERT_FALSE(std::filesystem::exists(path.string() + ending));
+    for (const char* ending : {"-wal", "-shm"})
+      ASSERT_FALSE(std::filesystem::exists(path.string() + ending));
     const std::string intact = contentsOf(path);
     damage(intact);
     const std::string damaged = contentsOf(path);
@@ -71,11 +73,13 @@ TEST_F(StoreRecovery, DamagedFileIsRecoveredWithItsGoodCopy) {
     EXPECT_EQ(open()->integerForKey("number"), 2);
     const auto verification = verifyPreferences(path);
     EXPECT_TRUE(verification.isGood);
-    EXPECT_THAT(verification.sentences, testing::ElementsAre(HasSubstr("in order: 3 keys"),
-                                                             HasSubstr("in order: 3 keys"), HasSubstr("set aside")));
+    EXPECT_THAT(verification.sentences,
+                testing::ElementsAre(HasSubstr("in order: 3 keys"), HasSubstr("in order: 3 keys"),
+                                     HasSubstr("set aside")));
     std::vector<std::string> kept;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-      if (entry.path().string().find(".damaged-") != std::string::npos) kept.push_back(contentsOf(entry.path()));
+      if (entry.path().string().find(".damaged-") != std::string::npos)
+        kept.push_back(contentsOf(entry.path()));
     }
     EXPECT_EQ(kept, std::vector<std::string>{damaged});
   }
@@ -97,8 +101,8 @@ TEST_F(StoreRecovery, StoreWithoutAnyReadableValueBeginsEmpty) {
     EXPECT_THAT(store->dictionaryRepresentation(), IsEmpty());
     EXPECT_EQ(store->status(), std::nullopt);
     EXPECT_EQ(store->opening().outcome, Outcome::begunEmpty);
-    EXPECT_THAT(said,
-                testing::ElementsAre(HasSubstr(hasCopy ? "its good copy is damaged too" : "there is no good copy")));
+    EXPECT_THAT(said, testing::ElementsAre(HasSubstr(hasCopy ? "its good copy is damaged too"
+                                                             : "there is no good copy")));
     store->setInteger(2, "key");
     EXPECT_EQ(open()->integerForKey("key"), 2);
   }
@@ -120,12 +124,14 @@ TEST_F(StoreRecovery, WriteThatMeetsDamageSucceeds) {
   };
   for (const auto& [name, offset, bytes] : cases) {
     SCOPED_TRACE(name);
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) std::filesystem::remove(entry);
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+      std::filesystem::remove(entry);
     makeGoodCopy();
     overwriteAt(path, offset, bytes);
     {
       const auto store = open();
-      for (int i = 0; i < 3; ++i) store->setObject(std::string(3000, 'z'), "added " + std::to_string(i));
+      for (int i = 0; i < 3; ++i)
+        store->setObject(std::string(3000, 'z'), "added " + std::to_string(i));
       store->removeObject("old 7");
       EXPECT_EQ(store->status(), std::nullopt);
     }
@@ -183,11 +189,13 @@ TEST_F(StoreRecovery, LossIsSaidWithItsNumberOfKeys) {
          overwriteAt(log(), 32 + last * frame + 24 + kPage - 16, std::string(16, '\xA5'));
        },
        Outcome::restored, 0},
-      {"header of the log garbled", [&] { overwriteAt(log(), 16, "\x01\x02\x03"); }, Outcome::restored, 0},
+      {"header of the log garbled", [&] { overwriteAt(log(), 16, "\x01\x02\x03"); },
+       Outcome::restored, 0},
   };
   for (const auto& [name, damage, outcome, lostKeys] : cases) {
     SCOPED_TRACE(name);
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) std::filesystem::remove(entry);
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+      std::filesystem::remove(entry);
     makeGoodCopy();
     writeWithoutCopy();
     damage();
@@ -206,7 +214,8 @@ TEST_F(StoreRecovery, ValueThatIsGoneEverywhereIsCounted) {
   writeWithoutCopy();
   const std::string contents = contentsOf(log());
   // The value of the row, in every version of its page.
-  for (std::size_t at = contents.find("newer"); at != std::string::npos; at = contents.find("newer", at + 1)) {
+  for (std::size_t at = contents.find("newer"); at != std::string::npos;
+       at = contents.find("newer", at + 1)) {
     overwriteAt(log(), at, "NEWER");
   }
   const auto store = open();
@@ -258,7 +267,8 @@ TEST_F(StoreRecovery, RunningStoreKeepsItsNewerValuesWhenAnotherRecovers) {
 TEST_F(StoreRecovery, EightStartsOnADamagedStoreLoseNothing) {
   const int rounds = runs(5, 60);
   for (int round = 0; round < rounds; ++round) {
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) std::filesystem::remove(entry);
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+      std::filesystem::remove(entry);
     makeGoodCopy();
     writeWithoutCopy();
     overwriteAt(path, (2 + round % 2) * kPage, std::string(kPage, '\0'));
@@ -295,7 +305,8 @@ TEST_F(StoreRecovery, FullDiskLeavesADamagedStoreAsItWas) {
     ::setrlimit(RLIMIT_FSIZE, &limit);
     const auto store = open();
     expectOldKeys(*store);
-    return store->status() && store->opening().outcome == Outcome::inMemory && !HasFailure() ? 0 : 1;
+    return store->status() && store->opening().outcome == Outcome::inMemory && !HasFailure() ? 0
+                                                                                             : 1;
   });
   EXPECT_EQ(child.wait(), 0);
   const auto store = open();

@@ -24,7 +24,8 @@ protected:
     return {
         {"file, log and index removed",
          [this] {
-           for (const char* ending : {"", "-wal", "-shm"}) std::filesystem::remove(path.string() + ending);
+           for (const char* ending : {"", "-wal", "-shm"})
+             std::filesystem::remove(path.string() + ending);
          }},
         {"file removed", [this] { std::filesystem::remove(path); }},
         {"log removed", [this] { std::filesystem::remove(log()); }},
@@ -46,7 +47,8 @@ protected:
   void clear() const {
     std::filesystem::remove_all(moved);
     std::filesystem::create_directory(folder);
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) std::filesystem::remove_all(entry.path());
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+      std::filesystem::remove_all(entry.path());
   }
 
   const std::filesystem::path moved = scratch.path() / "moved";
@@ -97,7 +99,8 @@ TEST_F(StoreReplacement, ObserversHearOfTheNewFile) {
     const auto store = open();
     store->setInteger(1, "key");
     std::vector<std::string> heard;
-    const Subscription all = store->observeAll([&](std::string_view key) { heard.emplace_back(key); });
+    const Subscription all =
+        store->observeAll([&](std::string_view key) { heard.emplace_back(key); });
     replace();
     store->setInteger(2, "key");
     Child other([&] {

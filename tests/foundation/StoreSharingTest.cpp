@@ -28,7 +28,8 @@ TEST_F(StoreSharing, ObserversHearOfAnotherProcessWithoutReading) {
   });
   const auto store = open();
   std::vector<std::string> heard;
-  const Subscription all = store->observeAll([&](std::string_view key) { heard.emplace_back(key); });
+  const Subscription all =
+      store->observeAll([&](std::string_view key) { heard.emplace_back(key); });
   ASSERT_EQ(::write(pipe[1], "!", 1), 1);
   EXPECT_TRUE(waitUntil([&] { return heard.size() == 2; }));
   EXPECT_THAT(heard, testing::ElementsAre("added", "before"));

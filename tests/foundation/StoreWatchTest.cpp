@@ -57,7 +57,9 @@ public:
     if (step_ == Step::synchronizeLog) gate_.hold();
     return false;
   }
-  std::chrono::milliseconds pauseBeforeCopy() const override { return std::chrono::milliseconds(0); }
+  std::chrono::milliseconds pauseBeforeCopy() const override {
+    return std::chrono::milliseconds(0);
+  }
   void keepCopy(const std::filesystem::path&) override {
     if (step_ == Step::keepCopy) gate_.hold();
   }
@@ -77,14 +79,16 @@ protected:
 };
 
 TEST_F(StoreWatch, EndWaitsForTheStepInProgressAndNoCallbackFollows) {
-  for (const Step step : {Step::watchFolder, Step::queueChange, Step::synchronizeLog, Step::keepCopy}) {
+  for (const Step step :
+       {Step::watchFolder, Step::queueChange, Step::synchronizeLog, Step::keepCopy}) {
     SCOPED_TRACE(static_cast<int>(step));
     Gate gate;
     int calls = 0;
     if (step == Step::queueChange) MainQueue::mainQueue().setWaker([&] { gate.hold(); });
-    // The destructor lets go of the callbacks first, which is how the held thread learns that it has begun.
-    PreferencesWatch::Callback callback =
-        [&calls, releasing = std::make_shared<Subscription>([&gate] { gate.release(); })] { ++calls; };
+    // The destructor lets go of the callbacks first, which is how the held thread learns that it
+    // has begun.
+    PreferencesWatch::Callback callback = [&calls, releasing = std::make_shared<Subscription>(
+                                                       [&gate] { gate.release(); })] { ++calls; };
     auto watch = std::make_unique<PreferencesWatch>(path, callback, callback, callback,
                                                     std::make_shared<HeldSystem>(step, gate));
     callback = {};
@@ -100,7 +104,8 @@ TEST_F(StoreWatch, EndWaitsForTheStepInProgressAndNoCallbackFollows) {
   }
 }
 
-// The process ends in the order in which a program makes that worst: the queue is first used after the store.
+// The process ends in the order in which a program makes that worst: the queue is first used after
+// the store.
 Gate& gateAtExit() {
   static Gate gate;
   return gate;
@@ -137,7 +142,9 @@ public:
   std::optional<std::thread> startThread(std::function<void()> work) override {
     return refused_.threads-- > 0 ? std::nullopt : WatchSystem::startThread(std::move(work));
   }
-  FileDescriptor openWake() override { return refused_.wake ? FileDescriptor() : WatchSystem::openWake(); }
+  FileDescriptor openWake() override {
+    return refused_.wake ? FileDescriptor() : WatchSystem::openWake();
+  }
   Result<FileDescriptor> watchFolder(const std::filesystem::path& folder) override {
     if (refused_.folder) return Error{"refused"};
     return WatchSystem::watchFolder(folder);
@@ -149,19 +156,21 @@ private:
 
 TEST_F(StoreWatch, WhatTheSystemRefusesIsSaidOnceAndChangesAreFoundByTime) {
   constexpr int always = 1'000'000;
-  const Refusals cases[] = {{.name = "inotify", .folder = true, .wake = false, .threads = 0},
-                            {.name = "descriptors", .folder = true, .wake = true, .threads = 0},
-                            {.name = "descriptor to wake by", .folder = false, .wake = true, .threads = 0},
-                            {.name = "thread", .folder = false, .wake = false, .threads = always},
-                            {.name = "thread at first", .folder = false, .wake = false, .threads = 2},
-                            {.name = "everything", .folder = true, .wake = true, .threads = always}};
+  const Refusals cases[] = {
+      {.name = "inotify", .folder = true, .wake = false, .threads = 0},
+      {.name = "descriptors", .folder = true, .wake = true, .threads = 0},
+      {.name = "descriptor to wake by", .folder = false, .wake = true, .threads = 0},
+      {.name = "thread", .folder = false, .wake = false, .threads = always},
+      {.name = "thread at first", .folder = false, .wake = false, .threads = 2},
+      {.name = "everything", .folder = true, .wake = true, .threads = always}};
   for (const Refusals& refused : cases) {
     SCOPED_TRACE(refused.name);
     said.clear();
     int changes = 0;
     int retries = 0;
     PreferencesWatch watch(
-        path, [&] { ++changes; }, [&] { ++retries; }, [] {}, std::make_shared<RefusingSystem>(refused));
+        path, [&] { ++changes; }, [&] { ++retries; }, [] {},
+        std::make_shared<RefusingSystem>(refused));
     for (int i = 1; i <= 3; ++i) {
       const int before = changes;
       touch(path);

@@ -53,8 +53,9 @@ TEST(StringsFile, ReadsEveryEncoding) {
   const std::u16string text = u"\"\u00e9\" = \"\U0001F600\";";
   const StringsTable expected{{"\u00e9", "\U0001F600"}};
   for (const std::string& bytes :
-       {utf16(u"\uFEFF" + text, true), utf16(u"\uFEFF" + text, false), utf16(text, true), utf16(text, false),
-        std::string("\"\u00e9\" = \"\U0001F600\";"), std::string("\xEF\xBB\xBF\"\u00e9\" = \"\U0001F600\";")}) {
+       {utf16(u"\uFEFF" + text, true), utf16(u"\uFEFF" + text, false), utf16(text, true),
+        utf16(text, false), std::string("\"\u00e9\" = \"\U0001F600\";"),
+        std::string("\xEF\xBB\xBF\"\u00e9\" = \"\U0001F600\";")}) {
     const auto table = parseStringsFile(bytes);
     ASSERT_TRUE(table) << table.error().message;
     EXPECT_EQ(*table, expected);
@@ -72,9 +73,10 @@ TEST(StringsFile, NamesTheLineThatGoesWrong) {
     const char* text;
     const char* line;
   };
-  for (const auto& [text, line] : {Case{"\"a\" = \"b\"\n\"c\" = \"d\";", "line 2"}, Case{"\n\n\"a = b;\n\n", "line 3"},
-                                   Case{"a = b;\n/* c", "line 2"}, Case{"= b;", "line 1"}, Case{"a = ;", "line 1"},
-                                   Case{"a = (b);", "line 1"}, Case{"a =", "line 1"}, Case{"\"\\", "line 1"}}) {
+  for (const auto& [text, line] :
+       {Case{"\"a\" = \"b\"\n\"c\" = \"d\";", "line 2"}, Case{"\n\n\"a = b;\n\n", "line 3"},
+        Case{"a = b;\n/* c", "line 2"}, Case{"= b;", "line 1"}, Case{"a = ;", "line 1"},
+        Case{"a = (b);", "line 1"}, Case{"a =", "line 1"}, Case{"\"\\", "line 1"}}) {
     const auto table = parseStringsText(text);
     ASSERT_FALSE(table) << text;
     EXPECT_THAT(table.error().message, HasSubstr(line)) << text;
@@ -113,12 +115,14 @@ TEST_F(Bundles, SpeakTheBestLanguageTheyHave) {
     const char* text;
   };
   for (const Case& language :
-       {Case{{}, "Hello"}, Case{{"en-GB"}, "Hello"}, Case{{"de"}, "Hallo"}, Case{{"de-AT", "en"}, "Hallo"},
-        Case{{"fr", "de"}, "Hallo"}, Case{{"fr"}, "Hello"}, Case{{"zh-Hans"}, "nihao"}, Case{{"zh-Hans-CN"}, "nihao"},
-        Case{{"zh-CN"}, "nihao"}, Case{{"zh"}, "nihao"}, Case{{"zh-Hant"}, "Hello"}, Case{{"zh-TW"}, "Hello"},
+       {Case{{}, "Hello"}, Case{{"en-GB"}, "Hello"}, Case{{"de"}, "Hallo"},
+        Case{{"de-AT", "en"}, "Hallo"}, Case{{"fr", "de"}, "Hallo"}, Case{{"fr"}, "Hello"},
+        Case{{"zh-Hans"}, "nihao"}, Case{{"zh-Hans-CN"}, "nihao"}, Case{{"zh-CN"}, "nihao"},
+        Case{{"zh"}, "nihao"}, Case{{"zh-Hant"}, "Hello"}, Case{{"zh-TW"}, "Hello"},
         Case{{"pt"}, "Oi"}, Case{{"pt-PT"}, "Hello"}, Case{{"broken"}, "hello"}}) {
     Bundle::setPreferredLanguages(language.preferred);
-    EXPECT_EQ(bundle->localizedString("hello"), language.text) << testing::PrintToString(language.preferred);
+    EXPECT_EQ(bundle->localizedString("hello"), language.text)
+        << testing::PrintToString(language.preferred);
   }
 }
 
@@ -151,7 +155,8 @@ TEST(TimeZones, AreThoseOfTheMachine) {
   EXPECT_THAT(names, Contains(currentTimeZoneName()));
   if (!std::filesystem::exists("/usr/share/zoneinfo/tzdata.zi")) return;
   EXPECT_GT(names.size(), 400U);
-  for (const char* expected : {"Europe/Berlin", "America/Argentina/Buenos_Aires", "Asia/Calcutta", "Etc/GMT-14"}) {
+  for (const char* expected :
+       {"Europe/Berlin", "America/Argentina/Buenos_Aires", "Asia/Calcutta", "Etc/GMT-14"}) {
     EXPECT_THAT(names, Contains(expected));
   }
   ASSERT_EQ(::setenv("TZ", ":Asia/Tokyo", 1), 0);

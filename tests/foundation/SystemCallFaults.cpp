@@ -62,10 +62,12 @@ long endSystemCallFault() {
 FAULTY_OPEN(open)
 FAULTY_OPEN(open64)
 FAULTY_CALL(long, read, (int file, void* bytes, std::size_t size), (file, bytes, size), EIO)
-FAULTY_CALL(long, pread64, (int file, void* bytes, std::size_t size, long offset), (file, bytes, size, offset), EIO)
-FAULTY_CALL(long, write, (int file, const void* bytes, std::size_t size), (file, bytes, size), ENOSPC)
-FAULTY_CALL(long, pwrite64, (int file, const void* bytes, std::size_t size, long offset), (file, bytes, size, offset),
+FAULTY_CALL(long, pread64, (int file, void* bytes, std::size_t size, long offset),
+            (file, bytes, size, offset), EIO)
+FAULTY_CALL(long, write, (int file, const void* bytes, std::size_t size), (file, bytes, size),
             ENOSPC)
+FAULTY_CALL(long, pwrite64, (int file, const void* bytes, std::size_t size, long offset),
+            (file, bytes, size, offset), ENOSPC)
 FAULTY_CALL(int, fsync, (int file), (file), EIO)
 FAULTY_CALL(int, fdatasync, (int file), (file), EIO)
 FAULTY_CALL(int, ftruncate, (int file, long size), (file, size), EIO)

@@ -1,7 +1,8 @@
 #pragma once
 
-// Ends this process before one of its system calls on files, or fails that call. The calls of the store and of SQLite
-// all pass here, because the program's own functions come before those of the C library. One thread.
+// Ends this process before one of its system calls on files, or fails that call. The calls of the
+// store and of SQLite all pass here, because the program's own functions come before those of the C
+// library. One thread.
 enum class SystemCallFault { none, end, fail };
 
 inline constexpr int kEndedByFault = 86;  // the exit code

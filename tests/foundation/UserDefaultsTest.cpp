@@ -29,9 +29,11 @@ PreferenceDictionary everyType() {
       {"data", PreferenceValue::Bytes{0, 1, 255}},
       {"empty data", PreferenceValue::Bytes{}},
       {"date", PreferenceValue::Date(PreferenceValue::Date::duration(-1234567.125))},
-      {"array", PreferenceValue::Array{1, true, 2.5, "x", PreferenceValue::Array{}, PreferenceValue::Bytes{9}}},
+      {"array", PreferenceValue::Array{1, true, 2.5, "x", PreferenceValue::Array{},
+                                       PreferenceValue::Bytes{9}}},
       {"dictionary",
-       PreferenceDictionary{{"", 1}, {"nested", PreferenceDictionary{{"\u00e9", PreferenceValue::Date()}}}}},
+       PreferenceDictionary{{"", 1},
+                            {"nested", PreferenceDictionary{{"\u00e9", PreferenceValue::Date()}}}}},
       {std::string("key\0with NUL", 12), 1},
       {"", "the empty key"},
       {"\U0001F600 \uFFFF \xFF", 2},
@@ -78,7 +80,8 @@ TEST_F(StoreTest, TellsObserversOfEachChangeOnce) {
     // The write is over, and others may follow from here.
     if (store->integerForKey("a") == 1) store->setInteger(2, "a");
   });
-  Subscription all = store->observeAll([&](std::string_view key) { heard.push_back("all " + std::string(key)); });
+  Subscription all =
+      store->observeAll([&](std::string_view key) { heard.push_back("all " + std::string(key)); });
   store->setInteger(1, "a");
   EXPECT_THAT(heard, ElementsAre("one a", "one a", "all a", "all a"));
   heard.clear();
@@ -126,7 +129,8 @@ TEST_F(StoreTest, SharesItsFileWithOtherStores) {
   const auto first = open();
   const auto second = open();
   std::vector<std::string> heard;
-  const Subscription all = second->observeAll([&](std::string_view key) { heard.emplace_back(key); });
+  const Subscription all =
+      second->observeAll([&](std::string_view key) { heard.emplace_back(key); });
   first->setInteger(1, "a");
   EXPECT_EQ(second->integerForKey("a"), 1);
   EXPECT_THAT(heard, IsEmpty());

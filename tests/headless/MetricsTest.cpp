@@ -26,7 +26,8 @@ Size sizeOf(const TextVisual& text, std::optional<double> maxWidth = std::nullop
 
 int linesOf(const std::string& text, std::optional<double> maxWidth, int lineLimit = 0) {
   const double line = sizeOf({.text = "x"}).height;
-  return static_cast<int>(std::lround(sizeOf({.text = text, .lineLimit = lineLimit}, maxWidth).height / line));
+  return static_cast<int>(
+      std::lround(sizeOf({.text = text, .lineLimit = lineLimit}, maxWidth).height / line));
 }
 
 TEST(HeadlessText, BreaksAtWordsAndWhereTheTextSaysSo) {
@@ -51,12 +52,14 @@ TEST(HeadlessText, BreaksAtWordsAndWhereTheTextSaysSo) {
            Case{"packet", 0, 0, 6},
        }) {
     EXPECT_EQ(linesOf(each.text, each.maxWidth, each.lineLimit), each.lines)
-        << '"' << each.text << "\" in " << each.maxWidth.value_or(-1) << ", limit " << each.lineLimit;
+        << '"' << each.text << "\" in " << each.maxWidth.value_or(-1) << ", limit "
+        << each.lineLimit;
   }
 }
 
 TEST(HeadlessText, FitsTheWidthThatItAsksForAndNeverTakesMoreThanItIsOffered) {
-  for (const std::string text : {"Check for updates", "TCP/UDP 443", "  blanks  ", "Überprüfung", "日本語のテキスト"}) {
+  for (const std::string text :
+       {"Check for updates", "TCP/UDP 443", "  blanks  ", "Überprüfung", "日本語のテキスト"}) {
     const Size ideal = sizeOf({.text = text});
     EXPECT_EQ(sizeOf({.text = text}, ideal.width), ideal) << text;
     for (const double width : {0.0, 10.0, 33.3, 70.0}) {
@@ -96,16 +99,20 @@ TEST(HeadlessPictures, AreAsLargeAsTheirFilesSay) {
     Size size;
   };
   using namespace std::string_literals;
-  for (const Case& each : {
-           Case{"a.png", "\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\x01\x02\0\0\0\x20"s, {258, 32}},
-           Case{"cut.png", "\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0"s, {}},
-           Case{"a.svg",
-                R"(<?xml version="1.0"?><svg xmlns="x" width="120px" height="80.5" viewBox="0 0 1 1">)",
-                {120, 80.5}},
-           Case{"box.svg", R"(<svg viewBox="0 0 64 48"><rect width="3" height="4"/></svg>)", {64, 48}},
-           Case{"none.svg", "<svg>", {}},
-           Case{"empty", "", {}},
-       }) {
+  for (
+      const Case& each : {
+          Case{"a.png", "\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\x01\x02\0\0\0\x20"s, {258, 32}},
+          Case{"cut.png", "\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0"s, {}},
+          Case{
+              "a.svg",
+              R"(<?xml version="1.0"?><svg xmlns="x" width="120px" height="80.5" viewBox="0 0 1 1">)",
+              {120, 80.5}},
+          Case{"box.svg",
+               R"(<svg viewBox="0 0 64 48"><rect width="3" height="4"/></svg>)",
+               {64, 48}},
+          Case{"none.svg", "<svg>", {}},
+          Case{"empty", "", {}},
+      }) {
     const std::filesystem::path path = folder.path() / each.name;
     std::ofstream(path, std::ios::binary) << each.contents;
     EXPECT_EQ(kMetrics.imageSize(path), each.size) << each.name;

@@ -44,38 +44,41 @@ struct Form {
 
   View body() const {
     const auto note = [journal = journal](const std::string& what) { journal->push_back(what); };
-    return VStack(
-        {}, {
-                Button("Lock", [self = *this] { self.locked.set(!self.locked); }),
-                Toggle(isOn.binding()).accessibilityLabel("Promiscuous"),
-                TextField({.placeholder = "Name"}, name.binding(),
-                          [self = *this, note] { note("name " + self.name.get()); })
-                    .accessibilityLabel("Name"),
-                TextField({},
-                          Binding<std::string>([self = *this] { return self.ports.get(); },
-                                               [self = *this, note](const std::string& text) {
-                                                 note("typed " + text);
-                                                 self.ports.set(text);
-                                               }),
-                          [self = *this, note] { note("ports " + self.ports.get()); })
-                    .accessibilityLabel("Ports")
-                    .disabled(locked),
-                Button("Reset", [note] { note("reset"); }).disabled(locked),
-                PopUpMenu(picked,
-                          [self = *this] {
-                            std::vector<MenuItem> items;
-                            for (const std::string title : {"TCP", "UDP"}) {
-                              items.push_back({.title = title, .action = [self, title] { self.picked.set(title); }});
-                            }
-                            return items;
-                          }),
-            });
+    return VStack({},
+                  {
+                      Button("Lock", [self = *this] { self.locked.set(!self.locked); }),
+                      Toggle(isOn.binding()).accessibilityLabel("Promiscuous"),
+                      TextField({.placeholder = "Name"}, name.binding(),
+                                [self = *this, note] { note("name " + self.name.get()); })
+                          .accessibilityLabel("Name"),
+                      TextField({},
+                                Binding<std::string>([self = *this] { return self.ports.get(); },
+                                                     [self = *this, note](const std::string& text) {
+                                                       note("typed " + text);
+                                                       self.ports.set(text);
+                                                     }),
+                                [self = *this, note] { note("ports " + self.ports.get()); })
+                          .accessibilityLabel("Ports")
+                          .disabled(locked),
+                      Button("Reset", [note] { note("reset"); }).disabled(locked),
+                      PopUpMenu(picked,
+                                [self = *this] {
+                                  std::vector<MenuItem> items;
+                                  for (const std::string title : {"TCP", "UDP"}) {
+                                    items.push_back({.title = title, .action = [self, title] {
+                                                       self.picked.set(title);
+                                                     }});
+                                  }
+                                  return items;
+                                }),
+                  });
   }
 };
 
 class HeadlessWindowTest : public ::testing::Test {
 protected:
-  std::unique_ptr<Window> show(const View& root, const WindowOptions& options = {.size = {{400, 400}}}) {
+  std::unique_ptr<Window> show(const View& root,
+                               const WindowOptions& options = {.size = {{400, 400}}}) {
     return std::make_unique<Window>(root, Environment{.defaultStore = *store_}, options);
   }
   std::unique_ptr<Window> showForm() { return show(Form{.journal = journal_}); }
@@ -86,8 +89,9 @@ protected:
 
 TEST_F(HeadlessWindowTest, SaysWhatThereIsWhenASearchFails) {
   const auto window = showForm();
-  EXPECT_THAT(window->find(Role::button, "Save").problem(),
-              AllOf(HasSubstr("no button \"Save\""), HasSubstr("button \"Lock\", button \"Reset\"")));
+  EXPECT_THAT(
+      window->find(Role::button, "Save").problem(),
+      AllOf(HasSubstr("no button \"Save\""), HasSubstr("button \"Lock\", button \"Reset\"")));
   EXPECT_THAT(window->find(Role::button).problem(), HasSubstr("not one but 2"));
   EXPECT_THAT(window->find(Role::colorWell).problem(), HasSubstr("toggle \"Promiscuous\""));
   EXPECT_THAT(window->findText("nowhere").problem(), HasSubstr("nothing shows \"nowhere\""));
@@ -99,7 +103,8 @@ TEST_F(HeadlessWindowTest, AnElementTellsWhenItsViewIsGone) {
   struct Disappearing {
     State<bool> isShown = true;
     View body() const {
-      return isShown ? Button("Hide", [self = *this] { self.isShown.set(false); }) : View(Text("hidden"));
+      return isShown ? Button("Hide", [self = *this] { self.isShown.set(false); })
+                     : View(Text("hidden"));
     }
   };
   const auto window = show(Disappearing{});
@@ -186,10 +191,12 @@ TEST_F(HeadlessWindowTest, AFieldThatGoesAwayWithAChangeInItIsCommitted) {
     State<std::string> text = std::string();
     State<bool> isShown = true;
     View body() const {
-      return VStack({}, {isShown ? TextField({}, text.binding(), [self = *this] { self.journal->push_back(self.text); })
-                                       .onAppear([journal = journal] { journal->push_back("appear"); })
-                                 : View{},
-                         Text("Elsewhere").onTap([self = *this] { self.isShown.set(false); })});
+      return VStack({},
+                    {isShown ? TextField({}, text.binding(),
+                                         [self = *this] { self.journal->push_back(self.text); })
+                                   .onAppear([journal = journal] { journal->push_back("appear"); })
+                             : View{},
+                     Text("Elsewhere").onTap([self = *this] { self.isShown.set(false); })});
     }
   };
   const auto window = show(Row{.journal = journal_});
@@ -207,7 +214,9 @@ TEST_F(HeadlessWindowTest, TheViewHasTheLastWordOnWhatIsTyped) {
     View body() const {
       return TextField({}, Binding<std::string>([self = *this] { return self.text.get(); },
                                                 [self = *this](std::string typed) {
-                                                  std::erase_if(typed, [](char c) { return c < '0' || c > '9'; });
+                                                  std::erase_if(typed, [](char c) {
+                                                    return c < '0' || c > '9';
+                                                  });
                                                   self.text.set(typed);
                                                 }));
     }
@@ -265,7 +274,8 @@ TEST_F(HeadlessWindowTest, MonitorsSeeKeysBeforeTheControl) {
   const auto window = showForm();
   window->click(window->find(Role::textField, "Ports"));
   const auto monitor = appkit::Event::addLocalMonitorForEventsMatchingMask(
-      appkit::Event::kKeyDownMask, [this](const appkit::Event& event) -> std::optional<appkit::Event> {
+      appkit::Event::kKeyDownMask,
+      [this](const appkit::Event& event) -> std::optional<appkit::Event> {
         journal_->push_back("key " + event.characters + " " + std::to_string(event.keyCode));
         if (event.characters == "x") return std::nullopt;
         return event;
@@ -283,7 +293,8 @@ TEST_F(HeadlessWindowTest, KeysGoToTheKeyWindowAlone) {
   EXPECT_FALSE(first->isKey());
   first->type("x");
   EXPECT_THAT(*journal_, IsEmpty());
-  EXPECT_NE(first->firstResponder(), nullptr) << "the window keeps its responder while another is key";
+  EXPECT_NE(first->firstResponder(), nullptr)
+      << "the window keeps its responder while another is key";
   first->becomeKey();
   first->type("x");
   EXPECT_THAT(*journal_, ElementsAre("typed x"));
@@ -292,8 +303,9 @@ TEST_F(HeadlessWindowTest, KeysGoToTheKeyWindowAlone) {
 }
 
 TEST_F(HeadlessWindowTest, AClickThatIsNoControlsGoesToTheViewUnderIt) {
-  const View root =
-      Text("Row").frame(FixedFrame{.width = 100, .height = 30}).onTap([this] { journal_->push_back("tapped"); });
+  const View root = Text("Row").frame(FixedFrame{.width = 100, .height = 30}).onTap([this] {
+    journal_->push_back("tapped");
+  });
   const auto window = show(root);
   EXPECT_TRUE(window->click(window->findText("Row")));
   EXPECT_FALSE(window->click(Point{399, 399}));
@@ -301,7 +313,8 @@ TEST_F(HeadlessWindowTest, AClickThatIsNoControlsGoesToTheViewUnderIt) {
 }
 
 TEST_F(HeadlessWindowTest, ThePointerHoversUntilItLeaves) {
-  const View root = Text("Row").onHover([this](bool inside) { journal_->push_back(inside ? "in" : "out"); });
+  const View root =
+      Text("Row").onHover([this](bool inside) { journal_->push_back(inside ? "in" : "out"); });
   const auto window = show(root);
   window->hover(window->findText("Row"));
   window->settle();
@@ -330,11 +343,12 @@ TEST_F(HeadlessWindowTest, TabsArePickedByTitle) {
 }
 
 TEST_F(HeadlessWindowTest, WhatIsScrolledOutOfSightIsScrolledIntoItToBeClicked) {
-  const View root = ScrollView({}, VStack({}, {
-                                                  Button("Top", [this] { journal_->push_back("top"); }),
-                                                  RoundedRectangle().frame(FixedFrame{.height = 1000}),
-                                                  Button("Bottom", [this] { journal_->push_back("bottom"); }),
-                                              }));
+  const View root =
+      ScrollView({}, VStack({}, {
+                                    Button("Top", [this] { journal_->push_back("top"); }),
+                                    RoundedRectangle().frame(FixedFrame{.height = 1000}),
+                                    Button("Bottom", [this] { journal_->push_back("bottom"); }),
+                                }));
   const auto window = show(root);
   const Element bottom = window->find(Role::button, "Bottom");
   EXPECT_GT(bottom.frame().origin.y, window->size().height);
@@ -352,9 +366,10 @@ TEST_F(HeadlessWindowTest, PopoversCloseByEscapeAndByAClickElsewhere) {
   struct WithPopover {
     State<bool> isShown = false;
     View body() const {
-      return VStack({}, {Button("Details", [self = *this] { self.isShown.set(true); })
-                             .popover(isShown.binding(), [] { return View(Text("All the details")); }),
-                         Text("Elsewhere")});
+      return VStack({},
+                    {Button("Details", [self = *this] { self.isShown.set(true); })
+                         .popover(isShown.binding(), [] { return View(Text("All the details")); }),
+                     Text("Elsewhere")});
     }
   };
   const auto window = show(WithPopover{});
@@ -373,8 +388,9 @@ TEST_F(HeadlessWindowTest, PopoversCloseByEscapeAndByAClickElsewhere) {
 struct Fading {
   State<bool> isShown = false;
   View body() const {
-    return VStack({}, {Button("Show", [self = *this] { withAnimation([&] { self.isShown.set(true); }); }),
-                       isShown ? View(Text("Now")) : View{}});
+    return VStack(
+        {}, {Button("Show", [self = *this] { withAnimation([&] { self.isShown.set(true); }); }),
+             isShown ? View(Text("Now")) : View{}});
   }
 };
 
@@ -416,13 +432,15 @@ TEST(HeadlessDescription, IsNestedTextOrJSON) {
   };
   EXPECT_EQ(textDescription(tree),
             "VStack (0, 0) 100.5 x 40\n"
-            "  Button button \"Say \\\"hi\\\"\\n\xEF\xBF\xBD\" help \"Greets\" disabled (10, 20) 80 x 20\n");
-  EXPECT_EQ(jsonDescription(tree), R"({"kind":"VStack","role":"none","label":"","value":"","help":"","enabled":true,)"
-                                   R"("frame":{"x":0,"y":0,"width":100.5,"height":40},"children":[)"
-                                   R"({"kind":"Button","role":"button","label":"Say \"hi\"\n)"
-                                   "\xEF\xBF\xBD"
-                                   R"(","value":"","help":"Greets","enabled":false,)"
-                                   R"("frame":{"x":10,"y":20,"width":80,"height":20},"children":[]}]})");
+            "  Button button \"Say \\\"hi\\\"\\n\xEF\xBF\xBD\" help \"Greets\" disabled (10, 20) "
+            "80 x 20\n");
+  EXPECT_EQ(jsonDescription(tree),
+            R"({"kind":"VStack","role":"none","label":"","value":"","help":"","enabled":true,)"
+            R"("frame":{"x":0,"y":0,"width":100.5,"height":40},"children":[)"
+            R"({"kind":"Button","role":"button","label":"Say \"hi\"\n)"
+            "\xEF\xBF\xBD"
+            R"(","value":"","help":"Greets","enabled":false,)"
+            R"("frame":{"x":10,"y":20,"width":80,"height":20},"children":[]}]})");
 }
 
 }  // namespace

@@ -33,7 +33,8 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::StartsWith;
 
-// A slip in a table would send two analyzers to one key, or show a port that the editor would change.
+// A slip in a table would send two analyzers to one key, or show a port that the editor would
+// change.
 TEST(SampleAnalyzers, AreWellFormedAndDistinct) {
   const auto analyzers = sampleAnalyzers();
   ASSERT_GE(analyzers.size(), 24U);
@@ -58,7 +59,8 @@ TEST(SampleAnalyzers, AreWellFormedAndDistinct) {
     isNew(config.ports->networkProtocolKey);
     for (const auto& protocol : config.ports->defaultPorts) {
       EXPECT_EQ(QEVModels::validatedPorts(protocol->protocolPorts.get()),
-                (QEVModels::PortValidationResult{.ports = protocol->protocolPorts.get(), .corrections = {}}));
+                (QEVModels::PortValidationResult{.ports = protocol->protocolPorts.get(),
+                                                 .corrections = {}}));
       EXPECT_NE(protocol->sourceProtocol.get(), kQEVSourceProtocols::none);
     }
   }
@@ -89,20 +91,25 @@ protected:
   }
 
   // What a person's change does to the list: the controller, the store, the notifications.
-  static std::shared_ptr<QEVNetworkProtocol> record(const std::string& name, const std::string& ports) {
-    auto record = std::make_shared<QEVNetworkProtocol>(
-        foundation::UUID::random(), name, ports, kQEVSourceProtocols::tcp, std::nullopt, std::nullopt, std::nullopt);
+  static std::shared_ptr<QEVNetworkProtocol> record(const std::string& name,
+                                                    const std::string& ports) {
+    auto record = std::make_shared<QEVNetworkProtocol>(foundation::UUID::random(), name, ports,
+                                                       kQEVSourceProtocols::tcp, std::nullopt,
+                                                       std::nullopt, std::nullopt);
     record->setPortController(QEVModels::QEVPortsController::sharedPortsController());
     return record;
   }
 
   static std::vector<std::string> portsOf(const RunningAnalyzer& analyzer) {
     std::vector<std::string> ports;
-    for (const auto& protocol : analyzer.protocols()) ports.push_back(protocol->protocolPorts.get());
+    for (const auto& protocol : analyzer.protocols())
+      ports.push_back(protocol->protocolPorts.get());
     return ports;
   }
 
-  static void post(QEVProtocolKonstants name) { foundation::NotificationCenter::defaultCenter().post(rawValue(name)); }
+  static void post(QEVProtocolKonstants name) {
+    foundation::NotificationCenter::defaultCenter().post(rawValue(name));
+  }
 
   std::unique_ptr<UserDefaults> store = UserDefaults::inMemory();
 };
@@ -111,7 +118,8 @@ TEST_F(PortsOfAnAnalyzer, AreTakenOverAsTheyAreReplaced) {
   AnalyzerPortsPreferences preferences(description(), *store);
   const auto current = record("One", "1");
   current->protocolPorts = "1,11";
-  preferences.replaceProtoocol(record("One", "1"), current, QEVNetworkProtocolProperty::protocolPorts);
+  preferences.replaceProtoocol(record("One", "1"), current,
+                               QEVNetworkProtocolProperty::protocolPorts);
   EXPECT_THAT(portsOf(*preferences.running()), ElementsAre("1,11", "2,22"));
   // What is being typed is not yet watched.
   current->protocolPorts = "1,11,1";
@@ -121,10 +129,12 @@ TEST_F(PortsOfAnAnalyzer, AreTakenOverAsTheyAreReplaced) {
 }
 
 TEST_F(PortsOfAnAnalyzer, AreReadAgainWhenTheListIsSaidToHaveChanged) {
-  for (const auto name : {QEVProtocolKonstants::protocolListDidChange, QEVProtocolKonstants::portsDidChange}) {
+  for (const auto name :
+       {QEVProtocolKonstants::protocolListDidChange, QEVProtocolKonstants::portsDidChange}) {
     const AnalyzerPreferences preferences(description(Preferences::settings), *store);
     const std::string ports = std::string(rawValue(name));
-    QEVModels::AnalyzerPortsStore("com_velloquin_qev_sample_protocols", *store).encode({record(ports, ports)});
+    QEVModels::AnalyzerPortsStore("com_velloquin_qev_sample_protocols", *store)
+        .encode({record(ports, ports)});
     post(name);
     EXPECT_THAT(portsOf(*preferences.running()), ElementsAre(ports));
     store->removeObject("com_velloquin_qev_sample_protocols");
@@ -142,7 +152,8 @@ TEST_F(PortsOfAnAnalyzer, AreKeptByOneThatRefusesOthers) {
   EXPECT_THAT(portsOf(*preferences.running()), ElementsAre("1", "2,22"));
   EXPECT_NO_THROW(change("1", QEVNetworkProtocolProperty::protocolPorts));
   EXPECT_NO_THROW(change("1", QEVNetworkProtocolProperty::protocolName));
-  EXPECT_THROW(change("7", QEVNetworkProtocolProperty::sourceProtocol), QEVError) << "whichever member changed";
+  EXPECT_THROW(change("7", QEVNetworkProtocolProperty::sourceProtocol), QEVError)
+      << "whichever member changed";
 }
 
 }  // namespace

@@ -15,10 +15,11 @@ using ::testing::IsSupersetOf;
 
 // The kernel's own list, asked for in another way.
 std::set<std::string> namesOfTheSystem() {
-  const std::unique_ptr<struct if_nameindex[], void (*)(struct if_nameindex*)> list(::if_nameindex(),
-                                                                                    ::if_freenameindex);
+  const std::unique_ptr<struct if_nameindex[], void (*)(struct if_nameindex*)> list(
+      ::if_nameindex(), ::if_freenameindex);
   std::set<std::string> names;
-  for (const struct if_nameindex* each = list.get(); each != nullptr && each->if_index != 0; ++each) {
+  for (const struct if_nameindex* each = list.get(); each != nullptr && each->if_index != 0;
+       ++each) {
     names.insert(each->if_name);
   }
   return names;

@@ -37,7 +37,8 @@ TEST_F(MessagesTest, MessageSaidBeforeIsNotRepeated) {
   messages_.say("the store was restored\nfrom \x1b[2J");
   messages_.say("from \x1b[2J");
   messages_.say("there is no key");
-  EXPECT_EQ(takeWritten(), "zorvantine: the store was restored\\nfrom \\x1b[2J\nzorvantine: there is no key\n");
+  EXPECT_EQ(takeWritten(),
+            "zorvantine: the store was restored\\nfrom \\x1b[2J\nzorvantine: there is no key\n");
 }
 
 TEST_F(MessagesTest, DiagnosticsAreHeldBackUntilLoggedWithoutWhatWasSaid) {

@@ -33,7 +33,8 @@ TEST(CommandLine, NothingOpensTheWindow) {
 }
 
 TEST(CommandLine, WindowOptionsAreReadWhereverTheyStand) {
-  const WindowOptions expected{.hasProxyTab = false, .syntheticAnalyzers = 10000, .language = "zh-Hans"};
+  const WindowOptions expected{
+      .hasProxyTab = false, .syntheticAnalyzers = 10000, .language = "zh-Hans"};
   const Words rest{"--no-proxy", "--analyzers", "10000", "--language=zh-Hans"};
   const auto with = [&](Words words) {
     words.insert(words.end(), rest.begin(), rest.end());
@@ -51,8 +52,9 @@ TEST(CommandLine, WindowOptionsAreReadWhereverTheyStand) {
 }
 
 TEST(CommandLine, StoreMayComeBeforeOrAfterTheCommand) {
-  for (const Words& words : {Words{"--store", "a.sqlite", "prefs", "list"}, Words{"prefs", "list", "--store=a.sqlite"},
-                             Words{"--store=a.sqlite", "prefs", "get", "--", "--key"}}) {
+  for (const Words& words :
+       {Words{"--store", "a.sqlite", "prefs", "list"}, Words{"prefs", "list", "--store=a.sqlite"},
+        Words{"--store=a.sqlite", "prefs", "get", "--", "--key"}}) {
     const auto options = parseOptions(words);
     ASSERT_TRUE(options) << options.error().message;
     EXPECT_EQ(options->store, "a.sqlite");
@@ -69,7 +71,8 @@ TEST(CommandLine, ValuesAreTakenWhateverTheyLookLike) {
       {{"--string", "häuser"}, "häuser"},
       {{"--data", "AQID"}, PreferenceValue::Bytes{1, 2, 3}},
       {{"--data", ""}, PreferenceValue::Bytes{}},
-      {{"--date", "1970-01-02T00:00:00.5Z"}, PreferenceValue::Date(std::chrono::duration<double>(86400.5))},
+      {{"--date", "1970-01-02T00:00:00.5Z"},
+       PreferenceValue::Date(std::chrono::duration<double>(86400.5))},
       {{"--json", R"({"a": [1, 1.0, true], "b": "c"})"},
        PreferenceValue::Dictionary{{"a", PreferenceValue::Array{1, 1.0, true}}, {"b", "c"}}},
   };
@@ -83,9 +86,11 @@ TEST(CommandLine, ValuesAreTakenWhateverTheyLookLike) {
 }
 
 TEST(CommandLine, FormatsGoWithTheirCommands) {
-  EXPECT_EQ(commandOf<ListPreferencesCommand>({"prefs", "list", "--format", "json"}).format, OutputFormat::json);
-  EXPECT_EQ(commandOf<ExportPreferencesCommand>({"prefs", "export", "--format", "binary", "f"}).format,
-            PropertyListFormat::binary);
+  EXPECT_EQ(commandOf<ListPreferencesCommand>({"prefs", "list", "--format", "json"}).format,
+            OutputFormat::json);
+  EXPECT_EQ(
+      commandOf<ExportPreferencesCommand>({"prefs", "export", "--format", "binary", "f"}).format,
+      PropertyListFormat::binary);
   EXPECT_EQ(commandOf<ValidatePortsCommand>({"ports", "validate", "-"}).text, "-");
 }
 
@@ -95,7 +100,8 @@ TEST(CommandLine, HelpIsGivenWhateverElseIsWrong) {
     EXPECT_NO_THROW(commandOf<HelpCommand>(words)) << words.back();
   }
   // Not where it is a value.
-  EXPECT_EQ(commandOf<SetPreferenceCommand>({"prefs", "set", "k", "--string", "--help"}).value, "--help");
+  EXPECT_EQ(commandOf<SetPreferenceCommand>({"prefs", "set", "k", "--string", "--help"}).value,
+            "--help");
 }
 
 TEST(CommandLine, WhatIsWrongIsSaid) {

@@ -40,7 +40,8 @@ TEST(ProxyService, KeepsItsSettingsInTheStoreAndNowhereElse) {
 TEST(ProxyService, TakesWhatMakesNoSenseForTheInitialValue) {
   const auto store = UserDefaults::inMemory();
   const ProxyService service(*store);
-  for (const char* text : {"", "8080", "localhost:", ":80", "localhost:0", "localhost:65536", "two words:80"}) {
+  for (const char* text :
+       {"", "8080", "localhost:", ":80", "localhost:0", "localhost:65536", "two words:80"}) {
     store->setObject(text, "com_velloquin_zorvantine_proxy_listeningAddress");
     store->setObject(text, "com_velloquin_zorvantine_proxy_upstream");
     EXPECT_EQ(service.listeningAddress().text(), "localhost:8080") << text;

@@ -78,9 +78,11 @@ TEST(PreferenceValue, IsEqualOnlyWithTheSameTypeAndContents) {
                                     PreferenceValue::Array{1},
                                     PreferenceDictionary{{"1", 1}}};
   for (const PreferenceValue& a : values) {
-    for (const PreferenceValue& b : values) EXPECT_EQ(a == b, &a == &b) << nameOf(a.type()) << " " << nameOf(b.type());
+    for (const PreferenceValue& b : values)
+      EXPECT_EQ(a == b, &a == &b) << nameOf(a.type()) << " " << nameOf(b.type());
   }
-  EXPECT_EQ(PreferenceValue(PreferenceValue::Array{1, "a"}), PreferenceValue(PreferenceValue::Array{1, "a"}));
+  EXPECT_EQ(PreferenceValue(PreferenceValue::Array{1, "a"}),
+            PreferenceValue(PreferenceValue::Array{1, "a"}));
   EXPECT_FALSE(PreferenceValue("1").asInteger());
   EXPECT_EQ(PreferenceValue(1).asString(), nullptr);
 }

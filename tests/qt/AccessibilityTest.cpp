@@ -31,11 +31,17 @@ struct Rows {
         {},
         {viewkit::Text("Heading").accessibilityRole(Role::heading),
          viewkit::Image::symbol("clock").accessibilityLabel("A clock"),
-         viewkit::VStack({}, {row(0), row(1)}).accessibilityRole(Role::list).accessibilityLabel("Rows"),
-         viewkit::HStack({}, {viewkit::Toggle(viewkit::Binding<bool>::constant(true)).accessibilityLabel("switch")})
+         viewkit::VStack({}, {row(0), row(1)})
+             .accessibilityRole(Role::list)
+             .accessibilityLabel("Rows"),
+         viewkit::HStack(
+             {},
+             {viewkit::Toggle(viewkit::Binding<bool>::constant(true)).accessibilityLabel("switch")})
              .accessibilityRole(Role::group),
-         viewkit::HStack({}, {viewkit::Text("Row"), viewkit::Button("Edit", [] {})}).accessibilityRole(Role::listItem),
-         selected.get() == 1 ? View(viewkit::Text("Beware").accessibilityRole(Role::alert)) : View{}});
+         viewkit::HStack({}, {viewkit::Text("Row"), viewkit::Button("Edit", [] {})})
+             .accessibilityRole(Role::listItem),
+         selected.get() == 1 ? View(viewkit::Text("Beware").accessibilityRole(Role::alert))
+                             : View{}});
   }
 };
 
@@ -54,7 +60,8 @@ TEST_F(AccessibilityTest, WhatIsPaintedIsToldWithItsPlaceAndItsParents) {
   EXPECT_TRUE(list.rect().contains(second.rect()));
 
   QAccessibleInterface& toggle = find(QAccessible::CheckBox, "switch");
-  EXPECT_EQ(toggle.parent()->role(), QAccessible::Grouping) << "a control stands where its view does";
+  EXPECT_EQ(toggle.parent()->role(), QAccessible::Grouping)
+      << "a control stands where its view does";
   EXPECT_TRUE(toggle.state().checked);
   EXPECT_TRUE(toggle.parent()->rect().contains(toggle.rect()));
   QAccessibleInterface& row = find(QAccessible::ListItem, "Row");
@@ -79,9 +86,9 @@ TEST_F(AccessibilityTest, APaintedNodeIsPressedAndTellsWhatCameOfIt) {
 
 TEST_F(AccessibilityTest, ATextFieldIsReadAndWritten) {
   std::string typed;
-  open(viewkit::TextField(
-      {.placeholder = "Ports"},
-      viewkit::Binding<std::string>([&] { return typed; }, [&](std::string text) { typed = text; })));
+  open(viewkit::TextField({.placeholder = "Ports"},
+                          viewkit::Binding<std::string>([&] { return typed; },
+                                                        [&](std::string text) { typed = text; })));
   QAccessibleInterface& field = find(QAccessible::EditableText, "Ports");
   ASSERT_NE(field.editableTextInterface(), nullptr);
   field.editableTextInterface()->insertText(0, "80,443");

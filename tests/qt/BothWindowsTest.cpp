@@ -47,8 +47,10 @@ struct Form : foundation::ObservableObject {
 };
 
 template <class T>
-viewkit::Binding<T> bound(const std::shared_ptr<Form>& form, foundation::Published<T> Form::*member) {
-  return {[=] { return ((*form).*member).get(); }, [=](T value) { (*form).*member = std::move(value); }};
+viewkit::Binding<T> bound(const std::shared_ptr<Form>& form,
+                          foundation::Published<T> Form::*member) {
+  return {[=] { return ((*form).*member).get(); },
+          [=](T value) { (*form).*member = std::move(value); }};
 }
 
 struct FormView {
@@ -56,24 +58,29 @@ struct FormView {
 
   View body() const {
     const std::shared_ptr<Form> form = model.get();
-    const auto note = [form](const char* what) { return [form, what] { form->journal.emplace_back(what); }; };
-    const auto items = [note] { return std::vector<viewkit::MenuItem>{{"TCP", note("TCP")}, {"UDP", note("UDP")}}; };
-    const View field = viewkit::TextField({.problem = form->problem}, bound(form, &Form::text), [form] {
-                         form->commit();
-                       }).accessibilityLabel("Ports");
+    const auto note = [form](const char* what) {
+      return [form, what] { form->journal.emplace_back(what); };
+    };
+    const auto items = [note] {
+      return std::vector<viewkit::MenuItem>{{"TCP", note("TCP")}, {"UDP", note("UDP")}};
+    };
+    const View field =
+        viewkit::TextField({.problem = form->problem}, bound(form, &Form::text), [form] {
+          form->commit();
+        }).accessibilityLabel("Ports");
     const View first =
         viewkit::VStack({},
                         {
                             form->hasField ? field : View{},
                             viewkit::PopUpMenu("TCP", items).accessibilityLabel("Source"),
-                            viewkit::HelpButton([form] {
-                              form->helpIsShown = true;
-                            }).popover(bound(form, &Form::helpIsShown), [] { return View(viewkit::Text("Help")); }),
+                            viewkit::HelpButton([form] { form->helpIsShown = true; })
+                                .popover(bound(form, &Form::helpIsShown),
+                                         [] { return View(viewkit::Text("Help")); }),
                         })
             .onDisappear(note("gone"));
-    return viewkit::TabView<Page>(
-        bound(form, &Form::page),
-        {{Page::first, "First", "clock", first}, {Page::second, "Second", "globe", viewkit::Text("second page")}});
+    return viewkit::TabView<Page>(bound(form, &Form::page), {{Page::first, "First", "clock", first},
+                                                             {Page::second, "Second", "globe",
+                                                              viewkit::Text("second page")}});
   }
 };
 
@@ -87,9 +94,10 @@ protected:
     form = std::make_shared<Form>();
     refused.clear();
     if (isHeadless()) {
-      window_ = std::make_unique<headless::Window>(View(FormView{form}),
-                                                   viewkit::Environment{.defaultStore = *store_, .reducedMotion = true},
-                                                   headless::WindowOptions{.size = viewkit::Size{400, 300}});
+      window_ = std::make_unique<headless::Window>(
+          View(FormView{form}),
+          viewkit::Environment{.defaultStore = *store_, .reducedMotion = true},
+          headless::WindowOptions{.size = viewkit::Size{400, 300}});
     } else {
       open(FormView{form});
       window().onRefusedTexts([this](const auto& texts) { refused = texts; });
@@ -103,7 +111,8 @@ protected:
     if (isHeadless()) {
       window_->click(window_->find(role));
     } else {
-      widget(role == Role::textField ? QAccessible::EditableText : QAccessible::ButtonMenu).setFocus();
+      widget(role == Role::textField ? QAccessible::EditableText : QAccessible::ButtonMenu)
+          .setFocus();
       settle();
     }
   }
@@ -221,14 +230,16 @@ TEST_P(BothWindowsTest, RefusedTextStaysOnItsPageAndIsToldWhenTheWindowCloses) {
   EXPECT_EQ(form->problem.get(), "wrong");
   key(Key::tab, Event::control);
   closeWindow();
-  EXPECT_THAT(refused, ElementsAre(viewkit::RefusedText{.label = "Ports", .text = "x", .problem = "wrong"}))
+  EXPECT_THAT(refused,
+              ElementsAre(viewkit::RefusedText{.label = "Ports", .text = "x", .problem = "wrong"}))
       << "a hidden page is asked too";
 
   show();
   form->refuses = true;
   typeText("y");
   closeWindow();
-  EXPECT_THAT(refused, ElementsAre(viewkit::RefusedText{.label = "Ports", .text = "y", .problem = "wrong"}))
+  EXPECT_THAT(refused,
+              ElementsAre(viewkit::RefusedText{.label = "Ports", .text = "y", .problem = "wrong"}))
       << "what closing refuses is told as well";
 
   show();
@@ -295,8 +306,10 @@ TEST_P(BothWindowsTest, PlainArrowKeysLeaveAMenuClosed) {
   key(Key::downArrow);
   key(Key::upArrow);
   EXPECT_FALSE(menuIsOpen());
-  const std::pair<Key, std::uint8_t> opening[] = {
-      {Key::space, Event::none}, {Key::enter, Event::none}, {Key::downArrow, Event::option}, {Key::f4, Event::none}};
+  const std::pair<Key, std::uint8_t> opening[] = {{Key::space, Event::none},
+                                                  {Key::enter, Event::none},
+                                                  {Key::downArrow, Event::option},
+                                                  {Key::f4, Event::none}};
   for (const auto& [opens, modifiers] : opening) {
     key(opens, modifiers);
     ASSERT_TRUE(menuIsOpen());
@@ -330,7 +343,9 @@ TEST_P(BothWindowsTest, MenuAndPopoverGoWithTheirControl) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Windows, BothWindowsTest, testing::Values(Kind::headless, Kind::qt),
-                         [](const auto& info) { return info.param == Kind::headless ? "Headless" : "Qt"; });
+                         [](const auto& info) {
+                           return info.param == Kind::headless ? "Headless" : "Qt";
+                         });
 
 }  // namespace
 }  // namespace qt

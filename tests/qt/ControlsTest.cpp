@@ -38,10 +38,10 @@ Binding<T> recording(std::vector<T>& writes, T shown) {
 TEST_F(ControlsTest, ButtonsArePressedByMouseAndKeyboard) {
   std::vector<std::string> pressed;
   open(viewkit::VStack(
-      {},
-      {viewkit::Button("push", [&] { pressed.push_back("push"); }),
-       viewkit::PlainButton(viewkit::Text("plain"), [&] { pressed.push_back("plain"); }).accessibilityLabel("plain"),
-       viewkit::Button("off", [&] { pressed.push_back("off"); }).disabled(true)}));
+      {}, {viewkit::Button("push", [&] { pressed.push_back("push"); }),
+           viewkit::PlainButton(viewkit::Text("plain"), [&] { pressed.push_back("plain"); })
+               .accessibilityLabel("plain"),
+           viewkit::Button("off", [&] { pressed.push_back("off"); }).disabled(true)}));
   for (const char* name : {"push", "plain", "off"}) {
     QWidget& button = widget(QAccessible::PushButton, name);
     QTest::mouseClick(&button, Qt::LeftButton);
@@ -88,10 +88,12 @@ TEST_F(ControlsTest, EachOfSeveralPressesWithinOneTurnOfTheQueueCounts) {
         self.taps.set(shown + 1);
         self.writes->push_back("tap " + std::to_string(shown + 1));
       };
-      return viewkit::VStack({},
-                             {viewkit::Toggle(flag).accessibilityLabel("switch"),
-                              viewkit::PlainButton(viewkit::Text("plain"), tap).accessibilityLabel("plain"),
-                              viewkit::Text("row").frame(viewkit::FixedFrame{.width = 300, .height = 200}).onTap(tap)});
+      return viewkit::VStack(
+          {}, {viewkit::Toggle(flag).accessibilityLabel("switch"),
+               viewkit::PlainButton(viewkit::Text("plain"), tap).accessibilityLabel("plain"),
+               viewkit::Text("row")
+                   .frame(viewkit::FixedFrame{.width = 300, .height = 200})
+                   .onTap(tap)});
     }
   };
   const auto writes = std::make_shared<std::vector<std::string>>();
@@ -103,9 +105,12 @@ TEST_F(ControlsTest, EachOfSeveralPressesWithinOneTurnOfTheQueueCounts) {
     pressQuickly(target, QEvent::MouseButtonPress);
     return *writes;
   };
-  EXPECT_EQ(pressed(widget(QAccessible::CheckBox, "switch")), (std::vector<std::string>{"on", "off", "on"}));
-  EXPECT_EQ(pressed(widget(QAccessible::PushButton, "plain")), (std::vector<std::string>{"tap 1", "tap 2", "tap 3"}));
-  EXPECT_EQ(pressed(topLevel()), (std::vector<std::string>{"tap 4", "tap 5", "tap 6"})) << "a painted row";
+  EXPECT_EQ(pressed(widget(QAccessible::CheckBox, "switch")),
+            (std::vector<std::string>{"on", "off", "on"}));
+  EXPECT_EQ(pressed(widget(QAccessible::PushButton, "plain")),
+            (std::vector<std::string>{"tap 1", "tap 2", "tap 3"}));
+  EXPECT_EQ(pressed(topLevel()), (std::vector<std::string>{"tap 4", "tap 5", "tap 6"}))
+      << "a painted row";
 }
 
 enum class Page { first, second };
@@ -113,9 +118,10 @@ enum class Page { first, second };
 struct Tabs {
   viewkit::State<Page> page = Page::first;
   View body() const {
-    return viewkit::TabView(page.binding(),
-                            std::vector<viewkit::Tab<Page>>{{Page::first, "First", "clock", viewkit::Text("one")},
-                                                            {Page::second, "Second", "globe", viewkit::Text("two")}});
+    return viewkit::TabView(
+        page.binding(),
+        std::vector<viewkit::Tab<Page>>{{Page::first, "First", "clock", viewkit::Text("one")},
+                                        {Page::second, "Second", "globe", viewkit::Text("two")}});
   }
 };
 
@@ -142,7 +148,8 @@ protected:
       std::vector<viewkit::MenuItem> made;
       for (int i = 0; i < 600; ++i) {
         const std::string title = "Zone " + std::to_string(i);
-        made.push_back({.title = i == 333 ? "Gulf of " + title : title, .action = [this, title] { picked = title; }});
+        made.push_back({.title = i == 333 ? "Gulf of " + title : title,
+                        .action = [this, title] { picked = title; }});
       }
       return made;
     };
@@ -179,8 +186,8 @@ TEST_F(MenuTest, OpensOnTheCurrentItemAndPicksWithTheKeyboard) {
 
 TEST_F(MenuTest, KeepsItsKeysFromMonitors) {
   int seen = 0;
-  const auto monitor =
-      appkit::Event::addLocalMonitorForEventsMatchingMask(appkit::Event::kKeyDownMask, [&](const appkit::Event& event) {
+  const auto monitor = appkit::Event::addLocalMonitorForEventsMatchingMask(
+      appkit::Event::kKeyDownMask, [&](const appkit::Event& event) {
         ++seen;
         return std::optional(event);
       });
@@ -227,16 +234,19 @@ TEST_F(MenuTest, PicksWithTheMouseButNotByTheClickThatOpensIt) {
   ASSERT_NE(QApplication::activePopupWidget(), nullptr);
   EXPECT_EQ(picked, "");
   list().scrollTo(list().model()->index(401, 0));
-  QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, list().visualRect(list().model()->index(401, 0)).center());
+  QTest::mouseClick(list().viewport(), Qt::LeftButton, {},
+                    list().visualRect(list().model()->index(401, 0)).center());
   EXPECT_EQ(picked, "Zone 401");
 }
 
 TEST_F(ControlsTest, ChoosersWriteWhileTheyAreOpen) {
   std::vector<appkit::RGBA> colors;
   std::vector<appkit::Font> fonts;
-  open(viewkit::VStack({}, {viewkit::ColorWell(recording(colors, appkit::RGBA{1, 0, 0, 1}), {.supportsOpacity = true})
-                                .accessibilityLabel("color"),
-                            viewkit::FontChooser("font", recording(fonts, appkit::Font{"DejaVu Sans", "Bold", 11}))}));
+  open(viewkit::VStack(
+      {},
+      {viewkit::ColorWell(recording(colors, appkit::RGBA{1, 0, 0, 1}), {.supportsOpacity = true})
+           .accessibilityLabel("color"),
+       viewkit::FontChooser("font", recording(fonts, appkit::Font{"DejaVu Sans", "Bold", 11}))}));
   QTest::mouseClick(&widget(QAccessible::PushButton, "color"), Qt::LeftButton);
   QTest::mouseClick(&widget(QAccessible::PushButton, "font"), Qt::LeftButton);
   auto* colorDialog = topLevel().findChild<QColorDialog*>();
@@ -265,15 +275,16 @@ struct StoredFontPicker {
   std::shared_ptr<double> size = std::make_shared<double>(9.75);
 
   View body() const {
-    return viewkit::FontChooser("font", Binding<appkit::Font>(
-                                            [self = *this] {
-                                              return appkit::Font{self.family, self.style, *self.size};
-                                            },
-                                            [self = *this](const appkit::Font& font) {
-                                              *self.size = font.pointSize;
-                                              self.family.set(font.family);
-                                              self.style.set(font.style);
-                                            }));
+    return viewkit::FontChooser("font",
+                                Binding<appkit::Font>(
+                                    [self = *this] {
+                                      return appkit::Font{self.family, self.style, *self.size};
+                                    },
+                                    [self = *this](const appkit::Font& font) {
+                                      *self.size = font.pointSize;
+                                      self.family.set(font.family);
+                                      self.style.set(font.style);
+                                    }));
   }
 };
 
@@ -343,7 +354,8 @@ TEST_F(FontPickerTest, SizeLeavesAFamilyAloneThatTheMachineLacks) {
 TEST_F(ControlsTest, PopUpButtonWithoutTitleIsSeenAndOpens) {
   std::string picked;
   open(viewkit::PopUpMenu("", [&] {
-         return std::vector<viewkit::MenuItem>{{.title = "Zone", .action = [&] { picked = "Zone"; }}};
+         return std::vector<viewkit::MenuItem>{
+             {.title = "Zone", .action = [&] { picked = "Zone"; }}};
        }).accessibilityLabel("zones"));
   QWidget& button = widget(QAccessible::ButtonMenu, "zones");
   EXPECT_TRUE(button.isVisible());
@@ -370,7 +382,8 @@ TEST_F(ControlsTest, EscapeInAColourChooserBringsTheFirstColourBack) {
   for (const auto& [way, leave, keeps] : ways) {
     SCOPED_TRACE(way);
     std::vector<appkit::RGBA> colors;
-    open(viewkit::ColorWell(recording(colors, appkit::RGBA{1, 0, 0, 1})).accessibilityLabel("color"));
+    open(viewkit::ColorWell(recording(colors, appkit::RGBA{1, 0, 0, 1}))
+             .accessibilityLabel("color"));
     const auto openChooser = [&]() -> QColorDialog& {
       QTest::mouseClick(&widget(QAccessible::PushButton, "color"), Qt::LeftButton);
       return *topLevel().findChild<QColorDialog*>();
@@ -394,12 +407,12 @@ TEST_F(ControlsTest, EscapeInAColourChooserBringsTheFirstColourBack) {
 TEST_F(ControlsTest, FocusBringsWhatIsHiddenIntoSight) {
   open(viewkit::ScrollView(
       {},
-      viewkit::VStack(
-          {}, {viewkit::forEach(
-                  std::vector{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}, [](int i) { return i; },
-                  [](int i) {
-                    return viewkit::Button("row " + std::to_string(i), [] {}).frame(viewkit::FixedFrame{.height = 100});
-                  })})));
+      viewkit::VStack({}, {viewkit::forEach(
+                              std::vector{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}, [](int i) { return i; },
+                              [](int i) {
+                                return viewkit::Button("row " + std::to_string(i), [] {})
+                                    .frame(viewkit::FixedFrame{.height = 100});
+                              })})));
   QWidget& last = widget(QAccessible::PushButton, "row 9");
   EXPECT_TRUE(last.visibleRegion().isEmpty());
   widget(QAccessible::PushButton, "row 0").setFocus();

@@ -28,8 +28,9 @@ TEST_F(KeyboardTest, TabGoesThroughTheControlsInTheOrderOfTheTree) {
     View body() const {
       const View first = viewkit::Button("one", [] {}).id("one");
       const View second = viewkit::Button("two", [] {}).id("two");
-      return viewkit::VStack({}, {viewkit::Button("turn", [self = *this] { self.reversed.set(true); }),
-                                  reversed ? second : first, reversed ? first : second});
+      return viewkit::VStack({},
+                             {viewkit::Button("turn", [self = *this] { self.reversed.set(true); }),
+                              reversed ? second : first, reversed ? first : second});
     }
   };
   open(Shuffled{});
@@ -53,9 +54,10 @@ TEST_F(KeyboardTest, MonitorsSeeEachPressOnceAndBeforeTheWindow) {
   open(viewkit::VStack({}, {viewkit::Button("press", [&] { ++pressed; }), field("field")}));
   std::vector<appkit::Event> seen;
   bool consume = false;
-  const auto monitor =
-      appkit::Event::addLocalMonitorForEventsMatchingMask(appkit::Event::kKeyDownMask, [&](const appkit::Event& event) {
-        const bool isModifierAlone = event.keyCode == appkit::Event::kOtherKey && event.characters.empty();
+  const auto monitor = appkit::Event::addLocalMonitorForEventsMatchingMask(
+      appkit::Event::kKeyDownMask, [&](const appkit::Event& event) {
+        const bool isModifierAlone =
+            event.keyCode == appkit::Event::kOtherKey && event.characters.empty();
         if (!isModifierAlone) seen.push_back(event);
         return consume ? std::nullopt : std::optional(event);
       });

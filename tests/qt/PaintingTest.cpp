@@ -38,14 +38,16 @@ QColor colorFrom(const appkit::RGBA& color) {
 void fill(QPainter& painter, const appkit::RGBA& color, qreal radius, qreal inset = 0) {
   painter.setPen(Qt::NoPen);
   painter.setBrush(colorFrom(color));
-  painter.drawRoundedRect(kFrame.adjusted(inset, inset, -inset, -inset), radius - inset, radius - inset);
+  painter.drawRoundedRect(kFrame.adjusted(inset, inset, -inset, -inset), radius - inset,
+                          radius - inset);
 }
 
 void border(QPainter& painter, const appkit::RGBA& color, qreal radius, qreal width) {
   const qreal inset = width / 2;
   painter.setPen(QPen(colorFrom(color), width));
   painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(kFrame.adjusted(inset, inset, -inset, -inset), radius - inset, radius - inset);
+  painter.drawRoundedRect(kFrame.adjusted(inset, inset, -inset, -inset), radius - inset,
+                          radius - inset);
 }
 
 int difference(const QImage& a, const QImage& b) {
@@ -54,8 +56,8 @@ int difference(const QImage& a, const QImage& b) {
     for (int x = 0; x < a.width(); ++x) {
       const QColor one = a.pixelColor(x, y);
       const QColor other = b.pixelColor(x, y);
-      most = std::max({most, std::abs(one.red() - other.red()), std::abs(one.green() - other.green()),
-                       std::abs(one.blue() - other.blue())});
+      most = std::max({most, std::abs(one.red() - other.red()),
+                       std::abs(one.green() - other.green()), std::abs(one.blue() - other.blue())});
     }
   }
   return most;
@@ -65,7 +67,9 @@ class PaintingTest : public WindowFixture {
 protected:
   // In the middle of the window.
   void show(const View& view) {
-    open(View(RoundedRectangle()).frame(FlexibleFrame{.maxWidth = kUnlimited, .maxHeight = kUnlimited}).overlay(view));
+    open(View(RoundedRectangle())
+             .frame(FlexibleFrame{.maxWidth = kUnlimited, .maxHeight = kUnlimited})
+             .overlay(view));
   }
 
   QImage picture(qreal scale) const {
@@ -88,8 +92,10 @@ TEST_F(PaintingTest, RoundCornersAreSmoothAtEveryScale) {
     View view;
     std::function<void(QPainter&)> expected;
   } cases[] = {
-      {"a shape", View(RoundedRectangle(10).fill(kRed)).frame(kSize), [](QPainter& p) { fill(p, kRed, 10); }},
-      {"a half-round one", View(RoundedRectangle(20).fill(kRed)).frame(kSize), [](QPainter& p) { fill(p, kRed, 20); }},
+      {"a shape", View(RoundedRectangle(10).fill(kRed)).frame(kSize),
+       [](QPainter& p) { fill(p, kRed, 10); }},
+      {"a half-round one", View(RoundedRectangle(20).fill(kRed)).frame(kSize),
+       [](QPainter& p) { fill(p, kRed, 20); }},
       {"what shines through", View(RoundedRectangle(7).fill(kGlass)).frame(kSize),
        [](QPainter& p) { fill(p, kGlass, 7); }},
       {"a border", View(RoundedRectangle(10).fill(kRed).border(kGreen, 2)).frame(kSize),
@@ -97,7 +103,8 @@ TEST_F(PaintingTest, RoundCornersAreSmoothAtEveryScale) {
          fill(p, kRed, 10, 1);
          border(p, kGreen, 10, 2);
        }},
-      {"a border that shines through", View(RoundedRectangle(10).fill(kRed).border(kGlass, 4)).frame(kSize),
+      {"a border that shines through",
+       View(RoundedRectangle(10).fill(kRed).border(kGlass, 4)).frame(kSize),
        [](QPainter& p) {
          fill(p, kRed, 10);
          border(p, kGlass, 10, 4);

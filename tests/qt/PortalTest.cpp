@@ -24,14 +24,15 @@ public:
   Bus() {
     QFile configuration(folder_.filePath("bus.conf"));
     EXPECT_TRUE(configuration.open(QFile::WriteOnly));
-    configuration.write(QStringLiteral(R"(<busconfig><type>session</type><listen>unix:path=%1</listen>
+    configuration.write(
+        QStringLiteral(R"(<busconfig><type>session</type><listen>unix:path=%1</listen>
 <policy context="default"><allow send_destination="*"/><allow receive_sender="*"/><allow own="*"/></policy>
 </busconfig>)")
-                            .arg(folder_.filePath("bus"))
-                            .toUtf8());
+            .arg(folder_.filePath("bus"))
+            .toUtf8());
     configuration.close();
-    process_.start("dbus-daemon",
-                   {"--nofork", "--nopidfile", "--print-address", "--config-file=" + configuration.fileName()});
+    process_.start("dbus-daemon", {"--nofork", "--nopidfile", "--print-address",
+                                   "--config-file=" + configuration.fileName()});
     EXPECT_TRUE(process_.waitForReadyRead(20'000)) << "there is no dbus-daemon";
     address_ = process_.readLine().trimmed();
   }
@@ -86,7 +87,8 @@ protected:
   }
 
   bool becomes(appkit::Appearance appearance) {
-    return QTest::qWaitFor([&] { return looksDark() == (appearance == appkit::Appearance::dark); }, 20'000);
+    return QTest::qWaitFor([&] { return looksDark() == (appearance == appkit::Appearance::dark); },
+                           20'000);
   }
   bool looksDark() { return window_.widget().grab().toImage().pixelColor(3, 3).lightness() < 128; }
 
@@ -99,8 +101,10 @@ protected:
   char* arguments_[2] = {name_, nullptr};
   Application application_{argumentCount_, arguments_, Application::Display::screen};
   std::unique_ptr<foundation::UserDefaults> store_ = foundation::UserDefaults::inMemory();
-  Window window_{
-      {.title = "Test", .size = {200, 100}, .environment = {.defaultStore = *store_}, .root = viewkit::Text("text")}};
+  Window window_{{.title = "Test",
+                  .size = {200, 100},
+                  .environment = {.defaultStore = *store_},
+                  .root = viewkit::Text("text")}};
 };
 
 TEST_F(PortalTest, TheWindowFollowsTheDesktopUnlessItIsToldOtherwise) {

@@ -35,7 +35,10 @@ struct Pages : foundation::ObservableObject {
   foundation::Published<std::size_t> shown{*this, 0};
   std::array<Page, 2> pages = {
       Page{.ports = "80", .color = {.red = 1, .green = 0, .blue = 0, .opacity = 1}},
-      Page{.ports = "53", .isOn = true, .color = {.red = 0, .green = 0, .blue = 1, .opacity = 1}, .lines = 12}};
+      Page{.ports = "53",
+           .isOn = true,
+           .color = {.red = 0, .green = 0, .blue = 1, .opacity = 1},
+           .lines = 12}};
 };
 
 // The same controls for another identity: what analyzers' details are to each other.
@@ -53,7 +56,8 @@ struct PagesView {
         {}, {viewkit::Button("Other page", other),
              viewkit::ScrollView(
                  {}, viewkit::VStack(
-                         {}, {viewkit::Toggle({[&page] { return page.isOn; }, [&page](bool isOn) { page.isOn = isOn; }})
+                         {}, {viewkit::Toggle({[&page] { return page.isOn; },
+                                               [&page](bool isOn) { page.isOn = isOn; }})
                                   .accessibilityLabel("on"),
                               viewkit::ColorWell({[&page] { return page.color; },
                                                   [&page, called](const appkit::RGBA& color) {
@@ -61,10 +65,11 @@ struct PagesView {
                                                     called("color");
                                                   }})
                                   .accessibilityLabel("color"),
-                              viewkit::TextField({.placeholder = "Ports"},
-                                                 {[&page] { return page.ports; },
-                                                  [&page](std::string ports) { page.ports = std::move(ports); }},
-                                                 [&page, called] { called("commit " + page.ports); }),
+                              viewkit::TextField(
+                                  {.placeholder = "Ports"},
+                                  {[&page] { return page.ports; },
+                                   [&page](std::string ports) { page.ports = std::move(ports); }},
+                                  [&page, called] { called("commit " + page.ports); }),
                               viewkit::Button("Leave", other), viewkit::Text(lines).selectable()}))
                  .id(std::to_string(pages->shown.get()))});
   }

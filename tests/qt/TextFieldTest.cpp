@@ -28,14 +28,16 @@ struct FieldsView {
 
   viewkit::View body() const {
     const auto fields = model.get();
-    const viewkit::Binding<std::string> ports([fields] { return fields->ports.get(); },
-                                              [fields](std::string text) { fields->ports = std::move(text); });
+    const viewkit::Binding<std::string> ports(
+        [fields] { return fields->ports.get(); },
+        [fields](std::string text) { fields->ports = std::move(text); });
     const auto commit = [fields] {
       fields->committed = fields->ports;
       ++fields->commits;
     };
-    return viewkit::VStack({}, {viewkit::TextField({.placeholder = "Ports", .lineLimit = 4}, ports, commit),
-                                viewkit::Button("Elsewhere", [] {})});
+    return viewkit::VStack(
+        {}, {viewkit::TextField({.placeholder = "Ports", .lineLimit = 4}, ports, commit),
+             viewkit::Button("Elsewhere", [] {})});
   }
 };
 
@@ -143,7 +145,8 @@ protected:
   // A million characters, as many of them different ports as fit.
   static std::string manyPorts() {
     std::string text;
-    for (int port = 0; text.size() < 1'000'000; port = (port + 1) % 65536) text += std::to_string(port) + ", ";
+    for (int port = 0; text.size() < 1'000'000; port = (port + 1) % 65536)
+      text += std::to_string(port) + ", ";
     return text;
   }
 

@@ -14,7 +14,8 @@ namespace {
 void collect(QAccessibleInterface* root, QAccessible::Role role, const QString& name,
              std::vector<QAccessibleInterface*>& found) {
   if (!root) return;
-  if (root->role() == role && (name.isEmpty() || root->text(QAccessible::Name) == name)) found.push_back(root);
+  if (root->role() == role && (name.isEmpty() || root->text(QAccessible::Name) == name))
+    found.push_back(root);
   for (int i = 0; i < root->childCount(); ++i) collect(root->child(i), role, name, found);
 }
 
@@ -24,7 +25,8 @@ public:
   void TearDown() override { application_.reset(); }
 
   Application& application() {
-    if (!application_) application_ = std::make_unique<Application>(argc_, argv_, Application::Display::offscreen);
+    if (!application_)
+      application_ = std::make_unique<Application>(argc_, argv_, Application::Display::offscreen);
     return *application_;
   }
 
@@ -54,11 +56,11 @@ void WindowFixture::TearDown() {
 
 void WindowFixture::open(viewkit::View root, viewkit::LayoutDirection direction) {
   const QWidgetList before = QApplication::topLevelWidgets();
-  window_ = std::make_unique<Window>(
-      WindowOptions{.title = "Test",
-                    .size = {400, 300},
-                    .environment = {.defaultStore = *store_, .layoutDirection = direction, .reducedMotion = true},
-                    .root = std::move(root)});
+  window_ = std::make_unique<Window>(WindowOptions{
+      .title = "Test",
+      .size = {400, 300},
+      .environment = {.defaultStore = *store_, .layoutDirection = direction, .reducedMotion = true},
+      .root = std::move(root)});
   for (QWidget* each : QApplication::topLevelWidgets()) {
     if (!before.contains(each)) topLevel_ = each;
   }
@@ -71,7 +73,8 @@ void WindowFixture::settle() {
   for (int i = 0; i < 5; ++i) Application::processEvents();
 }
 
-std::vector<QAccessibleInterface*> WindowFixture::findAll(QAccessible::Role role, const QString& name) const {
+std::vector<QAccessibleInterface*> WindowFixture::findAll(QAccessible::Role role,
+                                                          const QString& name) const {
   std::vector<QAccessibleInterface*> found;
   collect(QAccessible::queryAccessibleInterface(topLevel_), role, name, found);
   return found;
@@ -83,7 +86,9 @@ QAccessibleInterface& WindowFixture::find(QAccessible::Role role, const QString&
   return *found.front();
 }
 
-bool WindowFixture::has(QAccessible::Role role, const QString& name) const { return !findAll(role, name).empty(); }
+bool WindowFixture::has(QAccessible::Role role, const QString& name) const {
+  return !findAll(role, name).empty();
+}
 
 QWidget& WindowFixture::widget(QAccessible::Role role, const QString& name) const {
   auto* found = qobject_cast<QWidget*>(find(role, name).object());

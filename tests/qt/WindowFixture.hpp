@@ -16,23 +16,26 @@ namespace qt {
 
 class Application;
 
-// A real window on Qt's offscreen platform; its controls are found the way assistive technology does.
+// A real window on Qt's offscreen platform; its controls are found the way assistive technology
+// does.
 class WindowFixture : public testing::Test {
 protected:
   static void SetUpTestSuite() { application(); }
   void TearDown() override;
   static Application& application();
 
-  void open(viewkit::View root, viewkit::LayoutDirection direction = viewkit::LayoutDirection::leftToRight);
+  void open(viewkit::View root,
+            viewkit::LayoutDirection direction = viewkit::LayoutDirection::leftToRight);
   // The window's default store, instead of an empty one.
   void useStore(QEVSettings::PreferencesStore& store) { store_ = &store; }
   // Lets everything happen that is waiting to.
   static void settle();
 
-  // The first that has this role and, unless it is empty, this name; a test that asks for what is not
-  // there fails.
+  // The first that has this role and, unless it is empty, this name; a test that asks for what is
+  // not there fails.
   QAccessibleInterface& find(QAccessible::Role role, const QString& name = {}) const;
-  std::vector<QAccessibleInterface*> findAll(QAccessible::Role role, const QString& name = {}) const;
+  std::vector<QAccessibleInterface*> findAll(QAccessible::Role role,
+                                             const QString& name = {}) const;
   bool has(QAccessible::Role role, const QString& name = {}) const;
   QWidget& widget(QAccessible::Role role, const QString& name = {}) const;
   // As a person does: the pointer on the middle of it, and keys for whatever has the keyboard.

@@ -24,7 +24,8 @@ using viewkit::View;
 using WindowTest = WindowFixture;
 
 View block(Color color, double width, double height) {
-  return viewkit::RoundedRectangle().fill(color).frame(viewkit::FixedFrame{.width = width, .height = height});
+  return viewkit::RoundedRectangle().fill(color).frame(
+      viewkit::FixedFrame{.width = width, .height = height});
 }
 
 const appkit::RGBA kRed{1, 0, 0, 1};
@@ -47,10 +48,11 @@ TEST_F(WindowTest, PaintsAnewOnlyWhereSomethingChanged) {
   struct Blocks {
     viewkit::State<bool> green = false;
     View body() const {
-      return viewkit::VStack(
-          {.spacing = 0},
-          {block(Color(kRed), 200, 100),
-           block(Color(green ? kGreen : kRed), 200, 50).onTap([self = *this] { self.green.set(true); })});
+      return viewkit::VStack({.spacing = 0},
+                             {block(Color(kRed), 200, 100),
+                              block(Color(green ? kGreen : kRed), 200, 50).onTap([self = *this] {
+                                self.green.set(true);
+                              })});
     }
   };
   open(Blocks{});
@@ -95,7 +97,8 @@ TEST_F(WindowTest, IsNeverSmallerThanItsRootViewAndFollowsItsHeight) {
 }
 
 TEST_F(WindowTest, MirrorsWhatIsWrittenFromRightToLeft) {
-  open(viewkit::HStack({.spacing = 0}, {block(Color(kRed), 100, 100), viewkit::Button("b", [] {}), viewkit::Spacer()})
+  open(viewkit::HStack({.spacing = 0}, {block(Color(kRed), 100, 100), viewkit::Button("b", [] {}),
+                                        viewkit::Spacer()})
            .frame(viewkit::FlexibleFrame{.maxWidth = viewkit::kUnlimited}),
        viewkit::LayoutDirection::rightToLeft);
   const int width = topLevel().width();
@@ -145,7 +148,9 @@ TEST_F(WindowTest, ClosingEndsTheViewsThenTellsWhoeverMayDestroyIt) {
 TEST_F(WindowTest, FollowsThePlatformsColoursWhereTheApplicationHasNoneOfItsOwn) {
   open(viewkit::Text("text"));
   auto& shared = appkit::Application::sharedApplication();
-  const auto looksDark = [this] { return topLevel().grab().toImage().pixelColor(3, 3).lightness() < 128; };
+  const auto looksDark = [this] {
+    return topLevel().grab().toImage().pixelColor(3, 3).lightness() < 128;
+  };
   const auto platformTurns = [](Qt::GlobalColor window, Qt::GlobalColor text) {
     QPalette palette;
     palette.setColor(QPalette::Window, window);

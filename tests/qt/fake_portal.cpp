@@ -1,5 +1,5 @@
-// A desktop's settings portal for tests. Reads lines such as "color-scheme 2", takes each over and announces
-// it; begins dark, and ends with its input.
+// A desktop's settings portal for tests. Reads lines such as "color-scheme 2", takes each over and
+// announces it; begins dark, and ends with its input.
 
 #include <QCoreApplication>
 #include <QDBusArgument>
@@ -53,8 +53,10 @@ int main(int argc, char** argv) {
   qDBusRegisterMetaType<Groups>();
   QDBusConnection bus = QDBusConnection::sessionBus();
   FakePortal portal;
-  if (!bus.registerVirtualObject(kPath, &portal) || !bus.registerService("org.freedesktop.portal.Desktop")) {
-    std::cerr << "the bus does not take the portal: " << bus.lastError().message().toStdString() << '\n';
+  if (!bus.registerVirtualObject(kPath, &portal) ||
+      !bus.registerService("org.freedesktop.portal.Desktop")) {
+    std::cerr << "the bus does not take the portal: " << bus.lastError().message().toStdString()
+              << '\n';
     return 1;
   }
 

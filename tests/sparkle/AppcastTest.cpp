@@ -76,7 +76,8 @@ TEST(Appcast, ReadsVersionsFromElementsAndFromTheEnclosure) {
 TEST(Appcast, RefusesWhatIsNoFeedAndSaysWhy) {
   const std::string expansion =
       R"(<!DOCTYPE rss [<!ENTITY a "aaaa"><!ENTITY b "&a;&a;">]><rss><channel><item>&b;</item></channel></rss>)";
-  const std::string outside = R"(<!DOCTYPE rss SYSTEM "file:///etc/passwd"><rss><channel></channel></rss>)";
+  const std::string outside =
+      R"(<!DOCTYPE rss SYSTEM "file:///etc/passwd"><rss><channel></channel></rss>)";
   const std::string tooLong = feed(std::string(kLongestFeed, ' '));
   std::string tooDeep = "<rss><channel>";
   for (int i = 0; i < 100; ++i) tooDeep += "<a>";
@@ -103,7 +104,8 @@ TEST(Appcast, RefusesWhatIsNoFeedAndSaysWhy) {
 TEST(Appcast, NotesBecomePlainText) {
   const std::vector<std::pair<std::string, std::string>> notesAndTexts = {
       {"Two lines,\n  as written & typed: 1 < 2", "Two lines,\n  as written & typed: 1 < 2"},
-      {"<h2>New</h2>\n<ul>\n<li>QUIC &amp; HTTP/3</li>\n<li class=\"x\">Faster</li>\n</ul><p>Thanks<br/>all</p>",
+      {"<h2>New</h2>\n<ul>\n<li>QUIC &amp; HTTP/3</li>\n<li "
+       "class=\"x\">Faster</li>\n</ul><p>Thanks<br/>all</p>",
        "New\n\n• QUIC & HTTP/3\n• Faster\n\nThanks\nall"},
       {"<p>a &lt;b&gt; &unknown; </p><!-- <p>no</p> --> c < d", "a <b> &unknown;\n\nc < d"},
       {"<p>open <a href=", "open <a href="},

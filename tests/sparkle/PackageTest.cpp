@@ -30,8 +30,9 @@ public:
   std::string publicKey() const { return foundation::base64Encoded(publicKey_); }
   std::string signature(const std::string& contents) const {
     std::array<unsigned char, crypto_sign_BYTES> signature{};
-    crypto_sign_detached(signature.data(), nullptr, reinterpret_cast<const unsigned char*>(contents.data()),
-                         contents.size(), secretKey_.data());
+    crypto_sign_detached(signature.data(), nullptr,
+                         reinterpret_cast<const unsigned char*>(contents.data()), contents.size(),
+                         secretKey_.data());
     return foundation::base64Encoded(signature);
   }
 
@@ -47,8 +48,8 @@ protected:
     configuration.publicKey = publisher.publicKey();
   }
 
-  // Lets the updater check by itself, with updates to be downloaded. The number of requests tells whether the
-  // package was fetched as well.
+  // Lets the updater check by itself, with updates to be downloaded. The number of requests tells
+  // whether the package was fetched as well.
   std::size_t check(const std::string& feed, const Result<std::string>& contents) {
     now += 24h;
     transport->requests.clear();
@@ -62,7 +63,9 @@ protected:
     return transport->requests.size();
   }
 
-  bool isAnythingKept() const { return std::filesystem::exists(folder) && !std::filesystem::is_empty(folder); }
+  bool isAnythingKept() const {
+    return std::filesystem::exists(folder) && !std::filesystem::is_empty(folder);
+  }
 
   const support::TemporaryFolder scratch;
   const std::filesystem::path folder = scratch.path() / "packages";
@@ -74,7 +77,8 @@ TEST_F(PackageTest, WithAValidSignatureIsKeptForTheUserAlone) {
   const OfferedPackage offered{.signature = publisher.signature("package")};
   for (const bool isReplacing : {false, true}) {
     if (isReplacing) {
-      std::filesystem::permissions(path, std::filesystem::perms::others_read, std::filesystem::perm_options::add);
+      std::filesystem::permissions(path, std::filesystem::perms::others_read,
+                                   std::filesystem::perm_options::add);
     }
     EXPECT_EQ(check(feedWith("2.0", offered), std::string("package")), 2U);
     EXPECT_EQ(transport->requests.back().address, "https://mirror/pool/zorvantine%202.0.deb");
@@ -122,7 +126,9 @@ TEST_F(PackageTest, WithoutAValidSignatureIsNotKept) {
     EXPECT_EQ(driver->problem, "its signature is not valid");
     EXPECT_FALSE(driver->package);
   }
-  EXPECT_EQ(check(feedWith("2.0", {.signature = publisher.signature("short")}), std::string("short")), 2U);
+  EXPECT_EQ(
+      check(feedWith("2.0", {.signature = publisher.signature("short")}), std::string("short")),
+      2U);
   EXPECT_EQ(driver->problem, "it is not as long as the update feed says");
   EXPECT_EQ(check(feedWith("2.0", {.signature = valid}), Error{"the server does not answer"}), 2U);
   EXPECT_EQ(driver->problem, "the server does not answer");
@@ -135,7 +141,8 @@ TEST_F(PackageTest, WithoutAValidSignatureIsNotKept) {
 }
 
 TEST_F(PackageTest, IsNeitherMoreLocalNorLessProtectedThanItsFeed) {
-  const std::string feeds[] = {"file:///feed.xml", "https://mirror/feed.xml", "http://mirror/feed.xml"};
+  const std::string feeds[] = {"file:///feed.xml", "https://mirror/feed.xml",
+                               "http://mirror/feed.xml"};
   struct Case {
     std::string address;
     bool isAllowed[3];
@@ -153,7 +160,8 @@ TEST_F(PackageTest, IsNeitherMoreLocalNorLessProtectedThanItsFeed) {
       const OfferedPackage package{.address = address, .signature = publisher.signature("package")};
       EXPECT_EQ(check(feedWith("2.0", package), std::string("package")), isAllowed[i] ? 2U : 1U)
           << feeds[i] << " names " << address;
-      EXPECT_EQ(driver->problem, isAllowed[i] ? "" : "the update feed may not name the address " + address);
+      EXPECT_EQ(driver->problem,
+                isAllowed[i] ? "" : "the update feed may not name the address " + address);
     }
   }
 }

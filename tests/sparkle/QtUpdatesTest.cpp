@@ -43,7 +43,9 @@ public:
     });
   }
 
-  std::string address() const { return "http://127.0.0.1:" + std::to_string(server_.serverPort()) + "/appcast.xml"; }
+  std::string address() const {
+    return "http://127.0.0.1:" + std::to_string(server_.serverPort()) + "/appcast.xml";
+  }
   void close() { server_.close(); }
 
   std::string answer;
@@ -53,7 +55,9 @@ private:
   QTcpServer server_;
 };
 
-std::string ok(const std::string& body) { return "HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n" + body; }
+std::string ok(const std::string& body) {
+  return "HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n" + body;
+}
 
 class QtUpdates : public testing::Test {
 protected:
@@ -68,7 +72,8 @@ protected:
 
   std::optional<Result<std::string>> fetch(FeedRequest request) {
     std::optional<Result<std::string>> outcome;
-    const auto fetching = transport.fetch(request, [&](const Result<std::string>& answer) { outcome = answer; });
+    const auto fetching =
+        transport.fetch(request, [&](const Result<std::string>& answer) { outcome = answer; });
     EXPECT_FALSE(outcome) << "never within the call";
     waitFor([&] { return outcome.has_value(); });
     return outcome;
@@ -84,7 +89,8 @@ protected:
 
   static std::string textOf(const QDialog& dialog) {
     std::string text;
-    for (const QLabel* const label : dialog.findChildren<QLabel*>()) text += label->text().toStdString() + "|";
+    for (const QLabel* const label : dialog.findChildren<QLabel*>())
+      text += label->text().toStdString() + "|";
     return text;
   }
 
@@ -98,8 +104,9 @@ protected:
 
 TEST_F(QtUpdates, FetchesOverHttpAndTellsNothingButItsHeaders) {
   server.answer = ok("<rss/>");
-  const auto outcome =
-      fetch({.address = server.address(), .headers = {{"X-System-Version", "Debian 12"}}, .longestAnswer = 6});
+  const auto outcome = fetch({.address = server.address(),
+                              .headers = {{"X-System-Version", "Debian 12"}},
+                              .longestAnswer = 6});
   ASSERT_TRUE(outcome);
   ASSERT_TRUE(*outcome) << outcome->error().message;
   EXPECT_EQ(**outcome, "<rss/>");
@@ -110,7 +117,8 @@ TEST_F(QtUpdates, FetchesOverHttpAndTellsNothingButItsHeaders) {
   std::getline(lines, line);
   EXPECT_EQ(line, "GET /appcast.xml HTTP/1.1\r");
   while (std::getline(lines, line) && line != "\r") {
-    headers[line.substr(0, line.find(':'))] = line.substr(line.find(':') + 2, line.size() - line.find(':') - 3);
+    headers[line.substr(0, line.find(':'))] =
+        line.substr(line.find(':') + 2, line.size() - line.find(':') - 3);
   }
   headers.erase("Host");
   headers.erase("Connection");
@@ -131,7 +139,9 @@ TEST_F(QtUpdates, SaysWhyItCouldNotFetchInThePersonsLanguage) {
       {"HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\nConnection: close\r\n\r\n", "Code 404"},
       {"HTTP/1.1 204 No Content\r\nConnection: close\r\n\r\n", "Code 204"},
       {ok(std::string(100, 'x')), "länger, als sie sein darf"},
-      {"HTTP/1.1 302 Found\r\nLocation: file:///etc/passwd\r\nContent-Length: 0\r\nConnection: close\r\n\r\n", ""},
+      {"HTTP/1.1 302 Found\r\nLocation: file:///etc/passwd\r\nContent-Length: 0\r\nConnection: "
+       "close\r\n\r\n",
+       ""},
       {"", "zu lange für eine Antwort"},
   };
   foundation::Bundle::setMainResourceFolder(QEV_SOURCE_FOLDER "/host/resources");
@@ -144,7 +154,8 @@ TEST_F(QtUpdates, SaysWhyItCouldNotFetchInThePersonsLanguage) {
                                 .patience = std::chrono::seconds(each.answer.empty() ? 1 : 20)});
     ASSERT_TRUE(outcome) << each.reason;
     ASSERT_FALSE(*outcome) << each.reason;
-    EXPECT_NE(outcome->error().message.find(each.reason), std::string::npos) << outcome->error().message;
+    EXPECT_NE(outcome->error().message.find(each.reason), std::string::npos)
+        << outcome->error().message;
   }
   server.close();
   const auto outcome = fetch({.address = server.address(), .longestAnswer = 99});
@@ -154,7 +165,8 @@ TEST_F(QtUpdates, SaysWhyItCouldNotFetchInThePersonsLanguage) {
 
 TEST_F(QtUpdates, ACheckOverHttpEndsInADialogOfPlainText) {
   server.answer =
-      ok("<rss><channel><item><sparkle:version>2.0</sparkle:version><description><![CDATA[<p>Reads <b>QUIC</b></p>"
+      ok("<rss><channel><item><sparkle:version>2.0</sparkle:version><description><![CDATA[<p>Reads "
+         "<b>QUIC</b></p>"
          "<img src='http://tracker/'>]]></description></item></channel></rss>");
   const auto store = foundation::UserDefaults::inMemory();
   UpdaterConfiguration configuration;
@@ -164,8 +176,8 @@ TEST_F(QtUpdates, ACheckOverHttpEndsInADialogOfPlainText) {
   configuration.store = store.get();
   configuration.transport = std::make_shared<qt::HttpTransport>();
   configuration.timer = std::make_shared<qt::EventLoopTimer>();
-  configuration.userDriver =
-      std::make_shared<qt::UpdateDialog>([](std::string_view key) { return "[" + std::string(key) + "]"; });
+  configuration.userDriver = std::make_shared<qt::UpdateDialog>(
+      [](std::string_view key) { return "[" + std::string(key) + "]"; });
   SPUUpdater updater(configuration);
   updater.start();
   updater.checkForUpdates();
@@ -173,7 +185,8 @@ TEST_F(QtUpdates, ACheckOverHttpEndsInADialogOfPlainText) {
   ASSERT_TRUE(waitFor([] { return dialog() != nullptr; }));
   EXPECT_TRUE(updater.canCheckForUpdates());
   EXPECT_EQ(dialog()->windowTitle().toStdString(), "[A new version is available]");
-  EXPECT_NE(textOf(*dialog()).find("Version 2.0 can be installed; this is version <b>1.0</b>"), std::string::npos)
+  EXPECT_NE(textOf(*dialog()).find("Version 2.0 can be installed; this is version <b>1.0</b>"),
+            std::string::npos)
       << textOf(*dialog());
   EXPECT_EQ(dialog()->findChild<QPlainTextEdit*>()->toPlainText().toStdString(), "Reads QUIC");
 
@@ -183,7 +196,8 @@ TEST_F(QtUpdates, ACheckOverHttpEndsInADialogOfPlainText) {
   ASSERT_TRUE(waitFor([&] { return updater.canCheckForUpdates(); }));
   EXPECT_EQ(dialog()->windowTitle().toStdString(), "[Could not check for updates]");
 
-  server.answer = ok("<rss><channel><item><sparkle:version>3.0</sparkle:version></item></channel></rss>");
+  server.answer =
+      ok("<rss><channel><item><sparkle:version>3.0</sparkle:version></item></channel></rss>");
   store->removeObject("sparkle_lastCheck");
   updater.setAutomaticallyChecksForUpdates(true);
   ASSERT_TRUE(waitFor([] { return textOf(*dialog()).find("Version 3.0") != std::string::npos; }));
@@ -203,14 +217,15 @@ TEST_F(QtUpdates, TheDialogSpeaksEachLanguageOfTheHost) {
   EXPECT_NE(textOf(*dialog()).find("The server does not answer."), std::string::npos);
 
   for (const std::string language : {"en", "de", "fr", "es", "ja", "zh-Hans", "ar"}) {
-    const auto table =
-        foundation::readStringsFile(QEV_SOURCE_FOLDER "/host/resources/" + language + ".lproj/Localizable.strings");
+    const auto table = foundation::readStringsFile(QEV_SOURCE_FOLDER "/host/resources/" + language +
+                                                   ".lproj/Localizable.strings");
     ASSERT_TRUE(table) << table.error().message;
     for (const std::string& key : keys) {
       const auto entry = table->find(key);
       ASSERT_NE(entry, table->end()) << language << ": " << key;
       for (const char* const place : {"%1", "%2"}) {
-        EXPECT_EQ(entry->second.find(place) != std::string::npos, key.find(place) != std::string::npos)
+        EXPECT_EQ(entry->second.find(place) != std::string::npos,
+                  key.find(place) != std::string::npos)
             << language << ": " << entry->second;
       }
     }

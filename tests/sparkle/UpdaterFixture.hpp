@@ -24,9 +24,11 @@ struct OfferedPackage {
 };
 
 inline std::string feedWith(const std::string& version, const OfferedPackage& package = {}) {
-  return "<rss><channel><item><sparkle:version>1.0</sparkle:version></item><item><sparkle:version>" + version +
-         "</sparkle:version><enclosure url=\"" + package.address + "\" length=\"" + package.length +
-         "\" sparkle:edSignature=\"" + package.signature + "\"/></item></channel></rss>";
+  return "<rss><channel><item><sparkle:version>1.0</sparkle:version></"
+         "item><item><sparkle:version>" +
+         version + "</sparkle:version><enclosure url=\"" + package.address + "\" length=\"" +
+         package.length + "\" sparkle:edSignature=\"" + package.signature +
+         "\"/></item></channel></rss>";
 }
 
 // Answers when the test says so.
@@ -83,7 +85,9 @@ public:
   void showUpdateNotFound(const std::string& currentVersion) override {
     shown.push_back("none after " + currentVersion);
   }
-  void showUpdaterError(const foundation::Error& error) override { shown.push_back("error " + error.message); }
+  void showUpdaterError(const foundation::Error& error) override {
+    shown.push_back("error " + error.message);
+  }
 
   std::vector<std::string> shown;
   std::optional<std::filesystem::path> package;
@@ -106,8 +110,8 @@ protected:
 
   std::unique_ptr<SPUStandardUpdaterController> start() {
     UpdaterConfiguration::setStandard(configuration);
-    return std::make_unique<SPUStandardUpdaterController>(true, std::weak_ptr<SPUUpdaterDelegate>(),
-                                                          std::weak_ptr<SPUStandardUserDriverDelegate>());
+    return std::make_unique<SPUStandardUpdaterController>(
+        true, std::weak_ptr<SPUUpdaterDelegate>(), std::weak_ptr<SPUStandardUserDriverDelegate>());
   }
 
   std::unique_ptr<foundation::UserDefaults> store = foundation::UserDefaults::inMemory();

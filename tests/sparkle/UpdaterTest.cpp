@@ -33,7 +33,8 @@ TEST_F(UpdaterTest, ShowsTheOutcomeOfARequestedCheck) {
   const auto controller = start();
   std::vector<bool> canCheck;
   const auto observation = controller->updater().observeCanCheckForUpdates(
-      ObservingOptions::initial | ObservingOptions::newValue, [&](bool can) { canCheck.push_back(can); });
+      ObservingOptions::initial | ObservingOptions::newValue,
+      [&](bool can) { canCheck.push_back(can); });
   for (const auto& [answer, outcome] : answersAndOutcomes) {
     canCheck.clear();
     driver->shown.clear();
@@ -91,9 +92,9 @@ TEST_F(UpdaterTest, TheProfileIsSentOnlyWhenAllowed) {
 
   controller->updater().setSendsSystemProfile(true);
   controller->checkForUpdates(nullptr);
-  EXPECT_EQ(
-      transport->requests.back().headers,
-      (std::map<std::string, std::string>{{"X-System-Version", "Debian 12"}, {"X-System-Architecture", "amd64"}}));
+  EXPECT_EQ(transport->requests.back().headers,
+            (std::map<std::string, std::string>{{"X-System-Version", "Debian 12"},
+                                                {"X-System-Architecture", "amd64"}}));
 }
 
 TEST_F(UpdaterTest, SettingsFollowTheStoreWhoeverWrites) {
@@ -105,7 +106,8 @@ TEST_F(UpdaterTest, SettingsFollowTheStoreWhoeverWrites) {
 
   std::vector<bool> told;
   const auto observation = updater.observeAutomaticallyChecksForUpdates(
-      ObservingOptions::initial | ObservingOptions::newValue, [&](bool value) { told.push_back(value); });
+      ObservingOptions::initial | ObservingOptions::newValue,
+      [&](bool value) { told.push_back(value); });
   updater.setAutomaticallyChecksForUpdates(true);
   EXPECT_TRUE(store->boolForKey(kChecksKey));
   store->removeObject(kChecksKey);
@@ -123,7 +125,8 @@ TEST_F(UpdaterTest, ChecksByItselfOnceADayAndSpeaksOnlyOfNewVersions) {
   transport->answer(Error{"no network"});
   EXPECT_TRUE(driver->shown.empty());
 
-  // The machine slept for most of the day: the timer fires late, and again at the hour that is left.
+  // The machine slept for most of the day: the timer fires late, and again at the hour that is
+  // left.
   ASSERT_TRUE(timer->wish);
   now += 23h + 30min;
   timer->fire();
@@ -157,20 +160,23 @@ TEST_F(UpdaterTest, ReasonsStandInTheTablesOfEveryLanguage) {
       "it cannot be saved in %1",
   };
   for (const std::string language : {"en", "de", "fr", "es", "ja", "zh-Hans", "ar"}) {
-    const auto table =
-        foundation::readStringsFile(QEV_SOURCE_FOLDER "/host/resources/" + language + ".lproj/Localizable.strings");
+    const auto table = foundation::readStringsFile(QEV_SOURCE_FOLDER "/host/resources/" + language +
+                                                   ".lproj/Localizable.strings");
     ASSERT_TRUE(table) << table.error().message;
     for (const std::string& reason : reasons) {
       const auto entry = table->find(reason);
       ASSERT_NE(entry, table->end()) << language << ": " << reason;
       EXPECT_EQ(entry->second == reason, language == "en") << language << ": " << reason;
-      EXPECT_EQ(entry->second.find("%1") != std::string::npos, reason.find("%1") != std::string::npos) << reason;
+      EXPECT_EQ(entry->second.find("%1") != std::string::npos,
+                reason.find("%1") != std::string::npos)
+          << reason;
     }
   }
 }
 
 TEST_F(UpdaterTest, AFeedThatAnybodyOnTheWayCanChangeIsFetchedOnlyWhereTheHostAllowsIt) {
-  for (const std::string address : {"http://mirror/appcast.xml", "HTTP://mirror/appcast.xml", "ftp://mirror/feed"}) {
+  for (const std::string address :
+       {"http://mirror/appcast.xml", "HTTP://mirror/appcast.xml", "ftp://mirror/feed"}) {
     for (const bool isAllowed : {false, true}) {
       configuration.feedAddress = address;
       configuration.allowsInsecureFeed = isAllowed;
@@ -190,7 +196,8 @@ TEST_F(UpdaterTest, SaysWhyInThePersonsLanguage) {
       {"file:///dev/zero", "/dev/zero ist keine Datei"},
       {"file:///dev/zero/none", "/dev/zero/none kann nicht geöffnet werden"},
       {"https://mirror", "die Adresse https://mirror ist keine file://-Adresse"},
-      {"http://mirror", "die Adresse http://mirror ist weder https:// noch eine Datei auf diesem Rechner"},
+      {"http://mirror",
+       "die Adresse http://mirror ist weder https:// noch eine Datei auf diesem Rechner"},
   };
   foundation::Bundle::setMainResourceFolder(QEV_SOURCE_FOLDER "/host/resources");
   foundation::Bundle::setPreferredLanguages({"de"});

@@ -27,7 +27,8 @@ public:
 
 private:
   std::vector<QEVLog::LogEntry> entries_;
-  QEVLog::LogSink before_ = QEVLog::setLogSink([this](const QEVLog::LogEntry& entry) { entries_.push_back(entry); });
+  QEVLog::LogSink before_ =
+      QEVLog::setLogSink([this](const QEVLog::LogEntry& entry) { entries_.push_back(entry); });
 };
 
 }  // namespace support

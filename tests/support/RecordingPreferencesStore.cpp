@@ -15,7 +15,9 @@ StoreOperation readAll() { return {Kind::readAll, "", std::nullopt}; }
 StoreOperation wrote(std::string_view key, PreferenceValue value) {
   return {Kind::write, std::string(key), std::move(value)};
 }
-StoreOperation removed(std::string_view key) { return {Kind::remove, std::string(key), std::nullopt}; }
+StoreOperation removed(std::string_view key) {
+  return {Kind::remove, std::string(key), std::nullopt};
+}
 
 std::ostream& operator<<(std::ostream& out, const StoreOperation& operation) {
   switch (operation.kind) {
@@ -31,8 +33,9 @@ std::ostream& operator<<(std::ostream& out, const StoreOperation& operation) {
 
 std::vector<StoreOperation> RecordingPreferencesStore::changes() const {
   std::vector<StoreOperation> changes;
-  std::copy_if(operations_.begin(), operations_.end(), std::back_inserter(changes),
-               [](const auto& each) { return each.kind == Kind::write || each.kind == Kind::remove; });
+  std::copy_if(
+      operations_.begin(), operations_.end(), std::back_inserter(changes),
+      [](const auto& each) { return each.kind == Kind::write || each.kind == Kind::remove; });
   return changes;
 }
 
@@ -56,7 +59,8 @@ void RecordingPreferencesStore::removeObject(std::string_view key) {
   store_->removeObject(key);
 }
 
-QEVSettings::Subscription RecordingPreferencesStore::observe(std::string_view key, Observer observer) {
+QEVSettings::Subscription RecordingPreferencesStore::observe(std::string_view key,
+                                                             Observer observer) {
   return store_->observe(key, std::move(observer));
 }
 
@@ -64,7 +68,8 @@ QEVSettings::Subscription RecordingPreferencesStore::observeAll(Observer observe
   return store_->observeAll(std::move(observer));
 }
 
-QEVSettings::Subscription RecordingPreferencesStore::observeStorage(std::function<void()> observer) {
+QEVSettings::Subscription RecordingPreferencesStore::observeStorage(
+    std::function<void()> observer) {
   return storageChanged_.subscribe(std::move(observer));
 }
 
@@ -73,7 +78,8 @@ void RecordingPreferencesStore::setOpening(QEVSettings::StoreOpening opening) {
   storageChanged_.announce();
 }
 
-void RecordingPreferencesStore::setStorageProblem(std::optional<QEVSettings::StorageProblem> problem) {
+void RecordingPreferencesStore::setStorageProblem(
+    std::optional<QEVSettings::StorageProblem> problem) {
   problem_ = problem;
   storageChanged_.announce();
 }

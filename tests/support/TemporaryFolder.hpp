@@ -10,14 +10,15 @@
 
 namespace support {
 
-// An empty folder that no other test has, removed with what is in it. Tests run beside each other, so none may
-// name its folder itself.
+// An empty folder that no other test has, removed with what is in it. Tests run beside each other,
+// so none may name its folder itself.
 class TemporaryFolder {
 public:
   TemporaryFolder() {
     std::string name = (std::filesystem::path(testing::TempDir()) / "QEVSettings-XXXXXX").string();
     if (::mkdtemp(name.data()) == nullptr) {
-      throw std::filesystem::filesystem_error("no folder for a test", std::error_code(errno, std::generic_category()));
+      throw std::filesystem::filesystem_error("no folder for a test",
+                                              std::error_code(errno, std::generic_category()));
     }
     path_ = name;
   }

@@ -19,8 +19,9 @@ headless::Window openStepped(const View& root, bool reducedMotion = false) {
 }
 
 View swapping(const std::shared_ptr<testing::Switch>& control) {
-  return testing::Flagged{[](bool other) { return other ? View(Text("new").id(2)) : View(Text("old").id(1)); },
-                          control};
+  return testing::Flagged{
+      [](bool other) { return other ? View(Text("new").id(2)) : View(Text("old").id(1)); },
+      control};
 }
 
 TEST(Animation, FadesInWhatComesAndOutWhatGoes) {
@@ -62,8 +63,12 @@ TEST(Animation, IsLeftOutWithReducedMotionAndWithoutBeingAskedFor) {
 TEST(Animation, WhatFadesMayGoAtAnyTime) {
   const auto control = std::make_shared<testing::Switch>();
   const auto outer = std::make_shared<testing::Switch>();
-  headless::Window window = openStepped(testing::Flagged{
-      [&](bool gone) { return gone ? View(Text("rest")) : VStack({}, {swapping(control).opacity(0.5)}); }, outer});
+  headless::Window window =
+      openStepped(testing::Flagged{[&](bool gone) {
+                                     return gone ? View(Text("rest"))
+                                                 : VStack({}, {swapping(control).opacity(0.5)});
+                                   },
+                                   outer});
   withAnimation([&] { control->set(true); });
   window.settle();
   withAnimation([&] { control->set(false); });

@@ -22,19 +22,21 @@ struct Form {
 
   View body() const {
     return VStack(
-        {},
-        {TextField({.placeholder = "Name"}, name.binding(), [self = *this] { self.log->push_back(self.name); }),
-         Toggle(on.binding(), ToggleControl::Size::small).accessibilityLabel("Power"),
-         Text(name.get() + (on ? " on" : " off")),
-         Button("Apply", [self = *this] { self.log->push_back("apply"); }).disabled(!on).help("Applies it"),
-         Menu(HStack({}, {Text("TCP"), Image::symbol("chevron.up.chevron.down")}), "TCP",
-              [self = *this] {
-                return std::vector<MenuItem>{{"UDP", [self] { self.log->push_back("udp"); }}};
-              })
-             .help("Source"),
-         HelpButton([self = *this] { self.asking.set(true); }).accessibilityLabel("Help").popover(asking.binding(), [] {
-           return Text("the help");
-         })});
+        {}, {TextField({.placeholder = "Name"}, name.binding(),
+                       [self = *this] { self.log->push_back(self.name); }),
+             Toggle(on.binding(), ToggleControl::Size::small).accessibilityLabel("Power"),
+             Text(name.get() + (on ? " on" : " off")),
+             Button("Apply", [self = *this] { self.log->push_back("apply"); })
+                 .disabled(!on)
+                 .help("Applies it"),
+             Menu(HStack({}, {Text("TCP"), Image::symbol("chevron.up.chevron.down")}), "TCP",
+                  [self = *this] {
+                    return std::vector<MenuItem>{{"UDP", [self] { self.log->push_back("udp"); }}};
+                  })
+                 .help("Source"),
+             HelpButton([self = *this] { self.asking.set(true); })
+                 .accessibilityLabel("Help")
+                 .popover(asking.binding(), [] { return Text("the help"); })});
   }
 };
 
@@ -87,7 +89,8 @@ struct Card {
   State<std::string> title = std::string("Light");
   State<int> taps = 0;
   View body() const {
-    return VStack({}, {Image::symbol("clock"), Text(title).uppercased(), Text("taps " + std::to_string(taps))})
+    return VStack({}, {Image::symbol("clock"), Text(title).uppercased(),
+                       Text("taps " + std::to_string(taps))})
         .accessibilityRole(Role::listItem)
         .accessibilitySelected(taps > 0)
         .onTap([self = *this] {
@@ -111,9 +114,10 @@ TEST(Accessibility, ARoleSpeaksForAllThatItContains) {
 TEST(Accessibility, APageThatTakesClicksMakesNoneOfItsPartsAButton) {
   int onPage = 0;
   int onRow = 0;
-  const View row = HStack({}, {Text("row")}).accessibilityRole(Role::listItem).onTap([&] { ++onRow; });
-  headless::Window window =
-      testing::open(VStack({}, {Text("title").accessibilityRole(Role::heading), row}).onTap([&] { ++onPage; }));
+  const View row =
+      HStack({}, {Text("row")}).accessibilityRole(Role::listItem).onTap([&] { ++onRow; });
+  headless::Window window = testing::open(
+      VStack({}, {Text("title").accessibilityRole(Role::heading), row}).onTap([&] { ++onPage; }));
   EXPECT_FALSE(window.find(Role::heading).content().accessibility.pressable);
   EXPECT_TRUE(window.find(Role::listItem).content().accessibility.pressable);
   EXPECT_TRUE(window.host().press(window.find(Role::listItem).id()));
@@ -125,11 +129,11 @@ TEST(Accessibility, AListItemLeavesItsControlsTold) {
   bool isOn = false;
   int presses = 0;
   headless::Window window = testing::open(VStack(
-      {},
-      {HStack({}, {Text("Checksums"),
-                   Toggle(Binding<bool>([&] { return isOn; }, [&](bool on) { isOn = on; })).accessibilityLabel("on")})
-           .accessibilityRole(Role::listItem),
-       PlainButton(Text("eth0"), [&] { ++presses; }).accessibilityRole(Role::listItem)}));
+      {}, {HStack({}, {Text("Checksums"),
+                       Toggle(Binding<bool>([&] { return isOn; }, [&](bool on) { isOn = on; }))
+                           .accessibilityLabel("on")})
+               .accessibilityRole(Role::listItem),
+           PlainButton(Text("eth0"), [&] { ++presses; }).accessibilityRole(Role::listItem)}));
   const auto items = window.findAll(Role::listItem);
   ASSERT_EQ(items.size(), 2U);
   EXPECT_EQ(items[0].label(), "Checksums") << "a control says its own name";
@@ -145,8 +149,10 @@ TEST(Accessibility, AListItemLeavesItsControlsTold) {
 }
 
 TEST(Accessibility, WhatIsSaidOfAContainerIsSaidOnce) {
-  headless::Window window = testing::open(
-      HStack({}, {Text("a"), Text("b")}).accessibilityLabel("both").help("two letters").accessibilitySelected(true));
+  headless::Window window = testing::open(HStack({}, {Text("a"), Text("b")})
+                                              .accessibilityLabel("both")
+                                              .help("two letters")
+                                              .accessibilitySelected(true));
   const headless::Element group = window.find(Role::group);
   EXPECT_EQ(group.label(), "both");
   EXPECT_EQ(group.help(), "two letters");
@@ -156,16 +162,17 @@ TEST(Accessibility, WhatIsSaidOfAContainerIsSaidOnce) {
 }
 
 TEST(Accessibility, APlainButtonIsNamedByItsWords) {
-  headless::Window window = testing::open(PlainButton(HStack({}, {Text("Open"), Text("file")}), [] {}));
+  headless::Window window =
+      testing::open(PlainButton(HStack({}, {Text("Open"), Text("file")}), [] {}));
   EXPECT_EQ(window.find(Role::button).label(), "Open file");
 }
 
 TEST(Pointer, ClicksGoToTheInnermostRegion) {
   std::vector<std::string> log;
-  headless::Window window = testing::open(
-      HStack({.spacing = 0}, {Text("inner").onTap([&] { log.emplace_back("inner"); }), Text("beside")}).onTap([&] {
-        log.emplace_back("outer");
-      }));
+  headless::Window window =
+      testing::open(HStack({.spacing = 0}, {Text("inner").onTap([&] { log.emplace_back("inner"); }),
+                                            Text("beside")})
+                        .onTap([&] { log.emplace_back("outer"); }));
   window.click(window.findText("inner"));
   window.click(window.findText("beside"));
   EXPECT_THAT(log, ElementsAre("inner", "outer"));

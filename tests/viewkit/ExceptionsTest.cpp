@@ -22,9 +22,10 @@ View fragile(const std::shared_ptr<testing::Switch>& control) {
 TEST(Exceptions, WindowGoesOnAfterABodyThrew) {
   const auto first = std::make_shared<testing::Switch>();
   const auto second = std::make_shared<testing::Switch>();
-  headless::Window window = testing::open(VStack(
-      {},
-      {fragile(first), testing::Flagged{[](bool other) { return Text(other ? "changed" : "as it was"); }, second}}));
+  headless::Window window = testing::open(
+      VStack({}, {fragile(first),
+                  testing::Flagged{[](bool other) { return Text(other ? "changed" : "as it was"); },
+                                   second}}));
   first->set(true);
   EXPECT_THROW(window.settle(), std::runtime_error);
   second->set(true);
@@ -38,7 +39,9 @@ TEST(Exceptions, WindowGoesOnAfterABodyThrew) {
 TEST(Exceptions, AnimationEndsWithTheChangesThatThrew) {
   const auto control = std::make_shared<testing::Switch>();
   headless::Window window{
-      testing::Flagged{[](bool other) { return other ? View(Text("new").id(2)) : View(Text("old").id(1)); }, control},
+      testing::Flagged{
+          [](bool other) { return other ? View(Text("new").id(2)) : View(Text("old").id(1)); },
+          control},
       Environment{.defaultStore = testing::store()},
       {.size = {{200, 100}}, .stepsAnimations = true}};
   EXPECT_THROW(withAnimation([] { throw std::runtime_error("broken"); }), std::runtime_error);
@@ -50,7 +53,8 @@ TEST(Exceptions, AnimationEndsWithTheChangesThatThrew) {
 TEST(Exceptions, BoundaryShowsItsViewInPlaceOfABodyThatThrows) {
   const auto control = std::make_shared<testing::Switch>();
   headless::Window window = testing::open(
-      VStack({}, {Text("beside"), errorBoundary(fragile(control), [](const std::exception_ptr& thrown) -> View {
+      VStack({}, {Text("beside"),
+                  errorBoundary(fragile(control), [](const std::exception_ptr& thrown) -> View {
                     try {
                       std::rethrow_exception(thrown);
                     } catch (const std::runtime_error& error) {

@@ -34,7 +34,8 @@ struct Counter {
   State<int> count = 0;
 
   View body() const {
-    return Button(name + " " + std::to_string(count), [self = *this] { self.count.set(self.count + 1); });
+    return Button(name + " " + std::to_string(count),
+                  [self = *this] { self.count.set(self.count + 1); });
   }
 };
 
@@ -47,8 +48,8 @@ std::string titles(const headless::Window& window) {
 TEST(Identity, StateFollowsTheIdAndNotThePosition) {
   const auto control = std::make_shared<Switch>();
   const auto list = [](bool reversed) -> View {
-    const std::vector<std::string> names =
-        reversed ? std::vector<std::string>{"c", "b", "new", "a"} : std::vector<std::string>{"a", "b", "c"};
+    const std::vector<std::string> names = reversed ? std::vector<std::string>{"c", "b", "new", "a"}
+                                                    : std::vector<std::string>{"a", "b", "c"};
     return VStack({}, {View(), forEach(
                                    names, [](const std::string& name) { return name; },
                                    [](const std::string& name) { return Counter{name}; })});
@@ -64,11 +65,11 @@ TEST(Identity, StateFollowsTheIdAndNotThePosition) {
 
 TEST(Identity, WhatStandsInOnePlaceDoesNotDisturbTheOthers) {
   const auto control = std::make_shared<Switch>();
-  headless::Window window =
-      testing::open(Flagged{[](bool more) -> View {
-                              return VStack({}, {more ? View(Counter{"first"}) : View(), Counter{"second"}});
-                            },
-                            control});
+  headless::Window window = testing::open(
+      Flagged{[](bool more) -> View {
+                return VStack({}, {more ? View(Counter{"first"}) : View(), Counter{"second"}});
+              },
+              control});
   window.click(window.find(Role::button, "second 0"));
   control->set(true);
   window.settle();
@@ -77,8 +78,8 @@ TEST(Identity, WhatStandsInOnePlaceDoesNotDisturbTheOthers) {
 
 TEST(Identity, ANewIdIsANewView) {
   const auto control = std::make_shared<Switch>();
-  headless::Window window =
-      testing::open(Flagged{[](bool other) { return View(Counter{"it"}).id(other ? 2 : 1); }, control});
+  headless::Window window = testing::open(
+      Flagged{[](bool other) { return View(Counter{"it"}).id(other ? 2 : 1); }, control});
   window.click(window.find(Role::button));
   control->set(true);
   window.settle();
@@ -90,17 +91,18 @@ TEST(Identity, AppearancesPairUpWhateverGoes) {
   const auto control = std::make_shared<Switch>();
   const auto inner = std::make_shared<Switch>();
   {
-    headless::Window window = testing::open(Flagged{
-        [=](bool gone) -> View {
-          if (gone) return Text("other");
-          return logged(VStack({}, {logged(Text("a"), "a", log), Flagged{[=](bool b) {
-                                                                           return b ? logged(Text("b"), "b", log)
-                                                                                    : logged(Counter{"c"}, "c", log);
-                                                                         },
-                                                                         inner}}),
-                        "outer", log);
-        },
-        control});
+    headless::Window window = testing::open(
+        Flagged{[=](bool gone) -> View {
+                  if (gone) return Text("other");
+                  return logged(VStack({}, {logged(Text("a"), "a", log),
+                                            Flagged{[=](bool b) {
+                                                      return b ? logged(Text("b"), "b", log)
+                                                               : logged(Counter{"c"}, "c", log);
+                                                    },
+                                                    inner}}),
+                                "outer", log);
+                },
+                control});
     EXPECT_THAT(*log, ElementsAre("+a", "+c", "+outer"));
     log->clear();
     inner->set(true);
@@ -137,8 +139,10 @@ struct Pages {
   State<Page> page = Page::first;
 
   View body() const {
-    std::vector<Tab<Page>> tabs{{Page::first, "First", "clock", logged(Counter{"one"}, "one", log)}};
-    if (withSecond) tabs.push_back({Page::second, "Second", "cpu", logged(Counter{"two"}, "two", log)});
+    std::vector<Tab<Page>> tabs{
+        {Page::first, "First", "clock", logged(Counter{"one"}, "one", log)}};
+    if (withSecond)
+      tabs.push_back({Page::second, "Second", "cpu", logged(Counter{"two"}, "two", log)});
     tabs.push_back({Page::third, "Third", "bolt", logged(Text("three"), "three", log)});
     return TabView(page.binding(), std::move(tabs));
   }
@@ -163,7 +167,8 @@ TEST(TabView, KeepsPagesAndTheirStateButShowsOne) {
 
 TEST(TabView, ShowsTheFirstPageWhereTheSelectedOneIsMissing) {
   const auto log = std::make_shared<Log>();
-  headless::Window window = testing::open(Pages{.log = log, .withSecond = false, .page = Page::second});
+  headless::Window window =
+      testing::open(Pages{.log = log, .withSecond = false, .page = Page::second});
   EXPECT_EQ(titles(window), "one 0,");
   EXPECT_EQ(std::get<TabBarControl>(*window.find(Role::tabList).content().control()).selected, 0);
   window.selectTab("Third");
@@ -176,7 +181,8 @@ TEST(TabView, HeaderComesAndGoesAboveTheBarWhileThePageKeepsItsState) {
     StoredPreference<std::string> header{"tab_view_header", ""};
     View body() const {
       const std::string text = header;
-      return TabView(page.binding(), std::vector<Tab<Page>>{{Page::first, "First", "clock", Counter{"one"}}},
+      return TabView(page.binding(),
+                     std::vector<Tab<Page>>{{Page::first, "First", "clock", Counter{"one"}}},
                      text.empty() ? View() : Text(text));
     }
   };
@@ -203,8 +209,9 @@ TEST(TabView, HiddenPagesSleepAndWakeUpToDate) {
   struct TwoPages {
     State<Page> page = Page::first;
     View body() const {
-      return TabView(page.binding(), std::vector<Tab<Page>>{{Page::first, "First", "clock", Reader{}},
-                                                            {Page::second, "Second", "cpu", Text("x")}});
+      return TabView(page.binding(),
+                     std::vector<Tab<Page>>{{Page::first, "First", "clock", Reader{}},
+                                            {Page::second, "Second", "cpu", Text("x")}});
     }
   };
   headless::Window window = testing::open(TwoPages{});

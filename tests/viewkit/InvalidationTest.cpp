@@ -38,9 +38,9 @@ struct Rows {
   View body() const {
     std::vector<int> numbers;
     for (int i = 0; i < count; ++i) numbers.push_back(i);
-    return VStack({.spacing = 0},
-                  {forEach(
-                      numbers, [](int i) { return i; }, [](int i) { return Row{"row " + std::to_string(i)}; })});
+    return VStack({.spacing = 0}, {forEach(
+                                      numbers, [](int i) { return i; },
+                                      [](int i) { return Row{"row " + std::to_string(i)}; })});
   }
 };
 
@@ -99,11 +99,14 @@ struct Preferences {
     StoredPreference<bool> value;
     explicit Shown(const std::string& key) : key(key), value(key, false) {}
     View body() const {
-      return HStack({}, {Text(key + (value ? " on" : " off")), Toggle(value.binding()).accessibilityLabel(key)});
+      return HStack({}, {Text(key + (value ? " on" : " off")),
+                         Toggle(value.binding()).accessibilityLabel(key)});
     }
   };
 
-  View body() const { return VStack({}, {Shown("one"), Shown("one"), Shown("two"), Shown("three")}); }
+  View body() const {
+    return VStack({}, {Shown("one"), Shown("one"), Shown("two"), Shown("three")});
+  }
 };
 
 TEST(Invalidation, ASwitchRunsTheBodiesThatReadItsKey) {
@@ -126,14 +129,16 @@ struct OneOfTwoKeys {
     StoredPreference<bool> value;
     explicit Bound(const std::string& key) : value(key, false) {}
     View body() const {
-      return HStack({}, {Text(value ? "on" : "off"), Toggle(value.binding()).accessibilityLabel("value")});
+      return HStack(
+          {}, {Text(value ? "on" : "off"), Toggle(value.binding()).accessibilityLabel("value")});
     }
     friend bool operator==(const Bound&, const Bound&) = default;
   };
 
   State<bool> isSecond = false;
   View body() const {
-    return VStack({}, {Toggle(isSecond.binding()).accessibilityLabel("second"), Bound(isSecond ? "two" : "one")});
+    return VStack({}, {Toggle(isSecond.binding()).accessibilityLabel("second"),
+                       Bound(isSecond ? "two" : "one")});
   }
 };
 
@@ -179,7 +184,8 @@ TEST(Invalidation, AWriteOfTheSameValueDoesNothing) {
 TEST(Invalidation, ATextOfTheSameSizeIsPaintedAndNothingElseIsLaidOut) {
   const auto control = std::make_shared<testing::Switch>();
   headless::Window window = testing::open(VStack(
-      {}, {Text("before"), testing::Flagged{[](bool flag) { return Text(flag ? "ab" : "ba").padding(3); }, control},
+      {}, {Text("before"),
+           testing::Flagged{[](bool flag) { return Text(flag ? "ab" : "ba").padding(3); }, control},
            Text("after")}));
   const Work work(window);
   control->set(true);
@@ -202,8 +208,9 @@ struct Watching {
 struct Owning {
   StateObject<Model> model{[] { return std::make_shared<Model>(); }};
   View body() const {
-    return VStack(
-        {}, {Watching{model.get()}, Button("more", [self = *this] { self.model->number = self.model->number + 1; })});
+    return VStack({}, {Watching{model.get()}, Button("more", [self = *this] {
+                         self.model->number = self.model->number + 1;
+                       })});
   }
 };
 
@@ -218,8 +225,8 @@ TEST(Invalidation, AnotherModelIsWatchedInsteadOfTheFirst) {
   const auto first = std::make_shared<Model>();
   const auto second = std::make_shared<Model>();
   const auto control = std::make_shared<testing::Switch>();
-  headless::Window window =
-      testing::open(testing::Flagged{[&](bool other) -> View { return Watching{other ? second : first}; }, control});
+  headless::Window window = testing::open(testing::Flagged{
+      [&](bool other) -> View { return Watching{other ? second : first}; }, control});
   control->set(true);
   window.settle();
   const Work work(window);
@@ -238,9 +245,8 @@ TEST(Invalidation, OnChangeIsToldOfDifferencesOnly) {
     ObservedObject<Model> model;
     std::vector<int>* told;
     View body() const {
-      return Text(std::to_string(model->other)).onChange<int>(model->number, [told = told](const int& n) {
-        told->push_back(n);
-      });
+      return Text(std::to_string(model->other))
+          .onChange<int>(model->number, [told = told](const int& n) { told->push_back(n); });
     }
   };
   headless::Window window = testing::open(Telling{model, &told});
@@ -258,7 +264,8 @@ TEST(Invalidation, AnswersToAChangeAreShownInTheSameUpdate) {
     State<int> source = 0;
     State<int> echo = 0;
     View body() const {
-      return VStack({}, {Button("go", [self = *this] { self.source.set(4); }), Text("echo " + std::to_string(echo))})
+      return VStack({}, {Button("go", [self = *this] { self.source.set(4); }),
+                         Text("echo " + std::to_string(echo))})
           .onChange<int>(source, [self = *this](const int& value) { self.echo.set(value); });
     }
   };
@@ -273,15 +280,15 @@ TEST(Invalidation, AnswersToAChangeAreShownInTheSameUpdate) {
 
 TEST(Invalidation, DamageCoversWhatWasAndWhatIs) {
   const auto control = std::make_shared<testing::Switch>();
-  headless::Window window = testing::open(
-      testing::Flagged{[](bool moved) {
-                         return RoundedRectangle()
-                             .fill(Color::accent())
-                             .frame({.width = 10, .height = 10})
-                             .padding(Edges::leading, moved ? 100 : 20)
-                             .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::topLeading()});
-                       },
-                       control});
+  headless::Window window = testing::open(testing::Flagged{
+      [](bool moved) {
+        return RoundedRectangle()
+            .fill(Color::accent())
+            .frame({.width = 10, .height = 10})
+            .padding(Edges::leading, moved ? 100 : 20)
+            .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::topLeading()});
+      },
+      control});
   const Work work(window);
   control->set(true);
   window.settle();

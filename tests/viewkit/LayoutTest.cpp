@@ -14,7 +14,9 @@ namespace viewkit {
 namespace {
 
 // A box of a fixed size: its frame in the window is what a fixture looks at.
-View box(double width, double height) { return RoundedRectangle().frame({.width = width, .height = height}); }
+View box(double width, double height) {
+  return RoundedRectangle().frame({.width = width, .height = height});
+}
 
 // As much of everything as there is.
 View filler() { return RoundedRectangle(); }
@@ -31,8 +33,8 @@ void collect(const NodeDescription& node, std::vector<Rect>& into) {
   for (const NodeDescription& child : node.children) collect(child, into);
 }
 
-// In a window of 400 by 300. A character of fixed pitch is 6 points wide and a line 13 high at 10 points,
-// its baseline at 10.
+// In a window of 400 by 300. A character of fixed pitch is 6 points wide and a line 13 high at 10
+// points, its baseline at 10.
 Text fixed(const std::string& text) {
   return Text(text).font(Font::of({.family = "Monospace", .style = "", .pointSize = 10}));
 }
@@ -46,18 +48,21 @@ std::vector<Fixture> fixtures() {
        HStack({.spacing = 0}, {filler(), filler(), box(100, 10)}),
        {{{0, 0}, {150, 300}}, {{150, 0}, {150, 300}}, {{300, 145}, {100, 10}}}},
       {"a spacer keeps its least length and takes none across",
-       VStack({.alignment = HorizontalAlignment::leading, .spacing = 0}, {box(20, 280), Spacer(30), box(10, 10)}),
+       VStack({.alignment = HorizontalAlignment::leading, .spacing = 0},
+              {box(20, 280), Spacer(30), box(10, 10)}),
        {{{0, 0}, {20, 280}}, {{0, 310}, {10, 10}}}},
       {"a spacer inside a modifier still knows its stack",
        HStack({.spacing = 0}, {box(20, 10), Spacer(0).id("gap"), box(30, 10)}),
        {{{0, 0}, {20, 10}}, {{370, 0}, {30, 10}}}},
       {"alignment across a stack",
-       VStack({.alignment = HorizontalAlignment::trailing, .spacing = 5}, {box(100, 10), box(40, 10)}),
+       VStack({.alignment = HorizontalAlignment::trailing, .spacing = 5},
+              {box(100, 10), box(40, 10)}),
        {{{0, 0}, {100, 10}}, {{60, 15}, {40, 10}}}},
       {"texts stand on one line",
-       HStack(
-           {.alignment = VerticalAlignment::firstTextBaseline, .spacing = 0},
-           {fixed("ab"), Text("A").font(Font::of({.family = "Monospace", .style = "", .pointSize = 20})), box(10, 10)}),
+       HStack({.alignment = VerticalAlignment::firstTextBaseline, .spacing = 0},
+              {fixed("ab"),
+               Text("A").font(Font::of({.family = "Monospace", .style = "", .pointSize = 20})),
+               box(10, 10)}),
        {{{0, 9}, {12, 13}}, {{12, 0}, {12, 24}}, {{24, 9}, {10, 10}}}},
       {"a text gives way before it is pushed out",
        HStack({.spacing = 0}, {fixed("aaaa bbbb"), box(370, 10)}),
@@ -68,14 +73,17 @@ std::vector<Fixture> fixtures() {
       {"an overlay is placed within the view and changes nothing about it",
        box(100, 50).overlay(box(10, 10), Alignment::topLeading()).padding(1),
        {{{1, 1}, {100, 50}}, {{1, 1}, {10, 10}}}},
-      {"a frame centres what is smaller", box(10, 10).frame({.width = 100, .height = 40}), {{{45, 15}, {10, 10}}}},
+      {"a frame centres what is smaller",
+       box(10, 10).frame({.width = 100, .height = 40}),
+       {{{45, 15}, {10, 10}}}},
       {"a frame without limit takes all the width",
        box(10, 10).frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::trailing()}),
        {{{390, 0}, {10, 10}}}},
       {"a least height that the content exceeds is not seen",
        VStack({.spacing = 0},
               {box(10, 50).frame(FlexibleFrame{.minHeight = 20}),
-               box(10, 5).frame(FlexibleFrame{.minHeight = 20, .alignment = Alignment::top()}), box(10, 5)}),
+               box(10, 5).frame(FlexibleFrame{.minHeight = 20, .alignment = Alignment::top()}),
+               box(10, 5)}),
        {{{0, 0}, {10, 50}}, {{0, 50}, {10, 5}}, {{0, 70}, {10, 5}}}},
       {"fixed size ignores what is offered",
        fixed("aaaa bbbb").fixedSize().frame({.width = 30}),
@@ -91,11 +99,13 @@ std::vector<Fixture> fixtures() {
              .verticalAlignment = VerticalAlignment::top,
              .horizontalSpacing = 10,
              .verticalSpacing = 5},
-            {{.cells = {box(30, 10), box(10, 20)}}, {.cells = {box(50, 10), box(20, 10)}, .verticalPadding = 3}}),
+            {{.cells = {box(30, 10), box(10, 20)}},
+             {.cells = {box(50, 10), box(20, 10)}, .verticalPadding = 3}}),
        {{{0, 0}, {30, 10}}, {{60, 0}, {10, 20}}, {{0, 28}, {50, 10}}, {{60, 28}, {20, 10}}}},
       {"a grid gives spare width to the column that can use it",
        Grid({.horizontalSpacing = 0, .verticalSpacing = 0},
-            {{.cells = {box(30, 10), box(10, 10).frame(FlexibleFrame{.minWidth = 20, .maxWidth = kUnlimited}),
+            {{.cells = {box(30, 10),
+                        box(10, 10).frame(FlexibleFrame{.minWidth = 20, .maxWidth = kUnlimited}),
                         box(70, 10)}}}),
        {{{0, 0}, {30, 10}}, {{175, 0}, {10, 10}}, {{330, 0}, {70, 10}}}},
       {"a scroll view takes the height that is left",
@@ -116,16 +126,17 @@ TEST(Layout, PlacesEveryFixture) {
 
 TEST(Layout, AsksForAsMuchAsTheContentNeeds) {
   headless::Metrics metrics;
-  ViewHost host(HStack({.spacing = 4}, {box(30, 10), Spacer(6), box(20, 40)}), {.defaultStore = testing::store()},
-                metrics);
+  ViewHost host(HStack({.spacing = 4}, {box(30, 10), Spacer(6), box(20, 40)}),
+                {.defaultStore = testing::store()}, metrics);
   EXPECT_EQ(host.sizeThatFits({}), (Size{64, 40}));
 }
 
 TEST(Layout, ChangeInsideMovesWhatComesAfter) {
   const auto control = std::make_shared<testing::Switch>();
-  headless::Window window = testing::open(
-      VStack({.alignment = HorizontalAlignment::leading, .spacing = 0},
-             {testing::Flagged{[](bool tall) { return box(10, tall ? 50 : 20).padding(1); }, control}, box(10, 10)}));
+  headless::Window window = testing::open(VStack(
+      {.alignment = HorizontalAlignment::leading, .spacing = 0},
+      {testing::Flagged{[](bool tall) { return box(10, tall ? 50 : 20).padding(1); }, control},
+       box(10, 10)}));
   control->set(true);
   window.settle();
   std::vector<Rect> frames;

@@ -30,7 +30,8 @@ TEST(Mistakes, HandlersThatChangeWhatTheyAreToldOfAreStopped) {
   headless::Window window = testing::open(Chasing{});
   ::testing::internal::CaptureStderr();
   window.click(window.find(Role::button));
-  EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("go on changing what they are called for"));
+  EXPECT_THAT(::testing::internal::GetCapturedStderr(),
+              HasSubstr("go on changing what they are called for"));
   EXPECT_FALSE(foundation::MainQueue::mainQueue().drain());
   EXPECT_EQ(window.find(Role::button).label(), "go 1");
 }
@@ -47,16 +48,18 @@ TEST(Mistakes, AWriteInABodyIsSeenLaterAndReported) {
   ::testing::internal::CaptureStderr();
   headless::Window window = testing::open(WritingBody{});
   window.settle();
-  EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("the body of WritingBody writes"));
+  EXPECT_THAT(::testing::internal::GetCapturedStderr(),
+              HasSubstr("the body of WritingBody writes"));
   EXPECT_TRUE(window.findText("count 3").exists());
 }
 
 TEST(Mistakes, TwoWithOneIdAreToldApartByPosition) {
   ::testing::internal::CaptureStderr();
   const std::vector<int> twins{1, 1, 2};
-  headless::Window window = testing::open(
-      VStack({}, {forEach(
-                     twins, [](int i) { return i; }, [](int i) { return Text("row " + std::to_string(i)); })}));
+  headless::Window window =
+      testing::open(VStack({}, {forEach(
+                                   twins, [](int i) { return i; },
+                                   [](int i) { return Text("row " + std::to_string(i)); })}));
   EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("have the id 1"));
   EXPECT_EQ(window.findAll(Role::text).size(), 3U);
 }
@@ -116,9 +119,11 @@ TEST(Handlers, MayEndTheHost) {
   const headless::Metrics metrics;
   std::vector<std::string> log;
   std::unique_ptr<ViewHost> host;
-  const View root =
-      VStack({}, {Text("a").onAppear([&] { host.reset(); }).onDisappear([&] { log.emplace_back("-a"); }),
-                  Text("b").onAppear([&] { log.emplace_back("+b"); }).onDisappear([&] { log.emplace_back("-b"); })});
+  const View root = VStack(
+      {}, {Text("a").onAppear([&] { host.reset(); }).onDisappear([&] { log.emplace_back("-a"); }),
+           Text("b").onAppear([&] { log.emplace_back("+b"); }).onDisappear([&] {
+             log.emplace_back("-b");
+           })});
   host = std::make_unique<ViewHost>(root, Environment{.defaultStore = testing::store()}, metrics);
   foundation::MainQueue::mainQueue().drainAll();
   EXPECT_EQ(host, nullptr);
@@ -130,7 +135,8 @@ TEST(Handlers, ThePointerLeavesWhatVanishesUnderIt) {
   const auto control = std::make_shared<testing::Switch>();
   headless::Window window = testing::open(testing::Flagged{
       [&](bool gone) {
-        return gone ? View(Text("other")) : Text("hovered").onHover([&](bool inside) { told.push_back(inside); });
+        return gone ? View(Text("other"))
+                    : Text("hovered").onHover([&](bool inside) { told.push_back(inside); });
       },
       control});
   window.movePointer({5, 5});

@@ -17,20 +17,24 @@ namespace {
 struct Row {
   std::size_t index;
   double height;
-  View body() const { return Text("row " + std::to_string(index)).frame({.width = 100, .height = height}); }
+  View body() const {
+    return Text("row " + std::to_string(index)).frame({.width = 100, .height = height});
+  }
 };
 
 struct List {
   std::size_t count;
   std::function<double(std::size_t)> height = [](std::size_t) { return 20.0; };
-  std::shared_ptr<std::function<void(ViewId)>> scrollTo = std::make_shared<std::function<void(ViewId)>>();
+  std::shared_ptr<std::function<void(ViewId)>> scrollTo =
+      std::make_shared<std::function<void(ViewId)>>();
 
   View body() const {
     return ScrollViewReader([self = *this](const ScrollProxy& proxy) {
       *self.scrollTo = [proxy](ViewId id) { proxy.scrollTo(std::move(id)); };
-      return ScrollView({}, LazyVStack({.spacing = 2}, {.count = self.count, .row = [self](std::size_t i) -> View {
-                                                          return Row{i, self.height(i)};
-                                                        }}));
+      return ScrollView({}, LazyVStack({.spacing = 2},
+                                       {.count = self.count, .row = [self](std::size_t i) -> View {
+                                          return Row{i, self.height(i)};
+                                        }}));
     });
   }
 };
@@ -62,7 +66,8 @@ TEST(LazyVStack, BuildsWhatIsInSightHoweverManyRowsThereAre) {
 }
 
 TEST(LazyVStack, FindsRowsThatWereNeverBuilt) {
-  const List list{.count = 10000, .height = [](std::size_t i) { return 20.0 + static_cast<double>(i % 7) * 5; }};
+  const List list{.count = 10000,
+                  .height = [](std::size_t i) { return 20.0 + static_cast<double>(i % 7) * 5; }};
   headless::Window window = testing::open(list, {120, 220});
   for (const std::int64_t row : {9999, 0, 5000, 5003, 1}) {
     (*list.scrollTo)(row);
@@ -103,7 +108,8 @@ TEST(LazyVStack, RowsInSightStayWhereTheyAreWhenThoseAboveAreMeasured) {
 TEST(LazyVStack, FollowsTheNumberOfRows) {
   const auto control = std::make_shared<testing::Switch>();
   headless::Window window = testing::open(
-      testing::Flagged{[](bool few) -> View { return List{.count = few ? 3U : 1000U}; }, control}, {120, 220});
+      testing::Flagged{[](bool few) -> View { return List{.count = few ? 3U : 1000U}; }, control},
+      {120, 220});
   window.scroll(window.find(Role::scrollArea), 5000);
   control->set(true);
   window.settle();
@@ -115,8 +121,8 @@ TEST(LazyVStack, FollowsTheNumberOfRows) {
 }
 
 TEST(ScrollView, StaysWithinItsContent) {
-  headless::Window window =
-      testing::open(ScrollView({}, RoundedRectangle().frame({.width = 50, .height = 500})), {100, 200});
+  headless::Window window = testing::open(
+      ScrollView({}, RoundedRectangle().frame({.width = 50, .height = 500})), {100, 200});
   window.scroll(window.find(Role::scrollArea), 1000);
   EXPECT_EQ(scrolled(window).offset.y, 300);
   window.setSize({100, 400});
@@ -127,10 +133,12 @@ TEST(ScrollView, StaysWithinItsContent) {
 
 TEST(ScrollView, RevealsWhatIsOutOfSightThroughEveryScrollViewAroundIt) {
   const View inner =
-      ScrollView({}, VStack({.spacing = 0}, {RoundedRectangle().frame({.width = 50, .height = 300}), Text("deep")}))
+      ScrollView({}, VStack({.spacing = 0},
+                            {RoundedRectangle().frame({.width = 50, .height = 300}), Text("deep")}))
           .frame({.height = 100});
   headless::Window window = testing::open(
-      ScrollView({}, VStack({.spacing = 0}, {RoundedRectangle().frame({.width = 50, .height = 300}), inner})),
+      ScrollView({}, VStack({.spacing = 0},
+                            {RoundedRectangle().frame({.width = 50, .height = 300}), inner})),
       {100, 200});
   window.host().reveal(window.findText("deep").id());
   window.settle();

@@ -13,7 +13,8 @@
 namespace viewkit::testing {
 
 inline foundation::UserDefaults& store() {
-  static const std::unique_ptr<foundation::UserDefaults> store = foundation::UserDefaults::inMemory();
+  static const std::unique_ptr<foundation::UserDefaults> store =
+      foundation::UserDefaults::inMemory();
   return *store;
 }
 

@@ -39,8 +39,11 @@ Binding<bool> booleanBinding(const StoredPreference<AnalyzerOption>& option) {
 
 // Each reading of what is no colour is another random one, and none of them is stored.
 Binding<appkit::RGBA> colorBinding(const StoredPreference<std::string>& color) {
-  return {[binding = color.binding()] { return colorFromRawValue(binding.get()).value_or(NSColor::random()); },
-          [binding = color.binding()](const appkit::RGBA& chosen) { binding.set(rawValue(chosen)); }};
+  return {
+      [binding = color.binding()] {
+        return colorFromRawValue(binding.get()).value_or(NSColor::random());
+      },
+      [binding = color.binding()](const appkit::RGBA& chosen) { binding.set(rawValue(chosen)); }};
 }
 
 View optionLabel(const std::string& label, const Binding<bool>& isOn) {
@@ -63,12 +66,13 @@ struct ColoringRow {
     return OptionRow{
         .symbol = "swatchpalette",
         .alignment = VerticalAlignment::center,
-        .content = HStack({.spacing = points(Spacing::s5)},
-                          {
-                              optionLabel(label, isOn),
-                              ColorWell(colorBinding(color), {.supportsOpacity = true}).help(label),
-                              Toggle(isOn, ToggleControl::Size::small).accessibilityLabel(label).help(label),
-                          })};
+        .content = HStack(
+            {.spacing = points(Spacing::s5)},
+            {
+                optionLabel(label, isOn),
+                ColorWell(colorBinding(color), {.supportsOpacity = true}).help(label),
+                Toggle(isOn, ToggleControl::Size::small).accessibilityLabel(label).help(label),
+            })};
   }
 };
 
@@ -83,11 +87,12 @@ struct ToggleRow {
     return OptionRow{
         .symbol = optionStyle(labelKey).symbol,
         .alignment = VerticalAlignment::center,
-        .content = HStack({.spacing = points(Spacing::s5)},
-                          {
-                              optionLabel(label, isOn),
-                              Toggle(isOn, ToggleControl::Size::small).accessibilityLabel(label).help(label),
-                          })};
+        .content = HStack(
+            {.spacing = points(Spacing::s5)},
+            {
+                optionLabel(label, isOn),
+                Toggle(isOn, ToggleControl::Size::small).accessibilityLabel(label).help(label),
+            })};
   }
 };
 
@@ -97,19 +102,21 @@ View coloringRow(const AnalyzerColorSpec& spec) {
 }
 
 View toggleRow(const AnalyzerToggleSpec& spec) {
-  return ToggleRow{.labelKey = spec.labelKey, .option = {spec.defaultsKey, AnalyzerOption{spec.defaultValue}}};
+  return ToggleRow{.labelKey = spec.labelKey,
+                   .option = {spec.defaultsKey, AnalyzerOption{spec.defaultValue}}};
 }
 
 }  // namespace
 
 View CompactAnalyzerOptionsView::body() const {
-  return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
-                {
-                    config.color ? coloringRow(*config.color) : View(),
-                    forEach(
-                        sortedToggles(), [](const AnalyzerToggleSpec& spec) { return spec.id; }, toggleRow),
-                    config.extraContent ? extraContent() : View(),
-                });
+  return VStack(
+      {.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
+      {
+          config.color ? coloringRow(*config.color) : View(),
+          forEach(
+              sortedToggles(), [](const AnalyzerToggleSpec& spec) { return spec.id; }, toggleRow),
+          config.extraContent ? extraContent() : View(),
+      });
 }
 
 View CompactAnalyzerOptionsView::extraContent() const {
@@ -120,8 +127,8 @@ View CompactAnalyzerOptionsView::extraContent() const {
 
 std::vector<AnalyzerToggleSpec> CompactAnalyzerOptionsView::sortedToggles() const {
   std::vector<AnalyzerToggleSpec> toggles = config.toggles;
-  std::ranges::stable_sort(toggles, {},
-                           [](const AnalyzerToggleSpec& spec) { return optionStyle(spec.labelKey).order; });
+  std::ranges::stable_sort(
+      toggles, {}, [](const AnalyzerToggleSpec& spec) { return optionStyle(spec.labelKey).order; });
   return toggles;
 }
 

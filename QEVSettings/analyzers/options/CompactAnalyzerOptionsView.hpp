@@ -7,8 +7,8 @@
 
 namespace QEVSettings {
 
-// The options of one analyzer: its packet colour, its switches, and the controls that it draws itself.
-// Values are read from the preferences store and written to it at once.
+// The options of one analyzer: its packet colour, its switches, and the controls that it draws
+// itself. Values are read from the preferences store and written to it at once.
 struct CompactAnalyzerOptionsView {
   QEVDependencies::AnalyzerSettingsConfig config;
 

@@ -48,20 +48,25 @@ GridRow protocolRow(const PortsEditing::Row& row, const std::vector<std::string>
                     const std::shared_ptr<const PortsEditing>& editing) {
   return {.cells =
               {
-                  PortNameCell{.model = row->model(),
-                               .names = names,
-                               .onPick = [editing, row](const std::string& name) { editing->pickName(row, name); }},
-                  View(ProtocolPortInputField{.titleKey = "",
-                                              .placeholderKey = "Protocol Ports",
-                                              .model = row->model(),
-                                              .helperText = Binding<std::optional<std::string>>::constant(""),
-                                              .disableAutocorrection = true,
-                                              .borderStyle = RoundedBorderStyle::line,
-                                              .lineLimit = 4,
-                                              .onCommit = [editing, row] { editing->fieldCommitted(row); }})
+                  PortNameCell{
+                      .model = row->model(),
+                      .names = names,
+                      .onPick = [editing,
+                                 row](const std::string& name) { editing->pickName(row, name); }},
+                  View(ProtocolPortInputField{
+                           .titleKey = "",
+                           .placeholderKey = "Protocol Ports",
+                           .model = row->model(),
+                           .helperText = Binding<std::optional<std::string>>::constant(""),
+                           .disableAutocorrection = true,
+                           .borderStyle = RoundedBorderStyle::line,
+                           .lineLimit = 4,
+                           .onCommit = [editing, row] { editing->fieldCommitted(row); }})
                       .frame(FlexibleFrame{.minWidth = 120}),
-                  PortSourceCell{.model = row->model(),
-                                 .onPick = [editing, row](std::int64_t source) { editing->pickSource(row, source); }},
+                  PortSourceCell{
+                      .model = row->model(),
+                      .onPick = [editing,
+                                 row](std::int64_t source) { editing->pickSource(row, source); }},
               },
           .verticalPadding = points(Spacing::s4),
           .id = row->id().text()};
@@ -70,12 +75,12 @@ GridRow protocolRow(const PortsEditing::Row& row, const std::vector<std::string>
 }  // namespace
 
 View CompactPortsEditorView::body() const {
-  const auto editing =
-      std::make_shared<const PortsEditing>(ports, controller, Environment::current().defaultStore.get(),
-                                           PortsEditing::ViewState{.rows = rows.binding(),
-                                                                   .isShown = isShown.binding(),
-                                                                   .session = session.binding(),
-                                                                   .resetError = resetError.binding()});
+  const auto editing = std::make_shared<const PortsEditing>(
+      ports, controller, Environment::current().defaultStore.get(),
+      PortsEditing::ViewState{.rows = rows.binding(),
+                              .isShown = isShown.binding(),
+                              .session = session.binding(),
+                              .resetError = resetError.binding()});
 
   std::vector<GridRow> table{headerRow()};
   for (const PortsEditing::Row& row : rows.get()) {
@@ -98,7 +103,8 @@ View CompactPortsEditorView::body() const {
                            {
                                analyzerErrorText(resetError),
                                Spacer(),
-                               Button(localized("Reset"), "arrow.counterclockwise", [editing] { editing->reset(); })
+                               Button(localized("Reset"), "arrow.counterclockwise",
+                                      [editing] { editing->reset(); })
                                    .help(localized("Reset to default ports")),
                            }),
                 })

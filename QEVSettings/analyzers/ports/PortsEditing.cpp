@@ -27,9 +27,9 @@ using Protocol = std::shared_ptr<QEVNetworkProtocol>;
 
 // The record as the running analyzer knows it.
 Protocol snapshot(const QEVNetworkProtocol& protocol) {
-  return std::make_shared<QEVNetworkProtocol>(foundation::UUID::random(), protocol.lastRegisteredName(),
-                                              protocol.lastRegisteredPorts(), protocol.lastRegisteredSource(), "", "",
-                                              0);
+  return std::make_shared<QEVNetworkProtocol>(
+      foundation::UUID::random(), protocol.lastRegisteredName(), protocol.lastRegisteredPorts(),
+      protocol.lastRegisteredSource(), "", "", 0);
 }
 
 std::string joinedMessages(const std::vector<PortCorrection>& corrections) {
@@ -66,7 +66,10 @@ private:
 PortsEditing::PortsEditing(QEVDependencies::AnalyzerPortsSpec ports,
                            std::weak_ptr<QEVDependencies::QEVPortsPreferencesProtocol> controller,
                            PreferencesStore& defaults, ViewState state)
-    : ports_(std::move(ports)), controller_(std::move(controller)), defaults_(&defaults), state_(std::move(state)) {}
+    : ports_(std::move(ports)),
+      controller_(std::move(controller)),
+      defaults_(&defaults),
+      state_(std::move(state)) {}
 
 void PortsEditing::load() const {
   state_.isShown.set(true);
@@ -74,8 +77,8 @@ void PortsEditing::load() const {
   const auto session = std::make_shared<Session>();
   session->followed = defaults_->objectForKey(ports_.networkProtocolKey);
   state_.rows.set(portRows(store().decode(ports_.defaultPorts)));
-  session->storedListChanged =
-      defaults_->observe(ports_.networkProtocolKey, [self = *this](std::string_view) { self.follow(); });
+  session->storedListChanged = defaults_->observe(
+      ports_.networkProtocolKey, [self = *this](std::string_view) { self.follow(); });
   state_.session.set(session);
 }
 
@@ -84,7 +87,9 @@ void PortsEditing::pickName(const Row& row, const std::string& name) const {
     const Protocol& protocol = row->model();
     const Protocol old = snapshot(*protocol);
     protocol->protocolName = name;
-    if (attempt(protocol, [&] { replace(old, protocol, QEVNetworkProtocolProperty::protocolName); })) saveAndNotify();
+    if (attempt(protocol,
+                [&] { replace(old, protocol, QEVNetworkProtocolProperty::protocolName); }))
+      saveAndNotify();
   });
 }
 
@@ -93,7 +98,9 @@ void PortsEditing::pickSource(const Row& row, std::int64_t source) const {
     const Protocol& protocol = row->model();
     const Protocol old = snapshot(*protocol);
     protocol->sourceProtocol = source;
-    if (attempt(protocol, [&] { replace(old, protocol, QEVNetworkProtocolProperty::sourceProtocol); })) saveAndNotify();
+    if (attempt(protocol,
+                [&] { replace(old, protocol, QEVNetworkProtocolProperty::sourceProtocol); }))
+      saveAndNotify();
   });
 }
 
@@ -114,14 +121,16 @@ void PortsEditing::commitPorts(const Row& row) const {
   });
   if (!done) return;
   saveAndNotify();
-  showErrorState({.errorText = joinedMessages(result.corrections), .errorDetails = std::nullopt}, *protocol);
+  showErrorState({.errorText = joinedMessages(result.corrections), .errorDetails = std::nullopt},
+                 *protocol);
 }
 
 void PortsEditing::reset() const {
   act([this] {
     resetRows();
     std::optional<ErrorState> failure;
-    if (const auto controller = controller_.lock()) failure = failureOf([&] { controller->setDefaultSettings(true); });
+    if (const auto controller = controller_.lock())
+      failure = failureOf([&] { controller->setDefaultSettings(true); });
     state_.resetError.set(failure.value_or(ErrorState{}));
     state_.rows.set(portRows(ports_.defaultPorts));
     saveAndNotify();
@@ -135,8 +144,9 @@ void PortsEditing::resetRows() const {
     if (protocol->protocolPorts.get().empty()) continue;
     const Protocol factory = factoryRecord(protocol->protocolName);
     if (!factory || !controller) continue;
-    attempt(protocol,
-            [&] { controller->replaceProtoocol(protocol, factory, QEVNetworkProtocolProperty::protocolPorts); });
+    attempt(protocol, [&] {
+      controller->replaceProtoocol(protocol, factory, QEVNetworkProtocolProperty::protocolPorts);
+    });
   }
 }
 
@@ -145,8 +155,8 @@ void PortsEditing::flush() const {
     const QEVNetworkProtocolList stored = store().decode(ports_.defaultPorts);
     const Rows rows = state_.rows.get();
     for (std::size_t i = 0; i < rows.size(); ++i) {
-      const bool isStored =
-          i < stored.size() && stored[i]->protocolPorts.get() == rows[i]->model()->protocolPorts.get();
+      const bool isStored = i < stored.size() &&
+                            stored[i]->protocolPorts.get() == rows[i]->model()->protocolPorts.get();
       if (!isStored) commitPorts(rows[i]);
     }
     // The rows follow the store no longer.
@@ -187,16 +197,20 @@ void PortsEditing::actOn(const Row& row, const std::function<void()>& steps) con
   });
 }
 
-QEVModels::AnalyzerPortsStore PortsEditing::store() const { return {ports_.networkProtocolKey, *defaults_}; }
+QEVModels::AnalyzerPortsStore PortsEditing::store() const {
+  return {ports_.networkProtocolKey, *defaults_};
+}
 
 PortsEditing::Protocol PortsEditing::factoryRecord(const std::string& name) const {
-  const auto found =
-      std::ranges::find_if(ports_.defaultPorts, [&](const Protocol& each) { return each->protocolName.get() == name; });
+  const auto found = std::ranges::find_if(
+      ports_.defaultPorts, [&](const Protocol& each) { return each->protocolName.get() == name; });
   return found != ports_.defaultPorts.end() ? *found : nullptr;
 }
 
-void PortsEditing::replace(const Protocol& old, const Protocol& current, QEVNetworkProtocolProperty changed) const {
-  if (const auto controller = controller_.lock()) controller->replaceProtoocol(old, current, changed);
+void PortsEditing::replace(const Protocol& old, const Protocol& current,
+                           QEVNetworkProtocolProperty changed) const {
+  if (const auto controller = controller_.lock())
+    controller->replaceProtoocol(old, current, changed);
   // Somebody else may have stored a list while the analyzer was busy.
   if (const auto session = state_.session.get()) bringUpToDate(*session);
   current->reportRegistered(changed);

@@ -19,11 +19,12 @@
 namespace QEVSettings {
 
 // What a person's actions do to the protocols of one analyzer. The whole list is stored after every
-// change, the running analyzer hears of the change, and everyone else is notified. What goes wrong is
-// said on the row concerned and ends the action.
+// change, the running analyzer hears of the change, and everyone else is notified. What goes wrong
+// is said on the row concerned and ends the action.
 //
-// From the load to the flush the rows follow the stored list: what another window or process stores is shown, and an
-// action begins with the list as it is stored then. The writes of an action itself are followed when it is over.
+// From the load to the flush the rows follow the stored list: what another window or process stores
+// is shown, and an action begins with the list as it is stored then. The writes of an action itself
+// are followed when it is over.
 class PortsEditing {
 public:
   using Row = PortRow;
@@ -47,15 +48,17 @@ public:
     viewkit::Binding<QEVDependencies::ErrorState> resetError;
   };
 
-  // The store outlives the editing. Without a controller, or when it is gone, only its calls are left out.
+  // The store outlives the editing. Without a controller, or when it is gone, only its calls are
+  // left out.
   PortsEditing(QEVDependencies::AnalyzerPortsSpec ports,
-               std::weak_ptr<QEVDependencies::QEVPortsPreferencesProtocol> controller, PreferencesStore& defaults,
-               ViewState state);
+               std::weak_ptr<QEVDependencies::QEVPortsPreferencesProtocol> controller,
+               PreferencesStore& defaults, ViewState state);
 
   void load() const;
   void pickName(const Row& row, const std::string& name) const;
   void pickSource(const Row& row, std::int64_t source) const;
-  // A field that is being edited when it goes away says so after the flush, which has committed it then.
+  // A field that is being edited when it goes away says so after the flush, which has committed it
+  // then.
   void fieldCommitted(const Row& row) const;
   // Back to the factory list.
   void reset() const;
@@ -73,7 +76,8 @@ private:
   void commitPorts(const Row& row) const;
   void resetRows() const;
   Protocol factoryRecord(const std::string& name) const;
-  void replace(const Protocol& old, const Protocol& current, QEVDependencies::QEVNetworkProtocolProperty changed) const;
+  void replace(const Protocol& old, const Protocol& current,
+               QEVDependencies::QEVNetworkProtocolProperty changed) const;
   void saveAndNotify() const;
 
   QEVDependencies::AnalyzerPortsSpec ports_;

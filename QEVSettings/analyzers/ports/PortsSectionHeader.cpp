@@ -5,7 +5,8 @@
 namespace QEVSettings {
 
 viewkit::View PortsSectionHeader::body() const {
-  return SettingsSectionHeader{.titleKey = "Ports", .systemImage = "app.connected.to.app.below.fill"};
+  return SettingsSectionHeader{.titleKey = "Ports",
+                               .systemImage = "app.connected.to.app.below.fill"};
 }
 
 }  // namespace QEVSettings

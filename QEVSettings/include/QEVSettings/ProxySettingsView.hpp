@@ -9,8 +9,8 @@
 
 namespace QEVSettings {
 
-// The page of the interception proxy, for the host to hand to QEVSettingsView: a title and the form of
-// the host's own service, which is observed and shared, never null. Main thread.
+// The page of the interception proxy, for the host to hand to QEVSettingsView: a title and the form
+// of the host's own service, which is observed and shared, never null. Main thread.
 class ProxySettingsView {
 public:
   explicit ProxySettingsView(std::shared_ptr<QEVDependencies::ProxyServiceProtocol> service)

@@ -22,8 +22,9 @@ public:
   static constexpr std::string_view schemaVersionKey = kPrefsSchemaVersion.name;
   static constexpr std::int64_t currentSchemaVersion = 2;
 
-  // To be called at launch, on the main thread, before anything reads colours or protocol lists. A store of
-  // the current schema, or of a later one, is left alone. Never fails; says in the log what it rewrote.
+  // To be called at launch, on the main thread, before anything reads colours or protocol lists. A
+  // store of the current schema, or of a later one, is left alone. Never fails; says in the log
+  // what it rewrote.
   static void migrateIfNeeded(PreferencesStore& defaults);
 
 private:

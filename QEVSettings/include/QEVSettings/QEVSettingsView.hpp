@@ -26,7 +26,8 @@ namespace QEVSettings {
 //
 // Needs the module's string tables: the process stops where they are not installed. Main thread.
 //
-//     View content = QEVSettingsView(updater, delegate, captureModel, QEVSettingsView::Tabs::general,
+//     View content = QEVSettingsView(updater, delegate, captureModel,
+//     QEVSettingsView::Tabs::general,
 //                                    ProxySettingsView(proxyService));
 class QEVSettingsView {
 public:
@@ -39,8 +40,8 @@ public:
   // page.
   QEVSettingsView(std::shared_ptr<UpdaterViewModel> updater,
                   std::shared_ptr<QEVDependencies::QEVAppDelegateProvider> appDelegate,
-                  std::shared_ptr<QEVCoreComponents::QEVCaptureViewModel> captureViewModel, Tabs selectedTab,
-                  std::optional<viewkit::View> proxyTab);
+                  std::shared_ptr<QEVCoreComponents::QEVCaptureViewModel> captureViewModel,
+                  Tabs selectedTab, std::optional<viewkit::View> proxyTab);
 
   viewkit::View body() const;
 

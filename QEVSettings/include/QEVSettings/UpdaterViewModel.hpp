@@ -11,12 +11,13 @@ namespace QEVSettings {
 
 // The settings of the software updater as values that views can show and edit.
 //
-// The host creates one before it opens the settings window, and keeps it as long as updates are to be looked
-// for: the updater starts with it, in the configuration that the host made the standard. Main thread.
+// The host creates one before it opens the settings window, and keeps it as long as updates are to
+// be looked for: the updater starts with it, in the configuration that the host made the standard.
+// Main thread.
 //
-// The published values follow the updater and are never written back to it by the model. A view that lets a
-// person change one of them hands the new value to `updaterController().updater()`, once, when the value
-// has changed.
+// The published values follow the updater and are never written back to it by the model. A view
+// that lets a person change one of them hands the new value to `updaterController().updater()`,
+// once, when the value has changed.
 class UpdaterViewModel final : public foundation::ObservableObject {
 public:
   UpdaterViewModel();
@@ -30,8 +31,8 @@ public:
   // Whether checks tell an anonymous system profile.
   foundation::Published<bool> sendSystemProfile{*this, false};
 
-  // Asks for a check on a later turn of the main queue, and returns at once. Nothing comes of it when
-  // the model is gone by then.
+  // Asks for a check on a later turn of the main queue, and returns at once. Nothing comes of it
+  // when the model is gone by then.
   void checkForUpdates();
 
 private:

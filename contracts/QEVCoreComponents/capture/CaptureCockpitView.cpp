@@ -45,13 +45,15 @@ using NumberSetter = void (QEVCaptureViewModel::*)(std::int64_t);
 std::vector<NetworkInterface> listedInterfaces(const QEVCaptureViewModel& model) {
   std::vector<NetworkInterface> interfaces = model.interfaces();
   const std::string chosen = model.interfaceName();
-  if (!chosen.empty() && std::ranges::find(interfaces, chosen, &NetworkInterface::name) == interfaces.end()) {
+  if (!chosen.empty() &&
+      std::ranges::find(interfaces, chosen, &NetworkInterface::name) == interfaces.end()) {
     interfaces.push_back({.name = chosen, .addresses = {}, .isUp = false});
   }
   return interfaces;
 }
 
-std::string effectiveInterface(const QEVCaptureViewModel& model, const std::vector<NetworkInterface>& interfaces) {
+std::string effectiveInterface(const QEVCaptureViewModel& model,
+                               const std::vector<NetworkInterface>& interfaces) {
   if (std::string chosen = model.interfaceName(); !chosen.empty()) return chosen;
   const auto up = std::ranges::find(interfaces, true, &NetworkInterface::isUp);
   return up != interfaces.end() ? up->name : "";
@@ -73,18 +75,23 @@ View interfaceRow(const NetworkInterface& interface, bool isSelected, const Mode
   const Color text = isSelected ? Color::selectedText() : Color::primary();
   const Color detail = isSelected ? Color::selectedText() : Color::secondary();
 
-  const View content =
-      HStack({.spacing = points(Spacing::s6)},
-             {
-                 Text(interface.name).foreground(text).fixedSize(),
-                 Text(listed(interface.addresses)).font(Font::callout()).foreground(detail).lineLimit(1),
-                 Spacer(0),
-                 Text(localized(interface.isUp ? "up" : "down")).font(Font::callout()).foreground(detail).fixedSize(),
-             })
-          .padding(Edges::vertical, points(Spacing::s3))
-          .padding(Edges::horizontal, points(Spacing::s5))
-          .background(isSelected ? Color::accent() : klear())
-          .clipped(kCornerMed);
+  const View content = HStack({.spacing = points(Spacing::s6)},
+                              {
+                                  Text(interface.name).foreground(text).fixedSize(),
+                                  Text(listed(interface.addresses))
+                                      .font(Font::callout())
+                                      .foreground(detail)
+                                      .lineLimit(1),
+                                  Spacer(0),
+                                  Text(localized(interface.isUp ? "up" : "down"))
+                                      .font(Font::callout())
+                                      .foreground(detail)
+                                      .fixedSize(),
+                              })
+                           .padding(Edges::vertical, points(Spacing::s3))
+                           .padding(Edges::horizontal, points(Spacing::s5))
+                           .background(isSelected ? Color::accent() : klear())
+                           .clipped(kCornerMed);
 
   return PlainButton(content, [model, name = interface.name] { model->setInterfaceName(name); })
       .accessibilityRole(Role::listItem)
@@ -99,8 +106,8 @@ GridRow optionRow(const std::string& label, const View& control) {
 }
 
 // Takes a number over that lies in its range.
-std::optional<std::string> setNumber(std::string_view text, const NumberRange& range, const Model& model,
-                                     NumberSetter setter) {
+std::optional<std::string> setNumber(std::string_view text, const NumberRange& range,
+                                     const Model& model, NumberSetter setter) {
   const std::string_view digits = trimmed(text);
   std::int64_t number = 0;
   const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
@@ -112,12 +119,13 @@ std::optional<std::string> setNumber(std::string_view text, const NumberRange& r
   return std::nullopt;
 }
 
-View numberField(const std::string& label, const NumberRange& range, const Model& model, NumberGetter getter,
-                 NumberSetter setter) {
-  return CheckedTextField{.label = label,
-                          .value = std::to_string(((*model).*getter)()),
-                          .commit = [=](std::string_view text) { return setNumber(text, range, model, setter); },
-                          .width = kNumberWidth};
+View numberField(const std::string& label, const NumberRange& range, const Model& model,
+                 NumberGetter getter, NumberSetter setter) {
+  return CheckedTextField{
+      .label = label,
+      .value = std::to_string(((*model).*getter)()),
+      .commit = [=](std::string_view text) { return setNumber(text, range, model, setter); },
+      .width = kNumberWidth};
 }
 
 std::optional<std::string> setFilter(std::string_view text, const Model& model) {
@@ -142,7 +150,9 @@ Binding<bool> switchBinding(const Model& model, bool (QEVCaptureViewModel::*gett
 View CaptureCockpitView::body() const {
   return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s6)},
                 {
-                    Text(localized("Capture on")).font(Font::body().semibold()).accessibilityRole(Role::heading),
+                    Text(localized("Capture on"))
+                        .font(Font::body().semibold())
+                        .accessibilityRole(Role::heading),
                     interfaceList(),
                     options(),
                 });
@@ -153,19 +163,22 @@ View CaptureCockpitView::interfaceList() const {
   const std::vector<NetworkInterface> interfaces = listedInterfaces(*model);
   const std::string effective = effectiveInterface(*model, interfaces);
   const auto name = [](const NetworkInterface& each) { return each.name; };
-  const auto row = [&](const NetworkInterface& each) { return interfaceRow(each, each.name == effective, model); };
+  const auto row = [&](const NetworkInterface& each) {
+    return interfaceRow(each, each.name == effective, model);
+  };
 
   return cornerRadius(
       ScrollView(
-          {}, VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s0)},
-                     {
-                         interfaces.empty()
-                             ? Text(localized("This machine has no network interface")).foreground(Color::secondary())
-                             : View(),
-                         forEach(interfaces, name, row),
-                     })
-                  .padding(points(Spacing::s3))
-                  .accessibilityRole(Role::list))
+          {},
+          VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s0)},
+                 {
+                     interfaces.empty() ? Text(localized("This machine has no network interface"))
+                                              .foreground(Color::secondary())
+                                        : View(),
+                     forEach(interfaces, name, row),
+                 })
+              .padding(points(Spacing::s3))
+              .accessibilityRole(Role::list))
           .frame(FixedFrame{.height = kListHeight})
           .background(Color::controlBackground()),
       kCornerLow, RectCorner::allCorners);
@@ -194,23 +207,29 @@ View CaptureCockpitView::options() const {
                                      .accessibilityLabel(promiscuous)),
           optionRow(snapshotLength,
                     numberField(snapshotLength, QEVCaptureViewModel::kSnapshotLength, model,
-                                &QEVCaptureViewModel::snapshotLength, &QEVCaptureViewModel::setSnapshotLength)),
+                                &QEVCaptureViewModel::snapshotLength,
+                                &QEVCaptureViewModel::setSnapshotLength)),
           optionRow(bufferSize, numberField(bufferSize, QEVCaptureViewModel::kBufferSize, model,
-                                            &QEVCaptureViewModel::bufferSize, &QEVCaptureViewModel::setBufferSize)),
-          optionRow(filter,
-                    CheckedTextField{.label = filter,
-                                     .placeholder = localized("all packets"),
-                                     .value = model->captureFilter(),
-                                     .commit = [model](std::string_view text) { return setFilter(text, model); }}),
+                                            &QEVCaptureViewModel::bufferSize,
+                                            &QEVCaptureViewModel::setBufferSize)),
+          optionRow(filter, CheckedTextField{.label = filter,
+                                             .placeholder = localized("all packets"),
+                                             .value = model->captureFilter(),
+                                             .commit =
+                                                 [model](std::string_view text) {
+                                                   return setFilter(text, model);
+                                                 }}),
           optionRow(ring, Toggle(switchBinding(model, &QEVCaptureViewModel::usesRingOfFiles,
                                                &QEVCaptureViewModel::setUsesRingOfFiles),
                                  ToggleControl::Size::small)
                               .accessibilityLabel(ring)),
           optionRow(fileCount, numberField(fileCount, QEVCaptureViewModel::kRingFileCount, model,
-                                           &QEVCaptureViewModel::ringFileCount, &QEVCaptureViewModel::setRingFileCount)
+                                           &QEVCaptureViewModel::ringFileCount,
+                                           &QEVCaptureViewModel::setRingFileCount)
                                    .disabled(!usesRing)),
           optionRow(fileSize, numberField(fileSize, QEVCaptureViewModel::kRingFileSize, model,
-                                          &QEVCaptureViewModel::ringFileSize, &QEVCaptureViewModel::setRingFileSize)
+                                          &QEVCaptureViewModel::ringFileSize,
+                                          &QEVCaptureViewModel::setRingFileSize)
                                   .disabled(!usesRing)),
       });
 }

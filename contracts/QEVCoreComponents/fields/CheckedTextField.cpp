@@ -15,24 +15,26 @@ using QEVCommonTools::Spacing;
 
 View CheckedTextField::body() const {
   const std::string& wrong = problem;
-  const Binding<std::string> text{[shown = draft.get().value_or(value)] { return shown; },
-                                  [self = *this](std::string typed) { self.draft.set(std::move(typed)); }};
+  const Binding<std::string> text{
+      [shown = draft.get().value_or(value)] { return shown; },
+      [self = *this](std::string typed) { self.draft.set(std::move(typed)); }};
 
-  return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s1)},
-                {
-                    TextField({.placeholder = placeholder,
-                               .problem = wrong,
-                               .revert = [self = *this](const std::string&) { self.discardDraft(); }},
-                              text, [self = *this] { self.commitDraft(); })
-                        .accessibilityLabel(label)
-                        .frame(FlexibleFrame{.maxWidth = width}),
-                    wrong.empty() ? View()
-                                  : Text(wrong)
-                                        .font(Font::caption())
-                                        .foreground(Color::systemRed())
-                                        .accessibilityRole(Role::alert)
-                                        .fixedSize(false, true),
-                });
+  return VStack(
+      {.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s1)},
+      {
+          TextField({.placeholder = placeholder,
+                     .problem = wrong,
+                     .revert = [self = *this](const std::string&) { self.discardDraft(); }},
+                    text, [self = *this] { self.commitDraft(); })
+              .accessibilityLabel(label)
+              .frame(FlexibleFrame{.maxWidth = width}),
+          wrong.empty() ? View()
+                        : Text(wrong)
+                              .font(Font::caption())
+                              .foreground(Color::systemRed())
+                              .accessibilityRole(Role::alert)
+                              .fixedSize(false, true),
+      });
 }
 
 void CheckedTextField::commitDraft() const {

@@ -10,8 +10,8 @@
 
 namespace QEVCoreComponents {
 
-// A text field for a value that has rules. The text stays as it is typed until it is committed; what is
-// wrong with it then is said under the field, and the value in effect stays as it was.
+// A text field for a value that has rules. The text stays as it is typed until it is committed;
+// what is wrong with it then is said under the field, and the value in effect stays as it was.
 struct CheckedTextField {
   // What the field is for, to assistive technology.
   std::string label;

@@ -34,7 +34,9 @@ std::string textOf(const ErrorState& state) {
 }
 
 // Corrections are told without an error: what remained of the text was stored.
-bool isRefused(const ErrorState& state) { return state.errorDetails || state.errorText == kErrorTitle; }
+bool isRefused(const ErrorState& state) {
+  return state.errorDetails || state.errorText == kErrorTitle;
+}
 
 struct ErrorText {
   ObservedObject<ErrorViewModel> model;
@@ -55,13 +57,15 @@ struct ErrorText {
 View ProtocolPortInputField::body() const {
   const std::string helper = helperText.get().value_or("");
 
-  return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s1)},
-                {
-                    titleKey.empty() ? View() : Text(localized(titleKey)).font(Font::caption()),
-                    field(),
-                    helper.empty() ? View() : Text(helper).font(Font::caption()).foreground(Color::secondary()),
-                    ErrorText{.model = model->errorModel()},
-                });
+  return VStack(
+      {.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s1)},
+      {
+          titleKey.empty() ? View() : Text(localized(titleKey)).font(Font::caption()),
+          field(),
+          helper.empty() ? View()
+                         : Text(helper).font(Font::caption()).foreground(Color::secondary()),
+          ErrorText{.model = model->errorModel()},
+      });
 }
 
 View ProtocolPortInputField::field() const {
@@ -82,13 +86,14 @@ View ProtocolPortInputField::field() const {
     protocol->errorModel()->errorState = {};
   };
 
-  return roundedBorder(TextField({.placeholder = placeholder,
-                                  .lineLimit = lineLimit,
-                                  .problem = isWrong ? textOf(state) : "",
-                                  .revert = revert},
-                                 ports, onCommit)
-                           .accessibilityLabel(titleKey.empty() ? placeholder : localized(titleKey)),
-                       borderStyle, kCornerMed, isWrong ? Color::systemRed() : klear(), 1);
+  return roundedBorder(
+      TextField({.placeholder = placeholder,
+                 .lineLimit = lineLimit,
+                 .problem = isWrong ? textOf(state) : "",
+                 .revert = revert},
+                ports, onCommit)
+          .accessibilityLabel(titleKey.empty() ? placeholder : localized(titleKey)),
+      borderStyle, kCornerMed, isWrong ? Color::systemRed() : klear(), 1);
 }
 
 }  // namespace QEVCoreComponents

@@ -36,14 +36,16 @@ constexpr std::uint16_t kUsualProxyPort = 8080;
 using Service = std::shared_ptr<ProxyServiceProtocol>;
 using TakeAddress = std::function<void(ProxyAddress)>;
 
-std::optional<std::string> takeHost(std::string_view text, std::uint16_t port, const TakeAddress& take) {
+std::optional<std::string> takeHost(std::string_view text, std::uint16_t port,
+                                    const TakeAddress& take) {
   const auto host = QEVDependencies::validatedProxyHost(text);
   if (!host) return localized(host.error().message);
   take({.host = *host, .port = port});
   return std::nullopt;
 }
 
-std::optional<std::string> takePort(std::string_view text, const std::string& host, const TakeAddress& take) {
+std::optional<std::string> takePort(std::string_view text, const std::string& host,
+                                    const TakeAddress& take) {
   const auto port = QEVDependencies::validatedProxyPort(text);
   if (!port) return localized(port.error().message);
   take({.host = host, .port = *port});
@@ -60,18 +62,24 @@ View addressFields(const View& host, const View& port) {
 
 View listeningAddress(const Service& service) {
   const ProxyAddress address = service->listeningAddress();
-  const TakeAddress take = [service](ProxyAddress taken) { service->setListeningAddress(std::move(taken)); };
+  const TakeAddress take = [service](ProxyAddress taken) {
+    service->setListeningAddress(std::move(taken));
+  };
 
   return addressFields(
-      CheckedTextField{
-          .label = localized("Listening address"),
-          .value = address.host,
-          .commit = [=](std::string_view text) { return takeHost(text, service->listeningAddress().port, take); }},
-      CheckedTextField{
-          .label = localized("Listening port"),
-          .value = std::to_string(address.port),
-          .commit = [=](std::string_view text) { return takePort(text, service->listeningAddress().host, take); },
-          .width = kPortWidth});
+      CheckedTextField{.label = localized("Listening address"),
+                       .value = address.host,
+                       .commit =
+                           [=](std::string_view text) {
+                             return takeHost(text, service->listeningAddress().port, take);
+                           }},
+      CheckedTextField{.label = localized("Listening port"),
+                       .value = std::to_string(address.port),
+                       .commit =
+                           [=](std::string_view text) {
+                             return takePort(text, service->listeningAddress().host, take);
+                           },
+                       .width = kPortWidth});
 }
 
 View upstream(const Service& service) {
@@ -79,7 +87,9 @@ View upstream(const Service& service) {
   const auto known = [service] {
     return service->upstream().value_or(ProxyAddress{.host = "", .port = kUsualProxyPort});
   };
-  const TakeAddress take = [service](ProxyAddress taken) { service->setUpstream(std::move(taken)); };
+  const TakeAddress take = [service](ProxyAddress taken) {
+    service->setUpstream(std::move(taken));
+  };
   const auto takeOrClear = [=](std::string_view text) -> std::optional<std::string> {
     if (!trimmed(text).empty()) return takeHost(text, known().port, take);
     service->setUpstream(std::nullopt);
@@ -91,16 +101,20 @@ View upstream(const Service& service) {
                        .placeholder = localized("none"),
                        .value = known().host,
                        .commit = takeOrClear},
-      View(CheckedTextField{.label = localized("Upstream port"),
-                            .value = address ? std::to_string(address->port) : "",
-                            .commit = [=](std::string_view text) { return takePort(text, known().host, take); },
-                            .width = kPortWidth})
+      View(CheckedTextField{
+               .label = localized("Upstream port"),
+               .value = address ? std::to_string(address->port) : "",
+               .commit = [=](std::string_view text) { return takePort(text, known().host, take); },
+               .width = kPortWidth})
           .disabled(!address));
 }
 
 View problemText(const std::string& problem) {
   if (problem.empty()) return View();
-  return Text(problem).font(Font::caption()).foreground(Color::systemRed()).accessibilityRole(Role::alert);
+  return Text(problem)
+      .font(Font::caption())
+      .foreground(Color::systemRed())
+      .accessibilityRole(Role::alert);
 }
 
 View certificate(const std::string& path) {
@@ -127,31 +141,33 @@ View ProxySetupForm::body() const {
   const std::string enabled = localized("Proxy");
   const std::string intercepts = localized("Intercept TLS");
 
-  return Grid({.horizontalAlignment = HorizontalAlignment::leading,
-               .verticalAlignment = VerticalAlignment::firstTextBaseline,
-               .horizontalSpacing = points(Spacing::s7),
-               .verticalSpacing = points(Spacing::s5)},
-              {
-                  formRow(enabled, HStack({.spacing = points(Spacing::s6)},
-                                          {
-                                              Toggle({[proxy] { return proxy->isEnabled(); },
-                                                      [proxy](bool isOn) { proxy->setEnabled(isOn); }},
-                                                     ToggleControl::Size::small)
-                                                  .accessibilityLabel(enabled),
-                                              problemText(proxy->problem()),
-                                              Spacer(0),
-                                          })),
-                  formRow(localized("Listening address"), listeningAddress(proxy)),
-                  formRow(localized("Upstream proxy"), upstream(proxy)),
-                  formRow(intercepts, HStack({.spacing = points(Spacing::s6)},
-                                             {
-                                                 Toggle({[proxy] { return proxy->interceptsTLS(); },
-                                                         [proxy](bool isOn) { proxy->setInterceptsTLS(isOn); }},
-                                                        ToggleControl::Size::small)
-                                                     .accessibilityLabel(intercepts),
-                                                 certificate(proxy->certificatePath()),
-                                             })),
-              });
+  return Grid(
+      {.horizontalAlignment = HorizontalAlignment::leading,
+       .verticalAlignment = VerticalAlignment::firstTextBaseline,
+       .horizontalSpacing = points(Spacing::s7),
+       .verticalSpacing = points(Spacing::s5)},
+      {
+          formRow(enabled, HStack({.spacing = points(Spacing::s6)},
+                                  {
+                                      Toggle({[proxy] { return proxy->isEnabled(); },
+                                              [proxy](bool isOn) { proxy->setEnabled(isOn); }},
+                                             ToggleControl::Size::small)
+                                          .accessibilityLabel(enabled),
+                                      problemText(proxy->problem()),
+                                      Spacer(0),
+                                  })),
+          formRow(localized("Listening address"), listeningAddress(proxy)),
+          formRow(localized("Upstream proxy"), upstream(proxy)),
+          formRow(intercepts,
+                  HStack({.spacing = points(Spacing::s6)},
+                         {
+                             Toggle({[proxy] { return proxy->interceptsTLS(); },
+                                     [proxy](bool isOn) { proxy->setInterceptsTLS(isOn); }},
+                                    ToggleControl::Size::small)
+                                 .accessibilityLabel(intercepts),
+                             certificate(proxy->certificatePath()),
+                         })),
+      });
 }
 
 }  // namespace QEVCoreComponents

@@ -44,7 +44,8 @@ bool MainQueue::wait(std::chrono::milliseconds longest) {
   const auto due = nextRepeat();
   std::unique_lock lock(mutex_);
   const auto until = std::min(due, Clock::now() + longest);
-  return arrived_.wait_until(lock, until, [this] { return !pending_.empty(); }) || Clock::now() >= due;
+  return arrived_.wait_until(lock, until, [this] { return !pending_.empty(); }) ||
+         Clock::now() >= due;
 }
 
 void MainQueue::setWaker(std::function<void()> waker) {
@@ -60,8 +61,9 @@ void MainQueue::setWaker(std::function<void()> waker) {
 
 QEVSettings::Subscription MainQueue::repeat(std::chrono::milliseconds interval, Work work) {
   const std::uint64_t id = nextRepeated_++;
-  repeated_[id] = {
-      .interval = interval, .due = Clock::now() + interval, .work = std::make_shared<const Work>(std::move(work))};
+  repeated_[id] = {.interval = interval,
+                   .due = Clock::now() + interval,
+                   .work = std::make_shared<const Work>(std::move(work))};
   return QEVSettings::Subscription([this, id] { repeated_.erase(id); });
 }
 

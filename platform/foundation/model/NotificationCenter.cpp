@@ -11,7 +11,8 @@ NotificationCenter& NotificationCenter::defaultCenter() {
 
 Subscription NotificationCenter::observe(std::string_view name, Observer observer) {
   const auto found = byName_.try_emplace(std::string(name)).first;
-  return found->second.subscribe([observer = std::move(observer), name = std::string(name)] { observer(name); });
+  return found->second.subscribe(
+      [observer = std::move(observer), name = std::string(name)] { observer(name); });
 }
 
 void NotificationCenter::post(std::string_view name) {

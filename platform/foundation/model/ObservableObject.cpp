@@ -14,8 +14,8 @@ Subscription Announcer::subscribe(Listener listener) {
 
 void Announcer::announce() const {
   const auto listeners = listeners_;
-  const std::vector<std::pair<std::uint64_t, std::shared_ptr<const Listener>>> told(listeners->byOrder.begin(),
-                                                                                    listeners->byOrder.end());
+  const std::vector<std::pair<std::uint64_t, std::shared_ptr<const Listener>>> told(
+      listeners->byOrder.begin(), listeners->byOrder.end());
   for (const auto& [id, listener] : told) {
     if (listeners->byOrder.contains(id)) (*listener)();
   }

@@ -60,7 +60,9 @@ std::optional<PreferenceCell> PreferenceCell::ofValue(const std::optional<Prefer
   };
   switch (value->type()) {
     case PreferenceValue::Type::integer: cell.contents_ = *value->asInteger(); break;
-    case PreferenceValue::Type::boolean: cell.contents_ = std::int64_t{*value->asBoolean() ? 1 : 0}; break;
+    case PreferenceValue::Type::boolean:
+      cell.contents_ = std::int64_t{*value->asBoolean() ? 1 : 0};
+      break;
     case PreferenceValue::Type::real: real(*value->asReal()); break;
     case PreferenceValue::Type::date: real(value->asDate()->time_since_epoch().count()); break;
     case PreferenceValue::Type::data: cell.contents_ = Bytes(*value->asData()); break;
@@ -82,14 +84,18 @@ std::optional<PreferenceCell> PreferenceCell::ofValue(const std::optional<Prefer
 
 PreferenceCell PreferenceCell::ofColumns(sqlite3_stmt* row, int typeColumn, int valueColumn) {
   PreferenceCell cell;
-  if (sqlite3_column_type(row, typeColumn) == SQLITE_INTEGER) cell.type_ = sqlite3_column_int64(row, typeColumn);
+  if (sqlite3_column_type(row, typeColumn) == SQLITE_INTEGER)
+    cell.type_ = sqlite3_column_int64(row, typeColumn);
   switch (sqlite3_column_type(row, valueColumn)) {
-    case SQLITE_INTEGER: cell.contents_ = std::int64_t{sqlite3_column_int64(row, valueColumn)}; break;
+    case SQLITE_INTEGER:
+      cell.contents_ = std::int64_t{sqlite3_column_int64(row, valueColumn)};
+      break;
     case SQLITE_FLOAT: cell.contents_ = sqlite3_column_double(row, valueColumn); break;
     case SQLITE_TEXT:
     case SQLITE_BLOB: {
       const auto* bytes = static_cast<const std::uint8_t*>(sqlite3_column_blob(row, valueColumn));
-      cell.contents_ = Bytes(bytes, static_cast<std::size_t>(sqlite3_column_bytes(row, valueColumn)));
+      cell.contents_ =
+          Bytes(bytes, static_cast<std::size_t>(sqlite3_column_bytes(row, valueColumn)));
       break;
     }
     default: break;
@@ -97,7 +103,8 @@ PreferenceCell PreferenceCell::ofColumns(sqlite3_stmt* row, int typeColumn, int 
   return cell;
 }
 
-std::optional<PreferenceCell> PreferenceCell::ofRecord(const DatabaseValue& type, const DatabaseValue& value) {
+std::optional<PreferenceCell> PreferenceCell::ofRecord(const DatabaseValue& type,
+                                                       const DatabaseValue& value) {
   const auto* number = std::get_if<std::int64_t>(&type);
   if (number == nullptr && !std::holds_alternative<std::monostate>(type)) return std::nullopt;
   PreferenceCell cell;
@@ -130,7 +137,8 @@ void PreferenceCell::bind(sqlite3_stmt* statement, int typeParameter, int valueP
     // A null pointer would bind NULL, and what is empty may have one.
     const auto* start = bytes->empty() ? "" : reinterpret_cast<const char*>(bytes->data());
     if (isText_) {
-      sqlite3_bind_text64(statement, valueParameter, start, bytes->size(), SQLITE_STATIC, SQLITE_UTF8);
+      sqlite3_bind_text64(statement, valueParameter, start, bytes->size(), SQLITE_STATIC,
+                          SQLITE_UTF8);
     } else {
       sqlite3_bind_blob64(statement, valueParameter, start, bytes->size(), SQLITE_STATIC);
     }
@@ -149,7 +157,8 @@ std::optional<PreferenceValue> PreferenceCell::value() const {
       return integer != nullptr ? std::optional<PreferenceValue>(*integer) : std::nullopt;
     case PreferenceValue::Type::boolean:
       return integer != nullptr ? std::optional<PreferenceValue>(*integer != 0) : std::nullopt;
-    case PreferenceValue::Type::real: return isReal ? std::optional<PreferenceValue>(number) : std::nullopt;
+    case PreferenceValue::Type::real:
+      return isReal ? std::optional<PreferenceValue>(number) : std::nullopt;
     case PreferenceValue::Type::date:
       if (!isReal) return std::nullopt;
       return PreferenceValue::Date(PreferenceValue::Date::duration(number));
@@ -162,7 +171,8 @@ std::optional<PreferenceValue> PreferenceCell::value() const {
     case PreferenceValue::Type::array:
     case PreferenceValue::Type::dictionary: {
       auto decoded = bytes != nullptr ? decodedPreference(*bytes) : std::nullopt;
-      const bool isOfTheColumnsType = decoded && static_cast<std::int64_t>(decoded->type()) == *type_;
+      const bool isOfTheColumnsType =
+          decoded && static_cast<std::int64_t>(decoded->type()) == *type_;
       return isOfTheColumnsType ? std::move(decoded) : std::nullopt;
     }
   }

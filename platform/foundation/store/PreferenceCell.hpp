@@ -17,16 +17,18 @@ namespace foundation {
 // A preference in the form in which its row holds it: a type and one of the database's own values.
 class PreferenceCell {
 public:
-  // The value, or a removed key, which has none. The cell refers to the value's text and bytes. Nothing
-  // for a value nested too deep.
-  static std::optional<PreferenceCell> ofValue(const std::optional<QEVSettings::PreferenceValue>& value);
+  // The value, or a removed key, which has none. The cell refers to the value's text and bytes.
+  // Nothing for a value nested too deep.
+  static std::optional<PreferenceCell> ofValue(
+      const std::optional<QEVSettings::PreferenceValue>& value);
 
   // The one in two columns of a row, until the statement moves on.
   static PreferenceCell ofColumns(sqlite3_stmt* row, int typeColumn, int valueColumn);
 
-  // The one in two columns of a row that was read without SQLite; nothing for a type that is none. The cell refers
-  // to the row's bytes.
-  static std::optional<PreferenceCell> ofRecord(const DatabaseValue& type, const DatabaseValue& value);
+  // The one in two columns of a row that was read without SQLite; nothing for a type that is none.
+  // The cell refers to the row's bytes.
+  static std::optional<PreferenceCell> ofRecord(const DatabaseValue& type,
+                                                const DatabaseValue& value);
 
   // Of the key, the type and the value.
   std::int64_t sum(std::string_view key) const;
@@ -44,7 +46,8 @@ private:
   std::optional<std::int64_t> type_;
   DatabaseValue contents_;
   bool isText_ = false;
-  std::vector<std::uint8_t> encoded_;  // what the contents refer to, when that is not the value itself
+  std::vector<std::uint8_t>
+      encoded_;  // what the contents refer to, when that is not the value itself
 };
 
 }  // namespace foundation

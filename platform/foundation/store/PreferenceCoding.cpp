@@ -19,10 +19,16 @@ public:
     if (depth > kMaximumPreferenceDepth) return false;
     bytes_.push_back(static_cast<std::uint8_t>(value.type()));
     switch (value.type()) {
-      case PreferenceValue::Type::integer: appendWord(static_cast<std::uint64_t>(*value.asInteger())); return true;
-      case PreferenceValue::Type::boolean: bytes_.push_back(*value.asBoolean() ? 1 : 0); return true;
+      case PreferenceValue::Type::integer:
+        appendWord(static_cast<std::uint64_t>(*value.asInteger()));
+        return true;
+      case PreferenceValue::Type::boolean:
+        bytes_.push_back(*value.asBoolean() ? 1 : 0);
+        return true;
       case PreferenceValue::Type::real: appendReal(*value.asReal()); return true;
-      case PreferenceValue::Type::date: appendReal(value.asDate()->time_since_epoch().count()); return true;
+      case PreferenceValue::Type::date:
+        appendReal(value.asDate()->time_since_epoch().count());
+        return true;
       case PreferenceValue::Type::string: appendBytes(*value.asString()); return true;
       case PreferenceValue::Type::data: appendBytes(*value.asData()); return true;
       case PreferenceValue::Type::array:
@@ -77,12 +83,15 @@ public:
       case PreferenceValue::Type::boolean:
         if (rest_.empty()) return std::nullopt;
         return PreferenceValue(bytes(1).front() != 0);
-      case PreferenceValue::Type::real: return made(word(), [](auto word) { return std::bit_cast<double>(word); });
+      case PreferenceValue::Type::real:
+        return made(word(), [](auto word) { return std::bit_cast<double>(word); });
       case PreferenceValue::Type::date:
         return made(word(), [](auto word) {
-          return PreferenceValue::Date(PreferenceValue::Date::duration(std::bit_cast<double>(word)));
+          return PreferenceValue::Date(
+              PreferenceValue::Date::duration(std::bit_cast<double>(word)));
         });
-      case PreferenceValue::Type::string: return made(text(), [](std::string text) { return text; });
+      case PreferenceValue::Type::string:
+        return made(text(), [](std::string text) { return text; });
       case PreferenceValue::Type::data:
         return made(run(), [](auto run) { return PreferenceValue::Bytes(run.begin(), run.end()); });
       case PreferenceValue::Type::array: return array(depth);
@@ -118,7 +127,8 @@ private:
     for (int shift = 0; shift < 63 && !rest_.empty(); shift += 7) {
       const std::uint8_t byte = bytes(1).front();
       count |= std::uint64_t{byte & 0x7FU} << shift;
-      if ((byte & 0x80) == 0) return count <= rest_.size() ? std::optional<std::size_t>(count) : std::nullopt;
+      if ((byte & 0x80) == 0)
+        return count <= rest_.size() ? std::optional<std::size_t>(count) : std::nullopt;
     }
     return std::nullopt;
   }

@@ -4,7 +4,8 @@
 
 namespace foundation {
 
-PreferenceObservers::Subscription PreferenceObservers::observe(std::string_view key, Observer observer) {
+PreferenceObservers::Subscription PreferenceObservers::observe(std::string_view key,
+                                                               Observer observer) {
   const std::uint64_t id = next_++;
   byKey_[std::string(key)].emplace(id, std::make_shared<const Observer>(std::move(observer)));
   return Subscription([weak = weak_from_this(), key = std::string(key), id] {

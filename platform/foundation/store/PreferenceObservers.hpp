@@ -11,8 +11,9 @@
 
 namespace foundation {
 
-// Who wants to hear of which key. An observer may subscribe, unsubscribe and write while it is told;
-// one that is added meanwhile is told from the next change on. Held by shared pointer. Main thread.
+// Who wants to hear of which key. An observer may subscribe, unsubscribe and write while it is
+// told; one that is added meanwhile is told from the next change on. Held by shared pointer. Main
+// thread.
 class PreferenceObservers : public std::enable_shared_from_this<PreferenceObservers> {
 public:
   using Observer = QEVSettings::PreferencesStore::Observer;

@@ -37,7 +37,8 @@ std::string textOfColumn(sqlite3_stmt* statement, int column) {
 }  // namespace
 
 PreferencesFile::~PreferencesFile() {
-  // The log of a file that was replaced says nothing about the file that is there now, and a damaged one is evidence.
+  // The log of a file that was replaced says nothing about the file that is there now, and a
+  // damaged one is evidence.
   if (database_ && !unchanging_ && !readOnly_ && (isDamaged() || isReplaced())) {
     sqlite3_db_config(database_.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
   }
@@ -45,7 +46,8 @@ PreferencesFile::~PreferencesFile() {
 
 Outcome PreferencesFile::open() {
   if (CommitStamp::isCutIndexInUse(path_)) {
-    return fail(State::unusable, StorageProblem::failing, path_.string() + " lost the index of its log; try again");
+    return fail(State::unusable, StorageProblem::failing,
+                path_.string() + " lost the index of its log; try again");
   }
   std::error_code error;
   const auto logBytes = std::filesystem::file_size(path_.string() + "-wal", error);
@@ -64,12 +66,14 @@ Outcome PreferencesFile::openSnapshot() {
   identity_.remember(path_);
   auto bytes = snapshotOfDatabase(path_);
   if (!bytes) {
-    return fail(State::unusable, StorageProblem::notWritable,
-                "cannot read " + path_.string() +
-                    " (no permission); allow access to it and to its folder, or choose another file");
+    return fail(
+        State::unusable, StorageProblem::notWritable,
+        "cannot read " + path_.string() +
+            " (no permission); allow access to it and to its folder, or choose another file");
   }
   sqlite3* opened = nullptr;
-  const int code = sqlite3_open_v2(":memory:", &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_MEMORY, nullptr);
+  const int code =
+      sqlite3_open_v2(":memory:", &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_MEMORY, nullptr);
   database_.reset(opened);
   auto* copy = static_cast<unsigned char*>(sqlite3_malloc64(bytes->size() + 1));
   if (code != SQLITE_OK || copy == nullptr) return failure("read");
@@ -77,15 +81,16 @@ Outcome PreferencesFile::openSnapshot() {
   const auto size = static_cast<sqlite3_int64>(bytes->size());
   bytes.reset();
   if (sqlite3_deserialize(opened, "main", copy, size, size,
-                          SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_READONLY) != SQLITE_OK) {
+                          SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_READONLY) !=
+      SQLITE_OK) {
     return failure("read");
   }
   if (auto outcome = identify(objectCount()); !outcome) return outcome;
   return prepareToRead();
 }
 
-// Waits for another process in small steps, so that several writers take turns, for a moment in all; when
-// that was in vain, not again before an operation succeeds.
+// Waits for another process in small steps, so that several writers take turns, for a moment in
+// all; when that was in vain, not again before an operation succeeds.
 int PreferencesFile::wait(void* self, int attempts) {
   auto& file = *static_cast<PreferencesFile*>(self);
   const auto now = std::chrono::steady_clock::now();
@@ -99,8 +104,8 @@ int PreferencesFile::wait(void* self, int attempts) {
 Outcome PreferencesFile::connect(bool forReading) {
   state_ = State::unusable;
   sqlite3* opened = nullptr;
-  const int flags = (forReading ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE) | SQLITE_OPEN_NOFOLLOW |
-                    SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX;
+  const int flags = (forReading ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE) |
+                    SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX;
   const int code = sqlite3_open_v2(path_.c_str(), &opened, flags, nullptr);
   database_.reset(opened);
   if (code != SQLITE_OK) return failure("open");
@@ -110,27 +115,32 @@ Outcome PreferencesFile::connect(bool forReading) {
   if (!objects) {
     // Where SQLite's companion files cannot be made, nobody can be writing either.
     const int problem = sqlite3_errcode(database_.get()) & 0xFF;
-    if (problem == SQLITE_CANTOPEN || problem == SQLITE_READONLY || problem == SQLITE_PERM) return openSnapshot();
+    if (problem == SQLITE_CANTOPEN || problem == SQLITE_READONLY || problem == SQLITE_PERM)
+      return openSnapshot();
   }
   if (auto outcome = identify(objects); !outcome) return outcome;
   return prepareToRead();
 }
 
-// A file that nobody knows before it is complete: there is nothing to return to, and nothing to sync
-// before its end.
+// A file that nobody knows before it is complete: there is nothing to return to, and nothing to
+// sync before its end.
 Outcome PreferencesFile::makeUnshared() {
   {
-    const FileDescriptor made(::open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+    const FileDescriptor made(
+        ::open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
     if (!made) {
-      return Error{"cannot create " + path_.string() + " (" + textOfError(errno) + "); allow writing to its folder"};
+      return Error{"cannot create " + path_.string() + " (" + textOfError(errno) +
+                   "); allow writing to its folder"};
     }
     ::fchmod(made.get(), 0600);
   }
   sqlite3* opened = nullptr;
-  const int code = sqlite3_open_v2(path_.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE, nullptr);
+  const int code = sqlite3_open_v2(path_.c_str(), &opened,
+                                   SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE, nullptr);
   database_.reset(opened);
   unchanging_ = true;
-  if (code != SQLITE_OK || !execute(database_, "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF")) {
+  if (code != SQLITE_OK ||
+      !execute(database_, "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF")) {
     return failure("open");
   }
   if (auto outcome = setUp(); !outcome) return outcome;
@@ -154,7 +164,9 @@ Outcome PreferencesFile::useWriteAheadLog() {
 // How many tables and the like the file has; opens it in truth.
 std::optional<std::int64_t> PreferencesFile::objectCount() {
   sqlite3_db_config(database_.get(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-  execute(database_, ("PRAGMA cell_size_check = ON; PRAGMA cache_size = " + std::to_string(kPagesToRead)).c_str());
+  execute(
+      database_,
+      ("PRAGMA cell_size_check = ON; PRAGMA cache_size = " + std::to_string(kPagesToRead)).c_str());
   return number("SELECT count(*) FROM sqlite_schema");
 }
 
@@ -165,7 +177,8 @@ Outcome PreferencesFile::identify(std::optional<std::int64_t> objects) {
   if (*objects > 0 && !isMarked) return damage();
   if (isMarked && number("PRAGMA user_version").value_or(0) > kFormatVersion) {
     return fail(State::unusable, StorageProblem::unusable,
-                path_.string() + " was written by a newer release; update this program, or choose another file");
+                path_.string() +
+                    " was written by a newer release; update this program, or choose another file");
   }
   // A store gets its table before it gets its name, unless somebody made an empty file for it.
   if (*objects == 0 && (readOnly_ || isMarked)) return damage();
@@ -173,7 +186,8 @@ Outcome PreferencesFile::identify(std::optional<std::int64_t> objects) {
     if (auto outcome = useWriteAheadLog(); !outcome) return outcome;
   }
   // A view of the table's name could have rows without end.
-  if (number("SELECT count(*) FROM sqlite_schema WHERE type NOT IN ('table', 'index')").value_or(0) > 0) {
+  if (number("SELECT count(*) FROM sqlite_schema WHERE type NOT IN ('table', 'index')")
+          .value_or(0) > 0) {
     return damage();
   }
   return *objects > 0 ? done() : setUp();
@@ -187,8 +201,9 @@ Outcome PreferencesFile::setUp() {
 }
 
 Outcome PreferencesFile::prepareToRead() {
-  select_ =
-      prepare(database_, "SELECT change, key, type, value, sum FROM preferences WHERE change > ?1 ORDER BY change");
+  select_ = prepare(
+      database_,
+      "SELECT change, key, type, value, sum FROM preferences WHERE change > ?1 ORDER BY change");
   if (!select_) {
     const bool isOtherTable = (sqlite3_errcode(database_.get()) & 0xFF) == SQLITE_ERROR;
     return isOtherTable ? Outcome(damage()) : failure("read");
@@ -199,50 +214,56 @@ Outcome PreferencesFile::prepareToRead() {
 
 Outcome PreferencesFile::prepareToWrite() {
   if (insert_) return done();
-  // Keeps the file consistent whatever happens; what makes a write outlive a power cut is `synchronize`.
+  // Keeps the file consistent whatever happens; what makes a write outlive a power cut is
+  // `synchronize`.
   if (usesLog_ && !execute(database_,
                            "PRAGMA synchronous = NORMAL; PRAGMA journal_size_limit = 4194304; "
                            "PRAGMA wal_autocheckpoint = 4000")) {
     return failure("write");
   }
   // Else a page that is given up would be written once more, with zeros.
-  execute(database_, ("PRAGMA secure_delete = FAST; PRAGMA cache_size = " + std::to_string(kPagesToWrite)).c_str());
+  execute(database_,
+          ("PRAGMA secure_delete = FAST; PRAGMA cache_size = " + std::to_string(kPagesToWrite))
+              .c_str());
   begin_ = prepare(database_, "BEGIN IMMEDIATE");
   commit_ = prepare(database_, "COMMIT");
   insert_ = prepare(database_, kInsertChange);
-  update_ = prepare(
-      database_, "UPDATE preferences SET change = ?1, type = ?3, value = ?4, sum = ?5 WHERE change = ?6 AND key = ?2");
+  update_ = prepare(database_,
+                    "UPDATE preferences SET change = ?1, type = ?3, value = ?4, sum = ?5 WHERE "
+                    "change = ?6 AND key = ?2");
   return begin_ && commit_ && insert_ && update_ ? done() : Outcome(failure("write"));
 }
 
-// In WAL mode every commit ends by rewriting a header in memory that all processes share. The last eight
-// of its first 48 bytes are a checksum of the others, among them a count of the commits: two looks
-// that find the same eight bytes have no commit between them.
+// In WAL mode every commit ends by rewriting a header in memory that all processes share. The last
+// eight of its first 48 bytes are a checksum of the others, among them a count of the commits: two
+// looks that find the same eight bytes have no commit between them.
 void PreferencesFile::findStamp() {
   constexpr int regionBytes = 32768;
   constexpr int stampOffset = 40;
   sqlite3_file* file = nullptr;
   volatile void* region = nullptr;
   if (unchanging_ ||
-      sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_FILE_POINTER, static_cast<void*>(&file)) !=
-          SQLITE_OK ||
+      sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_FILE_POINTER,
+                           static_cast<void*>(&file)) != SQLITE_OK ||
       file == nullptr || file->pMethods == nullptr || file->pMethods->iVersion < 2) {
     return;
   }
   if (readOnly_) {
     const Statement journal = prepare(database_, "PRAGMA journal_mode");
-    usesLog_ = journal && sqlite3_step(journal.get()) == SQLITE_ROW && textOfColumn(journal.get(), 0) == "wal";
+    usesLog_ = journal && sqlite3_step(journal.get()) == SQLITE_ROW &&
+               textOfColumn(journal.get(), 0) == "wal";
   }
   if (!usesLog_) return;
   file->pMethods->xShmMap(file, 0, regionBytes, 0, &region);
   if (region != nullptr) {
-    stamp_.attach(
-        path_, reinterpret_cast<std::uint64_t*>(const_cast<char*>(static_cast<volatile char*>(region)) + stampOffset));
+    stamp_.attach(path_, reinterpret_cast<std::uint64_t*>(
+                             const_cast<char*>(static_cast<volatile char*>(region)) + stampOffset));
   }
 }
 
-// SQLite drops what follows the first damaged place of a log without a word. A log that was longer before it was
-// opened than SQLite takes it to be has such a place, or holds what is left of an older log.
+// SQLite drops what follows the first damaged place of a log without a word. A log that was longer
+// before it was opened than SQLite takes it to be has such a place, or holds what is left of an
+// older log.
 Outcome PreferencesFile::checkLog(std::uintmax_t logBytes) {
   constexpr std::uintmax_t headerBytes = 32;
   constexpr std::uintmax_t frameBytes = 24 + kDatabasePageBytes;
@@ -290,16 +311,21 @@ Error PreferencesFile::failure(const char* what) {
     case SQLITE_CORRUPT: return damage();
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-      return fail(State::busy, StorageProblem::busy, begin + "another program holds it); end that program");
-    case SQLITE_FULL: return fail(State::unusable, StorageProblem::diskFull, begin + "the disk is full); make room");
+      return fail(State::busy, StorageProblem::busy,
+                  begin + "another program holds it); end that program");
+    case SQLITE_FULL:
+      return fail(State::unusable, StorageProblem::diskFull,
+                  begin + "the disk is full); make room");
     case SQLITE_CANTOPEN:
     case SQLITE_PERM:
     case SQLITE_READONLY:
-      return fail(State::unusable, StorageProblem::notWritable,
-                  begin + "no permission); allow access to it and to its folder, or choose another file");
+      return fail(
+          State::unusable, StorageProblem::notWritable,
+          begin + "no permission); allow access to it and to its folder, or choose another file");
     default:
       return fail(State::unusable, StorageProblem::failing,
-                  begin + sqlite3_errmsg(database_.get()) + "); check the disk and the folder, or choose another file");
+                  begin + sqlite3_errmsg(database_.get()) +
+                      "); check the disk and the folder, or choose another file");
   }
 }
 

@@ -38,13 +38,15 @@ std::optional<Error> PreferencesFile::refusalOf(const PreferenceChange& change) 
       bytes += encoded->size();
     }
   }
-  if (bytes > maximumRowBytes) return Error{"a value is larger than 999 MB; store it in a file of its own"};
+  if (bytes > maximumRowBytes)
+    return Error{"a value is larger than 999 MB; store it in a file of its own"};
   return std::nullopt;
 }
 
 Outcome PreferencesFile::readChanges(const Receiver& receive) {
   if (isIndexCut()) {
-    return fail(State::unusable, StorageProblem::failing, path_.string() + " lost the index of its log");
+    return fail(State::unusable, StorageProblem::failing,
+                path_.string() + " lost the index of its log");
   }
   const ResetAtEnd reset(select_.get());
   // Taken first: what is committed while this reads is looked for again.
@@ -87,10 +89,13 @@ Outcome PreferencesFile::readAll(const Receiver& receive) {
   return outcome;
 }
 
-Outcome PreferencesFile::write(std::span<PreferenceChange> changes, const Receiver& receive, const RowNumbers& rows) {
+Outcome PreferencesFile::write(std::span<PreferenceChange> changes, const Receiver& receive,
+                               const RowNumbers& rows) {
   if (readOnly_) {
-    return fail(State::unusable, StorageProblem::notWritable,
-                path_.string() + " cannot be written; allow writing to it and to its folder, or choose another file");
+    return fail(
+        State::unusable, StorageProblem::notWritable,
+        path_.string() +
+            " cannot be written; allow writing to it and to its folder, or choose another file");
   }
   if (auto outcome = prepareToWrite(); !outcome) return outcome;
   if (foundation::run(begin_) != SQLITE_DONE) return failure("write");
@@ -119,13 +124,15 @@ Outcome PreferencesFile::write(std::span<PreferenceChange> changes, const Receiv
   return succeed();
 }
 
-Outcome PreferencesFile::writeOne(PreferenceChange& change, std::int64_t& last, const RowNumbers& rows) {
+Outcome PreferencesFile::writeOne(PreferenceChange& change, std::int64_t& last,
+                                  const RowNumbers& rows) {
   auto outcome = replaceRow(change, last + 1, rows(change.key));
   if (outcome) change.number = ++last;
   return outcome;
 }
 
-// Other processes may have newer changes of other keys in memory still, so that the change keeps its number.
+// Other processes may have newer changes of other keys in memory still, so that the change keeps
+// its number.
 Outcome PreferencesFile::bringAlong(PreferenceChange& change, std::int64_t& last) {
   const std::int64_t row = rowInIndex(change.key);
   if (row >= change.number) {
@@ -145,8 +152,10 @@ Outcome PreferencesFile::bringAlong(PreferenceChange& change, std::int64_t& last
   return outcome;
 }
 
-// Puts the change in the place of the row that holds its key so far; 0 for a key that should be new.
-Outcome PreferencesFile::replaceRow(const PreferenceChange& change, std::int64_t number, std::int64_t row) {
+// Puts the change in the place of the row that holds its key so far; 0 for a key that should be
+// new.
+Outcome PreferencesFile::replaceRow(const PreferenceChange& change, std::int64_t number,
+                                    std::int64_t row) {
   bool isFound = false;
   if (row != 0) {
     if (auto outcome = updateRow(change, number, row, isFound); !outcome || isFound) return outcome;
@@ -161,8 +170,8 @@ Outcome PreferencesFile::replaceRow(const PreferenceChange& change, std::int64_t
   return outcome && !isFound ? Outcome(damage()) : outcome;
 }
 
-Outcome PreferencesFile::updateRow(const PreferenceChange& change, std::int64_t number, std::int64_t row,
-                                   bool& isFound) {
+Outcome PreferencesFile::updateRow(const PreferenceChange& change, std::int64_t number,
+                                   std::int64_t row, bool& isFound) {
   sqlite3_bind_int64(update_.get(), 6, row);
   if (runWithChange(update_, change, number) != SQLITE_DONE) return failure("write");
   isFound = sqlite3_changes(database_.get()) == 1;
@@ -178,8 +187,10 @@ std::int64_t PreferencesFile::rowInIndex(std::string_view key) {
 Outcome PreferencesFile::synchronize() {
   if (isSynchronized_) return done();
   sqlite3_file* log = nullptr;
-  sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_JOURNAL_POINTER, static_cast<void*>(&log));
-  if (log != nullptr && log->pMethods != nullptr && log->pMethods->xSync(log, SQLITE_SYNC_NORMAL) != SQLITE_OK) {
+  sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_JOURNAL_POINTER,
+                       static_cast<void*>(&log));
+  if (log != nullptr && log->pMethods != nullptr &&
+      log->pMethods->xSync(log, SQLITE_SYNC_NORMAL) != SQLITE_OK) {
     const bool isFull = errno == ENOSPC || errno == EDQUOT;
     return fail(State::unusable, isFull ? StorageProblem::diskFull : StorageProblem::failing,
                 "cannot write " + path_.string() + " (" + textOfError(errno) + "); check the disk");
@@ -200,13 +211,16 @@ Outcome PreferencesFile::copyTo(const std::filesystem::path& path) {
       written = copy.failure("write");
     });
     if (!read || !written) return read ? written : read;
-    const std::string mark = "PRAGMA schema_version = " + std::to_string(lowBitsOfChange(lastChange_));
-    const bool isWhole = foundation::run(copy.commit_) == SQLITE_DONE && execute(copy.database_, mark.c_str());
+    const std::string mark =
+        "PRAGMA schema_version = " + std::to_string(lowBitsOfChange(lastChange_));
+    const bool isWhole =
+        foundation::run(copy.commit_) == SQLITE_DONE && execute(copy.database_, mark.c_str());
     return isWhole ? done() : Outcome(copy.failure("write"));
   }();
   if (outcome) {
     const FileDescriptor written(::open(path.c_str(), O_RDWR | O_NOFOLLOW | O_CLOEXEC));
-    if (!written || ::fsync(written.get()) != 0) outcome = Error{"cannot write " + path.string() + "; check the disk"};
+    if (!written || ::fsync(written.get()) != 0)
+      outcome = Error{"cannot write " + path.string() + "; check the disk"};
   }
   if (!outcome) removeUnsharedStore(path);
   return outcome;

@@ -19,22 +19,24 @@
 
 namespace foundation {
 
-// Tells whoever watches the folder of a store that a write to it counts by now: SQLite writes its log before.
+// Tells whoever watches the folder of a store that a write to it counts by now: SQLite writes its
+// log before.
 void cueWatchers(const std::filesystem::path& store);
 
 // The preferences on disk: an SQLite database in WAL mode with one table.
 //
-//     preferences(change INTEGER PRIMARY KEY, key BLOB UNIQUE, type INTEGER, value ANY, sum INTEGER)
+//     preferences(change INTEGER PRIMARY KEY, key BLOB UNIQUE, type INTEGER, value ANY, sum
+//     INTEGER)
 //
-// `key` holds the key's bytes. `type` is the PreferenceValue::Type, and NULL once the key was removed.
-// `value` holds an integer or a Boolean (0, 1) as INTEGER, a real as REAL, text as TEXT, data as BLOB, a
-// date as REAL seconds since 1970 (not-a-number as NULL), and an array or a dictionary as the BLOB that
-// PreferenceCoding describes. `sum` is a checksum of the three, since SQLite does not notice when the disk
-// hands back other bytes than it was given.
+// `key` holds the key's bytes. `type` is the PreferenceValue::Type, and NULL once the key was
+// removed. `value` holds an integer or a Boolean (0, 1) as INTEGER, a real as REAL, text as TEXT,
+// data as BLOB, a date as REAL seconds since 1970 (not-a-number as NULL), and an array or a
+// dictionary as the BLOB that PreferenceCoding describes. `sum` is a checksum of the three, since
+// SQLite does not notice when the disk hands back other bytes than it was given.
 //
-// Every write replaces its key's row by one with the next `change`, so that a reader finds all that is
-// new to it behind the last change it saw, removals included. The row of the last change is never
-// deleted, or its number would be given out twice.
+// Every write replaces its key's row by one with the next `change`, so that a reader finds all that
+// is new to it behind the last change it saw, removals included. The row of the last change is
+// never deleted, or its number would be given out twice.
 //
 // Several processes may have the file open. One thread at a time.
 class PreferencesFile {
@@ -63,11 +65,12 @@ public:
   // Opens the file to be read alone, while others may write to it.
   Outcome openForReading();
 
-  // Reads all of the file into memory: creates nothing, writes nothing, takes no lock, and hears of no later change.
+  // Reads all of the file into memory: creates nothing, writes nothing, takes no lock, and hears of
+  // no later change.
   Outcome openSnapshot();
 
-  // From now on, finds the file busy at once where it would have waited for another process, until an
-  // operation succeeds.
+  // From now on, finds the file busy at once where it would have waited for another process, until
+  // an operation succeeds.
   void dontWait() { isStuck_ = true; }
 
   // Why this change can never be stored, if so.
@@ -81,13 +84,15 @@ public:
   // Whether the file may be read but not written.
   bool isReadOnly() const { return readOnly_; }
 
-  // Whether another file, or none, stands where this one, its log or its folder stood when it was opened, or the index
-  // of the log was cut off: the file must be opened anew. Two system calls, a few more when something came into the
-  // folder or left it.
+  // Whether another file, or none, stands where this one, its log or its folder stood when it was
+  // opened, or the index of the log was cut off: the file must be opened anew. Two system calls, a
+  // few more when something came into the folder or left it.
   bool isReplaced() { return isIndexCut() || identity_.isReplaced(path_); }
-  // Whether the index of the log was cut off. Nothing but closing is allowed then: anything else raises SIGBUS.
+  // Whether the index of the log was cut off. Nothing but closing is allowed then: anything else
+  // raises SIGBUS.
   bool isIndexCut() const { return stamp_.isIndexCut(); }
-  // Whether a log stands there of a file that is gone: it says nothing about the file that is there now.
+  // Whether a log stands there of a file that is gone: it says nothing about the file that is there
+  // now.
   bool hasLeftItsLog() const { return identity_.hasLeftItsLog(path_); }
   // Whether the folder is no longer the one of the last look.
   bool isFolderReplaced() const { return identity_.isFolderReplaced(path_); }
@@ -109,20 +114,23 @@ public:
   std::int64_t lastChange() const { return lastChange_; }
 
   // The same as it stands in the file, whether it was read or not.
-  std::optional<std::int64_t> newestChange() { return number("SELECT max(change) FROM preferences"); }
+  std::optional<std::int64_t> newestChange() {
+    return number("SELECT max(change) FROM preferences");
+  }
 
-  // Writes all of the changes or none, and numbers them. A change that has a number already was lost by the file: it
-  // keeps its number where possible, and is left out, numbered 0, when the file has a newer one of its key. When this
-  // returns the changes are the system's to keep, and survive the end of this process. What others wrote before is
-  // handed over first.
-  Outcome write(std::span<PreferenceChange> changes, const Receiver& receive, const RowNumbers& rows);
+  // Writes all of the changes or none, and numbers them. A change that has a number already was
+  // lost by the file: it keeps its number where possible, and is left out, numbered 0, when the
+  // file has a newer one of its key. When this returns the changes are the system's to keep, and
+  // survive the end of this process. What others wrote before is handed over first.
+  Outcome write(std::span<PreferenceChange> changes, const Receiver& receive,
+                const RowNumbers& rows);
 
-  // Returns when what was written survives a power cut. Until then a power cut undoes the last writes, but
-  // leaves no other harm.
+  // Returns when what was written survives a power cut. Until then a power cut undoes the last
+  // writes, but leaves no other harm.
   Outcome synchronize();
 
-  // Makes a store at another path of all that this one holds, marked as a good copy is. That file is complete and on
-  // disk when this succeeds, and does not exist otherwise.
+  // Makes a store at another path of all that this one holds, marked as a good copy is. That file
+  // is complete and on disk when this succeeds, and does not exist otherwise.
   Outcome copyTo(const std::filesystem::path& path);
 
   // What SQLite finds wrong with the file, a line each; takes as long as reading all of it.
@@ -144,7 +152,8 @@ private:
   Outcome writeOne(PreferenceChange& change, std::int64_t& last, const RowNumbers& rows);
   Outcome bringAlong(PreferenceChange& change, std::int64_t& last);
   Outcome replaceRow(const PreferenceChange& change, std::int64_t number, std::int64_t row);
-  Outcome updateRow(const PreferenceChange& change, std::int64_t number, std::int64_t row, bool& isFound);
+  Outcome updateRow(const PreferenceChange& change, std::int64_t number, std::int64_t row,
+                    bool& isFound);
   std::int64_t rowInIndex(std::string_view key);
   Outcome succeed();
   Error fail(State state, QEVSettings::StorageProblem problem, std::string message);

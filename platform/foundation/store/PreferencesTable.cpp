@@ -10,8 +10,9 @@ namespace {
 
 std::string columnText(sqlite3_stmt* statement, int column) {
   const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement, column));
-  return bytes != nullptr ? std::string(bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)))
-                          : std::string();
+  return bytes != nullptr
+             ? std::string(bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)))
+             : std::string();
 }
 
 }  // namespace
@@ -21,13 +22,15 @@ bool makePreferencesTable(const Database& database) {
                            "; PRAGMA user_version = " + std::to_string(kFormatVersion);
   return execute(database, "BEGIN IMMEDIATE") &&
          execute(database,
-                 "CREATE TABLE IF NOT EXISTS preferences (change INTEGER PRIMARY KEY, key BLOB NOT NULL UNIQUE, "
+                 "CREATE TABLE IF NOT EXISTS preferences (change INTEGER PRIMARY KEY, key BLOB NOT "
+                 "NULL UNIQUE, "
                  "type INTEGER, value ANY, sum INTEGER NOT NULL) STRICT") &&
          execute(database, mark.c_str()) && execute(database, "COMMIT");
 }
 
 std::optional<PreferenceChange> changeOfRow(sqlite3_stmt* row) {
-  PreferenceChange change{.key = columnText(row, 1), .value = std::nullopt, .number = sqlite3_column_int64(row, 0)};
+  PreferenceChange change{
+      .key = columnText(row, 1), .value = std::nullopt, .number = sqlite3_column_int64(row, 0)};
   const auto cell = PreferenceCell::ofColumns(row, 2, 3);
   if (cell.sum(change.key) != sqlite3_column_int64(row, 4)) return std::nullopt;
   change.value = cell.value();
@@ -40,13 +43,14 @@ int runWithChange(const Statement& statement, const PreferenceChange& change, st
   if (!cell) return SQLITE_TOOBIG;
   sqlite3_bind_int64(statement.get(), 1, number);
   // A null pointer would bind NULL, and an empty key may have one.
-  sqlite3_bind_blob64(statement.get(), 2, change.key.empty() ? "" : change.key.data(), change.key.size(),
-                      SQLITE_STATIC);
+  sqlite3_bind_blob64(statement.get(), 2, change.key.empty() ? "" : change.key.data(),
+                      change.key.size(), SQLITE_STATIC);
   sqlite3_bind_null(statement.get(), 3);
   sqlite3_bind_null(statement.get(), 4);
   cell->bind(statement.get(), 3, 4);
   sqlite3_bind_int64(statement.get(), 5, cell->sum(change.key));
-  // The bindings stay, for another would take the reason of a failure away; the next run replaces them.
+  // The bindings stay, for another would take the reason of a failure away; the next run replaces
+  // them.
   return run(statement);
 }
 

@@ -20,10 +20,11 @@ struct PreferenceChange {
 inline constexpr int kApplicationId = 0x5A565052;  // "ZVPR" at a fixed place of the file
 inline constexpr int kFormatVersion = 1;
 
-// A removed key that tells other processes, by a new change, that older changes came into the table: a recovery wrote
-// them, or a process that still had them in memory.
+// A removed key that tells other processes, by a new change, that older changes came into the
+// table: a recovery wrote them, or a process that still had them in memory.
 inline constexpr std::string_view kRecoveryKey("\0recovered", 10);
-// From the last change known to that of the recovery key: more than any process can have seen beyond it.
+// From the last change known to that of the recovery key: more than any process can have seen
+// beyond it.
 inline constexpr std::int64_t kRecoveryStep = 1'000'000'000;
 
 // The table of the preferences, of which PreferencesFile.hpp says what its rows hold.
@@ -31,10 +32,12 @@ inline constexpr std::int64_t kRecoveryStep = 1'000'000'000;
 // Makes the table and marks the database as ours, in one transaction.
 bool makePreferencesTable(const Database& database);
 
-// The columns of a row, as `SELECT change, key, type, value, sum` gives them; nothing when the checksum is wrong.
+// The columns of a row, as `SELECT change, key, type, value, sum` gives them; nothing when the
+// checksum is wrong.
 std::optional<PreferenceChange> changeOfRow(sqlite3_stmt* row);
 
-// Binds the parameters ?1 to ?5 of a statement to change, key, type, value and sum, and runs it: the result code.
+// Binds the parameters ?1 to ?5 of a statement to change, key, type, value and sum, and runs it:
+// the result code.
 int runWithChange(const Statement& statement, const PreferenceChange& change, std::int64_t number);
 
 inline constexpr const char* kInsertChange =

@@ -32,19 +32,23 @@ public:
     if (!kind) {
       problem("The store cannot be used: " + kind.error().message + ".");
     } else if (*kind == StoreKind::foreign) {
-      problem(store.string() + " is " + descriptionOfForeignFile(store) + ", not a preferences store.");
+      problem(store.string() + " is " + descriptionOfForeignFile(store) +
+              ", not a preferences store.");
     } else if (*kind == StoreKind::missing && !hasCopy) {
       say("There is no store at " + store.string() + "; the first write makes one.");
     } else if (*kind == StoreKind::missing) {
-      problem("There is no store at " + store.string() + ". The next start recovers it from its good copy.");
+      problem("There is no store at " + store.string() +
+              ". The next start recovers it from its good copy.");
     } else if (*kind == StoreKind::empty) {
-      problem("The store " + store.string() + " is empty." + (hasCopy ? " The next start uses its good copy." : ""));
+      problem("The store " + store.string() + " is empty." +
+              (hasCopy ? " The next start uses its good copy." : ""));
     } else {
       verify("The store " + store.string(), store);
     }
     verifyCopy(goodCopyOf(store));
     for (const auto& damaged : damagedCopiesOf(store)) {
-      say("A damaged store was set aside as " + damaged.filename().string() + "; remove it when nobody needs it.");
+      say("A damaged store was set aside as " + damaged.filename().string() +
+          "; remove it when nobody needs it.");
     }
     return std::move(verdict_);
   }
@@ -59,7 +63,8 @@ private:
   void verifyCopy(const std::filesystem::path& copy) {
     struct stat found {};
     if (::lstat(copy.c_str(), &found) != 0) {
-      say("There is no good copy yet; one is made when the store is closed, or idle after a change.");
+      say("There is no good copy yet; one is made when the store is closed, or idle after a "
+          "change.");
     } else {
       verify("The good copy of " + timeOf(found.st_mtime), copy);
     }
@@ -80,7 +85,8 @@ private:
     }
     if (!outcome) {
       problem(name + " cannot be used: " + outcome.error().message + ".");
-      if (file.isDamaged()) say("The next start recovers what can be had of it and of its good copy.");
+      if (file.isDamaged())
+        say("The next start recovers what can be had of it and of its good copy.");
       return;
     }
     const auto faults = file.faults();

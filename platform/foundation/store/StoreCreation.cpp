@@ -18,7 +18,8 @@ namespace {
 // The bytes of a store without a key, in WAL mode.
 std::string emptyStore() {
   sqlite3* opened = nullptr;
-  const int code = sqlite3_open_v2(":memory:", &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_MEMORY, nullptr);
+  const int code =
+      sqlite3_open_v2(":memory:", &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_MEMORY, nullptr);
   const Database database(opened);
   if (code != SQLITE_OK || !makePreferencesTable(database)) return {};
   sqlite3_int64 size = 0;
@@ -31,19 +32,24 @@ std::string emptyStore() {
 }
 
 bool writeDurably(const std::string& path, const std::string& contents) {
-  const FileDescriptor file(::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+  const FileDescriptor file(
+      ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
   return file && ::fchmod(file.get(), 0600) == 0 &&
-         ::write(file.get(), contents.data(), contents.size()) == static_cast<ssize_t>(contents.size()) &&
+         ::write(file.get(), contents.data(), contents.size()) ==
+             static_cast<ssize_t>(contents.size()) &&
          ::fsync(file.get()) == 0;
 }
 
 // Gives the file its name unless another file has it; says whether some file has it now.
 bool takeName(const std::string& from, const std::string& to) {
   if (::link(from.c_str(), to.c_str()) == 0 || errno == EEXIST) return true;
-  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0 || errno == EEXIST) return true;
+  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0 ||
+      errno == EEXIST)
+    return true;
   if (errno == ENOSPC || errno == EDQUOT || errno == EACCES || errno == EROFS) return false;
   // A file system that knows neither. An empty file is a store without a key.
-  const FileDescriptor file(::open(to.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+  const FileDescriptor file(
+      ::open(to.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
   if (file) ::fchmod(file.get(), 0600);
   return file || errno == EEXIST;
 }
@@ -53,7 +59,8 @@ bool takeName(const std::string& from, const std::string& to) {
 std::string textOfError(int number) { return std::generic_category().message(number); }
 
 void syncFolder(const std::filesystem::path& folder) {
-  if (const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)); opened) {
+  if (const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+      opened) {
     ::fsync(opened.get());
   }
 }
@@ -79,7 +86,8 @@ Outcome makeStore(const std::filesystem::path& store) {
   const std::string temporary = store.string() + ".new";
   const std::string contents = emptyStore();
   removeUnsharedStore(temporary);
-  const bool isMade = !contents.empty() && writeDurably(temporary, contents) && takeName(temporary, store.string());
+  const bool isMade =
+      !contents.empty() && writeDurably(temporary, contents) && takeName(temporary, store.string());
   const int problem = errno;
   removeUnsharedStore(temporary);
   if (!isMade) {
@@ -91,7 +99,8 @@ Outcome makeStore(const std::filesystem::path& store) {
 }
 
 void removeUnsharedStore(const std::filesystem::path& path) {
-  for (const char* ending : {"", "-wal", "-shm", "-journal"}) ::unlink((path.string() + ending).c_str());
+  for (const char* ending : {"", "-wal", "-shm", "-journal"})
+    ::unlink((path.string() + ending).c_str());
 }
 
 }  // namespace foundation

@@ -26,7 +26,8 @@ bool hasMagic(const FileBytes& header) {
 }
 
 bool hasMark(const FileBytes& header) {
-  return hasMagic(header) && bigEndian32(std::span(header).subspan(68)) == static_cast<std::uint32_t>(kApplicationId);
+  return hasMagic(header) &&
+         bigEndian32(std::span(header).subspan(68)) == static_cast<std::uint32_t>(kApplicationId);
 }
 
 // As every header of ours is, whatever the store holds.
@@ -34,13 +35,15 @@ bool isAsWritten(const FileBytes& header) {
   const std::span bytes(header);
   const bool isLogged = bytes[18] == 2 && bytes[19] == 2;
   const bool isJournaled = bytes[18] == 1 && bytes[19] == 1;
-  return bigEndian16(bytes.subspan(16)) == kDatabasePageBytes && (isLogged || isJournaled) && bytes[20] == 0 &&
-         bytes[21] == 64 && bytes[22] == 32 && bytes[23] == 32 && bigEndian32(bytes.subspan(44)) == 4 &&
-         bigEndian32(bytes.subspan(52)) == 0 && bigEndian32(bytes.subspan(56)) == 1 &&
-         bigEndian32(bytes.subspan(64)) == 0;
+  return bigEndian16(bytes.subspan(16)) == kDatabasePageBytes && (isLogged || isJournaled) &&
+         bytes[20] == 0 && bytes[21] == 64 && bytes[22] == 32 && bytes[23] == 32 &&
+         bigEndian32(bytes.subspan(44)) == 4 && bigEndian32(bytes.subspan(52)) == 0 &&
+         bigEndian32(bytes.subspan(56)) == 1 && bigEndian32(bytes.subspan(64)) == 0;
 }
 
-std::int64_t nanoseconds(const timespec& time) { return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec; }
+std::int64_t nanoseconds(const timespec& time) {
+  return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+}
 
 // What no store, and nothing next to one, may be.
 Outcome refuse(const std::filesystem::path& path) {
@@ -51,9 +54,11 @@ Outcome refuse(const std::filesystem::path& path) {
                  "); check its name and its permissions"};
   }
   if (found.st_uid != ::geteuid()) {
-    return Error{path.string() + " belongs to another user; choose a file of your own in a folder of your own"};
+    return Error{path.string() +
+                 " belongs to another user; choose a file of your own in a folder of your own"};
   }
-  if (S_ISLNK(found.st_mode)) return Error{path.string() + " is a symbolic link; choose the file that it leads to"};
+  if (S_ISLNK(found.st_mode))
+    return Error{path.string() + " is a symbolic link; choose the file that it leads to"};
   if (S_ISDIR(found.st_mode)) return Error{path.string() + " is a folder; choose a file"};
   if (!S_ISREG(found.st_mode)) return Error{path.string() + " is no regular file; choose another"};
   return done();
@@ -84,12 +89,13 @@ bool StoreIdentity::isReplaced(const std::filesystem::path& store) {
   const std::int64_t changed = nanoseconds(found.st_mtim);
   const bool isSameTime = changed == folderChanged_;
   if (isSameFolder && isSettled_ && isSameTime) return false;
-  if (!isSameFolder || FileIdentity::of(store) != file_ || FileIdentity::of(store.string() + "-wal") != log_ ||
+  if (!isSameFolder || FileIdentity::of(store) != file_ ||
+      FileIdentity::of(store.string() + "-wal") != log_ ||
       FileIdentity::of(store.string() + "-shm") != index_) {
     return true;
   }
-  // Two changes within the resolution of the folder's time look like one. File systems without fractions of a second
-  // keep whole or even seconds.
+  // Two changes within the resolution of the folder's time look like one. File systems without
+  // fractions of a second keep whole or even seconds.
   constexpr std::int64_t fineTime = 50'000'000;
   constexpr std::int64_t coarseTime = 3'000'000'000;
   timespec now{};
@@ -125,8 +131,9 @@ std::string descriptionOfForeignFile(const std::filesystem::path& path) {
   const auto start = readRawDatabaseFile(path, looked);
   if (!start) return "a file of another program";
   if (hasMagic(*start)) return "a database of another program";
-  const bool isText = std::all_of(start->begin(), start->end(),
-                                  [](std::uint8_t byte) { return byte >= 0x20 || (byte >= 0x07 && byte <= 0x0D); });
+  const bool isText = std::all_of(start->begin(), start->end(), [](std::uint8_t byte) {
+    return byte >= 0x20 || (byte >= 0x07 && byte <= 0x0D);
+  });
   return isText ? "a text file" : "a file of another program";
 }
 

@@ -18,8 +18,9 @@ struct FileIdentity {
   static FileIdentity of(const std::filesystem::path& path);
 };
 
-// The file, the log, its index and the folder that a store was opened with, and whether they are still there. A look
-// costs one system call unless something came into the folder or left it since the look before.
+// The file, the log, its index and the folder that a store was opened with, and whether they are
+// still there. A look costs one system call unless something came into the folder or left it since
+// the look before.
 class StoreIdentity {
 public:
   void remember(const std::filesystem::path& store);
@@ -47,15 +48,18 @@ enum class StoreKind {
   missing,
   empty,    // of length zero
   sound,    // marked as a store of ours
-  damaged,  // a store of ours, as its mark or its good copy says, whose first bytes are not as we write them
+  damaged,  // a store of ours, as its mark or its good copy says, whose first bytes are not as we
+            // write them
   foreign,  // anything else, which is left alone
 };
 
-// Whether the first bytes of a file are those of a store, in all that does not depend on what it holds.
+// Whether the first bytes of a file are those of a store, in all that does not depend on what it
+// holds.
 bool isHeaderOfStore(const FileBytes& header);
 
-// Reads the first bytes of the file, and more only to tell a damaged store from another program's database. Changes
-// nothing. Fails for what no store may be: a link, a folder, a pipe, another user's file, here or next to the file.
+// Reads the first bytes of the file, and more only to tell a damaged store from another program's
+// database. Changes nothing. Fails for what no store may be: a link, a folder, a pipe, another
+// user's file, here or next to the file.
 Result<StoreKind> kindOfStore(const std::filesystem::path& store);
 
 // What a file is that is no store of ours: "a text file".

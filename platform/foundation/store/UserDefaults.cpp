@@ -50,7 +50,8 @@ UserDefaults::Access& chosenStandardAccess() {
 // A folder of ours is nobody else's. One that is a link belongs to whoever made it.
 void makePrivate(const std::filesystem::path& folder) {
   struct stat found {};
-  if (::lstat(folder.c_str(), &found) == 0 && S_ISDIR(found.st_mode) && (found.st_mode & 0777) != 0700) {
+  if (::lstat(folder.c_str(), &found) == 0 && S_ISDIR(found.st_mode) &&
+      (found.st_mode & 0777) != 0700) {
     ::chmod(folder.c_str(), 0700);
   }
 }
@@ -58,7 +59,8 @@ void makePrivate(const std::filesystem::path& folder) {
 }  // namespace
 
 UserDefaults::UserDefaults()
-    : observers_(std::make_shared<PreferenceObservers>()), storageObservers_(std::make_shared<PreferenceObservers>()) {}
+    : observers_(std::make_shared<PreferenceObservers>()),
+      storageObservers_(std::make_shared<PreferenceObservers>()) {}
 
 UserDefaults& UserDefaults::standardUserDefaults() {
   static const std::unique_ptr<UserDefaults> store = [] {
@@ -76,7 +78,9 @@ UserDefaults& UserDefaults::standardUserDefaults() {
   return *store;
 }
 
-void UserDefaults::setStandardFile(std::filesystem::path path) { chosenStandardFile() = std::move(path); }
+void UserDefaults::setStandardFile(std::filesystem::path path) {
+  chosenStandardFile() = std::move(path);
+}
 
 void UserDefaults::setStandardAccess(Access access) { chosenStandardAccess() = access; }
 
@@ -86,7 +90,9 @@ std::filesystem::path UserDefaults::standardFile() {
   return folder.empty() ? folder : folder / "zorvantine" / "preferences.sqlite";
 }
 
-std::unique_ptr<UserDefaults> UserDefaults::inMemory() { return std::unique_ptr<UserDefaults>(new UserDefaults); }
+std::unique_ptr<UserDefaults> UserDefaults::inMemory() {
+  return std::unique_ptr<UserDefaults>(new UserDefaults);
+}
 
 std::unique_ptr<UserDefaults> UserDefaults::open(const std::filesystem::path& path, Access access) {
   auto store = inMemory();
@@ -124,7 +130,9 @@ PreferenceDictionary UserDefaults::dictionaryRepresentation() const {
   return values;
 }
 
-void UserDefaults::setObject(PreferenceValue value, std::string_view key) { write(key, std::move(value)); }
+void UserDefaults::setObject(PreferenceValue value, std::string_view key) {
+  write(key, std::move(value));
+}
 
 void UserDefaults::removeObject(std::string_view key) { write(key, std::nullopt); }
 
@@ -147,7 +155,8 @@ Outcome UserDefaults::applyAll(const PreferenceDictionary& values) {
   std::vector<std::string> changed;
   const auto outcome = withinMemory([&]() -> Outcome {
     for (const auto& [key, value] : values) {
-      if (auto refusal = PreferencesFile::refusalOf({.key = key, .value = value})) return *std::move(refusal);
+      if (auto refusal = PreferencesFile::refusalOf({.key = key, .value = value}))
+        return *std::move(refusal);
     }
     for (const auto& [key, value] : values) {
       if (put({.key = key, .value = value})) changed.push_back(key);
@@ -200,7 +209,8 @@ QEVSettings::StoreOpening UserDefaults::opening() const { return opening_; }
 std::optional<QEVSettings::StorageProblem> UserDefaults::storageProblem() const { return problem_; }
 
 Subscription UserDefaults::observeStorage(std::function<void()> observer) {
-  return storageObservers_->observeAll([observer = std::move(observer)](std::string_view) { observer(); });
+  return storageObservers_->observeAll(
+      [observer = std::move(observer)](std::string_view) { observer(); });
 }
 
 void UserDefaults::readChanges() { catchUp(); }

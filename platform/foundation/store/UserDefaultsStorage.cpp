@@ -24,7 +24,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// Writes that follow each other quicker are one burst, which a thread puts on disk once in this time.
+// Writes that follow each other quicker are one burst, which a thread puts on disk once in this
+// time.
 constexpr std::chrono::milliseconds kBurst(20);
 // What could not be written is not tried again with every write.
 constexpr std::chrono::milliseconds kPauseAfterFailure(250);
@@ -34,7 +35,8 @@ bool mayBeWritten(const std::filesystem::path& path) {
 }
 
 bool wasRecovered(const StoreOpening& opening) {
-  return opening.outcome == StoreOpening::Outcome::restored || opening.outcome == StoreOpening::Outcome::begunEmpty;
+  return opening.outcome == StoreOpening::Outcome::restored ||
+         opening.outcome == StoreOpening::Outcome::begunEmpty;
 }
 
 }  // namespace
@@ -63,10 +65,12 @@ UserDefaults::~UserDefaults() {
 void UserDefaults::connect() {
   auto opened = openPreferences(path_, {});
   image_.reserve(opened.contents.size());
-  // Copies of the keys lie next to each other, which look-ups feel: the keys as read lie between the values.
+  // Copies of the keys lie next to each other, which look-ups feel: the keys as read lie between
+  // the values.
   for (const PreferenceChange& change : opened.contents) {
     if (change.value) {
-      image_.insert_or_assign(std::string(change.key), Kept{.value = *change.value, .number = change.number});
+      image_.insert_or_assign(std::string(change.key),
+                              Kept{.value = *change.value, .number = change.number});
     } else {
       removed_.insert_or_assign(std::string(change.key), change.number);
     }
@@ -81,7 +85,8 @@ void UserDefaults::connectForReading() {
   // From here on a store in memory.
   path_.clear();
   for (PreferenceChange& change : opened.contents) {
-    if (change.value) image_.insert_or_assign(std::move(change.key), Kept{.value = *std::move(change.value)});
+    if (change.value)
+      image_.insert_or_assign(std::move(change.key), Kept{.value = *std::move(change.value)});
   }
   setOpening(std::move(opened.opening));
   if (opened.error && opened.problem == StorageProblem::noFile) {
@@ -99,8 +104,8 @@ void UserDefaults::setOpening(StoreOpening opening) {
   announceStorageLater();
 }
 
-// A file that lost the index of its log is closed, and opened anew by the next save. Until it is closed, SQLite
-// would share its memory with whoever opens it.
+// A file that lost the index of its log is closed, and opened anew by the next save. Until it is
+// closed, SQLite would share its memory with whoever opens it.
 void UserDefaults::closeCutFile() {
   if (file_ && file_->isIndexCut()) file_.reset();
 }
@@ -112,9 +117,11 @@ void UserDefaults::reconnect(Suspicion suspicion) {
   if (file_ && file_->hasLeftItsLog()) takeOverNewer(takeAbandonedLog(path_));
   file_.reset();
   const auto memory = rememberedChanges();
-  auto opened = openPreferences(
-      path_, {.patience = status_ ? Patience::none : Patience::aMoment, .suspicion = suspicion, .memory = memory});
-  if (opened.file && (wasRecovered(opened.opening) || opening_.outcome == StoreOpening::Outcome::inMemory)) {
+  auto opened = openPreferences(path_, {.patience = status_ ? Patience::none : Patience::aMoment,
+                                        .suspicion = suspicion,
+                                        .memory = memory});
+  if (opened.file &&
+      (wasRecovered(opened.opening) || opening_.outcome == StoreOpening::Outcome::inMemory)) {
     setOpening(std::move(opened.opening));
   }
   file_ = std::move(opened.file);
@@ -137,18 +144,20 @@ std::vector<PreferenceChange> UserDefaults::rememberedChanges() const {
   for (const auto& [key, kept] : image_) {
     const auto unsaved = unsaved_.find(key);
     const bool isNew = unsaved != unsaved_.end() && unsaved->second.number == 0;
-    if (kept.number != 0 && !isNew) changes.push_back({.key = key, .value = kept.value, .number = kept.number});
+    if (kept.number != 0 && !isNew)
+      changes.push_back({.key = key, .value = kept.value, .number = kept.number});
   }
   for (const auto& [key, number] : removed_) {
     const auto unsaved = unsaved_.find(key);
     const bool isNew = unsaved != unsaved_.end() && unsaved->second.number == 0;
-    if (number != 0 && !isNew) changes.push_back({.key = key, .value = std::nullopt, .number = number});
+    if (number != 0 && !isNew)
+      changes.push_back({.key = key, .value = std::nullopt, .number = number});
   }
   return changes;
 }
 
-// Takes over all of a file of which the memory may have older or newer changes. What the file has not or has older is
-// to be written to it. An empty memory has nothing to say about a file.
+// Takes over all of a file of which the memory may have older or newer changes. What the file has
+// not or has older is to be written to it. An empty memory has nothing to say about a file.
 void UserDefaults::takeOverFile(std::vector<PreferenceChange> contents) {
   std::unordered_map<std::string, std::int64_t> inFile;
   for (const PreferenceChange& change : contents) inFile.emplace(change.key, change.number);
@@ -157,8 +166,9 @@ void UserDefaults::takeOverFile(std::vector<PreferenceChange> contents) {
       const auto found = inFile.find(remembered.key);
       if (found != inFile.end() && found->second >= remembered.number) continue;
       if (found == inFile.end() && !remembered.value) continue;
-      unsaved_.insert_or_assign(std::move(remembered.key),
-                                Pending{.value = std::move(remembered.value), .number = remembered.number});
+      unsaved_.insert_or_assign(
+          std::move(remembered.key),
+          Pending{.value = std::move(remembered.value), .number = remembered.number});
     }
   }
   takeOverNewer(std::move(contents));
@@ -178,8 +188,10 @@ void UserDefaults::catchUp() const {
 
 void UserDefaults::takeOverChanges() {
   std::vector<std::string> changedKeys;
-  const auto outcome = withinLimits(
-      [&] { return file_->readChanges([&](PreferenceChange change) { takeOver(std::move(change), changedKeys); }); });
+  const auto outcome = withinLimits([&] {
+    return file_->readChanges(
+        [&](PreferenceChange change) { takeOver(std::move(change), changedKeys); });
+  });
   announceLater(std::move(changedKeys));
   if (outcome && !file_->takeHasOlderChanges()) return;
   std::vector<PreferenceChange> contents;
@@ -200,7 +212,8 @@ void UserDefaults::takeOverChanges() {
 Outcome UserDefaults::synchronize() {
   if (!unsaved_.empty()) save();
   if (file_ && unsaved_.empty()) {
-    if (auto outcome = withinLimits([this] { return file_->synchronize(); }); !outcome) return outcome;
+    if (auto outcome = withinLimits([this] { return file_->synchronize(); }); !outcome)
+      return outcome;
     if (watch_) watch_->didSynchronize();
   }
   return status_ ? Outcome(*status_) : done();
@@ -213,7 +226,9 @@ void UserDefaults::saveUnlessJustFailed() {
 void UserDefaults::save() {
   if (path_.empty()) return;
   startWatch();
-  const auto attempt = [this](Suspicion suspicion) { return withinLimits([&] { return saveOnce(suspicion); }); };
+  const auto attempt = [this](Suspicion suspicion) {
+    return withinLimits([&] { return saveOnce(suspicion); });
+  };
   auto outcome = attempt(file_ && file_->isDamaged() ? Suspicion::damaged : Suspicion::none);
   for (const Suspicion suspicion : {Suspicion::damaged, Suspicion::certain}) {
     if (!outcome && file_ && file_->isDamaged()) outcome = attempt(suspicion);
@@ -230,7 +245,8 @@ void UserDefaults::save() {
 }
 
 Outcome UserDefaults::saveOnce(Suspicion suspicion) {
-  if (suspicion != Suspicion::none || !file_ || file_->isReplaced() || (file_->isReadOnly() && mayBeWritten(path_))) {
+  if (suspicion != Suspicion::none || !file_ || file_->isReplaced() ||
+      (file_->isReadOnly() && mayBeWritten(path_))) {
     reconnect(suspicion);
   }
   if (!file_) return status_ ? *status_ : Error{path_.string() + " cannot be opened"};
@@ -282,7 +298,8 @@ void UserDefaults::setNumber(const std::string& key, std::int64_t number) {
   }
 }
 
-// A change that another process made. One of ours to the same key that is still to be written is newer.
+// A change that another process made. One of ours to the same key that is still to be written is
+// newer.
 void UserDefaults::takeOver(PreferenceChange change, std::vector<std::string>& changedKeys) {
   if (const auto unsaved = unsaved_.find(change.key); unsaved != unsaved_.end()) {
     const bool isNew = unsaved->second.number == 0;
@@ -294,7 +311,8 @@ void UserDefaults::takeOver(PreferenceChange change, std::vector<std::string>& c
   const bool isSame = found == image_.end() ? !change.value : change.value == found->second.value;
   if (change.value) {
     removed_.erase(change.key);
-    image_.insert_or_assign(change.key, Kept{.value = *std::move(change.value), .number = change.number});
+    image_.insert_or_assign(change.key,
+                            Kept{.value = *std::move(change.value), .number = change.number});
   } else {
     if (found != image_.end()) image_.erase(found);
     removed_.insert_or_assign(change.key, change.number);

@@ -66,14 +66,16 @@ std::uint64_t languageGeneration = 0;
 std::vector<std::string> generalizations(std::string language) {
   // The country implies the script of Chinese.
   const auto endsWithAny = [&](std::initializer_list<std::string_view> countries) {
-    return std::any_of(countries.begin(), countries.end(), [&](auto country) { return language.ends_with(country); });
+    return std::any_of(countries.begin(), countries.end(),
+                       [&](auto country) { return language.ends_with(country); });
   };
   std::vector<std::string> found{language};
   if (language == "zh-CN" || language == "zh-SG") found.emplace_back("zh-Hans");
   if (language.size() == 5 && language.starts_with("zh-") && endsWithAny({"TW", "HK", "MO"})) {
     found.emplace_back("zh-Hant");
   }
-  for (std::size_t hyphen = language.rfind('-'); hyphen != std::string::npos; hyphen = language.rfind('-')) {
+  for (std::size_t hyphen = language.rfind('-'); hyphen != std::string::npos;
+       hyphen = language.rfind('-')) {
     language.resize(hyphen);
     found.push_back(language);
   }
@@ -101,7 +103,8 @@ std::optional<std::filesystem::path> libraryOf(const void* address) {
 
 std::filesystem::path mainResourceFolder(const std::filesystem::path& program) {
   std::filesystem::path folder = program.parent_path();
-  for (const auto& candidate : {folder.parent_path() / "share" / program.filename(), folder / "Resources"}) {
+  for (const auto& candidate :
+       {folder.parent_path() / "share" / program.filename(), folder / "Resources"}) {
     if (isFolder(candidate)) return candidate;
   }
   return folder;
@@ -165,7 +168,8 @@ std::vector<std::filesystem::path> Bundle::languageFolders() const {
   return folders;
 }
 
-std::optional<std::filesystem::path> Bundle::pathForResource(std::string_view name, std::string_view type) const {
+std::optional<std::filesystem::path> Bundle::pathForResource(std::string_view name,
+                                                             std::string_view type) const {
   if (name.empty()) return std::nullopt;
   std::string file(name);
   if (!type.empty()) file.append(".").append(type);
@@ -176,7 +180,8 @@ std::optional<std::filesystem::path> Bundle::pathForResource(std::string_view na
   return std::nullopt;
 }
 
-std::string Bundle::localizedString(std::string_view key, std::string_view value, std::string_view table) const {
+std::string Bundle::localizedString(std::string_view key, std::string_view value,
+                                    std::string_view table) const {
   const StringsTable& strings = this->table(table.empty() ? "Localizable" : table);
   if (const auto found = strings.find(key); found != strings.end()) return found->second;
   return std::string(value.empty() ? key : value);

@@ -16,8 +16,8 @@ namespace foundation {
 namespace {
 
 Error failure(const char* what, const std::filesystem::path& path, int reason) {
-  return {std::string("cannot ") + what + " " + path.string() + " (" + std::generic_category().message(reason) +
-          "); check its name and its permissions"};
+  return {std::string("cannot ") + what + " " + path.string() + " (" +
+          std::generic_category().message(reason) + "); check its name and its permissions"};
 }
 
 bool writeAll(int descriptor, std::string_view contents) {
@@ -57,7 +57,8 @@ Result<std::string> readFile(const std::filesystem::path& path, std::size_t maxi
 Outcome writeFile(const std::filesystem::path& path, std::string_view contents) {
   struct stat old {};
   const bool isReplacing = ::lstat(path.c_str(), &old) == 0;
-  if (isReplacing && !S_ISREG(old.st_mode)) return Error{path.string() + " is no regular file; choose another"};
+  if (isReplacing && !S_ISREG(old.st_mode))
+    return Error{path.string() + " is no regular file; choose another"};
   std::string temporary = path.string() + ".XXXXXX";
   const FileDescriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
   if (!file) return failure("write", path, errno);
@@ -68,7 +69,8 @@ Outcome writeFile(const std::filesystem::path& path, std::string_view contents) 
     return failure("write", path, reason);
   }
   const auto parent = path.has_parent_path() ? path.parent_path() : std::filesystem::path(".");
-  if (const FileDescriptor folder(::open(parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)); folder) {
+  if (const FileDescriptor folder(::open(parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+      folder) {
     ::fsync(folder.get());
   }
   return done();

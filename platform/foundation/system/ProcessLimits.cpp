@@ -29,7 +29,8 @@ FileLimitSignal::~FileLimitSignal() {
 ResetAtEnd::~ResetAtEnd() { sqlite3_reset(statement_); }
 
 RollBackAtEnd::~RollBackAtEnd() {
-  if (sqlite3_get_autocommit(database_) == 0) sqlite3_exec(database_, "ROLLBACK", nullptr, nullptr, nullptr);
+  if (sqlite3_get_autocommit(database_) == 0)
+    sqlite3_exec(database_, "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
 std::optional<std::string> limitMet(sqlite3* database) {
@@ -37,7 +38,8 @@ std::optional<std::string> limitMet(sqlite3* database) {
   if (code == SQLITE_NOMEM) return "there is not enough memory); close other programs";
   if (code != SQLITE_IOERR && code != SQLITE_CANTOPEN) return std::nullopt;
   switch (sqlite3_system_errno(database)) {
-    case EFBIG: return "this process may not write files of that size); raise its limit (ulimit -f)";
+    case EFBIG:
+      return "this process may not write files of that size); raise its limit (ulimit -f)";
     case EMFILE: return "this process may not open more files); raise its limit (ulimit -n)";
     case ENFILE: return "the system can open no more files); close other programs";
     case ENOMEM: return "there is not enough memory); close other programs";

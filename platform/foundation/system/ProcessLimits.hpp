@@ -14,8 +14,9 @@ struct sqlite3_stmt;
 
 namespace foundation {
 
-// While one lives, a write of this thread beyond the limit for the size of a file (`ulimit -f`) fails with EFBIG
-// in place of ending the process by SIGXFSZ. Changes nothing for the host's other threads, nor its handlers.
+// While one lives, a write of this thread beyond the limit for the size of a file (`ulimit -f`)
+// fails with EFBIG in place of ending the process by SIGXFSZ. Changes nothing for the host's other
+// threads, nor its handlers.
 class FileLimitSignal {
 public:
   FileLimitSignal();
@@ -51,7 +52,8 @@ private:
   sqlite3* database_;
 };
 
-// Which limit of the process or the system the last operation met, and what to do about it, if that was it.
+// Which limit of the process or the system the last operation met, and what to do about it, if that
+// was it.
 std::optional<std::string> limitMet(sqlite3* database);
 
 // Runs work that returns an Outcome: a lack of memory becomes its error.

@@ -33,8 +33,8 @@ std::unordered_set<std::string> filesBelow(const std::filesystem::path& folder) 
   std::unordered_set<std::string> files;
   const std::size_t prefix = (folder / "").native().size();
   std::error_code error;
-  for (std::filesystem::recursive_directory_iterator entry(folder, error), end; !error && entry != end;
-       entry.increment(error)) {
+  for (std::filesystem::recursive_directory_iterator entry(folder, error), end;
+       !error && entry != end; entry.increment(error)) {
     std::string name = entry->path().native().substr(prefix);
     std::error_code unknown;
     if (name == "posix" || name == "right") {
@@ -127,8 +127,9 @@ std::optional<std::string> nameOfFileOfName() {
   const auto text = readFile("/etc/timezone", 4096);
   if (!text) return std::nullopt;
   const auto parts = words(std::string_view(*text).substr(0, text->find('\n')));
-  return !parts.empty() && isZone(database() / parts.front()) ? std::optional(std::string(parts.front()))
-                                                              : std::nullopt;
+  return !parts.empty() && isZone(database() / parts.front())
+             ? std::optional(std::string(parts.front()))
+             : std::nullopt;
 }
 
 }  // namespace

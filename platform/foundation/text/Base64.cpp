@@ -7,7 +7,8 @@ namespace foundation {
 
 namespace {
 
-constexpr std::string_view kAlphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+constexpr std::string_view kAlphabet =
+    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 constexpr std::uint8_t kNoDigit = 0xFF;
 
 constexpr std::array<std::uint8_t, 256> kDigits = [] {
@@ -25,9 +26,11 @@ std::string base64Encoded(std::span<const std::uint8_t> bytes) {
   std::string text;
   text.reserve((bytes.size() + 2) / 3 * 4);
   for (; !bytes.empty(); bytes = bytes.subspan(std::min<std::size_t>(bytes.size(), 3))) {
-    const unsigned group = static_cast<unsigned>(bytes[0]) << 16 | (bytes.size() > 1 ? bytes[1] : 0U) << 8 |
+    const unsigned group = static_cast<unsigned>(bytes[0]) << 16 |
+                           (bytes.size() > 1 ? bytes[1] : 0U) << 8 |
                            (bytes.size() > 2 ? bytes[2] : 0U);
-    text += {kAlphabet[group >> 18], kAlphabet[group >> 12 & 63], bytes.size() > 1 ? kAlphabet[group >> 6 & 63] : '=',
+    text += {kAlphabet[group >> 18], kAlphabet[group >> 12 & 63],
+             bytes.size() > 1 ? kAlphabet[group >> 6 & 63] : '=',
              bytes.size() > 2 ? kAlphabet[group & 63] : '='};
   }
   return text;

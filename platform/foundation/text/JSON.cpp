@@ -19,7 +19,9 @@ constexpr std::int64_t kMaximumIntegerDigits = 1000;
 
 std::string_view rawNumber(const JSONDocument& document, JSONNode node) {
   const std::string_view rest = document.text.substr(node.offset());
-  const auto isPart = [](char c) { return isDigit(c) || c == '.' || c == '-' || c == '+' || (c | 0x20) == 'e'; };
+  const auto isPart = [](char c) {
+    return isDigit(c) || c == '.' || c == '-' || c == '+' || (c | 0x20) == 'e';
+  };
   return {rest.begin(), std::find_if_not(rest.begin(), rest.end(), isPart)};
 }
 
@@ -156,7 +158,8 @@ std::optional<std::string_view> JSON::numberText() const {
 std::optional<std::int64_t> JSON::asInteger() const {
   const auto text = integerText();
   std::int64_t number = 0;
-  if (!text || std::from_chars(text->data(), text->data() + text->size(), number).ec != std::errc()) {
+  if (!text ||
+      std::from_chars(text->data(), text->data() + text->size(), number).ec != std::errc()) {
     return std::nullopt;
   }
   return number;
@@ -182,7 +185,8 @@ std::optional<std::string> JSON::integerText() const {
   }
   Decimal number = decimal(*text);
   if (number.digits.empty()) return "0";
-  if (number.pointAt > kMaximumIntegerDigits || number.pointAt < static_cast<std::int64_t>(number.digits.size())) {
+  if (number.pointAt > kMaximumIntegerDigits ||
+      number.pointAt < static_cast<std::int64_t>(number.digits.size())) {
     return std::nullopt;
   }
   number.digits.resize(static_cast<std::size_t>(number.pointAt), '0');
@@ -191,18 +195,25 @@ std::optional<std::string> JSON::integerText() const {
 
 std::size_t JSON::end() const { return after(*document_, node_); }
 
-std::size_t JSON::after(const JSONDocument& document, std::size_t node) { return node + document.nodes[node].length(); }
+std::size_t JSON::after(const JSONDocument& document, std::size_t node) {
+  return node + document.nodes[node].length();
+}
 
-JSON::Range<JSON> JSON::elements() const { return {document_, node_ + 1, isArray() ? end() : node_ + 1}; }
+JSON::Range<JSON> JSON::elements() const {
+  return {document_, node_ + 1, isArray() ? end() : node_ + 1};
+}
 
-JSON::Range<JSON::Member> JSON::members() const { return {document_, node_ + 1, isObject() ? end() : node_ + 1}; }
+JSON::Range<JSON::Member> JSON::members() const {
+  return {document_, node_ + 1, isObject() ? end() : node_ + 1};
+}
 
 bool JSON::isNamed(const JSONDocument& document, std::size_t node, std::string_view name) {
   const JSONNode candidate = document.nodes[node];
   if (candidate.isEscaped()) return decodedString(document, candidate) == name;
   // The text holds no escape, so its first quote ends it and a name with a quote cannot match.
   const std::string_view text = document.text.substr(candidate.offset() + 1);
-  return text.starts_with(name) && name.find('"') == std::string_view::npos && text[name.size()] == '"';
+  return text.starts_with(name) && name.find('"') == std::string_view::npos &&
+         text[name.size()] == '"';
 }
 
 std::optional<JSON> JSON::member(std::string_view name) const {
@@ -217,7 +228,8 @@ std::optional<JSON> JSON::member(std::string_view name) const {
 std::string JSON::text() const {
   std::string text;
   // The text's share of the document is estimated by its share of the nodes.
-  const auto share = static_cast<double>(end() - node_) / static_cast<double>(document_->nodes.size());
+  const auto share =
+      static_cast<double>(end() - node_) / static_cast<double>(document_->nodes.size());
   text.reserve(static_cast<std::size_t>(static_cast<double>(document_->text.size()) * share));
   appendTo(text);
   return text;
@@ -255,7 +267,8 @@ JSON::Range<JSON>::Iterator& JSON::Range<JSON>::Iterator::operator++() {
 
 template <>
 JSON::Member JSON::Range<JSON::Member>::Iterator::operator*() const {
-  return {.name = decodedString(**document_, (*document_)->nodes[node_]), .value = JSON(*document_, node_ + 1)};
+  return {.name = decodedString(**document_, (*document_)->nodes[node_]),
+          .value = JSON(*document_, node_ + 1)};
 }
 
 template <>

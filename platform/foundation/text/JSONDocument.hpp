@@ -35,7 +35,8 @@ private:
   static constexpr std::uint64_t kPayload = kEscaped - 1;
 
   JSONNode(JSON::Type type, std::size_t payload)
-      : bits_(static_cast<std::uint64_t>(type) << kTypeShift | static_cast<std::uint64_t>(payload)) {}
+      : bits_(static_cast<std::uint64_t>(type) << kTypeShift |
+              static_cast<std::uint64_t>(payload)) {}
 
   std::uint64_t bits_;
 };

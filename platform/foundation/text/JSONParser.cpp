@@ -21,8 +21,8 @@ std::uint64_t specialBytes(std::uint64_t word) {
   constexpr std::uint64_t ones = 0x0101010101010101;
   constexpr std::uint64_t tops = 0x8080808080808080;
   const auto isZero = [](std::uint64_t bytes) { return (bytes - ones) & ~bytes & tops; };
-  return isZero(word ^ (ones * '"')) | isZero(word ^ (ones * '\\')) | ((word - ones * 0x20) & ~word & tops) |
-         (word & tops);
+  return isZero(word ^ (ones * '"')) | isZero(word ^ (ones * '\\')) |
+         ((word - ones * 0x20) & ~word & tops) | (word & tops);
 }
 
 class Parser {
@@ -55,7 +55,8 @@ private:
   };
 
   bool fail(std::string_view what) {
-    error_ = Error{"the JSON text goes wrong at byte " + std::to_string(at_ - begin_) + ": " + std::string(what)};
+    error_ = Error{"the JSON text goes wrong at byte " + std::to_string(at_ - begin_) + ": " +
+                   std::string(what)};
     return false;
   }
 
@@ -151,7 +152,8 @@ private:
         at_ += 8;
       }
     }
-    while (at_ != end_ && specialBytes(static_cast<unsigned char>(*at_) | 0x2020202020202000) == 0) ++at_;
+    while (at_ != end_ && specialBytes(static_cast<unsigned char>(*at_) | 0x2020202020202000) == 0)
+      ++at_;
   }
 
   bool escape() {
@@ -189,7 +191,8 @@ private:
       const std::string_view raw(begin_ + begin, offset() - begin - 1);
       const bool isEscaped = nodes_[name].isEscaped();
       names_.push_back(
-          {.node = name, .fingerprint = fingerprintOf(isEscaped ? decodedString(document_, nodes_[name]) : raw)});
+          {.node = name,
+           .fingerprint = fingerprintOf(isEscaped ? decodedString(document_, nodes_[name]) : raw)});
       skipBlanks();
       if (!isAt(':')) return fail("a colon was expected");
       ++at_;
@@ -206,7 +209,9 @@ private:
     return close(JSON::Type::object, start);
   }
 
-  bool failOfDepth() { return fail("arrays and objects are nested too deep; 512 levels are allowed"); }
+  bool failOfDepth() {
+    return fail("arrays and objects are nested too deep; 512 levels are allowed");
+  }
 
   std::size_t open(JSON::Type type) {
     const std::size_t start = nodes_.size();
@@ -254,7 +259,8 @@ private:
     };
     std::vector<Entry> sorted;
     for (std::size_t i = firstName; i < names_.size(); ++i) {
-      sorted.push_back({.fingerprint = names_[i].fingerprint, .node = names_[i].node, .order = i - firstName});
+      sorted.push_back(
+          {.fingerprint = names_[i].fingerprint, .node = names_[i].node, .order = i - firstName});
     }
     const auto compare = [this](const Entry& a, const Entry& b) {
       return a.fingerprint != b.fingerprint ? (a.fingerprint < b.fingerprint ? -1 : 1)
@@ -288,7 +294,8 @@ private:
   }
 
   int compareNames(JSONNode a, JSONNode b) const {
-    if (!a.isEscaped() && !b.isEscaped()) return rawString(document_, a).compare(rawString(document_, b));
+    if (!a.isEscaped() && !b.isEscaped())
+      return rawString(document_, a).compare(rawString(document_, b));
     return decodedString(document_, a).compare(decodedString(document_, b));
   }
 

@@ -38,7 +38,8 @@ JSONWriter& JSONWriter::value(const JSON& value) {
   return *this;
 }
 
-JSONWriter& JSONWriter::object(const JSON& object, std::string_view member, std::string_view string) {
+JSONWriter& JSONWriter::object(const JSON& object, std::string_view member,
+                               std::string_view string) {
   separate();
   JSONWriter valueWriter;
   valueWriter.quote(string);
@@ -89,7 +90,8 @@ void JSONWriter::quote(std::string_view text) {
       default:
         if (static_cast<unsigned char>(c) < 0x20) {
           text_ += "\\u00";
-          text_ += {digits[static_cast<unsigned char>(c) >> 4], digits[static_cast<unsigned char>(c) & 15]};
+          text_ += {digits[static_cast<unsigned char>(c) >> 4],
+                    digits[static_cast<unsigned char>(c) & 15]};
         } else {
           text_ += c;
         }

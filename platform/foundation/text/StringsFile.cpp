@@ -55,11 +55,14 @@ public:
 
 private:
   bool isAtEnd() const { return at_ >= text_.size(); }
-  char next(std::size_t ahead = 0) const { return at_ + ahead < text_.size() ? text_[at_ + ahead] : '\0'; }
+  char next(std::size_t ahead = 0) const {
+    return at_ + ahead < text_.size() ? text_[at_ + ahead] : '\0';
+  }
 
   bool fail(const std::string& what) { return failAt(what, at_); }
   bool failAt(const std::string& what, std::size_t at) {
-    const auto line = 1 + std::count(text_.begin(), text_.begin() + static_cast<std::ptrdiff_t>(at), '\n');
+    const auto line =
+        1 + std::count(text_.begin(), text_.begin() + static_cast<std::ptrdiff_t>(at), '\n');
     error_ = Error{"line " + std::to_string(line) + " of the strings file goes wrong: " + what};
     return false;
   }
@@ -184,7 +187,8 @@ Result<StringsTable> parseStringsFile(std::string_view bytes) {
   }
   constexpr std::string_view mark = "\xEF\xBB\xBF";
   if (bytes.starts_with(mark)) bytes.remove_prefix(mark.size());
-  if (!isValidUtf8(bytes)) return Error{"the strings file is neither UTF-8 nor UTF-16; save it anew"};
+  if (!isValidUtf8(bytes))
+    return Error{"the strings file is neither UTF-8 nor UTF-16; save it anew"};
   return parseStringsText(bytes);
 }
 

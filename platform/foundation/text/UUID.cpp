@@ -12,7 +12,8 @@ bool isHyphenAfter(std::size_t byte) { return byte == 3 || byte == 5 || byte == 
 
 std::mt19937_64 seededGenerator() {
   std::random_device device;
-  std::seed_seq seeds{device(), device(), device(), device(), device(), device(), device(), device()};
+  std::seed_seq seeds{device(), device(), device(), device(),
+                      device(), device(), device(), device()};
   return std::mt19937_64(seeds);
 }
 
@@ -24,7 +25,8 @@ UUID UUID::random() {
   UUID uuid;
   for (std::size_t i = 0; i < uuid.bytes_.size(); i += 8) {
     const std::uint64_t bits = generator();
-    for (std::size_t j = 0; j < 8; ++j) uuid.bytes_.at(i + j) = static_cast<std::uint8_t>(bits >> (8 * j));
+    for (std::size_t j = 0; j < 8; ++j)
+      uuid.bytes_.at(i + j) = static_cast<std::uint8_t>(bits >> (8 * j));
   }
   uuid.bytes_[6] = static_cast<std::uint8_t>((uuid.bytes_[6] & 0x0F) | 0x40);
   uuid.bytes_[8] = static_cast<std::uint8_t>((uuid.bytes_[8] & 0x3F) | 0x80);

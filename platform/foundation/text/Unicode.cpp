@@ -91,8 +91,8 @@ std::string uppercased(std::string_view text) {
   icu::StringByteSink<std::string> sink(&uppercase, static_cast<std::int32_t>(text.size()));
   UErrorCode error = U_ZERO_ERROR;
   constexpr const char* everyLanguage = "";
-  icu::CaseMap::utf8ToUpper(everyLanguage, 0, {text.data(), static_cast<std::int32_t>(text.size())}, sink, nullptr,
-                            error);
+  icu::CaseMap::utf8ToUpper(everyLanguage, 0, {text.data(), static_cast<std::int32_t>(text.size())},
+                            sink, nullptr, error);
   return U_SUCCESS(error) ? uppercase : std::string(text);
 }
 
@@ -111,7 +111,8 @@ std::optional<std::string> utf8FromUtf16(std::string_view bytes) {
     char32_t codePoint = unit(at);
     at += 2;
     if (U_IS_SURROGATE(codePoint)) {
-      if (U16_IS_TRAIL(codePoint) || at == bytes.size() || !U16_IS_TRAIL(unit(at))) return std::nullopt;
+      if (U16_IS_TRAIL(codePoint) || at == bytes.size() || !U16_IS_TRAIL(unit(at)))
+        return std::nullopt;
       codePoint = U16_GET_SUPPLEMENTARY(codePoint, unit(at));
       at += 2;
     }

@@ -55,7 +55,8 @@ QString AccessibleControl::text(QAccessible::Text kind) const {
   if (!node()) return {};
   const QString told = toldText(node()->accessibility, kind);
   // What is named by nothing else is named by what is in it.
-  const bool isUnnamed = kind == QAccessible::Name && told.isEmpty() && actionName() == pressAction();
+  const bool isUnnamed =
+      kind == QAccessible::Name && told.isEmpty() && actionName() == pressAction();
   return isUnnamed ? labelsBelow(*node()) : told;
 }
 

@@ -15,10 +15,14 @@ public:
   explicit AccessibleMenu(MenuList& list)
       : QAccessibleWidget(&list, QAccessible::PopupMenu), list_(list), items_(*this) {}
 
-  QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(list_.opener()); }
+  QAccessibleInterface* parent() const override {
+    return QAccessible::queryAccessibleInterface(list_.opener());
+  }
   QAccessibleInterface* child(int index) const override { return items_.part(index); }
   int childCount() const override { return partCount(); }
-  int indexOfChild(const QAccessibleInterface* child) const override { return items_.indexOf(child); }
+  int indexOfChild(const QAccessibleInterface* child) const override {
+    return items_.indexOf(child);
+  }
   QAccessibleInterface* childAt(int x, int y) const override { return items_.partAt({x, y}); }
 
 private:
@@ -37,21 +41,26 @@ private:
   AccessibleParts items_;
 };
 
-// What opens a menu has the menu in it while it is open: a window of its own would be told to nobody.
+// What opens a menu has the menu in it while it is open: a window of its own would be told to
+// nobody.
 class AccessibleMenuOpener : public AccessibleControl {
 public:
-  AccessibleMenuOpener(ControlWidget& control, MenuOpener& opener) : AccessibleControl(control), opener_(opener) {}
+  AccessibleMenuOpener(ControlWidget& control, MenuOpener& opener)
+      : AccessibleControl(control), opener_(opener) {}
 
   QAccessibleInterface* child(int index) const override { return index == 0 ? menu() : nullptr; }
   int childCount() const override { return menu() ? 1 : 0; }
-  int indexOfChild(const QAccessibleInterface* child) const override { return child && child == menu() ? 0 : -1; }
+  int indexOfChild(const QAccessibleInterface* child) const override {
+    return child && child == menu() ? 0 : -1;
+  }
   QAccessibleInterface* childAt(int x, int y) const override {
     QAccessibleInterface* open = menu();
     return open && open->rect().contains(x, y) ? open : nullptr;
   }
   // What is chosen: the platform tells a value only of what counts.
   QString text(QAccessible::Text kind) const override {
-    const QString chosen = kind == QAccessible::Description ? AccessibleControl::text(QAccessible::Value) : QString();
+    const QString chosen =
+        kind == QAccessible::Description ? AccessibleControl::text(QAccessible::Value) : QString();
     return chosen.isEmpty() ? AccessibleControl::text(kind) : chosen;
   }
   QAccessible::State state() const override {

@@ -8,7 +8,9 @@
 
 namespace qt {
 
-const viewkit::PresentationNode* AccessibleNode::node() const { return tree_.mirror().host().node(id_); }
+const viewkit::PresentationNode* AccessibleNode::node() const {
+  return tree_.mirror().host().node(id_);
+}
 
 bool AccessibleNode::isValid() const { return leftParent_ || node(); }
 
@@ -59,18 +61,22 @@ QAccessible::State AccessibleNode::state() const {
   }
   const Mirror::Place place = tree_.mirror().placeOf(*node());
   state.readOnly = true;
-  state.offscreen = !place.widget->isVisible() || !place.rect.toAlignedRect().intersects(place.widget->rect());
+  state.offscreen =
+      !place.widget->isVisible() || !place.rect.toAlignedRect().intersects(place.widget->rect());
   state.invisible = !place.widget->isVisible();
   addTold(state, node()->accessibility);
   return state;
 }
 
 void* AccessibleNode::interface_cast(QAccessible::InterfaceType type) {
-  const bool acts = type == QAccessible::ActionInterface && node() && node()->accessibility.pressable;
+  const bool acts =
+      type == QAccessible::ActionInterface && node() && node()->accessibility.pressable;
   return acts ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
 }
 
-QStringList AccessibleNode::actionNames() const { return {QAccessibleActionInterface::pressAction()}; }
+QStringList AccessibleNode::actionNames() const {
+  return {QAccessibleActionInterface::pressAction()};
+}
 
 void AccessibleNode::doAction(const QString& name) {
   if (name == QAccessibleActionInterface::pressAction()) tree_.mirror().host().press(id_);

@@ -12,7 +12,9 @@ public:
 
   bool isValid() const override { return index_ < whole_.partCount(); }
   QObject* object() const override { return nullptr; }
-  QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(&widget()); }
+  QAccessibleInterface* parent() const override {
+    return QAccessible::queryAccessibleInterface(&widget());
+  }
   QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
   int childCount() const override { return 0; }
   int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
@@ -47,7 +49,8 @@ public:
   }
 
   void* interface_cast(QAccessible::InterfaceType type) override {
-    return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
+    return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
+                                                : nullptr;
   }
 
   QStringList actionNames() const override { return {pressAction()}; }

@@ -8,7 +8,8 @@
 
 namespace qt {
 
-// A widget that shows several things that are no widgets themselves, such as tabs or the items of a menu.
+// A widget that shows several things that are no widgets themselves, such as tabs or the items of a
+// menu.
 class PartedWidget {
 public:
   virtual ~PartedWidget() = default;

@@ -10,11 +10,14 @@ namespace qt {
 // A tab bar as assistive technology sees it: a list of tabs, one of them selected.
 class AccessibleTabBar : public AccessibleControl, private PartedWidget {
 public:
-  AccessibleTabBar(ControlWidget& control, QTabBar& bar) : AccessibleControl(control), bar_(bar), tabs_(*this) {}
+  AccessibleTabBar(ControlWidget& control, QTabBar& bar)
+      : AccessibleControl(control), bar_(bar), tabs_(*this) {}
 
   QAccessibleInterface* child(int index) const override { return tabs_.part(index); }
   int childCount() const override { return bar_.count(); }
-  int indexOfChild(const QAccessibleInterface* child) const override { return tabs_.indexOf(child); }
+  int indexOfChild(const QAccessibleInterface* child) const override {
+    return tabs_.indexOf(child);
+  }
   QAccessibleInterface* childAt(int x, int y) const override { return tabs_.partAt({x, y}); }
 
 private:

@@ -9,7 +9,8 @@
 
 namespace qt {
 
-AccessibleText::AccessibleText(ControlWidget& control, QTextEdit& edit) : AccessibleControl(control), edit_(edit) {}
+AccessibleText::AccessibleText(ControlWidget& control, QTextEdit& edit)
+    : AccessibleControl(control), edit_(edit) {}
 
 QString AccessibleText::text(QAccessible::Text kind) const {
   if (kind == QAccessible::Value) return LongText::whole(*edit_.document());
@@ -70,7 +71,9 @@ void AccessibleText::setSelection(int index, int start, int end) {
 
 int AccessibleText::cursorPosition() const { return edit_.textCursor().position(); }
 
-void AccessibleText::setCursorPosition(int position) { edit_.setTextCursor(cursorOver(position, position)); }
+void AccessibleText::setCursorPosition(int position) {
+  edit_.setTextCursor(cursorOver(position, position));
+}
 
 QString AccessibleText::text(int start, int end) const {
   const QString all = edit_.toPlainText();
@@ -83,8 +86,10 @@ QRect AccessibleText::characterRect(int offset) const {
   const QTextCursor here = cursorOver(offset, offset);
   const QRect start = edit_.cursorRect(here);
   const QRect next = edit_.cursorRect(cursorOver(offset + 1, offset + 1));
-  const int width = next.top() == start.top() ? std::abs(next.left() - start.left()) : start.width();
-  const QPoint corner(std::min(start.left(), next.top() == start.top() ? next.left() : start.left()), start.top());
+  const int width =
+      next.top() == start.top() ? std::abs(next.left() - start.left()) : start.width();
+  const QPoint corner(
+      std::min(start.left(), next.top() == start.top() ? next.left() : start.left()), start.top());
   return {edit_.viewport()->mapToGlobal(corner), QSize(width, start.height())};
 }
 
@@ -105,7 +110,9 @@ QString AccessibleText::attributes(int /*offset*/, int* start, int* end) const {
 
 void AccessibleText::deleteText(int start, int end) { cursorOver(start, end).removeSelectedText(); }
 
-void AccessibleText::insertText(int offset, const QString& text) { replaceText(offset, offset, text); }
+void AccessibleText::insertText(int offset, const QString& text) {
+  replaceText(offset, offset, text);
+}
 
 void AccessibleText::replaceText(int start, int end, const QString& text) {
   QTextCursor cursor = cursorOver(start, end);

@@ -9,7 +9,9 @@ namespace qt {
 
 namespace {
 
-bool isTold(const viewkit::PresentationNode& node) { return node.accessibility.role != viewkit::Role::none; }
+bool isTold(const viewkit::PresentationNode& node) {
+  return node.accessibility.role != viewkit::Role::none;
+}
 
 const viewkit::PresentationNode* toldAbove(const viewkit::PresentationNode& node) {
   const viewkit::PresentationNode* above = node.parent;
@@ -38,7 +40,8 @@ AccessibleTree::~AccessibleTree() {
   for (const auto& [node, id] : interfaces_) QAccessible::deleteAccessibleInterface(id);
 }
 
-std::vector<const viewkit::PresentationNode*> AccessibleTree::toldBelow(const viewkit::PresentationNode& node) {
+std::vector<const viewkit::PresentationNode*> AccessibleTree::toldBelow(
+    const viewkit::PresentationNode& node) {
   std::vector<const viewkit::PresentationNode*> told;
   const auto collect = [&](const auto& self, const viewkit::PresentationNode& parent) -> void {
     for (const viewkit::PresentationNode* child : parent.children) {
@@ -111,7 +114,8 @@ void AccessibleTree::announce(const viewkit::PresentationNode& node) {
   if (before.value != now.accessibility.value && now.accessibility.role == viewkit::Role::toggle)
     changed.checked = true;
   if (changed.selected || changed.disabled || changed.checked) notifyState(interface, changed);
-  if (isRenamed && now.accessibility.role == viewkit::Role::alert) notify(interface, QAccessible::Alert);
+  if (isRenamed && now.accessibility.role == viewkit::Role::alert)
+    notify(interface, QAccessible::Alert);
 }
 
 void AccessibleTree::announceNew(const viewkit::PresentationNode& node) {

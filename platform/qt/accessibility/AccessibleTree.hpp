@@ -25,7 +25,8 @@ public:
   Mirror& mirror() const { return mirror_; }
 
   // The nearest nodes below that are told, in the tree's order.
-  static std::vector<const viewkit::PresentationNode*> toldBelow(const viewkit::PresentationNode& node);
+  static std::vector<const viewkit::PresentationNode*> toldBelow(
+      const viewkit::PresentationNode& node);
   QAccessibleInterface* interfaceOf(const viewkit::PresentationNode& node);
   // Of the nearest node above that is told, or of the window.
   QAccessibleInterface* parentOf(const viewkit::PresentationNode& node);

@@ -14,7 +14,9 @@ QAccessibleInterface* AccessibleWindow::child(int index) const {
 }
 
 int AccessibleWindow::childCount() const {
-  return window_.mirror() ? static_cast<int>(AccessibleTree::toldBelow(window_.host().presentation()).size()) : 0;
+  return window_.mirror()
+             ? static_cast<int>(AccessibleTree::toldBelow(window_.host().presentation()).size())
+             : 0;
 }
 
 int AccessibleWindow::indexOfChild(const QAccessibleInterface* child) const {

@@ -6,7 +6,8 @@ namespace qt {
 
 class WindowWidget;
 
-// A window as assistive technology sees it: its children are the first nodes of the tree that are told.
+// A window as assistive technology sees it: its children are the first nodes of the tree that are
+// told.
 class AccessibleWindow : public QAccessibleWidget {
 public:
   explicit AccessibleWindow(WindowWidget& window);

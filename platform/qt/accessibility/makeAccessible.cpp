@@ -18,7 +18,8 @@ QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* obje
   control->setTold(true);
   if (auto* tabs = dynamic_cast<QTabBar*>(object)) return new AccessibleTabBar(*control, *tabs);
   if (auto* edit = dynamic_cast<QTextEdit*>(object)) return new AccessibleText(*control, *edit);
-  if (auto* opener = dynamic_cast<MenuOpener*>(object)) return new AccessibleMenuOpener(*control, *opener);
+  if (auto* opener = dynamic_cast<MenuOpener*>(object))
+    return new AccessibleMenuOpener(*control, *opener);
   return new AccessibleControl(*control);
 }
 

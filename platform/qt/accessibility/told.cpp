@@ -36,7 +36,8 @@ QString toldText(const viewkit::Accessibility& told, QAccessible::Text kind) {
   switch (kind) {
     case QAccessible::Name: return text(told.label.empty() ? told.help : told.label);
     case QAccessible::Description:
-    case QAccessible::Help: return told.label.empty() || told.label == told.help ? QString() : text(told.help);
+    case QAccessible::Help:
+      return told.label.empty() || told.label == told.help ? QString() : text(told.help);
     case QAccessible::Value: return text(told.value);
     default: return {};
   }
@@ -48,19 +49,23 @@ void addTold(QAccessible::State& state, const viewkit::Accessibility& told) {
   state.selected = told.selected.value_or(false);
 }
 
-QAccessibleInterface* childOf(AccessibleTree& tree, const viewkit::PresentationNode& node, int index) {
+QAccessibleInterface* childOf(AccessibleTree& tree, const viewkit::PresentationNode& node,
+                              int index) {
   const auto children = AccessibleTree::toldBelow(node);
   const bool exists = index >= 0 && index < static_cast<int>(children.size());
   return exists ? tree.interfaceOf(*children[static_cast<size_t>(index)]) : nullptr;
 }
 
-int indexIn(AccessibleTree& tree, const viewkit::PresentationNode& node, const QAccessibleInterface* child) {
+int indexIn(AccessibleTree& tree, const viewkit::PresentationNode& node,
+            const QAccessibleInterface* child) {
   const auto children = AccessibleTree::toldBelow(node);
-  const auto found = std::ranges::find_if(children, [&](const auto* each) { return tree.interfaceOf(*each) == child; });
+  const auto found = std::ranges::find_if(
+      children, [&](const auto* each) { return tree.interfaceOf(*each) == child; });
   return found != children.end() ? static_cast<int>(found - children.begin()) : -1;
 }
 
-QAccessibleInterface* childUnder(AccessibleTree& tree, const viewkit::PresentationNode& node, QPoint onScreen) {
+QAccessibleInterface* childUnder(AccessibleTree& tree, const viewkit::PresentationNode& node,
+                                 QPoint onScreen) {
   const auto children = AccessibleTree::toldBelow(node);
   for (auto child = children.rbegin(); child != children.rend(); ++child) {
     QAccessibleInterface* interface = tree.interfaceOf(**child);

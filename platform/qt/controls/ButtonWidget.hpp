@@ -18,8 +18,8 @@ public:
 
 protected:
   virtual void press() = 0;
-  // Presses the control as the newest views describe it: a press may follow another one before the views
-  // were brought up to date.
+  // Presses the control as the newest views describe it: a press may follow another one before the
+  // views were brought up to date.
   void pressUpToDate();
 
   void keyPressEvent(QKeyEvent* event) override;

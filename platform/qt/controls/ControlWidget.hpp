@@ -13,9 +13,9 @@ namespace qt {
 
 class Mirror;
 
-// What a control of the presentation tree is on the screen: a widget that shows its node and hands the
-// person's actions to the functions in it. Every control derives from this and from the kind of widget
-// that it is; Qt owns it through the widget's parent.
+// What a control of the presentation tree is on the screen: a widget that shows its node and hands
+// the person's actions to the functions in it. Every control derives from this and from the kind of
+// widget that it is; Qt owns it through the widget's parent.
 class ControlWidget {
 public:
   ControlWidget(Mirror& mirror, const viewkit::PresentationNode& node)
@@ -48,8 +48,8 @@ public:
   virtual bool shows(const viewkit::PresentationNode& node) const {
     return node.control() && node.control()->index() == kind_;
   }
-  // Whether nothing that the person began with it is under way, so that it may show another node as a new
-  // widget would.
+  // Whether nothing that the person began with it is under way, so that it may show another node as
+  // a new widget would.
   virtual bool isAtRest() const;
   // From having no node to showing this one, as if it had been made for it.
   void takeOver(const viewkit::PresentationNode& node);
@@ -91,8 +91,8 @@ protected:
 
   // Shows what the view made of the person's action, should it be something else or nothing.
   void refreshLater();
-  // Makes the last of the calls that are asked for in this turn, on the next one: a chooser goes through
-  // several values until it settles on what the person picked.
+  // Makes the last of the calls that are asked for in this turn, on the next one: a chooser goes
+  // through several values until it settles on what the person picked.
   void settleOn(std::function<void()> choose);
 
 private:

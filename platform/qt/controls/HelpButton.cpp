@@ -25,8 +25,9 @@ void HelpButton::paintEvent(QPaintEvent* /*event*/) {
   Style::drawButtonSurface(painter, circle, radius, styleOption());
   const QSizeF size(kSymbolSize, kSymbolSize);
   const QPointF corner = circle.center() - QPointF(kSymbolSize, kSymbolSize) / 2;
-  painter.drawPixmap(
-      corner, symbolPixmap("questionmark", size, palette().color(QPalette::ButtonText), devicePixelRatioOf(painter)));
+  painter.drawPixmap(corner,
+                     symbolPixmap("questionmark", size, palette().color(QPalette::ButtonText),
+                                  devicePixelRatioOf(painter)));
   if (Style::showsFocus(*this)) Style::drawFocusRing(painter, circle, radius, palette());
 }
 

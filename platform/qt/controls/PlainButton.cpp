@@ -11,7 +11,8 @@ namespace qt {
 void PlainButton::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   mirror().paint(painter, *this, event->rect(), Style::contentOpacity(styleOption()));
-  if (Style::showsFocus(*this)) Style::drawFocusRing(painter, rect(), Style::kCornerRadius, palette());
+  if (Style::showsFocus(*this))
+    Style::drawFocusRing(painter, rect(), Style::kCornerRadius, palette());
 }
 
 }  // namespace qt

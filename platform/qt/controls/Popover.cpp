@@ -29,26 +29,31 @@ Popover::~Popover() { qApp->removeEventFilter(this); }
 QPoint Popover::contentOrigin() const { return {kShadow, kShadow}; }
 
 QRect Popover::placeFor(const QRect& frame) const {
-  const QRect window = mirror().canvas().rect().adjusted(kWindowMargin, kWindowMargin, -kWindowMargin, -kWindowMargin);
+  const QRect window = mirror().canvas().rect().adjusted(kWindowMargin, kWindowMargin,
+                                                         -kWindowMargin, -kWindowMargin);
   const QRect anchor =
-      node()->parent ? wholePixels(mirror().coordinates().toDevice(node()->parent->frameInWindow())) : frame;
+      node()->parent ? wholePixels(mirror().coordinates().toDevice(node()->parent->frameInWindow()))
+                     : frame;
   // Above what it belongs to where there is room, else below it, and always within the window.
   const bool fitsAbove = anchor.top() - kGap - frame.height() >= window.top();
   const int top = fitsAbove ? anchor.top() - kGap - frame.height() : anchor.bottom() + 1 + kGap;
   const int left = anchor.center().x() - frame.width() / 2;
-  const QPoint corner(std::clamp(left, window.left(), std::max(window.left(), window.right() + 1 - frame.width())),
-                      std::clamp(top, window.top(), std::max(window.top(), window.bottom() + 1 - frame.height())));
+  const QPoint corner(
+      std::clamp(left, window.left(), std::max(window.left(), window.right() + 1 - frame.width())),
+      std::clamp(top, window.top(), std::max(window.top(), window.bottom() + 1 - frame.height())));
   return QRect(corner, frame.size()).adjusted(-kShadow, -kShadow, kShadow, kShadow);
 }
 
 bool Popover::eventFilter(QObject* watched, QEvent* event) {
-  const bool isPress = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+  const bool isPress =
+      event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
   if (!isPress || !node()) return false;
   // The press before may have closed it already.
   mirror().host().update();
   if (!node()) return false;
   const auto* pressed = qobject_cast<QWidget*>(watched);
-  const bool isElsewhere = pressed && pressed != this && !isAncestorOf(pressed) && pressed->window() == window();
+  const bool isElsewhere =
+      pressed && pressed != this && !isAncestorOf(pressed) && pressed->window() == window();
   // The click is for closing; it does nothing else.
   if (isElsewhere) dismiss();
   return isElsewhere;
@@ -63,7 +68,8 @@ void Popover::mouseReleaseEvent(QMouseEvent* event) {
 void Popover::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.setOpacity(opacity());
-  Style::drawShadow(painter, QRectF(rect()).adjusted(kShadow, kShadow, -kShadow, -kShadow), kShadow);
+  Style::drawShadow(painter, QRectF(rect()).adjusted(kShadow, kShadow, -kShadow, -kShadow),
+                    kShadow);
   Style::drawFloatingSurface(painter, QRectF(rect()).adjusted(kShadow, kShadow, -kShadow, -kShadow),
                              Style::kFloatingRadius, palette());
   mirror().paint(painter, *this, event->rect());

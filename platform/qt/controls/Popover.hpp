@@ -4,8 +4,8 @@
 
 namespace qt {
 
-// A surface that stands above the window, beside the view it belongs to. A click elsewhere or Escape
-// closes it.
+// A surface that stands above the window, beside the view it belongs to. A click elsewhere or
+// Escape closes it.
 class Popover : public QWidget, public ControlWidget {
 public:
   Popover(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& canvas);

@@ -44,14 +44,17 @@ void PushButton::paintEvent(QPaintEvent* /*event*/) {
   const qreal margin = title.isEmpty() ? kSymbolMargin : kMargin;
   const qreal symbolWidth = button->symbol ? kSymbolSize + (title.isEmpty() ? 0 : kGap) : 0;
   const QFontMetricsF metrics(font());
-  const QString shown = metrics.elidedText(title, Qt::ElideRight, frame.width() - 2 * margin - symbolWidth + 1);
+  const QString shown =
+      metrics.elidedText(title, Qt::ElideRight, frame.width() - 2 * margin - symbolWidth + 1);
   const qreal contentWidth = symbolWidth + metrics.horizontalAdvance(shown);
   QRectF content((frame.width() - contentWidth) / 2, 0, contentWidth, frame.height());
   if (button->symbol) {
-    QRectF place(content.left(), std::floor((frame.height() - kSymbolSize) / 2), kSymbolSize, kSymbolSize);
+    QRectF place(content.left(), std::floor((frame.height() - kSymbolSize) / 2), kSymbolSize,
+                 kSymbolSize);
     if (layoutDirection() == Qt::RightToLeft) place.moveRight(content.right());
-    painter.drawPixmap(QPointF(std::floor(place.left()), place.top()),
-                       symbolPixmap(button->symbol->text(), place.size(), color, devicePixelRatioOf(painter)));
+    painter.drawPixmap(
+        QPointF(std::floor(place.left()), place.top()),
+        symbolPixmap(button->symbol->text(), place.size(), color, devicePixelRatioOf(painter)));
     if (layoutDirection() == Qt::RightToLeft) {
       content.setRight(place.left() - kGap);
     } else {
@@ -59,8 +62,10 @@ void PushButton::paintEvent(QPaintEvent* /*event*/) {
     }
   }
   painter.setPen(color);
-  if (!title.isEmpty()) painter.drawText(content.adjusted(-1, 0, 1, 0), Qt::AlignCenter | Qt::TextSingleLine, shown);
-  if (Style::showsFocus(*this)) Style::drawFocusRing(painter, frame, Style::kCornerRadius, palette());
+  if (!title.isEmpty())
+    painter.drawText(content.adjusted(-1, 0, 1, 0), Qt::AlignCenter | Qt::TextSingleLine, shown);
+  if (Style::showsFocus(*this))
+    Style::drawFocusRing(painter, frame, Style::kCornerRadius, palette());
 }
 
 }  // namespace qt

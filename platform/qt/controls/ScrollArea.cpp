@@ -41,7 +41,8 @@ ScrollArea::ScrollArea(Mirror& mirror, const viewkit::PresentationNode& node, QW
 
 bool ScrollArea::isAtRest() const {
   const bool isTouched = QScroller::scroller(this)->state() != QScroller::Inactive;
-  const bool isMoving = isTouched || bar_->isSliderDown() || glide_.state() == QAbstractAnimation::Running;
+  const bool isMoving =
+      isTouched || bar_->isSliderDown() || glide_.state() == QAbstractAnimation::Running;
   return !isMoving && ControlWidget::isAtRest();
 }
 
@@ -121,8 +122,9 @@ void ScrollArea::wheelEvent(QWheelEvent* event) {
   const auto* scroll = control<viewkit::ScrollControl>();
   const double angle = event->angleDelta().y();
   const bool isVertical = std::abs(angle) >= std::abs(event->angleDelta().x());
-  const double from =
-      glide_.state() == QAbstractAnimation::Running ? glide_.endValue().toDouble() : (scroll ? scroll->offset.y : 0);
+  const double from = glide_.state() == QAbstractAnimation::Running
+                          ? glide_.endValue().toDouble()
+                          : (scroll ? scroll->offset.y : 0);
   const bool isAtEnd = angle > 0 ? from <= 0 : from >= maximum();
   // What cannot scroll any further leaves the wheel to what is around it.
   if (!scroll || !isVertical || isAtEnd) {

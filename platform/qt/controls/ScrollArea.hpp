@@ -8,8 +8,8 @@ namespace qt {
 
 class ThinScrollBar;
 
-// A view onto content that is higher: the wheel, a touch, the scroll bar and the keyboard ask the view
-// to scroll.
+// A view onto content that is higher: the wheel, a touch, the scroll bar and the keyboard ask the
+// view to scroll.
 class ScrollArea : public QWidget, public ControlWidget {
 public:
   ScrollArea(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent);

@@ -45,7 +45,8 @@ void Switch::showAtOnce(bool isOn) {
 }
 
 void Switch::press() {
-  if (const auto* toggle = control<viewkit::ToggleControl>()) call(&viewkit::ToggleControl::set, !toggle->isOn);
+  if (const auto* toggle = control<viewkit::ToggleControl>())
+    call(&viewkit::ToggleControl::set, !toggle->isOn);
 }
 
 void Switch::refresh() {
@@ -70,8 +71,9 @@ void Switch::paintEvent(QPaintEvent* /*event*/) {
   QRectF track(QPointF(), trackSize(toggle->size));
   track.moveCenter(QRectF(rect()).center());
   const qreal radius = track.height() / 2;
-  const double position =
-      position_.state() == QAbstractAnimation::Running ? position_.currentValue().toDouble() : (isOn_ ? 1.0 : 0.0);
+  const double position = position_.state() == QAbstractAnimation::Running
+                              ? position_.currentValue().toDouble()
+                              : (isOn_ ? 1.0 : 0.0);
 
   const QColor window = palette().color(QPalette::Window);
   const QColor label = palette().color(QPalette::Active, QPalette::WindowText);
@@ -84,13 +86,15 @@ void Switch::paintEvent(QPaintEvent* /*event*/) {
 
   const qreal diameter = track.height() - 2 * kKnobInset;
   const double fromLeft = layoutDirection() == Qt::RightToLeft ? 1 - position : position;
-  const qreal x = track.left() + kKnobInset + fromLeft * (track.width() - diameter - 2 * kKnobInset);
+  const qreal x =
+      track.left() + kKnobInset + fromLeft * (track.width() - diameter - 2 * kKnobInset);
   const QRectF knob(x, track.top() + kKnobInset, diameter, diameter);
   painter.setPen(Qt::NoPen);
   painter.setBrush(QColor(0, 0, 0, 40));
   painter.drawEllipse(knob.adjusted(-0.5, 0, 0.5, 1));
   drawRoundedRect(painter, knob,
-                  {.radius = diameter / 2, .fill = isEnabled() ? QColor(Qt::white) : blended(fill, Qt::white, 0.7)});
+                  {.radius = diameter / 2,
+                   .fill = isEnabled() ? QColor(Qt::white) : blended(fill, Qt::white, 0.7)});
   if (isDown()) {
     painter.setBrush(QColor(0, 0, 0, 24));
     painter.drawEllipse(knob);

@@ -76,7 +76,9 @@ void TabBar::refresh() {
 
 QSize TabBar::tabSizeHint(int index) const { return tabSize(tabText(index)).toSize(); }
 
-QSize TabBar::minimumTabSizeHint(int index) const { return {qRound(kSymbolSize), tabSizeHint(index).height()}; }
+QSize TabBar::minimumTabSizeHint(int index) const {
+  return {qRound(kSymbolSize), tabSizeHint(index).height()};
+}
 
 void TabBar::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
@@ -99,12 +101,15 @@ void TabBar::paintTab(QPainter& painter, int index) {
   const QColor color = isSelected ? palette().color(QPalette::Active, QPalette::Highlight)
                                   : blended(palette().color(QPalette::Window), label, 0.75);
   const QPointF corner(std::floor(frame.center().x() - kSymbolSize / 2), frame.top() + kTop);
-  painter.drawPixmap(corner, symbolPixmap(tabs->items[static_cast<size_t>(index)].symbol.text(),
-                                          {kSymbolSize, kSymbolSize}, color, devicePixelRatioOf(painter)));
+  painter.drawPixmap(corner,
+                     symbolPixmap(tabs->items[static_cast<size_t>(index)].symbol.text(),
+                                  {kSymbolSize, kSymbolSize}, color, devicePixelRatioOf(painter)));
   painter.setPen(color);
   const qreal top = kTop + kSymbolSize + kGap;
-  const QRectF area(frame.left() + 2, frame.top() + top, frame.width() - 4, frame.height() - top - kBottom);
-  const QString title = QFontMetricsF(painter.font()).elidedText(tabText(index), Qt::ElideRight, area.width() + 1);
+  const QRectF area(frame.left() + 2, frame.top() + top, frame.width() - 4,
+                    frame.height() - top - kBottom);
+  const QString title =
+      QFontMetricsF(painter.font()).elidedText(tabText(index), Qt::ElideRight, area.width() + 1);
   painter.drawText(area, Qt::AlignCenter | Qt::TextSingleLine, title);
   if (isSelected && Style::showsFocus(*this)) {
     Style::drawFocusRing(painter, frame, Style::kCornerRadius, palette());

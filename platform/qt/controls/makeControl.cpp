@@ -25,7 +25,9 @@ public:
       : mirror_(mirror), node_(node), parent_(parent) {}
 
   ControlWidget* operator()(const viewkit::ButtonControl&) const { return make<PushButton>(); }
-  ControlWidget* operator()(const viewkit::PlainButtonControl&) const { return make<PlainButton>(); }
+  ControlWidget* operator()(const viewkit::PlainButtonControl&) const {
+    return make<PlainButton>();
+  }
   ControlWidget* operator()(const viewkit::HelpButtonControl&) const { return make<HelpButton>(); }
   ControlWidget* operator()(const viewkit::FontPickerControl&) const { return make<FontPicker>(); }
   ControlWidget* operator()(const viewkit::TabBarControl&) const { return make<TabBar>(); }
@@ -38,7 +40,9 @@ public:
     return menu.kind == viewkit::MenuControl::Kind::label ? make<MenuLabel>() : make<MenuButton>();
   }
   ControlWidget* operator()(const viewkit::TextFieldControl&) const { return make<TextField>(); }
-  ControlWidget* operator()(const viewkit::SelectableTextControl&) const { return make<SelectableText>(); }
+  ControlWidget* operator()(const viewkit::SelectableTextControl&) const {
+    return make<SelectableText>();
+  }
   ControlWidget* operator()(const viewkit::ScrollControl&) const { return make<ScrollArea>(); }
 
 private:

@@ -13,7 +13,8 @@ namespace qt {
 
 namespace {
 
-// How long the first window may wait for the desktop's answer: opening in the wrong colours is worse.
+// How long the first window may wait for the desktop's answer: opening in the wrong colours is
+// worse.
 constexpr int kFirstAnswerMilliseconds = 200;
 constexpr int kTogetherMilliseconds = 20;
 
@@ -28,7 +29,8 @@ const QString& interfaceGroup() {
 
 QDBusMessage question() {
   QDBusMessage call = QDBusMessage::createMethodCall(
-      QStringLiteral("org.freedesktop.portal.Desktop"), QStringLiteral("/org/freedesktop/portal/desktop"),
+      QStringLiteral("org.freedesktop.portal.Desktop"),
+      QStringLiteral("/org/freedesktop/portal/desktop"),
       QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("ReadAll"));
   call << QStringList{appearanceGroup(), interfaceGroup()};
   return call;
@@ -36,20 +38,22 @@ QDBusMessage question() {
 
 }  // namespace
 
-DesktopPreferences::DesktopPreferences(std::function<void()> changed) : changed_(std::move(changed)) {
+DesktopPreferences::DesktopPreferences(std::function<void()> changed)
+    : changed_(std::move(changed)) {
   QDBusConnection bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return;
   announced_.setSingleShot(true);
   announced_.setInterval(kTogetherMilliseconds);
   announced_.callOnTimeout(&announced_, [this] { ask(); });
   const QDBusMessage call = question();
-  bus.connect(call.service(), call.path(), call.interface(), QStringLiteral("SettingChanged"), &announced_,
-              SLOT(start()));
+  bus.connect(call.service(), call.path(), call.interface(), QStringLiteral("SettingChanged"),
+              &announced_, SLOT(start()));
   read(bus.call(call, QDBus::Block, kFirstAnswerMilliseconds));
 }
 
 void DesktopPreferences::ask() {
-  auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question()), &announced_);
+  auto* watcher =
+      new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question()), &announced_);
   QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &announced_, [this, watcher] {
     watcher->deleteLater();
     if (watcher->isError()) return;
@@ -67,8 +71,9 @@ void DesktopPreferences::read(const QDBusMessage& reply) {
     case 2: appearance_ = appkit::Appearance::light; break;
     default: appearance_ = std::nullopt;
   }
-  reducedMotion_ = appearance.value(QStringLiteral("reduced-motion")).toUInt() == 1 ||
-                   !groups.value(interfaceGroup()).value(QStringLiteral("enable-animations"), true).toBool();
+  reducedMotion_ =
+      appearance.value(QStringLiteral("reduced-motion")).toUInt() == 1 ||
+      !groups.value(interfaceGroup()).value(QStringLiteral("enable-animations"), true).toBool();
 }
 
 }  // namespace qt

@@ -8,8 +8,8 @@
 
 namespace qt {
 
-// Where things of the view tree lie in the window: the tree counts from the leading edge, Qt from the
-// left one.
+// Where things of the view tree lie in the window: the tree counts from the leading edge, Qt from
+// the left one.
 struct Coordinates {
   double windowWidth = 0;
   bool rightToLeft = false;

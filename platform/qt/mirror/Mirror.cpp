@@ -66,7 +66,8 @@ void showOnly(QWidget& widget, const QRect& visible) {
 // What is painted over the controls of a surface.
 class Mirror::Overlay : public QWidget {
 public:
-  Overlay(const Mirror& mirror, QWidget& surface) : QWidget(&surface), mirror_(mirror), surface_(surface) {
+  Overlay(const Mirror& mirror, QWidget& surface)
+      : QWidget(&surface), mirror_(mirror), surface_(surface) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAttribute(Qt::WA_NoSystemBackground);
   }
@@ -82,7 +83,8 @@ private:
   QWidget& surface_;
 };
 
-Mirror::Mirror(QWidget& canvas, viewkit::ViewHost& host) : canvas_(canvas), host_(host), accessibles_(*this) {
+Mirror::Mirror(QWidget& canvas, viewkit::ViewHost& host)
+    : canvas_(canvas), host_(host), accessibles_(*this) {
   surfaces_[&canvas].widget = &canvas;
 }
 
@@ -131,24 +133,27 @@ bool Mirror::noteArrangement(const viewkit::PresentationChanges& changes) {
 // Brings every widget to where the tree has it.
 void Mirror::arrange() {
   const viewkit::PresentationNode& root = host_.presentation();
-  coordinates_ = {.windowWidth = root.frame.size.width,
-                  .rightToLeft = host_.environment().layoutDirection == viewkit::LayoutDirection::rightToLeft};
+  coordinates_ = {
+      .windowWidth = root.frame.size.width,
+      .rightToLeft = host_.environment().layoutDirection == viewkit::LayoutDirection::rightToLeft};
   nextTabOrder_.clear();
   Surface& surface = surfaces_.at(&canvas_);
   surface.node = &root;
   surface.opacity = root.opacity;
   surface.above.clear();
   Walk walk{.surface = surface, .controls = {}, .covered = {}};
-  for (const viewkit::PresentationNode* child : root.children) mirror(*child, {}, root.opacity, kEverything, walk);
+  for (const viewkit::PresentationNode* child : root.children)
+    mirror(*child, {}, root.opacity, kEverything, walk);
   finish(walk);
 
   if (nextTabOrder_ == tabOrder_) return;
   tabOrder_ = nextTabOrder_;
-  for (size_t i = 1; i < tabOrder_.size(); ++i) QWidget::setTabOrder(tabOrder_[i - 1], tabOrder_[i]);
+  for (size_t i = 1; i < tabOrder_.size(); ++i)
+    QWidget::setTabOrder(tabOrder_[i - 1], tabOrder_[i]);
 }
 
-void Mirror::mirror(const viewkit::PresentationNode& node, viewkit::Point parentOrigin, double opacity, QRect clip,
-                    Walk& walk) {
+void Mirror::mirror(const viewkit::PresentationNode& node, viewkit::Point parentOrigin,
+                    double opacity, QRect clip, Walk& walk) {
   const viewkit::Rect inWindow = node.frame.movedBy(parentOrigin);
   const QRectF frame = coordinates_.toDevice(inWindow);
   opacity *= node.opacity;
@@ -157,12 +162,14 @@ void Mirror::mirror(const viewkit::PresentationNode& node, viewkit::Point parent
     return;
   }
   if (node.clipRadius) clip &= wholePixels(frame);
-  if (isPainted(node) && walk.covered.intersects(wholePixels(frame))) walk.surface.above.insert(node.id);
-  for (const viewkit::PresentationNode* child : node.children) mirror(*child, inWindow.origin, opacity, clip, walk);
+  if (isPainted(node) && walk.covered.intersects(wholePixels(frame)))
+    walk.surface.above.insert(node.id);
+  for (const viewkit::PresentationNode* child : node.children)
+    mirror(*child, inWindow.origin, opacity, clip, walk);
 }
 
-void Mirror::mirrorControl(const viewkit::PresentationNode& node, const QRectF& frame, double opacity,
-                           const QRect& clip, Walk& walk) {
+void Mirror::mirrorControl(const viewkit::PresentationNode& node, const QRectF& frame,
+                           double opacity, const QRect& clip, Walk& walk) {
   ControlWidget& control = controlFor(node, *walk.surface.widget);
   QWidget& widget = control.widget();
   const QRect place = control.placeFor(wholePixels(frame));
@@ -180,7 +187,8 @@ void Mirror::mirrorControl(const viewkit::PresentationNode& node, const QRectF& 
   } else {
     fade(widget, opacity);
   }
-  // Last: what is in a new widget appears together with it, which asks the window system once and not for each.
+  // Last: what is in a new widget appears together with it, which asks the window system once and
+  // not for each.
   if (isInSurface) {
     showOnly(widget, geometry & clip.translated(-walk.surface.origin));
   } else {
@@ -189,8 +197,8 @@ void Mirror::mirrorControl(const viewkit::PresentationNode& node, const QRectF& 
   }
 }
 
-void Mirror::mirrorInside(const viewkit::PresentationNode& node, const QRectF& frame, double opacity,
-                          ControlWidget& control) {
+void Mirror::mirrorInside(const viewkit::PresentationNode& node, const QRectF& frame,
+                          double opacity, ControlWidget& control) {
   QWidget& widget = control.widget();
   Surface& inner = surfaces_[&widget];
   inner.widget = &widget;
@@ -294,17 +302,21 @@ void Mirror::discard(ControlWidget& control) {
   widget.deleteLater();
 }
 
-void Mirror::paint(QPainter& painter, const QWidget& surface, const QRect& dirty, double opacity) const {
+void Mirror::paint(QPainter& painter, const QWidget& surface, const QRect& dirty,
+                   double opacity) const {
   const auto found = surfaces_.find(&surface);
-  if (found != surfaces_.end() && found->second.node) paintSurface(painter, found->second, dirty, opacity, false);
+  if (found != surfaces_.end() && found->second.node)
+    paintSurface(painter, found->second, dirty, opacity, false);
 }
 
-void Mirror::paintSurface(QPainter& painter, const Surface& surface, const QRect& dirty, double opacity,
-                          bool above) const {
+void Mirror::paintSurface(QPainter& painter, const Surface& surface, const QRect& dirty,
+                          double opacity, bool above) const {
   painter.save();
   painter.translate(-surface.origin);
   clipToAncestors(painter, surface);
-  const auto isWanted = [&](const viewkit::PresentationNode& node) { return surface.above.contains(node.id) == above; };
+  const auto isWanted = [&](const viewkit::PresentationNode& node) {
+    return surface.above.contains(node.id) == above;
+  };
   NodePainter(painter, coordinates_, dirty.translated(surface.origin), isWanted)
       .paintChildren(*surface.node, surface.nodeOrigin, surface.opacity * opacity);
   painter.restore();
@@ -315,11 +327,13 @@ void Mirror::clipToAncestors(QPainter& painter, const Surface& surface) const {
   for (const viewkit::PresentationNode* node = surface.node; node; node = node->parent) {
     if (node->clipRadius.value_or(0) > 0) {
       QPainterPath outline;
-      outline.addRoundedRect(coordinates_.toDevice(node->frameInWindow()), *node->clipRadius, *node->clipRadius);
+      outline.addRoundedRect(coordinates_.toDevice(node->frameInWindow()), *node->clipRadius,
+                             *node->clipRadius);
       painter.setClipPath(outline, Qt::IntersectClip);
     }
     // A popover stands above everything around it.
-    if (node->control() && std::holds_alternative<viewkit::PopoverControl>(*node->control())) return;
+    if (node->control() && std::holds_alternative<viewkit::PopoverControl>(*node->control()))
+      return;
   }
 }
 
@@ -360,7 +374,8 @@ ControlWidget* Mirror::controlOf(viewkit::NodeId id) const {
 }
 
 Mirror::Place Mirror::placeOf(const viewkit::PresentationNode& node) const {
-  if (ControlWidget* control = controlOf(node.id)) return {&control->widget(), QRectF(control->widget().rect())};
+  if (ControlWidget* control = controlOf(node.id))
+    return {&control->widget(), QRectF(control->widget().rect())};
   const viewkit::PresentationNode* holder = node.parent;
   while (holder && !controlOf(holder->id)) holder = holder->parent;
   const QWidget& widget = holder ? controlOf(holder->id)->widget() : canvas_;

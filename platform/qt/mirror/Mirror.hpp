@@ -21,9 +21,9 @@ namespace qt {
 
 class ControlWidget;
 
-// Keeps the widgets of a window equal to its presentation tree: one widget for each control, stacked
-// and reached by the Tab key in the order of the tree; everything else is painted by the widget that
-// it stands in, the window's own or that of a control that holds other views.
+// Keeps the widgets of a window equal to its presentation tree: one widget for each control,
+// stacked and reached by the Tab key in the order of the tree; everything else is painted by the
+// widget that it stands in, the window's own or that of a control that holds other views.
 class Mirror {
 public:
   // `canvas` is the window's own widget. It and the host outlive the mirror.
@@ -41,7 +41,8 @@ public:
 
   // Paints what belongs to this widget: the window's, or that of a control that holds other views.
   // `opacity` is on top of the tree's own.
-  void paint(QPainter& painter, const QWidget& surface, const QRect& dirty, double opacity = 1) const;
+  void paint(QPainter& painter, const QWidget& surface, const QRect& dirty,
+             double opacity = 1) const;
 
   // Where a point of any widget in the window lies in the tree.
   viewkit::Point treePoint(const QWidget& widget, QPointF point) const;
@@ -90,11 +91,12 @@ private:
   // Remembers how the nodes are arranged now; whether that is news.
   bool noteArrangement(const viewkit::PresentationChanges& changes);
   void arrange();
-  void mirror(const viewkit::PresentationNode& node, viewkit::Point parentOrigin, double opacity, QRect clip,
-              Walk& walk);
-  void mirrorControl(const viewkit::PresentationNode& node, const QRectF& frame, double opacity, const QRect& clip,
-                     Walk& walk);
-  void mirrorInside(const viewkit::PresentationNode& node, const QRectF& frame, double opacity, ControlWidget& control);
+  void mirror(const viewkit::PresentationNode& node, viewkit::Point parentOrigin, double opacity,
+              QRect clip, Walk& walk);
+  void mirrorControl(const viewkit::PresentationNode& node, const QRectF& frame, double opacity,
+                     const QRect& clip, Walk& walk);
+  void mirrorInside(const viewkit::PresentationNode& node, const QRectF& frame, double opacity,
+                    ControlWidget& control);
   void finish(Walk& walk);
   // Gives the surface a widget for what is painted over its controls, if anything is.
   void cover(Surface& surface);
@@ -103,7 +105,8 @@ private:
   ControlWidget* takeSpare(const viewkit::PresentationNode& node, const QWidget& parent);
   void setAside(const std::vector<viewkit::NodeId>& removed);
   void discard(ControlWidget& control);
-  void paintSurface(QPainter& painter, const Surface& surface, const QRect& dirty, double opacity, bool above) const;
+  void paintSurface(QPainter& painter, const Surface& surface, const QRect& dirty, double opacity,
+                    bool above) const;
   void clipToAncestors(QPainter& painter, const Surface& surface) const;
   const Surface& surfaceAround(const QWidget& widget) const;
   void damage(const viewkit::Rect& rect);
@@ -112,8 +115,8 @@ private:
   viewkit::ViewHost& host_;
   Coordinates coordinates_;
   std::unordered_map<viewkit::NodeId, ControlWidget*> controls_;
-  // Of nodes that went in this pass, until those that came in it have taken what they can use: making widgets
-  // and showing them costs many times what it costs to change them.
+  // Of nodes that went in this pass, until those that came in it have taken what they can use:
+  // making widgets and showing them costs many times what it costs to change them.
   std::vector<ControlWidget*> spares_;
   std::unordered_map<const QWidget*, Surface> surfaces_;
   std::unordered_set<viewkit::NodeId> changed_;

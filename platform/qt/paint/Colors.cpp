@@ -14,7 +14,9 @@ QColor colorOf(const appkit::Color& color) {
 }
 
 QColor blended(const QColor& under, const QColor& over, qreal opacity) {
-  const auto mix = [&](float a, float b) { return a + (b - a) * static_cast<float>(opacity * over.alphaF()); };
+  const auto mix = [&](float a, float b) {
+    return a + (b - a) * static_cast<float>(opacity * over.alphaF());
+  };
   return QColor::fromRgbF(mix(under.redF(), over.redF()), mix(under.greenF(), over.greenF()),
                           mix(under.blueF(), over.blueF()));
 }
@@ -30,7 +32,9 @@ QPalette paletteOf(const appkit::Palette& palette) {
   const QColor button = dark ? blended(group, Qt::white, 0.09) : QColor(Qt::white);
 
   QPalette result;
-  const auto set = [&](QPalette::ColorRole role, const QColor& color) { result.setColor(QPalette::All, role, color); };
+  const auto set = [&](QPalette::ColorRole role, const QColor& color) {
+    result.setColor(QPalette::All, role, color);
+  };
   set(QPalette::Window, window);
   set(QPalette::WindowText, text);
   set(QPalette::Base, base);
@@ -53,7 +57,8 @@ QPalette paletteOf(const appkit::Palette& palette) {
   set(QPalette::Shadow, dark ? QColor(Qt::black) : blended(window, text, 0.6));
 
   const QColor faint = blended(window, text, 0.38);
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+  for (const auto role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
     result.setColor(QPalette::Disabled, role, faint);
   }
   result.setColor(QPalette::Disabled, QPalette::Highlight, blended(window, text, 0.2));

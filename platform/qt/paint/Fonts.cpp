@@ -21,8 +21,9 @@ QFont fontOf(const appkit::Font& font) {
 }
 
 appkit::Font fontFrom(const QFont& font) {
-  return {
-      .family = font.family().toStdString(), .style = font.styleName().toStdString(), .pointSize = font.pointSizeF()};
+  return {.family = font.family().toStdString(),
+          .style = font.styleName().toStdString(),
+          .pointSize = font.pointSizeF()};
 }
 
 QFont fontOf(const viewkit::Font& font) {

@@ -5,8 +5,9 @@
 
 namespace qt {
 
-// The value for the key: as it was made before, or by `make`. The last `most` are kept for each type of key, which
-// has to be a type of its own; they go with the application, which pictures and laid-out lines must not outlive.
+// The value for the key: as it was made before, or by `make`. The last `most` are kept for each
+// type of key, which has to be a type of its own; they go with the application, which pictures and
+// laid-out lines must not outlive.
 template <class Value, int most, class Key, class Make>
 Value keptValue(const Key& key, const Make& make) {
   static QCache<Key, Value> cache(most);

@@ -22,7 +22,8 @@ constexpr double kOverhang = 2;
 
 qreal devicePixelRatioOf(const QPainter& painter) { return painter.deviceTransform().m11(); }
 
-NodePainter::NodePainter(QPainter& painter, const Coordinates& coordinates, QRectF dirty, Filter filter)
+NodePainter::NodePainter(QPainter& painter, const Coordinates& coordinates, QRectF dirty,
+                         Filter filter)
     : painter_(painter),
       coordinates_(coordinates),
       dirty_(dirty.adjusted(-kOverhang, -kOverhang, kOverhang, kOverhang)),
@@ -31,11 +32,13 @@ NodePainter::NodePainter(QPainter& painter, const Coordinates& coordinates, QRec
   painter_.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
 }
 
-void NodePainter::paintChildren(const viewkit::PresentationNode& node, viewkit::Point origin, double opacity) {
+void NodePainter::paintChildren(const viewkit::PresentationNode& node, viewkit::Point origin,
+                                double opacity) {
   for (const viewkit::PresentationNode* child : node.children) paint(*child, origin, opacity);
 }
 
-void NodePainter::paint(const viewkit::PresentationNode& node, viewkit::Point parentOrigin, double opacity) {
+void NodePainter::paint(const viewkit::PresentationNode& node, viewkit::Point parentOrigin,
+                        double opacity) {
   opacity *= node.opacity;
   if (node.control() || opacity <= 0) return;
   const viewkit::Rect inWindow = node.frame.movedBy(parentOrigin);
@@ -76,7 +79,8 @@ bool NodePainter::Corners::leaveWhole(const QRectF& rect) const {
 }
 
 bool NodePainter::fillsCorners(const viewkit::ShapeVisual& shape, const QRectF& frame) const {
-  return corners_ && shape.cornerRadius <= 0 && shape.borderWidth <= 0 && snapped(frame).contains(corners_->frame);
+  return corners_ && shape.cornerRadius <= 0 && shape.borderWidth <= 0 &&
+         snapped(frame).contains(corners_->frame);
 }
 
 bool NodePainter::isPaintedRound(const viewkit::PresentationNode& node, const QRectF& frame) const {
@@ -106,7 +110,8 @@ void NodePainter::draw(const viewkit::TextVisual& text, const QRectF& frame) {
 }
 
 void NodePainter::draw(const viewkit::SymbolVisual& symbol, const QRectF& frame) {
-  const QPixmap pixmap = symbolPixmap(symbol.name.text(), frame.size(), colorOf(symbol.color), devicePixelRatio_);
+  const QPixmap pixmap =
+      symbolPixmap(symbol.name.text(), frame.size(), colorOf(symbol.color), devicePixelRatio_);
   painter_.drawPixmap(snapped(frame.topLeft()), pixmap);
 }
 
@@ -119,8 +124,8 @@ void NodePainter::draw(const viewkit::ImageVisual& image, const QRectF& frame) {
     QImage pixels = picture.toImage();
     pixels.setDevicePixelRatio(1);
     QBrush brush(pixels);
-    brush.setTransform(
-        QTransform::fromTranslate(target.left(), target.top()).scale(1 / devicePixelRatio_, 1 / devicePixelRatio_));
+    brush.setTransform(QTransform::fromTranslate(target.left(), target.top())
+                           .scale(1 / devicePixelRatio_, 1 / devicePixelRatio_));
     QPainterPath whole;
     whole.addRect(target);
     painter_.fillPath(whole.intersected(corners_->outline()), brush);
@@ -128,9 +133,12 @@ void NodePainter::draw(const viewkit::ImageVisual& image, const QRectF& frame) {
 }
 
 void NodePainter::draw(const viewkit::ShapeVisual& shape, const QRectF& frame) {
-  const auto paint = [](const appkit::Color& color) { return color.isClear() ? QColor() : colorOf(color); };
+  const auto paint = [](const appkit::Color& color) {
+    return color.isClear() ? QColor() : colorOf(color);
+  };
   if (fillsCorners(shape, frame)) {
-    drawRoundedRect(painter_, corners_->frame, {.radius = corners_->radius, .fill = paint(shape.fill)});
+    drawRoundedRect(painter_, corners_->frame,
+                    {.radius = corners_->radius, .fill = paint(shape.fill)});
     return;
   }
   drawRoundedRect(painter_, snapped(frame),
@@ -141,10 +149,14 @@ void NodePainter::draw(const viewkit::ShapeVisual& shape, const QRectF& frame) {
 }
 
 QPointF NodePainter::snapped(QPointF point) const {
-  const auto snap = [this](double v) { return std::round(v * devicePixelRatio_) / devicePixelRatio_; };
+  const auto snap = [this](double v) {
+    return std::round(v * devicePixelRatio_) / devicePixelRatio_;
+  };
   return {snap(point.x()), snap(point.y())};
 }
 
-QRectF NodePainter::snapped(const QRectF& rect) const { return {snapped(rect.topLeft()), snapped(rect.bottomRight())}; }
+QRectF NodePainter::snapped(const QRectF& rect) const {
+  return {snapped(rect.topLeft()), snapped(rect.bottomRight())};
+}
 
 }  // namespace qt

@@ -25,8 +25,8 @@ public:
   void paintChildren(const viewkit::PresentationNode& node, viewkit::Point origin, double opacity);
 
 private:
-  // What is inside of round corners. A painter clips without smoothing, so what fills the corners is painted
-  // round instead.
+  // What is inside of round corners. A painter clips without smoothing, so what fills the corners
+  // is painted round instead.
   struct Corners {
     QRectF frame;
     qreal radius = 0;

@@ -19,12 +19,14 @@ struct Key {
 
   friend bool operator==(const Key&, const Key&) = default;
   friend std::size_t qHash(const Key& key, std::size_t seed = 0) {
-    return qHashMulti(seed, key.file, key.pixels.width(), key.pixels.height(), static_cast<int>(key.mode),
-                      key.devicePixelRatio);
+    return qHashMulti(seed, key.file, key.pixels.width(), key.pixels.height(),
+                      static_cast<int>(key.mode), key.devicePixelRatio);
   }
 };
 
-bool isDrawing(const QString& file) { return file.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive); }
+bool isDrawing(const QString& file) {
+  return file.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive);
+}
 
 QSizeF sizeOf(const QString& file) {
   if (isDrawing(file)) return QSvgRenderer(file).defaultSize();
@@ -34,7 +36,8 @@ QSizeF sizeOf(const QString& file) {
 QRectF targetIn(QSizeF frame, QSizeF picture, viewkit::ImageVisual::Mode mode) {
   using Mode = viewkit::ImageVisual::Mode;
   if (mode == Mode::stretch) return {QPointF(), frame};
-  const QSizeF size = picture.scaled(frame, mode == Mode::fit ? Qt::KeepAspectRatio : Qt::KeepAspectRatioByExpanding);
+  const QSizeF size = picture.scaled(
+      frame, mode == Mode::fit ? Qt::KeepAspectRatio : Qt::KeepAspectRatioByExpanding);
   return {QPointF((frame.width() - size.width()) / 2, (frame.height() - size.height()) / 2), size};
 }
 
@@ -65,7 +68,8 @@ QSizeF pictureSize(const std::string& path) {
 }
 
 QPixmap picturePixmap(const viewkit::ImageVisual& image, QSizeF frame, qreal devicePixelRatio) {
-  const Key key{text(image.path), (frame * devicePixelRatio).toSize(), image.mode, devicePixelRatio};
+  const Key key{text(image.path), (frame * devicePixelRatio).toSize(), image.mode,
+                devicePixelRatio};
   if (image.path.empty() || key.pixels.isEmpty()) return {};
   return keptValue<QPixmap, 64>(key, [&] { return render(key); });
 }

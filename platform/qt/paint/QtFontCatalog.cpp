@@ -13,7 +13,8 @@ namespace qt {
 
 namespace {
 
-// Fonts do not always say that they are fixed-pitch, nor always truly; the widths of their characters do.
+// Fonts do not always say that they are fixed-pitch, nor always truly; the widths of their
+// characters do.
 bool hasOneWidth(const QFont& font) {
   const QRawFont face = QRawFont::fromFont(font, QFontDatabase::Latin);
   QString printable;
@@ -22,7 +23,8 @@ bool hasOneWidth(const QFont& font) {
   if (glyphs.isEmpty() || glyphs.contains(0)) return QFontInfo(font).fixedPitch();
   const QList<QPointF> advances = face.advancesForGlyphIndexes(glyphs, QRawFont::UseDesignMetrics);
   const qreal tolerance = face.pixelSize() / 100;
-  return std::ranges::all_of(advances, [&](QPointF a) { return qAbs(a.x() - advances.front().x()) < tolerance; });
+  return std::ranges::all_of(
+      advances, [&](QPointF a) { return qAbs(a.x() - advances.front().x()) < tolerance; });
 }
 
 appkit::Font drawn(const QFont& font, double pointSize) {
@@ -36,7 +38,8 @@ appkit::Font drawn(const QFont& font, double pointSize) {
 
 std::string QtFontCatalog::displayName(const appkit::Font& font) const {
   const QFontInfo info(fontOf(font));
-  return (info.styleName().isEmpty() ? info.family() : info.family() + ' ' + info.styleName()).toStdString();
+  return (info.styleName().isEmpty() ? info.family() : info.family() + ' ' + info.styleName())
+      .toStdString();
 }
 
 bool QtFontCatalog::isFixedPitch(const appkit::Font& font) const {
@@ -45,7 +48,9 @@ bool QtFontCatalog::isFixedPitch(const appkit::Font& font) const {
   return known->second;
 }
 
-appkit::Font QtFontCatalog::systemFont(double pointSize) const { return drawn(QApplication::font(), pointSize); }
+appkit::Font QtFontCatalog::systemFont(double pointSize) const {
+  return drawn(QApplication::font(), pointSize);
+}
 
 appkit::Font QtFontCatalog::fixedPitchFont(double pointSize) const {
   return drawn(QFontDatabase::systemFont(QFontDatabase::FixedFont), pointSize);

@@ -8,7 +8,8 @@
 
 namespace qt {
 
-// The machine's fonts, as they would be drawn: a font that is missing is described as its substitute.
+// The machine's fonts, as they would be drawn: a font that is missing is described as its
+// substitute.
 class QtFontCatalog : public appkit::FontCatalog {
 public:
   // Family and face: "DejaVu Sans Mono Book".

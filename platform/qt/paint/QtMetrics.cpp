@@ -28,20 +28,27 @@ viewkit::Size within(QSizeF size, const viewkit::ProposedSize& proposal) {
 
 class Sizer {
 public:
-  Sizer(const QtMetrics& metrics, viewkit::ProposedSize proposal) : metrics_(metrics), proposal_(proposal) {}
+  Sizer(const QtMetrics& metrics, viewkit::ProposedSize proposal)
+      : metrics_(metrics), proposal_(proposal) {}
 
   viewkit::Size operator()(const viewkit::ButtonControl& button) const {
     return within(PushButton::sizeFor(button), proposal_);
   }
-  viewkit::Size operator()(const viewkit::HelpButtonControl&) const { return sizeFrom(HelpButton::sizeFor()); }
+  viewkit::Size operator()(const viewkit::HelpButtonControl&) const {
+    return sizeFrom(HelpButton::sizeFor());
+  }
   viewkit::Size operator()(const viewkit::FontPickerControl& picker) const {
     return sizeFrom(FontPicker::sizeFor(picker));
   }
   viewkit::Size operator()(const viewkit::TabBarControl& tabs) const {
     return within(TabBar::sizeFor(tabs), proposal_);
   }
-  viewkit::Size operator()(const viewkit::ToggleControl& toggle) const { return sizeFrom(Switch::sizeFor(toggle)); }
-  viewkit::Size operator()(const viewkit::ColorWellControl&) const { return sizeFrom(ColorWell::sizeFor()); }
+  viewkit::Size operator()(const viewkit::ToggleControl& toggle) const {
+    return sizeFrom(Switch::sizeFor(toggle));
+  }
+  viewkit::Size operator()(const viewkit::ColorWellControl&) const {
+    return sizeFrom(ColorWell::sizeFor());
+  }
   viewkit::Size operator()(const viewkit::MenuControl& menu) const {
     return within(MenuButton::sizeFor(menu), proposal_);
   }
@@ -63,15 +70,20 @@ private:
 
 }  // namespace
 
-viewkit::TextMetrics QtMetrics::measureText(const viewkit::TextVisual& text, std::optional<double> maxWidth) const {
+viewkit::TextMetrics QtMetrics::measureText(const viewkit::TextVisual& text,
+                                            std::optional<double> maxWidth) const {
   const auto lines = TextLines::of(text, maxWidth, std::nullopt, direction_);
-  return {
-      .size = sizeFrom(lines->size()), .firstBaseline = lines->firstBaseline(), .lastBaseline = lines->lastBaseline()};
+  return {.size = sizeFrom(lines->size()),
+          .firstBaseline = lines->firstBaseline(),
+          .lastBaseline = lines->lastBaseline()};
 }
 
-viewkit::Size QtMetrics::imageSize(const std::string& path) const { return sizeFrom(pictureSize(path)); }
+viewkit::Size QtMetrics::imageSize(const std::string& path) const {
+  return sizeFrom(pictureSize(path));
+}
 
-viewkit::Size QtMetrics::controlSize(const viewkit::Control& control, viewkit::ProposedSize proposal) const {
+viewkit::Size QtMetrics::controlSize(const viewkit::Control& control,
+                                     viewkit::ProposedSize proposal) const {
   return std::visit(Sizer(*this, proposal), control);
 }
 

@@ -21,7 +21,8 @@ struct Key {
 
   friend bool operator==(const Key&, const Key&) = default;
   friend std::size_t qHash(const Key& key, std::size_t seed = 0) {
-    return qHashMulti(seed, key.radius, key.borderWidth, key.fill, key.border, key.devicePixelRatio);
+    return qHashMulti(seed, key.radius, key.borderWidth, key.fill, key.border,
+                      key.devicePixelRatio);
   }
 };
 
@@ -29,7 +30,8 @@ QRgb rgbaOf(const QColor& color) { return color.isValid() ? color.rgba() : 0; }
 
 bool hasBorder(const RoundedRect& shape) { return shape.border.isValid() && shape.borderWidth > 0; }
 
-// What a border that hides everything covers is not filled: it would shimmer through where both fade.
+// What a border that hides everything covers is not filled: it would shimmer through where both
+// fade.
 bool hidesFill(const RoundedRect& shape) { return hasBorder(shape) && shape.border.alpha() == 255; }
 
 void drawAsPath(QPainter& painter, const QRectF& frame, const RoundedRect& shape) {
@@ -45,7 +47,8 @@ void drawAsPath(QPainter& painter, const QRectF& frame, const RoundedRect& shape
     draw(hidesFill(shape) ? middle : 0);
   }
   if (hasBorder(shape)) {
-    painter.setPen(QPen(shape.border, shape.borderWidth, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+    painter.setPen(
+        QPen(shape.border, shape.borderWidth, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
     painter.setBrush(Qt::NoBrush);
     draw(middle);
   }
@@ -53,7 +56,8 @@ void drawAsPath(QPainter& painter, const QRectF& frame, const RoundedRect& shape
 
 // The four corners, put together.
 QPixmap cornersOf(const RoundedRect& shape, int corner, qreal devicePixelRatio) {
-  const Key key{shape.radius, shape.borderWidth, rgbaOf(shape.fill), rgbaOf(shape.border), devicePixelRatio};
+  const Key key{shape.radius, shape.borderWidth, rgbaOf(shape.fill), rgbaOf(shape.border),
+                devicePixelRatio};
   return keptValue<QPixmap, 256>(key, [&] {
     const QSize size(2 * corner, 2 * corner);
     QPixmap pixmap(size * devicePixelRatio);
@@ -73,8 +77,9 @@ bool isOnPixels(const QPainter& painter, const QRectF& frame, qreal borderWidth)
   const QTransform& transform = painter.deviceTransform();
   if (transform.type() > QTransform::TxScale || transform.m11() != transform.m22()) return false;
   const QRectF device = transform.mapRect(frame);
-  return isWhole(transform.m11()) && isWhole(borderWidth * transform.m11()) && isWhole(device.left()) &&
-         isWhole(device.top()) && isWhole(device.right()) && isWhole(device.bottom());
+  return isWhole(transform.m11()) && isWhole(borderWidth * transform.m11()) &&
+         isWhole(device.left()) && isWhole(device.top()) && isWhole(device.right()) &&
+         isWhole(device.bottom());
 }
 
 void drawCorners(QPainter& painter, const QRectF& frame, const QPixmap& corners, int corner) {
@@ -87,7 +92,8 @@ void drawCorners(QPainter& painter, const QRectF& frame, const QPixmap& corners,
   painter.drawPixmap(QPointF(right, bottom), corners, QRectF(side, side, side, side));
 }
 
-// Qt lets threads share the blending of more rows than a few dozen: waking them takes longer than the work.
+// Qt lets threads share the blending of more rows than a few dozen: waking them takes longer than
+// the work.
 void fillBlended(QPainter& painter, QRectF rect, const QColor& color) {
   constexpr qreal rows = 64;
   const qreal step = color.alpha() == 255 ? rect.height() : rows / painter.deviceTransform().m22();
@@ -98,23 +104,30 @@ void fillBlended(QPainter& painter, QRectF rect, const QColor& color) {
 }
 
 // What is between the corners: three rectangles and four lines.
-void drawBetweenCorners(QPainter& painter, const QRectF& frame, const RoundedRect& shape, int corner) {
+void drawBetweenCorners(QPainter& painter, const QRectF& frame, const RoundedRect& shape,
+                        int corner) {
   const qreal width = frame.width() - 2 * corner;
   const qreal height = frame.height() - 2 * corner;
   if (shape.fill.isValid()) {
     const qreal inset = hidesFill(shape) ? shape.borderWidth : 0;
     const qreal bandHeight = corner - inset;
-    painter.fillRect(QRectF(frame.left() + corner, frame.top() + inset, width, bandHeight), shape.fill);
-    fillBlended(painter, QRectF(frame.left() + inset, frame.top() + corner, frame.width() - 2 * inset, height),
-                shape.fill);
-    painter.fillRect(QRectF(frame.left() + corner, frame.bottom() - corner, width, bandHeight), shape.fill);
+    painter.fillRect(QRectF(frame.left() + corner, frame.top() + inset, width, bandHeight),
+                     shape.fill);
+    fillBlended(
+        painter,
+        QRectF(frame.left() + inset, frame.top() + corner, frame.width() - 2 * inset, height),
+        shape.fill);
+    painter.fillRect(QRectF(frame.left() + corner, frame.bottom() - corner, width, bandHeight),
+                     shape.fill);
   }
   if (hasBorder(shape)) {
     const qreal line = shape.borderWidth;
     painter.fillRect(QRectF(frame.left() + corner, frame.top(), width, line), shape.border);
-    painter.fillRect(QRectF(frame.left() + corner, frame.bottom() - line, width, line), shape.border);
+    painter.fillRect(QRectF(frame.left() + corner, frame.bottom() - line, width, line),
+                     shape.border);
     painter.fillRect(QRectF(frame.left(), frame.top() + corner, line, height), shape.border);
-    painter.fillRect(QRectF(frame.right() - line, frame.top() + corner, line, height), shape.border);
+    painter.fillRect(QRectF(frame.right() - line, frame.top() + corner, line, height),
+                     shape.border);
   }
 }
 
@@ -128,7 +141,8 @@ void drawRoundedRect(QPainter& painter, const QRectF& frame, const RoundedRect& 
     painter.setRenderHint(QPainter::Antialiasing, false);
     drawBetweenCorners(painter, frame, shape, corner);
     if (corner > 0) {
-      drawCorners(painter, frame, cornersOf(shape, corner, painter.deviceTransform().m11()), corner);
+      drawCorners(painter, frame, cornersOf(shape, corner, painter.deviceTransform().m11()),
+                  corner);
     }
   } else {
     drawAsPath(painter, frame, shape);

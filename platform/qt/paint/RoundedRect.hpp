@@ -17,8 +17,9 @@ struct RoundedRect {
   qreal borderWidth = 0;
 };
 
-// Paints it smoothly into the frame. Where edges cut through pixels it is a path like any other; where they lie
-// between them, as they nearly always do, only corners are blended, from pictures that are kept.
+// Paints it smoothly into the frame. Where edges cut through pixels it is a path like any other;
+// where they lie between them, as they nearly always do, only corners are blended, from pictures
+// that are kept.
 void drawRoundedRect(QPainter& painter, const QRectF& frame, const RoundedRect& shape);
 
 }  // namespace qt

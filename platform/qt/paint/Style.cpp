@@ -42,10 +42,11 @@ QRect scrollSlider(const QStyleOptionSlider& bar) {
   const int track = (isVertical ? bar.rect.height() : bar.rect.width()) - 2 * kScrollBarEdge;
   const double whole = double(bar.maximum) - bar.minimum + bar.pageStep;
   if (whole <= 0 || track <= 0) return bar.rect;
-  const int length =
-      std::clamp(static_cast<int>(track * bar.pageStep / whole), std::min(kShortestSlider, track), track);
-  const int start = kScrollBarEdge + QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition,
-                                                                     track - length, bar.upsideDown);
+  const int length = std::clamp(static_cast<int>(track * bar.pageStep / whole),
+                                std::min(kShortestSlider, track), track);
+  const int start =
+      kScrollBarEdge + QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition,
+                                                       track - length, bar.upsideDown);
   return isVertical ? QRect(bar.rect.left(), bar.rect.top() + start, bar.rect.width(), length)
                     : QRect(bar.rect.left() + start, bar.rect.top(), length, bar.rect.height());
 }
@@ -57,11 +58,13 @@ void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar) {
   const qreal thickness = isActive ? kHoveredScrollBarThickness : kScrollBarThickness;
   QRectF handle = scrollSlider(bar);
   if (bar.orientation == Qt::Horizontal) {
-    handle = {handle.left(), handle.bottom() - kScrollBarEdge - thickness, handle.width(), thickness};
+    handle = {handle.left(), handle.bottom() - kScrollBarEdge - thickness, handle.width(),
+              thickness};
   } else if (bar.direction == Qt::RightToLeft) {
     handle = {handle.left() + kScrollBarEdge, handle.top(), thickness, handle.height()};
   } else {
-    handle = {handle.right() - kScrollBarEdge - thickness, handle.top(), thickness, handle.height()};
+    handle = {handle.right() - kScrollBarEdge - thickness, handle.top(), thickness,
+              handle.height()};
   }
   QColor color = bar.palette.color(QPalette::Active, QPalette::WindowText);
   color.setAlphaF(isHeld ? 0.55F : isActive ? 0.42F : 0.28F);
@@ -70,9 +73,12 @@ void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar) {
 
 }  // namespace
 
-qreal Style::controlHeight() { return std::ceil(QFontMetricsF(QApplication::font()).height()) + 2 * kControlPadding; }
+qreal Style::controlHeight() {
+  return std::ceil(QFontMetricsF(QApplication::font()).height()) + 2 * kControlPadding;
+}
 
-void Style::drawFieldSurface(QPainter& painter, const QRectF& frame, const QPalette& palette, bool enabled) {
+void Style::drawFieldSurface(QPainter& painter, const QRectF& frame, const QPalette& palette,
+                             bool enabled) {
   const QColor base = palette.color(QPalette::Base);
   drawRoundedRect(painter, frame,
                   {.radius = kCornerRadius + kOutline / 2,
@@ -81,7 +87,8 @@ void Style::drawFieldSurface(QPainter& painter, const QRectF& frame, const QPale
                    .borderWidth = kOutline});
 }
 
-void Style::drawFloatingSurface(QPainter& painter, const QRectF& frame, qreal radius, const QPalette& palette) {
+void Style::drawFloatingSurface(QPainter& painter, const QRectF& frame, qreal radius,
+                                const QPalette& palette) {
   drawRoundedRect(painter, frame,
                   {.radius = radius + kOutline / 2,
                    .fill = palette.color(QPalette::ToolTipBase),
@@ -101,15 +108,20 @@ void Style::drawShadow(QPainter& painter, const QRectF& frame, qreal extent) {
   }
 }
 
-void Style::drawIndicator(QPainter& painter, const QRectF& area, bool rightToLeft, const QPalette& palette) {
+void Style::drawIndicator(QPainter& painter, const QRectF& area, bool rightToLeft,
+                          const QPalette& palette) {
   const qreal left = rightToLeft ? area.left() : area.right() - kIndicatorSize;
   const qreal top = std::floor(area.center().y() - kIndicatorSize / 2);
-  const QColor color = blended(palette.color(QPalette::Button), palette.color(QPalette::ButtonText), 0.7);
-  painter.drawPixmap(QPointF(left, top), symbolPixmap("chevron.up.chevron.down", {kIndicatorSize, kIndicatorSize},
-                                                      color, devicePixelRatioOf(painter)));
+  const QColor color =
+      blended(palette.color(QPalette::Button), palette.color(QPalette::ButtonText), 0.7);
+  painter.drawPixmap(QPointF(left, top),
+                     symbolPixmap("chevron.up.chevron.down", {kIndicatorSize, kIndicatorSize},
+                                  color, devicePixelRatioOf(painter)));
 }
 
-double Style::contentOpacity(const QStyleOption& option) { return option.state & State_Sunken ? 0.6 : 1; }
+double Style::contentOpacity(const QStyleOption& option) {
+  return option.state & State_Sunken ? 0.6 : 1;
+}
 
 Style::Style() : QProxyStyle(QStyleFactory::create("Fusion")) {}
 
@@ -117,7 +129,8 @@ bool Style::showsFocus(const QWidget& widget) {
   return widget.hasFocus() && widget.window()->testAttribute(Qt::WA_KeyboardFocusChange);
 }
 
-void Style::drawButtonSurface(QPainter& painter, const QRectF& frame, qreal radius, const QStyleOption& option) {
+void Style::drawButtonSurface(QPainter& painter, const QRectF& frame, qreal radius,
+                              const QStyleOption& option) {
   const QPalette& palette = option.palette;
   const bool enabled = option.state & State_Enabled;
   QColor fill = palette.color(QPalette::Button);
@@ -136,16 +149,18 @@ void Style::drawButtonSurface(QPainter& painter, const QRectF& frame, qreal radi
                    .borderWidth = kOutline});
 }
 
-void Style::drawFocusRing(QPainter& painter, const QRectF& frame, qreal radius, const QPalette& palette) {
+void Style::drawFocusRing(QPainter& painter, const QRectF& frame, qreal radius,
+                          const QPalette& palette) {
   drawRoundedRect(painter, frame,
                   {.radius = radius + kFocusRingWidth / 2,
                    .border = palette.color(QPalette::Highlight),
                    .borderWidth = kFocusRingWidth});
 }
 
-void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
-                               const QWidget* widget) const {
-  const auto* bar = control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
+void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                               QPainter* painter, const QWidget* widget) const {
+  const auto* bar =
+      control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
   if (bar) {
     drawScrollBar(*painter, *bar);
   } else {
@@ -153,9 +168,10 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
   }
 }
 
-QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
-                            const QWidget* widget) const {
-  const auto* bar = control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
+QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                            SubControl part, const QWidget* widget) const {
+  const auto* bar =
+      control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
   if (!bar) return QProxyStyle::subControlRect(control, option, part, widget);
   const QRect slider = scrollSlider(*bar);
   QRect before = bar->rect;
@@ -179,7 +195,9 @@ QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* o
 void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                           const QWidget* widget) const {
   switch (element) {
-    case PE_PanelButtonCommand: drawButtonSurface(*painter, option->rect, kCornerRadius, *option); return;
+    case PE_PanelButtonCommand:
+      drawButtonSurface(*painter, option->rect, kCornerRadius, *option);
+      return;
     case PE_FrameFocusRect:
       if (option->state & State_KeyboardFocusChange) {
         drawFocusRing(*painter, option->rect, kCornerRadius, option->palette);
@@ -196,7 +214,8 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
   }
 }
 
-int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+int Style::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                       const QWidget* widget) const {
   switch (metric) {
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical: return 0;

@@ -19,7 +19,8 @@ struct Key {
 
   friend bool operator==(const Key&, const Key&) = default;
   friend std::size_t qHash(const Key& key, std::size_t seed = 0) {
-    return qHashMulti(seed, key.name, key.pixels.width(), key.pixels.height(), key.color, key.devicePixelRatio);
+    return qHashMulti(seed, key.name, key.pixels.width(), key.pixels.height(), key.color,
+                      key.devicePixelRatio);
   }
 };
 
@@ -40,7 +41,8 @@ QPixmap render(const QString& file, QSize pixels, const QColor& color) {
 
 }  // namespace
 
-QPixmap symbolPixmap(std::string_view name, QSizeF size, const QColor& color, qreal devicePixelRatio) {
+QPixmap symbolPixmap(std::string_view name, QSizeF size, const QColor& color,
+                     qreal devicePixelRatio) {
   static const bool initialized = (initializeSymbols(), true);
   Q_UNUSED(initialized);
 

@@ -33,8 +33,8 @@ struct Key {
 
   friend bool operator==(const Key&, const Key&) = default;
   friend std::size_t qHash(const Key& key, std::size_t seed = 0) {
-    return qHashMulti(seed, key.text, key.font, key.lineLimit, static_cast<int>(key.truncation), key.maxWidth,
-                      key.maxHeight, static_cast<int>(key.direction));
+    return qHashMulti(seed, key.text, key.font, key.lineLimit, static_cast<int>(key.truncation),
+                      key.maxWidth, key.maxHeight, static_cast<int>(key.direction));
   }
 };
 
@@ -45,7 +45,8 @@ QTextOption optionsFor(Qt::LayoutDirection direction) {
   return options;
 }
 
-std::vector<Break> breaksOf(const QString& text, const QFont& font, const QTextOption& options, double width) {
+std::vector<Break> breaksOf(const QString& text, const QFont& font, const QTextOption& options,
+                            double width) {
   std::vector<Break> breaks;
   QTextLayout layout(text, font);
   layout.setTextOption(options);
@@ -61,8 +62,9 @@ std::vector<Break> breaksOf(const QString& text, const QFont& font, const QTextO
 
 }  // namespace
 
-TextLines::TextLines(const QString& text, const QFont& font, int lineLimit, Qt::TextElideMode elision,
-                     std::optional<double> maxWidth, std::optional<double> maxHeight, Qt::LayoutDirection direction)
+TextLines::TextLines(const QString& text, const QFont& font, int lineLimit,
+                     Qt::TextElideMode elision, std::optional<double> maxWidth,
+                     std::optional<double> maxHeight, Qt::LayoutDirection direction)
     : rightToLeft_(direction == Qt::RightToLeft) {
   QString source = text;
   source.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace('\n', QChar::LineSeparator);
@@ -78,7 +80,8 @@ TextLines::TextLines(const QString& text, const QFont& font, int lineLimit, Qt::
   if (lineLimit > 0) allowed = std::min(allowed, static_cast<size_t>(lineLimit));
   if (maxHeight) {
     const double fitting = std::floor((*maxHeight + kRoundingSlack) / lineHeight);
-    if (fitting < static_cast<double>(allowed)) allowed = static_cast<size_t>(std::max(fitting, 1.0));
+    if (fitting < static_cast<double>(allowed))
+      allowed = static_cast<size_t>(std::max(fitting, 1.0));
   }
   isElided_ = allowed < breaks.size();
   breaks.resize(allowed);
@@ -90,8 +93,10 @@ TextLines::TextLines(const QString& text, const QFont& font, int lineLimit, Qt::
     if (content.endsWith(QChar::LineSeparator)) content.chop(1);
     if (isCut) {
       content.replace(QChar::LineSeparator, ' ');
-      // A line that ended where the text says so has room to spare, and still must show that it was cut.
-      const QString whole = metrics.horizontalAdvance(content) <= width ? content + QChar(0x2026) : content;
+      // A line that ended where the text says so has room to spare, and still must show that it was
+      // cut.
+      const QString whole =
+          metrics.horizontalAdvance(content) <= width ? content + QChar(0x2026) : content;
       content = metrics.elidedText(whole, elision, width);
     }
     Line line{.layout = std::make_unique<QTextLayout>(content, font)};
@@ -135,8 +140,10 @@ void TextLines::draw(QPainter& painter, QPointF origin, double width) const {
   }
 }
 
-std::shared_ptr<const TextLines> TextLines::of(const viewkit::TextVisual& visual, std::optional<double> maxWidth,
-                                               std::optional<double> maxHeight, Qt::LayoutDirection direction) {
+std::shared_ptr<const TextLines> TextLines::of(const viewkit::TextVisual& visual,
+                                               std::optional<double> maxWidth,
+                                               std::optional<double> maxHeight,
+                                               Qt::LayoutDirection direction) {
   const QFont font = fontOf(visual.font);
   const Key key{.text = text(visual.text),
                 .font = font,
@@ -148,8 +155,8 @@ std::shared_ptr<const TextLines> TextLines::of(const viewkit::TextVisual& visual
   return keptValue<std::shared_ptr<const TextLines>, 2048>(key, [&] {
     return std::make_shared<const TextLines>(
         key.text, font, visual.lineLimit,
-        visual.truncation == viewkit::Truncation::middle ? Qt::ElideMiddle : Qt::ElideRight, maxWidth, maxHeight,
-        direction);
+        visual.truncation == viewkit::Truncation::middle ? Qt::ElideMiddle : Qt::ElideRight,
+        maxWidth, maxHeight, direction);
   });
 }
 

@@ -18,13 +18,17 @@ namespace qt {
 // was measured is what is seen.
 class TextLines {
 public:
-  // Lines no wider than `maxWidth`, and no more of them than the visual's limit and `maxHeight` allow
-  // (one at the least); what does not fit is elided as the visual says. Kept for the next time.
-  static std::shared_ptr<const TextLines> of(const viewkit::TextVisual& visual, std::optional<double> maxWidth,
-                                             std::optional<double> maxHeight, Qt::LayoutDirection direction);
+  // Lines no wider than `maxWidth`, and no more of them than the visual's limit and `maxHeight`
+  // allow (one at the least); what does not fit is elided as the visual says. Kept for the next
+  // time.
+  static std::shared_ptr<const TextLines> of(const viewkit::TextVisual& visual,
+                                             std::optional<double> maxWidth,
+                                             std::optional<double> maxHeight,
+                                             Qt::LayoutDirection direction);
 
   TextLines(const QString& text, const QFont& font, int lineLimit, Qt::TextElideMode elision,
-            std::optional<double> maxWidth, std::optional<double> maxHeight, Qt::LayoutDirection direction);
+            std::optional<double> maxWidth, std::optional<double> maxHeight,
+            Qt::LayoutDirection direction);
   ~TextLines();
 
   // Whole pixels, so that baselines are the same at every scale.

@@ -29,7 +29,8 @@ QNetworkRequest networkRequest(const QUrl& url, const sparkle::FeedRequest& requ
   for (const auto& [name, value] : request.headers) {
     result.setRawHeader(QByteArray::fromStdString(name), QByteArray::fromStdString(value));
   }
-  result.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
+  result.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                      QNetworkRequest::NoLessSafeRedirectPolicy);
   result.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
   result.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
   result.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
@@ -37,17 +38,24 @@ QNetworkRequest networkRequest(const QUrl& url, const sparkle::FeedRequest& requ
   return result;
 }
 
-Error badStatus(int status) { return sparkle::reason("the server answers with the code %1", {std::to_string(status)}); }
+Error badStatus(int status) {
+  return sparkle::reason("the server answers with the code %1", {std::to_string(status)});
+}
 
 // One answer as it comes in. It belongs to its reply, and ends with it.
 class Fetch final : public QObject {
 public:
-  Fetch(QNetworkReply* reply, const sparkle::FeedRequest& request, sparkle::FeedTransport::Completion completion)
-      : QObject(reply), reply_(reply), longestAnswer_(request.longestAnswer), completion_(std::move(completion)) {
+  Fetch(QNetworkReply* reply, const sparkle::FeedRequest& request,
+        sparkle::FeedTransport::Completion completion)
+      : QObject(reply),
+        reply_(reply),
+        longestAnswer_(request.longestAnswer),
+        completion_(std::move(completion)) {
     reply->setReadBufferSize(kReadBufferSize);
     connect(reply, &QNetworkReply::readyRead, this, [this] { read(); });
     connect(reply, &QNetworkReply::finished, this, [this] { finish(); });
-    QTimer::singleShot(request.patience, this, [this] { fail("the server takes too long to answer"); });
+    QTimer::singleShot(request.patience, this,
+                       [this] { fail("the server takes too long to answer"); });
   }
 
   void giveUp() {
@@ -71,7 +79,8 @@ private:
     if (problem_) return *problem_;
     const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     if (status >= 400) return badStatus(status);
-    if (reply_->error() != QNetworkReply::NoError) return Error{reply_->errorString().toStdString()};
+    if (reply_->error() != QNetworkReply::NoError)
+      return Error{reply_->errorString().toStdString()};
     if (status != 200) return badStatus(status);
     return std::move(body_);
   }
@@ -99,10 +108,12 @@ HttpTransport::HttpTransport() : network_(std::make_unique<Network>()) {}
 
 HttpTransport::~HttpTransport() = default;
 
-QEVSettings::Subscription HttpTransport::fetch(const sparkle::FeedRequest& request, Completion completion) {
+QEVSettings::Subscription HttpTransport::fetch(const sparkle::FeedRequest& request,
+                                               Completion completion) {
   const QUrl url(QString::fromStdString(request.address));
   // The rest, and whatever is no address at all, is for the other to fetch or to refuse.
-  if (url.scheme() != "http" && url.scheme() != "https") return files_.fetch(request, std::move(completion));
+  if (url.scheme() != "http" && url.scheme() != "https")
+    return files_.fetch(request, std::move(completion));
 
   QNetworkReply* const reply = network_->manager.get(networkRequest(url, request));
   const QPointer<Fetch> fetch(new Fetch(reply, request, std::move(completion)));

@@ -45,7 +45,8 @@ QLabel* label(const QString& text, QWidget* parent) {
 
 QString notesOf(const sparkle::AppcastItem& item) {
   QStringList parts;
-  for (const std::string& part : {sparkle::plainText(item.notes), item.notesLink, item.enclosure.url}) {
+  for (const std::string& part :
+       {sparkle::plainText(item.notes), item.notesLink, item.enclosure.url}) {
     if (!part.empty()) parts << QString::fromStdString(part);
   }
   return parts.join("\n\n");
@@ -64,24 +65,29 @@ struct UpdateDialog::Shown {
   QPointer<QDialog> dialog;
 };
 
-UpdateDialog::UpdateDialog(Localize localize) : localize_(std::move(localize)), shown_(std::make_unique<Shown>()) {}
+UpdateDialog::UpdateDialog(Localize localize)
+    : localize_(std::move(localize)), shown_(std::make_unique<Shown>()) {}
 
 UpdateDialog::~UpdateDialog() { delete shown_->dialog; }
 
 void UpdateDialog::showUpdateFound(const sparkle::FoundUpdate& update) {
-  const auto localized = [this](std::string_view key) { return QString::fromStdString(localize_(key)); };
+  const auto localized = [this](std::string_view key) {
+    return QString::fromStdString(localize_(key));
+  };
   Outcome outcome;
   outcome.headline = localized("A new version is available");
-  outcome.text =
-      localized("Version %1 can be installed; this is version %2. Installing it is your package manager’s business.")
-          .arg(shortened(update.item.displayVersion), shortened(update.currentVersion));
+  outcome.text = localized(
+                     "Version %1 can be installed; this is version %2. Installing it is your "
+                     "package manager’s business.")
+                     .arg(shortened(update.item.displayVersion), shortened(update.currentVersion));
   if (update.package) {
     outcome.text += "\n\n" + localized("Its package was saved as %1. Its signature is valid.")
                                  .arg(QString::fromStdString(update.package->string()));
   }
   if (update.packageProblem) {
-    outcome.text += "\n\n" + localized("Its package was not kept: %1.")
-                                 .arg(QString::fromStdString(update.packageProblem->message).simplified());
+    outcome.text +=
+        "\n\n" + localized("Its package was not kept: %1.")
+                     .arg(QString::fromStdString(update.packageProblem->message).simplified());
   }
   outcome.notes = notesOf(update.item);
   show(outcome);
@@ -89,7 +95,8 @@ void UpdateDialog::showUpdateFound(const sparkle::FoundUpdate& update) {
 
 void UpdateDialog::showUpdateNotFound(const std::string& currentVersion) {
   show({.headline = QString::fromStdString(localize_("You are up to date")),
-        .text = QString::fromStdString(localize_("Version %1 is the newest one.")).arg(shortened(currentVersion)),
+        .text = QString::fromStdString(localize_("Version %1 is the newest one."))
+                    .arg(shortened(currentVersion)),
         .notes = {}});
 }
 

@@ -31,12 +31,15 @@ constexpr double kSmallestDefaultPointSize = 10;
 
 void prepare(Application::Display display) {
   if (display == Application::Display::offscreen) qputenv("QT_QPA_PLATFORM", "offscreen");
-  // The window is placed and sized in whole logical pixels, also where the desktop scales by one and a half.
-  QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+  // The window is placed and sized in whole logical pixels, also where the desktop scales by one
+  // and a half.
+  QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+      Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
 }
 
 appkit::Appearance appearanceOf(const QPalette& palette) {
-  const bool dark = palette.color(QPalette::Window).lightnessF() < palette.color(QPalette::WindowText).lightnessF();
+  const bool dark = palette.color(QPalette::Window).lightnessF() <
+                    palette.color(QPalette::WindowText).lightnessF();
   return dark ? appkit::Appearance::dark : appkit::Appearance::light;
 }
 
@@ -57,7 +60,8 @@ public:
     QApplication::setStyle(new Style);
 
     QFont font = QApplication::font();
-    if (font.pointSizeF() < kSmallestDefaultPointSize) font.setPointSizeF(kSmallestDefaultPointSize);
+    if (font.pointSizeF() < kSmallestDefaultPointSize)
+      font.setPointSizeF(kSmallestDefaultPointSize);
     // Hinted text has other widths at every scale; ours has the same.
     font.setHintingPreference(QFont::PreferNoHinting);
     QApplication::setFont(font);
@@ -167,18 +171,21 @@ std::vector<std::string> Application::preferredLanguages() {
 void Application::setLanguage(const std::string& code) { runtime_->setLanguage(text(code)); }
 
 viewkit::LayoutDirection Application::layoutDirection() {
-  return QGuiApplication::layoutDirection() == Qt::RightToLeft ? viewkit::LayoutDirection::rightToLeft
-                                                               : viewkit::LayoutDirection::leftToRight;
+  return QGuiApplication::layoutDirection() == Qt::RightToLeft
+             ? viewkit::LayoutDirection::rightToLeft
+             : viewkit::LayoutDirection::leftToRight;
 }
 
 bool Application::reducedMotion() const { return runtime_->reducedMotion(); }
 
 QEVSettings::Subscription Application::watch(int descriptor, std::function<void()> readable) {
-  const QPointer<QSocketNotifier> notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read, qApp);
-  QObject::connect(notifier, &QSocketNotifier::activated, notifier, [readable = std::move(readable)] {
-    const auto call = readable;
-    call();
-  });
+  const QPointer<QSocketNotifier> notifier =
+      new QSocketNotifier(descriptor, QSocketNotifier::Read, qApp);
+  QObject::connect(notifier, &QSocketNotifier::activated, notifier,
+                   [readable = std::move(readable)] {
+                     const auto call = readable;
+                     call();
+                   });
   return QEVSettings::Subscription([notifier] {
     if (!notifier) return;
     notifier->setEnabled(false);

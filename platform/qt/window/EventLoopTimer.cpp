@@ -6,7 +6,8 @@
 
 namespace qt {
 
-QEVSettings::Subscription EventLoopTimer::after(std::chrono::seconds delay, std::function<void()> fire) {
+QEVSettings::Subscription EventLoopTimer::after(std::chrono::seconds delay,
+                                                std::function<void()> fire) {
   struct Deleter {
     // The timer may be what is calling just now.
     void operator()(QTimer* timer) const { timer->deleteLater(); }

@@ -16,10 +16,11 @@ bool areAlike(const appkit::Event& a, const appkit::Event& b) {
   return a.keyCode == b.keyCode && a.modifiers == b.modifiers && a.characters == b.characters;
 }
 
-// Menus and the choosers of colours and fonts are the platform's own: what is pressed in them is for
-// nobody else.
+// Menus and the choosers of colours and fonts are the platform's own: what is pressed in them is
+// for nobody else.
 bool isForPlatform() {
-  return QApplication::activePopupWidget() || qobject_cast<const QDialog*>(QApplication::activeWindow());
+  return QApplication::activePopupWidget() ||
+         qobject_cast<const QDialog*>(QApplication::activeWindow());
 }
 
 }  // namespace
@@ -28,7 +29,8 @@ bool MonitoredApplication::notify(QObject* receiver, QEvent* event) {
   const bool isNewPalette = event->type() == QEvent::ApplicationPaletteChange && receiver == this;
   const bool isNewTheme = event->type() == QEvent::ThemeChange && receiver->isWindowType();
   if ((isNewPalette || isNewTheme) && newColors_) newColors_();
-  const bool isNewPress = event->type() == QEvent::KeyPress && event != passing_ && !isForPlatform();
+  const bool isNewPress =
+      event->type() == QEvent::KeyPress && event != passing_ && !isForPlatform();
   return isNewPress ? notifyOfPress(receiver, event) : QApplication::notify(receiver, event);
 }
 

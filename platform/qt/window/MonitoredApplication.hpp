@@ -7,8 +7,8 @@
 
 namespace qt {
 
-// Shows each key press to appkit's monitors before the window that it is meant for, unless that is a menu
-// or a dialog, and tells of new colours.
+// Shows each key press to appkit's monitors before the window that it is meant for, unless that is
+// a menu or a dialog, and tells of new colours.
 class MonitoredApplication : public QApplication {
 public:
   using QApplication::QApplication;

@@ -7,7 +7,8 @@
 
 namespace qt {
 
-Window::Window(WindowOptions options) : widget_(std::make_unique<WindowWidget>(*this, std::move(options))) {}
+Window::Window(WindowOptions options)
+    : widget_(std::make_unique<WindowWidget>(*this, std::move(options))) {}
 
 Window::~Window() = default;
 
@@ -29,7 +30,9 @@ void Window::onRefusedTexts(std::function<void(const std::vector<viewkit::Refuse
   widget_->setRefused(std::move(refused));
 }
 
-foundation::Outcome Window::snapshot(const std::string& path, double scale) { return widget_->snapshot(path, scale); }
+foundation::Outcome Window::snapshot(const std::string& path, double scale) {
+  return widget_->snapshot(path, scale);
+}
 
 QWidget& Window::widget() { return *widget_; }
 

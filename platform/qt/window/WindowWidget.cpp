@@ -27,7 +27,8 @@ namespace {
 constexpr int kFrameMilliseconds = 16;
 
 // The innermost node there that has something to say.
-const viewkit::PresentationNode* tooltipAt(const viewkit::PresentationNode& node, viewkit::Point point) {
+const viewkit::PresentationNode* tooltipAt(const viewkit::PresentationNode& node,
+                                           viewkit::Point point) {
   const viewkit::Point local = point - node.frame.origin;
   const bool inside = viewkit::Rect{{}, node.frame.size}.contains(local);
   if (!inside && (node.clipRadius || node.control())) return nullptr;
@@ -54,16 +55,18 @@ WindowWidget::WindowWidget(Window& window, WindowOptions options) : window_(wind
   frames_.setTimerType(Qt::PreciseTimer);
   frames_.setInterval(kFrameMilliseconds);
   frames_.callOnTimeout(this, [this] { step(); });
-  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { revealFocus(now); });
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](QWidget*, QWidget* now) { revealFocus(now); });
   // The session may go on after this: what is typed is stored, and the window stays.
   connect(qApp, &QGuiApplication::commitDataRequest, this, [this] {
     if (host_) host_->endEditing();
   });
   qApp->installEventFilter(this);
-  appearance_ = appkit::Application::sharedApplication().effectiveAppearanceDidChange().subscribe([this] {
-    update();
-    for (QWidget* child : findChildren<QWidget*>()) child->update();
-  });
+  appearance_ =
+      appkit::Application::sharedApplication().effectiveAppearanceDidChange().subscribe([this] {
+        update();
+        for (QWidget* child : findChildren<QWidget*>()) child->update();
+      });
 
   resize(QSizeF(options.size.width, options.size.height).toSize());
   host_->setSize({double(width()), double(height())});
@@ -85,7 +88,8 @@ void WindowWidget::endViews() {
   clearFocusAndCommit();
   host_->endEditing();
   const auto refusedTexts = host_->refusedTexts();
-  // The views go first: what they say when they disappear is theirs, the widgets hear no more of it.
+  // The views go first: what they say when they disappear is theirs, the widgets hear no more of
+  // it.
   host_->setObserver(nullptr);
   mirror_.reset();
   host_.reset();
@@ -122,7 +126,8 @@ void WindowWidget::fit() {
   const QSize needed(static_cast<int>(least), static_cast<int>(lowest));
   if (needed == fitted_) return;
   const bool wasFitting = height() <= fitted_.height() || !fitted_.isValid();
-  const bool isRigid = host_->sizeThatFits({.width = across, .height = viewkit::kUnlimited}).height <= lowest;
+  const bool isRigid =
+      host_->sizeThatFits({.width = across, .height = viewkit::kUnlimited}).height <= lowest;
   fitted_ = needed;
   setMinimumSize(needed);
   const int high = wasFitting && isRigid ? needed.height() : std::max(height(), needed.height());
@@ -205,12 +210,14 @@ void WindowWidget::noteActivation() {
 bool WindowWidget::showTooltip(QPoint point, QPoint onScreen) {
   if (!host_) return false;
   const QWidget* under = childAt(point);
-  const viewkit::Point inTree = under ? mirror_->treePoint(*under, under->mapFrom(this, QPointF(point)))
-                                      : mirror_->treePoint(*this, QPointF(point));
+  const viewkit::Point inTree =
+      under ? mirror_->treePoint(*under, under->mapFrom(this, QPointF(point)))
+            : mirror_->treePoint(*this, QPointF(point));
   const viewkit::PresentationNode* node = tooltipAt(host_->presentation(), inTree);
   if (!node) return false;
   const Mirror::Place place = mirror_->placeOf(*node);
-  const QRect area(place.widget->mapTo(this, place.rect.topLeft()).toPoint(), place.rect.size().toSize());
+  const QRect area(place.widget->mapTo(this, place.rect.topLeft()).toPoint(),
+                   place.rect.size().toSize());
   QToolTip::showText(onScreen, "<qt>" + text(node->tooltip).toHtmlEscaped() + "</qt>", this, area);
   return true;
 }
@@ -267,8 +274,10 @@ foundation::Outcome WindowWidget::snapshot(const std::string& path, double scale
   render(&image);
   QByteArray picture;
   QBuffer buffer(&picture);
-  if (!image.save(&buffer, "PNG")) return foundation::Error{"the picture cannot be made; choose a smaller scale"};
-  return foundation::writeFile(path, {picture.constData(), static_cast<std::size_t>(picture.size())});
+  if (!image.save(&buffer, "PNG"))
+    return foundation::Error{"the picture cannot be made; choose a smaller scale"};
+  return foundation::writeFile(path,
+                               {picture.constData(), static_cast<std::size_t>(picture.size())});
 }
 
 }  // namespace qt

@@ -17,8 +17,8 @@
 
 namespace qt {
 
-// The widget behind a window: it owns the views at work, mirrors them and hands them what the person
-// does.
+// The widget behind a window: it owns the views at work, mirrors them and hands them what the
+// person does.
 class WindowWidget : public QWidget {
 public:
   WindowWidget(Window& window, WindowOptions options);

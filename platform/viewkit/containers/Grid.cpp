@@ -15,7 +15,8 @@ namespace {
 
 class GridValue final : public ViewValue {
 public:
-  GridValue(const GridOptions& options, std::vector<GridRow> rows) : options(options), rows(std::move(rows)) {}
+  GridValue(const GridOptions& options, std::vector<GridRow> rows)
+      : options(options), rows(std::move(rows)) {}
 
   std::unique_ptr<Node> makeNode() const override;
   std::string kind() const override { return "Grid"; }
@@ -43,7 +44,8 @@ public:
   bool answersForItself() const override { return false; }
 
   void placeCells(std::span<const Rect> frames) {
-    for (std::size_t i = 0; i < frames.size(); ++i) placeChild(*children()[i], frames[i].origin, frames[i].size);
+    for (std::size_t i = 0; i < frames.size(); ++i)
+      placeChild(*children()[i], frames[i].origin, frames[i].size);
   }
 
 protected:
@@ -76,11 +78,12 @@ protected:
   Measurement measure(const ProposedSize& proposal) override { return layOut(proposal); }
 
   void placeChildren() override {
-    layOut({size().width, size().height}, [this](std::size_t i, const Rect& frame, std::span<const Rect> cells) {
-      auto& row = static_cast<GridRowNode&>(*children()[i]);
-      placeChild(row, frame.origin, frame.size);
-      row.placeCells(cells);
-    });
+    layOut({size().width, size().height},
+           [this](std::size_t i, const Rect& frame, std::span<const Rect> cells) {
+             auto& row = static_cast<GridRowNode&>(*children()[i]);
+             placeChild(row, frame.origin, frame.size);
+             row.placeCells(cells);
+           });
   }
 
 private:
@@ -88,10 +91,13 @@ private:
     const auto& value = valueAs<GridValue>();
     const auto& a = value.options;
     const auto& b = last.options;
-    return a.horizontalAlignment == b.horizontalAlignment && a.verticalAlignment == b.verticalAlignment &&
+    return a.horizontalAlignment == b.horizontalAlignment &&
+           a.verticalAlignment == b.verticalAlignment &&
            a.horizontalSpacing == b.horizontalSpacing && a.verticalSpacing == b.verticalSpacing &&
            std::equal(value.rows.begin(), value.rows.end(), last.rows.begin(), last.rows.end(),
-                      [](const GridRow& x, const GridRow& y) { return x.verticalPadding == y.verticalPadding; });
+                      [](const GridRow& x, const GridRow& y) {
+                        return x.verticalPadding == y.verticalPadding;
+                      });
   }
 
   Measurement layOut(const ProposedSize& proposal, const GridLayout::Place& place = {}) {
@@ -100,7 +106,8 @@ private:
     std::pmr::vector<GridLayout::Row> rows(scratch.memory());
     rows.reserve(children().size());
     for (std::size_t i = 0; i < children().size(); ++i) {
-      rows.push_back({static_cast<GridRowNode&>(*children()[i]).children(), value.rows[i].verticalPadding});
+      rows.push_back(
+          {static_cast<GridRowNode&>(*children()[i]).children(), value.rows[i].verticalPadding});
     }
     return GridLayout{value.options}.layOut(rows, proposal, place);
   }

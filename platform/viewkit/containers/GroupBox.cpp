@@ -13,8 +13,9 @@ constexpr double kBorderWidth = 1;
 }  // namespace
 
 View GroupBox::body() const {
-  return content.padding(kInset).background(
-      RoundedRectangle(kCornerRadius).fill(Color::groupBackground()).border(Color::separator(), kBorderWidth));
+  return content.padding(kInset).background(RoundedRectangle(kCornerRadius)
+                                                .fill(Color::groupBackground())
+                                                .border(Color::separator(), kBorderWidth));
 }
 
 }  // namespace viewkit

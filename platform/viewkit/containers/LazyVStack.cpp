@@ -33,7 +33,8 @@ struct LazyRow {
 
 class LazyValue final : public ViewValue {
 public:
-  LazyValue(const VStackOptions& options, LazyRows rows) : options(options), rows(std::move(rows)) {}
+  LazyValue(const VStackOptions& options, LazyRows rows)
+      : options(options), rows(std::move(rows)) {}
 
   std::unique_ptr<Node> makeNode() const override;
   std::string kind() const override { return "LazyVStack"; }
@@ -54,7 +55,8 @@ public:
 
   Found find(const ViewId& id) override {
     const auto* row = std::get_if<std::int64_t>(&id);
-    if (!row || *row < 0 || static_cast<std::size_t>(*row) >= heights_->count()) return Node::find(id);
+    if (!row || *row < 0 || static_cast<std::size_t>(*row) >= heights_->count())
+      return Node::find(id);
     const auto index = static_cast<std::size_t>(*row);
     return {this, {{0, heights_->top(index)}, {size().width, heights_->height(index)}}};
   }
@@ -66,14 +68,16 @@ protected:
       heights_ = std::make_unique<RowHeights>(value().options.spacing);
     }
     if (!last) {
-      for (Node* node = parent(); node && !scroll_; node = node->parent()) scroll_ = node->asScrollNode();
+      for (Node* node = parent(); node && !scroll_; node = node->parent())
+        scroll_ = node->asScrollNode();
       if (scroll_) scroll_->addLazy(*this);
     }
     const std::size_t count = value().rows.count;
     const bool isAnotherCount = count != heights_->count();
     heights_->setCount(count);
     while (!rows_.empty() && first_ + rows_.size() > count) removeRow(rows_.size() - 1);
-    for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i]->become(describeRow(first_ + i), inheritedByChildren());
+    for (std::size_t i = 0; i < rows_.size(); ++i)
+      rows_[i]->become(describeRow(first_ + i), inheritedByChildren());
     // One row at the least says how wide and how high a row is.
     if (rows_.empty() && count > 0) {
       first_ = 0;
@@ -147,7 +151,8 @@ private:
 
   // Whether any row turned out to be of another height than was thought.
   bool buildRowsInSight(const Rect& sight) {
-    const std::size_t last = std::min(heights_->rowAt(sight.maxY()) + kRowsBeyond, heights_->count() - 1);
+    const std::size_t last =
+        std::min(heights_->rowAt(sight.maxY()) + kRowsBeyond, heights_->count() - 1);
     const std::size_t top = heights_->rowAt(sight.origin.y);
     const std::size_t first = top > kRowsBeyond ? top - kRowsBeyond : 0;
     while (!rows_.empty() && first_ < first) removeRow(0);

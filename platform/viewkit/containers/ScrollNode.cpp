@@ -27,7 +27,9 @@ protected:
   }
 };
 
-std::unique_ptr<Node> ScrollContentValue::makeNode() const { return std::make_unique<ScrollContentNode>(); }
+std::unique_ptr<Node> ScrollContentValue::makeNode() const {
+  return std::make_unique<ScrollContentNode>();
+}
 
 class ScrollValue final : public ViewValue {
 public:
@@ -107,7 +109,8 @@ bool ScrollNode::reveal(Node& node, Rect part) {
   for (Node* outer = node.parent(); outer; outer = outer->parent()) {
     ScrollNode* scroll = outer->asScrollNode();
     if (!scroll) continue;
-    const Rect inContent = from == scroll->content_.get() ? part : part.movedBy(from->originWithin(*scroll->content_));
+    const Rect inContent =
+        from == scroll->content_.get() ? part : part.movedBy(from->originWithin(*scroll->content_));
     moved = scroll->revealInContent(inContent) || moved;
     part = inContent.movedBy(Point{} - scroll->offset_);
     from = scroll;

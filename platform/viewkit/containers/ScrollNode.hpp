@@ -7,7 +7,8 @@
 
 namespace viewkit {
 
-// The node of a scroll view. What it shows stands in a presentation of its own, which scrolling moves.
+// The node of a scroll view. What it shows stands in a presentation of its own, which scrolling
+// moves.
 class ScrollNode final : public Node {
 public:
   void visitChildren(const Visitor& visit) override { visit(*content_); }
@@ -24,8 +25,8 @@ public:
   void addLazy(Node& lazy) { lazies_.push_back(&lazy); }
   void removeLazy(Node& lazy) { std::erase(lazies_, &lazy); }
 
-  // Scrolls every scroll view around the node as little as it takes to bring the part of the node into
-  // sight. Whether anything moved.
+  // Scrolls every scroll view around the node as little as it takes to bring the part of the node
+  // into sight. Whether anything moved.
   static bool reveal(Node& node, Rect part);
 
 protected:

@@ -39,9 +39,12 @@ public:
 protected:
   void apply(const ViewValue* before) override {
     if (!before) target_ = std::make_shared<ScrollProxy::Target>(runtime(), *this);
-    reconcile(content_, ScrollViewReaderContent{valueAs<ReaderValue>().make, ScrollProxy(target_)}, inheritedPtr());
+    reconcile(content_, ScrollViewReaderContent{valueAs<ReaderValue>().make, ScrollProxy(target_)},
+              inheritedPtr());
   }
-  Measurement measure(const ProposedSize& proposal) override { return content_->measured(proposal); }
+  Measurement measure(const ProposedSize& proposal) override {
+    return content_->measured(proposal);
+  }
   void placeChildren() override { placeChild(*content_, {}, size()); }
 
 private:

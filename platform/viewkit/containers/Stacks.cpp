@@ -14,10 +14,13 @@ namespace {
 
 class StackValue final : public ViewValue {
 public:
-  StackValue(StackLayout layout, Children children) : layout(layout), children(std::move(children)) {}
+  StackValue(StackLayout layout, Children children)
+      : layout(layout), children(std::move(children)) {}
 
   std::unique_ptr<Node> makeNode() const override;
-  std::string kind() const override { return layout.axis == Axis::horizontal ? "HStack" : "VStack"; }
+  std::string kind() const override {
+    return layout.axis == Axis::horizontal ? "HStack" : "VStack";
+  }
 
   const StackLayout layout;
   const Children children;
@@ -39,12 +42,15 @@ protected:
     if (last.alignment != layout().alignment || last.spacing != layout().spacing) layoutChanged();
   }
 
-  Measurement measure(const ProposedSize& proposal) override { return layout().layOut(children(), proposal); }
+  Measurement measure(const ProposedSize& proposal) override {
+    return layout().layOut(children(), proposal);
+  }
 
   void placeChildren() override {
-    layout().layOut(children(), {size().width, size().height}, [this](std::size_t child, const Rect& frame) {
-      placeChild(*children()[child], frame.origin, frame.size);
-    });
+    layout().layOut(children(), {size().width, size().height},
+                    [this](std::size_t child, const Rect& frame) {
+                      placeChild(*children()[child], frame.origin, frame.size);
+                    });
   }
 
 private:
@@ -55,7 +61,8 @@ std::unique_ptr<Node> StackValue::makeNode() const { return std::make_unique<Sta
 
 class ZStackValue final : public ViewValue {
 public:
-  ZStackValue(Alignment alignment, Children children) : alignment(alignment), children(std::move(children)) {}
+  ZStackValue(Alignment alignment, Children children)
+      : alignment(alignment), children(std::move(children)) {}
 
   std::unique_ptr<Node> makeNode() const override;
   std::string kind() const override { return "ZStack"; }
@@ -69,7 +76,8 @@ protected:
   void apply(const ViewValue* before) override {
     const auto& value = valueAs<ZStackValue>();
     reconcileChildren(value.children.all());
-    if (before && static_cast<const ZStackValue*>(before)->alignment != value.alignment) layoutChanged();
+    if (before && static_cast<const ZStackValue*>(before)->alignment != value.alignment)
+      layoutChanged();
   }
 
   Measurement measure(const ProposedSize& proposal) override {
@@ -115,8 +123,10 @@ public:
 protected:
   void apply(const ViewValue* before) override {
     if (!before) {
-      for (const Node* node = parent(); node && !axis_; node = node->parent()) axis_ = node->stackAxis();
-    } else if (static_cast<const SpacerValue*>(before)->minLength != valueAs<SpacerValue>().minLength) {
+      for (const Node* node = parent(); node && !axis_; node = node->parent())
+        axis_ = node->stackAxis();
+    } else if (static_cast<const SpacerValue*>(before)->minLength !=
+               valueAs<SpacerValue>().minLength) {
       layoutChanged();
     }
   }
@@ -138,14 +148,16 @@ std::unique_ptr<Node> SpacerValue::makeNode() const { return std::make_unique<Sp
 }  // namespace
 
 View HStack(const HStackOptions& options, Children children) {
-  const StackLayout layout{
-      .axis = Axis::horizontal, .alignment = {.vertical = options.alignment}, .spacing = options.spacing};
+  const StackLayout layout{.axis = Axis::horizontal,
+                           .alignment = {.vertical = options.alignment},
+                           .spacing = options.spacing};
   return View(std::make_shared<const StackValue>(layout, std::move(children)));
 }
 
 View VStack(const VStackOptions& options, Children children) {
-  const StackLayout layout{
-      .axis = Axis::vertical, .alignment = {.horizontal = options.alignment}, .spacing = options.spacing};
+  const StackLayout layout{.axis = Axis::vertical,
+                           .alignment = {.horizontal = options.alignment},
+                           .spacing = options.spacing};
   return View(std::make_shared<const StackValue>(layout, std::move(children)));
 }
 

@@ -20,16 +20,20 @@ constexpr double kSpacing = 8;
 
 class TabViewValue final : public ViewValue {
 public:
-  TabViewValue(std::vector<detail::TabPage> pages, std::int64_t selected, std::function<void(std::int64_t)> select,
-               View header)
-      : pages(std::move(pages)), selected(selected), select(std::move(select)), header(std::move(header)) {}
+  TabViewValue(std::vector<detail::TabPage> pages, std::int64_t selected,
+               std::function<void(std::int64_t)> select, View header)
+      : pages(std::move(pages)),
+        selected(selected),
+        select(std::move(select)),
+        header(std::move(header)) {}
 
   std::unique_ptr<Node> makeNode() const override;
   std::string kind() const override { return "TabView"; }
 
   // The page that is seen: the first where none has the selected tag.
   std::size_t shown() const {
-    const auto found = std::find_if(pages.begin(), pages.end(), [&](const auto& page) { return page.tag == selected; });
+    const auto found = std::find_if(pages.begin(), pages.end(),
+                                    [&](const auto& page) { return page.tag == selected; });
     return found == pages.end() ? 0 : static_cast<std::size_t>(found - pages.begin());
   }
 
@@ -72,7 +76,8 @@ protected:
     if (switches && previous) previous->setActive(false);
     shownTag_ = next.tag;
     hasShown_ = true;
-    auto page = std::find_if(pages_.begin(), pages_.end(), [&](const Page& each) { return each.tag == next.tag; });
+    auto page = std::find_if(pages_.begin(), pages_.end(),
+                             [&](const Page& each) { return each.tag == next.tag; });
     if (page == pages_.end()) {
       pages_.push_back({next.tag, nullptr});
       page = std::prev(pages_.end());
@@ -92,7 +97,9 @@ protected:
     // The page gets the height that the header leaves, and the header the width that the page
     // takes.
     double width = std::max(bar.width, proposal.width.value_or(0));
-    if (node) width = std::max(width, node->sizeThatFits(pageProposal(proposal, bar.height + kSpacing)).width);
+    if (node)
+      width =
+          std::max(width, node->sizeThatFits(pageProposal(proposal, bar.height + kSpacing)).width);
     const double top = headerHeight(width) + bar.height + kSpacing;
     const Size page = node ? node->sizeThatFits(pageProposal(proposal, top)) : Size{};
     return {{std::max(width, page.width), top + page.height}};
@@ -130,7 +137,8 @@ private:
 
   Node* shownPage() {
     if (!hasShown_) return nullptr;
-    const auto page = std::find_if(pages_.begin(), pages_.end(), [&](const Page& p) { return p.tag == shownTag_; });
+    const auto page = std::find_if(pages_.begin(), pages_.end(),
+                                   [&](const Page& p) { return p.tag == shownTag_; });
     return page == pages_.end() ? nullptr : page->node.get();
   }
 
@@ -142,9 +150,11 @@ private:
     std::vector<std::int64_t> tags;
     for (const detail::TabPage& page : value.pages) tags.push_back(page.tag);
     bar.select = [tags = std::move(tags), select = value.select](int index) {
-      if (index >= 0 && static_cast<std::size_t>(index) < tags.size()) select(tags[static_cast<std::size_t>(index)]);
+      if (index >= 0 && static_cast<std::size_t>(index) < tags.size())
+        select(tags[static_cast<std::size_t>(index)]);
     };
-    const std::string title = value.pages.empty() ? std::string() : value.pages[value.shown()].title;
+    const std::string title =
+        value.pages.empty() ? std::string() : value.pages[value.shown()].title;
     return makeControl("TabBar", std::move(bar), {.role = Role::tabList, .value = title});
   }
 
@@ -171,9 +181,10 @@ std::unique_ptr<Node> TabViewValue::makeNode() const { return std::make_unique<T
 
 }  // namespace
 
-View detail::makeTabView(std::vector<TabPage> pages, std::int64_t selected, std::function<void(std::int64_t)> select,
-                         View header) {
-  return View(std::make_shared<const TabViewValue>(std::move(pages), selected, std::move(select), std::move(header)));
+View detail::makeTabView(std::vector<TabPage> pages, std::int64_t selected,
+                         std::function<void(std::int64_t)> select, View header) {
+  return View(std::make_shared<const TabViewValue>(std::move(pages), selected, std::move(select),
+                                                   std::move(header)));
 }
 
 }  // namespace viewkit

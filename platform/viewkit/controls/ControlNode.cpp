@@ -15,10 +15,12 @@ namespace {
 // Whether both have the same size, whatever they show.
 bool measuresLike(const Control& a, const Control& b) {
   if (std::holds_alternative<ColorWellControl>(a)) return true;
-  if (const auto* toggle = std::get_if<ToggleControl>(&a)) return toggle->size == std::get<ToggleControl>(b).size;
+  if (const auto* toggle = std::get_if<ToggleControl>(&a))
+    return toggle->size == std::get<ToggleControl>(b).size;
   if (const auto* field = std::get_if<TextFieldControl>(&a)) {
     const auto& other = std::get<TextFieldControl>(b);
-    if (field->lineLimit == 1 && other.lineLimit == 1) return field->placeholder == other.placeholder;
+    if (field->lineLimit == 1 && other.lineLimit == 1)
+      return field->placeholder == other.placeholder;
   }
   return looksLike(a, b);
 }
@@ -50,8 +52,8 @@ const InheritedPtr& ControlNode::inheritedByContent() {
   });
 }
 
-// A control's line of text stands in its middle; a field may have grown to several, with the same space
-// around them all.
+// A control's line of text stands in its middle; a field may have grown to several, with the same
+// space around them all.
 double ControlNode::firstBaseline(double height) {
   const TextMetrics line = runtime().metrics().measureText({.text = "x"}, std::nullopt);
   const bool grows = std::holds_alternative<TextFieldControl>(value().control);
@@ -62,15 +64,18 @@ double ControlNode::firstBaseline(double height) {
 void ControlNode::say() {
   Accessibility accessibility = value().accessibility;
   // What a menu shows is its value; its name comes from elsewhere.
-  if (accessibility.label.empty() && accessibility.value.empty()) accessibility.label = spokenContents();
+  if (accessibility.label.empty() && accessibility.value.empty())
+    accessibility.label = spokenContents();
   if (accessibility.label.empty()) accessibility.label = inherited().forOne.help;
   setAccessibility(std::move(accessibility));
 }
 
 std::unique_ptr<Node> ControlValue::makeNode() const { return std::make_unique<ControlNode>(); }
 
-View makeControl(const char* name, Control control, Accessibility accessibility, const View& content) {
-  return View(std::make_shared<const ControlValue>(name, std::move(control), std::move(accessibility), content));
+View makeControl(const char* name, Control control, Accessibility accessibility,
+                 const View& content) {
+  return View(std::make_shared<const ControlValue>(name, std::move(control),
+                                                   std::move(accessibility), content));
 }
 
 }  // namespace viewkit

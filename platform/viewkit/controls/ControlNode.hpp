@@ -31,7 +31,9 @@ class ControlNode : public ModifierNode {
 public:
   bool answersForItself() const override { return content() == nullptr; }
   // No control is higher because there is room.
-  ProposedSize heeded(const ProposedSize& offer) const override { return {offer.width, std::nullopt}; }
+  ProposedSize heeded(const ProposedSize& offer) const override {
+    return {offer.width, std::nullopt};
+  }
   bool speaksForContents() const override { return content() != nullptr; }
   void contentsChanged() override { say(); }
 
@@ -52,6 +54,7 @@ private:
   HandedOn handedOn_;
 };
 
-View makeControl(const char* name, Control control, Accessibility accessibility, const View& content = {});
+View makeControl(const char* name, Control control, Accessibility accessibility,
+                 const View& content = {});
 
 }  // namespace viewkit

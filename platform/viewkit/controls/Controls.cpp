@@ -34,14 +34,17 @@ std::string hexadecimal(const appkit::RGBA& color) {
 
 View Button(std::string title, std::function<void()> action) {
   Accessibility accessibility{.role = Role::button, .label = title, .pressable = true};
-  return makeControl("Button", ButtonControl{.title = std::move(title), .symbol = {}, .action = std::move(action)},
-                     std::move(accessibility));
+  return makeControl(
+      "Button", ButtonControl{.title = std::move(title), .symbol = {}, .action = std::move(action)},
+      std::move(accessibility));
 }
 
 View Button(std::string title, SymbolName symbol, std::function<void()> action) {
   Accessibility accessibility{.role = Role::button, .label = title, .pressable = true};
-  return makeControl("Button", ButtonControl{.title = std::move(title), .symbol = symbol, .action = std::move(action)},
-                     std::move(accessibility));
+  return makeControl(
+      "Button",
+      ButtonControl{.title = std::move(title), .symbol = symbol, .action = std::move(action)},
+      std::move(accessibility));
 }
 
 View PlainButton(const View& content, std::function<void()> action) {
@@ -56,44 +59,53 @@ View HelpButton(std::function<void()> action) {
 
 View FontChooser(std::string title, const Binding<appkit::Font>& selection) {
   appkit::Font font = selection.get();
-  Accessibility accessibility{.role = Role::fontPicker, .label = title, .value = font.displayName()};
+  Accessibility accessibility{
+      .role = Role::fontPicker, .label = title, .value = font.displayName()};
   return makeControl(
       "FontChooser",
-      FontPickerControl{.title = std::move(title),
-                        .font = std::move(font),
-                        .read = [selection] { return selection.get(); },
-                        .choose = [selection](appkit::Font chosen) { selection.set(std::move(chosen)); }},
+      FontPickerControl{
+          .title = std::move(title),
+          .font = std::move(font),
+          .read = [selection] { return selection.get(); },
+          .choose = [selection](appkit::Font chosen) { selection.set(std::move(chosen)); }},
       std::move(accessibility));
 }
 
 View Toggle(const Binding<bool>& isOn, ToggleControl::Size size) {
   const bool value = isOn.get();
-  return makeControl("Toggle", ToggleControl{.isOn = value, .size = size, .set = [isOn](bool next) { isOn.set(next); }},
-                     {.role = Role::toggle, .value = value ? "on" : "off", .pressable = true});
+  return makeControl(
+      "Toggle",
+      ToggleControl{.isOn = value, .size = size, .set = [isOn](bool next) { isOn.set(next); }},
+      {.role = Role::toggle, .value = value ? "on" : "off", .pressable = true});
 }
 
 View ColorWell(const Binding<appkit::RGBA>& selection, const ColorWellOptions& options) {
   const appkit::RGBA color = selection.get();
-  return makeControl("ColorWell",
-                     ColorWellControl{.color = color,
-                                      .supportsOpacity = options.supportsOpacity,
-                                      .choose = [selection](appkit::RGBA chosen) { selection.set(chosen); }},
-                     {.role = Role::colorWell, .value = hexadecimal(color)});
+  return makeControl(
+      "ColorWell",
+      ColorWellControl{.color = color,
+                       .supportsOpacity = options.supportsOpacity,
+                       .choose = [selection](appkit::RGBA chosen) { selection.set(chosen); }},
+      {.role = Role::colorWell, .value = hexadecimal(color)});
 }
 
 View PopUpMenu(std::string title, std::function<std::vector<MenuItem>()> items) {
   Accessibility accessibility{.role = Role::menuButton, .value = title};
-  return makeMenu("PopUpMenu", {.title = std::move(title), .items = std::move(items)}, std::move(accessibility));
+  return makeMenu("PopUpMenu", {.title = std::move(title), .items = std::move(items)},
+                  std::move(accessibility));
 }
 
 View Menu(const View& label, std::string value, std::function<std::vector<MenuItem>()> items) {
-  return makeMenu("Menu", {.title = {}, .items = std::move(items), .kind = MenuControl::Kind::label},
+  return makeMenu("Menu",
+                  {.title = {}, .items = std::move(items), .kind = MenuControl::Kind::label},
                   {.role = Role::menuButton, .value = std::move(value)}, label);
 }
 
-View TextField(const TextFieldOptions& options, const Binding<std::string>& text, std::function<void()> onCommit) {
+View TextField(const TextFieldOptions& options, const Binding<std::string>& text,
+               std::function<void()> onCommit) {
   std::string typed = text.get();
-  Accessibility accessibility{.role = Role::textField, .label = options.placeholder, .value = typed};
+  Accessibility accessibility{
+      .role = Role::textField, .label = options.placeholder, .value = typed};
   return makeTextField({.text = std::move(typed),
                         .placeholder = options.placeholder,
                         .lineLimit = options.lineLimit,

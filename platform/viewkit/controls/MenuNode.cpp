@@ -22,7 +22,8 @@ protected:
   Control presentedControl() override {
     const auto& described = std::get<MenuControl>(value().control);
     return MenuControl{.title = described.title, .items = [description = view(), shown = isShown_] {
-                         return itemsWhile(shown, std::get<MenuControl>(valueOf(description).control));
+                         return itemsWhile(shown,
+                                           std::get<MenuControl>(valueOf(description).control));
                        }};
   }
 
@@ -33,7 +34,8 @@ private:
     return static_cast<const MenuValue&>(*description.value());
   }
 
-  static std::vector<MenuItem> itemsWhile(const std::shared_ptr<const bool>& shown, const MenuControl& described) {
+  static std::vector<MenuItem> itemsWhile(const std::shared_ptr<const bool>& shown,
+                                          const MenuControl& described) {
     if (!*shown || !described.items) return {};
     std::vector<MenuItem> items = described.items();
     for (MenuItem& item : items) {
@@ -51,8 +53,10 @@ std::unique_ptr<Node> MenuValue::makeNode() const { return std::make_unique<Menu
 
 }  // namespace
 
-View makeMenu(const char* name, MenuControl control, Accessibility accessibility, const View& content) {
-  return View(std::make_shared<const MenuValue>(name, std::move(control), std::move(accessibility), content));
+View makeMenu(const char* name, MenuControl control, Accessibility accessibility,
+              const View& content) {
+  return View(std::make_shared<const MenuValue>(name, std::move(control), std::move(accessibility),
+                                                content));
 }
 
 }  // namespace viewkit

@@ -6,7 +6,9 @@
 
 namespace viewkit {
 
-// A control that opens a menu. An item that is picked after the control has disappeared does nothing.
-View makeMenu(const char* name, MenuControl control, Accessibility accessibility, const View& content = {});
+// A control that opens a menu. An item that is picked after the control has disappeared does
+// nothing.
+View makeMenu(const char* name, MenuControl control, Accessibility accessibility,
+              const View& content = {});
 
 }  // namespace viewkit

@@ -12,8 +12,10 @@ namespace {
 
 class TextFieldValue final : public ControlValue {
 public:
-  TextFieldValue(TextFieldControl control, std::function<void(const std::string&)> revert, Accessibility accessibility)
-      : ControlValue("TextField", std::move(control), std::move(accessibility)), revert(std::move(revert)) {}
+  TextFieldValue(TextFieldControl control, std::function<void(const std::string&)> revert,
+                 Accessibility accessibility)
+      : ControlValue("TextField", std::move(control), std::move(accessibility)),
+        revert(std::move(revert)) {}
 
   std::unique_ptr<Node> makeNode() const override;
 
@@ -45,25 +47,27 @@ std::unique_ptr<Node> TextFieldValue::makeNode() const { return std::make_unique
 }  // namespace
 
 const TextFieldControl& TextEditing::field() const {
-  return std::get<TextFieldControl>(static_cast<const TextFieldValue&>(*description_.value()).control);
+  return std::get<TextFieldControl>(
+      static_cast<const TextFieldValue&>(*description_.value()).control);
 }
 
 TextFieldControl TextEditing::control() {
   const TextFieldControl& described = field();
-  return {.text = described.text,
-          .placeholder = described.placeholder,
-          .lineLimit = described.lineLimit,
-          .problem = described.problem,
-          .change = [self = shared_from_this()](std::string text) { self->change(std::move(text)); },
-          .commit =
-              [self = shared_from_this()] {
-                if (self->isActive_) self->commit();
-              },
-          .endEditing =
-              [self = shared_from_this()] {
-                if (self->isActive_) self->endEditing();
-              },
-          .revert = [self = shared_from_this()] { return self->isActive_ && self->revert(); }};
+  return {
+      .text = described.text,
+      .placeholder = described.placeholder,
+      .lineLimit = described.lineLimit,
+      .problem = described.problem,
+      .change = [self = shared_from_this()](std::string text) { self->change(std::move(text)); },
+      .commit =
+          [self = shared_from_this()] {
+            if (self->isActive_) self->commit();
+          },
+      .endEditing =
+          [self = shared_from_this()] {
+            if (self->isActive_) self->endEditing();
+          },
+      .revert = [self = shared_from_this()] { return self->isActive_ && self->revert(); }};
 }
 
 void TextEditing::change(std::string text) {
@@ -106,7 +110,8 @@ bool TextEditing::revert() {
 
 View makeTextField(TextFieldControl control, std::function<void(const std::string&)> revert,
                    Accessibility accessibility) {
-  return View(std::make_shared<const TextFieldValue>(std::move(control), std::move(revert), std::move(accessibility)));
+  return View(std::make_shared<const TextFieldValue>(std::move(control), std::move(revert),
+                                                     std::move(accessibility)));
 }
 
 }  // namespace viewkit

@@ -10,8 +10,9 @@
 
 namespace viewkit {
 
-// The editing of one text field, for as long as the field's identity lasts: it knows whether the text was
-// committed, and which text stood there before. A back end may call it after the field is gone.
+// The editing of one text field, for as long as the field's identity lasts: it knows whether the
+// text was committed, and which text stood there before. A back end may call it after the field is
+// gone.
 class TextEditing : public std::enable_shared_from_this<TextEditing> {
 public:
   // The field's newest description, a text field's view.
@@ -41,7 +42,8 @@ private:
   std::optional<std::string> before_;
 };
 
-// A text field. `revert`, which may be empty, takes the place of writing the text before the change.
+// A text field. `revert`, which may be empty, takes the place of writing the text before the
+// change.
 View makeTextField(TextFieldControl control, std::function<void(const std::string& before)> revert,
                    Accessibility accessibility);
 

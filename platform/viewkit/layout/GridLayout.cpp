@@ -9,7 +9,8 @@
 
 namespace viewkit {
 
-std::pmr::vector<double> GridLayout::columnWidths(std::span<const Row> rows, std::optional<double> width,
+std::pmr::vector<double> GridLayout::columnWidths(std::span<const Row> rows,
+                                                  std::optional<double> width,
                                                   Scratch& scratch) const {
   std::size_t columns = 0;
   for (const Row& row : rows) columns = std::max(columns, row.cells.size());
@@ -32,8 +33,9 @@ std::pmr::vector<double> GridLayout::columnWidths(std::span<const Row> rows, std
   std::pmr::vector<std::size_t> order(columns, scratch.memory());
   std::iota(order.begin(), order.end(), std::size_t{0});
   for (const std::size_t i : order) flexibility[i] = widest(i, kUnlimited) - widest(i, 0);
-  std::sort(order.begin(), order.end(),
-            [&](std::size_t a, std::size_t b) { return std::pair(flexibility[a], a) < std::pair(flexibility[b], b); });
+  std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
+    return std::pair(flexibility[a], a) < std::pair(flexibility[b], b);
+  });
   double left = *width - options.horizontalSpacing * static_cast<double>(columns - 1);
   for (std::size_t done = 0; done < columns; ++done) {
     const std::size_t i = order[done];
@@ -43,7 +45,8 @@ std::pmr::vector<double> GridLayout::columnWidths(std::span<const Row> rows, std
   return widths;
 }
 
-Measurement GridLayout::layOut(std::span<const Row> rows, const ProposedSize& proposal, const Place& place) const {
+Measurement GridLayout::layOut(std::span<const Row> rows, const ProposedSize& proposal,
+                               const Place& place) const {
   if (rows.empty()) return {};
   Scratch scratch;
   const std::pmr::vector<double> widths = columnWidths(rows, proposal.width, scratch);
@@ -70,7 +73,8 @@ Measurement GridLayout::layOut(std::span<const Row> rows, const ProposedSize& pr
     const bool byBaseline = options.verticalAlignment == VerticalAlignment::firstTextBaseline;
     if (byBaseline) {
       height = 0;
-      for (const Measurement& cell : cells) height = std::max(height, line - cell.line() + cell.size.height);
+      for (const Measurement& cell : cells)
+        height = std::max(height, line - cell.line() + cell.size.height);
     }
 
     const Rect frame{{0, y}, {width, height + 2 * row.verticalPadding}};

@@ -21,11 +21,14 @@ struct GridLayout {
     double verticalPadding = 0;
   };
   // Is told where each row goes, by its position, and its cells in the coordinates of the row.
-  using Place = std::function<void(std::size_t row, const Rect& frame, std::span<const Rect> cells)>;
-  Measurement layOut(std::span<const Row> rows, const ProposedSize& proposal, const Place& place = {}) const;
+  using Place =
+      std::function<void(std::size_t row, const Rect& frame, std::span<const Rect> cells)>;
+  Measurement layOut(std::span<const Row> rows, const ProposedSize& proposal,
+                     const Place& place = {}) const;
 
 private:
-  std::pmr::vector<double> columnWidths(std::span<const Row> rows, std::optional<double> width, Scratch& scratch) const;
+  std::pmr::vector<double> columnWidths(std::span<const Row> rows, std::optional<double> width,
+                                        Scratch& scratch) const;
 };
 
 }  // namespace viewkit

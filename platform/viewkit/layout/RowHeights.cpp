@@ -70,12 +70,14 @@ double RowHeights::average() const {
 }
 
 double RowHeights::extent(const Sum& sum, std::size_t rows) const {
-  return sum.heights + average() * static_cast<double>(rows - sum.known) + spacing_ * static_cast<double>(rows);
+  return sum.heights + average() * static_cast<double>(rows - sum.known) +
+         spacing_ * static_cast<double>(rows);
 }
 
 double RowHeights::height(std::size_t row) const {
   const Block* block = blocks_[row / kBlock].get();
-  return block && (*block)[row % kBlock] >= 0 ? static_cast<double>((*block)[row % kBlock]) : average();
+  return block && (*block)[row % kBlock] >= 0 ? static_cast<double>((*block)[row % kBlock])
+                                              : average();
 }
 
 RowHeights::Sum RowHeights::sumOfBlocks(std::size_t blocks) const {
@@ -103,7 +105,8 @@ std::size_t RowHeights::rowAt(double distance) const {
   for (; step > 0; step /= 2) {
     // The last block may not be full; nothing is skipped by skipping it.
     if (block + step >= tree_.size() - 1) continue;
-    const Sum sum{before.heights + tree_[block + step].heights, before.known + tree_[block + step].known};
+    const Sum sum{before.heights + tree_[block + step].heights,
+                  before.known + tree_[block + step].known};
     if (extent(sum, (block + step) * kBlock) > distance) continue;
     before = sum;
     block += step;

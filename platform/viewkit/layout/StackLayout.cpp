@@ -21,8 +21,10 @@ ProposedSize proposed(Axis axis, std::optional<double> along, std::optional<doub
   return axis == Axis::horizontal ? ProposedSize{along, across} : ProposedSize{across, along};
 }
 
-std::pmr::vector<Measurement> measureAll(Axis axis, std::span<Node* const> children, std::optional<double> length,
-                                         std::optional<double> breadth, double spacing, Scratch& scratch) {
+std::pmr::vector<Measurement> measureAll(Axis axis, std::span<Node* const> children,
+                                         std::optional<double> length,
+                                         std::optional<double> breadth, double spacing,
+                                         Scratch& scratch) {
   std::pmr::vector<Measurement> measurements(children.size(), scratch.memory());
   const auto measureEach = [&](std::optional<double> share) {
     for (std::size_t i = 0; i < children.size(); ++i) {
@@ -75,8 +77,9 @@ Measurement StackLayout::layOut(std::span<Node* const> children, const ProposedS
   if (children.empty()) return {};
   const bool horizontal = axis == Axis::horizontal;
   Scratch scratch;
-  const auto measurements = horizontal ? measureAll(axis, children, proposal.width, proposal.height, spacing, scratch)
-                                       : measureAll(axis, children, proposal.height, proposal.width, spacing, scratch);
+  const auto measurements =
+      horizontal ? measureAll(axis, children, proposal.width, proposal.height, spacing, scratch)
+                 : measureAll(axis, children, proposal.height, proposal.width, spacing, scratch);
   const bool byBaseline = horizontal && alignment.vertical == VerticalAlignment::firstTextBaseline;
 
   double breadth = 0;
@@ -99,7 +102,8 @@ Measurement StackLayout::layOut(std::span<Node* const> children, const ProposedS
     Rect frame{{}, child.size};
     if (horizontal) {
       frame.origin = {position,
-                      byBaseline ? line - child.line() : aligned(child.size, {child.size.width, breadth}, alignment).y};
+                      byBaseline ? line - child.line()
+                                 : aligned(child.size, {child.size.width, breadth}, alignment).y};
     } else {
       frame.origin = {aligned(child.size, {breadth, child.size.height}, alignment).x, position};
     }

@@ -17,7 +17,8 @@ struct StackLayout {
 
   // Is told where each child goes, by its position.
   using Place = std::function<void(std::size_t child, const Rect& frame)>;
-  Measurement layOut(std::span<Node* const> children, const ProposedSize& proposal, const Place& place = {}) const;
+  Measurement layOut(std::span<Node* const> children, const ProposedSize& proposal,
+                     const Place& place = {}) const;
 };
 
 }  // namespace viewkit

@@ -38,8 +38,9 @@ protected:
   void apply(const ViewValue* before) override {
     const ImageDescription& description = valueAs<ImageValue>().description;
     const auto* last = before ? &static_cast<const ImageValue*>(before)->description : nullptr;
-    if (last && (!(inherited().font == font_) || last->symbol != description.symbol || last->path != description.path ||
-                 last->resizable != description.resizable || last->mode != description.mode)) {
+    if (last && (!(inherited().font == font_) || last->symbol != description.symbol ||
+                 last->path != description.path || last->resizable != description.resizable ||
+                 last->mode != description.mode)) {
       layoutChanged();
     }
     font_ = inherited().font;
@@ -49,7 +50,8 @@ protected:
       setContent(ImageVisual{.path = description.path, .mode = description.mode});
     }
     // A picture without a name is an ornament.
-    const bool isNamed = !inherited().forOne.accessibilityLabel.empty() || !inherited().forOne.help.empty();
+    const bool isNamed =
+        !inherited().forOne.accessibilityLabel.empty() || !inherited().forOne.help.empty();
     setAccessibility({.role = isNamed ? Role::image : Role::none});
   }
 
@@ -57,9 +59,12 @@ protected:
     const ImageDescription& description = valueAs<ImageValue>().description;
     if (!description.resizable || !(proposal.width || proposal.height)) return {idealSize()};
     const Size ideal = idealSize();
-    const Size offered{proposal.width.value_or(ideal.width), proposal.height.value_or(ideal.height)};
-    if (description.mode == ImageVisual::Mode::stretch || ideal.width <= 0 || ideal.height <= 0) return {offered};
-    if (description.mode == ImageVisual::Mode::fill && proposal.width && proposal.height) return {offered};
+    const Size offered{proposal.width.value_or(ideal.width),
+                       proposal.height.value_or(ideal.height)};
+    if (description.mode == ImageVisual::Mode::stretch || ideal.width <= 0 || ideal.height <= 0)
+      return {offered};
+    if (description.mode == ImageVisual::Mode::fill && proposal.width && proposal.height)
+      return {offered};
     const double acrossScale = proposal.width ? *proposal.width / ideal.width : kUnlimited;
     const double downScale = proposal.height ? *proposal.height / ideal.height : kUnlimited;
     const double scale = std::min(acrossScale, downScale);
@@ -72,7 +77,8 @@ private:
     const ImageDescription& description = valueAs<ImageValue>().description;
     // A symbol that takes what it is offered is asked for its shape only.
     if (description.symbol && description.resizable) return {kIdealLength, kIdealLength};
-    if (!description.symbol) return description.path.empty() ? Size{} : runtime().metrics().imageSize(description.path);
+    if (!description.symbol)
+      return description.path.empty() ? Size{} : runtime().metrics().imageSize(description.path);
     const TextVisual line{.text = "X", .font = inherited().font};
     const double height = runtime().metrics().measureText(line, std::nullopt).size.height;
     return {height, height};

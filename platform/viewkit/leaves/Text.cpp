@@ -44,13 +44,15 @@ protected:
   void apply(const ViewValue* before) override {
     const TextDescription& description = valueAs<TextValue>().description;
     TextVisual next{
-        .text = description.uppercased ? foundation::uppercased(description.text) : description.text,
+        .text =
+            description.uppercased ? foundation::uppercased(description.text) : description.text,
         .font = description.font.value_or(inherited().font),
         .color = description.color.value_or(inherited().foreground),
         .lineLimit = description.lineLimit,
         .truncation = description.truncation,
     };
-    if (before && (visual_.text != next.text || visual_.font != next.font || visual_.lineLimit != next.lineLimit)) {
+    if (before && (visual_.text != next.text || visual_.font != next.font ||
+                   visual_.lineLimit != next.lineLimit)) {
       layoutChanged();
     }
     visual_ = std::move(next);
@@ -66,7 +68,8 @@ protected:
     if (!proposal.width) return measuredWithin(std::nullopt);
     const Measurement ideal = measured({});
     if (*proposal.width >= ideal.size.width - kTolerance) return ideal;
-    // How narrow a text can be is only asked to find out who gives way; it is not worth breaking lines.
+    // How narrow a text can be is only asked to find out who gives way; it is not worth breaking
+    // lines.
     if (*proposal.width <= 0) return {{0, ideal.size.height}, ideal.firstBaseline};
     return measuredWithin(proposal.width);
   }

@@ -10,7 +10,9 @@ namespace viewkit {
 double textWidth(const std::string& text, const Font& font) {
   const CompositeNode* node = CompositeNode::running();
   if (!node) return 0;
-  return node->metrics().measureText({.text = text, .font = font, .lineLimit = 1}, std::nullopt).size.width;
+  return node->metrics()
+      .measureText({.text = text, .font = font, .lineLimit = 1}, std::nullopt)
+      .size.width;
 }
 
 }  // namespace viewkit

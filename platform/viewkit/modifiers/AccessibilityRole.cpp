@@ -9,14 +9,15 @@ namespace {
 
 // Roles of things that hold others, each of which has a word of its own to say.
 bool holdsOthers(Role role) {
-  return role == Role::group || role == Role::list || role == Role::scrollArea || role == Role::popover ||
-         role == Role::tabList;
+  return role == Role::group || role == Role::list || role == Role::scrollArea ||
+         role == Role::popover || role == Role::tabList;
 }
 
 Inherited::SpokenFor spokenForBy(Role role) {
   if (holdsOthers(role)) return Inherited::SpokenFor::nothing;
   // A row of a list is read in one go, and what can be used in it is still reached.
-  return role == Role::listItem ? Inherited::SpokenFor::allButControls : Inherited::SpokenFor::everything;
+  return role == Role::listItem ? Inherited::SpokenFor::allButControls
+                                : Inherited::SpokenFor::everything;
 }
 
 class RoleValue final : public ModifierValue {
@@ -69,6 +70,8 @@ std::unique_ptr<Node> RoleValue::makeNode() const { return std::make_unique<Role
 
 }  // namespace
 
-View modified::byAccessibilityRole(const View& content, Role role) { return modifiedView<RoleValue>(content, role); }
+View modified::byAccessibilityRole(const View& content, Role role) {
+  return modifiedView<RoleValue>(content, role);
+}
 
 }  // namespace viewkit

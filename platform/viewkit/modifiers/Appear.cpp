@@ -12,7 +12,9 @@ namespace {
 class AppearValue final : public ModifierValue {
 public:
   AppearValue(View content, std::function<void()> appear, std::function<void()> disappear)
-      : ModifierValue(std::move(content)), appear(std::move(appear)), disappear(std::move(disappear)) {}
+      : ModifierValue(std::move(content)),
+        appear(std::move(appear)),
+        disappear(std::move(disappear)) {}
 
   std::unique_ptr<Node> makeNode() const override;
   std::string kind() const override { return appear ? "OnAppear" : "OnDisappear"; }
@@ -39,7 +41,8 @@ std::unique_ptr<Node> AppearValue::makeNode() const { return std::make_unique<Ap
 
 }  // namespace
 
-View modified::byAppear(const View& content, std::function<void()> appear, std::function<void()> disappear) {
+View modified::byAppear(const View& content, std::function<void()> appear,
+                        std::function<void()> disappear) {
   return modifiedView<AppearValue>(content, std::move(appear), std::move(disappear));
 }
 

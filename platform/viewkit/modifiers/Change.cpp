@@ -31,13 +31,15 @@ public:
 class ChangeNode final : public ModifierNode {
 protected:
   bool hasSameIdentity(const ViewValue& next) const override {
-    return static_cast<const ChangeValue&>(next).watched.type() == valueAs<ChangeValue>().watched.type();
+    return static_cast<const ChangeValue&>(next).watched.type() ==
+           valueAs<ChangeValue>().watched.type();
   }
 
   void apply(const ViewValue* before) override {
     ModifierNode::apply(before);
     const auto& value = valueAs<ChangeValue>();
-    if (!before || value.isEqual(static_cast<const ChangeValue*>(before)->watched, value.watched)) return;
+    if (!before || value.isEqual(static_cast<const ChangeValue*>(before)->watched, value.watched))
+      return;
     runtime().afterLayout(ViewHost::Runtime::CallKind::answer, value.action);
   }
 };
@@ -47,8 +49,10 @@ std::unique_ptr<Node> ChangeValue::makeNode() const { return std::make_unique<Ch
 }  // namespace
 
 View modified::byChange(const View& content, std::any value,
-                        std::function<bool(const std::any&, const std::any&)> isEqual, std::function<void()> action) {
-  return modifiedView<ChangeValue>(content, std::move(value), std::move(isEqual), std::move(action));
+                        std::function<bool(const std::any&, const std::any&)> isEqual,
+                        std::function<void()> action) {
+  return modifiedView<ChangeValue>(content, std::move(value), std::move(isEqual),
+                                   std::move(action));
 }
 
 }  // namespace viewkit

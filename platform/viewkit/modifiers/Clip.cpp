@@ -8,7 +8,8 @@ namespace {
 
 class ClipValue final : public ModifierValue {
 public:
-  ClipValue(View content, double cornerRadius) : ModifierValue(std::move(content)), cornerRadius(cornerRadius) {}
+  ClipValue(View content, double cornerRadius)
+      : ModifierValue(std::move(content)), cornerRadius(cornerRadius) {}
 
   std::unique_ptr<Node> makeNode() const override;
   std::string kind() const override { return "Clip"; }

@@ -11,7 +11,8 @@ namespace {
 
 class ErrorBoundaryValue final : public ModifierValue {
 public:
-  ErrorBoundaryValue(View content, ErrorView errorView) : ModifierValue(std::move(content)), errorView(errorView) {}
+  ErrorBoundaryValue(View content, ErrorView errorView)
+      : ModifierValue(std::move(content)), errorView(errorView) {}
 
   std::unique_ptr<Node> makeNode() const override;
   std::string kind() const override { return "ErrorBoundary"; }
@@ -22,15 +23,18 @@ public:
 class ErrorBoundaryNode final : public ModifierNode {
 protected:
   const InheritedPtr& inheritedByContent() override {
-    return handedOn_.from(inheritedPtr(),
-                          [this](Inherited& next) { next.errorView = valueAs<ErrorBoundaryValue>().errorView; });
+    return handedOn_.from(inheritedPtr(), [this](Inherited& next) {
+      next.errorView = valueAs<ErrorBoundaryValue>().errorView;
+    });
   }
 
 private:
   HandedOn handedOn_;
 };
 
-std::unique_ptr<Node> ErrorBoundaryValue::makeNode() const { return std::make_unique<ErrorBoundaryNode>(); }
+std::unique_ptr<Node> ErrorBoundaryValue::makeNode() const {
+  return std::make_unique<ErrorBoundaryNode>();
+}
 
 }  // namespace
 

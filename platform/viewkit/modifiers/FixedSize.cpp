@@ -24,10 +24,13 @@ protected:
     ModifierNode::apply(before);
     const auto* last = static_cast<const FixedSizeValue*>(before);
     const auto& value = valueAs<FixedSizeValue>();
-    if (last && (last->horizontal != value.horizontal || last->vertical != value.vertical)) layoutChanged();
+    if (last && (last->horizontal != value.horizontal || last->vertical != value.vertical))
+      layoutChanged();
   }
 
-  Measurement measure(const ProposedSize& proposal) override { return content()->measured(inside(proposal)); }
+  Measurement measure(const ProposedSize& proposal) override {
+    return content()->measured(inside(proposal));
+  }
 
   void placeChildren() override {
     placeChild(*content(), {}, content()->sizeThatFits(inside({size().width, size().height})));
@@ -36,7 +39,8 @@ protected:
 private:
   ProposedSize inside(const ProposedSize& offered) const {
     const auto& value = valueAs<FixedSizeValue>();
-    return {value.horizontal ? std::nullopt : offered.width, value.vertical ? std::nullopt : offered.height};
+    return {value.horizontal ? std::nullopt : offered.width,
+            value.vertical ? std::nullopt : offered.height};
   }
 };
 

@@ -18,7 +18,8 @@ Measurement framed(const Measurement& content, Size size, Alignment alignment) {
 
 class FixedFrameValue final : public ModifierValue {
 public:
-  FixedFrameValue(View content, const FixedFrame& frame) : ModifierValue(std::move(content)), frame(frame) {}
+  FixedFrameValue(View content, const FixedFrame& frame)
+      : ModifierValue(std::move(content)), frame(frame) {}
 
   std::unique_ptr<Node> makeNode() const override;
   std::string kind() const override { return "Frame"; }
@@ -36,15 +37,18 @@ protected:
     ModifierNode::apply(before);
     if (!before) return;
     const FixedFrame& last = static_cast<const FixedFrameValue*>(before)->frame;
-    if (last.width != frame().width || last.height != frame().height || last.alignment != frame().alignment) {
+    if (last.width != frame().width || last.height != frame().height ||
+        last.alignment != frame().alignment) {
       layoutChanged();
     }
   }
 
   Measurement measure(const ProposedSize& proposal) override {
     const Measurement content = this->content()->measured(inside(proposal));
-    return framed(content, {frame().width.value_or(content.size.width), frame().height.value_or(content.size.height)},
-                  frame().alignment);
+    return framed(
+        content,
+        {frame().width.value_or(content.size.width), frame().height.value_or(content.size.height)},
+        frame().alignment);
   }
 
   void placeChildren() override {
@@ -55,15 +59,19 @@ protected:
 private:
   const FixedFrame& frame() const { return valueAs<FixedFrameValue>().frame; }
   ProposedSize inside(const ProposedSize& offered) const {
-    return {frame().width ? frame().width : offered.width, frame().height ? frame().height : offered.height};
+    return {frame().width ? frame().width : offered.width,
+            frame().height ? frame().height : offered.height};
   }
 };
 
-std::unique_ptr<Node> FixedFrameValue::makeNode() const { return std::make_unique<FixedFrameNode>(); }
+std::unique_ptr<Node> FixedFrameValue::makeNode() const {
+  return std::make_unique<FixedFrameNode>();
+}
 
 class FlexibleFrameValue final : public ModifierValue {
 public:
-  FlexibleFrameValue(View content, const FlexibleFrame& frame) : ModifierValue(std::move(content)), frame(frame) {}
+  FlexibleFrameValue(View content, const FlexibleFrame& frame)
+      : ModifierValue(std::move(content)), frame(frame) {}
 
   std::unique_ptr<Node> makeNode() const override;
   std::string kind() const override { return "FlexibleFrame"; }
@@ -99,16 +107,18 @@ protected:
     ModifierNode::apply(before);
     if (!before) return;
     const FlexibleFrame& last = static_cast<const FlexibleFrameValue*>(before)->frame;
-    if (last.minWidth != frame().minWidth || last.maxWidth != frame().maxWidth || last.minHeight != frame().minHeight ||
-        last.maxHeight != frame().maxHeight || last.alignment != frame().alignment) {
+    if (last.minWidth != frame().minWidth || last.maxWidth != frame().maxWidth ||
+        last.minHeight != frame().minHeight || last.maxHeight != frame().maxHeight ||
+        last.alignment != frame().alignment) {
       layoutChanged();
     }
   }
 
   Measurement measure(const ProposedSize& proposal) override {
     const Measurement content = this->content()->measured(inside(proposal));
-    const Size size{taken(proposal.width, content.size.width, frame().minWidth, frame().maxWidth),
-                    taken(proposal.height, content.size.height, frame().minHeight, frame().maxHeight)};
+    const Size size{
+        taken(proposal.width, content.size.width, frame().minWidth, frame().maxWidth),
+        taken(proposal.height, content.size.height, frame().minHeight, frame().maxHeight)};
     return framed(content, size, frame().alignment);
   }
 
@@ -125,7 +135,9 @@ private:
   }
 };
 
-std::unique_ptr<Node> FlexibleFrameValue::makeNode() const { return std::make_unique<FlexibleFrameNode>(); }
+std::unique_ptr<Node> FlexibleFrameValue::makeNode() const {
+  return std::make_unique<FlexibleFrameNode>();
+}
 
 }  // namespace
 

@@ -33,6 +33,8 @@ std::unique_ptr<Node> IdValue::makeNode() const { return std::make_unique<IdNode
 
 }  // namespace
 
-View modified::byId(const View& content, ViewId id) { return modifiedView<IdValue>(content, std::move(id)); }
+View modified::byId(const View& content, ViewId id) {
+  return modifiedView<IdValue>(content, std::move(id));
+}
 
 }  // namespace viewkit

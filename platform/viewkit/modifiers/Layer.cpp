@@ -7,13 +7,17 @@ namespace viewkit {
 
 namespace {
 
-// Another view behind a view or over it. It is offered the view's size and changes nothing about it.
+// Another view behind a view or over it. It is offered the view's size and changes nothing about
+// it.
 class LayerValue final : public ModifierValue {
 public:
   enum class Side { behind, over };
 
   LayerValue(View content, Side side, View layer, Alignment alignment)
-      : ModifierValue(std::move(content)), side(side), layer(std::move(layer)), alignment(alignment) {}
+      : ModifierValue(std::move(content)),
+        side(side),
+        layer(std::move(layer)),
+        alignment(alignment) {}
 
   std::unique_ptr<Node> makeNode() const override;
   std::string kind() const override { return side == Side::behind ? "Background" : "Overlay"; }
@@ -40,7 +44,8 @@ protected:
   void apply(const ViewValue* before) override {
     ModifierNode::apply(before);
     reconcile(layer_, valueAs<LayerValue>().layer, inheritedByChildren());
-    if (before && static_cast<const LayerValue*>(before)->alignment != valueAs<LayerValue>().alignment) {
+    if (before &&
+        static_cast<const LayerValue*>(before)->alignment != valueAs<LayerValue>().alignment) {
       placementChanged();
     }
   }

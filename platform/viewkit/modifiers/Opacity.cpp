@@ -9,7 +9,8 @@ namespace {
 
 class OpacityValue final : public ModifierValue {
 public:
-  OpacityValue(View content, double opacity) : ModifierValue(std::move(content)), opacity(opacity) {}
+  OpacityValue(View content, double opacity)
+      : ModifierValue(std::move(content)), opacity(opacity) {}
 
   std::unique_ptr<Node> makeNode() const override;
   std::string kind() const override { return "Opacity"; }
@@ -44,12 +45,18 @@ protected:
   }
 };
 
-std::unique_ptr<Node> OpacityTransitionValue::makeNode() const { return std::make_unique<OpacityTransitionNode>(); }
+std::unique_ptr<Node> OpacityTransitionValue::makeNode() const {
+  return std::make_unique<OpacityTransitionNode>();
+}
 
 }  // namespace
 
-View modified::byOpacity(const View& content, double opacity) { return modifiedView<OpacityValue>(content, opacity); }
+View modified::byOpacity(const View& content, double opacity) {
+  return modifiedView<OpacityValue>(content, opacity);
+}
 
-View modified::byOpacityTransition(const View& content) { return modifiedView<OpacityTransitionValue>(content); }
+View modified::byOpacityTransition(const View& content) {
+  return modifiedView<OpacityTransitionValue>(content);
+}
 
 }  // namespace viewkit

@@ -9,7 +9,8 @@ namespace {
 
 class PaddingValue final : public ModifierValue {
 public:
-  PaddingValue(View content, const EdgeInsets& insets) : ModifierValue(std::move(content)), insets(insets) {}
+  PaddingValue(View content, const EdgeInsets& insets)
+      : ModifierValue(std::move(content)), insets(insets) {}
 
   std::unique_ptr<Node> makeNode() const override;
   std::string kind() const override { return "Padding"; }
@@ -33,7 +34,8 @@ protected:
     const auto less = [](std::optional<double> length, double by) {
       return length ? std::optional(std::max(0.0, *length - by)) : length;
     };
-    Measurement measurement = content()->measured({less(proposal.width, across), less(proposal.height, down)});
+    Measurement measurement =
+        content()->measured({less(proposal.width, across), less(proposal.height, down)});
     measurement.size = {measurement.size.width + across, measurement.size.height + down};
     if (measurement.firstBaseline) *measurement.firstBaseline += insets().top;
     return measurement;

@@ -47,7 +47,8 @@ std::unique_ptr<Node> HoverValue::makeNode() const { return std::make_unique<Hov
 
 class TapValue final : public ModifierValue {
 public:
-  TapValue(View content, std::function<void()> action) : ModifierValue(std::move(content)), action(std::move(action)) {}
+  TapValue(View content, std::function<void()> action)
+      : ModifierValue(std::move(content)), action(std::move(action)) {}
 
   std::unique_ptr<Node> makeNode() const override;
   std::string kind() const override { return "OnTap"; }

@@ -32,11 +32,14 @@ protected:
   // A popover that goes with what it stands beside is not there again when that comes back.
   void activeChanged() override {
     if (isActive()) return;
-    runtime().afterLayout(ViewHost::Runtime::CallKind::appearance, valueAs<PopoverSurfaceValue>().dismiss);
+    runtime().afterLayout(ViewHost::Runtime::CallKind::appearance,
+                          valueAs<PopoverSurfaceValue>().dismiss);
   }
 };
 
-std::unique_ptr<Node> PopoverSurfaceValue::makeNode() const { return std::make_unique<PopoverSurfaceNode>(); }
+std::unique_ptr<Node> PopoverSurfaceValue::makeNode() const {
+  return std::make_unique<PopoverSurfaceNode>();
+}
 
 class PopoverValue final : public ModifierValue {
 public:
@@ -64,13 +67,15 @@ protected:
     present();
     ModifierNode::apply(before);
     reconcile(surface_, valueAs<PopoverValue>().surface, onSurface());
-    if (before && static_cast<const PopoverValue*>(before)->options.maxWidth != options().maxWidth) placementChanged();
+    if (before && static_cast<const PopoverValue*>(before)->options.maxWidth != options().maxWidth)
+      placementChanged();
   }
 
   void placeChildren() override {
     ModifierNode::placeChildren();
     if (surface_) {
-      placeChild(*surface_, {0, size().height}, surface_->sizeThatFits({options().maxWidth, std::nullopt}));
+      placeChild(*surface_, {0, size().height},
+                 surface_->sizeThatFits({options().maxWidth, std::nullopt}));
     }
   }
 
@@ -79,7 +84,8 @@ private:
 
   // What is said of the view beside it is not said of the surface.
   const InheritedPtr& onSurface() {
-    return onSurface_.from(inheritedPtr(), [](Inherited& next) { next = Inherited{.environment = next.environment}; });
+    return onSurface_.from(
+        inheritedPtr(), [](Inherited& next) { next = Inherited{.environment = next.environment}; });
   }
 
   HandedOn onSurface_;
@@ -90,11 +96,11 @@ std::unique_ptr<Node> PopoverValue::makeNode() const { return std::make_unique<P
 
 }  // namespace
 
-View modified::byPopover(const View& content, const Binding<bool>& isPresented, std::function<View()> popover,
-                         PopoverOptions options) {
-  const View surface = isPresented.get()
-                           ? modifiedView<PopoverSurfaceValue>(popover(), [isPresented] { isPresented.set(false); })
-                           : View{};
+View modified::byPopover(const View& content, const Binding<bool>& isPresented,
+                         std::function<View()> popover, PopoverOptions options) {
+  const View surface = isPresented.get() ? modifiedView<PopoverSurfaceValue>(
+                                               popover(), [isPresented] { isPresented.set(false); })
+                                         : View{};
   return modifiedView<PopoverValue>(content, surface, options);
 }
 

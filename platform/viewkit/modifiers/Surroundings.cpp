@@ -37,7 +37,9 @@ private:
   HandedOn handedOn_;
 };
 
-std::unique_ptr<Node> SurroundingsValue::makeNode() const { return std::make_unique<SurroundingsNode>(); }
+std::unique_ptr<Node> SurroundingsValue::makeNode() const {
+  return std::make_unique<SurroundingsNode>();
+}
 
 View saying(const View& content, const char* name, SurroundingsValue::Change change) {
   return modifiedView<SurroundingsValue>(content, name, std::move(change));
@@ -61,20 +63,24 @@ View modified::byFont(const View& content, const Font& font) {
 }
 
 View modified::byDisabled(const View& content, bool disabled) {
-  return saying(content, kDisabled, [disabled](Inherited& next) { next.enabled = next.enabled && !disabled; });
+  return saying(content, kDisabled,
+                [disabled](Inherited& next) { next.enabled = next.enabled && !disabled; });
 }
 
 View modified::byHelp(const View& content, std::string help) {
-  return saying(content, kHelp, [help = std::move(help)](Inherited& next) { next.forOne.help = help; });
+  return saying(content, kHelp,
+                [help = std::move(help)](Inherited& next) { next.forOne.help = help; });
 }
 
 View modified::byAccessibilityLabel(const View& content, std::string label) {
-  return saying(content, kLabel,
-                [label = std::move(label)](Inherited& next) { next.forOne.accessibilityLabel = label; });
+  return saying(content, kLabel, [label = std::move(label)](Inherited& next) {
+    next.forOne.accessibilityLabel = label;
+  });
 }
 
 View modified::byAccessibilitySelected(const View& content, bool selected) {
-  return saying(content, kSelected, [selected](Inherited& next) { next.forOne.selected = selected; });
+  return saying(content, kSelected,
+                [selected](Inherited& next) { next.forOne.selected = selected; });
 }
 
 }  // namespace viewkit

@@ -37,8 +37,9 @@ std::vector<RefusedText> ViewHost::Runtime::refusedTexts() {
   visitFields(*root_, [&](Node& node, TextEditing& editing) {
     const TextFieldControl& field = editing.field();
     if (field.problem.empty()) return;
-    refused.push_back(
-        {.label = node.presented()->node.accessibility.label, .text = field.text, .problem = field.problem});
+    refused.push_back({.label = node.presented()->node.accessibility.label,
+                       .text = field.text,
+                       .problem = field.problem});
   });
   return refused;
 }

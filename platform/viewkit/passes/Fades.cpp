@@ -26,8 +26,10 @@ void Fades::fadeIn(Node& node) {
   in_.push_back({.node = &node});
 }
 
-PresentationNode& Fades::takePicture(Out& out, const PresentationNode& original, const PresentationNode* parent) {
-  PresentationNode& picture = *out.pictures.emplace_back(std::make_unique<PresentationNode>(original));
+PresentationNode& Fades::takePicture(Out& out, const PresentationNode& original,
+                                     const PresentationNode* parent) {
+  PresentationNode& picture =
+      *out.pictures.emplace_back(std::make_unique<PresentationNode>(original));
   picture.id = 0;
   picture.parent = parent;
   picture.accessibility = {};
@@ -63,7 +65,8 @@ void Fades::advance(std::chrono::duration<double> elapsed, Presenter& presenter)
   for (Out& out : out_) {
     out.elapsed += elapsed.count();
     for (const auto& picture : out.pictures) {
-      if (picture->parent == &out.presenting->presented()->node) picture->opacity = 1 - progress(out.elapsed);
+      if (picture->parent == &out.presenting->presented()->node)
+        picture->opacity = 1 - progress(out.elapsed);
       presenter.addDamage(visibleFrame(*picture));
     }
     if (isOver(out.elapsed)) presenter.childrenChanged(*out.presenting);
@@ -77,7 +80,8 @@ void Fades::nodeGone(const Node& node) {
   std::erase_if(out_, [&](const Out& out) { return out.presenting == &node; });
 }
 
-void Fades::appendPicturesIn(const Node& presenting, std::vector<const PresentationNode*>& into) const {
+void Fades::appendPicturesIn(const Node& presenting,
+                             std::vector<const PresentationNode*>& into) const {
   for (const Out& out : out_) {
     if (out.presenting != &presenting) continue;
     for (const auto& picture : out.pictures) {

@@ -11,8 +11,8 @@ namespace viewkit {
 
 class Presenter;
 
-// What is fading in or out. What fades in is the real thing; what fades out is only a picture of what
-// was there, without an id, a control or a word for assistive technology.
+// What is fading in or out. What fades in is the real thing; what fades out is only a picture of
+// what was there, without an id, a control or a word for assistive technology.
 class Fades {
 public:
   void fadeIn(Node& node);
@@ -35,7 +35,8 @@ private:
     double elapsed = 0;
   };
 
-  static PresentationNode& takePicture(Out& out, const PresentationNode& original, const PresentationNode* parent);
+  static PresentationNode& takePicture(Out& out, const PresentationNode& original,
+                                       const PresentationNode* parent);
 
   std::vector<In> in_;
   std::vector<Out> out_;

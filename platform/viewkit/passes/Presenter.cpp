@@ -14,12 +14,13 @@ constexpr std::size_t kDamageCompared = 32;
 
 Rect intersection(const Rect& a, const Rect& b) {
   const Point corner{std::max(a.origin.x, b.origin.x), std::max(a.origin.y, b.origin.y)};
-  return {corner, {std::min(a.maxX(), b.maxX()) - corner.x, std::min(a.maxY(), b.maxY()) - corner.y}};
+  return {corner,
+          {std::min(a.maxX(), b.maxX()) - corner.x, std::min(a.maxY(), b.maxY()) - corner.y}};
 }
 
 bool covers(const Rect& outer, const Rect& inner) {
-  return inner.origin.x >= outer.origin.x && inner.origin.y >= outer.origin.y && inner.maxX() <= outer.maxX() &&
-         inner.maxY() <= outer.maxY();
+  return inner.origin.x >= outer.origin.x && inner.origin.y >= outer.origin.y &&
+         inner.maxX() <= outer.maxX() && inner.maxY() <= outer.maxY();
 }
 
 }  // namespace
@@ -59,7 +60,9 @@ void Presenter::nodeGone(Node& node) {
 void Presenter::addDamage(const Rect& rect) {
   if (rect.isEmpty()) return;
   if (damage_.size() < kDamageCompared) {
-    if (std::any_of(damage_.begin(), damage_.end(), [&](const Rect& each) { return covers(each, rect); })) return;
+    if (std::any_of(damage_.begin(), damage_.end(),
+                    [&](const Rect& each) { return covers(each, rect); }))
+      return;
     std::erase_if(damage_, [&](const Rect& each) { return covers(rect, each); });
   }
   damage_.push_back(rect);
@@ -190,7 +193,8 @@ PresentationChanges Presenter::present(Node& root, const Fades& fades) {
   for (Node* node : withNewChildren) {
     node->marks.children = false;
     const Node::Presented& presented = *node->presented();
-    if (presented.isShown && !presented.isNew && !node->marks.presentation) changes.changed.push_back(&presented.node);
+    if (presented.isShown && !presented.isNew && !node->marks.presentation)
+      changes.changed.push_back(&presented.node);
   }
   for (Node* node : std::exchange(changed_, {})) {
     node->marks.presentation = false;

@@ -62,7 +62,8 @@ void ViewHost::Runtime::open(const View& root) {
   {
     const Setting pass(inPass_, true);
     root_ = window.value()->makeNode();
-    root_->mount(*this, nullptr, window, std::make_shared<const Inherited>(Inherited{.environment = environment_}));
+    root_->mount(*this, nullptr, window,
+                 std::make_shared<const Inherited>(Inherited{.environment = environment_}));
   }
   schedule();
 }
@@ -105,7 +106,8 @@ Size ViewHost::Runtime::sizeThatFits(const ProposedSize& proposal) {
 void ViewHost::Runtime::setEnvironment(Environment environment) {
   environment_ = environment;
   root_->forgetLayout();
-  root_->become(root_->view(), std::make_shared<const Inherited>(Inherited{.environment = environment}));
+  root_->become(root_->view(),
+                std::make_shared<const Inherited>(Inherited{.environment = environment}));
   sizeChanged_ = true;
   schedule();
 }
@@ -194,8 +196,8 @@ void ViewHost::Runtime::scrollAfterLayout(std::weak_ptr<ScrollProxy::Target> tar
 }
 
 bool ViewHost::Runtime::isMarked() const {
-  return !markedBodies_.empty() || !markedLayouts_.empty() || !markedPlacements_.empty() || sizeChanged_ ||
-         !calls_.empty() || !scrolls_.empty();
+  return !markedBodies_.empty() || !markedLayouts_.empty() || !markedPlacements_.empty() ||
+         sizeChanged_ || !calls_.empty() || !scrolls_.empty();
 }
 
 void ViewHost::Runtime::update() {
@@ -216,7 +218,8 @@ void ViewHost::Runtime::runUpdate() {
     if (round == kRoundsOfAnswers + 1) break;
     runPasses();
     if (closed_) return;
-    // Once: where a region moves away from the pointer because the pointer is there, it must not go on.
+    // Once: where a region moves away from the pointer because the pointer is there, it must not go
+    // on.
     if (round == 0) refreshHover();
     runCalls(withAnswers);
     if (closed_) return;
@@ -288,7 +291,8 @@ void ViewHost::Runtime::placeMarked() {
     markedPlacements_[i].node = nullptr;
     node->placeAgain();
   }
-  markedPlacements_.erase(markedPlacements_.begin(), markedPlacements_.begin() + static_cast<std::ptrdiff_t>(count));
+  markedPlacements_.erase(markedPlacements_.begin(),
+                          markedPlacements_.begin() + static_cast<std::ptrdiff_t>(count));
 }
 
 void ViewHost::Runtime::scroll() {
@@ -310,7 +314,9 @@ void ViewHost::Runtime::runCalls(bool withAnswers) {
     const Call call = std::move(calls_.front());
     calls_.pop_front();
     if (!withAnswers && call.kind == CallKind::answer) {
-      reportMistake("handlers of changes go on changing what they are called for; the last ones were not called");
+      reportMistake(
+          "handlers of changes go on changing what they are called for; the last ones were not "
+          "called");
       continue;
     }
     call.run();
@@ -377,7 +383,8 @@ bool ViewHost::Runtime::click(Point point) {
   if (closed_) return false;
   std::vector<Node*> regions;
   root_->collectRegions(point, regions);
-  const auto wanting = std::find_if(regions.rbegin(), regions.rend(), [](const Node* n) { return n->wantsClick(); });
+  const auto wanting =
+      std::find_if(regions.rbegin(), regions.rend(), [](const Node* n) { return n->wantsClick(); });
   if (wanting == regions.rend()) return false;
   (*wanting)->click();
   return true;

@@ -6,7 +6,8 @@
 
 namespace viewkit {
 
-// Whatever may call a handler keeps the runtime until the call is over: the handler may end the host.
+// Whatever may call a handler keeps the runtime until the call is over: the handler may end the
+// host.
 
 ViewHost::ViewHost(View root, Environment environment, const PlatformMetrics& metrics)
     : runtime_(std::make_shared<Runtime>(environment, metrics)) {
@@ -29,7 +30,9 @@ void ViewHost::update() {
 }
 
 void ViewHost::setObserver(Observer observer) { runtime_->setObserver(std::move(observer)); }
-const PresentationNode& ViewHost::presentation() const { return runtime_->root().presented()->node; }
+const PresentationNode& ViewHost::presentation() const {
+  return runtime_->root().presented()->node;
+}
 const PresentationNode* ViewHost::node(NodeId id) const { return runtime_->node(id); }
 
 void ViewHost::pointerMoved(Point point) {

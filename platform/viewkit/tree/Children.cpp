@@ -22,10 +22,11 @@ void checkIds(const std::vector<Children::Child>& views) {
   }
   const auto isLess = [](const ViewId* a, const ViewId* b) { return *a < *b; };
   std::sort(ids.begin(), ids.end(), isLess);
-  const auto twin =
-      std::adjacent_find(ids.begin(), ids.end(), [](const ViewId* a, const ViewId* b) { return *a == *b; });
+  const auto twin = std::adjacent_find(ids.begin(), ids.end(),
+                                       [](const ViewId* a, const ViewId* b) { return *a == *b; });
   if (twin != ids.end()) {
-    reportMistake("two views of one forEach have the id " + textOf(**twin) + ": they are told apart by position");
+    reportMistake("two views of one forEach have the id " + textOf(**twin) +
+                  ": they are told apart by position");
   }
 }
 
@@ -40,7 +41,8 @@ Children::Children(std::initializer_list<Place> places) {
     if (!place.view_.isEmpty()) children_.push_back({{.position = position}, place.view_});
     if (place.views_.size() > 1) checkIds(place.views_);
     for (const Child& child : place.views_) {
-      if (!child.view.isEmpty()) children_.push_back({{.position = position, .id = child.key.id}, child.view});
+      if (!child.view.isEmpty())
+        children_.push_back({{.position = position, .id = child.key.id}, child.view});
     }
     ++position;
   }

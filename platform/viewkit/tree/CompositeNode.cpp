@@ -30,7 +30,9 @@ private:
 
 }  // namespace
 
-std::unique_ptr<Node> CompositeViewValue::makeNode() const { return std::make_unique<CompositeNode>(); }
+std::unique_ptr<Node> CompositeViewValue::makeNode() const {
+  return std::make_unique<CompositeNode>();
+}
 
 CompositeNode* CompositeNode::running() { return runningNode; }
 
@@ -39,7 +41,8 @@ const PlatformMetrics& CompositeNode::metrics() const { return runtime().metrics
 void CompositeNode::apply(const ViewValue* before) {
   static_cast<void>(before);
   if (!shown_.isEmpty() && !stale_ && shownIn_ == inheritedPtr() &&
-      valueAs<CompositeViewValue>().equals(static_cast<const CompositeViewValue&>(*shown_.value()))) {
+      valueAs<CompositeViewValue>().equals(
+          static_cast<const CompositeViewValue&>(*shown_.value()))) {
     return;
   }
   runBody();
@@ -69,8 +72,8 @@ View CompositeNode::makeContent() {
 
 void CompositeNode::bodyChanged() {
   if (runningNode) {
-    reportMistake("the body of " + runningNode->kind() + " writes a value that the body of " + kind() +
-                  " reads: write it in a handler, bodies only say what is seen");
+    reportMistake("the body of " + runningNode->kind() + " writes a value that the body of " +
+                  kind() + " reads: write it in a handler, bodies only say what is seen");
   }
   if (isActive()) {
     runtime().bodyChanged(*this);
@@ -90,18 +93,21 @@ bool CompositeNode::owns(const void* member) const {
   return !before(address, extent.data()) && before(address, extent.data() + extent.size());
 }
 
-std::shared_ptr<Slot> CompositeNode::slotOf(const void* member, const std::function<std::shared_ptr<Slot>()>& make) {
+std::shared_ptr<Slot> CompositeNode::slotOf(const void* member,
+                                            const std::function<std::shared_ptr<Slot>()>& make) {
   if (!owns(member)) return nullptr;
-  const auto offset = static_cast<const std::byte*>(member) - valueAs<CompositeViewValue>().extent().data();
-  const auto known =
-      std::find_if(members_.begin(), members_.end(), [&](const Member& each) { return each.offset == offset; });
+  const auto offset =
+      static_cast<const std::byte*>(member) - valueAs<CompositeViewValue>().extent().data();
+  const auto known = std::find_if(members_.begin(), members_.end(),
+                                  [&](const Member& each) { return each.offset == offset; });
   if (known != members_.end()) return known->slot;
   std::shared_ptr<Slot> slot = make();
   members_.push_back({offset, slot});
   return slot;
 }
 
-std::shared_ptr<Slot> slotInRunningBody(const void* member, const std::function<std::shared_ptr<Slot>()>& make) {
+std::shared_ptr<Slot> slotInRunningBody(const void* member,
+                                        const std::function<std::shared_ptr<Slot>()>& make) {
   return runningNode ? runningNode->slotOf(member, make) : nullptr;
 }
 
@@ -110,7 +116,8 @@ bool belongsToRunningBody(const void* member) { return runningNode && runningNod
 void reportUnlinkedProperty(const std::type_info& property) {
 #ifndef NDEBUG
   std::fprintf(stderr,
-               "viewkit: %s is used outside of the view that it belongs to: declare it as a member of the view, and "
+               "viewkit: %s is used outside of the view that it belongs to: declare it as a member "
+               "of the view, and "
                "take the view along into handlers with [self = *this]\n",
                unqualifiedTypeName(property).c_str());
   std::abort();

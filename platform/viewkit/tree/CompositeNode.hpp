@@ -32,7 +32,8 @@ public:
   // The node whose body is running now, wherever that is in the tree.
   static CompositeNode* running();
   const std::shared_ptr<Body>& body() const { return body_; }
-  std::shared_ptr<Slot> slotOf(const void* member, const std::function<std::shared_ptr<Slot>()>& make);
+  std::shared_ptr<Slot> slotOf(const void* member,
+                               const std::function<std::shared_ptr<Slot>()>& make);
   bool owns(const void* member) const;
   const Environment& environment() const { return inherited().environment; }
   const PlatformMetrics& metrics() const;

@@ -50,7 +50,8 @@ bool ContainerNode::haveSameKeys(const std::vector<Children::Child>& next) const
                     [](const Child& a, const Children::Child& b) { return a.key == b.key; });
 }
 
-void ContainerNode::replaceChildren(const std::vector<Children::Child>& next, const InheritedPtr& inherited) {
+void ContainerNode::replaceChildren(const std::vector<Children::Child>& next,
+                                    const InheritedPtr& inherited) {
   // Several with one key are taken in their order: by position, the last resort.
   std::unordered_multimap<ChildKey, std::size_t, KeyHash> places;
   std::vector<Child> before = std::exchange(children_, {});
@@ -58,8 +59,8 @@ void ContainerNode::replaceChildren(const std::vector<Children::Child>& next, co
   const auto take = [&](const ChildKey& key) -> std::unique_ptr<Node> {
     const auto [first, last] = places.equal_range(key);
     if (first == last) return nullptr;
-    const auto earliest =
-        std::min_element(first, last, [](const auto& a, const auto& b) { return a.second < b.second; });
+    const auto earliest = std::min_element(
+        first, last, [](const auto& a, const auto& b) { return a.second < b.second; });
     const std::size_t place = earliest->second;
     places.erase(earliest);
     return std::move(before[place].node);

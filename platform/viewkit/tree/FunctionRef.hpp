@@ -9,8 +9,8 @@ namespace viewkit {
 template <class Signature>
 class FunctionRef;
 
-// Something that can be called, for as long as the call lasts that it is an argument of. Unlike a function object
-// that owns what it calls it is never allocated.
+// Something that can be called, for as long as the call lasts that it is an argument of. Unlike a
+// function object that owns what it calls it is never allocated.
 template <class Result, class... Arguments>
 class FunctionRef<Result(Arguments...)> {
 public:
@@ -20,10 +20,13 @@ public:
   FunctionRef(Callable&& callable)
       : callable_(const_cast<void*>(static_cast<const void*>(std::addressof(callable)))),
         call_([](void* object, Arguments... arguments) -> Result {
-          return (*static_cast<std::remove_reference_t<Callable>*>(object))(std::forward<Arguments>(arguments)...);
+          return (*static_cast<std::remove_reference_t<Callable>*>(object))(
+              std::forward<Arguments>(arguments)...);
         }) {}
 
-  Result operator()(Arguments... arguments) const { return call_(callable_, std::forward<Arguments>(arguments)...); }
+  Result operator()(Arguments... arguments) const {
+    return call_(callable_, std::forward<Arguments>(arguments)...);
+  }
 
 private:
   void* callable_;

@@ -36,14 +36,15 @@ struct Inherited {
   ErrorView errorView = nullptr;
 
   friend bool operator==(const Inherited& a, const Inherited& b) {
-    return isSame(a.environment, b.environment) && a.foreground == b.foreground && a.font == b.font &&
-           a.enabled == b.enabled && a.spokenFor == b.spokenFor && a.forOne == b.forOne && a.errorView == b.errorView;
+    return isSame(a.environment, b.environment) && a.foreground == b.foreground &&
+           a.font == b.font && a.enabled == b.enabled && a.spokenFor == b.spokenFor &&
+           a.forOne == b.forOne && a.errorView == b.errorView;
   }
 
 private:
   static bool isSame(const Environment& a, const Environment& b) {
-    return &a.defaultStore.get() == &b.defaultStore.get() && a.layoutDirection == b.layoutDirection &&
-           a.reducedMotion == b.reducedMotion;
+    return &a.defaultStore.get() == &b.defaultStore.get() &&
+           a.layoutDirection == b.layoutDirection && a.reducedMotion == b.reducedMotion;
   }
 };
 
@@ -58,7 +59,8 @@ public:
   const InheritedPtr& from(const InheritedPtr& above, Change change) {
     Inherited next = *above;
     change(next);
-    if (!handedOn_ || !(next == *handedOn_)) handedOn_ = std::make_shared<const Inherited>(std::move(next));
+    if (!handedOn_ || !(next == *handedOn_))
+      handedOn_ = std::make_shared<const Inherited>(std::move(next));
     return handedOn_;
   }
 

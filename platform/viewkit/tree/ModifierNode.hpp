@@ -52,8 +52,9 @@ private:
 // A view of a modifier, unless there is nothing to modify.
 template <class Value, class... Arguments>
 View modifiedView(const View& content, Arguments&&... arguments) {
-  return content.isEmpty() ? View{}
-                           : View(std::make_shared<const Value>(content, std::forward<Arguments>(arguments)...));
+  return content.isEmpty()
+             ? View{}
+             : View(std::make_shared<const Value>(content, std::forward<Arguments>(arguments)...));
 }
 
 }  // namespace viewkit

@@ -22,18 +22,23 @@ constexpr std::size_t kAnswersExpected = 4;
 
 constexpr double kNone = -std::numeric_limits<double>::infinity();
 
-std::optional<double> unlessNone(double length) { return length == kNone ? std::nullopt : std::optional(length); }
+std::optional<double> unlessNone(double length) {
+  return length == kNone ? std::nullopt : std::optional(length);
+}
 
 }  // namespace
 
-Node::Answer::Answer(const ProposedSize& proposal, const Measurement& measurement, std::uint64_t era)
+Node::Answer::Answer(const ProposedSize& proposal, const Measurement& measurement,
+                     std::uint64_t era)
     : proposedWidth(proposal.width.value_or(kNone)),
       proposedHeight(proposal.height.value_or(kNone)),
       size(measurement.size),
       firstBaseline(measurement.firstBaseline.value_or(kNone)),
       era(era) {}
 
-ProposedSize Node::Answer::proposal() const { return {unlessNone(proposedWidth), unlessNone(proposedHeight)}; }
+ProposedSize Node::Answer::proposal() const {
+  return {unlessNone(proposedWidth), unlessNone(proposedHeight)};
+}
 
 Measurement Node::Answer::measurement() const { return {size, unlessNone(firstBaseline)}; }
 
@@ -92,8 +97,9 @@ Measurement Node::measured(const ProposedSize& offer) {
   if (before != laidOutIn_) ++runtime_->counters().nodesLaidOut;
   const Measurement measurement = measure(proposal);
   if (answers_.size() == kAnswersKept) {
-    const auto oldest = std::min_element(answers_.begin(), answers_.end(),
-                                         [](const Answer& a, const Answer& b) { return a.era < b.era; });
+    const auto oldest =
+        std::min_element(answers_.begin(), answers_.end(),
+                         [](const Answer& a, const Answer& b) { return a.era < b.era; });
     answers_.erase(oldest);
     forgotAnswers_ = true;
   }
@@ -152,7 +158,8 @@ void Node::placeChild(Node& child, Point origin, Size size) {
 
 Point Node::originWithin(const Node& presenting) const {
   Point point = origin_;
-  for (const Node* node = &presentingAncestor(); node != &presenting; node = &node->presentingAncestor()) {
+  for (const Node* node = &presentingAncestor(); node != &presenting;
+       node = &node->presentingAncestor()) {
     point = point + node->origin_;
   }
   return point;
@@ -261,7 +268,8 @@ void Node::removeChild(std::unique_ptr<Node> child) {
   child->setActive(false);
 }
 
-void Node::reconcile(std::unique_ptr<Node>& child, const View& next, const InheritedPtr& inherited) {
+void Node::reconcile(std::unique_ptr<Node>& child, const View& next,
+                     const InheritedPtr& inherited) {
   if (child && child->canBecome(next)) {
     child->become(next, inherited);
     return;
@@ -287,13 +295,16 @@ bool Node::speaksForItself() const {
 std::string Node::spokenContents() {
   std::string words;
   for (const bool withControls : {false, true}) {
-    if (words.empty()) visitShownChildren([&](Node& child) { child.appendSpoken(words, withControls); });
+    if (words.empty())
+      visitShownChildren([&](Node& child) { child.appendSpoken(words, withControls); });
   }
   return words;
 }
 
 void Node::appendSpoken(std::string& into, bool withControls) {
-  if (inherited_->spokenFor == Inherited::SpokenFor::allButControls && speaksForItself() && !withControls) return;
+  if (inherited_->spokenFor == Inherited::SpokenFor::allButControls && speaksForItself() &&
+      !withControls)
+    return;
   if (presented_ && !presented_->node.accessibility.label.empty()) {
     if (!into.empty()) into += ' ';
     into += presented_->node.accessibility.label;
@@ -310,8 +321,9 @@ NodeDescription Node::describe(Point parentOrigin) {
       .frame = {origin, size_},
       .children = {},
   };
-  visitShownChildren(
-      [&](Node& child) { description.children.push_back(child.describe(presented_ ? origin : parentOrigin)); });
+  visitShownChildren([&](Node& child) {
+    description.children.push_back(child.describe(presented_ ? origin : parentOrigin));
+  });
   return description;
 }
 

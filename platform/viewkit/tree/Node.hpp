@@ -31,9 +31,9 @@ struct Measurement {
   friend bool operator==(const Measurement&, const Measurement&) = default;
 };
 
-// What works for one view at one place of the tree as long as the view's identity lasts: it holds the
-// newest description of the view, its children's nodes, its place and, where there is something to
-// see, its presentation.
+// What works for one view at one place of the tree as long as the view's identity lasts: it holds
+// the newest description of the view, its children's nodes, its place and, where there is something
+// to see, its presentation.
 class Node {
 public:
   Node() = default;
@@ -63,8 +63,8 @@ public:
   Size size() const { return size_; }
   int depth() const { return depth_; }
   Node* parent() const { return parent_; }
-  // Answers earlier questions again after a change; whether every answer is what it was. If not, the
-  // parent has to be asked again too.
+  // Answers earlier questions again after a change; whether every answer is what it was. If not,
+  // the parent has to be asked again too.
   bool remeasuresEqually();
   // Places the children anew within the node's own frame, which stays.
   void placeAgain();
@@ -72,8 +72,8 @@ public:
   void forgetLayout();
   // Where the node stands in the coordinates of a presentation above it.
   Point originWithin(const Node& presenting) const;
-  // Whether the node keeps its answers, and they say all that the node above has to know of a change. Not where
-  // the content keeps the same ones, or where an answer costs nothing.
+  // Whether the node keeps its answers, and they say all that the node above has to know of a
+  // change. Not where the content keeps the same ones, or where an answer costs nothing.
   virtual bool answersForItself() const { return true; }
   // What of an offer the answer depends on: offers that differ in nothing else have one answer.
   virtual ProposedSize heeded(const ProposedSize& offer) const { return offer; }
@@ -89,8 +89,8 @@ public:
   // presentation of the nearest ancestor that has one; the root always has one.
   struct Presented {
     PresentationNode node;
-    // What was last shown: whether at all, where in the window, how much of it was in sight, and with
-    // which children.
+    // What was last shown: whether at all, where in the window, how much of it was in sight, and
+    // with which children.
     bool isShown = false;
     bool isNew = false;
     Point shownOrigin;
@@ -111,8 +111,8 @@ public:
   // A node that speaks for all it contains says their words where it has no label of its own.
   virtual bool speaksForContents() const { return false; }
   virtual void contentsChanged() {}
-  // The labels of what the node shows, joined by spaces; those of controls that speak for themselves only
-  // where there are no others.
+  // The labels of what the node shows, joined by spaces; those of controls that speak for
+  // themselves only where there are no others.
   std::string spokenContents();
 
   // Every child, shown or not, in the order of painting.
@@ -136,7 +136,8 @@ public:
   virtual void hover(bool inside) { static_cast<void>(inside); }
   virtual bool wantsClick() const { return false; }
   virtual void click() {}
-  // The region that takes a press of this node: one inside of it, or else the next one around it alone.
+  // The region that takes a press of this node: one inside of it, or else the next one around it
+  // alone.
   Node* clickRegion();
 
   // What the runtime has marked the node for.
@@ -150,8 +151,8 @@ public:
   Marks marks;
 
 protected:
-  // The view or the surroundings are new: brings children and presentation up to date. `before` is the
-  // view's last description; there is none the first time.
+  // The view or the surroundings are new: brings children and presentation up to date. `before` is
+  // the view's last description; there is none the first time.
   virtual void apply(const ViewValue* before) = 0;
   virtual Measurement measure(const ProposedSize& proposal) = 0;
   virtual void placeChildren() {}

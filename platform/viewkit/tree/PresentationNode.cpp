@@ -28,7 +28,8 @@ std::string_view nameOf(Role role) {
 
 Rect PresentationNode::frameInWindow() const {
   Rect rect = frame;
-  for (const PresentationNode* outer = parent; outer; outer = outer->parent) rect = rect.movedBy(outer->frame.origin);
+  for (const PresentationNode* outer = parent; outer; outer = outer->parent)
+    rect = rect.movedBy(outer->frame.origin);
   return rect;
 }
 

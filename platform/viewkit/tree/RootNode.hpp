@@ -19,7 +19,8 @@ protected:
     ModifierNode::apply(before);
   }
   void placeChildren() override {
-    if (content()) placeChild(*content(), {}, content()->sizeThatFits({size().width, size().height}));
+    if (content())
+      placeChild(*content(), {}, content()->sizeThatFits({size().width, size().height}));
   }
 };
 

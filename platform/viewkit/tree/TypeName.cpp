@@ -8,10 +8,11 @@ namespace viewkit {
 
 std::string unqualifiedTypeName(const std::type_info& type) {
   int status = 0;
-  const std::unique_ptr<char, void (*)(void*)> readable(abi::__cxa_demangle(type.name(), nullptr, nullptr, &status),
-                                                        std::free);
+  const std::unique_ptr<char, void (*)(void*)> readable(
+      abi::__cxa_demangle(type.name(), nullptr, nullptr, &status), std::free);
   std::string name = status == 0 ? readable.get() : type.name();
-  // The parts before the name may have arguments and template arguments of their own, with colons in them.
+  // The parts before the name may have arguments and template arguments of their own, with colons
+  // in them.
   std::string::size_type start = 0;
   int nesting = 0;
   for (std::string::size_type i = 0; i < name.size(); ++i) {

@@ -19,7 +19,8 @@ struct NoInterfaces final : QEVCoreComponents::NetworkInterfaces {
 
 }  // namespace
 
-// Opens the settings in German, so that the string tables are needed, and says which pages there are.
+// Opens the settings in German, so that the string tables are needed, and says which pages there
+// are.
 int main() {
   foundation::Bundle::setPreferredLanguages({"de"});
   const auto store = foundation::UserDefaults::inMemory();
@@ -27,7 +28,8 @@ int main() {
 
   const QEVSettings::QEVSettingsView settings(
       std::make_shared<QEVSettings::UpdaterViewModel>(), std::make_shared<Delegate>(),
-      std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(*store, std::make_shared<NoInterfaces>()),
+      std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(*store,
+                                                               std::make_shared<NoInterfaces>()),
       QEVSettings::QEVSettingsView::Tabs::appearance, std::nullopt);
   const headless::Window window(settings, {.defaultStore = *store});
   std::cout << headless::textDescription(window.describe());

@@ -17,8 +17,8 @@ inline appkit::Color klear() { return appkit::Color::clear(); }
 // significant byte first: 32 in all. Stores of the first schema hold the same bytes without base64.
 std::string rawValue(const appkit::RGBA& color);
 
-// The colour that such a text stands for; nothing when it is no base64, when the length is wrong, or
-// when a component lies outside of its range.
+// The colour that such a text stands for; nothing when it is no base64, when the length is wrong,
+// or when a component lies outside of its range.
 std::optional<appkit::RGBA> colorFromRawValue(std::string_view rawValue);
 
 }  // namespace QEVCommonTools

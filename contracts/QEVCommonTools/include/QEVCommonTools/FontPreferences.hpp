@@ -10,8 +10,8 @@ namespace QEVCommonTools {
 // The interface fonts of a preferences store, each a property named exactly like its key.
 //
 //     FontPreferences fonts(store);
-//     fonts.setCom_velloquin_zorvantine_fontConsoleRaw({.family = "Noto Sans Mono", .pointSize = 11});
-//     fonts.com_velloquin_zorvantine_fontConsoleRaw();  // the same font, in every process
+//     fonts.setCom_velloquin_zorvantine_fontConsoleRaw({.family = "Noto Sans Mono", .pointSize =
+//     11}); fonts.com_velloquin_zorvantine_fontConsoleRaw();  // the same font, in every process
 //
 // A getter always yields a font: the machine's own, of fixed pitch for the console, while nothing
 // is stored or what is stored describes no font. A setter writes at once. A font is stored as a

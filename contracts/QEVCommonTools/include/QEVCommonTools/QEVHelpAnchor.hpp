@@ -3,6 +3,12 @@
 namespace QEVCommonTools {
 
 // The places of the help: one for each page of the settings window.
-enum class QEVHelpAnchor { settingsGeneral, settingsCapture, proxy, settingsAnalyzers, settingsFonts };
+enum class QEVHelpAnchor {
+  settingsGeneral,
+  settingsCapture,
+  proxy,
+  settingsAnalyzers,
+  settingsFonts
+};
 
 }  // namespace QEVCommonTools

@@ -9,8 +9,9 @@ enum class RoundedBorderStyle {
   none,
 };
 
-// The view with an outline over its edge; lengths in points. A clear colour draws nothing in the same space.
-viewkit::View roundedBorder(const viewkit::View& view, RoundedBorderStyle borderStyle, double cornerRadius,
-                            viewkit::Color borderColor, double lineWidth);
+// The view with an outline over its edge; lengths in points. A clear colour draws nothing in the
+// same space.
+viewkit::View roundedBorder(const viewkit::View& view, RoundedBorderStyle borderStyle,
+                            double cornerRadius, viewkit::Color borderColor, double lineWidth);
 
 }  // namespace QEVCommonTools

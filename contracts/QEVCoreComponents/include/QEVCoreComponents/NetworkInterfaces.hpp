@@ -20,8 +20,8 @@ struct NetworkInterface {
 // The machine's list of interfaces, which the host supplies. Main thread.
 class NetworkInterfaces : public foundation::ObservableObject {
 public:
-  // As they stand now, in the order in which they are listed. Whoever keeps the list announces a change
-  // where it can tell.
+  // As they stand now, in the order in which they are listed. Whoever keeps the list announces a
+  // change where it can tell.
   virtual std::vector<NetworkInterface> all() const = 0;
 };
 

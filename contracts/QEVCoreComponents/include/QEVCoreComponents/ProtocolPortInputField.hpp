@@ -14,9 +14,10 @@ namespace QEVCoreComponents {
 
 // The field for a protocol's ports, with the record's error or corrections under it.
 //
-// The record's ports are the text as it is typed; `onCommit` is called when the person presses Return, and
-// once when a changed text loses the keyboard, disappears, or its window closes. Escape brings the stored
-// text back and takes the message away. The message under the field is spoken when it changes.
+// The record's ports are the text as it is typed; `onCommit` is called when the person presses
+// Return, and once when a changed text loses the keyboard, disappears, or its window closes. Escape
+// brings the stored text back and takes the message away. The message under the field is spoken
+// when it changes.
 struct ProtocolPortInputField {
   // Texts that are looked up in the shared views' string table.
   std::string titleKey;

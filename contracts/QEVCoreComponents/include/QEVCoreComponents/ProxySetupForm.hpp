@@ -6,8 +6,8 @@
 
 namespace QEVCoreComponents {
 
-// Shows and edits the settings of an interception proxy. Whatever it changes, it changes in the service;
-// a value that the rules forbid stays in its field, with the reason under it.
+// Shows and edits the settings of an interception proxy. Whatever it changes, it changes in the
+// service; a value that the rules forbid stays in its field, with the reason under it.
 struct ProxySetupForm {
   viewkit::ObservedObject<QEVDependencies::ProxyServiceProtocol> service;
 

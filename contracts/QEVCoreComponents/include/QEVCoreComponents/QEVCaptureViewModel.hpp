@@ -22,20 +22,23 @@ struct NumberRange {
   bool contains(std::int64_t number) const { return number >= lowest && number <= highest; }
 };
 
-// The options of the next capture. They are kept in the preferences store below a prefix of their own,
-// each written the moment it is set; what is stored there by anyone and makes no sense reads as the
-// initial value. Main thread.
+// The options of the next capture. They are kept in the preferences store below a prefix of their
+// own, each written the moment it is set; what is stored there by anyone and makes no sense reads
+// as the initial value. Main thread.
 class QEVCaptureViewModel final : public QEVCommonTools::ViewModel {
 public:
   static constexpr std::string_view kKeyPrefix = "com_velloquin_zorvantine_capture_";
 
-  static constexpr NumberRange kSnapshotLength{.lowest = 64, .highest = 262144, .initial = 262144};  // bytes a packet
-  static constexpr NumberRange kBufferSize{.lowest = 1, .highest = 1024, .initial = 16};             // MiB
+  static constexpr NumberRange kSnapshotLength{
+      .lowest = 64, .highest = 262144, .initial = 262144};  // bytes a packet
+  static constexpr NumberRange kBufferSize{.lowest = 1, .highest = 1024, .initial = 16};  // MiB
   static constexpr NumberRange kRingFileCount{.lowest = 2, .highest = 1000, .initial = 10};
-  static constexpr NumberRange kRingFileSize{.lowest = 1, .highest = 10000, .initial = 100};  // MiB a file
+  static constexpr NumberRange kRingFileSize{
+      .lowest = 1, .highest = 10000, .initial = 100};  // MiB a file
 
   // The store outlives the model; the interfaces are shared with the host and never null.
-  QEVCaptureViewModel(QEVSettings::PreferencesStore& store, std::shared_ptr<NetworkInterfaces> interfaces);
+  QEVCaptureViewModel(QEVSettings::PreferencesStore& store,
+                      std::shared_ptr<NetworkInterfaces> interfaces);
 
   std::vector<NetworkInterface> interfaces() const { return interfaces_->all(); }
 
@@ -56,7 +59,8 @@ public:
   std::int64_t bufferSize() const;
   void setBufferSize(std::int64_t mebibytes);
 
-  // Whether packets go to a ring of files, of which the oldest is written anew when the last is full.
+  // Whether packets go to a ring of files, of which the oldest is written anew when the last is
+  // full.
   bool usesRingOfFiles() const;
   void setUsesRingOfFiles(bool uses);
   std::int64_t ringFileCount() const;

@@ -19,7 +19,8 @@ struct AnalyzerSettingsConfig {
   std::optional<AnalyzerColorSpec> color = std::nullopt;
   // Present when the analyzer goes by ports.
   std::optional<AnalyzerPortsSpec> ports = std::nullopt;
-  // Makes the controls that the plug-in draws itself, each time they are shown; empty when it has none.
+  // Makes the controls that the plug-in draws itself, each time they are shown; empty when it has
+  // none.
   std::function<viewkit::View()> extraContent = {};
 };
 

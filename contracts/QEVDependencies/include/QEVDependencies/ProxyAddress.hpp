@@ -14,8 +14,8 @@ struct ProxyAddress {
   std::string host;
   std::uint16_t port = 0;
 
-  // An address as a person types it, blanks around it aside. The error says what is wrong with which of
-  // the two.
+  // An address as a person types it, blanks around it aside. The error says what is wrong with
+  // which of the two.
   static foundation::Result<ProxyAddress> fromText(std::string_view host, std::string_view port);
 
   // "localhost:8080", "[::1]:8080"
@@ -24,7 +24,8 @@ struct ProxyAddress {
   friend bool operator==(const ProxyAddress&, const ProxyAddress&) = default;
 };
 
-// Whether a text is a host name, an IPv4 address or an IPv6 address, the last with or without brackets.
+// Whether a text is a host name, an IPv4 address or an IPv6 address, the last with or without
+// brackets.
 foundation::Result<std::string> validatedProxyHost(std::string_view text);
 
 // A port that a proxy can use: 1 to 65535.

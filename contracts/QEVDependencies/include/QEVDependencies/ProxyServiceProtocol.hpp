@@ -8,16 +8,17 @@
 
 namespace QEVDependencies {
 
-// The host's interception proxy, as its settings page sees it. The service keeps its own settings, and announces
-// each change of what it says before it happens. A setter is given valid addresses only. Main thread.
+// The host's interception proxy, as its settings page sees it. The service keeps its own settings,
+// and announces each change of what it says before it happens. A setter is given valid addresses
+// only. Main thread.
 class ProxyServiceProtocol : public foundation::ObservableObject {
 public:
   // Whether the proxy is meant to run.
   virtual bool isEnabled() const = 0;
   virtual void setEnabled(bool enabled) = 0;
 
-  // Why the proxy does not run although it is enabled, in one line that says what to do; empty when all
-  // is well.
+  // Why the proxy does not run although it is enabled, in one line that says what to do; empty when
+  // all is well.
   virtual std::string problem() const = 0;
 
   // Where applications reach the proxy.

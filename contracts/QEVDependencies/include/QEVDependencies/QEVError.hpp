@@ -5,7 +5,8 @@
 
 namespace QEVDependencies {
 
-// What can go wrong between the settings and an analyzer. Thrown as it is, and shown on the row concerned.
+// What can go wrong between the settings and an analyzer. Thrown as it is, and shown on the row
+// concerned.
 enum class QEVError : std::uint8_t {
   analyzerNotRunning,
   analyzerRefusedChange,

@@ -44,7 +44,8 @@ public:
   const std::optional<std::string>& linktype() const { return linktype_; }
   std::optional<std::int64_t> size() const { return size_; }
 
-  // What the record said when an analyzer last took it over. A ports controller keeps them up to date.
+  // What the record said when an analyzer last took it over. A ports controller keeps them up to
+  // date.
   const std::string& lastRegisteredName() const { return lastRegisteredName_; }
   const std::string& lastRegisteredPorts() const { return lastRegisteredPorts_; }
   std::int64_t lastRegisteredSource() const { return lastRegisteredSource_; }
@@ -55,18 +56,19 @@ public:
   void setPortController(std::weak_ptr<QEVPortsControllerProtocol> controller);
   bool hasPortController() const { return !portController_.expired(); }
 
-  // Makes the record announce its error model's changes as its own, so that who shows the record need
-  // watch nothing else. To be called once, before the record is shown.
+  // Makes the record announce its error model's changes as its own, so that who shows the record
+  // need watch nothing else. To be called once, before the record is shown.
   void setupBinding();
 
-  // Tells the record's controller that the member has been registered as it stands. Whoever changed it calls
-  // this after the analyzer took the change over. Without a controller nothing happens.
+  // Tells the record's controller that the member has been registered as it stands. Whoever changed
+  // it calls this after the analyzer took the change over. Without a controller nothing happens.
   void reportRegistered(QEVNetworkProtocolProperty changed);
 
-  // Brings the record, which is being edited, up to date with what is stored for it now. A name, ports or a source
-  // that were stored anew since the record was last registered are taken over, but for a ports text that was typed
-  // and is not registered yet: it stays. Everything else comes from `stored`, which then counts as registered.
-  // Returns whether a name, ports or a source changed.
+  // Brings the record, which is being edited, up to date with what is stored for it now. A name,
+  // ports or a source that were stored anew since the record was last registered are taken over,
+  // but for a ports text that was typed and is not registered yet: it stays. Everything else comes
+  // from `stored`, which then counts as registered. Returns whether a name, ports or a source
+  // changed.
   bool takeOver(const QEVNetworkProtocol& stored);
 
   // The three values that a person edits.
@@ -76,7 +78,9 @@ public:
     std::int64_t source = 0;
   };
   Values values() const { return {protocolName.get(), protocolPorts.get(), sourceProtocol.get()}; }
-  Values lastRegisteredValues() const { return {lastRegisteredName_, lastRegisteredPorts_, lastRegisteredSource_}; }
+  Values lastRegisteredValues() const {
+    return {lastRegisteredName_, lastRegisteredPorts_, lastRegisteredSource_};
+  }
 
   // Writes the record as a JSON object with the members "id", "protocolName", "protocolPorts" and
   // "sourceProtocol", and "ethertype", "linktype" and "size" where there is one. A record that was
@@ -88,13 +92,15 @@ public:
   // The record of such an object.
   //
   // Fails when the value is no object, when "protocolName" is no string, or when "protocolPorts" is
-  // neither a string nor an integer nor an array of these; such an array reads as its elements joined by
-  // commas. Every other member may be missing or of the wrong type: the record then has an identity of
-  // its own, no ports, no source, no ethertype, no linktype and no size in its place.
-  static foundation::Result<std::shared_ptr<QEVNetworkProtocol>> decoded(const foundation::JSON& json);
+  // neither a string nor an integer nor an array of these; such an array reads as its elements
+  // joined by commas. Every other member may be missing or of the wrong type: the record then has
+  // an identity of its own, no ports, no source, no ethertype, no linktype and no size in its
+  // place.
+  static foundation::Result<std::shared_ptr<QEVNetworkProtocol>> decoded(
+      const foundation::JSON& json);
 
-  // A record whose changes do not reach this one: what decoding the encoded record gives. Where all texts are
-  // UTF-8, as they are unless a plug-in made them otherwise, no JSON text is made for it.
+  // A record whose changes do not reach this one: what decoding the encoded record gives. Where all
+  // texts are UTF-8, as they are unless a plug-in made them otherwise, no JSON text is made for it.
   foundation::Result<std::shared_ptr<QEVNetworkProtocol>> copied() const;
 
 private:

@@ -5,6 +5,10 @@
 namespace QEVDependencies {
 
 // The member of a protocol record that a change is about.
-enum class QEVNetworkProtocolProperty : std::uint8_t { protocolName, protocolPorts, sourceProtocol };
+enum class QEVNetworkProtocolProperty : std::uint8_t {
+  protocolName,
+  protocolPorts,
+  sourceProtocol
+};
 
 }  // namespace QEVDependencies

@@ -16,8 +16,8 @@ struct QEVPlugInStructure {
   std::string plugInDescription;
   std::string plugInAuthor;
   std::string plugInVersion;
-  // Empty when the plug-in has no preferences, and expired once it is unloaded: the registry of plug-ins owns the
-  // object, a record only refers to it.
+  // Empty when the plug-in has no preferences, and expired once it is unloaded: the registry of
+  // plug-ins owns the object, a record only refers to it.
   std::weak_ptr<QEVPreferencesObject> plugInPreferencesInstance;
 };
 

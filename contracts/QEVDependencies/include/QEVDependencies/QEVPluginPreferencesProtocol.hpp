@@ -14,8 +14,8 @@ public:
   QEVPluginPreferencesProtocol& operator=(const QEVPluginPreferencesProtocol&) = delete;
   virtual ~QEVPluginPreferencesProtocol() = default;
 
-  // The plug-in's settings, asked for anew whenever they are shown, so quick to answer; nothing when there
-  // is nothing to configure.
+  // The plug-in's settings, asked for anew whenever they are shown, so quick to answer; nothing
+  // when there is nothing to configure.
   virtual std::optional<AnalyzerSettingsConfig> analyzerSettingsConfig() const = 0;
 };
 

@@ -12,7 +12,8 @@ enum class QEVProtocolKonstants : std::uint8_t {
   id,
   protocolName,
   protocolPorts,
-  // Posted second after each change: what was derived from the ports of any protocol is out of date.
+  // Posted second after each change: what was derived from the ports of any protocol is out of
+  // date.
   portsDidChange,
   sourceProtocol,
   ethertype,

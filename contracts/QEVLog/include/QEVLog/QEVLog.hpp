@@ -44,20 +44,21 @@ struct LogEntry {
 
 using LogSink = std::function<void(const LogEntry&)>;
 
-// Diagnostics for developers; never shown to the user. Prints the items, joined by the separator and
-// closed by the terminator, with the place they come from. Any thread; never fails.
-void qevLog(std::initializer_list<LogItem> items, std::string_view filename, std::string_view function,
-            std::int64_t line, std::string_view separator, std::string_view terminator) noexcept;
+// Diagnostics for developers; never shown to the user. Prints the items, joined by the separator
+// and closed by the terminator, with the place they come from. Any thread; never fails.
+void qevLog(std::initializer_list<LogItem> items, std::string_view filename,
+            std::string_view function, std::int64_t line, std::string_view separator,
+            std::string_view terminator) noexcept;
 
-// The module's convention: one ready-made message, from the place of the call. `function` is the name
-// to log, character by character, for the name that the compiler knows says less.
+// The module's convention: one ready-made message, from the place of the call. `function` is the
+// name to log, character by character, for the name that the compiler knows says less.
 //
 //     logMessage("rewrote 3 keys", "migrate(defaults:)");
 void logMessage(std::string_view message, std::string_view function,
                 std::source_location place = std::source_location::current()) noexcept;
 
-// Where entries go from now on; returns where they went before. An empty sink stands for the standard
-// error stream. What a sink throws is dropped with the entry.
+// Where entries go from now on; returns where they went before. An empty sink stands for the
+// standard error stream. What a sink throws is dropped with the entry.
 LogSink setLogSink(LogSink sink);
 
 }  // namespace QEVLog

@@ -7,8 +7,8 @@
 
 namespace QEVModels {
 
-// Gives a model an identity in a list: two wrappers differ even when they wrap the same model. Held by
-// shared pointer.
+// Gives a model an identity in a list: two wrappers differ even when they wrap the same model. Held
+// by shared pointer.
 template <class Model>
 class ModelWrapper {
 public:

@@ -18,8 +18,8 @@ public:
     duplicate,   // a port or a range named more than once: kept once
   };
 
-  // `pieces` are the first pieces concerned, as they were written, and `others` is how many more there
-  // are. At least one piece.
+  // `pieces` are the first pieces concerned, as they were written, and `others` is how many more
+  // there are. At least one piece.
   PortCorrection(Kind kind, const std::vector<std::string>& pieces, std::size_t others);
 
   Kind kind() const { return kind_; }

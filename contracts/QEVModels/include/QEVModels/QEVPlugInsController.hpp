@@ -9,7 +9,8 @@
 
 namespace QEVModels {
 
-// The loaded analyzer plug-ins, in the order of registration. A page keeps to those it was built with. Main thread.
+// The loaded analyzer plug-ins, in the order of registration. A page keeps to those it was built
+// with. Main thread.
 class QEVPlugInsController {
 public:
   // The one registry of the application.
@@ -17,13 +18,14 @@ public:
 
   using PlugIns = std::vector<QEVDependencies::QEVPlugInStructure>;
   const PlugIns& plugInStructs() const { return *plugInStructs_; }
-  // The list as it is now, for whoever wants to keep it: it stays like this whatever is registered later, and
-  // copies nothing as long as nothing is.
+  // The list as it is now, for whoever wants to keep it: it stays like this whatever is registered
+  // later, and copies nothing as long as nothing is.
   std::shared_ptr<const PlugIns> snapshot() const { return plugInStructs_; }
 
-  // For the host, while it loads and unloads plug-ins. The registry keeps a plug-in's preferences object alive
-  // from its registration to its removal; all others refer to it weakly. A plug-in whose id is registered already
-  // takes the place of the one that has it; removing an unknown one does nothing.
+  // For the host, while it loads and unloads plug-ins. The registry keeps a plug-in's preferences
+  // object alive from its registration to its removal; all others refer to it weakly. A plug-in
+  // whose id is registered already takes the place of the one that has it; removing an unknown one
+  // does nothing.
   void registerPlugIn(QEVDependencies::QEVPlugInStructure plugIn);
   void unregisterPlugIn(foundation::UUID id);
 

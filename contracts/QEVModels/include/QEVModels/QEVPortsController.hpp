@@ -10,7 +10,8 @@ namespace QEVModels {
 class QEVPortsController final : public QEVDependencies::QEVPortsControllerProtocol {
 public:
   // The one that every record reports to.
-  static const std::shared_ptr<QEVDependencies::QEVPortsControllerProtocol>& sharedPortsController();
+  static const std::shared_ptr<QEVDependencies::QEVPortsControllerProtocol>&
+  sharedPortsController();
 
   void registered(QEVDependencies::QEVNetworkProtocol& protocol,
                   QEVDependencies::QEVNetworkProtocolProperty changed) override;

@@ -42,11 +42,11 @@ struct Event {
   // Ends when it is removed or destroyed.
   class Monitor;
 
-  // Calls the handler for every event of these kinds in any window of the application, in the order in
-  // which monitors were added, until the monitor is removed. A handler may add and remove monitors.
-  // Main thread.
-  [[nodiscard]] static std::shared_ptr<Monitor> addLocalMonitorForEventsMatchingMask(std::uint64_t mask,
-                                                                                     Handler handler);
+  // Calls the handler for every event of these kinds in any window of the application, in the order
+  // in which monitors were added, until the monitor is removed. A handler may add and remove
+  // monitors. Main thread.
+  [[nodiscard]] static std::shared_ptr<Monitor> addLocalMonitorForEventsMatchingMask(
+      std::uint64_t mask, Handler handler);
   static void removeMonitor(const std::shared_ptr<Monitor>& monitor);
 
   // For back ends: the event as the monitors leave it; nothing when one of them consumed it.

@@ -22,8 +22,8 @@ struct Font {
   friend bool operator==(const Font&, const Font&) = default;
 };
 
-// What the machine knows about its fonts. A back end supplies one to the application; without any, a
-// font is named by its family and style, and is fixed-pitch when the family's name says so.
+// What the machine knows about its fonts. A back end supplies one to the application; without any,
+// a font is named by its family and style, and is fixed-pitch when the family's name says so.
 class FontCatalog {
 public:
   virtual ~FontCatalog() = default;

@@ -13,12 +13,12 @@ public:
   Window& operator=(const Window&) = delete;
   virtual ~Window();
 
-  // What receives the keyboard in this window, whether or not the window itself does; nothing when no
-  // control has it. The window owns it, and it lives until the focus moves.
+  // What receives the keyboard in this window, whether or not the window itself does; nothing when
+  // no control has it. The window owns it, and it lives until the focus moves.
   virtual Responder* firstResponder() const = 0;
 
-  // Gives the keyboard to the responder, or takes it from every control with nothing: a text that was
-  // being edited ends being edited. Returns whether the window agreed.
+  // Gives the keyboard to the responder, or takes it from every control with nothing: a text that
+  // was being edited ends being edited. Returns whether the window agreed.
   virtual bool makeFirstResponder(Responder* responder) = 0;
 };
 

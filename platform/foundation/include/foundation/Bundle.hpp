@@ -47,12 +47,14 @@ public:
 
   // The file of a resource, named `name` when the type is empty and "name.type" otherwise. Looked
   // for outside the language folders first, then in those of the preferred languages in order.
-  std::optional<std::filesystem::path> pathForResource(std::string_view name, std::string_view type = {}) const;
+  std::optional<std::filesystem::path> pathForResource(std::string_view name,
+                                                       std::string_view type = {}) const;
 
   // The text for a key in a string table of the most preferred language that has the table. An
   // empty table name means "Localizable". When the key is missing: the value, or the key if the
   // value is empty. Each table is read once.
-  std::string localizedString(std::string_view key, std::string_view value = {}, std::string_view table = {}) const;
+  std::string localizedString(std::string_view key, std::string_view value = {},
+                              std::string_view table = {}) const;
 
 private:
   Bundle(std::filesystem::path folder, std::filesystem::path resources);

@@ -10,7 +10,8 @@
 namespace foundation {
 
 // The contents of a file. An error unless it is a regular file of at most `maximumBytes`.
-Result<std::string> readFile(const std::filesystem::path& path, std::size_t maximumBytes = std::size_t{1} << 30);
+Result<std::string> readFile(const std::filesystem::path& path,
+                             std::size_t maximumBytes = std::size_t{1} << 30);
 
 // Creates the file or replaces its contents. The replacement is atomic, and the new contents are on
 // disk when this returns. Only the user may read a new file.

@@ -85,7 +85,8 @@ public:
   void appendTo(std::string& text, std::string_view member, std::string_view valueText) const;
 
 private:
-  JSON(std::shared_ptr<const JSONDocument> document, std::size_t node) : document_(std::move(document)), node_(node) {}
+  JSON(std::shared_ptr<const JSONDocument> document, std::size_t node)
+      : document_(std::move(document)), node_(node) {}
   static Result<JSON> parsed(std::shared_ptr<JSONDocument> document);
   std::size_t end() const;
   static bool isNamed(const JSONDocument& document, std::size_t node, std::string_view name);

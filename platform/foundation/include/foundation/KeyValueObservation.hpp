@@ -27,8 +27,8 @@ constexpr bool contains(ObservingOptions options, ObservingOptions option) {
 //     Subscription token = canCheck.observe(ObservingOptions::initial | ObservingOptions::newValue,
 //                                           [](bool can) { … });
 //
-// Every assignment is told, whether it changes the value or not. An observer may assign, subscribe and
-// unsubscribe while it is told. Main thread; neither copied nor moved.
+// Every assignment is told, whether it changes the value or not. An observer may assign, subscribe
+// and unsubscribe while it is told. Main thread; neither copied nor moved.
 template <class T>
 class Observable {
 public:
@@ -50,9 +50,10 @@ public:
   [[nodiscard]] Subscription observe(ObservingOptions options, Observer observer) {
     if (contains(options, ObservingOptions::initial)) observer(T(*value_));
     if (!contains(options, ObservingOptions::newValue)) return {};
-    return didChange_.subscribe([value = std::weak_ptr<const T>(value_), observer = std::move(observer)] {
-      if (const auto alive = value.lock()) observer(T(*alive));
-    });
+    return didChange_.subscribe(
+        [value = std::weak_ptr<const T>(value_), observer = std::move(observer)] {
+          if (const auto alive = value.lock()) observer(T(*alive));
+        });
   }
 
 private:

@@ -15,9 +15,9 @@ namespace foundation {
 
 // Work for a later turn of the main thread, in the order in which it was asked for.
 //
-// The queue has no loop of its own: a window's event loop, or a test, drains it. `async` may be called
-// on any thread, everything else on the main thread. The process's queue is never destroyed: threads of
-// the store may queue work while the process ends.
+// The queue has no loop of its own: a window's event loop, or a test, drains it. `async` may be
+// called on any thread, everything else on the main thread. The process's queue is never destroyed:
+// threads of the store may queue work while the process ends.
 class MainQueue {
 public:
   using Work = std::function<void()>;
@@ -34,19 +34,21 @@ public:
   // Drains until nothing is left, at most `turns` turns.
   void drainAll(int turns = 1000);
 
-  // Waits until work is pending, at most so long; says whether it is. For a program without an event loop.
+  // Waits until work is pending, at most so long; says whether it is. For a program without an
+  // event loop.
   bool wait(std::chrono::milliseconds longest);
 
   // Called on the queueing thread when work arrives at an empty queue: the event loop's cue to call
-  // `drain` on the main thread. An empty function takes the cue away. The previous waker is not running any more
-  // when this returns, so a waker must not wait for the main thread.
+  // `drain` on the main thread. An empty function takes the cue away. The previous waker is not
+  // running any more when this returns, so a waker must not wait for the main thread.
   void setWaker(std::function<void()> waker);
 
-  // Runs the work in `drain`, at most once in each interval, until the subscription ends: for work that has no
-  // thread to queue it.
+  // Runs the work in `drain`, at most once in each interval, until the subscription ends: for work
+  // that has no thread to queue it.
   [[nodiscard]] QEVSettings::Subscription repeat(std::chrono::milliseconds interval, Work work);
 
-  // How long an event loop may sleep, in milliseconds, before repeated work is due. -1 when there is none.
+  // How long an event loop may sleep, in milliseconds, before repeated work is due. -1 when there
+  // is none.
   int pollTimeout() const;
 
 private:

@@ -12,8 +12,8 @@ namespace foundation {
 
 // Tells whoever asked that something with a name has happened. Main thread.
 //
-//     Subscription token = NotificationCenter::defaultCenter().observe("ports changed", [](std::string_view) { … });
-//     NotificationCenter::defaultCenter().post("ports changed");
+//     Subscription token = NotificationCenter::defaultCenter().observe("ports changed",
+//     [](std::string_view) { … }); NotificationCenter::defaultCenter().post("ports changed");
 class NotificationCenter {
 public:
   using Observer = std::function<void(std::string_view name)>;
@@ -24,8 +24,8 @@ public:
   // Calls the observer with the name at each post of it, until the subscription goes.
   [[nodiscard]] Subscription observe(std::string_view name, Observer observer);
 
-  // Calls the observers of the name, in the order in which they subscribed, before it returns. They may
-  // subscribe, unsubscribe and post.
+  // Calls the observers of the name, in the order in which they subscribed, before it returns. They
+  // may subscribe, unsubscribe and post.
   void post(std::string_view name);
 
 private:

@@ -13,8 +13,8 @@ namespace foundation {
 using QEVSettings::Subscription;
 
 // Tells any number of listeners that something happens. A listener may subscribe, unsubscribe and
-// destroy the announcer while it is being told; one that is added meanwhile is told from the next time
-// on. Main thread.
+// destroy the announcer while it is being told; one that is added meanwhile is told from the next
+// time on. Main thread.
 class Announcer {
 public:
   using Listener = std::function<void()>;
@@ -30,8 +30,8 @@ private:
   std::shared_ptr<Listeners> listeners_ = std::make_shared<Listeners>();
 };
 
-// A model object that views can watch: it announces each change of a published value before the value
-// changes. Held by shared pointer; neither copied nor moved.
+// A model object that views can watch: it announces each change of a published value before the
+// value changes. Held by shared pointer; neither copied nor moved.
 class ObservableObject {
 public:
   ObservableObject() = default;
@@ -46,8 +46,8 @@ private:
   Announcer objectWillChange_;
 };
 
-// A value of an observable object: every assignment announces the coming change first, as the owner's
-// `objectWillChange`.
+// A value of an observable object: every assignment announces the coming change first, as the
+// owner's `objectWillChange`.
 //
 //     class Player : public ObservableObject {
 //     public:

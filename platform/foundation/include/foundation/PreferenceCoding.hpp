@@ -21,9 +21,10 @@ inline constexpr int kMaximumPreferenceDepth = 512;
 //     array       a count, then the values
 //     dictionary  a count, then for each entry the key as text, then the value
 //
-// Lengths and counts are unsigned, seven bits a byte, least significant first, the top bit set in all
-// but the last byte. Nothing for a value nested deeper than allowed.
-std::optional<std::vector<std::uint8_t>> encodedPreference(const QEVSettings::PreferenceValue& value);
+// Lengths and counts are unsigned, seven bits a byte, least significant first, the top bit set in
+// all but the last byte. Nothing for a value nested deeper than allowed.
+std::optional<std::vector<std::uint8_t>> encodedPreference(
+    const QEVSettings::PreferenceValue& value);
 
 // The value of such bytes; nothing when they are no such form, too deep, or followed by more.
 std::optional<QEVSettings::PreferenceValue> decodedPreference(std::span<const std::uint8_t> bytes);

@@ -7,12 +7,12 @@
 namespace foundation {
 
 struct PreferencesVerification {
-  bool isGood = false;                 // the store and its good copy, if any, hold what was written to them
+  bool isGood = false;  // the store and its good copy, if any, hold what was written to them
   std::vector<std::string> sentences;  // plain ones, for a person; none tells a value
 };
 
-// Looks at a store's file and at what stands next to it, reads all of it, and changes nothing. Takes as long
-// as reading the file twice.
+// Looks at a store's file and at what stands next to it, reads all of it, and changes nothing.
+// Takes as long as reading the file twice.
 PreferencesVerification verifyPreferences(const std::filesystem::path& store);
 
 }  // namespace foundation

@@ -25,46 +25,52 @@ enum class Suspicion;
 //
 //     UserDefaults& defaults = UserDefaults::standardUserDefaults();
 //     defaults.setObject("Europe/Berlin", key);  // kept, whatever becomes of this process
-//     defaults.stringForKey(key);                // as the last writer left it, whichever process that was
+//     defaults.stringForKey(key);                // as the last writer left it, whichever process
+//     that was
 //
-// A write that returned survives the end of the process, however sudden. It survives a power cut too, unless
-// the last write was less than 20 ms before: a burst of writes waits for the disk together, on a thread of
-// the store, 20 ms later at most. `synchronize` waits for it at once.
+// A write that returned survives the end of the process, however sudden. It survives a power cut
+// too, unless the last write was less than 20 ms before: a burst of writes waits for the disk
+// together, on a thread of the store, 20 ms later at most. `synchronize` waits for it at once.
 //
-// Reads come from memory and copy no contents; what another process wrote is seen by the next read, and
-// observers hear of it from the main queue some milliseconds later. For that, and to try again what could
-// not be written, a store that is observed or written to keeps a thread, which only waits.
+// Reads come from memory and copy no contents; what another process wrote is seen by the next read,
+// and observers hear of it from the main queue some milliseconds later. For that, and to try again
+// what could not be written, a store that is observed or written to keeps a thread, which only
+// waits.
 //
-// A damaged file is recovered from what can be read of it, from the good copy that the store makes by itself, and
-// from memory, whenever the damage is met; `opening` says so. A store whose file cannot be used goes on in memory, and
-// `status` says why: reading serves what could be read, and changes are written as soon as that becomes possible. A
-// file that is no store is left alone. Each such event is one line of diagnostics. Main thread.
+// A damaged file is recovered from what can be read of it, from the good copy that the store makes
+// by itself, and from memory, whenever the damage is met; `opening` says so. A store whose file
+// cannot be used goes on in memory, and `status` says why: reading serves what could be read, and
+// changes are written as soon as that becomes possible. A file that is no store is left alone. Each
+// such event is one line of diagnostics. Main thread.
 class UserDefaults final : public QEVSettings::PreferencesStore {
 public:
-  // Whether a store may touch its file. A store for reading creates and writes nothing on disk, not even files
-  // next to its own; its own changes stay in memory.
+  // Whether a store may touch its file. A store for reading creates and writes nothing on disk, not
+  // even files next to its own; its own changes stay in memory.
   enum class Access { readWrite, readOnly };
 
   // The store of this process, opened at first use and closed when the process ends. Its file is
   // zorvantine/preferences.sqlite in $XDG_CONFIG_HOME, or in ~/.config.
   static UserDefaults& standardUserDefaults();
 
-  // Another file for the standard store, or less access to it. Neither does anything after the first use of the
-  // store.
+  // Another file for the standard store, or less access to it. Neither does anything after the
+  // first use of the store.
   static void setStandardFile(std::filesystem::path path);
   static void setStandardAccess(Access access);
 
   // Where the standard store's file is; empty when there is no home folder for it.
   static std::filesystem::path standardFile();
 
-  // A store over any file; makes the file and its folders when they are missing, readable by the user alone. A store
-  // for reading holds what the file held when it was opened, or what could be had of a damaged one.
-  static std::unique_ptr<UserDefaults> open(const std::filesystem::path& path, Access access = Access::readWrite);
+  // A store over any file; makes the file and its folders when they are missing, readable by the
+  // user alone. A store for reading holds what the file held when it was opened, or what could be
+  // had of a damaged one.
+  static std::unique_ptr<UserDefaults> open(const std::filesystem::path& path,
+                                            Access access = Access::readWrite);
 
   // A store that nothing outlives.
   static std::unique_ptr<UserDefaults> inMemory();
 
-  // A store in memory that begins with the values of this one. What is done to either does not reach the other.
+  // A store in memory that begins with the values of this one. What is done to either does not
+  // reach the other.
   std::unique_ptr<UserDefaults> copyInMemory() const;
 
   // Tries once more to write what is not written yet, and sees to the good copy.
@@ -72,8 +78,8 @@ public:
 
   const QEVSettings::PreferenceValue* find(std::string_view key) const override;
   QEVSettings::PreferenceDictionary dictionaryRepresentation() const override;
-  // A value that no file can hold (nested deeper than 512 levels, or above 999 MB) is refused: the key keeps
-  // its value, and `status` says why.
+  // A value that no file can hold (nested deeper than 512 levels, or above 999 MB) is refused: the
+  // key keeps its value, and `status` says why.
   void setObject(QEVSettings::PreferenceValue value, std::string_view key) override;
   void removeObject(std::string_view key) override;
   [[nodiscard]] QEVSettings::Subscription observe(std::string_view key, Observer observer) override;
@@ -93,18 +99,21 @@ public:
   // Why the file cannot be read, or why the last write is not in it; nothing when all is well.
   std::optional<Error> status() const { return status_; }
 
-  // Takes over what other processes wrote, as every read does. Observers hear of it from the next turn of
-  // the main queue.
+  // Takes over what other processes wrote, as every read does. Observers hear of it from the next
+  // turn of the main queue.
   void readChanges();
 
 private:
   struct Hash {
     using is_transparent = void;
-    std::size_t operator()(std::string_view key) const { return std::hash<std::string_view>{}(key); }
+    std::size_t operator()(std::string_view key) const {
+      return std::hash<std::string_view>{}(key);
+    }
   };
   struct Kept {
     QEVSettings::PreferenceValue value;
-    std::int64_t number = 0;  // of the row that the value came from or went to; 0 before there is one
+    std::int64_t number =
+        0;  // of the row that the value came from or went to; 0 before there is one
   };
   using Image = std::unordered_map<std::string, Kept, Hash, std::equal_to<>>;
   using Removed = std::unordered_map<std::string, std::int64_t, Hash, std::equal_to<>>;

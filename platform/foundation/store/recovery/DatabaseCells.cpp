@@ -57,8 +57,8 @@ std::optional<std::vector<DatabaseValue>> columnsOfRecord(std::span<const std::u
   return columns;
 }
 
-void DatabaseCells::read(std::span<const std::uint8_t> page, bool isFirstPage, const RowReceiver& row,
-                         const EntryReceiver& entry) {
+void DatabaseCells::read(std::span<const std::uint8_t> page, bool isFirstPage,
+                         const RowReceiver& row, const EntryReceiver& entry) {
   const std::size_t start = isFirstPage ? kFileHeaderBytes : 0;
   const std::uint8_t type = page[start];
   if (type != kTableLeaf && type != kIndexLeaf && type != kIndexInterior) return;
@@ -66,11 +66,13 @@ void DatabaseCells::read(std::span<const std::uint8_t> page, bool isFirstPage, c
   const std::size_t most = (page.size() - pointers) / 2;
   const std::size_t count = std::min<std::size_t>(bigEndian16(page.subspan(start + 3)), most);
   for (std::size_t i = 0; i < count; ++i) {
-    const std::size_t offset = bigEndian16(page.subspan(pointers + 2 * i)) + (type == kIndexInterior ? 4U : 0U);
+    const std::size_t offset =
+        bigEndian16(page.subspan(pointers + 2 * i)) + (type == kIndexInterior ? 4U : 0U);
     if (offset >= page.size()) continue;
     auto cell = page.subspan(offset);
     const auto size = takeVariableInteger(cell);
-    const auto number = type == kTableLeaf ? takeVariableInteger(cell) : std::optional<std::uint64_t>(0);
+    const auto number =
+        type == kTableLeaf ? takeVariableInteger(cell) : std::optional<std::uint64_t>(0);
     if (!size || !number) continue;
     const auto record = recordOf(cell, *size, type == kTableLeaf);
     if (record.empty()) continue;
@@ -82,12 +84,13 @@ void DatabaseCells::read(std::span<const std::uint8_t> page, bool isFirstPage, c
   }
 }
 
-std::span<const std::uint8_t> DatabaseCells::recordOf(std::span<const std::uint8_t> cell, std::uint64_t size,
-                                                      bool isTable) {
+std::span<const std::uint8_t> DatabaseCells::recordOf(std::span<const std::uint8_t> cell,
+                                                      std::uint64_t size, bool isTable) {
   constexpr std::uint64_t page = 4096;
   constexpr std::uint64_t least = (page - 12) * 32 / 255 - 23;
   const std::uint64_t most = isTable ? page - 35 : (page - 12) * 64 / 255 - 23;
-  if (size <= most) return size <= cell.size() ? cell.first(static_cast<std::size_t>(size)) : cell.first(0);
+  if (size <= most)
+    return size <= cell.size() ? cell.first(static_cast<std::size_t>(size)) : cell.first(0);
   const std::uint64_t fitting = least + (size - least) % (page - 4);
   const std::uint64_t local = fitting <= most ? fitting : least;
   if (local + 4 > cell.size() || size > budget_) return {};
@@ -99,7 +102,8 @@ std::span<const std::uint8_t> DatabaseCells::recordOf(std::span<const std::uint8
     budget_ -= page;
     const std::size_t count =
         std::min<std::size_t>(found.size() - 4, static_cast<std::size_t>(size) - gathered_.size());
-    gathered_.insert(gathered_.end(), found.begin() + 4, found.begin() + 4 + static_cast<std::ptrdiff_t>(count));
+    gathered_.insert(gathered_.end(), found.begin() + 4,
+                     found.begin() + 4 + static_cast<std::ptrdiff_t>(count));
     next = bigEndian32(found);
   }
   return gathered_;

@@ -13,13 +13,15 @@
 namespace foundation {
 
 // A column: NULL, an integer, a real, or the bytes of a text or a blob.
-using DatabaseValue = std::variant<std::monostate, std::int64_t, double, std::span<const std::uint8_t>>;
+using DatabaseValue =
+    std::variant<std::monostate, std::int64_t, double, std::span<const std::uint8_t>>;
 
-// The columns of a row or of an index entry; nothing for bytes that are none. The values refer to the bytes.
+// The columns of a row or of an index entry; nothing for bytes that are none. The values refer to
+// the bytes.
 std::optional<std::vector<DatabaseValue>> columnsOfRecord(std::span<const std::uint8_t> record);
 
-// Reads the cells of single database pages without SQLite. Nothing about a page is trusted: what does not fit is left
-// out, and what is wrong in itself comes out wrong.
+// Reads the cells of single database pages without SQLite. Nothing about a page is trusted: what
+// does not fit is left out, and what is wrong in itself comes out wrong.
 class DatabaseCells {
 public:
   // The page with a number, empty when there is none. Long rows continue on other pages.
@@ -28,13 +30,16 @@ public:
   using EntryReceiver = std::function<void(std::span<const std::uint8_t> record)>;
 
   // `budget` is how many bytes may be read from other pages in all.
-  DatabaseCells(PageSource pages, std::uint64_t budget) : pages_(std::move(pages)), budget_(budget) {}
+  DatabaseCells(PageSource pages, std::uint64_t budget)
+      : pages_(std::move(pages)), budget_(budget) {}
 
   // Hands over the rows of a table's page, or the entries of an index's page.
-  void read(std::span<const std::uint8_t> page, bool isFirstPage, const RowReceiver& row, const EntryReceiver& entry);
+  void read(std::span<const std::uint8_t> page, bool isFirstPage, const RowReceiver& row,
+            const EntryReceiver& entry);
 
 private:
-  std::span<const std::uint8_t> recordOf(std::span<const std::uint8_t> cell, std::uint64_t size, bool isTable);
+  std::span<const std::uint8_t> recordOf(std::span<const std::uint8_t> cell, std::uint64_t size,
+                                         bool isTable);
 
   PageSource pages_;
   std::uint64_t budget_;

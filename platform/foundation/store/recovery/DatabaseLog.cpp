@@ -47,8 +47,8 @@ DatabaseLog::DatabaseLog(FileBytes bytes) : bytes_(std::move(bytes)) {
   if (all.size() < kHeaderBytes) return;
   RunningSum sum((bigEndian32(all) & 1) != 0);
   sum.add(all.first(24));
-  isHeaderRight_ = (bigEndian32(all) & ~1U) == kMagic && bigEndian32(all.subspan(8)) == kDatabasePageBytes &&
-                   sum.isAt(all.subspan(24));
+  isHeaderRight_ = (bigEndian32(all) & ~1U) == kMagic &&
+                   bigEndian32(all.subspan(8)) == kDatabasePageBytes && sum.isAt(all.subspan(24));
   salts_ = bigEndian64(all.subspan(16));
   bool isChainRight = isHeaderRight_;
   for (std::size_t start = kHeaderBytes; start + kFrameBytes <= all.size(); start += kFrameBytes) {
@@ -60,16 +60,19 @@ DatabaseLog::DatabaseLog(FileBytes bytes) : bytes_(std::move(bytes)) {
     if (!isChainRight) continue;
     sum.add(header.first(8));
     sum.add(page(frames_.back()));
-    isChainRight = frames_.back().salts == salts_ && frames_.back().page != 0 && sum.isAt(header.subspan(16));
+    isChainRight =
+        frames_.back().salts == salts_ && frames_.back().page != 0 && sum.isAt(header.subspan(16));
     if (isChainRight && frames_.back().endsTransaction) acceptedCount_ = frames_.size();
     if (!isChainRight) isBroken_ = !isLeftFromBefore(frames_.back().salts);
   }
 }
 
-// Frames from before the log was begun anew stay behind the new ones. The first half of the salts counts the times.
+// Frames from before the log was begun anew stay behind the new ones. The first half of the salts
+// counts the times.
 bool DatabaseLog::isLeftFromBefore(std::uint64_t salts) const {
   constexpr std::uint32_t mostTimes = 1'000'000;
-  const auto age = static_cast<std::uint32_t>(salts_ >> 32) - static_cast<std::uint32_t>(salts >> 32);
+  const auto age =
+      static_cast<std::uint32_t>(salts_ >> 32) - static_cast<std::uint32_t>(salts >> 32);
   return age > 0 && age < mostTimes;
 }
 
@@ -93,16 +96,18 @@ std::vector<LogFrame> DatabaseLog::committed() const {
 }
 
 bool DatabaseLog::hasLostTransactions() const {
-  return isBroken_ || std::any_of(frames_.begin() + static_cast<std::ptrdiff_t>(acceptedCount_), frames_.end(),
-                                  [&](const LogFrame& frame) {
-                                    return frame.endsTransaction && (!isHeaderRight_ || frame.salts == salts_);
-                                  });
+  return isBroken_ ||
+         std::any_of(frames_.begin() + static_cast<std::ptrdiff_t>(acceptedCount_), frames_.end(),
+                     [&](const LogFrame& frame) {
+                       return frame.endsTransaction && (!isHeaderRight_ || frame.salts == salts_);
+                     });
 }
 
 bool DatabaseLog::continues(const DatabaseLog& other) const {
   const std::size_t common = std::min(kHeaderBytes, other.bytes_.size());
   return bytes_.size() >= common &&
-         std::equal(other.bytes_.begin(), other.bytes_.begin() + static_cast<std::ptrdiff_t>(common), bytes_.begin()) &&
+         std::equal(other.bytes_.begin(),
+                    other.bytes_.begin() + static_cast<std::ptrdiff_t>(common), bytes_.begin()) &&
          (other.isEmpty() == isEmpty());
 }
 

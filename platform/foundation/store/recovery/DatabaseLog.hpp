@@ -24,15 +24,17 @@ class DatabaseLog {
 public:
   explicit DatabaseLog(FileBytes bytes);
 
-  // The frames that SQLite accepts: up to the end of the last transaction before the first wrong checksum.
+  // The frames that SQLite accepts: up to the end of the last transaction before the first wrong
+  // checksum.
   std::span<const LogFrame> accepted() const { return std::span(frames_).first(acceptedCount_); }
   std::size_t acceptedBytes() const;
 
-  // All frames that belong to a transaction that was committed at some time, whether SQLite accepts them or not.
+  // All frames that belong to a transaction that was committed at some time, whether SQLite accepts
+  // them or not.
   std::vector<LogFrame> committed() const;
 
-  // Whether a frame is not as it was written, or a committed transaction follows the accepted ones. A writer that is
-  // killed leaves neither.
+  // Whether a frame is not as it was written, or a committed transaction follows the accepted ones.
+  // A writer that is killed leaves neither.
   bool hasLostTransactions() const;
 
   std::span<const std::uint8_t> page(const LogFrame& frame) const {

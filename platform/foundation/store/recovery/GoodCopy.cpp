@@ -22,7 +22,8 @@ constexpr std::size_t kCounterOffset = 40;
 CopyOutcome compare(const std::filesystem::path& copy, const std::filesystem::path& goodCopy) {
   PreferencesSalvage found;
   PreferencesFile file(copy);
-  if (!file.openSnapshot() || !file.readAll([&](PreferenceChange change) { found.add(std::move(change)); }) ||
+  if (!file.openSnapshot() ||
+      !file.readAll([&](PreferenceChange change) { found.add(std::move(change)); }) ||
       !file.faults().empty()) {
     return CopyOutcome::failed;
   }
@@ -36,7 +37,9 @@ CopyOutcome compare(const std::filesystem::path& copy, const std::filesystem::pa
 
 }  // namespace
 
-std::filesystem::path goodCopyOf(const std::filesystem::path& store) { return store.string() + ".good"; }
+std::filesystem::path goodCopyOf(const std::filesystem::path& store) {
+  return store.string() + ".good";
+}
 
 std::optional<std::uint32_t> lastChangeOfGoodCopy(const std::filesystem::path& store) {
   const auto header = readRawDatabaseFile(goodCopyOf(store), kHeaderBytes);
@@ -45,7 +48,8 @@ std::optional<std::uint32_t> lastChangeOfGoodCopy(const std::filesystem::path& s
 }
 
 bool isBehind(std::int64_t lastChange, std::optional<std::uint32_t> lastOfCopy) {
-  const std::uint32_t ahead = lastOfCopy ? (*lastOfCopy - lowBitsOfChange(lastChange)) & 0x7FFFFFFFU : 0;
+  const std::uint32_t ahead =
+      lastOfCopy ? (*lastOfCopy - lowBitsOfChange(lastChange)) & 0x7FFFFFFFU : 0;
   return ahead != 0 && ahead < 0x40000000U;
 }
 

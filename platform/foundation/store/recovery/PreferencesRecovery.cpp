@@ -78,14 +78,16 @@ Attempt damaged(std::string damage) {
 
 StorageProblem problemOf(int error) {
   if (error == ENOSPC || error == EDQUOT) return StorageProblem::diskFull;
-  return error == EACCES || error == EPERM || error == EROFS ? StorageProblem::notWritable : StorageProblem::failing;
+  return error == EACCES || error == EPERM || error == EROFS ? StorageProblem::notWritable
+                                                             : StorageProblem::failing;
 }
 
 // Why the store needs a recovery, as far as that shows before SQLite opens it.
 std::string damageBefore(const std::filesystem::path& store, StoreKind kind) {
   if (kind == StoreKind::damaged) return store.string() + " is damaged";
   // It may look whole, and lack what the copies have.
-  if (!unfinishedCopiesOf(store).empty()) return "the recovery of " + store.string() + " was cut short";
+  if (!unfinishedCopiesOf(store).empty())
+    return "the recovery of " + store.string() + " was cut short";
   // SQLite would remove the log of an empty file.
   const bool isLeft = isThere(goodCopyOf(store)) || hasContents(store.string() + "-wal");
   if (kind == StoreKind::missing && isLeft) return store.string() + " was missing";
@@ -93,11 +95,12 @@ std::string damageBefore(const std::filesystem::path& store, StoreKind kind) {
   return {};
 }
 
-Attempt read(const std::filesystem::path& store, std::unique_ptr<PreferencesFile> file, Outcome outcome,
-             std::optional<std::uint32_t> lastOfCopy) {
+Attempt read(const std::filesystem::path& store, std::unique_ptr<PreferencesFile> file,
+             Outcome outcome, std::optional<std::uint32_t> lastOfCopy) {
   Attempt opened;
   if (outcome) {
-    outcome = file->readAll([&](PreferenceChange change) { opened.contents.push_back(std::move(change)); });
+    outcome = file->readAll(
+        [&](PreferenceChange change) { opened.contents.push_back(std::move(change)); });
   }
   if (outcome && isBehind(file->lastChange(), lastOfCopy)) {
     return damaged(store.string() + " had lost its last changes");
@@ -134,7 +137,8 @@ Attempt attempt(const std::filesystem::path& store, Patience patience, bool isLo
   if (patience == Patience::none) file->dontWait();
   auto outcome = file->open();
   auto opened = read(store, std::move(file), std::move(outcome), lastOfCopy);
-  if (opened.file && (isNew || *kind == StoreKind::empty)) opened.opening.outcome = StoreOutcome::created;
+  if (opened.file && (isNew || *kind == StoreKind::empty))
+    opened.opening.outcome = StoreOutcome::created;
   return opened;
 }
 
@@ -155,8 +159,9 @@ public:
       salvage_.add(std::move(change));
     }
     contents_ = salvage_.changes();
-    keys_ = static_cast<std::size_t>(std::count_if(
-        contents_.begin(), contents_.end(), [](const PreferenceChange& change) { return change.value.has_value(); }));
+    keys_ = static_cast<std::size_t>(
+        std::count_if(contents_.begin(), contents_.end(),
+                      [](const PreferenceChange& change) { return change.value.has_value(); }));
   }
 
   const std::vector<PreferenceChange>& contents() const { return contents_; }
@@ -164,8 +169,10 @@ public:
   // The contents with a mark of the recovery behind them.
   std::vector<PreferenceChange> markedContents() const {
     auto marked = contents_;
-    std::erase_if(marked, [](const PreferenceChange& change) { return change.key == kRecoveryKey; });
-    std::int64_t number = contents_.empty() ? 0 : std::max(contents_.back().number, salvage_.lastNumber());
+    std::erase_if(marked,
+                  [](const PreferenceChange& change) { return change.key == kRecoveryKey; });
+    std::int64_t number =
+        contents_.empty() ? 0 : std::max(contents_.back().number, salvage_.lastNumber());
     // The good copy may have had newer changes that cannot be read.
     do {
       number += kRecoveryStep;
@@ -174,7 +181,8 @@ public:
     return marked;
   }
 
-  // What was done with them, when this is what had to be done for and that is where the damaged file is.
+  // What was done with them, when this is what had to be done for and that is where the damaged
+  // file is.
   QEVSettings::StoreOpening opening(const std::string& damage, const std::string& end) const {
     QEVSettings::StoreOpening opening;
     const std::size_t lost = salvage_.lostKeys();
@@ -189,8 +197,10 @@ public:
       opening.outcome = StoreOutcome::restored;
       opening.message += count(keys_) + (keys_ == 1 ? " was recovered" : " were recovered");
       if (copyTime_) {
-        opening.copyTime = PreferenceValue::Date(PreferenceValue::Date::duration(static_cast<double>(*copyTime_)));
-        opening.message += ", with the good copy of " + textOfTime(*copyTime_, "%Y-%m-%d %H:%M:%S") + " UTC";
+        opening.copyTime =
+            PreferenceValue::Date(PreferenceValue::Date::duration(static_cast<double>(*copyTime_)));
+        opening.message +=
+            ", with the good copy of " + textOfTime(*copyTime_, "%Y-%m-%d %H:%M:%S") + " UTC";
       }
     }
     if (lost > 0) {
@@ -201,7 +211,9 @@ public:
   }
 
 private:
-  static std::string count(std::size_t keys) { return std::to_string(keys) + (keys == 1 ? " key" : " keys"); }
+  static std::string count(std::size_t keys) {
+    return std::to_string(keys) + (keys == 1 ? " key" : " keys");
+  }
 
   PreferencesSalvage salvage_;
   std::vector<PreferenceChange> contents_;
@@ -229,8 +241,8 @@ std::string nameDamagedCopies(const std::filesystem::path& store) {
   return first;
 }
 
-OpenedPreferences withContents(const std::filesystem::path& store, const OpeningRequest& request, const Error& error,
-                               StorageProblem problem) {
+OpenedPreferences withContents(const std::filesystem::path& store, const OpeningRequest& request,
+                               const Error& error, StorageProblem problem) {
   auto opened = unusable(error, problem);
   opened.contents = Gathering(store, request.memory).contents();
   return opened;
@@ -240,7 +252,8 @@ OpenedPreferences recover(const std::filesystem::path& store, const OpeningReque
                           const std::string& damage) {
   if (!isThere(store)) {
     errno = 0;
-    if (auto made = makeStore(store); !made) return withContents(store, request, made.error(), problemOf(errno));
+    if (auto made = makeStore(store); !made)
+      return withContents(store, request, made.error(), problemOf(errno));
   }
   StoreRewrite rewrite(store);
   std::optional<Gathering> gathered;
@@ -249,12 +262,14 @@ OpenedPreferences recover(const std::filesystem::path& store, const OpeningReque
     return gathered->markedContents();
   });
   if (error) {
-    return withContents(store, request, Error{damage + ", and the store " + error->message}, rewrite.problem());
+    return withContents(store, request, Error{damage + ", and the store " + error->message},
+                        rewrite.problem());
   }
   const auto name = nameDamagedCopies(store);
   auto opened = attempt(store, request.patience, true);
   if (opened.file) {
-    opened.opening = gathered->opening(damage, name.empty() ? "" : "; the damaged file is kept as " + name);
+    opened.opening =
+        gathered->opening(damage, name.empty() ? "" : "; the damaged file is kept as " + name);
   }
   return opened;
 }
@@ -273,22 +288,27 @@ std::vector<std::filesystem::path> damagedCopiesOf(const std::filesystem::path& 
   return found;
 }
 
-OpenedPreferences openPreferences(const std::filesystem::path& path, const OpeningRequest& request) {
+OpenedPreferences openPreferences(const std::filesystem::path& path,
+                                  const OpeningRequest& request) {
   if (!path.is_absolute() || !path.has_filename()) {
-    return unusable(Error{"'" + path.string() + "' names no file; choose one"}, StorageProblem::unusable);
+    return unusable(Error{"'" + path.string() + "' names no file; choose one"},
+                    StorageProblem::unusable);
   }
   errno = 0;
-  if (auto outcome = makeFolders(path.parent_path()); !outcome) return unusable(outcome.error(), problemOf(errno));
+  if (auto outcome = makeFolders(path.parent_path()); !outcome)
+    return unusable(outcome.error(), problemOf(errno));
   const auto store = withRealFolder(path);
   auto opened = attempt(store, request.patience, false);
-  if (opened.damage.empty() && (request.suspicion == Suspicion::none || !opened.file)) return opened;
+  if (opened.damage.empty() && (request.suspicion == Suspicion::none || !opened.file))
+    return opened;
   opened.file.reset();
   const RepairLock lock(store, request.patience);
   if (!lock.isHeld()) {
     const bool mayWrite = ::access(store.parent_path().c_str(), W_OK) == 0;
     const Error error{store.string() + " is damaged and cannot be recovered now; " +
                       (mayWrite ? "another process is at it" : "allow writing to its folder")};
-    return withContents(store, request, error, mayWrite ? StorageProblem::busy : StorageProblem::notWritable);
+    return withContents(store, request, error,
+                        mayWrite ? StorageProblem::busy : StorageProblem::notWritable);
   }
   // Another process may have recovered it.
   opened = attempt(store, request.patience, true);
@@ -309,7 +329,8 @@ OpenedPreferences readPreferences(const std::filesystem::path& path) {
   if (*kind == StoreKind::foreign) return foreign(store);
   std::string damage = damageBefore(store, *kind);
   if (damage.empty() && *kind == StoreKind::missing) {
-    return unusable(Error{"there is no store at " + store.string() + "; check the path"}, StorageProblem::noFile);
+    return unusable(Error{"there is no store at " + store.string() + "; check the path"},
+                    StorageProblem::noFile);
   }
   if (damage.empty() && *kind == StoreKind::empty) return {};
   if (damage.empty()) {
@@ -330,7 +351,8 @@ OpenedPreferences readPreferences(const std::filesystem::path& path) {
 
 std::vector<PreferenceChange> takeAbandonedLog(const std::filesystem::path& store) {
   PreferencesSalvage salvage;
-  salvage.addFile({}, DatabaseLog(readRawDatabaseFile(store.string() + "-wal").value_or(FileBytes())));
+  salvage.addFile({},
+                  DatabaseLog(readRawDatabaseFile(store.string() + "-wal").value_or(FileBytes())));
   for (const char* ending : {"-wal", "-shm"}) ::unlink((store.string() + ending).c_str());
   return salvage.changes();
 }

@@ -38,19 +38,21 @@ struct OpenedPreferences {
   QEVSettings::StoreOpening opening;
 };
 
-// Opens a store, which is made where there is none, and reads it to its end. A damaged store, or one that lacks changes
-// that its good copy has, is recovered first. What is no store of ours is left alone.
-OpenedPreferences openPreferences(const std::filesystem::path& store, const OpeningRequest& request);
+// Opens a store, which is made where there is none, and reads it to its end. A damaged store, or
+// one that lacks changes that its good copy has, is recovered first. What is no store of ours is
+// left alone.
+OpenedPreferences openPreferences(const std::filesystem::path& store,
+                                  const OpeningRequest& request);
 
-// Reads a store, or what can be had of a damaged one, and leaves the disk as it is. There is never a file in the
-// result.
+// Reads a store, or what can be had of a damaged one, and leaves the disk as it is. There is never
+// a file in the result.
 OpenedPreferences readPreferences(const std::filesystem::path& store);
 
 // Removes a log that belongs to a file that is gone, and its index; what could be read in the log.
 std::vector<PreferenceChange> takeAbandonedLog(const std::filesystem::path& store);
 
-// Makes the good copy anew when the store changed since. A store that turns out to be damaged is recovered first. Any
-// thread; takes as long as reading and writing the whole store.
+// Makes the good copy anew when the store changed since. A store that turns out to be damaged is
+// recovered first. Any thread; takes as long as reading and writing the whole store.
 Outcome keepGoodCopy(const std::filesystem::path& store);
 
 }  // namespace foundation

@@ -18,7 +18,8 @@ constexpr std::int64_t kMaximumNumber = std::int64_t{1} << 61;
 
 std::optional<std::string> textOf(const DatabaseValue& value) {
   const auto* bytes = std::get_if<std::span<const std::uint8_t>>(&value);
-  return bytes != nullptr ? std::optional<std::string>(std::in_place, bytes->begin(), bytes->end()) : std::nullopt;
+  return bytes != nullptr ? std::optional<std::string>(std::in_place, bytes->begin(), bytes->end())
+                          : std::nullopt;
 }
 
 }  // namespace
@@ -56,9 +57,11 @@ bool PreferencesSalvage::addFile(const FileBytes& file, const DatabaseLog& log) 
   return rowCount_ > before;
 }
 
-void PreferencesSalvage::addPage(DatabaseCells& cells, std::span<const std::uint8_t> page, bool isFirstPage) {
+void PreferencesSalvage::addPage(DatabaseCells& cells, std::span<const std::uint8_t> page,
+                                 bool isFirstPage) {
   cells.read(
-      page, isFirstPage, [this](std::int64_t number, std::span<const std::uint8_t> record) { addRow(number, record); },
+      page, isFirstPage,
+      [this](std::int64_t number, std::span<const std::uint8_t> record) { addRow(number, record); },
       [this](std::span<const std::uint8_t> record) { addTrace(record); });
 }
 
@@ -84,7 +87,8 @@ void PreferencesSalvage::addTrace(std::span<const std::uint8_t> record) {
   if (!columns || columns->size() != 2) return;
   auto key = textOf((*columns)[0]);
   const auto* number = std::get_if<std::int64_t>(&(*columns)[1]);
-  if (key && number != nullptr && *number <= kMaximumNumber) traces_.insert_or_assign(*number, *std::move(key));
+  if (key && number != nullptr && *number <= kMaximumNumber)
+    traces_.insert_or_assign(*number, *std::move(key));
 }
 
 void PreferencesSalvage::add(PreferenceChange change) {
@@ -98,9 +102,10 @@ std::vector<PreferenceChange> PreferencesSalvage::changes() const {
   std::vector<PreferenceChange> changes;
   changes.reserve(newest_.size());
   for (const auto& [key, change] : newest_) changes.push_back(change);
-  std::sort(changes.begin(), changes.end(), [](const PreferenceChange& a, const PreferenceChange& b) {
-    return a.number != b.number ? a.number < b.number : a.key < b.key;
-  });
+  std::sort(changes.begin(), changes.end(),
+            [](const PreferenceChange& a, const PreferenceChange& b) {
+              return a.number != b.number ? a.number < b.number : a.key < b.key;
+            });
   // Two histories of a store may have given out a number twice.
   std::int64_t next = lastNumber_;
   std::int64_t previous = 0;
@@ -111,8 +116,9 @@ std::vector<PreferenceChange> PreferencesSalvage::changes() const {
       previous = change.number;
     }
   }
-  std::sort(changes.begin(), changes.end(),
-            [](const PreferenceChange& a, const PreferenceChange& b) { return a.number < b.number; });
+  std::sort(
+      changes.begin(), changes.end(),
+      [](const PreferenceChange& a, const PreferenceChange& b) { return a.number < b.number; });
   return changes;
 }
 

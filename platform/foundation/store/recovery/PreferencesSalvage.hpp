@@ -15,8 +15,8 @@
 
 namespace foundation {
 
-// Puts together what can be had of a damaged store: the newest change of each key in any of the sources. A row of a
-// file counts only with its right checksum, wherever in the file it stands.
+// Puts together what can be had of a damaged store: the newest change of each key in any of the
+// sources. A row of a file counts only with its right checksum, wherever in the file it stands.
 class PreferencesSalvage {
 public:
   // All rows of the file and of the log next to it; says whether there were any.
@@ -25,7 +25,8 @@ public:
 
   void add(PreferenceChange change);
 
-  // The newest change of each key, removals included, in the order of their numbers, of which no two are equal.
+  // The newest change of each key, removals included, in the order of their numbers, of which no
+  // two are equal.
   std::vector<PreferenceChange> changes() const;
 
   // The highest number of a change that was met.

@@ -41,12 +41,13 @@ public:
     return static_cast<std::size_t>(bytes);
   }
   bool read(std::size_t offset, std::span<std::uint8_t> into) {
-    const int code =
-        methods().xRead(file(), into.data(), static_cast<int>(into.size()), static_cast<sqlite3_int64>(offset));
+    const int code = methods().xRead(file(), into.data(), static_cast<int>(into.size()),
+                                     static_cast<sqlite3_int64>(offset));
     return code == SQLITE_OK || code == SQLITE_IOERR_SHORT_READ;
   }
   bool overwriteStart(std::span<const std::uint8_t> bytes) {
-    return isWritable_ && methods().xWrite(file(), bytes.data(), static_cast<int>(bytes.size()), 0) == SQLITE_OK &&
+    return isWritable_ &&
+           methods().xWrite(file(), bytes.data(), static_cast<int>(bytes.size()), 0) == SQLITE_OK &&
            methods().xSync(file(), SQLITE_SYNC_NORMAL) == SQLITE_OK;
   }
 

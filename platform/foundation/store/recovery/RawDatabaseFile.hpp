@@ -12,13 +12,14 @@ namespace foundation {
 
 using FileBytes = std::vector<std::uint8_t>;
 
-// Bytes of a database file, past SQLite's pages. They are read and written through SQLite's own file layer: closing
-// any other descriptor of a file would drop the locks that SQLite holds on it in this process.
+// Bytes of a database file, past SQLite's pages. They are read and written through SQLite's own
+// file layer: closing any other descriptor of a file would drop the locks that SQLite holds on it
+// in this process.
 
-// At most `most` bytes from the start of the file. Nothing unless it is a regular file of this user that can be read;
-// no link is followed.
-std::optional<FileBytes> readRawDatabaseFile(const std::filesystem::path& path,
-                                             std::size_t most = std::numeric_limits<std::size_t>::max());
+// At most `most` bytes from the start of the file. Nothing unless it is a regular file of this user
+// that can be read; no link is followed.
+std::optional<FileBytes> readRawDatabaseFile(
+    const std::filesystem::path& path, std::size_t most = std::numeric_limits<std::size_t>::max());
 
 // Replaces the first bytes of the file; says whether they are on disk.
 bool overwriteStartOfFile(const std::filesystem::path& path, std::span<const std::uint8_t> bytes);

@@ -24,7 +24,8 @@ FileDescriptor openLockFile(const std::string& name) {
     ::chmod(name.c_str(), mode);
     file = attempt();
   }
-  if (file && ::fstat(file.get(), &found) == 0 && (found.st_mode & 0777) != mode) ::fchmod(file.get(), mode);
+  if (file && ::fstat(file.get(), &found) == 0 && (found.st_mode & 0777) != mode)
+    ::fchmod(file.get(), mode);
   return file;
 }
 

@@ -9,7 +9,8 @@ namespace foundation {
 // How long to wait for a process that holds a store.
 enum class Patience { none, aMoment };
 
-// Keeps other processes from making, recovering or copying the same store meanwhile: a lock on NAME.lock.
+// Keeps other processes from making, recovering or copying the same store meanwhile: a lock on
+// NAME.lock.
 class RepairLock {
 public:
   RepairLock(const std::filesystem::path& store, Patience patience);

@@ -21,7 +21,8 @@ namespace {
 
 constexpr std::size_t kHeaderBytes = 100;
 constexpr int kLongestWaitMilliseconds = 2000;
-// Copies of one store. More are made only by recoveries that fail again and again after they changed the log.
+// Copies of one store. More are made only by recoveries that fail again and again after they
+// changed the log.
 constexpr int kMaximumUnfinished = 3;
 
 class Backup {
@@ -31,7 +32,9 @@ public:
   Backup& operator=(const Backup&) = delete;
   ~Backup() { finish(); }
 
-  int step(int pages) { return backup_ != nullptr ? sqlite3_backup_step(backup_, pages) : SQLITE_ERROR; }
+  int step(int pages) {
+    return backup_ != nullptr ? sqlite3_backup_step(backup_, pages) : SQLITE_ERROR;
+  }
   int finish() { return sqlite3_backup_finish(std::exchange(backup_, nullptr)); }
 
 private:
@@ -41,14 +44,16 @@ private:
 bool writeCopy(const FileBytes& bytes, const std::filesystem::path& path) {
   const std::string temporary = path.string() + ".tmp";
   ::unlink(temporary.c_str());
-  const FileDescriptor file(::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+  const FileDescriptor file(
+      ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
   bool isWritten = file && ::fchmod(file.get(), 0600) == 0;
   for (std::size_t start = 0; isWritten && start < bytes.size();) {
     const ssize_t count = ::write(file.get(), bytes.data() + start, bytes.size() - start);
     isWritten = count > 0 || (count < 0 && errno == EINTR);
     start += static_cast<std::size_t>(std::max<ssize_t>(count, 0));
   }
-  isWritten = isWritten && ::fsync(file.get()) == 0 && ::rename(temporary.c_str(), path.c_str()) == 0;
+  isWritten =
+      isWritten && ::fsync(file.get()) == 0 && ::rename(temporary.c_str(), path.c_str()) == 0;
   if (!isWritten) {
     const int problem = errno;
     ::unlink(temporary.c_str());
@@ -91,8 +96,10 @@ FileBytes rightHeader(sqlite3* example, std::size_t fileBytes) {
   FileBytes header(bytes, bytes + kHeaderBytes);
   sqlite3_free(bytes);
   header[18] = header[19] = 2;
-  const auto pages = static_cast<std::uint32_t>(std::max<std::size_t>(1, fileBytes / kDatabasePageBytes));
-  for (unsigned i = 0; i < 4; ++i) header[28 + i] = static_cast<std::uint8_t>(pages >> (24 - 8 * i));
+  const auto pages =
+      static_cast<std::uint32_t>(std::max<std::size_t>(1, fileBytes / kDatabasePageBytes));
+  for (unsigned i = 0; i < 4; ++i)
+    header[28 + i] = static_cast<std::uint8_t>(pages >> (24 - 8 * i));
   return header;
 }
 
@@ -110,7 +117,8 @@ bool fill(const Database& database, const std::vector<PreferenceChange>& rows) {
 std::vector<std::filesystem::path> unfinishedCopiesOf(const std::filesystem::path& store) {
   std::vector<std::filesystem::path> copies;
   for (int number = 1; number <= kMaximumUnfinished; ++number) {
-    if (auto copy = unfinishedCopy(store, number); ::access(copy.c_str(), F_OK) == 0) copies.push_back(std::move(copy));
+    if (auto copy = unfinishedCopy(store, number); ::access(copy.c_str(), F_OK) == 0)
+      copies.push_back(std::move(copy));
   }
   return copies;
 }
@@ -126,7 +134,8 @@ std::optional<Error> StoreRewrite::run(Patience patience, const Contents& conten
   Backup backup(database_.get(), opened);
   // No page yet, but the lock.
   if (const int code = backup.step(0); code != SQLITE_OK) return fail("recover", code);
-  if (!keepDamaged()) return fail("keep a copy of", errno == ENOSPC || errno == EDQUOT ? SQLITE_FULL : SQLITE_IOERR);
+  if (!keepDamaged())
+    return fail("keep a copy of", errno == ENOSPC || errno == EDQUOT ? SQLITE_FULL : SQLITE_IOERR);
   const auto rows = contents();
   if (!fill(fresh, rows)) return fail("recover", SQLITE_NOMEM);
   if (!cutLog()) return fail("recover", SQLITE_IOERR);
@@ -150,22 +159,26 @@ bool StoreRewrite::openWithRightHeader(sqlite3* example) {
     if (header.empty() || !overwriteStartOfFile(store_, header)) return false;
   }
   sqlite3* opened = nullptr;
-  const int code = sqlite3_open_v2(store_.c_str(), &opened,
-                                   SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_EXRESCODE, nullptr);
+  const int code = sqlite3_open_v2(
+      store_.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_EXRESCODE,
+      nullptr);
   database_.reset(opened);
   // Else SQLite refuses a file that is shorter than its header says.
   sqlite3_db_config(opened, SQLITE_DBCONFIG_WRITABLE_SCHEMA, 1, nullptr);
   return code == SQLITE_OK && sqlite3_db_readonly(opened, "main") == 0;
 }
 
-// Takes the checksums of the shared index away, under the lock of writers. SQLite then makes it anew from the log.
+// Takes the checksums of the shared index away, under the lock of writers. SQLite then makes it
+// anew from the log.
 int StoreRewrite::forgetLogIndex() {
   constexpr int regionBytes = 32768;
   constexpr std::size_t bothHeaders = 96;
   constexpr int writeLock = 0;
   sqlite3_file* file = nullptr;
-  sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_FILE_POINTER, static_cast<void*>(&file));
-  if (file == nullptr || file->pMethods == nullptr || file->pMethods->iVersion < 2) return SQLITE_CANTOPEN;
+  sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_FILE_POINTER,
+                       static_cast<void*>(&file));
+  if (file == nullptr || file->pMethods == nullptr || file->pMethods->iVersion < 2)
+    return SQLITE_CANTOPEN;
   const sqlite3_io_methods& methods = *file->pMethods;
   int code = SQLITE_BUSY;
   for (int i = 0; i < kLongestWaitMilliseconds / 5 && (code & 0xFF) == SQLITE_BUSY; ++i) {
@@ -174,7 +187,8 @@ int StoreRewrite::forgetLogIndex() {
     code = methods.xLock(file, SQLITE_LOCK_SHARED);
     volatile void* region = nullptr;
     if (code == SQLITE_OK) code = methods.xShmMap(file, 0, regionBytes, 1, &region);
-    if (code == SQLITE_OK) code = methods.xShmLock(file, writeLock, 1, SQLITE_SHM_LOCK | SQLITE_SHM_EXCLUSIVE);
+    if (code == SQLITE_OK)
+      code = methods.xShmLock(file, writeLock, 1, SQLITE_SHM_LOCK | SQLITE_SHM_EXCLUSIVE);
     if (code != SQLITE_OK) continue;
     std::memset(const_cast<void*>(region), 0, bothHeaders);
     methods.xShmBarrier(file);
@@ -207,7 +221,9 @@ bool StoreRewrite::cutLog() const {
 Error StoreRewrite::fail(const char* what, int code) {
   const std::string begin = std::string("cannot ") + what + " " + store_.string();
   switch (code & 0xFF) {
-    case SQLITE_FULL: problem_ = StorageProblem::diskFull; return {begin + " (the disk is full); make room"};
+    case SQLITE_FULL:
+      problem_ = StorageProblem::diskFull;
+      return {begin + " (the disk is full); make room"};
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
       problem_ = StorageProblem::busy;
@@ -217,7 +233,9 @@ Error StoreRewrite::fail(const char* what, int code) {
     case SQLITE_CANTOPEN:
       problem_ = StorageProblem::notWritable;
       return {begin + " (no permission); allow writing to it and to its folder"};
-    default: problem_ = StorageProblem::failing; return {begin + " (" + sqlite3_errstr(code) + "); check the disk"};
+    default:
+      problem_ = StorageProblem::failing;
+      return {begin + " (" + sqlite3_errstr(code) + "); check the disk"};
   }
 }
 

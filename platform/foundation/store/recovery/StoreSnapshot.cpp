@@ -33,11 +33,13 @@ std::optional<FileBytes> snapshotOfDatabase(const std::filesystem::path& path) {
     auto file = readRawDatabaseFile(path);
     if (!file) return std::nullopt;
     const auto after = logOf(path);
-    // Pages that were taken over into the file meanwhile are in the log still, unless it was begun anew.
+    // Pages that were taken over into the file meanwhile are in the log still, unless it was begun
+    // anew.
     if (!after.continues(before) && i + 1 < attempts) continue;
     takeOver(after, *file);
     // In memory there is no log.
-    if (file->size() > readVersion && (*file)[writeVersion] == 2) (*file)[writeVersion] = (*file)[readVersion] = 1;
+    if (file->size() > readVersion && (*file)[writeVersion] == 2)
+      (*file)[writeVersion] = (*file)[readVersion] = 1;
     return file;
   }
   return std::nullopt;

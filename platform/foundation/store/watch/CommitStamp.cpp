@@ -64,7 +64,8 @@ std::uint32_t CommitStamp::wordOfIndex(std::ptrdiff_t word) const {
   constexpr std::ptrdiff_t stampWord = 10;
   std::uint64_t* const stamp = stamp_;
   if (stamp == &none_) return 0;
-  return std::atomic_ref(*(reinterpret_cast<std::uint32_t*>(stamp) - stampWord + word)).load(std::memory_order_acquire);
+  return std::atomic_ref(*(reinterpret_cast<std::uint32_t*>(stamp) - stampWord + word))
+      .load(std::memory_order_acquire);
 }
 
 bool CommitStamp::isIndexCut() const { return isAttached_ && (stamp_ == &none_ || isCut(index_)); }
@@ -73,7 +74,8 @@ bool CommitStamp::isCutIndexInUse(const std::filesystem::path& store) {
   const std::scoped_lock lock(registry().mutex);
   const auto& stamps = registry().stamps;
   return isCut(indexOf(store)) &&
-         std::any_of(stamps.begin(), stamps.end(), [&](const CommitStamp* stamp) { return stamp->store_ == store; });
+         std::any_of(stamps.begin(), stamps.end(),
+                     [&](const CommitStamp* stamp) { return stamp->store_ == store; });
 }
 
 CommitStamp::News CommitStamp::newsOf(const std::filesystem::path& store) {

@@ -10,12 +10,14 @@ struct sqlite3;
 
 namespace foundation {
 
-// The stamp of the last commit to a store's file, which stands in SQLite's index of the log (NAME-shm), memory that
-// all processes share. Two looks that find the same stamp have no commit between them. Looking costs one load.
+// The stamp of the last commit to a store's file, which stands in SQLite's index of the log
+// (NAME-shm), memory that all processes share. Two looks that find the same stamp have no commit
+// between them. Looking costs one load.
 //
-// Whoever cuts the index off (`: > NAME-shm`) takes the pages away on which the stamp stands: touching them raises
-// SIGBUS. The size of the index is therefore checked before each transaction, and by the watching thread at every
-// change of the folder, which then withdraws the stamp from the reads.
+// Whoever cuts the index off (`: > NAME-shm`) takes the pages away on which the stamp stands:
+// touching them raises SIGBUS. The size of the index is therefore checked before each transaction,
+// and by the watching thread at every change of the folder, which then withdraws the stamp from the
+// reads.
 //
 // The owner's thread, except for `newsOf`.
 class CommitStamp {
@@ -42,15 +44,16 @@ public:
   bool isNew() const { return value() != seen_.load(std::memory_order_relaxed); }
   void markSeen(std::uint64_t stamp) { seen_.store(stamp, std::memory_order_relaxed); }
 
-  // The number of commits, and the number of the log's frames, which the index holds as well. 0 when it was cut off.
+  // The number of commits, and the number of the log's frames, which the index holds as well. 0
+  // when it was cut off.
   std::uint32_t commitCount() const;
   std::uint32_t frameCount() const;
 
   // Whether the index is shorter than what is mapped of it.
   bool isIndexCut() const;
 
-  // Whether this process still maps an index that was cut off. SQLite would hand that to whoever opens the store.
-  // Any thread.
+  // Whether this process still maps an index that was cut off. SQLite would hand that to whoever
+  // opens the store. Any thread.
   static bool isCutIndexInUse(const std::filesystem::path& store);
 
   // Whether a commit to the store is new to this process. Any thread.

@@ -32,7 +32,9 @@ FolderEvents::FolderEvents(std::filesystem::path store, WatchSystem& system)
 void FolderEvents::watch() {
   auto notifier = system_.watchFolder(store_.parent_path());
   std::error_code error;
-  refusal_ = notifier || !std::filesystem::exists(store_.parent_path(), error) ? "" : notifier.error().message;
+  refusal_ = notifier || !std::filesystem::exists(store_.parent_path(), error)
+                 ? ""
+                 : notifier.error().message;
   if (notifier) notifier_ = *std::move(notifier);
 }
 
@@ -54,10 +56,12 @@ FolderEvents::News FolderEvents::takeEvents() {
       std::memcpy(&event, buffer.data() + at, sizeof event);
       const char* file = event.len > 0 ? buffer.data() + at + sizeof event : "";
       at += sizeof event + event.len;
-      isGone = isGone || (event.mask & (IN_DELETE_SELF | IN_MOVE_SELF | IN_IGNORED | IN_UNMOUNT)) != 0;
+      isGone =
+          isGone || (event.mask & (IN_DELETE_SELF | IN_MOVE_SELF | IN_IGNORED | IN_UNMOUNT)) != 0;
       if ((event.mask & IN_Q_OVERFLOW) != 0) news = News::files;
       if (!isFileOf(name, file)) continue;
-      news = std::max(news, (event.mask & (IN_MODIFY | IN_ATTRIB)) != 0 ? News::contents : News::files);
+      news = std::max(news,
+                      (event.mask & (IN_MODIFY | IN_ATTRIB)) != 0 ? News::contents : News::files);
     }
   }
   if (!isGone) return news;
@@ -69,9 +73,9 @@ FolderEvents::News FolderEvents::takeEvents() {
 FolderEvents::News FolderEvents::compareFiles() {
   const Files before = std::exchange(files_, look());
   if (files_ == before) return News::none;
-  const bool areSame = std::equal(files_.begin(), files_.end(), before.begin(), [](const File& a, const File& b) {
-    return a.device == b.device && a.node == b.node;
-  });
+  const bool areSame = std::equal(
+      files_.begin(), files_.end(), before.begin(),
+      [](const File& a, const File& b) { return a.device == b.device && a.node == b.node; });
   return areSame ? News::contents : News::files;
 }
 

@@ -14,8 +14,9 @@ namespace foundation {
 
 class WatchSystem;
 
-// Says what changed among the files of one store. Uses inotify; while the system refuses that, or the folder
-// is gone, compares the identity, the size and the time of the files at each question. One thread at a time.
+// Says what changed among the files of one store. Uses inotify; while the system refuses that, or
+// the folder is gone, compares the identity, the size and the time of the files at each question.
+// One thread at a time.
 class FolderEvents {
 public:
   enum class News {

@@ -27,9 +27,10 @@ constexpr milliseconds kShortestRetry(250);
 constexpr milliseconds kLongestRetry(8000);
 // Where the system gives no cue.
 constexpr milliseconds kLookInterval(250);
-// A file changes shortly before a commit counts, and several times in each. The thread looks again after a pause that
-// doubles while it finds nothing, so that a burst of this process's own writes costs few looks; after it found
-// something, it pauses for the longest of them, so that a burst of another's does not wake the main queue each time.
+// A file changes shortly before a commit counts, and several times in each. The thread looks again
+// after a pause that doubles while it finds nothing, so that a burst of this process's own writes
+// costs few looks; after it found something, it pauses for the longest of them, so that a burst of
+// another's does not wake the main queue each time.
 constexpr microseconds kShortestPause(250);
 constexpr microseconds kLongestPause(5000);
 
@@ -41,12 +42,12 @@ std::filesystem::path withCanonicalFolder(const std::filesystem::path& store) {
 
 }  // namespace
 
-PreferencesWatch::PreferencesWatch(std::filesystem::path store, Callback changed, Callback retry, Callback lost,
-                                   std::shared_ptr<WatchSystem> system)
+PreferencesWatch::PreferencesWatch(std::filesystem::path store, Callback changed, Callback retry,
+                                   Callback lost, std::shared_ptr<WatchSystem> system)
     : system_(std::move(system)),
       store_(withCanonicalFolder(store)),
-      callbacks_(std::make_shared<const Callbacks>(
-          Callbacks{.changed = std::move(changed), .retry = std::move(retry), .lost = std::move(lost)})),
+      callbacks_(std::make_shared<const Callbacks>(Callbacks{
+          .changed = std::move(changed), .retry = std::move(retry), .lost = std::move(lost)})),
       queuedCallbacks_(callbacks_),
       events_(std::move(store), *system_),
       pause_(kShortestPause),
@@ -56,7 +57,8 @@ PreferencesWatch::PreferencesWatch(std::filesystem::path store, Callback changed
   if (!wake_ || !events_.refusal().empty()) {
     const std::string reason = events_.refusal().empty() ? "" : " (" + events_.refusal() + ")";
     reportOnce("the system cannot watch the folder of " + store_.string() + reason +
-               ", so changes by other programs are looked for every 250 ms; raise fs.inotify.max_user_instances and "
+               ", so changes by other programs are looked for every 250 ms; raise "
+               "fs.inotify.max_user_instances and "
                "the number of open files");
   }
   start();
@@ -82,7 +84,8 @@ void PreferencesWatch::start() {
   if (turns_) return;
   turns_ = MainQueue::mainQueue().repeat(kLookInterval, [this] { turnWithoutThread(); });
   reportOnce(
-      "the system has no thread left, so changes by other programs are looked for when the main queue has a "
+      "the system has no thread left, so changes by other programs are looked for when the main "
+      "queue has a "
       "turn; raise the number of processes of this user");
 }
 
@@ -169,16 +172,20 @@ void PreferencesWatch::sleep() {
   const auto next = nextDeadline();
   if (!wake_) {
     std::unique_lock lock(mutex_);
-    woken_.wait_until(lock, std::min(next, Clock::now() + kLookInterval), [this] { return isWoken_; });
+    woken_.wait_until(lock, std::min(next, Clock::now() + kLookInterval),
+                      [this] { return isWoken_; });
     isWoken_ = false;
     return;
   }
-  std::array<pollfd, 2> descriptors{pollfd{.fd = wake_.get(), .events = POLLIN, .revents = 0},
-                                    pollfd{.fd = lookAt_ ? -1 : events_.descriptor(), .events = POLLIN, .revents = 0}};
+  std::array<pollfd, 2> descriptors{
+      pollfd{.fd = wake_.get(), .events = POLLIN, .revents = 0},
+      pollfd{.fd = lookAt_ ? -1 : events_.descriptor(), .events = POLLIN, .revents = 0}};
   const auto left = std::max(Clock::duration(0), next - Clock::now());
   const auto seconds = std::chrono::floor<std::chrono::seconds>(left);
-  const timespec timeout{.tv_sec = seconds.count(), .tv_nsec = std::chrono::nanoseconds(left - seconds).count()};
-  ::ppoll(descriptors.data(), descriptors.size(), next == Clock::time_point::max() ? nullptr : &timeout, nullptr);
+  const timespec timeout{.tv_sec = seconds.count(),
+                         .tv_nsec = std::chrono::nanoseconds(left - seconds).count()};
+  ::ppoll(descriptors.data(), descriptors.size(),
+          next == Clock::time_point::max() ? nullptr : &timeout, nullptr);
   std::uint64_t count = 0;
   [[maybe_unused]] const auto read = ::read(wake_.get(), &count, sizeof count);
 }
@@ -186,8 +193,8 @@ void PreferencesWatch::sleep() {
 PreferencesWatch::Clock::time_point PreferencesWatch::nextDeadline() {
   const std::scoped_lock lock(mutex_);
   constexpr auto never = Clock::time_point::max();
-  return std::min(
-      {lookAt_.value_or(never), retryAt_.value_or(never), copyAt_.value_or(never), synchronizeAt_.value_or(never)});
+  return std::min({lookAt_.value_or(never), retryAt_.value_or(never), copyAt_.value_or(never),
+                   synchronizeAt_.value_or(never)});
 }
 
 bool PreferencesWatch::isDue(Deadline& deadline) {

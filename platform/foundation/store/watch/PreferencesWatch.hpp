@@ -17,13 +17,14 @@
 
 namespace foundation {
 
-// Watches the file of a store from a thread of its own. Queues `changed` on the main queue when another process
-// may have written or a file was replaced, and `retry` and `lost` as asked for below. Puts the writes of a burst on
-// disk, and makes the good copy after 15 s without a write.
+// Watches the file of a store from a thread of its own. Queues `changed` on the main queue when
+// another process may have written or a file was replaced, and `retry` and `lost` as asked for
+// below. Puts the writes of a burst on disk, and makes the good copy after 15 s without a write.
 //
 // Main thread. The system may refuse what this needs, which is said once in a line of diagnostics:
 // - without inotify or a free descriptor the thread compares the files every 250 ms;
-// - without a thread the main queue does so in its turns, and a thread is asked for again each time.
+// - without a thread the main queue does so in its turns, and a thread is asked for again each
+// time.
 class PreferencesWatch {
 public:
   using Callback = std::function<void()>;
@@ -35,12 +36,13 @@ public:
   // Waits for the thread's current operation. No callback runs afterwards.
   ~PreferencesWatch();
 
-  // Asks for a call of `retry`, after a pause that doubles with each call up to 8 s, until `didSucceed`.
+  // Asks for a call of `retry`, after a pause that doubles with each call up to 8 s, until
+  // `didSucceed`.
   void retryLater();
   void didSucceed();
 
-  // Has what was written to the store put on disk after the pause, unless that is under way; `lost` is called when
-  // the disk refuses. Returns false when there is no thread to do it.
+  // Has what was written to the store put on disk after the pause, unless that is under way; `lost`
+  // is called when the disk refuses. Returns false when there is no thread to do it.
   [[nodiscard]] bool synchronizeLater(std::chrono::milliseconds pause);
   // Everything is on disk, so that a pending `synchronizeLater` has nothing to do.
   void didSynchronize();
@@ -74,8 +76,10 @@ private:
   const std::shared_ptr<WatchSystem> system_;
   const std::filesystem::path store_;
   std::shared_ptr<const Callbacks> callbacks_;
-  const std::weak_ptr<const Callbacks> queuedCallbacks_;  // the thread must not be the last to own them
-  const std::shared_ptr<std::atomic<bool>> isChangeQueued_ = std::make_shared<std::atomic<bool>>(false);
+  const std::weak_ptr<const Callbacks>
+      queuedCallbacks_;  // the thread must not be the last to own them
+  const std::shared_ptr<std::atomic<bool>> isChangeQueued_ =
+      std::make_shared<std::atomic<bool>>(false);
 
   // Of the thread, or of the main thread while there is no other.
   FolderEvents events_;

@@ -32,11 +32,13 @@ std::optional<std::thread> WatchSystem::startThread(std::function<void()> work) 
   return thread;
 }
 
-FileDescriptor WatchSystem::openWake() { return FileDescriptor(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)); }
+FileDescriptor WatchSystem::openWake() {
+  return FileDescriptor(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC));
+}
 
 Result<FileDescriptor> WatchSystem::watchFolder(const std::filesystem::path& folder) {
-  constexpr std::uint32_t events = IN_ATTRIB | IN_MODIFY | IN_CREATE | IN_MOVED_TO | IN_MOVED_FROM | IN_DELETE |
-                                   IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
+  constexpr std::uint32_t events = IN_ATTRIB | IN_MODIFY | IN_CREATE | IN_MOVED_TO | IN_MOVED_FROM |
+                                   IN_DELETE | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
   FileDescriptor notifier(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
   if (!notifier || ::inotify_add_watch(notifier.get(), folder.c_str(), events) < 0) {
     return Error{std::generic_category().message(errno)};
@@ -46,13 +48,16 @@ Result<FileDescriptor> WatchSystem::watchFolder(const std::filesystem::path& fol
 
 // A missing log was checkpointed into the store, which puts it on disk first.
 bool WatchSystem::synchronizeLog(const std::filesystem::path& store) {
-  const FileDescriptor log(::open((store.string() + "-wal").c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+  const FileDescriptor log(
+      ::open((store.string() + "-wal").c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
   const bool isSynchronized = log ? ::fdatasync(log.get()) == 0 : errno == ENOENT;
   cueWatchers(store);
   return isSynchronized;
 }
 
 // A copy that fails is made at the next occasion; the store itself is what must not be lost.
-void WatchSystem::keepCopy(const std::filesystem::path& store) { static_cast<void>(keepGoodCopy(store)); }
+void WatchSystem::keepCopy(const std::filesystem::path& store) {
+  static_cast<void>(keepGoodCopy(store));
+}
 
 }  // namespace foundation

@@ -11,8 +11,8 @@
 
 namespace foundation {
 
-// What the watch of a store asks of the system. Tests override single operations to make them fail or wait.
-// The operations on files run on the watch's thread.
+// What the watch of a store asks of the system. Tests override single operations to make them fail
+// or wait. The operations on files run on the watch's thread.
 class WatchSystem {
 public:
   WatchSystem() = default;
@@ -20,8 +20,8 @@ public:
   WatchSystem& operator=(const WatchSystem&) = delete;
   virtual ~WatchSystem() = default;
 
-  // A thread in which every signal is blocked: signals belong to the threads of the host. Nothing when the
-  // system has no thread left.
+  // A thread in which every signal is blocked: signals belong to the threads of the host. Nothing
+  // when the system has no thread left.
   virtual std::optional<std::thread> startThread(std::function<void()> work);
 
   // A descriptor that can be polled and written to; none when the system has no descriptor left.

@@ -18,7 +18,9 @@ Error tooLong() {
           " MB; choose a smaller one"};
 }
 
-Error tooLittleMemory() { return {"there is too little memory for the property list; close other programs"}; }
+Error tooLittleMemory() {
+  return {"there is too little memory for the property list; close other programs"};
+}
 
 // Counts what a list would hold, so that what is written can be read again.
 class Extent {
@@ -60,7 +62,8 @@ private:
 Result<PreferenceDictionary> parsePropertyList(std::string_view bytes) {
   if (bytes.size() > kMaximumPropertyListBytes) return tooLong();
   try {
-    return bytes.starts_with(kBinaryPropertyListMagic) ? parseBinaryPropertyList(bytes) : parseXMLPropertyList(bytes);
+    return bytes.starts_with(kBinaryPropertyListMagic) ? parseBinaryPropertyList(bytes)
+                                                       : parseXMLPropertyList(bytes);
   } catch (const std::bad_alloc&) {
     return tooLittleMemory();
   }
@@ -78,13 +81,16 @@ Result<PreferenceDictionary> readPropertyList(const std::filesystem::path& path)
   }
 }
 
-Result<std::string> propertyListBytes(const PreferenceDictionary& values, PropertyListFormat format) {
+Result<std::string> propertyListBytes(const PreferenceDictionary& values,
+                                      PropertyListFormat format) {
   Extent extent;
   if (!extent.isBounded(values)) {
-    return Error{"the property list cannot be made: " + std::string(extent.problem()) + "; remove some first"};
+    return Error{"the property list cannot be made: " + std::string(extent.problem()) +
+                 "; remove some first"};
   }
   try {
-    auto bytes = format == PropertyListFormat::xml ? xmlPropertyList(values) : binaryPropertyList(values);
+    auto bytes =
+        format == PropertyListFormat::xml ? xmlPropertyList(values) : binaryPropertyList(values);
     if (bytes && bytes->size() > kMaximumPropertyListBytes) return tooLong();
     return bytes;
   } catch (const std::bad_alloc&) {

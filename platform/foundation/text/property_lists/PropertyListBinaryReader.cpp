@@ -21,8 +21,9 @@ namespace {
 
 constexpr std::size_t kTrailerBytes = 32;
 
-// Reads the objects of a list. A table of offsets at its end leads to them; arrays and dictionaries name their
-// contents by number. An object that is named more than once is read once, and its value is shared.
+// Reads the objects of a list. A table of offsets at its end leads to them; arrays and dictionaries
+// name their contents by number. An object that is named more than once is read once, and its value
+// is shared.
 class BinaryReader {
 public:
   explicit BinaryReader(std::string_view bytes) : bytes_(bytes) {}
@@ -60,8 +61,10 @@ private:
     const std::uint64_t top = number(trailer + 16, 8);
     table_ = number(trailer + 24, 8);
     const bool isTableWithin = table_ >= kBinaryPropertyListMagic.size() && table_ <= trailer;
-    const bool areNumbersWide = offsetBytes_ >= 1 && offsetBytes_ <= 8 && referenceBytes_ >= 1 && referenceBytes_ <= 8;
-    if (!isTableWithin || !areNumbersWide || top >= count || count > (trailer - table_) / offsetBytes_) {
+    const bool areNumbersWide =
+        offsetBytes_ >= 1 && offsetBytes_ <= 8 && referenceBytes_ >= 1 && referenceBytes_ <= 8;
+    if (!isTableWithin || !areNumbersWide || top >= count ||
+        count > (trailer - table_) / offsetBytes_) {
       return std::nullopt;
     }
     // Each value may have a key of its own.
@@ -73,11 +76,14 @@ private:
   // Most significant byte first.
   std::uint64_t number(std::size_t at, std::size_t size) const {
     std::uint64_t number = 0;
-    for (const char c : bytes_.substr(at, size)) number = number << 8 | static_cast<std::uint8_t>(c);
+    for (const char c : bytes_.substr(at, size))
+      number = number << 8 | static_cast<std::uint8_t>(c);
     return number;
   }
 
-  std::uint64_t offsetOf(std::uint64_t index) const { return number(table_ + index * offsetBytes_, offsetBytes_); }
+  std::uint64_t offsetOf(std::uint64_t index) const {
+    return number(table_ + index * offsetBytes_, offsetBytes_);
+  }
 
   std::nullopt_t fail(std::uint64_t index, std::string_view problem) {
     if (!error_) error_ = propertyListFault("object " + std::to_string(index), keys_, problem);
@@ -130,7 +136,8 @@ private:
       case 0xA:
       case 0xC: return readArray(at, index, depth);
       case 0xD: return readDictionary(at, index, depth);
-      case 0x8: return fail(index, "it is a unique identifier, a type that the store does not have");
+      case 0x8:
+        return fail(index, "it is a unique identifier, a type that the store does not have");
       default: return fail(index, "the store has no such type");
     }
   }
@@ -140,17 +147,21 @@ private:
   }
 
   // Up to four bytes have no sign. Sixteen bytes are a number of 128 bits.
-  std::optional<PreferenceValue> readInteger(std::uint64_t at, unsigned width, std::uint64_t index) {
+  std::optional<PreferenceValue> readInteger(std::uint64_t at, unsigned width,
+                                             std::uint64_t index) {
     if (width > 4 || !isWithin(at, 1, std::uint64_t{1} << width)) return failAsDamaged(index);
-    if (width < 4) return PreferenceValue(static_cast<std::int64_t>(number(at, std::size_t{1} << width)));
+    if (width < 4)
+      return PreferenceValue(static_cast<std::int64_t>(number(at, std::size_t{1} << width)));
     const std::uint64_t high = number(at, 8);
     const auto low = static_cast<std::int64_t>(number(at + 8, 8));
-    if (high != (low < 0 ? ~std::uint64_t{0} : 0)) return fail(index, "the integer does not fit 64 bits with a sign");
+    if (high != (low < 0 ? ~std::uint64_t{0} : 0))
+      return fail(index, "the integer does not fit 64 bits with a sign");
     return PreferenceValue(low);
   }
 
   std::optional<PreferenceValue> readReal(std::uint64_t at, unsigned width, std::uint64_t index) {
-    if ((width != 2 && width != 3) || !isWithin(at, 1, std::uint64_t{1} << width)) return failAsDamaged(index);
+    if ((width != 2 && width != 3) || !isWithin(at, 1, std::uint64_t{1} << width))
+      return failAsDamaged(index);
     if (width == 3) return PreferenceValue(std::bit_cast<double>(number(at, 8)));
     return PreferenceValue(double{std::bit_cast<float>(static_cast<std::uint32_t>(number(at, 4)))});
   }
@@ -169,7 +180,8 @@ private:
     if (at >= table_) return std::nullopt;
     const auto marker = static_cast<std::uint8_t>(bytes_[at++]);
     const unsigned width = marker & 0xFU;
-    if (marker >> 4U != 1 || width > 3 || !isWithin(at, 1, std::uint64_t{1} << width)) return std::nullopt;
+    if (marker >> 4U != 1 || width > 3 || !isWithin(at, 1, std::uint64_t{1} << width))
+      return std::nullopt;
     const std::uint64_t count = number(at, std::size_t{1} << width);
     at += std::uint64_t{1} << width;
     return count;
@@ -203,7 +215,8 @@ private:
     auto value = read(index, depth + 1);
     objects_[container].isOpen = false;
     keys_.pop_back();
-    if (value) objects_[container].height = std::max(objects_[container].height, objects_[index].height + 1);
+    if (value)
+      objects_[container].height = std::max(objects_[container].height, objects_[index].height + 1);
     return value;
   }
 
@@ -257,6 +270,8 @@ private:
 
 }  // namespace
 
-Result<PreferenceDictionary> parseBinaryPropertyList(std::string_view bytes) { return BinaryReader(bytes).list(); }
+Result<PreferenceDictionary> parseBinaryPropertyList(std::string_view bytes) {
+  return BinaryReader(bytes).list();
+}
 
 }  // namespace foundation

@@ -27,7 +27,9 @@ std::string utf16(std::string_view text) {
   };
   while (!text.empty()) {
     const std::size_t length = utf8CharacterLength(text);
-    const auto byte = [&](std::size_t i) { return std::uint32_t{static_cast<std::uint8_t>(text[i])}; };
+    const auto byte = [&](std::size_t i) {
+      return std::uint32_t{static_cast<std::uint8_t>(text[i])};
+    };
     std::uint32_t character = length == 1 ? byte(0) : byte(0) & (0x7FU >> length);
     for (std::size_t i = 1; i < length; ++i) character = character << 6U | (byte(i) & 0x3FU);
     if (character < 0x10000) {
@@ -48,7 +50,8 @@ std::size_t bytesFor(std::uint64_t number) {
   return bytes;
 }
 
-// Writes objects in the order in which they are met, contents after their container, then where each begins.
+// Writes objects in the order in which they are met, contents after their container, then where
+// each begins.
 class BinaryWriter {
 public:
   Result<std::string> list(const PreferenceDictionary& values) {
@@ -111,7 +114,8 @@ private:
     return at;
   }
   void putReference(std::size_t& at, std::uint64_t object) {
-    for (std::size_t i = referenceBytes_; i-- > 0;) bytes_[at++] = static_cast<char>(object >> (8 * i) & 0xFFU);
+    for (std::size_t i = referenceBytes_; i-- > 0;)
+      bytes_[at++] = static_cast<char>(object >> (8 * i) & 0xFFU);
   }
 
   std::uint64_t append(const PreferenceDictionary& entries) {
@@ -136,8 +140,10 @@ private:
 
   std::uint64_t append(const std::string& text) {
     const std::uint64_t object = begin();
-    if (!isValidUtf8(text)) fail("a property list holds no text that is not UTF-8; remove it first");
-    if (text.find('\0') != std::string::npos) fail("a property list holds no text with a NUL in it; remove it first");
+    if (!isValidUtf8(text))
+      fail("a property list holds no text that is not UTF-8; remove it first");
+    if (text.find('\0') != std::string::npos)
+      fail("a property list holds no text with a NUL in it; remove it first");
     if (error_) return object;
     const bool isASCII = std::all_of(text.begin(), text.end(), [](char c) { return c >= 0; });
     const std::string units = isASCII ? text : utf16(text);
@@ -163,7 +169,8 @@ private:
       appendNumber(std::bit_cast<std::uint64_t>(*real), 8);
     } else if (const auto date = value.asDate()) {
       const double seconds = (*date - kBinaryPropertyListEpoch).count();
-      if (!std::isfinite(seconds)) fail("a property list holds no date that is no number; remove it first");
+      if (!std::isfinite(seconds))
+        fail("a property list holds no date that is no number; remove it first");
       appendNumber(0x33, 1);
       appendNumber(std::bit_cast<std::uint64_t>(seconds), 8);
     } else if (const auto* data = value.asData()) {
@@ -189,6 +196,8 @@ private:
 
 }  // namespace
 
-Result<std::string> binaryPropertyList(const PreferenceDictionary& values) { return BinaryWriter().list(values); }
+Result<std::string> binaryPropertyList(const PreferenceDictionary& values) {
+  return BinaryWriter().list(values);
+}
 
 }  // namespace foundation

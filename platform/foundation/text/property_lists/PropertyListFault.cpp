@@ -34,13 +34,16 @@ std::string nameOf(const std::vector<std::string_view>& keys) {
 
 }  // namespace
 
-Error propertyListFault(std::string_view place, const std::vector<std::string_view>& keys, std::string_view problem) {
+Error propertyListFault(std::string_view place, const std::vector<std::string_view>& keys,
+                        std::string_view problem) {
   std::string message = "the property list is wrong in " + std::string(place);
   if (const std::string name = nameOf(keys); !name.empty()) message += ", under the key " + name;
   return {message + ": " + std::string(problem) + "; correct it, or choose another list"};
 }
 
-Error noDictionaryFault() { return {"the property list is no dictionary of keys and values; choose another"}; }
+Error noDictionaryFault() {
+  return {"the property list is no dictionary of keys and values; choose another"};
+}
 
 std::string_view depthProblem() {
   static const std::string text =

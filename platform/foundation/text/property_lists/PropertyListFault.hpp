@@ -7,9 +7,10 @@
 
 namespace foundation {
 
-// Why a list is refused, at a place such as "line 12" or "object 7". The keys lead from the top level to the
-// value; an empty one stands for an array, whose elements have no keys.
-Error propertyListFault(std::string_view place, const std::vector<std::string_view>& keys, std::string_view problem);
+// Why a list is refused, at a place such as "line 12" or "object 7". The keys lead from the top
+// level to the value; an empty one stands for an array, whose elements have no keys.
+Error propertyListFault(std::string_view place, const std::vector<std::string_view>& keys,
+                        std::string_view problem);
 
 // What both readers say of a list that is beyond a limit, or no dictionary.
 Error noDictionaryFault();

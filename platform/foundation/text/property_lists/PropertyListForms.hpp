@@ -9,7 +9,8 @@
 
 namespace foundation {
 
-// The two forms of a property list. `parsePropertyList` and `propertyListBytes` choose between them.
+// The two forms of a property list. `parsePropertyList` and `propertyListBytes` choose between
+// them.
 Result<QEVSettings::PreferenceDictionary> parseXMLPropertyList(std::string_view text);
 Result<QEVSettings::PreferenceDictionary> parseBinaryPropertyList(std::string_view bytes);
 Result<std::string> xmlPropertyList(const QEVSettings::PreferenceDictionary& values);

@@ -41,7 +41,8 @@ std::optional<Number> wholeNumber(std::string_view text, Form... form) {
 // So many digits off the front of the text.
 std::optional<unsigned> takeDigits(std::string_view& text, std::size_t count) {
   const std::string_view digits = text.substr(0, count);
-  if (digits.size() < count || digits.find_first_not_of("0123456789") != std::string_view::npos) return std::nullopt;
+  if (digits.size() < count || digits.find_first_not_of("0123456789") != std::string_view::npos)
+    return std::nullopt;
   text.remove_prefix(count);
   return wholeNumber<unsigned>(digits);
 }
@@ -82,12 +83,14 @@ std::optional<PreferenceValue::Date> dateOfText(std::string_view text) {
   double fraction = 0;
   if (!text.empty()) {
     const std::string_view digits = text.substr(1);
-    if (text[0] != '.' || digits.find_first_not_of("0123456789") != std::string_view::npos) return std::nullopt;
+    if (text[0] != '.' || digits.find_first_not_of("0123456789") != std::string_view::npos)
+      return std::nullopt;
     const auto read = wholeNumber<double>(text);
     if (!read) return std::nullopt;
     fraction = *read;
   }
-  const year_month_day day{year(static_cast<int>(parts[0])), month(parts[1]), std::chrono::day(parts[2])};
+  const year_month_day day{year(static_cast<int>(parts[0])), month(parts[1]),
+                           std::chrono::day(parts[2])};
   if (!day.ok() || parts[3] > 23 || parts[4] > 59 || parts[5] > 59) return std::nullopt;
   const auto whole = sys_days(day) + hours(parts[3]) + minutes(parts[4]) + seconds(parts[5]);
   return PreferenceValue::Date(whole) + PreferenceValue::Date::duration(fraction);
@@ -116,10 +119,10 @@ std::optional<std::string> textOfDate(PreferenceValue::Date date) {
   const year_month_day day(midnight);
   const hh_mm_ss time(second - midnight);
   std::array<char, 64> text{};
-  std::snprintf(text.data(), text.size(), "%04d-%02u-%02uT%02d:%02d:%02dZ", static_cast<int>(day.year()),
-                static_cast<unsigned>(day.month()), static_cast<unsigned>(day.day()),
-                static_cast<int>(time.hours().count()), static_cast<int>(time.minutes().count()),
-                static_cast<int>(time.seconds().count()));
+  std::snprintf(text.data(), text.size(), "%04d-%02u-%02uT%02d:%02d:%02dZ",
+                static_cast<int>(day.year()), static_cast<unsigned>(day.month()),
+                static_cast<unsigned>(day.day()), static_cast<int>(time.hours().count()),
+                static_cast<int>(time.minutes().count()), static_cast<int>(time.seconds().count()));
   return text.data();
 }
 

@@ -9,8 +9,8 @@
 
 namespace foundation {
 
-// The text between the tags of an XML property list, and what it stands for. Blanks around a value do not
-// count. Nothing for a text that is no such value, or that the type cannot hold.
+// The text between the tags of an XML property list, and what it stands for. Blanks around a value
+// do not count. Nothing for a text that is no such value, or that the type cannot hold.
 
 // Decimal or, after "0x", hexadecimal, with a sign or without.
 std::optional<std::int64_t> integerOfText(std::string_view text);

@@ -29,25 +29,28 @@ using Parser = std::unique_ptr<std::remove_pointer_t<XML_Parser>, ParserDeleter>
 enum class Element { list, dictionary, array, key, string, integer, real, date, data, yes, no };
 
 std::optional<Element> elementOfName(std::string_view name) {
-  constexpr std::array<std::pair<std::string_view, Element>, 11> elements{{{"plist", Element::list},
-                                                                           {"dict", Element::dictionary},
-                                                                           {"array", Element::array},
-                                                                           {"key", Element::key},
-                                                                           {"string", Element::string},
-                                                                           {"integer", Element::integer},
-                                                                           {"real", Element::real},
-                                                                           {"date", Element::date},
-                                                                           {"data", Element::data},
-                                                                           {"true", Element::yes},
-                                                                           {"false", Element::no}}};
-  const auto* const found =
-      std::find_if(elements.begin(), elements.end(), [&](const auto& element) { return element.first == name; });
+  constexpr std::array<std::pair<std::string_view, Element>, 11> elements{
+      {{"plist", Element::list},
+       {"dict", Element::dictionary},
+       {"array", Element::array},
+       {"key", Element::key},
+       {"string", Element::string},
+       {"integer", Element::integer},
+       {"real", Element::real},
+       {"date", Element::date},
+       {"data", Element::data},
+       {"true", Element::yes},
+       {"false", Element::no}}};
+  const auto* const found = std::find_if(
+      elements.begin(), elements.end(), [&](const auto& element) { return element.first == name; });
   return found != elements.end() ? std::optional(found->second) : std::nullopt;
 }
 
 // The value between the tags; nothing when the text is none of that type.
 std::optional<PreferenceValue> valueOfText(Element element, std::string& text) {
-  const auto made = [](auto value) { return value ? std::optional<PreferenceValue>(*std::move(value)) : std::nullopt; };
+  const auto made = [](auto value) {
+    return value ? std::optional<PreferenceValue>(*std::move(value)) : std::nullopt;
+  };
   switch (element) {
     case Element::string: return PreferenceValue(std::exchange(text, {}));
     case Element::integer: return made(integerOfText(text));
@@ -69,8 +72,8 @@ std::string_view problemOfText(Element element) {
   }
 }
 
-// Takes the list in as the parser reads it. What is open stands on a stack of its own, so depth costs no stack
-// of the process.
+// Takes the list in as the parser reads it. What is open stands on a stack of its own, so depth
+// costs no stack of the process.
 class Reader {
 public:
   explicit Reader(XML_Parser parser) : parser_(parser) {
@@ -110,7 +113,8 @@ private:
     try {
       work(reader);
     } catch (const std::bad_alloc&) {
-      reader.problem_ = Error{"there is too little memory for the property list; choose a smaller one"};
+      reader.problem_ =
+          Error{"there is too little memory for the property list; choose a smaller one"};
       XML_StopParser(reader.parser_, XML_FALSE);
     }
   }
@@ -123,7 +127,8 @@ private:
   static void onText(void* self, const XML_Char* text, int length) {
     guarded(self, [&](Reader& reader) { reader.text({text, static_cast<std::size_t>(length)}); });
   }
-  static void onDoctype(void* self, const XML_Char*, const XML_Char*, const XML_Char*, int hasDeclarations) {
+  static void onDoctype(void* self, const XML_Char*, const XML_Char*, const XML_Char*,
+                        int hasDeclarations) {
     guarded(self, [&](Reader& reader) {
       if (hasDeclarations != 0) reader.stop("declarations of its own are not accepted");
     });
@@ -135,8 +140,10 @@ private:
 
   Error fault(std::string_view problem) const {
     std::vector<std::string_view> keys;
-    for (const Container& container : open_) keys.emplace_back(container.key ? *container.key : std::string_view());
-    return propertyListFault("line " + std::to_string(XML_GetCurrentLineNumber(parser_)), keys, problem);
+    for (const Container& container : open_)
+      keys.emplace_back(container.key ? *container.key : std::string_view());
+    return propertyListFault("line " + std::to_string(XML_GetCurrentLineNumber(parser_)), keys,
+                             problem);
   }
 
   void stop(std::string_view problem) {
@@ -154,7 +161,8 @@ private:
       if (isInList_ || root_ || !open_.empty()) stop("a list begins within the list");
       isInList_ = true;
     } else if (element == Element::key) {
-      if (open_.empty() || !open_.back().isDictionary) return stop("a key stands outside a dictionary");
+      if (open_.empty() || !open_.back().isDictionary)
+        return stop("a key stands outside a dictionary");
       if (open_.back().key) return stop("this key has no value");
       leaf_ = element;
     } else {
@@ -164,7 +172,8 @@ private:
 
   void startValue(Element element) {
     if (open_.empty() && root_) return stop("there is more than one list");
-    if (!open_.empty() && open_.back().isDictionary && !open_.back().key) return stop("a value has no key");
+    if (!open_.empty() && open_.back().isDictionary && !open_.back().key)
+      return stop("a value has no key");
     // The list itself is no level.
     if (open_.size() > kMaximumPropertyListDepth + 1) return stop(depthProblem());
     if (!open_.empty() && ++count_ > kMaximumPropertyListValues) return stop(countProblem());
@@ -199,7 +208,8 @@ private:
       if (open_.back().key) return stop("this key has no value");
       Container ended = std::move(open_.back());
       open_.pop_back();
-      add(ended.isDictionary ? PreferenceValue(std::move(ended.entries)) : PreferenceValue(std::move(ended.elements)));
+      add(ended.isDictionary ? PreferenceValue(std::move(ended.entries))
+                             : PreferenceValue(std::move(ended.elements)));
     }
   }
 
@@ -208,7 +218,8 @@ private:
     if (open_.empty()) {
       root_ = std::move(value);
     } else if (Container& container = open_.back(); container.isDictionary) {
-      container.entries.insert_or_assign(*std::exchange(container.key, std::nullopt), std::move(value));
+      container.entries.insert_or_assign(*std::exchange(container.key, std::nullopt),
+                                         std::move(value));
     } else {
       container.elements.push_back(std::move(value));
     }
@@ -218,7 +229,8 @@ private:
   bool hasElements_ = false;
   bool isInList_ = false;
   std::vector<Container> open_;
-  std::optional<Element> leaf_;  // the value without others in it, or the key, whose text is being read
+  std::optional<Element>
+      leaf_;  // the value without others in it, or the key, whose text is being read
   std::string text_;
   std::size_t count_ = 0;
   std::optional<PreferenceValue> root_;
@@ -229,7 +241,8 @@ private:
 
 Result<PreferenceDictionary> parseXMLPropertyList(std::string_view text) {
   const Parser parser(XML_ParserCreate(nullptr));
-  if (parser == nullptr) return Error{"there is too little memory for the property list; choose a smaller one"};
+  if (parser == nullptr)
+    return Error{"there is too little memory for the property list; choose a smaller one"};
   return Reader(parser.get()).read(text);
 }
 

@@ -19,7 +19,8 @@ bool hasCharacterOutsideXML(std::string_view text) {
   for (const char c : text) {
     if (c >= 0 && c < ' ' && c != '\t' && c != '\n' && c != '\r') return true;
   }
-  return text.find("\uFFFE") != std::string_view::npos || text.find("\uFFFF") != std::string_view::npos;
+  return text.find("\uFFFE") != std::string_view::npos ||
+         text.find("\uFFFF") != std::string_view::npos;
 }
 
 class XMLWriter {
@@ -39,13 +40,16 @@ private:
   void beginLine(int depth) { text_.append(static_cast<std::size_t>(depth), '\t'); }
 
   void appendElement(std::string_view name, std::string_view contents) {
-    text_.append("<").append(name).append(">").append(contents).append("</").append(name).append(">\n");
+    text_.append("<").append(name).append(">").append(contents).append("</").append(name).append(
+        ">\n");
   }
 
   void appendText(std::string_view name, std::string_view text) {
-    if (!isValidUtf8(text)) return fail("a property list holds no text that is not UTF-8; remove it first");
+    if (!isValidUtf8(text))
+      return fail("a property list holds no text that is not UTF-8; remove it first");
     if (hasCharacterOutsideXML(text)) {
-      return fail("an XML property list holds no text with control characters; choose the binary format");
+      return fail(
+          "an XML property list holds no text with control characters; choose the binary format");
     }
     std::string escaped;
     for (const char c : text) {
@@ -92,14 +96,20 @@ private:
 
   void append(const PreferenceValue& value, int depth) {
     switch (value.type()) {
-      case PreferenceValue::Type::integer: return appendElement("integer", std::to_string(*value.asInteger()));
-      case PreferenceValue::Type::boolean: text_ += *value.asBoolean() ? "<true/>\n" : "<false/>\n"; return;
+      case PreferenceValue::Type::integer:
+        return appendElement("integer", std::to_string(*value.asInteger()));
+      case PreferenceValue::Type::boolean:
+        text_ += *value.asBoolean() ? "<true/>\n" : "<false/>\n";
+        return;
       case PreferenceValue::Type::real: return appendElement("real", textOfReal(*value.asReal()));
       case PreferenceValue::Type::string: return appendText("string", *value.asString());
-      case PreferenceValue::Type::data: return appendElement("data", base64Encoded(*value.asData()));
+      case PreferenceValue::Type::data:
+        return appendElement("data", base64Encoded(*value.asData()));
       case PreferenceValue::Type::date: {
         const auto text = textOfDate(*value.asDate());
-        if (!text) return fail("an XML property list holds no date outside the years 0 to 9999; remove it first");
+        if (!text)
+          return fail(
+              "an XML property list holds no date outside the years 0 to 9999; remove it first");
         return appendElement("date", *text);
       }
       case PreferenceValue::Type::array: return append(*value.asArray(), depth);
@@ -113,6 +123,8 @@ private:
 
 }  // namespace
 
-Result<std::string> xmlPropertyList(const PreferenceDictionary& values) { return XMLWriter().list(values); }
+Result<std::string> xmlPropertyList(const PreferenceDictionary& values) {
+  return XMLWriter().list(values);
+}
 
 }  // namespace foundation

@@ -12,8 +12,8 @@ namespace headless {
 std::string textDescription(const viewkit::NodeDescription& node);
 
 // The same for a program: an object with the members "kind", "role", "label", "value", "help",
-// "enabled", "frame" (an object of "x", "y", "width" and "height", in points, relative to the window)
-// and "children" (an array of such objects).
+// "enabled", "frame" (an object of "x", "y", "width" and "height", in points, relative to the
+// window) and "children" (an array of such objects).
 std::string jsonDescription(const viewkit::NodeDescription& node);
 
 }  // namespace headless

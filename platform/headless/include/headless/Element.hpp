@@ -12,8 +12,8 @@ namespace headless {
 
 class Window;
 
-// Something was asked of an element that is not in the window. The message says what was looked for,
-// and what there is instead.
+// Something was asked of an element that is not in the window. The message says what was looked
+// for, and what there is instead.
 class NoSuchElement : public std::runtime_error {
 public:
   using std::runtime_error::runtime_error;
@@ -22,9 +22,9 @@ public:
 // One thing in a window, as assistive technology knows it: a handle by value, valid as long as its
 // window lives, that always tells what the thing is at this moment.
 //
-// A search that finds nothing, or several where one was meant, gives an element that does not exist;
-// so is one whose view has gone. Asking such an element for anything but `exists`, `problem` and `id`
-// throws NoSuchElement, which a test need not catch.
+// A search that finds nothing, or several where one was meant, gives an element that does not
+// exist; so is one whose view has gone. Asking such an element for anything but `exists`, `problem`
+// and `id` throws NoSuchElement, which a test need not catch.
 class Element {
 public:
   bool exists() const { return problem().empty(); }
@@ -43,7 +43,8 @@ public:
   // In window coordinates, points.
   viewkit::Rect frame() const;
 
-  // All that a back end would show: colours, fonts, symbols, the control. Changes with the next update.
+  // All that a back end would show: colours, fonts, symbols, the control. Changes with the next
+  // update.
   const viewkit::PresentationNode& content() const;
   viewkit::NodeId id() const { return id_; }
 
@@ -53,13 +54,16 @@ public:
   std::vector<Element> findAll(viewkit::Role role) const;
   Element findText(std::string_view text) const;
 
-  friend bool operator==(const Element& a, const Element& b) { return a.window_ == b.window_ && a.id_ == b.id_; }
+  friend bool operator==(const Element& a, const Element& b) {
+    return a.window_ == b.window_ && a.id_ == b.id_;
+  }
 
 private:
   friend class Finder;
   friend class Window;
   Element(const Window& window, const viewkit::PresentationNode& node);
-  Element(const Window& window, std::string problem) : window_(&window), text_(std::move(problem)) {}
+  Element(const Window& window, std::string problem)
+      : window_(&window), text_(std::move(problem)) {}
 
   const Window* window_;
   viewkit::NodeId id_ = 0;

@@ -44,7 +44,8 @@ struct WindowOptions {
   std::optional<viewkit::Size> size = std::nullopt;
   // Opens as the application's key window.
   bool isKey = true;
-  // Animations stand still until `advance`; otherwise each of them ends in the update that began it.
+  // Animations stand still until `advance`; otherwise each of them ends in the update that began
+  // it.
   bool stepsAnimations = false;
 };
 
@@ -67,8 +68,8 @@ public:
   // Closes the window.
   ~Window() override;
 
-  // Ends the editing of text, which commits it, and takes every view away. The window stays closed: it
-  // shows nothing, and keys do nothing in it.
+  // Ends the editing of text, which commits it, and takes every view away. The window stays closed:
+  // it shows nothing, and keys do nothing in it.
   void close();
   bool isOpen() const { return isOpen_; }
   // The texts that stood refused in their fields when the window was closed.
@@ -88,9 +89,10 @@ public:
   // What shows exactly this text, as it is shown.
   Element findText(std::string_view text) const;
 
-  // A click in the middle of the element, which is scrolled into sight first; whether anything took it.
-  // A button acts, a toggle turns, a text field begins to be edited with the caret at its end, whatever
-  // is no control gives the click to the view under it. Menus, choosers and tabs: see `choose`.
+  // A click in the middle of the element, which is scrolled into sight first; whether anything took
+  // it. A button acts, a toggle turns, a text field begins to be edited with the caret at its end,
+  // whatever is no control gives the click to the view under it. Menus, choosers and tabs: see
+  // `choose`.
   //
   // A click moves the keyboard to the control that it hits, and closes a popover that it misses.
   bool click(const Element& element);
@@ -102,9 +104,9 @@ public:
   // Throws NoSuchElement with the titles that there are when this one is not among them. Returns
   // whether the element was enabled, as do the other two.
   bool choose(const Element& menuOrTabs, std::string_view title);
-  // Opens the menu behind the element and leaves it open: Up and Down go through its items, Return and
-  // Space pick the current one, Escape, a click and the end of the control close it. No other key does
-  // anything meanwhile. Whether it is open.
+  // Opens the menu behind the element and leaves it open: Up and Down go through its items, Return
+  // and Space pick the current one, Escape, a click and the end of the control close it. No other
+  // key does anything meanwhile. Whether it is open.
   bool openMenu(const Element& menu);
   bool isMenuOpen() const { return menu_.has_value(); }
   // Settles on a colour, or a font, in the chooser that the element opens.
@@ -113,8 +115,8 @@ public:
   // From the only tab bar in the window.
   void selectTab(std::string_view title);
 
-  // The pointer comes to rest in the middle of the element, scrolled into sight first; it stays there
-  // until it moves elsewhere or leaves the window.
+  // The pointer comes to rest in the middle of the element, scrolled into sight first; it stays
+  // there until it moves elsewhere or leaves the window.
   void hover(const Element& element);
   void movePointer(viewkit::Point point);
   void pointerLeft();
@@ -123,8 +125,8 @@ public:
   void scroll(const Element& element, double dy);
 
   // Keys go to the application's monitors, then to the window (see viewkit::routeKey), then to the
-  // control that has the keyboard. Nothing comes of them unless this is the key window. Each character
-  // is a key press of its own.
+  // control that has the keyboard. Nothing comes of them unless this is the key window. Each
+  // character is a key press of its own.
   void type(std::string_view text);
   // Enter commits a text and presses a button; space presses; tab and shift-tab go from one enabled
   // control to the next, in the order of the tree and round at its end.
@@ -138,14 +140,14 @@ public:
   void resignKey();
 
   appkit::Responder* firstResponder() const override;
-  // Agrees to the responder that it already has, and to none: a text that is being edited is committed
-  // if it changed. It agrees to no other.
+  // Agrees to the responder that it already has, and to none: a text that is being edited is
+  // committed if it changed. It agrees to no other.
   bool makeFirstResponder(appkit::Responder* responder) override;
   // The control that has the keyboard, if one has.
   std::optional<Element> focused() const;
 
-  // Brings everything up to date, as the other calls do by themselves: for changes that were made to a
-  // model or to the store.
+  // Brings everything up to date, as the other calls do by themselves: for changes that were made
+  // to a model or to the store.
   void settle();
   // Lets this much time pass for animations that are stepped.
   void advance(std::chrono::duration<double> elapsed);

@@ -25,8 +25,9 @@ void drawCheckerboard(QPainter& painter, const QRectF& area) {
   painter.fillRect(area, Qt::white);
   for (int row = 0; row * kSquare < area.height(); ++row) {
     for (int column = row % 2; column * kSquare < area.width(); column += 2) {
-      painter.fillRect(QRectF(area.left() + column * kSquare, area.top() + row * kSquare, kSquare, kSquare),
-                       QColor(190, 190, 190));
+      painter.fillRect(
+          QRectF(area.left() + column * kSquare, area.top() + row * kSquare, kSquare, kSquare),
+          QColor(190, 190, 190));
     }
   }
 }
@@ -61,7 +62,10 @@ protected:
 };
 
 appkit::RGBA rgbaOf(const QColor& color) {
-  return {.red = color.redF(), .green = color.greenF(), .blue = color.blueF(), .opacity = color.alphaF()};
+  return {.red = color.redF(),
+          .green = color.greenF(),
+          .blue = color.blueF(),
+          .opacity = color.alphaF()};
 }
 
 }  // namespace
@@ -89,10 +93,11 @@ void ColorWell::open(const viewkit::ColorWellControl& well) {
     settleOn([this, color] { call(&viewkit::ColorWellControl::choose, color); });
   };
   const auto hasChosen = std::make_shared<bool>(false);
-  connect(dialog_, &QColorDialog::currentColorChanged, this, [choose, hasChosen](const QColor& color) {
-    *hasChosen = true;
-    choose(rgbaOf(color));
-  });
+  connect(dialog_, &QColorDialog::currentColorChanged, this,
+          [choose, hasChosen](const QColor& color) {
+            *hasChosen = true;
+            choose(rgbaOf(color));
+          });
   connect(dialog_, &QDialog::rejected, this, [choose, hasChosen, before = well.color] {
     if (*hasChosen) choose(before);
   });
@@ -125,7 +130,8 @@ void ColorWell::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(QColor(128, 128, 128, 110));
   painter.setBrush(Qt::NoBrush);
   painter.drawRoundedRect(swatch.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
-  if (Style::showsFocus(*this)) Style::drawFocusRing(painter, frame, Style::kCornerRadius, palette());
+  if (Style::showsFocus(*this))
+    Style::drawFocusRing(painter, frame, Style::kCornerRadius, palette());
 }
 
 }  // namespace qt

@@ -46,7 +46,9 @@ void hideEffects(const QFontDialog& dialog) {
 QSizeF FontPicker::sizeFor(const viewkit::FontPickerControl& picker) {
   qreal width = 2 * kMargin + kSampleWidth + kGap + Style::kIndicatorSize;
   if (!picker.title.empty()) {
-    width += std::ceil(QFontMetricsF(QApplication::font()).horizontalAdvance(qt::text(picker.title))) + kGap;
+    width +=
+        std::ceil(QFontMetricsF(QApplication::font()).horizontalAdvance(qt::text(picker.title))) +
+        kGap;
   }
   return {width, Style::controlHeight()};
 }
@@ -77,8 +79,9 @@ void FontPicker::makeDialog() {
   dialog_->setOption(QFontDialog::DontUseNativeDialog);
   dialog_->setOption(QFontDialog::NoButtons);
   hideEffects(*dialog_);
-  connect(dialog_, &QFontDialog::currentFontChanged, this,
-          [this](const QFont& font) { settleOn([this, picked = fontFrom(font)] { choose(picked); }); });
+  connect(dialog_, &QFontDialog::currentFontChanged, this, [this](const QFont& font) {
+    settleOn([this, picked = fontFrom(font)] { choose(picked); });
+  });
 }
 
 void FontPicker::showInDialog(const appkit::Font& font) {
@@ -108,11 +111,13 @@ void FontPicker::paintEvent(QPaintEvent* /*event*/) {
   Style::drawIndicator(painter, frame.adjusted(kMargin, 0, -kMargin, 0), rightToLeft, palette());
 
   const qreal trailing = kMargin + Style::kIndicatorSize + kGap;
-  QRectF content = rightToLeft ? frame.adjusted(trailing, 0, -kMargin, 0) : frame.adjusted(kMargin, 0, -trailing, 0);
+  QRectF content = rightToLeft ? frame.adjusted(trailing, 0, -kMargin, 0)
+                               : frame.adjusted(kMargin, 0, -trailing, 0);
   painter.setPen(palette().color(QPalette::ButtonText));
   if (!picker->title.empty()) {
     const int leading = rightToLeft ? Qt::AlignRight : Qt::AlignLeft;
-    painter.drawText(content, leading | Qt::AlignVCenter | Qt::TextSingleLine, qt::text(picker->title));
+    painter.drawText(content, leading | Qt::AlignVCenter | Qt::TextSingleLine,
+                     qt::text(picker->title));
     const qreal taken = content.width() - kSampleWidth;
     content = rightToLeft ? content.adjusted(0, 0, -taken, 0) : content.adjusted(taken, 0, 0, 0);
   }
@@ -120,7 +125,8 @@ void FontPicker::paintEvent(QPaintEvent* /*event*/) {
   font.setPointSizeF(this->font().pointSizeF());
   painter.setFont(font);
   painter.drawText(content, Qt::AlignCenter | Qt::TextSingleLine | Qt::TextDontClip, sample());
-  if (Style::showsFocus(*this)) Style::drawFocusRing(painter, frame, Style::kCornerRadius, palette());
+  if (Style::showsFocus(*this))
+    Style::drawFocusRing(painter, frame, Style::kCornerRadius, palette());
 }
 
 }  // namespace qt

@@ -12,8 +12,8 @@ public:
   static QSizeF sizeFor(const viewkit::MenuControl& menu);
 
   bool shows(const viewkit::PresentationNode& node) const override {
-    return MenuOpener::shows(node) &&
-           std::get<viewkit::MenuControl>(*node.control()).kind == viewkit::MenuControl::Kind::popUpButton;
+    return MenuOpener::shows(node) && std::get<viewkit::MenuControl>(*node.control()).kind ==
+                                          viewkit::MenuControl::Kind::popUpButton;
   }
 
 protected:

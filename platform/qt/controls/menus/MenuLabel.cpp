@@ -8,12 +8,15 @@
 
 namespace qt {
 
-std::string MenuLabel::currentTitle(const viewkit::MenuControl& /*menu*/) const { return node()->accessibility.value; }
+std::string MenuLabel::currentTitle(const viewkit::MenuControl& /*menu*/) const {
+  return node()->accessibility.value;
+}
 
 void MenuLabel::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   mirror().paint(painter, *this, event->rect(), Style::contentOpacity(styleOption()));
-  if (Style::showsFocus(*this)) Style::drawFocusRing(painter, rect(), Style::kCornerRadius, palette());
+  if (Style::showsFocus(*this))
+    Style::drawFocusRing(painter, rect(), Style::kCornerRadius, palette());
 }
 
 }  // namespace qt

@@ -11,8 +11,8 @@ public:
 
   bool holdsChildren() const override { return true; }
   bool shows(const viewkit::PresentationNode& node) const override {
-    return MenuOpener::shows(node) &&
-           std::get<viewkit::MenuControl>(*node.control()).kind == viewkit::MenuControl::Kind::label;
+    return MenuOpener::shows(node) && std::get<viewkit::MenuControl>(*node.control()).kind ==
+                                          viewkit::MenuControl::Kind::label;
   }
 
 protected:

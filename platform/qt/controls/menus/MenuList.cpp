@@ -19,8 +19,8 @@ namespace qt {
 
 namespace {
 
-// Finds the widest of many texts: setting letters in type takes so long that it is done for those only that come
-// near.
+// Finds the widest of many texts: setting letters in type takes so long that it is done for those
+// only that come near.
 class TextWidths {
 public:
   explicit TextWidths(const QFont& font) : metrics_(font) {}
@@ -40,7 +40,8 @@ private:
   std::optional<double> sumOfLetters(const QString& text) {
     double sum = 0;
     for (const QChar each : text) {
-      if (each.script() != QChar::Script_Latin && each.script() != QChar::Script_Common) return std::nullopt;
+      if (each.script() != QChar::Script_Latin && each.script() != QChar::Script_Common)
+        return std::nullopt;
       const auto [letter, isNew] = letters_.try_emplace(each.unicode());
       if (isNew) letter->second = metrics_.horizontalAdvance(each);
       sum += letter->second;
@@ -57,7 +58,8 @@ constexpr int kVerticalPadding = 4;
 
 class Model : public QAbstractListModel {
 public:
-  Model(const std::vector<viewkit::MenuItem>& items, QObject* parent) : QAbstractListModel(parent), items_(items) {}
+  Model(const std::vector<viewkit::MenuItem>& items, QObject* parent)
+      : QAbstractListModel(parent), items_(items) {}
 
   int rowCount(const QModelIndex& parent) const override {
     return parent.isValid() ? 0 : static_cast<int>(items_.size());
@@ -83,7 +85,8 @@ public:
     return {item.fontMetrics.horizontalAdvance(item.text) + 2 * kHorizontalPadding,
             item.fontMetrics.height() + 2 * kVerticalPadding};
   }
-  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
     QStyleOptionViewItem item = option;
     initStyleOption(&item, index);
     const bool isCurrent = item.state & QStyle::State_Selected;
@@ -92,7 +95,8 @@ public:
       const QColor fill = item.palette.color(QPalette::Active, QPalette::Highlight);
       drawRoundedRect(*painter, item.rect, {.radius = Style::kCornerRadius - 2, .fill = fill});
     }
-    painter->setPen(item.palette.color(QPalette::Active, isCurrent ? QPalette::HighlightedText : QPalette::Text));
+    painter->setPen(item.palette.color(QPalette::Active,
+                                       isCurrent ? QPalette::HighlightedText : QPalette::Text));
     painter->setFont(item.font);
     const QRect area = item.rect.adjusted(kHorizontalPadding, 0, -kHorizontalPadding, 0);
     const int leading = item.direction == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
@@ -103,7 +107,8 @@ public:
 };
 
 bool haveOneFont(const std::vector<viewkit::MenuItem>& items) {
-  return std::ranges::all_of(items, [&](const viewkit::MenuItem& item) { return item.font == items.front().font; });
+  return std::ranges::all_of(
+      items, [&](const viewkit::MenuItem& item) { return item.font == items.front().font; });
 }
 
 bool hasWordThatBegins(const QString& title, const QString& typed) {
@@ -160,17 +165,22 @@ int MenuList::contentWidth() const {
   return static_cast<int>(std::ceil(width)) + 2 * kHorizontalPadding;
 }
 
-int MenuList::contentHeight() const { return rowRect(static_cast<int>(items_.size()) - 1).bottom() + 1; }
+int MenuList::contentHeight() const {
+  return rowRect(static_cast<int>(items_.size()) - 1).bottom() + 1;
+}
 
 void MenuList::keyboardSearch(const QString& typed) {
-  if (!sinceTyped_.isValid() || sinceTyped_.hasExpired(qint64{3} * QApplication::keyboardInputInterval()))
+  if (!sinceTyped_.isValid() ||
+      sinceTyped_.hasExpired(qint64{3} * QApplication::keyboardInputInterval()))
     typed_.clear();
   sinceTyped_.restart();
   typed_ += typed;
   const auto begins = [this](const viewkit::MenuItem& item) {
     return text(item.title).startsWith(typed_, Qt::CaseInsensitive);
   };
-  const auto hasWord = [this](const viewkit::MenuItem& item) { return hasWordThatBegins(text(item.title), typed_); };
+  const auto hasWord = [this](const viewkit::MenuItem& item) {
+    return hasWordThatBegins(text(item.title), typed_);
+  };
   auto found = std::ranges::find_if(items_, begins);
   if (found == items_.end()) found = std::ranges::find_if(items_, hasWord);
   if (found == items_.end()) return;

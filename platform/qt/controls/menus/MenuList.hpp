@@ -11,8 +11,8 @@
 
 namespace qt {
 
-// The items of an open menu. What lies under the pointer is the current one; typing jumps to the item
-// that begins so, else to one with a word that does.
+// The items of an open menu. What lies under the pointer is the current one; typing jumps to the
+// item that begins so, else to one with a word that does.
 class MenuList : public QListView {
 public:
   // The items outlive the list.
@@ -52,7 +52,8 @@ private:
   std::function<void(int)> picked_;
   QString typed_;
   QElapsedTimer sinceTyped_;
-  // The release of the press that opened the menu picks nothing, unless the pointer moved meanwhile.
+  // The release of the press that opened the menu picks nothing, unless the pointer moved
+  // meanwhile.
   QPoint openedAt_;
   bool armed_ = false;
 };

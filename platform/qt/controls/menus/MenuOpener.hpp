@@ -9,7 +9,8 @@
 
 namespace qt {
 
-// What opens a menu, by a press of the mouse or the keys that do so everywhere (see viewkit::opensMenu).
+// What opens a menu, by a press of the mouse or the keys that do so everywhere (see
+// viewkit::opensMenu).
 class MenuOpener : public ButtonWidget {
 public:
   using ButtonWidget::ButtonWidget;

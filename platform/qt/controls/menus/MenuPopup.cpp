@@ -26,7 +26,8 @@ constexpr double kMaxShare = 0.7;
 
 }  // namespace
 
-MenuPopup::MenuPopup(std::vector<viewkit::MenuItem> items, const std::string& current, QWidget& opener)
+MenuPopup::MenuPopup(std::vector<viewkit::MenuItem> items, const std::string& current,
+                     QWidget& opener)
     : QFrame(opener.window(), Qt::Popup | Qt::FramelessWindowHint),
       items_(std::move(items)),
       opener_(&opener),
@@ -56,13 +57,14 @@ void MenuPopup::openOver() {
   const int limit = static_cast<int>(screen.height() * kMaxShare);
   const int height = std::min(naturalHeight(), limit);
   // The whole menu where it fits, else as much of it on both sides.
-  const int wanted =
-      naturalHeight() <= limit ? button.center().y() - kPadding - item.center().y() : button.center().y() - height / 2;
-  const int top = std::clamp(wanted, screen.top(), std::max(screen.top(), screen.bottom() - height));
+  const int wanted = naturalHeight() <= limit ? button.center().y() - kPadding - item.center().y()
+                                              : button.center().y() - height / 2;
+  const int top =
+      std::clamp(wanted, screen.top(), std::max(screen.top(), screen.bottom() - height));
   // Over the button, and in sight as a whole where the button lies at the edge of the screen.
   const int half = (item.height() + 1) / 2;
-  const int inList =
-      std::clamp(button.center().y() - top - kPadding, half, std::max(half, height - 2 * kPadding - half));
+  const int inList = std::clamp(button.center().y() - top - kPadding, half,
+                                std::max(half, height - 2 * kPadding - half));
   open(top, height, item.center().y() - inList);
 }
 
@@ -72,7 +74,8 @@ void MenuPopup::openUnder() {
   const int below = screen.bottom() - button.bottom() - kGap;
   const int above = button.top() - screen.top() - kGap;
   const bool goesUp = naturalHeight() > below && above > below;
-  const int height = std::min({naturalHeight(), goesUp ? above : below, static_cast<int>(screen.height() * kMaxShare)});
+  const int height = std::min(
+      {naturalHeight(), goesUp ? above : below, static_cast<int>(screen.height() * kMaxShare)});
   const int row = list_->currentRow();
   const int scrolledBy = row < 0 ? 0 : list_->rowRect(row).center().y() - height / 2;
   open(goesUp ? button.top() - kGap - height : button.bottom() + 1 + kGap, height, scrolledBy);
@@ -82,10 +85,12 @@ void MenuPopup::open(int top, int height, int scrolledBy) {
   const QRect button = openerOnScreen();
   const QRect screen = available();
   const int bar = height < naturalHeight() ? list_->verticalScrollBar()->sizeHint().width() : 0;
-  const int width =
-      std::clamp(list_->contentWidth() + 2 * kPadding + bar, button.width(), std::max(button.width(), kMaxWidth));
-  const int wanted = layoutDirection() == Qt::RightToLeft ? button.right() + 1 - width : button.left();
-  const int left = std::clamp(wanted, screen.left(), std::max(screen.left(), screen.right() - width));
+  const int width = std::clamp(list_->contentWidth() + 2 * kPadding + bar, button.width(),
+                               std::max(button.width(), kMaxWidth));
+  const int wanted =
+      layoutDirection() == Qt::RightToLeft ? button.right() + 1 - width : button.left();
+  const int left =
+      std::clamp(wanted, screen.left(), std::max(screen.left(), screen.right() - width));
   setGeometry(left, top, width, height);
   show();
   list_->setFocus();
@@ -108,10 +113,13 @@ void MenuPopup::tell(QAccessible::Event what) {
 
 int MenuPopup::naturalHeight() const { return list_->contentHeight() + 2 * kPadding; }
 
-QRect MenuPopup::openerOnScreen() const { return {opener_->mapToGlobal(QPoint()), opener_->size()}; }
+QRect MenuPopup::openerOnScreen() const {
+  return {opener_->mapToGlobal(QPoint()), opener_->size()};
+}
 
 QRect MenuPopup::available() const {
-  return opener_->screen()->availableGeometry().adjusted(kScreenMargin, kScreenMargin, -kScreenMargin, -kScreenMargin);
+  return opener_->screen()->availableGeometry().adjusted(kScreenMargin, kScreenMargin,
+                                                         -kScreenMargin, -kScreenMargin);
 }
 
 void MenuPopup::pick(int row) {

@@ -13,8 +13,8 @@ namespace qt {
 
 class MenuList;
 
-// An open menu: a list in a surface of its own, made for a handful of items as for a thousand. It is
-// there until the person picks an item or goes elsewhere.
+// An open menu: a list in a surface of its own, made for a handful of items as for a thousand. It
+// is there until the person picks an item or goes elsewhere.
 class MenuPopup : public QFrame {
 public:
   // `current` is the title of the item that is chosen now.

@@ -33,7 +33,8 @@ public:
     return QObject::qt_metacast(name);
   }
 
-  QSizeF intrinsicSize(QTextDocument* document, int /*position*/, const QTextFormat& /*format*/) override {
+  QSizeF intrinsicSize(QTextDocument* document, int /*position*/,
+                       const QTextFormat& /*format*/) override {
     const QFontMetricsF metrics(document->defaultFont());
     return {2 * metrics.horizontalAdvance(kEllipsis), metrics.ascent()};
   }
@@ -43,7 +44,8 @@ public:
     painter->save();
     painter->setFont(document->defaultFont());
     painter->setOpacity(painter->opacity() / 2);
-    painter->drawText(rect, Qt::AlignHCenter | Qt::AlignBottom | Qt::TextDontClip, QString(kEllipsis));
+    painter->drawText(rect, Qt::AlignHCenter | Qt::AlignBottom | Qt::TextDontClip,
+                      QString(kEllipsis));
     painter->restore();
   }
 };
@@ -53,7 +55,8 @@ bool isRest(const QTextFragment& fragment) { return fragment.charFormat().object
 // The whole text from `start` to `end` in the document.
 QString textBetween(const QTextDocument& document, int start, int end) {
   QString result;
-  for (QTextBlock block = document.findBlock(start); block.isValid() && block.position() < end; block = block.next()) {
+  for (QTextBlock block = document.findBlock(start); block.isValid() && block.position() < end;
+       block = block.next()) {
     if (block.position() > start) result += '\n';
     for (auto each = block.begin(); !each.atEnd(); ++each) {
       const QTextFragment fragment = each.fragment();
@@ -72,7 +75,9 @@ QString textBetween(const QTextDocument& document, int start, int end) {
 
 }  // namespace
 
-void prepare(QTextDocument& document) { document.documentLayout()->registerHandler(kRest, new RestDrawing(&document)); }
+void prepare(QTextDocument& document) {
+  document.documentLayout()->registerHandler(kRest, new RestDrawing(&document));
+}
 
 void insert(QTextCursor& cursor, const QString& text) {
   cursor.beginEditBlock();
@@ -93,7 +98,9 @@ QString selected(const QTextCursor& selection) {
   return textBetween(*selection.document(), selection.selectionStart(), selection.selectionEnd());
 }
 
-QString whole(const QTextDocument& document) { return textBetween(document, 0, document.characterCount() - 1); }
+QString whole(const QTextDocument& document) {
+  return textBetween(document, 0, document.characterCount() - 1);
+}
 
 void shorten(QTextEdit& edit) {
   const int length = edit.document()->characterCount() - 1;

@@ -6,10 +6,10 @@ class QTextCursor;
 class QTextDocument;
 class QTextEdit;
 
-// A wrapped paragraph takes Qt time that grows with the square of its length, and a person may paste a
-// million characters. Of a long text a document therefore holds the two ends, and between them one
-// character that stands for all the rest: it is drawn as an ellipsis, selected, removed and brought back
-// like any other, and what is read from the document is whole.
+// A wrapped paragraph takes Qt time that grows with the square of its length, and a person may
+// paste a million characters. Of a long text a document therefore holds the two ends, and between
+// them one character that stands for all the rest: it is drawn as an ellipsis, selected, removed
+// and brought back like any other, and what is read from the document is whole.
 namespace qt::LongText {
 
 // Longer texts are shortened.
@@ -25,8 +25,8 @@ void insert(QTextCursor& cursor, const QString& text);
 QString selected(const QTextCursor& selection);
 QString whole(const QTextDocument& document);
 
-// Shortens what has grown too long, on the longer side of the caret; one undo takes that back together
-// with the change before it.
+// Shortens what has grown too long, on the longer side of the caret; one undo takes that back
+// together with the change before it.
 void shorten(QTextEdit& edit);
 
 }  // namespace qt::LongText

@@ -14,7 +14,8 @@
 
 namespace qt {
 
-SelectableText::SelectableText(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent)
+SelectableText::SelectableText(Mirror& mirror, const viewkit::PresentationNode& node,
+                               QWidget& parent)
     : QTextEdit(&parent), ControlWidget(mirror, node) {
   setReadOnly(true);
   setUndoRedoEnabled(false);
@@ -80,7 +81,8 @@ void SelectableText::keyPressEvent(QKeyEvent* event) {
 
 void SelectableText::focusOutEvent(QFocusEvent* event) {
   QTextEdit::focusOutEvent(event);
-  if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason) return;
+  if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
+    return;
   QTextCursor cursor = textCursor();
   cursor.clearSelection();
   setTextCursor(cursor);

@@ -32,7 +32,8 @@ int lineCount(const QString& text, double width, int limit) {
   options.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   layout.setTextOption(options);
   layout.beginLayout();
-  for (QTextLine line = layout.createLine(); line.isValid() && lines < limit; line = layout.createLine()) {
+  for (QTextLine line = layout.createLine(); line.isValid() && lines < limit;
+       line = layout.createLine()) {
     line.setLineWidth(width);
     ++lines;
   }
@@ -55,8 +56,9 @@ TextField::TextField(Mirror& mirror, const viewkit::PresentationNode& node, QWid
   QTextOption options;
   options.setWrapMode(limit > 1 ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
   // At the leading edge, whatever the direction of what is typed.
-  options.setAlignment((parent.layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft) |
-                       Qt::AlignAbsolute);
+  options.setAlignment(
+      (parent.layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft) |
+      Qt::AlignAbsolute);
   setWordWrapMode(options.wrapMode());
   document()->setDefaultTextOption(options);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -95,10 +97,13 @@ void TextField::startAnew() {
   verticalScrollBar()->setValue(0);
 }
 
-QSizeF TextField::sizeFor(const viewkit::TextFieldControl& field, const viewkit::ProposedSize& proposal) {
-  const double width = proposal.width && std::isfinite(*proposal.width) ? *proposal.width : kDefaultWidth;
+QSizeF TextField::sizeFor(const viewkit::TextFieldControl& field,
+                          const viewkit::ProposedSize& proposal) {
+  const double width =
+      proposal.width && std::isfinite(*proposal.width) ? *proposal.width : kDefaultWidth;
   const int lines = field.lineLimit > 1
-                        ? lineCount(text(field.text), std::max(1.0, width - 2 * kHorizontalPadding), field.lineLimit)
+                        ? lineCount(text(field.text), std::max(1.0, width - 2 * kHorizontalPadding),
+                                    field.lineLimit)
                         : 1;
   return {width, Style::controlHeight() + (lines - 1) * lineHeight()};
 }
@@ -183,7 +188,9 @@ void TextField::insertFromMimeData(const QMimeData* source) {
   QString pasted = source->text();
   pasted.replace(QLatin1String("\r\n"), QLatin1String(" "));
   for (QChar& each : pasted) {
-    if (each == '\n' || each == '\r' || each == QChar::ParagraphSeparator || each == QChar::LineSeparator) each = ' ';
+    if (each == '\n' || each == '\r' || each == QChar::ParagraphSeparator ||
+        each == QChar::LineSeparator)
+      each = ' ';
   }
   QTextCursor cursor = textCursor();
   LongText::insert(cursor, pasted);

@@ -12,7 +12,8 @@ class TextField : public QTextEdit, public ControlWidget {
 public:
   TextField(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent);
 
-  static QSizeF sizeFor(const viewkit::TextFieldControl& field, const viewkit::ProposedSize& proposal);
+  static QSizeF sizeFor(const viewkit::TextFieldControl& field,
+                        const viewkit::ProposedSize& proposal);
 
   QWidget& widget() override { return *this; }
   void refresh() override;

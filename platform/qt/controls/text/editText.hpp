@@ -24,7 +24,8 @@ inline void editText(QTextEdit& edit, const QString& wanted) {
   qsizetype same = 0;
   while (same < shorter && before[same] == wanted[same]) ++same;
   qsizetype sameAtEnd = 0;
-  while (sameAtEnd < shorter - same && before[before.size() - 1 - sameAtEnd] == wanted[wanted.size() - 1 - sameAtEnd]) {
+  while (sameAtEnd < shorter - same &&
+         before[before.size() - 1 - sameAtEnd] == wanted[wanted.size() - 1 - sameAtEnd]) {
     ++sameAtEnd;
   }
   cursor.setPosition(static_cast<int>(same));

@@ -10,11 +10,12 @@
 
 namespace qt {
 
-// The process's connection to the desktop. While it lives, the main queue is drained by the event loop,
-// the application's fonts are the machine's, and every window is drawn in the effective appearance, at
-// once when that changes. What the desktop prefers is asked of its settings portal where it has one, and
-// is else what the colours tell that the platform gives Qt; both are followed while the application runs.
-// One at a time, made before any window and before threads; main thread.
+// The process's connection to the desktop. While it lives, the main queue is drained by the event
+// loop, the application's fonts are the machine's, and every window is drawn in the effective
+// appearance, at once when that changes. What the desktop prefers is asked of its settings portal
+// where it has one, and is else what the colours tell that the platform gives Qt; both are followed
+// while the application runs. One at a time, made before any window and before threads; main
+// thread.
 class Application {
 public:
   // Where windows are drawn: on the person's display, or into memory only.
@@ -38,8 +39,8 @@ public:
 
   // The languages that the person reads, the best first: "pt-BR", "de".
   static std::vector<std::string> preferredLanguages();
-  // The language of dialogs that are Qt's own, and the direction that it is written in, which windows
-  // made from now on may be given.
+  // The language of dialogs that are Qt's own, and the direction that it is written in, which
+  // windows made from now on may be given.
   void setLanguage(const std::string& code);
   static viewkit::LayoutDirection layoutDirection();
 

@@ -7,15 +7,16 @@
 
 namespace qt {
 
-// Fetches http://, https:// and file:// addresses through the event loop. Follows redirections, but never from
-// https:// to http://. Sends no cookies, no language and no more of the system than the request's headers say.
-// Made after the application and destroyed before it; main thread.
+// Fetches http://, https:// and file:// addresses through the event loop. Follows redirections, but
+// never from https:// to http://. Sends no cookies, no language and no more of the system than the
+// request's headers say. Made after the application and destroyed before it; main thread.
 class HttpTransport final : public sparkle::FeedTransport {
 public:
   HttpTransport();
   ~HttpTransport() override;
 
-  [[nodiscard]] QEVSettings::Subscription fetch(const sparkle::FeedRequest& request, Completion completion) override;
+  [[nodiscard]] QEVSettings::Subscription fetch(const sparkle::FeedRequest& request,
+                                                Completion completion) override;
 
 private:
   struct Network;

@@ -9,9 +9,9 @@
 
 namespace qt {
 
-// Shows the outcome of a check for updates in a dialog that leaves the rest of the application usable; a new
-// outcome takes the place of one that is still shown. What comes from the feed is shown as plain text.
-// Destroyed before the application; main thread.
+// Shows the outcome of a check for updates in a dialog that leaves the rest of the application
+// usable; a new outcome takes the place of one that is still shown. What comes from the feed is
+// shown as plain text. Destroyed before the application; main thread.
 class UpdateDialog final : public sparkle::SPUUserDriver {
 public:
   // Gives a text in the person's language; the key is the English text, "%1" and the like included.

@@ -38,16 +38,16 @@ struct AppcastItem {
   Enclosure enclosure;
 };
 
-// The items of an appcast, an RSS feed whose items carry `sparkle:version`, in the order of the feed.
-// An item without a version is left out.
+// The items of an appcast, an RSS feed whose items carry `sparkle:version`, in the order of the
+// feed. An item without a version is left out.
 //
-// Fails when the text is longer than `kLongestFeed`, is no well-formed XML, declares a document type
-// (so that no entity is ever expanded and nothing is fetched from elsewhere), or is no RSS feed. Any bytes
-// may be passed; nothing outside them is read.
+// Fails when the text is longer than `kLongestFeed`, is no well-formed XML, declares a document
+// type (so that no entity is ever expanded and nothing is fetched from elsewhere), or is no RSS
+// feed. Any bytes may be passed; nothing outside them is read.
 foundation::Result<std::vector<AppcastItem>> parseAppcast(std::string_view feed);
 
-// Notes without their markup, fit to be shown as they are: lines for paragraphs and line breaks, "• " for
-// list items, characters for the common entities.
+// Notes without their markup, fit to be shown as they are: lines for paragraphs and line breaks, "•
+// " for list items, characters for the common entities.
 std::string plainText(std::string_view notes);
 
 }  // namespace sparkle

@@ -11,8 +11,8 @@
 
 namespace sparkle {
 
-// What is asked of a transport. It sends these headers, what its protocol cannot do without, and nothing
-// that tells one person or machine from another.
+// What is asked of a transport. It sends these headers, what its protocol cannot do without, and
+// nothing that tells one person or machine from another.
 struct FeedRequest {
   std::string address;
   std::map<std::string, std::string> headers = {};
@@ -22,7 +22,8 @@ struct FeedRequest {
   std::chrono::seconds patience{30};
 };
 
-// The way to the update feed. The updater opens no connections itself; the host hands one of these in.
+// The way to the update feed. The updater opens no connections itself; the host hands one of these
+// in.
 class FeedTransport {
 public:
   using Completion = std::function<void(const foundation::Result<std::string>& answer)>;
@@ -32,11 +33,13 @@ public:
   FeedTransport& operator=(const FeedTransport&) = delete;
   virtual ~FeedTransport() = default;
 
-  // Fetches what is at the address without keeping the main thread waiting. A redirection is followed only from
-  // http:// to http:// or https://, and from https:// to https://. The completion is called
-  // once, on a later turn of the main queue, never within the call; letting the subscription go before
-  // that gives the fetch up. The completion may let it go, too. Main thread.
-  [[nodiscard]] virtual QEVSettings::Subscription fetch(const FeedRequest& request, Completion completion) = 0;
+  // Fetches what is at the address without keeping the main thread waiting. A redirection is
+  // followed only from http:// to http:// or https://, and from https:// to https://. The
+  // completion is called once, on a later turn of the main queue, never within the call; letting
+  // the subscription go before that gives the fetch up. The completion may let it go, too. Main
+  // thread.
+  [[nodiscard]] virtual QEVSettings::Subscription fetch(const FeedRequest& request,
+                                                        Completion completion) = 0;
 };
 
 }  // namespace sparkle

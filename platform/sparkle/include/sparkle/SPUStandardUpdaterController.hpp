@@ -6,13 +6,14 @@
 
 namespace sparkle {
 
-// Owns the application's updater, together with the standard user interface that the host has set in
-// UpdaterConfiguration::standard(). Main thread.
+// Owns the application's updater, together with the standard user interface that the host has set
+// in UpdaterConfiguration::standard(). Main thread.
 class SPUStandardUpdaterController {
 public:
-  // Starts the updater at once where `startingUpdater` says so. The delegates may be empty, and may go at
-  // any time.
-  SPUStandardUpdaterController(bool startingUpdater, std::weak_ptr<SPUUpdaterDelegate> updaterDelegate,
+  // Starts the updater at once where `startingUpdater` says so. The delegates may be empty, and may
+  // go at any time.
+  SPUStandardUpdaterController(bool startingUpdater,
+                               std::weak_ptr<SPUUpdaterDelegate> updaterDelegate,
                                std::weak_ptr<SPUStandardUserDriverDelegate> userDriverDelegate);
 
   // The same one for as long as the controller lives.

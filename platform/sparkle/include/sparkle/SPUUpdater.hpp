@@ -13,14 +13,15 @@
 
 namespace sparkle {
 
-// Looks for newer versions of the application in an update feed, when it is asked to and, where the person
-// wants that, once a day by itself. It never installs anything.
+// Looks for newer versions of the application in an update feed, when it is asked to and, where the
+// person wants that, once a day by itself. It never installs anything.
 //
-// Its three settings live in the preferences store and follow it: a change made there by another process
-// changes the property. All of them are off until someone turns them on. Main thread only.
+// Its three settings live in the preferences store and follow it: a change made there by another
+// process changes the property. All of them are off until someone turns them on. Main thread only.
 class SPUUpdater {
 public:
-  explicit SPUUpdater(UpdaterConfiguration configuration, std::weak_ptr<SPUUpdaterDelegate> delegate = {},
+  explicit SPUUpdater(UpdaterConfiguration configuration,
+                      std::weak_ptr<SPUUpdaterDelegate> delegate = {},
                       std::weak_ptr<SPUStandardUserDriverDelegate> userDriverDelegate = {});
   SPUUpdater(const SPUUpdater&) = delete;
   SPUUpdater& operator=(const SPUUpdater&) = delete;
@@ -30,7 +31,8 @@ public:
   // From now on checks can begin, and those begin by themselves that the settings ask for.
   void start();
 
-  // Begins a check, whose outcome the user driver shows. Does nothing while `canCheckForUpdates` is false.
+  // Begins a check, whose outcome the user driver shows. Does nothing while `canCheckForUpdates` is
+  // false.
   void checkForUpdates();
 
   // The properties. An observer hears of each change of a value, whoever made it.
@@ -38,26 +40,30 @@ public:
 
   // True when the updater has started and no check is under way.
   bool canCheckForUpdates() const { return canCheckForUpdates_.get(); }
-  [[nodiscard]] foundation::Subscription observeCanCheckForUpdates(foundation::ObservingOptions options,
-                                                                   BooleanObserver observer);
+  [[nodiscard]] foundation::Subscription observeCanCheckForUpdates(
+      foundation::ObservingOptions options, BooleanObserver observer);
 
   // Whether the updater checks by itself, at most once a day.
-  bool automaticallyChecksForUpdates() const { return automaticallyChecksForUpdates_.property.get(); }
+  bool automaticallyChecksForUpdates() const {
+    return automaticallyChecksForUpdates_.property.get();
+  }
   void setAutomaticallyChecksForUpdates(bool value);
-  [[nodiscard]] foundation::Subscription observeAutomaticallyChecksForUpdates(foundation::ObservingOptions options,
-                                                                              BooleanObserver observer);
+  [[nodiscard]] foundation::Subscription observeAutomaticallyChecksForUpdates(
+      foundation::ObservingOptions options, BooleanObserver observer);
 
   // Whether a check that the updater makes by itself also fetches the package that it finds.
-  bool automaticallyDownloadsUpdates() const { return automaticallyDownloadsUpdates_.property.get(); }
+  bool automaticallyDownloadsUpdates() const {
+    return automaticallyDownloadsUpdates_.property.get();
+  }
   void setAutomaticallyDownloadsUpdates(bool value);
-  [[nodiscard]] foundation::Subscription observeAutomaticallyDownloadsUpdates(foundation::ObservingOptions options,
-                                                                              BooleanObserver observer);
+  [[nodiscard]] foundation::Subscription observeAutomaticallyDownloadsUpdates(
+      foundation::ObservingOptions options, BooleanObserver observer);
 
   // Whether a request for the feed says what system and what kind of machine it comes from.
   bool sendsSystemProfile() const { return sendsSystemProfile_.property.get(); }
   void setSendsSystemProfile(bool value);
-  [[nodiscard]] foundation::Subscription observeSendsSystemProfile(foundation::ObservingOptions options,
-                                                                   BooleanObserver observer);
+  [[nodiscard]] foundation::Subscription observeSendsSystemProfile(
+      foundation::ObservingOptions options, BooleanObserver observer);
 
 private:
   // A property whose value is the store's.
@@ -75,7 +81,8 @@ private:
   using Show = std::function<void(SPUUserDriver&)>;
 
   void check(Occasion occasion);
-  void takeFeed(Occasion occasion, const std::string& address, const foundation::Result<std::string>& feed);
+  void takeFeed(Occasion occasion, const std::string& address,
+                const foundation::Result<std::string>& feed);
   // Whether an update that a check found is to be downloaded, and why that cannot be.
   bool mayDownload(Occasion occasion, const std::string& feedAddress, FoundUpdate& update) const;
   void fail(Occasion occasion, const foundation::Error& error);

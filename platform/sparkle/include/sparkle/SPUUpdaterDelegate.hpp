@@ -7,7 +7,8 @@ namespace sparkle {
 
 class SPUUpdater;
 
-// Takes part in what an updater does. Every operation has a default that changes nothing. Main thread.
+// Takes part in what an updater does. Every operation has a default that changes nothing. Main
+// thread.
 class SPUUpdaterDelegate {
 public:
   SPUUpdaterDelegate() = default;
@@ -16,7 +17,9 @@ public:
   virtual ~SPUUpdaterDelegate() = default;
 
   // Another address for the next check than the configured one.
-  virtual std::optional<std::string> feedURLString(const SPUUpdater& /*updater*/) { return std::nullopt; }
+  virtual std::optional<std::string> feedURLString(const SPUUpdater& /*updater*/) {
+    return std::nullopt;
+  }
 };
 
 // Hears from the standard user interface. Main thread.

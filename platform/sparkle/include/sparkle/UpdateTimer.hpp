@@ -17,7 +17,8 @@ public:
 
   // Calls `fire` once on the main thread when the delay is over, never within the call; letting the
   // subscription go before that takes the wish back. `fire` may let it go, too.
-  [[nodiscard]] virtual QEVSettings::Subscription after(std::chrono::seconds delay, std::function<void()> fire) = 0;
+  [[nodiscard]] virtual QEVSettings::Subscription after(std::chrono::seconds delay,
+                                                        std::function<void()> fire) = 0;
 };
 
 }  // namespace sparkle

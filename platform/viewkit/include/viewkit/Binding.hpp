@@ -6,8 +6,8 @@
 
 namespace viewkit {
 
-// A value that lives elsewhere, to be read and written. Reading it in a body makes the body depend on
-// what it reads. Copies share the two functions.
+// A value that lives elsewhere, to be read and written. Reading it in a body makes the body depend
+// on what it reads. Copies share the two functions.
 template <class T>
 class Binding {
 public:

@@ -15,9 +15,9 @@
 
 namespace viewkit {
 
-// The controls that a back end makes real. Each carries the value that it shows and the functions that
-// a person's action calls, on the main thread; the value shown changes only when the view that owns it
-// says so.
+// The controls that a back end makes real. Each carries the value that it shows and the functions
+// that a person's action calls, on the main thread; the value shown changes only when the view that
+// owns it says so.
 
 // A push button with a title, a symbol, or both.
 struct ButtonControl {
@@ -36,9 +36,9 @@ struct HelpButtonControl {
   std::function<void()> action;
 };
 
-// Shows a font; a person opens a chooser of family, style and size with a sample. The chooser opens on the
-// font that `read` returns at that moment. `choose` is called with each font that the person settles on while
-// the chooser is open: there is no apply step.
+// Shows a font; a person opens a chooser of family, style and size with a sample. The chooser opens
+// on the font that `read` returns at that moment. `choose` is called with each font that the person
+// settles on while the chooser is open: there is no apply step.
 struct FontPickerControl {
   std::string title;
   appkit::Font font;
@@ -67,9 +67,9 @@ struct ToggleControl {
   std::function<void(bool)> set;
 };
 
-// Shows a colour; a person opens a chooser with a field for hexadecimal text and, where the well asks
-// for it, opacity. `choose` is called with each colour that the person settles on while the chooser is
-// open.
+// Shows a colour; a person opens a chooser with a field for hexadecimal text and, where the well
+// asks for it, opacity. `choose` is called with each colour that the person settles on while the
+// chooser is open.
 struct ColorWellControl {
   appkit::RGBA color;
   bool supportsOpacity = false;
@@ -86,7 +86,8 @@ struct MenuItem {
 // A button that opens a menu. The items are asked for each time the menu opens.
 struct MenuControl {
   enum class Kind {
-    // The platform's pop-up button. It shows the title, which may be empty, and opens where the item of the
+    // The platform's pop-up button. It shows the title, which may be empty, and opens where the
+    // item of the
     // same title lies under it.
     popUpButton,
     // A menu behind the node's children, which are what is seen.
@@ -122,8 +123,9 @@ struct SelectableTextControl {
   TextVisual text;
 };
 
-// A view onto content that is larger: the one child of the node, placed at minus the offset. `scroll`
-// is called with the offset that the person asks for; the node itself keeps it within bounds.
+// A view onto content that is larger: the one child of the node, placed at minus the offset.
+// `scroll` is called with the offset that the person asks for; the node itself keeps it within
+// bounds.
 struct ScrollControl {
   Size contentSize;
   Point offset;
@@ -131,15 +133,16 @@ struct ScrollControl {
   std::function<void(Point)> scroll;
 };
 
-// A surface of its own above the window, beside the node that is its parent in the tree. `dismiss` is
-// called when the person closes it: a click elsewhere, Escape.
+// A surface of its own above the window, beside the node that is its parent in the tree. `dismiss`
+// is called when the person closes it: a click elsewhere, Escape.
 struct PopoverControl {
   std::function<void()> dismiss;
 };
 
 using Control =
-    std::variant<ButtonControl, PlainButtonControl, HelpButtonControl, FontPickerControl, TabBarControl, PopoverControl,
-                 ToggleControl, ColorWellControl, MenuControl, TextFieldControl, SelectableTextControl, ScrollControl>;
+    std::variant<ButtonControl, PlainButtonControl, HelpButtonControl, FontPickerControl,
+                 TabBarControl, PopoverControl, ToggleControl, ColorWellControl, MenuControl,
+                 TextFieldControl, SelectableTextControl, ScrollControl>;
 
 // Whether a back end would show both alike; functions are not compared.
 bool looksLike(const Control& a, const Control& b);

@@ -14,8 +14,8 @@
 
 namespace viewkit {
 
-// Controls of the platform. Where a control has no title of its own, its accessibility label, or else
-// its help text, names it to assistive technology.
+// Controls of the platform. Where a control has no title of its own, its accessibility label, or
+// else its help text, names it to assistive technology.
 
 View Button(std::string title, std::function<void()> action);
 // With a symbol before its title.
@@ -35,8 +35,8 @@ View ColorWell(const Binding<appkit::RGBA>& selection, const ColorWellOptions& o
 
 // A pop-up button that shows `title`, and asks for its items each time it opens.
 View PopUpMenu(std::string title, std::function<std::vector<MenuItem>()> items);
-// A menu behind any view, without a frame or an arrow of its own. `value` is what assistive technology
-// is told of the label.
+// A menu behind any view, without a frame or an arrow of its own. `value` is what assistive
+// technology is told of the label.
 View Menu(const View& label, std::string value, std::function<std::vector<MenuItem>()> items);
 
 struct TextFieldOptions {
@@ -45,14 +45,15 @@ struct TextFieldOptions {
   // Why the view refused the text when it was last committed, in the person's language; empty while
   // nothing is wrong with it. It is the view that shows it.
   std::string problem = {};
-  // Brings the stored text back and takes the problem away. The argument is the text that the field had
-  // before it was changed. Without this function that text is written to the binding.
+  // Brings the stored text back and takes the problem away. The argument is the text that the field
+  // had before it was changed. Without this function that text is written to the binding.
   std::function<void(const std::string& before)> revert = {};
 };
-// Writes the binding at every keystroke. `onCommit` is called when the person presses Return, and once
-// when a changed text loses the keyboard, disappears, or its window closes. A field that disappears
-// commits before any `onDisappear` is called; afterwards it writes nothing. The first Escape after a
-// change, or in a field with a problem, brings the stored text back.
-View TextField(const TextFieldOptions& options, const Binding<std::string>& text, std::function<void()> onCommit = {});
+// Writes the binding at every keystroke. `onCommit` is called when the person presses Return, and
+// once when a changed text loses the keyboard, disappears, or its window closes. A field that
+// disappears commits before any `onDisappear` is called; afterwards it writes nothing. The first
+// Escape after a change, or in a field with a problem, brings the stored text back.
+View TextField(const TextFieldOptions& options, const Binding<std::string>& text,
+               std::function<void()> onCommit = {});
 
 }  // namespace viewkit

@@ -7,8 +7,8 @@
 
 namespace viewkit {
 
-// What a text is drawn in: a style relative to the desktop's own font size, or a font of the machine
-// that a person chose.
+// What a text is drawn in: a style relative to the desktop's own font size, or a font of the
+// machine that a person chose.
 //
 //     Font::caption().semibold()
 //     Font::of(store's font)

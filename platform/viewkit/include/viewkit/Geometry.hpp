@@ -6,8 +6,8 @@
 
 namespace viewkit {
 
-// All lengths are in points. The origin is the top leading corner: x grows towards the trailing edge,
-// and the back end mirrors the whole where the language runs from right to left.
+// All lengths are in points. The origin is the top leading corner: x grows towards the trailing
+// edge, and the back end mirrors the whole where the language runs from right to left.
 
 inline constexpr double kUnlimited = std::numeric_limits<double>::infinity();
 
@@ -31,14 +31,17 @@ struct Rect {
 
   double maxX() const { return origin.x + size.width; }
   double maxY() const { return origin.y + size.height; }
-  bool contains(Point p) const { return p.x >= origin.x && p.x < maxX() && p.y >= origin.y && p.y < maxY(); }
+  bool contains(Point p) const {
+    return p.x >= origin.x && p.x < maxX() && p.y >= origin.y && p.y < maxY();
+  }
   bool isEmpty() const { return size.width <= 0 || size.height <= 0; }
   Rect movedBy(Point offset) const { return {origin + offset, size}; }
   Rect united(const Rect& other) const {
     if (isEmpty()) return other;
     if (other.isEmpty()) return *this;
     const Point corner{std::min(origin.x, other.origin.x), std::min(origin.y, other.origin.y)};
-    return {corner, {std::max(maxX(), other.maxX()) - corner.x, std::max(maxY(), other.maxY()) - corner.y}};
+    return {corner,
+            {std::max(maxX(), other.maxX()) - corner.x, std::max(maxY(), other.maxY()) - corner.y}};
   }
   friend bool operator==(const Rect&, const Rect&) = default;
 };
@@ -51,7 +54,8 @@ struct EdgeInsets {
   friend bool operator==(const EdgeInsets&, const EdgeInsets&) = default;
 };
 
-// What a container offers a view: a length, `kUnlimited`, or nothing, which asks for the view's ideal.
+// What a container offers a view: a length, `kUnlimited`, or nothing, which asks for the view's
+// ideal.
 struct ProposedSize {
   std::optional<double> width;
   std::optional<double> height;
@@ -68,9 +72,15 @@ struct Alignment {
 
   static constexpr Alignment centered() { return {}; }
   static constexpr Alignment top() { return {HorizontalAlignment::center, VerticalAlignment::top}; }
-  static constexpr Alignment leading() { return {HorizontalAlignment::leading, VerticalAlignment::center}; }
-  static constexpr Alignment trailing() { return {HorizontalAlignment::trailing, VerticalAlignment::center}; }
-  static constexpr Alignment topLeading() { return {HorizontalAlignment::leading, VerticalAlignment::top}; }
+  static constexpr Alignment leading() {
+    return {HorizontalAlignment::leading, VerticalAlignment::center};
+  }
+  static constexpr Alignment trailing() {
+    return {HorizontalAlignment::trailing, VerticalAlignment::center};
+  }
+  static constexpr Alignment topLeading() {
+    return {HorizontalAlignment::leading, VerticalAlignment::top};
+  }
 };
 
 enum class LayoutDirection { leftToRight, rightToLeft };

@@ -14,9 +14,9 @@ struct LazyRows {
   std::function<View(std::size_t)> row;
 };
 
-// Rows one under the other, of which only those in sight of the surrounding scroll view are built, a
-// few more at both ends: ten rows and ten thousand cost the same. Rows not seen yet count as high as
-// the average of those that were.
+// Rows one under the other, of which only those in sight of the surrounding scroll view are built,
+// a few more at both ends: ten rows and ten thousand cost the same. Rows not seen yet count as high
+// as the average of those that were.
 View LazyVStack(const VStackOptions& options, LazyRows rows);
 
 }  // namespace viewkit

@@ -31,7 +31,8 @@ struct FixedFrame {
   Alignment alignment = {};
 };
 
-// A frame that takes what it is offered, within limits; a limit left out is the content's own length.
+// A frame that takes what it is offered, within limits; a limit left out is the content's own
+// length.
 struct FlexibleFrame {
   std::optional<double> minWidth = std::nullopt;
   std::optional<double> maxWidth = std::nullopt;
@@ -68,7 +69,8 @@ View byAccessibilitySelected(const View& content, bool selected);
 View byHover(const View& content, std::function<void(bool)> action);
 View byTap(const View& content, std::function<void()> action);
 View byAppear(const View& content, std::function<void()> appear, std::function<void()> disappear);
-View byChange(const View& content, std::any value, std::function<bool(const std::any&, const std::any&)> isEqual,
+View byChange(const View& content, std::any value,
+              std::function<bool(const std::any&, const std::any&)> isEqual,
               std::function<void()> action);
 View byId(const View& content, ViewId id);
 View byPopover(const View& content, const Binding<bool>& isPresented, std::function<View()> popover,
@@ -76,8 +78,8 @@ View byPopover(const View& content, const Binding<bool>& isPresented, std::funct
 EdgeInsets insets(Edges edges, double length);
 }  // namespace modified
 
-// What can be said of every view. Each modifier gives a view around the one that it is said of, so the
-// order matters: padding before a background lies inside it. Lengths are in points.
+// What can be said of every view. Each modifier gives a view around the one that it is said of, so
+// the order matters: padding before a background lies inside it. Lengths are in points.
 template <class Self>
 class Modifiers {
 public:
@@ -104,8 +106,8 @@ public:
   // Shown when the pointer rests on the view, and told to assistive technology.
   View help(std::string text) const;
   View accessibilityLabel(std::string label) const;
-  // What the view is to assistive technology, together with all that it contains; the controls in a list
-  // item are told besides.
+  // What the view is to assistive technology, together with all that it contains; the controls in a
+  // list item are told besides.
   View accessibilityRole(Role role) const;
   View accessibilitySelected(bool selected) const;
 
@@ -118,13 +120,14 @@ public:
   View onAppear(std::function<void()> action) const;
   View onDisappear(std::function<void()> action) const;
 
-  // Called after an update in which the value differs from the one before; not when the view is first
-  // shown.
+  // Called after an update in which the value differs from the one before; not when the view is
+  // first shown.
   template <std::equality_comparable T>
   View onChange(T value, std::function<void(const T&)> action) const;
 
   // A surface above the window, beside this view, while the binding is true.
-  View popover(const Binding<bool>& isPresented, std::function<View()> content, PopoverOptions options = {}) const;
+  View popover(const Binding<bool>& isPresented, std::function<View()> content,
+               PopoverOptions options = {}) const;
 
   // A new id is a new view: state starts afresh.
   View id(ViewId id) const;

@@ -95,7 +95,9 @@ View Modifiers<Self>::accessibilitySelected(bool selected) const {
 template <class Self>
 template <std::equality_comparable T>
 View Modifiers<Self>::onChange(T value, std::function<void(const T&)> action) const {
-  const auto isEqual = [](const std::any& a, const std::any& b) { return std::any_cast<T>(a) == std::any_cast<T>(b); };
+  const auto isEqual = [](const std::any& a, const std::any& b) {
+    return std::any_cast<T>(a) == std::any_cast<T>(b);
+  };
   auto act = [value, action = std::move(action)] { action(value); };
   return modified::byChange(self(), std::any(std::move(value)), isEqual, std::move(act));
 }

@@ -19,8 +19,8 @@ struct ObjectSlot : Slot {
   void observe(std::shared_ptr<T> model) {
     if (model == object) return;
     object = std::move(model);
-    subscription =
-        object ? object->objectWillChange().subscribe([this] { dependents.markAll(); }) : foundation::Subscription();
+    subscription = object ? object->objectWillChange().subscribe([this] { dependents.markAll(); })
+                          : foundation::Subscription();
   }
 
   std::shared_ptr<T> object;
@@ -45,10 +45,14 @@ public:
   T* operator->() const { return get().get(); }
   T& operator*() const { return *get(); }
 
-  friend bool operator==(const ObservedObject& a, const ObservedObject& b) { return a.object_ == b.object_; }
+  friend bool operator==(const ObservedObject& a, const ObservedObject& b) {
+    return a.object_ == b.object_;
+  }
 
 private:
-  std::shared_ptr<ObjectSlot<T>> makeSlot() const override { return std::make_shared<ObjectSlot<T>>(object_); }
+  std::shared_ptr<ObjectSlot<T>> makeSlot() const override {
+    return std::make_shared<ObjectSlot<T>>(object_);
+  }
 
   std::shared_ptr<T> object_;
 };
@@ -69,7 +73,9 @@ public:
   T& operator*() const { return *get(); }
 
 private:
-  std::shared_ptr<ObjectSlot<T>> makeSlot() const override { return std::make_shared<ObjectSlot<T>>(make_()); }
+  std::shared_ptr<ObjectSlot<T>> makeSlot() const override {
+    return std::make_shared<ObjectSlot<T>>(make_());
+  }
 
   std::function<std::shared_ptr<T>()> make_;
 };

@@ -22,9 +22,9 @@ class PlatformMetrics {
 public:
   virtual ~PlatformMetrics() = default;
 
-  // The text broken into lines no wider than `maxWidth` (words that are wider are broken too) and cut
-  // to the visual's line limit. Without a width, lines break only where the text says so. The colour
-  // plays no part.
+  // The text broken into lines no wider than `maxWidth` (words that are wider are broken too) and
+  // cut to the visual's line limit. Without a width, lines break only where the text says so. The
+  // colour plays no part.
   virtual TextMetrics measureText(const TextVisual& text, std::optional<double> maxWidth) const = 0;
 
   // The picture's own size in points; empty when there is none to read.

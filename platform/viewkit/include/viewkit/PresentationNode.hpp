@@ -55,12 +55,13 @@ struct Accessibility {
   friend bool operator==(const Accessibility&, const Accessibility&) = default;
 };
 
-// One node of what is on the screen. The tree is retained: a node keeps its id and address from when
-// it is first shown until it is gone. It belongs to the view host; back ends read it and call the
-// functions of its control, each a copy taken at that moment: they change without notice, and a call may
-// end the node.
+// One node of what is on the screen. The tree is retained: a node keeps its id and address from
+// when it is first shown until it is gone. It belongs to the view host; back ends read it and call
+// the functions of its control, each a copy taken at that moment: they change without notice, and a
+// call may end the node.
 //
-// A node with the id 0 is a picture of something that is fading out: it is painted and nothing else.
+// A node with the id 0 is a picture of something that is fading out: it is painted and nothing
+// else.
 //
 // Painted in this order: the node's visual, then its children, first to last.
 struct PresentationNode {
@@ -86,7 +87,8 @@ struct PresentationNode {
 
 // What one pass changed.
 struct PresentationChanges {
-  // Nodes that are new, that moved, or whose content, attributes or children are not what they were.
+  // Nodes that are new, that moved, or whose content, attributes or children are not what they
+  // were.
   std::vector<const PresentationNode*> changed;
   // Nodes that are gone.
   std::vector<NodeId> removed;

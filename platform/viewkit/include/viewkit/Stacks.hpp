@@ -9,7 +9,8 @@
 
 namespace viewkit {
 
-// A view's place among its siblings: its position as written, and its id where one place holds many.
+// A view's place among its siblings: its position as written, and its id where one place holds
+// many.
 struct ChildKey {
   int position = 0;
   std::optional<ViewId> id = std::nullopt;
@@ -53,7 +54,8 @@ template <std::ranges::input_range Elements, class Identify, class Make>
 Children::Place forEach(Elements&& elements, Identify identify, Make make) {
   std::vector<Children::Child> views;
   for (const auto& element : elements) {
-    views.push_back({.key = {.position = 0, .id = ViewId(identify(element))}, .view = View(make(element))});
+    views.push_back(
+        {.key = {.position = 0, .id = ViewId(identify(element))}, .view = View(make(element))});
   }
   return Children::Place(std::move(views));
 }
@@ -68,8 +70,8 @@ struct VStackOptions {
   double spacing = 8;
 };
 
-// Children side by side, or one under the other. Space is shared out to the least flexible first, so
-// that a text keeps its width as long as a spacer can give way.
+// Children side by side, or one under the other. Space is shared out to the least flexible first,
+// so that a text keeps its width as long as a spacer can give way.
 View HStack(const HStackOptions& options, Children children);
 View VStack(const VStackOptions& options, Children children);
 

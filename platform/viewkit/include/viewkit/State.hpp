@@ -31,8 +31,8 @@ struct StateSlot : Slot {
   Dependents dependents;
 };
 
-// A value that a view keeps for itself as long as it is on the screen. The value given at first counts
-// when the view appears and not again.
+// A value that a view keeps for itself as long as it is on the screen. The value given at first
+// counts when the view appears and not again.
 //
 //     struct Row {
 //       State<bool> hovering = false;
@@ -61,7 +61,9 @@ public:
   }
 
 private:
-  std::shared_ptr<StateSlot<T>> makeSlot() const override { return std::make_shared<StateSlot<T>>(initial_); }
+  std::shared_ptr<StateSlot<T>> makeSlot() const override {
+    return std::make_shared<StateSlot<T>>(initial_);
+  }
 
   T initial_;
 };

@@ -20,16 +20,19 @@ namespace viewkit {
 inline std::optional<bool> readPreference(const QEVSettings::PreferenceValue& value, const bool&) {
   return value.convertedToBoolean();
 }
-inline std::optional<std::int64_t> readPreference(const QEVSettings::PreferenceValue& value, const std::int64_t&) {
+inline std::optional<std::int64_t> readPreference(const QEVSettings::PreferenceValue& value,
+                                                  const std::int64_t&) {
   return value.convertedToInteger();
 }
-inline std::optional<std::string> readPreference(const QEVSettings::PreferenceValue& value, const std::string&) {
+inline std::optional<std::string> readPreference(const QEVSettings::PreferenceValue& value,
+                                                 const std::string&) {
   return value.convertedToString();
 }
 
 template <class T>
 struct PreferenceSlot : Slot {
-  PreferenceSlot(QEVSettings::PreferencesStore& preferences, const std::string& name, const T& fallback)
+  PreferenceSlot(QEVSettings::PreferencesStore& preferences, const std::string& name,
+                 const T& fallback)
       : store(preferences), key(name), defaultValue(fallback) {
     observe();
   }
@@ -58,14 +61,16 @@ struct PreferenceSlot : Slot {
   QEVSettings::Subscription subscription;
 };
 
-// A value of the environment's default store, bound to its key: reads with a default and never writes
-// it, writes at once, and runs the bodies that read it again when anyone, in this process or another,
-// changes the key. For Booleans, integers and strings.
+// A value of the environment's default store, bound to its key: reads with a default and never
+// writes it, writes at once, and runs the bodies that read it again when anyone, in this process or
+// another, changes the key. For Booleans, integers and strings.
 template <class T>
 class StoredPreference : public ViewProperty<PreferenceSlot<T>> {
 public:
-  StoredPreference(QEVSettings::PreferenceKey<T> key) : key_(key.name), defaultValue_(std::move(key.defaultValue)) {}
-  StoredPreference(std::string_view key, T defaultValue) : key_(key), defaultValue_(std::move(defaultValue)) {}
+  StoredPreference(QEVSettings::PreferenceKey<T> key)
+      : key_(key.name), defaultValue_(std::move(key.defaultValue)) {}
+  StoredPreference(std::string_view key, T defaultValue)
+      : key_(key), defaultValue_(std::move(defaultValue)) {}
 
   T get() const { return followed()->read(); }
   operator T() const { return get(); }
@@ -74,7 +79,8 @@ public:
 
   Binding<T> binding() const {
     const auto slot = followed();
-    return {[slot] { return slot->read(); }, [slot](T value) { slot->store.setObject(std::move(value), slot->key); }};
+    return {[slot] { return slot->read(); },
+            [slot](T value) { slot->store.setObject(std::move(value), slot->key); }};
   }
 
   friend bool operator==(const StoredPreference& a, const StoredPreference& b) {
@@ -90,7 +96,8 @@ private:
   }
 
   std::shared_ptr<PreferenceSlot<T>> makeSlot() const override {
-    return std::make_shared<PreferenceSlot<T>>(Environment::current().defaultStore.get(), key_, defaultValue_);
+    return std::make_shared<PreferenceSlot<T>>(Environment::current().defaultStore.get(), key_,
+                                               defaultValue_);
   }
 
   std::string key_;

@@ -6,8 +6,8 @@
 
 namespace viewkit {
 
-// The name of a symbol image. It is checked when the program is compiled: a name without a drawing is
-// an error there, not an empty space on the screen.
+// The name of a symbol image. It is checked when the program is compiled: a name without a drawing
+// is an error there, not an empty space on the screen.
 class SymbolName {
 public:
   consteval SymbolName(const char* name) : name_(name) {

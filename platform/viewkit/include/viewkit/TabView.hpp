@@ -25,8 +25,8 @@ struct TabPage {
   SymbolName symbol;
   View page;
 };
-View makeTabView(std::vector<TabPage> pages, std::int64_t selected, std::function<void(std::int64_t)> select,
-                 View header);
+View makeTabView(std::vector<TabPage> pages, std::int64_t selected,
+                 std::function<void(std::int64_t)> select, View header);
 }  // namespace detail
 
 // Pages of which one is seen, under a bar of tabs. A page is built when it is first selected and

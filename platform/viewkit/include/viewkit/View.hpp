@@ -20,8 +20,9 @@ class View;
 //       View body() const { return Text("Hello, " + name).padding(8); }
 //     };
 //
-// A view's body reads the view's own members, its state and the objects it observes, and nothing else
-// that changes. Handlers that outlive the body take a copy of the view with them: `[self = *this]`.
+// A view's body reads the view's own members, its state and the objects it observes, and nothing
+// else that changes. Handlers that outlive the body take a copy of the view with them: `[self =
+// *this]`.
 template <class V>
 concept Composite = requires(const V& view) {
   { view.body() } -> std::same_as<View>;

@@ -44,10 +44,10 @@ struct RefusedText {
 
 // A tree of views at work in a window: it keeps what is on the screen equal to the root view.
 //
-// Three passes make one update: *rebuild* runs the bodies that a write has marked, *layout* measures
-// and places what their change reaches, *present* tells the observer the difference. Writes only
-// mark; the update runs on the next turn of the main queue, once however many writes there were.
-// Main thread only.
+// Three passes make one update: *rebuild* runs the bodies that a write has marked, *layout*
+// measures and places what their change reaches, *present* tells the observer the difference.
+// Writes only mark; the update runs on the next turn of the main queue, once however many writes
+// there were. Main thread only.
 class ViewHost {
 public:
   // The metrics outlive the host.
@@ -76,23 +76,23 @@ public:
   // The node with this id, if it is on the screen.
   const PresentationNode* node(NodeId id) const;
 
-  // The pointer, in window coordinates. The host finds what lies under it: hover regions nest, a click
-  // goes to the innermost region that wants one. Controls are the back end's own, so a click on one
-  // does not come here; the pointer's movements over one do.
+  // The pointer, in window coordinates. The host finds what lies under it: hover regions nest, a
+  // click goes to the innermost region that wants one. Controls are the back end's own, so a click
+  // on one does not come here; the pointer's movements over one do.
   void pointerMoved(Point point);
   void pointerLeft();
   // Whether anything wanted it.
   bool click(Point point);
 
-  // What a click on the node would do, for assistive technology: the node is found by id, a region that
-  // wants clicks takes it. Whether anything wanted it.
+  // What a click on the node would do, for assistive technology: the node is found by id, a region
+  // that wants clicks takes it. Whether anything wanted it.
   bool press(NodeId id);
 
   // Scrolls whatever the node stands in, as little as it takes to bring the node into sight.
   void reveal(NodeId id);
 
-  // Commits each text that was changed and not committed, and brings the views up to date. A back end
-  // calls it before it closes the window, and when the person's session ends.
+  // Commits each text that was changed and not committed, and brings the views up to date. A back
+  // end calls it before it closes the window, and when the person's session ends.
   void endEditing();
   // The texts that stand refused in their fields, those of hidden pages too.
   std::vector<RefusedText> refusedTexts() const;

@@ -10,8 +10,8 @@ namespace viewkit {
 class Node;
 class View;
 
-// What a view handle points to: an immutable description, and how to make the node that works for it.
-// Authors of views never see one; authors of new kinds of nodes derive from it.
+// What a view handle points to: an immutable description, and how to make the node that works for
+// it. Authors of views never see one; authors of new kinds of nodes derive from it.
 class ViewValue {
 public:
   ViewValue() = default;

@@ -47,7 +47,8 @@ struct ImageVisual {
   friend bool operator==(const ImageVisual&, const ImageVisual&) = default;
 };
 
-// A rounded rectangle that fills its frame; radius 0 is a plain one. The border lies inside the frame.
+// A rounded rectangle that fills its frame; radius 0 is a plain one. The border lies inside the
+// frame.
 struct ShapeVisual {
   double cornerRadius = 0;
   Color fill = Color::clear();

@@ -14,10 +14,12 @@ struct PreferenceKey {
 };
 
 // 0 stands for a store of the first schema; the launch migration raises it.
-inline constexpr PreferenceKey<std::int64_t> kPrefsSchemaVersion{"com_velloquin_zorvantine_prefs_schema_version", 0};
+inline constexpr PreferenceKey<std::int64_t> kPrefsSchemaVersion{
+    "com_velloquin_zorvantine_prefs_schema_version", 0};
 
 // Zero-based position of the selected analyzer in the analyzer list.
-inline constexpr PreferenceKey<std::int64_t> kAnalyzerSelectedIndex{"QEVAnalyzerSettingsSelectedIndex", 0};
+inline constexpr PreferenceKey<std::int64_t> kAnalyzerSelectedIndex{
+    "QEVAnalyzerSettingsSelectedIndex", 0};
 
 // The keys of an analyzer are named by its plug-in. They all begin with this prefix; the key of a
 // colour and the key of a protocol list are known by their endings.

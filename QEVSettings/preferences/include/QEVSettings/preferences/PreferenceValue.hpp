@@ -59,12 +59,11 @@ public:
 
   // The typed reads of a store, with their conversions.
   //
-  // Integer: a Boolean is 0 or 1; a real loses its fraction and stops at the limits of the type; text
-  // is read up to the first character that is no digit ("12 points" is 12, "none" is 0).
-  // Boolean: a number is true when it is not 0; text is true when, after blanks, a sign and zeros, it
-  // begins with one of YyTt1-9.
-  // String: a number or a Boolean in decimal.
-  // Any other type reads as absent.
+  // Integer: a Boolean is 0 or 1; a real loses its fraction and stops at the limits of the type;
+  // text is read up to the first character that is no digit ("12 points" is 12, "none" is 0).
+  // Boolean: a number is true when it is not 0; text is true when, after blanks, a sign and zeros,
+  // it begins with one of YyTt1-9. String: a number or a Boolean in decimal. Any other type reads
+  // as absent.
   std::optional<std::int64_t> convertedToInteger() const;
   std::optional<bool> convertedToBoolean() const;
   std::optional<std::string> convertedToString() const;
@@ -75,7 +74,8 @@ public:
 private:
   template <class T>
   using Shared = std::shared_ptr<const T>;
-  std::variant<std::int64_t, bool, double, Shared<std::string>, Shared<Bytes>, Date, Shared<Array>, Shared<Dictionary>>
+  std::variant<std::int64_t, bool, double, Shared<std::string>, Shared<Bytes>, Date, Shared<Array>,
+               Shared<Dictionary>>
       value_;
 };
 

@@ -15,9 +15,9 @@ namespace QEVSettings {
 // The per-user preferences store, as the settings module and the host's other modules see it: a map
 // from keys to property-list values that outlives every process that uses it.
 //
-// Used on the main thread. Reading never writes; a write that returned outlives the process, however it
-// ends. No operation throws or fails towards the caller: a store that cannot reach its file goes on in
-// memory and says so where the host asks for it.
+// Used on the main thread. Reading never writes; a write that returned outlives the process,
+// however it ends. No operation throws or fails towards the caller: a store that cannot reach its
+// file goes on in memory and says so where the host asks for it.
 //
 //     store.setBool(true, "com_velloquin_qev_dns_checksums");
 //     store.boolForKey("com_velloquin_qev_dns_checksums");  // true, in every process
@@ -30,8 +30,8 @@ public:
   PreferencesStore& operator=(const PreferencesStore&) = delete;
   virtual ~PreferencesStore() = default;
 
-  // The value under the key with its own type, or none. Nothing is copied: it belongs to the store, and is
-  // gone or another one once the store is used again.
+  // The value under the key with its own type, or none. Nothing is copied: it belongs to the store,
+  // and is gone or another one once the store is used again.
   virtual const PreferenceValue* find(std::string_view key) const = 0;
 
   // The same, to keep; text and bytes are shared with the store.
@@ -45,14 +45,15 @@ public:
   // Removing an absent key does nothing.
   virtual void removeObject(std::string_view key) = 0;
 
-  // Calls the observer with the key after a write that changed its value, or that removed it, whoever
-  // made it: within the write when it was made through this object, from a later turn of the main
-  // queue when another process made it. `observe` is for one key, `observeAll` for every key.
+  // Calls the observer with the key after a write that changed its value, or that removed it,
+  // whoever made it: within the write when it was made through this object, from a later turn of
+  // the main queue when another process made it. `observe` is for one key, `observeAll` for every
+  // key.
   [[nodiscard]] virtual Subscription observe(std::string_view key, Observer observer) = 0;
   [[nodiscard]] virtual Subscription observeAll(Observer observer) = 0;
 
-  // How the store was opened, and why changes do not reach its file at present (nothing while they do). A store
-  // without a file, such as a test's, has no problem to report.
+  // How the store was opened, and why changes do not reach its file at present (nothing while they
+  // do). A store without a file, such as a test's, has no problem to report.
   virtual StoreOpening opening() const { return {}; }
   virtual std::optional<StorageProblem> storageProblem() const { return std::nullopt; }
 

@@ -5,8 +5,8 @@
 
 namespace QEVSettings {
 
-// The right to be told about something, held by whoever wants to be told. Destroying it, or assigning
-// another to it, ends the telling; a source that dies first leaves it harmless.
+// The right to be told about something, held by whoever wants to be told. Destroying it, or
+// assigning another to it, ends the telling; a source that dies first leaves it harmless.
 //
 //     Subscription token = store.observe(key, [](std::string_view) { … });
 class Subscription {
