@@ -38,13 +38,24 @@ Destination& destination() {
   return kept;
 }
 
-// The folder and the name of a source file: what tells it apart, without the path of the machine
-// that built it.
-std::string_view identifier(std::string_view path) {
-  const auto name = path.rfind('/');
-  if (name == std::string_view::npos || name == 0) return path;
-  const auto folder = path.rfind('/', name - 1);
-  return folder == std::string_view::npos ? path : path.substr(folder + 1);
+// The module and the name of a source file, as in "QEVSettings/QEVTimeZones.cpp", without the path
+// of the machine that built it. A module's folder begins with a capital letter, the folders in it
+// with a small one. A file outside of a module is known by its own folder.
+std::string identifier(std::string_view path) {
+  const auto lastSlash = path.rfind('/');
+  if (lastSlash == std::string_view::npos) return std::string(path);
+  const std::string_view name = path.substr(lastSlash);
+  std::string_view folders = path.substr(0, lastSlash);
+  const std::string_view own = folders.substr(folders.rfind('/') + 1);
+  while (!folders.empty()) {
+    const auto slash = folders.rfind('/');
+    const std::string_view folder = folders.substr(slash + 1);
+    if (!folder.empty() && folder.front() >= 'A' && folder.front() <= 'Z') {
+      return std::string(folder) + std::string(name);
+    }
+    folders = folders.substr(0, slash == std::string_view::npos ? 0 : slash);
+  }
+  return std::string(own) + std::string(name);
 }
 
 }  // namespace
