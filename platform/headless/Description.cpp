@@ -11,6 +11,12 @@ std::string number(double value) { return foundation::JSONWriter().real(value).t
 // On one line, whatever is in the text.
 std::string quoted(const std::string& text) { return foundation::JSONWriter().string(text).text(); }
 
+// The same without the quotation marks around it.
+std::string quotedInside(const std::string& text) {
+  const std::string whole = quoted(text);
+  return whole.substr(1, whole.size() - 2);
+}
+
 void appendText(std::string& out, const viewkit::NodeDescription& node, std::size_t depth) {
   const viewkit::Accessibility& accessibility = node.accessibility;
   out.append(2 * depth, ' ').append(node.kind);
@@ -24,6 +30,7 @@ void appendText(std::string& out, const viewkit::NodeDescription& node, std::siz
   const auto& [origin, size] = node.frame;
   out += " (" + number(origin.x) + ", " + number(origin.y) + ") " + number(size.width) + " x " +
          number(size.height);
+  if (!node.visual.empty()) out.append(" [").append(quotedInside(node.visual)).append("]");
   out += '\n';
   for (const viewkit::NodeDescription& child : node.children) appendText(out, child, depth + 1);
 }
@@ -38,6 +45,8 @@ void writeJson(foundation::JSONWriter& writer, const viewkit::NodeDescription& n
   writer.name("value").string(accessibility.value);
   writer.name("help").string(accessibility.help);
   writer.name("enabled").boolean(accessibility.enabled);
+  if (accessibility.selected) writer.name("selected").boolean(*accessibility.selected);
+  writer.name("visual").string(node.visual);
   writer.name("frame").beginObject();
   writer.name("x").real(origin.x).name("y").real(origin.y);
   writer.name("width").real(size.width).name("height").real(size.height);

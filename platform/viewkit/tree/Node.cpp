@@ -1,6 +1,7 @@
 #include "tree/Node.hpp"
 
 #include "passes/Runtime.hpp"
+#include "tree/VisualDescription.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -319,6 +320,7 @@ NodeDescription Node::describe(Point parentOrigin) {
       .kind = kind(),
       .accessibility = presented_ ? presented_->node.accessibility : Accessibility{},
       .frame = {origin, size_},
+      .visual = presented_ ? describeVisual(presented_->node) : std::string(),
       .children = {},
   };
   visitShownChildren([&](Node& child) {

@@ -21,6 +21,9 @@ struct NodeDescription {
   Accessibility accessibility;
   // In window coordinates, points.
   Rect frame;
+  // What the node draws beyond what assistive technology is told, in the words of
+  // `describeVisual`: "caption semibold secondary", "symbol gear accent". Empty for nothing.
+  std::string visual = {};
   std::vector<NodeDescription> children;
 };
 

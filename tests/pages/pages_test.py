@@ -1,0 +1,155 @@
+#!/usr/bin/env python3
+"""Compares the laid-out pages with the golden files next to this script.
+
+    pages_test.py ZORVANTINE            compares
+    pages_test.py ZORVANTINE --write    writes the golden files anew
+
+Each golden file is the output of `zorvantine describe` for one state of one page, without the
+views that neither draw nor say anything: a view that only places others may come and go.
+"""
+
+import difflib
+import json
+import os
+import re
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+FOLDER = Path(__file__).parent
+APP = "com_velloquin_zorvantine_"
+# Without it the page shows the time zone of the machine.
+TIME_ZONE = {APP + "prefTimezone": "Europe/Berlin"}
+SELECTED = "QEVAnalyzerSettingsSelectedIndex"
+
+
+def fonts(console):
+    """Every font chosen, so that the machine's own do not matter."""
+    names = ["fontPacketTable", "fontProtocolDetails", "fontBaseProtocolStatistics",
+             "fontDataSourcesHead", "fontDataSourcesList"]
+    text = {"family": "Sample Sans", "style": "Bold", "pointSize": 11.5}
+    chosen = {APP + name: text for name in names}
+    chosen[APP + "fontConsoleRaw"] = {"family": console, "style": "", "pointSize": 13.0}
+    return chosen
+
+
+def mode(uses_system, name):
+    return {APP + "appearanceUseSystem": uses_system, APP + "appearanceName": name}
+
+
+LIGHT = mode(False, "NSAppearanceNameAqua")
+DARK = mode(False, "NSAppearanceNameDarkAqua")
+AUTOMATIC = {APP + "appearanceUseSystem": True}
+UPDATES = {"SUEnableAutomaticChecks": True, "SUAutomaticallyUpdate": True,
+           "SUSendProfileInfo": True}
+
+# A golden file's name: the arguments of `describe`, the stored preferences.
+STATES = {
+    "general-automatic": (["--tab", "general"], {**AUTOMATIC, **UPDATES}),
+    "general-light-updates-off": (["--tab", "general"],
+                                  {**LIGHT, "SUEnableAutomaticChecks": False}),
+    "general-dark": (["--tab", "general"], {**DARK, **UPDATES}),
+    "general-arabic": (["--tab", "general", "--language", "ar"], {**LIGHT, **UPDATES}),
+    "capture": (["--tab", "capture"], {APP + "capture_filter": "tcp port 443",
+                                       APP + "capture_usesRingOfFiles": True}),
+    "proxy-off": (["--tab", "proxy"], {}),
+    "proxy-on": (["--tab", "proxy"], {APP + "proxy_enabled": True}),
+    "analyze-options": (["--tab", "analyze"], {SELECTED: 0}),
+    "analyze-without-options": (["--tab", "analyze"], {SELECTED: 2}),
+    "analyze-ports": (["--tab", "analyze"], {SELECTED: 8}),
+    "analyze-no-analyzers": (["--tab", "analyze", "--analyzers", "0"], {}),
+    "fonts": (["--tab", "appearance"], fonts("Sample Mono")),
+    "fonts-proportional-console": (["--tab", "appearance"], fonts("Sample Sans")),
+}
+
+FRAME = r"\(-?[0-9.]+, -?[0-9.]+\) [0-9.]+ x [0-9.]+"
+ONLY_PLACES_OTHERS = re.compile(rf' *[^ "(]+ {FRAME}')
+
+
+def depth(line):
+    return len(line) - len(line.lstrip())
+
+
+def condensed(description):
+    """The lines of the views that draw or say something, each two blanks below such a view."""
+    lines = []
+    outer = []
+    for line in description.splitlines():
+        while outer and outer[-1] >= depth(line):
+            outer.pop()
+        if ONLY_PLACES_OTHERS.fullmatch(line):
+            continue
+        lines.append("  " * len(outer) + line.lstrip())
+        outer.append(depth(line))
+    return lines
+
+
+def without_interfaces(lines):
+    """The capture page without its list of interfaces, which is the machine's own."""
+    kept = []
+    inside = None
+    for line in lines:
+        if inside is not None and depth(line) > inside:
+            continue
+        inside = None
+        if re.search(r"\bscrollArea\b", line):
+            inside = depth(line)
+            line = re.sub(r"content [0-9.]+ x [0-9.]+", "content of this machine", line)
+        kept.append(line)
+    if kept == lines:
+        raise AssertionError("the capture page shows no list of interfaces")
+    return kept
+
+
+def option_of(value):
+    if isinstance(value, bool):
+        return ["--bool", str(value).lower()]
+    if isinstance(value, int):
+        return ["--int", str(value)]
+    if isinstance(value, str):
+        return ["--string", value]
+    return ["--json", json.dumps(value)]
+
+
+def describe(program, arguments, preferences):
+    with tempfile.TemporaryDirectory() as folder:
+        environment = {"PATH": os.environ.get("PATH", ""), "LC_ALL": "C.UTF-8", "TZ": "UTC",
+                       "HOME": folder, "XDG_CONFIG_HOME": folder, "XDG_DATA_HOME": folder,
+                       "XDG_RUNTIME_DIR": folder}
+
+        def zorvantine(*command):
+            return subprocess.run([program, "--store", folder + "/preferences.sqlite", *command],
+                                  env=environment, check=True, capture_output=True,
+                                  encoding="utf-8").stdout
+
+        for key, value in {**TIME_ZONE, **preferences}.items():
+            zorvantine("prefs", "set", key, *option_of(value))
+        language = [] if "--language" in arguments else ["--language", "en"]
+        lines = condensed(zorvantine("describe", *arguments, *language))
+    return without_interfaces(lines) if "capture" in arguments else lines
+
+
+def main():
+    program = sys.argv[1]
+    writes = "--write" in sys.argv[2:]
+    differs = {path.stem for path in FOLDER.glob("*.txt")} - STATES.keys()
+    for name in differs:
+        print(f"{name}.txt belongs to no state; delete it")
+    for name, (arguments, preferences) in STATES.items():
+        lines = describe(program, arguments, preferences)
+        golden = FOLDER / f"{name}.txt"
+        if writes:
+            golden.write_text("\n".join(lines) + "\n", encoding="utf-8")
+            continue
+        expected = golden.read_text(encoding="utf-8").splitlines() if golden.exists() else []
+        if lines != expected:
+            differs.add(name)
+            print("\n".join(difflib.unified_diff(expected, lines, f"{name}.txt", "the program",
+                                                 lineterm="")))
+    if differs and not writes:
+        print("Where the change is meant, write the files anew with --write and read the diff.")
+    return 1 if differs else 0
+
+
+sys.exit(main())
