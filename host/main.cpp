@@ -39,8 +39,10 @@ Failed missingStore(const Options& options) {
 // Opens the store as the command uses it, and says how it came to be open.
 Failed openStore(const Options& options, Messages& messages) {
   if (options.store) UserDefaults::setStandardFile(*options.store);
-  if (options.storeUse == StoreUse::reads || options.storeUse == StoreUse::inspects) {
-    UserDefaults::setStandardAccess(UserDefaults::Access::readOnly);
+  const bool changesNothing =
+      options.storeUse == StoreUse::reads || options.storeUse == StoreUse::inspects;
+  if (changesNothing) UserDefaults::setStandardAccess(UserDefaults::Access::readOnly);
+  if (changesNothing || options.storeUse == StoreUse::follows) {
     if (auto failure = missingStore(options)) return failure;
   }
   if (!opensStore(options.storeUse)) return std::nullopt;

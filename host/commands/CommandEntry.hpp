@@ -19,6 +19,7 @@ enum class StoreUse {
   none,      // nothing
   inspects,  // looks at its file without opening the store
   reads,     // opens it for reading: nothing on disk is created or changed
+  follows,   // opens it and hears of changes by others; a store that was named has to be there
   writes,    // opens it for writing, which makes a store that is missing
   shows,     // as `writes`, in a window, which is of use without a file too
 };

@@ -166,7 +166,7 @@ std::vector<CommandEntry> preferencesCommands() {
                .chapter = chapter,
                .help = "Print each change, one a line, until interrupted; of all keys, or of the "
                        "keys named.",
-               .storeUse = StoreUse::reads,
+               .storeUse = StoreUse::follows,
                .runsUntilEnded = true},
               watchArguments),
       command({.name = "prefs verify",

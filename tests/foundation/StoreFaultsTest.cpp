@@ -127,8 +127,9 @@ TEST_F(StoreFaults, RefusedWriteIsTriedAgainLessAndLessOften) {
   // Nothing but another try wakes the main queue, for nothing changes in the folder.
   while (turns.size() < 4) {
     ASSERT_TRUE(MainQueue::mainQueue().wait(std::chrono::seconds(20)));
-    MainQueue::mainQueue().drain();
+    // Before the turn, in which the next pause begins.
     turns.push_back(Clock::now());
+    MainQueue::mainQueue().drain();
   }
   for (std::size_t i = 1; i < turns.size(); ++i) {
     EXPECT_GE(turns[i] - turns[i - 1], std::chrono::milliseconds(250) * (1 << (i - 1))) << i;

@@ -76,6 +76,7 @@ Outcome PreferencesFile::readAll(const Receiver& receive) {
   std::int64_t rows = 0;
   // Nobody's write comes between the rows and the count.
   execute(database_, "BEGIN");
+  const RollBackAtEnd transaction(database_.get());
   auto outcome = readChanges([&](PreferenceChange change) {
     ++rows;
     receive(std::move(change));
@@ -85,7 +86,6 @@ Outcome PreferencesFile::readAll(const Receiver& receive) {
     if (!entries) outcome = failure("read");
     if (entries && *entries != rows) outcome = damage();
   }
-  execute(database_, "COMMIT");
   return outcome;
 }
 

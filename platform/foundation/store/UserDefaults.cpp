@@ -1,5 +1,6 @@
 #include "foundation/UserDefaults.hpp"
 
+#include "foundation/Diagnostics.hpp"
 #include "foundation/MainQueue.hpp"
 #include "store/PreferenceObservers.hpp"
 #include "store/PreferencesFile.hpp"
@@ -67,7 +68,13 @@ UserDefaults& UserDefaults::standardUserDefaults() {
     const auto file = standardFile();
     const bool mayChange = chosenStandardAccess() == Access::readWrite;
     if (mayChange && !chosenStandardFile() && !file.empty()) makePrivate(file.parent_path());
-    if (!file.empty()) return open(file, chosenStandardAccess());
+    if (!file.empty()) {
+      auto opened = open(file, chosenStandardAccess());
+      // The user's own store is empty until something is stored.
+      const bool isNotMade =
+          !chosenStandardFile() && opened->storageProblem() == QEVSettings::StorageProblem::noFile;
+      return isNotMade ? inMemory() : std::move(opened);
+    }
     auto homeless = inMemory();
     const Error error{"there is no home folder to keep preferences in; set XDG_CONFIG_HOME"};
     homeless->opening_.outcome = QEVSettings::StoreOpening::Outcome::inMemory;
@@ -173,8 +180,9 @@ Outcome UserDefaults::applyAll(const PreferenceDictionary& values) {
 bool UserDefaults::put(PreferenceChange change) {
   closeCutFile();
   catchUp();
-  if (auto refusal = PreferencesFile::refusalOf(change)) {
-    setStatus(std::move(refusal), problem_);
+  refusal_ = PreferencesFile::refusalOf(change);
+  if (refusal_) {
+    reportDiagnostic("preferences: " + refusal_->message);
     return false;
   }
   const auto found = image_.find(change.key);

@@ -124,8 +124,9 @@ void UserDefaults::reconnect(Suspicion suspicion) {
       (wasRecovered(opened.opening) || opening_.outcome == StoreOpening::Outcome::inMemory)) {
     setOpening(std::move(opened.opening));
   }
+  // First: a file whose contents there was no memory for is opened again.
+  takeOverFile(std::move(opened.contents), opened.file != nullptr);
   file_ = std::move(opened.file);
-  takeOverFile(std::move(opened.contents));
   if (opened.error) {
     setStatus(std::move(opened.error), opened.problem);
   } else if (unsaved_.empty()) {
@@ -157,11 +158,12 @@ std::vector<PreferenceChange> UserDefaults::rememberedChanges() const {
 }
 
 // Takes over all of a file of which the memory may have older or newer changes. What the file has
-// not or has older is to be written to it. An empty memory has nothing to say about a file.
-void UserDefaults::takeOverFile(std::vector<PreferenceChange> contents) {
+// not or has older is to be written to it, if it can be written. An empty memory has nothing to say
+// about a file.
+void UserDefaults::takeOverFile(std::vector<PreferenceChange> contents, bool isWritten) {
   std::unordered_map<std::string, std::int64_t> inFile;
   for (const PreferenceChange& change : contents) inFile.emplace(change.key, change.number);
-  if (file_) {
+  if (isWritten) {
     for (PreferenceChange& remembered : rememberedChanges()) {
       const auto found = inFile.find(remembered.key);
       if (found != inFile.end() && found->second >= remembered.number) continue;
@@ -193,15 +195,19 @@ void UserDefaults::takeOverChanges() {
         [&](PreferenceChange change) { takeOver(std::move(change), changedKeys); });
   });
   announceLater(std::move(changedKeys));
-  if (outcome && !file_->takeHasOlderChanges()) return;
-  std::vector<PreferenceChange> contents;
-  const auto all = outcome ? withinLimits([&] {
-    return file_->readAll([&](PreferenceChange change) { contents.push_back(std::move(change)); });
+  const bool needsAll = outcome && file_->takeHasOlderChanges();
+  const auto all = needsAll ? withinLimits([&] {
+    std::vector<PreferenceChange> contents;
+    auto read =
+        file_->readAll([&](PreferenceChange change) { contents.push_back(std::move(change)); });
+    if (read) takeOverFile(std::move(contents), true);
+    return read;
   })
-                           : outcome;
+                            : outcome;
   if (all) {
-    takeOverFile(std::move(contents));
-    if (!unsaved_.empty()) save();
+    if (!unsaved_.empty() && needsAll) save();
+    // What could not be read could be read now.
+    if (unsaved_.empty() && status_ && !file_->isReadOnly()) setStatus(std::nullopt, std::nullopt);
   } else if (file_->isDamaged()) {
     save();
   } else {
@@ -276,6 +282,8 @@ Outcome UserDefaults::synchronizeOrLater() {
   auto outcome = done();
   const bool isBurst = Clock::now() - written_ < kBurst;
   if (!isBurst || !watch_->synchronizeLater(kBurst)) outcome = file_->synchronize();
+  // What the disk refused once, it may forget and accept the next time.
+  if (!outcome) keepAll();
   written_ = Clock::now();
   return outcome;
 }

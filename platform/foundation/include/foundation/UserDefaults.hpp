@@ -79,7 +79,7 @@ public:
   const QEVSettings::PreferenceValue* find(std::string_view key) const override;
   QEVSettings::PreferenceDictionary dictionaryRepresentation() const override;
   // A value that no file can hold (nested deeper than 512 levels, or above 999 MB) is refused: the
-  // key keeps its value, and `status` says why.
+  // key keeps its value, and `status` says why until the next value that is not refused.
   void setObject(QEVSettings::PreferenceValue value, std::string_view key) override;
   void removeObject(std::string_view key) override;
   [[nodiscard]] QEVSettings::Subscription observe(std::string_view key, Observer observer) override;
@@ -96,8 +96,9 @@ public:
   // Returns when all that was written survives a power cut; fails when that cannot be had.
   Outcome synchronize();
 
-  // Why the file cannot be read, or why the last write is not in it; nothing when all is well.
-  std::optional<Error> status() const { return status_; }
+  // Why the last value was refused, why the file cannot be read, or why the last write is not in
+  // it; nothing when all is well.
+  std::optional<Error> status() const { return refusal_ ? refusal_ : status_; }
 
   // Takes over what other processes wrote, as every read does. Observers hear of it from the next
   // turn of the main queue.
@@ -131,7 +132,7 @@ private:
   void closeCutFile();
   void setOpening(QEVSettings::StoreOpening opening);
   std::vector<PreferenceChange> rememberedChanges() const;
-  void takeOverFile(std::vector<PreferenceChange> contents);
+  void takeOverFile(std::vector<PreferenceChange> contents, bool isWritten);
   void takeOverNewer(std::vector<PreferenceChange> changes);
   void catchUp() const;
   void takeOverChanges();
@@ -158,9 +159,10 @@ private:
   // A read takes over first what other processes wrote, and recovers a file that it finds damaged.
   UserDefaults& self_ = *this;
   Image image_;
-  Removed removed_;  // keys that were removed, with the numbers of their rows
-  Unsaved unsaved_;  // what the file lacks
-  std::optional<Error> status_;
+  Removed removed_;               // keys that were removed, with the numbers of their rows
+  Unsaved unsaved_;               // what the file lacks
+  std::optional<Error> status_;   // of the file
+  std::optional<Error> refusal_;  // of the last value that was set
   std::optional<QEVSettings::StorageProblem> problem_;
   QEVSettings::StoreOpening opening_;
   std::chrono::steady_clock::time_point failed_;
