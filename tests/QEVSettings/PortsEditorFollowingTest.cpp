@@ -68,6 +68,25 @@ TEST_F(PortsEditorFollowingTest, UncommittedTextStaysAndTheRestOfItsRowFollows) 
   EXPECT_THAT(storedPorts(), ElementsAre("Proxy 3128,8080", "Proxy 909"));
 }
 
+TEST_F(PortsEditorFollowingTest, EscapeShowsTheStoredPortsAndLeavingKeepsThem) {
+  headless::Window& window = show();
+  type(window, 0, "90");
+  storeElsewhere([](QEVNetworkProtocolList& list) { list[0]->protocolPorts = "81"; });
+  window.settle();
+  window.press(Key::escape);
+  EXPECT_THAT(shownPorts(window), ElementsAre("81", "3128,8080"));
+
+  type(window, 1, "none");
+  window.press(Key::enter);
+  storeElsewhere([](QEVNetworkProtocolList& list) { list[1]->protocolPorts = "7"; });
+  window.press(Key::escape);
+  EXPECT_THAT(shownPorts(window), ElementsAre("81", "7"));
+  EXPECT_FALSE(window.find(Role::alert).exists());
+  window.selectTab("Fonts");
+  EXPECT_THAT(journal, IsEmpty());
+  EXPECT_THAT(storedPorts(), ElementsAre("HTTP 81", "Proxy 7"));
+}
+
 TEST_F(PortsEditorFollowingTest, FactoryRowsAreMatchedByNameWhenAnotherProcessStoresThemFirst) {
   headless::Window& window = show();
   type(window, 1, "90");

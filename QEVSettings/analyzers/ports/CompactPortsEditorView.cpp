@@ -61,7 +61,8 @@ GridRow protocolRow(const PortsEditing::Row& row, const std::vector<std::string>
                            .disableAutocorrection = true,
                            .borderStyle = RoundedBorderStyle::line,
                            .lineLimit = 4,
-                           .onCommit = [editing, row] { editing->fieldCommitted(row); }})
+                           .onCommit = [editing, row] { editing->commitPorts(row); },
+                           .onRevert = [editing, row] { editing->revertPorts(row); }})
                       .frame(FlexibleFrame{.minWidth = 120}),
                   PortSourceCell{
                       .model = row->model(),
@@ -78,7 +79,6 @@ View CompactPortsEditorView::body() const {
   const auto editing = std::make_shared<const PortsEditing>(
       ports, controller, Environment::current().defaultStore.get(),
       PortsEditing::ViewState{.rows = rows.binding(),
-                              .isShown = isShown.binding(),
                               .session = session.binding(),
                               .resetError = resetError.binding()});
 

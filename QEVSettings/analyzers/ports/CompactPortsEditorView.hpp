@@ -19,7 +19,6 @@ struct CompactPortsEditorView {
   std::weak_ptr<QEVDependencies::QEVPortsPreferencesProtocol> controller;
   // Loaded whenever the view appears.
   viewkit::State<PortsEditing::Rows> rows = {};
-  viewkit::State<bool> isShown = false;
   viewkit::State<std::shared_ptr<PortsEditing::Session>> session = {};
   viewkit::State<QEVDependencies::ErrorState> resetError = {};
 

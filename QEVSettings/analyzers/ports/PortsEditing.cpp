@@ -72,7 +72,6 @@ PortsEditing::PortsEditing(QEVDependencies::AnalyzerPortsSpec ports,
       state_(std::move(state)) {}
 
 void PortsEditing::load() const {
-  state_.isShown.set(true);
   state_.resetError.set({});
   const auto session = std::make_shared<Session>();
   session->followed = defaults_->objectForKey(ports_.networkProtocolKey);
@@ -104,25 +103,27 @@ void PortsEditing::pickSource(const Row& row, std::int64_t source) const {
   });
 }
 
-void PortsEditing::fieldCommitted(const Row& row) const {
-  if (!state_.isShown.get()) return;
-  actOn(row, [&] { commitPorts(row); });
+void PortsEditing::commitPorts(const Row& row) const {
+  actOn(row, [&] {
+    const Protocol& protocol = row->model();
+    PortValidationResult result;
+    const bool done = attempt(protocol, [&] {
+      const Protocol old = snapshot(*protocol);
+      result = store().validatedReporting(*protocol);
+      if (result.ports.empty()) throw QEVError::noUsablePorts;
+      protocol->protocolPorts = result.ports;
+      replace(old, protocol, QEVNetworkProtocolProperty::protocolPorts);
+    });
+    if (!done) return;
+    saveAndNotify();
+    showErrorState({.errorText = joinedMessages(result.corrections), .errorDetails = std::nullopt},
+                   *protocol);
+  });
 }
 
-void PortsEditing::commitPorts(const Row& row) const {
-  const Protocol& protocol = row->model();
-  PortValidationResult result;
-  const bool done = attempt(protocol, [&] {
-    const Protocol old = snapshot(*protocol);
-    result = store().validatedReporting(*protocol);
-    if (result.ports.empty()) throw QEVError::noUsablePorts;
-    protocol->protocolPorts = result.ports;
-    replace(old, protocol, QEVNetworkProtocolProperty::protocolPorts);
-  });
-  if (!done) return;
-  saveAndNotify();
-  showErrorState({.errorText = joinedMessages(result.corrections), .errorDetails = std::nullopt},
-                 *protocol);
+// The record was brought up to date, so its last registered ports are the stored ones.
+void PortsEditing::revertPorts(const Row& row) const {
+  actOn(row, [&] { row->model()->protocolPorts = row->model()->lastRegisteredPorts(); });
 }
 
 void PortsEditing::reset() const {
@@ -162,7 +163,6 @@ void PortsEditing::flush() const {
     // The rows follow the store no longer.
     state_.session.set(nullptr);
   });
-  state_.isShown.set(false);
 }
 
 void PortsEditing::follow() const {

@@ -41,8 +41,6 @@ public:
   // What the view keeps for its editing.
   struct ViewState {
     viewkit::Binding<Rows> rows;
-    // True from a load to the flush.
-    viewkit::Binding<bool> isShown;
     viewkit::Binding<std::shared_ptr<Session>> session;
     // What the analyzer had to say against the last reset as a whole.
     viewkit::Binding<QEVDependencies::ErrorState> resetError;
@@ -57,12 +55,13 @@ public:
   void load() const;
   void pickName(const Row& row, const std::string& name) const;
   void pickSource(const Row& row, std::int64_t source) const;
-  // A field that is being edited when it goes away says so after the flush, which has committed it
-  // then.
-  void fieldCommitted(const Row& row) const;
+  // Validates, registers and stores the row's ports as they were typed.
+  void commitPorts(const Row& row) const;
+  // Makes the stored ports the row's again.
+  void revertPorts(const Row& row) const;
   // Back to the factory list.
   void reset() const;
-  // Commits what was typed and not committed.
+  // Commits what was typed and not committed. Until the next load, the editing does nothing then.
   void flush() const;
 
 private:
@@ -73,7 +72,6 @@ private:
   void bringUpToDate(Session& session) const;
   void act(const std::function<void()>& steps) const;
   void actOn(const Row& row, const std::function<void()>& steps) const;
-  void commitPorts(const Row& row) const;
   void resetRows() const;
   Protocol factoryRecord(const std::string& name) const;
   void replace(const Protocol& old, const Protocol& current,
