@@ -45,10 +45,9 @@ Failed run(const VerifyPreferencesCommand&, Console& console) {
   for (const std::string& sentence : verification.sentences)
     console.out << onOneLine(sentence) << '\n';
   if (!verification.isGood) {
-    return Failure{
-        .message =
-            "the store is not in order, as the lines on standard output tell; every other command "
-            "that opens it puts right what can be"};
+    return Failure{.message =
+                       "the store is not in order, as the lines on standard output tell; the next "
+                       "command that writes recovers what can be had"};
   }
   std::error_code error;
   if (std::filesystem::exists(file, error)) reportOlderForms(Console::store(), console.out);

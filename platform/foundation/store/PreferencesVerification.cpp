@@ -86,7 +86,7 @@ private:
     if (!outcome) {
       problem(name + " cannot be used: " + outcome.error().message + ".");
       if (file.isDamaged())
-        say("The next start recovers what can be had of it and of its good copy.");
+        say("The next start or write recovers what can be had of it and of its good copy.");
       return;
     }
     const auto faults = file.faults();
