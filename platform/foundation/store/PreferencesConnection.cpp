@@ -271,8 +271,13 @@ Outcome PreferencesFile::checkLog(std::uintmax_t logBytes) {
   if ((logBytes - headerBytes) / frameBytes <= stamp_.frameCount()) return done();
   // Nobody may write meanwhile.
   if (!execute(database_, "BEGIN IMMEDIATE")) return failure("read");
-  const DatabaseLog log(readRawDatabaseFile(path_.string() + "-wal").value_or(FileBytes()));
+  auto bytes = readRawDatabaseFileIfThere(path_.string() + "-wal");
   execute(database_, "ROLLBACK");
+  if (!bytes) {
+    return fail(State::unusable, StorageProblem::failing,
+                "cannot read the log of " + path_.string() + "; check the disk");
+  }
+  const DatabaseLog log(*std::move(bytes));
   return log.hasLostTransactions() ? Outcome(damage()) : done();
 }
 

@@ -149,6 +149,7 @@ public:
     for (const PreferenceChange& change : memory) salvage_.add(change);
     salvage_.addFile(store);
     for (const auto& copy : unfinishedCopiesOf(store)) salvage_.addFile(copy);
+    // The good copy does not count: it stays until another has all that it has.
     PreferencesSalvage copy;
     struct stat found {};
     hasCopy_ = ::lstat(goodCopyOf(store).c_str(), &found) == 0;
@@ -165,6 +166,9 @@ public:
   }
 
   const std::vector<PreferenceChange>& contents() const { return contents_; }
+
+  // Whether the system gave all of the store's file and log.
+  bool hasReadAll() const { return salvage_.hasReadAll(); }
 
   // The contents with a mark of the recovery behind them.
   std::vector<PreferenceChange> markedContents() const {
@@ -257,8 +261,9 @@ OpenedPreferences recover(const std::filesystem::path& store, const OpeningReque
   }
   StoreRewrite rewrite(store);
   std::optional<Gathering> gathered;
-  auto error = rewrite.run(request.patience, [&] {
+  auto error = rewrite.run(request.patience, [&]() -> std::optional<std::vector<PreferenceChange>> {
     gathered.emplace(store, request.memory);
+    if (!gathered->hasReadAll()) return std::nullopt;
     return gathered->markedContents();
   });
   if (error) {
@@ -351,8 +356,9 @@ OpenedPreferences readPreferences(const std::filesystem::path& path) {
 
 std::vector<PreferenceChange> takeAbandonedLog(const std::filesystem::path& store) {
   PreferencesSalvage salvage;
-  salvage.addFile({},
-                  DatabaseLog(readRawDatabaseFile(store.string() + "-wal").value_or(FileBytes())));
+  auto log = readRawDatabaseFileIfThere(store.string() + "-wal");
+  if (!log) return {};
+  salvage.addFile({}, DatabaseLog(*std::move(log)));
   for (const char* ending : {"-wal", "-shm"}) ::unlink((store.string() + ending).c_str());
   return salvage.changes();
 }

@@ -26,8 +26,11 @@ std::optional<std::string> textOf(const DatabaseValue& value) {
 
 bool PreferencesSalvage::addFile(const std::filesystem::path& path) {
   // The log first: what is taken over into the file meanwhile is found in one of the two.
-  const DatabaseLog log(readRawDatabaseFile(path.string() + "-wal").value_or(FileBytes()));
-  return addFile(readRawDatabaseFile(path).value_or(FileBytes()), log);
+  auto logBytes = readRawDatabaseFileIfThere(path.string() + "-wal");
+  const auto file = readRawDatabaseFileIfThere(path);
+  hasReadAll_ = hasReadAll_ && logBytes && file;
+  const DatabaseLog log(std::move(logBytes).value_or(FileBytes()));
+  return addFile(file.value_or(FileBytes()), log);
 }
 
 bool PreferencesSalvage::addFile(const FileBytes& file, const DatabaseLog& log) {

@@ -23,6 +23,9 @@ public:
   bool addFile(const std::filesystem::path& path);
   bool addFile(const FileBytes& file, const DatabaseLog& log);
 
+  // Whether the system gave every file that was asked for and is there.
+  bool hasReadAll() const { return hasReadAll_; }
+
   void add(PreferenceChange change);
 
   // The newest change of each key, removals included, in the order of their numbers, of which no
@@ -48,6 +51,7 @@ private:
   std::map<std::int64_t, std::string> traces_;  // changes that the file names, with their keys
   std::int64_t lastNumber_ = 0;
   std::size_t rowCount_ = 0;
+  bool hasReadAll_ = true;
 };
 
 }  // namespace foundation

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <memory>
 #include <string>
 
@@ -75,6 +76,14 @@ std::optional<FileBytes> readRawDatabaseFile(const std::filesystem::path& path, 
     if (!file.read(start, std::span(bytes).subspan(start, count))) return std::nullopt;
   }
   return bytes;
+}
+
+std::optional<FileBytes> readRawDatabaseFileIfThere(const std::filesystem::path& path) {
+  struct stat found {};
+  if (::lstat(path.c_str(), &found) != 0)
+    return errno == ENOENT ? std::optional<FileBytes>(FileBytes()) : std::nullopt;
+  if (!S_ISREG(found.st_mode) || found.st_uid != ::geteuid()) return FileBytes();
+  return readRawDatabaseFile(path);
 }
 
 bool overwriteStartOfFile(const std::filesystem::path& path, std::span<const std::uint8_t> bytes) {

@@ -21,6 +21,10 @@ using FileBytes = std::vector<std::uint8_t>;
 std::optional<FileBytes> readRawDatabaseFile(
     const std::filesystem::path& path, std::size_t most = std::numeric_limits<std::size_t>::max());
 
+// All bytes of the file; none of a file that is missing, or that is no regular file of this user.
+// Nothing when the system refuses to give them: what it has is not known then.
+std::optional<FileBytes> readRawDatabaseFileIfThere(const std::filesystem::path& path);
+
 // Replaces the first bytes of the file; says whether they are on disk.
 bool overwriteStartOfFile(const std::filesystem::path& path, std::span<const std::uint8_t> bytes);
 

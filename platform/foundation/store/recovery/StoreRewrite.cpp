@@ -66,8 +66,8 @@ std::filesystem::path unfinishedCopy(const std::filesystem::path& store, int num
   return store.string() + ".recovering" + (number > 1 ? "-" + std::to_string(number) : "");
 }
 
-FileBytes logOf(const std::filesystem::path& path) {
-  return readRawDatabaseFile(path.string() + "-wal").value_or(FileBytes());
+std::optional<FileBytes> logOf(const std::filesystem::path& path) {
+  return readRawDatabaseFileIfThere(path.string() + "-wal");
 }
 
 // Keeps the file and its log under another name, unless they are kept already.
@@ -137,7 +137,8 @@ std::optional<Error> StoreRewrite::run(Patience patience, const Contents& conten
   if (!keepDamaged())
     return fail("keep a copy of", errno == ENOSPC || errno == EDQUOT ? SQLITE_FULL : SQLITE_IOERR);
   const auto rows = contents();
-  if (!fill(fresh, rows)) return fail("recover", SQLITE_NOMEM);
+  if (!rows) return fail("read", SQLITE_IOERR);
+  if (!fill(fresh, *rows)) return fail("recover", SQLITE_NOMEM);
   if (!cutLog()) return fail("recover", SQLITE_IOERR);
   const int code = backup.step(-1);
   if (const int end = backup.finish(); code != SQLITE_DONE || end != SQLITE_OK) {
@@ -205,14 +206,16 @@ bool StoreRewrite::keepDamaged() const {
     std::copy(formerStart_.begin(), formerStart_.end(), file->begin());
     if (formerSize_ < kHeaderBytes) file->resize(formerSize_);
   }
-  return keepCopy(store_, *file, logOf(store_));
+  const auto log = logOf(store_);
+  return log && keepCopy(store_, *file, *log);
 }
 
 bool StoreRewrite::cutLog() const {
   const std::string name = store_.string() + "-wal";
   auto bytes = logOf(store_);
-  const std::size_t size = bytes.size();
-  const std::size_t accepted = DatabaseLog(std::move(bytes)).acceptedBytes();
+  if (!bytes) return false;
+  const std::size_t size = bytes->size();
+  const std::size_t accepted = DatabaseLog(*std::move(bytes)).acceptedBytes();
   if (size <= accepted) return true;
   const FileDescriptor log(::open(name.c_str(), O_WRONLY | O_NOFOLLOW | O_CLOEXEC));
   return log && ::ftruncate(log.get(), static_cast<off_t>(accepted)) == 0;

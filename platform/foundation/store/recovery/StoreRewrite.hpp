@@ -32,9 +32,10 @@ class StoreRewrite {
 public:
   explicit StoreRewrite(std::filesystem::path store) : store_(std::move(store)) {}
 
-  // Steps 1 to 6. `contents` is asked for all rows once nobody writes any more. Needs the repair
-  // lock, and that the file exists. Says why the store was not written.
-  using Contents = std::function<std::vector<PreferenceChange>()>;
+  // Steps 1 to 6. `contents` is asked for all rows once nobody writes any more; none when the file
+  // or its log cannot be read. Needs the repair lock, and that the file exists. Says why the store
+  // was not written.
+  using Contents = std::function<std::optional<std::vector<PreferenceChange>>()>;
   std::optional<Error> run(Patience patience, const Contents& contents);
   QEVSettings::StorageProblem problem() const { return problem_; }
 
