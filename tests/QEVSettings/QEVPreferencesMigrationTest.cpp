@@ -72,7 +72,7 @@ TEST_F(QEVPreferencesMigrationTest, RunsEachStepOnAFreshSnapshotAndAdvancesTheVe
           "prefs migration v2: rewrote protocolPorts from array to String in 1 protocol list(s)"));
   EXPECT_EQ(entries[1].function, "migrateProtocolsPortsFromArrayToString(defaults:)");
   for (const auto& entry : entries) {
-    EXPECT_EQ(entry.filename, "migration/QEVPreferencesMigration.cpp");
+    EXPECT_EQ(entry.filename, "QEVSettings/QEVPreferencesMigration.cpp");
     EXPECT_GT(entry.line, 0);
     EXPECT_EQ(entry.separator, ", ");
     EXPECT_EQ(entry.terminator, "\n");
