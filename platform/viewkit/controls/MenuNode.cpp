@@ -21,10 +21,10 @@ class MenuNode final : public ControlNode {
 protected:
   Control presentedControl() override {
     const auto& described = std::get<MenuControl>(value().control);
-    return MenuControl{.title = described.title, .items = [description = view(), shown = isShown_] {
-                         return itemsWhile(shown,
-                                           std::get<MenuControl>(valueOf(description).control));
-                       }};
+    const auto items = [description = view(), shown = isShown_] {
+      return itemsWhile(shown, std::get<MenuControl>(valueOf(description).control));
+    };
+    return MenuControl{.title = described.title, .items = items, .kind = described.kind};
   }
 
   void activeChanged() override { *isShown_ = isActive(); }
