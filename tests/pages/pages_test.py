@@ -41,14 +41,14 @@ def mode(uses_system, name):
 LIGHT = mode(False, "NSAppearanceNameAqua")
 DARK = mode(False, "NSAppearanceNameDarkAqua")
 AUTOMATIC = {APP + "appearanceUseSystem": True}
-UPDATES = {"SUEnableAutomaticChecks": True, "SUAutomaticallyUpdate": True,
-           "SUSendProfileInfo": True}
+UPDATES = {"sparkle_automaticallyChecks": True, "sparkle_automaticallyDownloads": True,
+           "sparkle_sendsSystemProfile": True}
 
 # A golden file's name: the arguments of `describe`, the stored preferences.
 STATES = {
     "general-automatic": (["--tab", "general"], {**AUTOMATIC, **UPDATES}),
     "general-light-updates-off": (["--tab", "general"],
-                                  {**LIGHT, "SUEnableAutomaticChecks": False}),
+                                  {**LIGHT, "sparkle_automaticallyChecks": False}),
     "general-dark": (["--tab", "general"], {**DARK, **UPDATES}),
     "general-arabic": (["--tab", "general", "--language", "ar"], {**LIGHT, **UPDATES}),
     "capture": (["--tab", "capture"], {APP + "capture_filter": "tcp port 443",
@@ -133,7 +133,7 @@ def describe(program, arguments, preferences):
 def main():
     program = sys.argv[1]
     writes = "--write" in sys.argv[2:]
-    differs = {path.stem for path in FOLDER.glob("*.txt")} - STATES.keys()
+    differs = {path.stem for path in FOLDER.glob("*.txt")} - STATES.keys() - {"CMakeLists"}
     for name in differs:
         print(f"{name}.txt belongs to no state; delete it")
     for name, (arguments, preferences) in STATES.items():
