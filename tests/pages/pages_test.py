@@ -8,10 +8,12 @@ Each golden file is the output of `zorvantine describe` for one state of one pag
 views that neither draw nor say anything: a view that only places others may come and go.
 """
 
+import base64
 import difflib
 import json
 import os
 import re
+import struct
 import subprocess
 import sys
 import tempfile
@@ -44,6 +46,14 @@ AUTOMATIC = {APP + "appearanceUseSystem": True}
 UPDATES = {"sparkle_automaticallyChecks": True, "sparkle_automaticallyDownloads": True,
            "sparkle_sendsSystemProfile": True}
 
+# A colour that was never chosen is a new one each time.
+COLOR = base64.b64encode(struct.pack("<4d", 1, 0.5, 0.25, 1)).decode()
+
+
+def analyzer(index, name):
+    return {SELECTED: index, f"com_velloquin_qev_{name}_color": COLOR}
+
+
 # A golden file's name: the arguments of `describe`, the stored preferences.
 STATES = {
     "general-automatic": (["--tab", "general"], {**AUTOMATIC, **UPDATES}),
@@ -55,9 +65,9 @@ STATES = {
                                        APP + "capture_usesRingOfFiles": True}),
     "proxy-off": (["--tab", "proxy"], {}),
     "proxy-on": (["--tab", "proxy"], {APP + "proxy_enabled": True}),
-    "analyze-options": (["--tab", "analyze"], {SELECTED: 0}),
+    "analyze-options": (["--tab", "analyze"], analyzer(0, "ethernet")),
     "analyze-without-options": (["--tab", "analyze"], {SELECTED: 2}),
-    "analyze-ports": (["--tab", "analyze"], {SELECTED: 8}),
+    "analyze-ports": (["--tab", "analyze"], analyzer(8, "quic")),
     "analyze-no-analyzers": (["--tab", "analyze", "--analyzers", "0"], {}),
     "fonts": (["--tab", "appearance"], fonts("Sample Mono")),
     "fonts-proportional-console": (["--tab", "appearance"], fonts("Sample Sans")),
