@@ -8,10 +8,12 @@ Each golden file is the output of `zorvantine describe` for one state of one pag
 views that neither draw nor say anything: a view that only places others may come and go.
 """
 
+import base64
 import difflib
 import json
 import os
 import re
+import struct
 import subprocess
 import sys
 import tempfile
@@ -41,23 +43,31 @@ def mode(uses_system, name):
 LIGHT = mode(False, "NSAppearanceNameAqua")
 DARK = mode(False, "NSAppearanceNameDarkAqua")
 AUTOMATIC = {APP + "appearanceUseSystem": True}
-UPDATES = {"SUEnableAutomaticChecks": True, "SUAutomaticallyUpdate": True,
-           "SUSendProfileInfo": True}
+UPDATES = {"sparkle_automaticallyChecks": True, "sparkle_automaticallyDownloads": True,
+           "sparkle_sendsSystemProfile": True}
+
+# A colour that was never chosen is a new one each time.
+COLOR = base64.b64encode(struct.pack("<4d", 1, 0.5, 0.25, 1)).decode()
+
+
+def analyzer(index, name):
+    return {SELECTED: index, f"com_velloquin_qev_{name}_color": COLOR}
+
 
 # A golden file's name: the arguments of `describe`, the stored preferences.
 STATES = {
     "general-automatic": (["--tab", "general"], {**AUTOMATIC, **UPDATES}),
     "general-light-updates-off": (["--tab", "general"],
-                                  {**LIGHT, "SUEnableAutomaticChecks": False}),
+                                  {**LIGHT, "sparkle_automaticallyChecks": False}),
     "general-dark": (["--tab", "general"], {**DARK, **UPDATES}),
     "general-arabic": (["--tab", "general", "--language", "ar"], {**LIGHT, **UPDATES}),
     "capture": (["--tab", "capture"], {APP + "capture_filter": "tcp port 443",
                                        APP + "capture_usesRingOfFiles": True}),
     "proxy-off": (["--tab", "proxy"], {}),
     "proxy-on": (["--tab", "proxy"], {APP + "proxy_enabled": True}),
-    "analyze-options": (["--tab", "analyze"], {SELECTED: 0}),
+    "analyze-options": (["--tab", "analyze"], analyzer(0, "ethernet")),
     "analyze-without-options": (["--tab", "analyze"], {SELECTED: 2}),
-    "analyze-ports": (["--tab", "analyze"], {SELECTED: 8}),
+    "analyze-ports": (["--tab", "analyze"], analyzer(8, "quic")),
     "analyze-no-analyzers": (["--tab", "analyze", "--analyzers", "0"], {}),
     "fonts": (["--tab", "appearance"], fonts("Sample Mono")),
     "fonts-proportional-console": (["--tab", "appearance"], fonts("Sample Sans")),
@@ -133,7 +143,7 @@ def describe(program, arguments, preferences):
 def main():
     program = sys.argv[1]
     writes = "--write" in sys.argv[2:]
-    differs = {path.stem for path in FOLDER.glob("*.txt")} - STATES.keys()
+    differs = {path.stem for path in FOLDER.glob("*.txt")} - STATES.keys() - {"CMakeLists"}
     for name in differs:
         print(f"{name}.txt belongs to no state; delete it")
     for name, (arguments, preferences) in STATES.items():
