@@ -362,9 +362,11 @@ TEST_F(ControlsTest, PopUpButtonWithoutTitleIsSeenAndOpens) {
   EXPECT_GT(button.width(), 16);
   button.setFocus();
   press(Qt::Key_Space);
-  ASSERT_NE(QApplication::activePopupWidget(), nullptr);
-  QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
-  QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+  QWidget* popup = QApplication::activePopupWidget();
+  ASSERT_NE(popup, nullptr);
+  QWidget& list = popup->focusWidget() ? *popup->focusWidget() : *popup;
+  QTest::keyClick(&list, Qt::Key_Down);
+  QTest::keyClick(&list, Qt::Key_Return);
   settle();
   EXPECT_EQ(picked, "Zone");
 }
