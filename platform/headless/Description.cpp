@@ -45,7 +45,8 @@ void writeJson(foundation::JSONWriter& writer, const viewkit::NodeDescription& n
   writer.name("value").string(accessibility.value);
   writer.name("help").string(accessibility.help);
   writer.name("enabled").boolean(accessibility.enabled);
-  if (accessibility.selected) writer.name("selected").boolean(*accessibility.selected);
+  writer.name("selected");
+  accessibility.selected ? writer.boolean(*accessibility.selected) : writer.null();
   writer.name("visual").string(node.visual);
   writer.name("frame").beginObject();
   writer.name("x").real(origin.x).name("y").real(origin.y);

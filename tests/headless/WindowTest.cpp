@@ -438,7 +438,7 @@ TEST(HeadlessDescription, IsNestedTextOrJSON) {
             "(10, 20) 80 x 20 [placeholder \\\"a\\\"]\n");
   EXPECT_EQ(jsonDescription(tree),
             R"({"kind":"VStack","role":"none","label":"","value":"","help":"","enabled":true,)"
-            R"("visual":"",)"
+            R"("selected":null,"visual":"",)"
             R"("frame":{"x":0,"y":0,"width":100.5,"height":40},"children":[)"
             R"({"kind":"Button","role":"button","label":"Say \"hi\"\n)"
             "\xEF\xBF\xBD"

@@ -19,7 +19,8 @@ from pathlib import Path
 
 PROGRAM = sys.argv[1]
 TABS = ["general", "capture", "proxy", "analyze", "appearance"]
-MEMBERS = {"kind", "role", "label", "value", "help", "enabled", "frame", "children"}
+MEMBERS = {"kind", "role", "label", "value", "help", "enabled", "selected", "visual", "frame",
+           "children"}
 
 
 def pixels(picture):

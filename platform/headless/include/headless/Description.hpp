@@ -14,9 +14,9 @@ namespace headless {
 std::string textDescription(const viewkit::NodeDescription& node);
 
 // The same for a program: an object with the members "kind", "role", "label", "value", "help",
-// "enabled", "selected" (only for one of several that can be selected), "visual" (what the node
-// draws, as in the text form), "frame" (an object of "x", "y", "width" and "height", in points,
-// relative to the window) and "children" (an array of such objects).
+// "enabled", "selected" (null unless it is one of several that can be selected), "visual" (what the
+// node draws, as in the text form), "frame" (an object of "x", "y", "width" and "height", in
+// points, relative to the window) and "children" (an array of such objects).
 std::string jsonDescription(const viewkit::NodeDescription& node);
 
 }  // namespace headless
