@@ -113,6 +113,14 @@ Gate& gateAtExit() {
 
 TEST_F(StoreWatch, ProcessThatEndsWhileTheThreadQueuesWorkEndsInOrder) {
   Child child([&] {
+    // A process of its own writes: in this one the writer's thread could be the one that is held.
+    std::array<int, 2> isWatching{};
+    if (pipe(isWatching.data()) != 0) return 3;
+    Child writer([&] {
+      char byte = 0;
+      if (read(isWatching[0], &byte, 1) == 1) open()->setInteger(1, "key");
+      return 0;
+    });
     UserDefaults::setStandardFile(path);
     gateAtExit();
     auto& store = UserDefaults::standardUserDefaults();
@@ -122,8 +130,8 @@ TEST_F(StoreWatch, ProcessThatEndsWhileTheThreadQueuesWorkEndsInOrder) {
       MainQueue::mainQueue().async([] {});
     });
     static Subscription all = store.observeAll([](std::string_view) {});
-    open()->setInteger(1, "key");
-    if (!gateAtExit().waitUntilHeld()) return 1;
+    if (write(isWatching[1], "", 1) != 1 || !gateAtExit().waitUntilHeld()) return 1;
+    writer.wait();
     std::exit(store.integerForKey("key") == 1 ? 0 : 2);
   });
   EXPECT_EQ(child.wait(), 0);
