@@ -21,14 +21,13 @@
 namespace QEVCoreComponents {
 
 using namespace viewkit;
-using QEVCommonTools::cornerRadius;
+using QEVCommonTools::CornerRadius;
 using QEVCommonTools::formatted;
 using QEVCommonTools::kCornerLow;
 using QEVCommonTools::kCornerMed;
 using QEVCommonTools::klear;
 using QEVCommonTools::localized;
 using QEVCommonTools::points;
-using QEVCommonTools::RectCorner;
 using QEVCommonTools::Spacing;
 using QEVCommonTools::trimmed;
 
@@ -88,8 +87,8 @@ View interfaceRow(const NetworkInterface& interface, bool isSelected, const Mode
                                       .foreground(detail)
                                       .fixedSize(),
                               })
-                           .padding(Edges::vertical, points(Spacing::s3))
-                           .padding(Edges::horizontal, points(Spacing::s5))
+                           .padding(Edges::vertical, Spacing::s3)
+                           .padding(Edges::horizontal, Spacing::s5)
                            .background(isSelected ? Color::accent() : klear())
                            .clipped(kCornerMed);
 
@@ -167,21 +166,20 @@ View CaptureCockpitView::interfaceList() const {
     return interfaceRow(each, each.name == effective, model);
   };
 
-  return cornerRadius(
-      ScrollView(
-          {},
-          VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s0)},
-                 {
-                     interfaces.empty() ? Text(localized("This machine has no network interface"))
-                                              .foreground(Color::secondary())
-                                        : View(),
-                     forEach(interfaces, name, row),
-                 })
-              .padding(points(Spacing::s3))
-              .accessibilityRole(Role::list))
-          .frame(FixedFrame{.height = kListHeight})
-          .background(Color::controlBackground()),
-      kCornerLow, RectCorner::allCorners);
+  return ScrollView(
+             {}, VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s0)},
+                        {
+                            interfaces.empty()
+                                ? Text(localized("This machine has no network interface"))
+                                      .foreground(Color::secondary())
+                                : View(),
+                            forEach(interfaces, name, row),
+                        })
+                     .padding(Spacing::s3)
+                     .accessibilityRole(Role::list))
+      .frame(FixedFrame{.height = kListHeight})
+      .background(Color::controlBackground())
+      .modifier(CornerRadius{.radius = kCornerLow});
 }
 
 View CaptureCockpitView::options() const {

@@ -17,7 +17,7 @@ using QEVCommonTools::kCornerMed;
 using QEVCommonTools::klear;
 using QEVCommonTools::localized;
 using QEVCommonTools::points;
-using QEVCommonTools::roundedBorder;
+using QEVCommonTools::RoundedBorder;
 using QEVCommonTools::Spacing;
 using QEVDependencies::ErrorState;
 using QEVDependencies::ErrorViewModel;
@@ -86,14 +86,15 @@ View ProtocolPortInputField::field() const {
     protocol->errorModel()->errorState = {};
   };
 
-  return roundedBorder(
-      TextField({.placeholder = placeholder,
-                 .lineLimit = lineLimit,
-                 .problem = isWrong ? textOf(state) : "",
-                 .revert = revert},
-                ports, onCommit)
-          .accessibilityLabel(titleKey.empty() ? placeholder : localized(titleKey)),
-      borderStyle, kCornerMed, isWrong ? Color::systemRed() : klear(), 1);
+  return TextField({.placeholder = placeholder,
+                    .lineLimit = lineLimit,
+                    .problem = isWrong ? textOf(state) : "",
+                    .revert = revert},
+                   ports, onCommit)
+      .accessibilityLabel(titleKey.empty() ? placeholder : localized(titleKey))
+      .modifier(RoundedBorder{.borderStyle = borderStyle,
+                              .cornerRadius = kCornerMed,
+                              .borderColor = isWrong ? Color::systemRed() : klear()});
 }
 
 }  // namespace QEVCoreComponents
