@@ -109,16 +109,16 @@ View upstream(const Service& service) {
           .disabled(!address));
 }
 
-View problemText(const std::string& problem) {
-  if (problem.empty()) return View();
-  return Text(problem)
+View problemText(const std::optional<std::string>& problem) {
+  if (!problem) return View();
+  return Text(*problem)
       .font(Font::caption())
       .foreground(Color::systemRed())
       .accessibilityRole(Role::alert);
 }
 
-View certificate(const std::string& path) {
-  const std::string text = path.empty() ? localized("no certificate yet") : path;
+View certificate(const std::optional<std::string>& path) {
+  const std::string text = path ? *path : localized("no certificate yet");
   return Text(text)
       .font(Font::callout())
       .foreground(Color::secondary())
@@ -136,8 +136,7 @@ GridRow formRow(const std::string& label, const View& control) {
 
 }  // namespace
 
-View ProxySetupForm::body() const {
-  const Service& proxy = service.get();
+View proxySetupRows(const Service& proxy) {
   const std::string enabled = localized("Proxy");
   const std::string intercepts = localized("Intercept TLS");
 
