@@ -43,7 +43,7 @@ QT = r"Qt|Q[A-Z]\w*(/\w+)?"
 OUTSIDE = {
     "foundation": [POSIX, r"sqlite3\.h", r"expat\.h", r"unicode/.+", r"xxhash\.h"],
     "viewkit": [r"cxxabi\.h"],
-    "sparkle": [r"expat\.h", r"sodium\.h"],
+    "sparkle": [r"sodium\.h"],
     "qt": [POSIX, QT],
     "host": [POSIX, NETWORK, QT],
     "tests": [r".+"],
