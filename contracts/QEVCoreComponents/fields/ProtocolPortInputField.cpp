@@ -25,7 +25,7 @@ using QEVDependencies::QEVNetworkProtocol;
 
 namespace {
 
-// The whole text of an error without details.
+// The complete text of an error without details.
 constexpr std::string_view kErrorTitle = "Error";
 
 std::string textOf(const ErrorState& state) {
@@ -33,7 +33,7 @@ std::string textOf(const ErrorState& state) {
   return state.errorText + "\n" + localized(message(*state.errorDetails));
 }
 
-// Corrections are told without an error: what remained of the text was stored.
+// A state with corrections has no error: the rest of the text was valid and was stored.
 bool isRefused(const ErrorState& state) {
   return state.errorDetails || state.errorText == kErrorTitle;
 }

@@ -5,7 +5,7 @@
 namespace QEVCommonTools {
 
 enum class RoundedBorderStyle {
-  line,  // a line along the inside of the edge
+  line,  // along the inside of the edge
   none,
 };
 
