@@ -28,7 +28,8 @@ void ApplicationDelegate::setupAppearanceFromUserDefaults() {
   // Every other name is as dark as the default.
   const std::string name =
       store_.stringForKey(kAppearanceName.name).value_or(kAppearanceName.defaultValue);
-  application.setAppearance(name == "NSAppearanceNameAqua" ? Appearance::light : Appearance::dark);
+  application.setAppearance(name == QEVKonstantsKeys::kAppearanceNameAqua ? Appearance::light
+                                                                          : Appearance::dark);
 }
 
 }  // namespace zorvantine

@@ -36,15 +36,15 @@ bool ProxyService::isEnabled() const { return store_.boolForKey(kEnabled); }
 
 void ProxyService::setEnabled(bool enabled) { set(enabled, kEnabled); }
 
-std::string ProxyService::problem() const {
-  if (!isEnabled()) return "";
+std::optional<std::string> ProxyService::problem() const {
+  if (!isEnabled()) return std::nullopt;
   if (upstream() == listeningAddress()) {
     return "The proxy would send its traffic to itself: give it another upstream proxy or port.";
   }
-  if (interceptsTLS() && certificatePath().empty()) {
+  if (interceptsTLS() && !certificatePath()) {
     return "Intercepting TLS needs a certificate: make one, or turn it off.";
   }
-  return "";
+  return std::nullopt;
 }
 
 ProxyAddress ProxyService::listeningAddress() const {
@@ -66,8 +66,9 @@ bool ProxyService::interceptsTLS() const { return store_.boolForKey(kInterceptsT
 
 void ProxyService::setInterceptsTLS(bool intercepts) { set(intercepts, kInterceptsTLS); }
 
-std::string ProxyService::certificatePath() const {
-  return store_.stringForKey(kCertificatePath).value_or("");
+std::optional<std::string> ProxyService::certificatePath() const {
+  auto path = store_.stringForKey(kCertificatePath);
+  return path && !path->empty() ? std::move(path) : std::nullopt;
 }
 
 void ProxyService::set(QEVSettings::PreferenceValue value, std::string_view key) {

@@ -20,14 +20,14 @@ public:
 
   bool isEnabled() const override;
   void setEnabled(bool enabled) override;
-  std::string problem() const override;
+  std::optional<std::string> problem() const override;
   QEVDependencies::ProxyAddress listeningAddress() const override;
   void setListeningAddress(QEVDependencies::ProxyAddress address) override;
   std::optional<QEVDependencies::ProxyAddress> upstream() const override;
   void setUpstream(std::optional<QEVDependencies::ProxyAddress> upstream) override;
   bool interceptsTLS() const override;
   void setInterceptsTLS(bool intercepts) override;
-  std::string certificatePath() const override;
+  std::optional<std::string> certificatePath() const override;
 
 private:
   void set(QEVSettings::PreferenceValue value, std::string_view key);

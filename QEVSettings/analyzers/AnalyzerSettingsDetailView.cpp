@@ -75,7 +75,7 @@ View AnalyzerSettingsDetailView::body() const {
                     Hairline{.color = Color::separator()},
                     sections(),
                 })
-      .padding(points(Spacing::s6))
+      .padding(Spacing::s6)
       .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::topLeading()});
 }
 

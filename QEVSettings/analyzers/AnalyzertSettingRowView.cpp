@@ -10,14 +10,13 @@ namespace QEVSettings {
 using namespace viewkit;
 using QEVCommonTools::kCornerMed;
 using QEVCommonTools::klear;
-using QEVCommonTools::points;
 using QEVCommonTools::Spacing;
 
 View AnalyzertSettingRowView::body() const {
   return Text(model->pluginStruct.get().plugInTitle)
       .font(Font::body())
       .foreground(model->isActive ? Color::selectedText() : Color::primary())
-      .padding(points(Spacing::s5))
+      .padding(Spacing::s5)
       .frame(FixedFrame{.width = 150, .alignment = Alignment::leading()})
       .background(model->isActive ? Color::accent() : klear())
       .clipped(kCornerMed)

@@ -10,7 +10,6 @@
 namespace QEVSettings {
 
 using namespace viewkit;
-using QEVCommonTools::points;
 using QEVCommonTools::Spacing;
 using QEVCoreComponents::CaptureCockpitView;
 
@@ -31,7 +30,7 @@ View QEVCaptureSettingsView::body() const {
   return GroupBox{
       View(CaptureCockpitView{.viewModel = captureModel.get()})
           .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::leading()})
-          .padding(points(Spacing::s6))
+          .padding(Spacing::s6)
           .onTap(endTextEditingLater)};
 }
 

@@ -29,12 +29,11 @@
 namespace QEVSettings {
 
 using namespace viewkit;
-using QEVCommonTools::cornerRadius;
+using QEVCommonTools::CornerRadius;
 using QEVCommonTools::FontPicker;
 using QEVCommonTools::FontPreferences;
 using QEVCommonTools::kCornerLow;
 using QEVCommonTools::points;
-using QEVCommonTools::RectCorner;
 using QEVCommonTools::Spacing;
 
 namespace {
@@ -57,38 +56,38 @@ constexpr std::array kFontSettings{
     FontSetting{.row = 1,
                 .labelKey = "Packets List Font:",
                 .symbol = "list.bullet.rectangle",
-                .key = QEVKonstantsKeys::kFontPacketTable,
+                .key = QEVKonstantsKeys::kFontPacketTable.name,
                 .get = &FontPreferences::com_velloquin_zorvantine_fontPacketTable,
                 .set = &FontPreferences::setCom_velloquin_zorvantine_fontPacketTable},
     FontSetting{.row = 2,
                 .labelKey = "Console Font:",
                 .symbol = "terminal",
-                .key = QEVKonstantsKeys::kFontConsoleRaw,
+                .key = QEVKonstantsKeys::kFontConsoleRaw.name,
                 .get = &FontPreferences::com_velloquin_zorvantine_fontConsoleRaw,
                 .set = &FontPreferences::setCom_velloquin_zorvantine_fontConsoleRaw,
                 .warnsOfProportionalFont = true},
     FontSetting{.row = 3,
                 .labelKey = "Protocol Details:",
                 .symbol = "rectangle.split.3x1",
-                .key = QEVKonstantsKeys::kFontProtocolDetails,
+                .key = QEVKonstantsKeys::kFontProtocolDetails.name,
                 .get = &FontPreferences::com_velloquin_zorvantine_fontProtocolDetails,
                 .set = &FontPreferences::setCom_velloquin_zorvantine_fontProtocolDetails},
     FontSetting{.row = 4,
                 .labelKey = "Protocol Statistics Font:",
                 .symbol = "chart.bar.xaxis",
-                .key = QEVKonstantsKeys::kFontBaseProtocolStatistics,
+                .key = QEVKonstantsKeys::kFontBaseProtocolStatistics.name,
                 .get = &FontPreferences::com_velloquin_zorvantine_fontBaseProtocolStatistics,
                 .set = &FontPreferences::setCom_velloquin_zorvantine_fontBaseProtocolStatistics},
     FontSetting{.row = 6,
                 .labelKey = "Data Sources Header Font:",
                 .symbol = "tablecells",
-                .key = QEVKonstantsKeys::kFontDataSourcesHead,
+                .key = QEVKonstantsKeys::kFontDataSourcesHead.name,
                 .get = &FontPreferences::com_velloquin_zorvantine_fontDataSourcesHead,
                 .set = &FontPreferences::setCom_velloquin_zorvantine_fontDataSourcesHead},
     FontSetting{.row = 5,
                 .labelKey = "Data Sources List Font:",
                 .symbol = "sidebar.left",
-                .key = QEVKonstantsKeys::kFontDataSourcesList,
+                .key = QEVKonstantsKeys::kFontDataSourcesList.name,
                 .get = &FontPreferences::com_velloquin_zorvantine_fontDataSourcesList,
                 .set = &FontPreferences::setCom_velloquin_zorvantine_fontDataSourcesList},
 };
@@ -126,7 +125,7 @@ View monospaceWarning() {
       .truncation(Truncation::middle)
       .foreground(Color::systemRed())
       .fixedSize(false, true)
-      .padding(Edges::bottom, points(Spacing::s4));
+      .padding(Edges::bottom, Spacing::s4);
 }
 
 struct FontRow {
@@ -165,19 +164,19 @@ struct FontRow {
   View preview() const {
     const auto& [description, font] = sample.get();
     const bool warns = setting.warnsOfProportionalFont && !font.isFixedPitch();
-    return cornerRadius(VStack({.spacing = 0},
-                               {
-                                   Text(description)
-                                       .font(Font::of(font))
-                                       .lineLimit(1)
-                                       .truncation(Truncation::middle)
-                                       .fixedSize(false, true)
-                                       .padding(points(Spacing::s5)),
-                                   warns ? monospaceWarning() : View(),
-                               })
-                            .frame(FlexibleFrame{.minWidth = 130, .maxWidth = kUnlimited})
-                            .background(Color::controlBackground()),
-                        kCornerLow, RectCorner::allCorners);
+    return VStack({.spacing = 0},
+                  {
+                      Text(description)
+                          .font(Font::of(font))
+                          .lineLimit(1)
+                          .truncation(Truncation::middle)
+                          .fixedSize(false, true)
+                          .padding(Spacing::s5),
+                      warns ? monospaceWarning() : View(),
+                  })
+        .frame(FlexibleFrame{.minWidth = 130, .maxWidth = kUnlimited})
+        .background(Color::controlBackground())
+        .modifier(CornerRadius{.radius = kCornerLow});
   }
 
   Binding<appkit::Font> selection() const {
@@ -224,7 +223,7 @@ View QEVFontSettingsView::body() const {
                        return FontRow(kFontSettings.at(i), samples_.at(i), labelWidth);
                      }),
              })
-          .padding(points(Spacing::s6))
+          .padding(Spacing::s6)
           .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::topLeading()})};
 }
 

@@ -13,12 +13,11 @@
 namespace QEVSettings {
 
 using namespace viewkit;
-using QEVCommonTools::cornerRadius;
+using QEVCommonTools::CornerRadius;
 using QEVCommonTools::kCornerHigh;
 using QEVCommonTools::klear;
 using QEVCommonTools::points;
-using QEVCommonTools::RectCorner;
-using QEVCommonTools::roundedBorder;
+using QEVCommonTools::RoundedBorder;
 using QEVCommonTools::RoundedBorderStyle;
 using QEVCommonTools::Spacing;
 
@@ -27,20 +26,23 @@ View AppearanceModeButton::body() const {
 }
 
 View AppearanceModeButton::content() const {
-  return VStack({.spacing = points(Spacing::s4)},
-                {
-                    roundedBorder(
-                        cornerRadius(thumbnail().frame(FixedFrame{.width = 93, .height = 56}),
-                                     kCornerHigh, RectCorner::allCorners),
-                        RoundedBorderStyle::line, kCornerHigh,
-                        isSelected ? Color::accent() : klear(), 2),
-                    Text(label)
-                        .font(Font::caption())
-                        .foreground(isSelected ? Color::accent() : Color::secondary()),
-                })
-      .padding(Edges::horizontal, points(Spacing::s6))
-      .padding(Edges::top, points(Spacing::s5))
-      .padding(Edges::bottom, points(Spacing::s4))
+  return VStack(
+             {.spacing = points(Spacing::s4)},
+             {
+                 thumbnail()
+                     .frame(FixedFrame{.width = 93, .height = 56})
+                     .modifier(CornerRadius{.radius = kCornerHigh})
+                     .modifier(RoundedBorder{.borderStyle = RoundedBorderStyle::line,
+                                             .cornerRadius = kCornerHigh,
+                                             .borderColor = isSelected ? Color::accent() : klear(),
+                                             .lineWidth = 2}),
+                 Text(label)
+                     .font(Font::caption())
+                     .foreground(isSelected ? Color::accent() : Color::secondary()),
+             })
+      .padding(Edges::horizontal, Spacing::s6)
+      .padding(Edges::top, Spacing::s5)
+      .padding(Edges::bottom, Spacing::s4)
       .background(RoundedRectangle(kCornerHigh)
                       .fill(hovering ? Color::primary().withOpacity(0.06) : klear()))
       .onHover([self = *this](bool inside) { self.hovering.set(inside); });

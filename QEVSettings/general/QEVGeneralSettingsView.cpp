@@ -13,7 +13,6 @@
 #include "viewkit/Stacks.hpp"
 #include "viewkit/Text.hpp"
 
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -26,9 +25,6 @@ using QEVCommonTools::Spacing;
 using sparkle::SPUUpdater;
 
 namespace {
-
-constexpr std::string_view kAqua = "NSAppearanceNameAqua";
-constexpr std::string_view kDarkAqua = "NSAppearanceNameDarkAqua";
 
 using Setting = foundation::Published<bool> UpdaterViewModel::*;
 
@@ -54,7 +50,8 @@ QEVGeneralSettingsView::QEVGeneralSettingsView(
     std::shared_ptr<QEVDependencies::QEVAppDelegateProvider> appDelegate,
     std::shared_ptr<UpdaterViewModel> updater)
     : appDelegate_(std::move(appDelegate)),
-      selectedTimeZone_(QEVKonstantsKeys::kPrefTimezoneString, foundation::currentTimeZoneName()),
+      selectedTimeZone_(QEVKonstantsKeys::kPrefTimezoneString.name,
+                        foundation::currentTimeZoneName()),
       updaterViewModel_([updater = std::move(updater)] { return updater; }) {}
 
 View QEVGeneralSettingsView::body() const {
@@ -67,7 +64,7 @@ View QEVGeneralSettingsView::body() const {
                  Hairline{.color = Color::separator()},
                  updatesSection(),
              })
-          .padding(points(Spacing::s6))
+          .padding(Spacing::s6)
           .frame(FlexibleFrame{.maxWidth = kUnlimited,
                                .maxHeight = kUnlimited,
                                .alignment = Alignment::topLeading()})};
@@ -91,9 +88,9 @@ View QEVGeneralSettingsView::appearanceSwitch() const {
                     Spacer(),
                     modeButton(AppearanceMode::automatic, localized("Auto")),
                 })
-      .padding(Edges::leading, points(Spacing::s7))
-      .padding(Edges::trailing, points(Spacing::s5))
-      .padding(Edges::top, points(Spacing::s4));
+      .padding(Edges::leading, Spacing::s7)
+      .padding(Edges::trailing, Spacing::s5)
+      .padding(Edges::top, Spacing::s4);
 }
 
 View QEVGeneralSettingsView::modeButton(AppearanceMode mode, const std::string& label) const {
@@ -105,7 +102,8 @@ View QEVGeneralSettingsView::modeButton(AppearanceMode mode, const std::string& 
 
 AppearanceMode QEVGeneralSettingsView::currentMode() const {
   if (appearanceUseSystem_) return AppearanceMode::automatic;
-  return appearanceName_.get() == kAqua ? AppearanceMode::light : AppearanceMode::dark;
+  return appearanceName_.get() == kAppearanceNameAqua ? AppearanceMode::light
+                                                      : AppearanceMode::dark;
 }
 
 void QEVGeneralSettingsView::selectMode(AppearanceMode mode) const {
@@ -113,7 +111,8 @@ void QEVGeneralSettingsView::selectMode(AppearanceMode mode) const {
     case AppearanceMode::light:
     case AppearanceMode::dark:
       appearanceUseSystem_.set(false);
-      appearanceName_.set(std::string(mode == AppearanceMode::light ? kAqua : kDarkAqua));
+      appearanceName_.set(mode == AppearanceMode::light ? kAppearanceNameAqua
+                                                        : kAppearanceNameDarkAqua);
       appDelegate_->setupAppearanceFromUserDefaults();
       return;
     case AppearanceMode::automatic:

@@ -3,10 +3,36 @@
 #include "QEVLog/QEVLog.hpp"
 #include "QEVSettings/QEVPreferencesMigrationSteps.hpp"
 
+#include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace QEVSettings {
+
+namespace {
+
+using MigrationStep = std::optional<PreferenceValue> (*)(std::string_view key,
+                                                         const PreferenceValue& value);
+
+// Writes the step's result for each value that the step changes, and returns how many these are.
+// Each value leaves the snapshot before it is rewritten, so that memory never holds two forms of
+// all lists.
+int rewriteValues(PreferencesStore& defaults, MigrationStep step) {
+  int rewritten = 0;
+  auto snapshot = defaults.dictionaryRepresentation();
+  while (!snapshot.empty()) {
+    const auto entry = snapshot.extract(snapshot.begin());
+    auto value = step(entry.key(), entry.mapped());
+    if (!value) continue;
+    defaults.setObject(*std::move(value), entry.key());
+    ++rewritten;
+  }
+  return rewritten;
+}
+
+}  // namespace
 
 void QEVPreferencesMigration::migrateIfNeeded(PreferencesStore& defaults) {
   const std::int64_t stored = defaults.integerForKey(schemaVersionKey);
@@ -16,18 +42,8 @@ void QEVPreferencesMigration::migrateIfNeeded(PreferencesStore& defaults) {
   defaults.setInteger(currentSchemaVersion, schemaVersionKey);
 }
 
-// Both steps let go of an entry of their snapshot once it is dealt with, so that memory never holds
-// two of every list.
 void QEVPreferencesMigration::migrateColorFormatDataToBase64(PreferencesStore& defaults) {
-  int rewritten = 0;
-  auto snapshot = defaults.dictionaryRepresentation();
-  while (!snapshot.empty()) {
-    const auto entry = snapshot.extract(snapshot.begin());
-    auto color = colorAsText(entry.key(), entry.mapped());
-    if (!color) continue;
-    defaults.setObject(*std::move(color), entry.key());
-    ++rewritten;
-  }
+  const int rewritten = rewriteValues(defaults, colorAsText);
   if (rewritten == 0) return;
   QEVLog::logMessage("prefs migration v1: rewrote " + std::to_string(rewritten) +
                          " color key(s) from Data to base64 String",
@@ -35,15 +51,7 @@ void QEVPreferencesMigration::migrateColorFormatDataToBase64(PreferencesStore& d
 }
 
 void QEVPreferencesMigration::migrateProtocolsPortsFromArrayToString(PreferencesStore& defaults) {
-  int rewritten = 0;
-  auto snapshot = defaults.dictionaryRepresentation();
-  while (!snapshot.empty()) {
-    const auto entry = snapshot.extract(snapshot.begin());
-    auto list = protocolListWithPortsAsText(entry.key(), entry.mapped());
-    if (!list) continue;
-    defaults.setObject(*std::move(list), entry.key());
-    ++rewritten;
-  }
+  const int rewritten = rewriteValues(defaults, protocolListWithPortsAsText);
   if (rewritten == 0) return;
   QEVLog::logMessage("prefs migration v2: rewrote protocolPorts from array to String in " +
                          std::to_string(rewritten) + " protocol list(s)",

@@ -1,7 +1,6 @@
 #include "QEVSettings/ProxySettingsView.hpp"
 
 #include "QEVCommonTools/Spacing.hpp"
-#include "QEVCoreComponents/ProxySetupForm.hpp"
 #include "rows/SettingsSectionHeader.hpp"
 #include "viewkit/Stacks.hpp"
 
@@ -10,14 +9,13 @@ namespace QEVSettings {
 using namespace viewkit;
 using QEVCommonTools::points;
 using QEVCommonTools::Spacing;
-using QEVCoreComponents::ProxySetupForm;
 
-View ProxySettingsView::body() const {
+View proxySettingsPage(const View& form) {
   return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
                 {
                     SettingsSectionHeader{.titleKey = "QEV MITM Proxy",
                                           .systemImage = "network.badge.shield.half.filled"},
-                    ProxySetupForm{.service = service_.get()},
+                    form,
                     Spacer(points(Spacing::s0)),
                 })
       .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::topLeading()});

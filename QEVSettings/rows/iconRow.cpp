@@ -26,8 +26,8 @@ View iconRow(const IconRowLayout& layout, const View& content, const Binding<boo
                         .foreground(Color::accent()),
                     content,
                 })
-      .padding(Edges::vertical, points(Spacing::s4))
-      .padding(Edges::horizontal, points(Spacing::s5))
+      .padding(Edges::vertical, Spacing::s4)
+      .padding(Edges::horizontal, Spacing::s5)
       .background(RoundedRectangle(kCornerLow)
                       .fill(hovering.get() ? Color::primary().withOpacity(0.06) : klear()))
       .padding(Edges::leading, layout.leadingInset)

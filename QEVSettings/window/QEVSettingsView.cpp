@@ -19,7 +19,6 @@
 namespace QEVSettings {
 
 using namespace viewkit;
-using QEVCommonTools::points;
 using QEVCommonTools::QEVHelpAnchor;
 using QEVCommonTools::QEVHelpButton;
 using QEVCommonTools::Spacing;
@@ -36,9 +35,9 @@ View page(const View& content, double height, QEVHelpAnchor anchor) {
                                View(QEVHelpButton{.anchor = anchor})
                                    .frame(FixedFrame{.width = 20, .height = 20}),
                            })
-                        .padding(Edges::top, points(Spacing::s6)),
+                        .padding(Edges::top, Spacing::s6),
                 })
-      .padding(Edges::bottom, points(Spacing::s5));
+      .padding(Edges::bottom, Spacing::s5);
 }
 
 }  // namespace
@@ -87,7 +86,7 @@ View QEVSettingsView::body() const {
   const View header = notices->isEmpty() ? View() : StorageNotice{.notices = notices};
 
   return TabView(selectedTab_.binding(), std::move(tabs), header)
-      .padding(points(Spacing::s7))
+      .padding(Spacing::s7)
       .background(Color::windowBackground())
       .frame(FlexibleFrame{.minWidth = 720})
       .opacityTransition();

@@ -43,7 +43,7 @@ View bar(SymbolName symbol, Color color, const std::string& text, const View& bu
                                              .alignment = Alignment::leading()}),
                     button,
                 })
-      .padding(points(Spacing::s6))
+      .padding(Spacing::s6)
       .background(RoundedRectangle(kCornerMed)
                       .fill(color.withOpacity(kFillOpacity))
                       .border(color.withOpacity(kBorderOpacity), 1));

@@ -39,7 +39,7 @@ std::optional<appkit::RGBA> colorFromRawValue(std::string_view rawValue) {
     for (std::size_t j = kComponentSize; j-- > 0;)
       bits = bits << kBitsPerByte | (*bytes)[i * kComponentSize + j];
     const auto component = std::bit_cast<double>(bits);
-    // False also of what is not a number.
+    // False for NaN too.
     const bool isInRange = component >= 0 && component <= 1;
     if (!isInRange) return std::nullopt;
     components.at(i) = component;

@@ -15,12 +15,15 @@ using QEVKonstantsKeys::kFontDataSourcesHead;
 using QEVKonstantsKeys::kFontDataSourcesList;
 using QEVKonstantsKeys::kFontPacketTable;
 using QEVKonstantsKeys::kFontProtocolDetails;
+using QEVSettings::FontKey;
+using QEVSettings::MachineDefault;
 using QEVSettings::PreferenceDictionary;
 using QEVSettings::PreferencesStore;
-using QEVSettings::PreferenceValue;
 
-const appkit::FontCatalog& machine() {
-  return appkit::Application::sharedApplication().fontCatalog();
+// Size 0 stands for the size that the machine itself uses.
+appkit::Font machineFont(MachineDefault font) {
+  const auto& fonts = appkit::Application::sharedApplication().fontCatalog();
+  return font == MachineDefault::fixedPitchFont ? fonts.fixedPitchFont(0) : fonts.systemFont(0);
 }
 
 std::string textAt(const PreferenceDictionary& values, std::string_view name) {
@@ -36,8 +39,8 @@ double numberAt(const PreferenceDictionary& values, std::string_view name) {
   return static_cast<double>(found->second.asInteger().value_or(0));
 }
 
-std::optional<appkit::Font> storedFont(const PreferencesStore& store, std::string_view key) {
-  const auto stored = store.objectForKey(key);
+std::optional<appkit::Font> storedFont(const PreferencesStore& store, const FontKey& key) {
+  const auto stored = store.objectForKey(key.name);
   const PreferenceDictionary* values = stored ? stored->asDictionary() : nullptr;
   if (!values) return std::nullopt;
   appkit::Font font{.family = textAt(*values, "family"),
@@ -46,74 +49,75 @@ std::optional<appkit::Font> storedFont(const PreferencesStore& store, std::strin
   return FontPreferences::isStorable(font) ? std::optional(font) : std::nullopt;
 }
 
-appkit::Font textFont(const PreferencesStore& store, std::string_view key) {
-  return storedFont(store, key).value_or(machine().systemFont(0));
-}
-
-void storeFont(PreferencesStore& store, const appkit::Font& font, std::string_view key) {
-  if (!FontPreferences::isStorable(font)) return;
-  store.setObject(
-      PreferenceDictionary{
-          {"family", font.family}, {"style", font.style}, {"pointSize", font.pointSize}},
-      key);
-}
-
 }  // namespace
 
 bool FontPreferences::isStorable(const appkit::Font& font) {
   return !font.family.empty() && font.pointSize > 0 && font.pointSize <= kLargestPointSize;
 }
 
+appkit::Font FontPreferences::font(const FontKey& key) const {
+  const auto stored = storedFont(*store_, key);
+  return stored ? *stored : machineFont(key.defaultValue);
+}
+
+void FontPreferences::setFont(const appkit::Font& font, const FontKey& key) const {
+  if (!isStorable(font)) return;
+  store_->setObject(
+      PreferenceDictionary{
+          {"family", font.family}, {"style", font.style}, {"pointSize", font.pointSize}},
+      key.name);
+}
+
 appkit::Font FontPreferences::com_velloquin_zorvantine_fontPacketTable() const {
-  return textFont(*store_, kFontPacketTable);
+  return font(kFontPacketTable);
 }
 
 void FontPreferences::setCom_velloquin_zorvantine_fontPacketTable(const appkit::Font& font) const {
-  storeFont(*store_, font, kFontPacketTable);
+  setFont(font, kFontPacketTable);
 }
 
 appkit::Font FontPreferences::com_velloquin_zorvantine_fontConsoleRaw() const {
-  return storedFont(*store_, kFontConsoleRaw).value_or(machine().fixedPitchFont(0));
+  return font(kFontConsoleRaw);
 }
 
 void FontPreferences::setCom_velloquin_zorvantine_fontConsoleRaw(const appkit::Font& font) const {
-  storeFont(*store_, font, kFontConsoleRaw);
+  setFont(font, kFontConsoleRaw);
 }
 
 appkit::Font FontPreferences::com_velloquin_zorvantine_fontProtocolDetails() const {
-  return textFont(*store_, kFontProtocolDetails);
+  return font(kFontProtocolDetails);
 }
 
 void FontPreferences::setCom_velloquin_zorvantine_fontProtocolDetails(
     const appkit::Font& font) const {
-  storeFont(*store_, font, kFontProtocolDetails);
+  setFont(font, kFontProtocolDetails);
 }
 
 appkit::Font FontPreferences::com_velloquin_zorvantine_fontBaseProtocolStatistics() const {
-  return textFont(*store_, kFontBaseProtocolStatistics);
+  return font(kFontBaseProtocolStatistics);
 }
 
 void FontPreferences::setCom_velloquin_zorvantine_fontBaseProtocolStatistics(
     const appkit::Font& font) const {
-  storeFont(*store_, font, kFontBaseProtocolStatistics);
+  setFont(font, kFontBaseProtocolStatistics);
 }
 
 appkit::Font FontPreferences::com_velloquin_zorvantine_fontDataSourcesList() const {
-  return textFont(*store_, kFontDataSourcesList);
+  return font(kFontDataSourcesList);
 }
 
 void FontPreferences::setCom_velloquin_zorvantine_fontDataSourcesList(
     const appkit::Font& font) const {
-  storeFont(*store_, font, kFontDataSourcesList);
+  setFont(font, kFontDataSourcesList);
 }
 
 appkit::Font FontPreferences::com_velloquin_zorvantine_fontDataSourcesHead() const {
-  return textFont(*store_, kFontDataSourcesHead);
+  return font(kFontDataSourcesHead);
 }
 
 void FontPreferences::setCom_velloquin_zorvantine_fontDataSourcesHead(
     const appkit::Font& font) const {
-  storeFont(*store_, font, kFontDataSourcesHead);
+  setFont(font, kFontDataSourcesHead);
 }
 
 }  // namespace QEVCommonTools

@@ -7,7 +7,7 @@
 
 namespace QEVCommonTools {
 
-// What the help says at one place, in the person's language.
+// The text of a chapter of the help, in the user's language.
 struct HelpText {
   std::string title;
   std::vector<std::string> paragraphs;

@@ -39,8 +39,8 @@ constexpr std::array<std::string_view, 26> kWhiteSpace{
     "\xE3\x80\x80",
 };
 
-// The place that the format has at its beginning: how long it is, and the number it gives, 0 for
-// none.
+// The placeholder at the beginning of a format: its length, 0 when there is none, and the number of
+// its value, 0 for the next one.
 struct Place {
   std::size_t length = 0;
   std::size_t number = 0;

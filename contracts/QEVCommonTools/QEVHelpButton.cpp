@@ -26,7 +26,7 @@ View helpPage(const HelpText& help) {
                      order, [](std::size_t i) { return static_cast<std::int64_t>(i); },
                      [&](std::size_t i) { return Text(help.paragraphs[i]).font(Font::callout()); }),
              })
-      .padding(points(Spacing::s7));
+      .padding(Spacing::s7);
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 namespace QEVCommonTools {
 
-viewkit::View cornerRadius(const viewkit::View& view, double radius, RectCorner corners) {
+viewkit::View CornerRadius::operator()(const viewkit::View& view) const {
   switch (corners) {
     case RectCorner::allCorners: return view.clipped(radius);
   }

@@ -4,8 +4,7 @@
 
 namespace QEVCommonTools {
 
-viewkit::View roundedBorder(const viewkit::View& view, RoundedBorderStyle borderStyle,
-                            double cornerRadius, viewkit::Color borderColor, double lineWidth) {
+viewkit::View RoundedBorder::operator()(const viewkit::View& view) const {
   switch (borderStyle) {
     case RoundedBorderStyle::line:
       return view.overlay(viewkit::RoundedRectangle(cornerRadius).border(borderColor, lineWidth));

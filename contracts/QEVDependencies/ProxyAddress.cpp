@@ -45,8 +45,7 @@ bool isIPv4(std::string_view text) {
          });
 }
 
-// How many of its eight groups a part of an IPv6 address spells out; nothing for what is no such
-// part.
+// The number of 16-bit groups in a part of an IPv6 address. Nothing when the part is malformed.
 std::optional<std::size_t> ipv6Groups(std::string_view text, bool endsAddress) {
   if (text.empty()) return 0;
   const auto groups = split(text, ":");
@@ -77,7 +76,7 @@ bool isHostName(std::string_view text) {
   if (text.ends_with('.')) text.remove_suffix(1);
   if (text.size() > 253) return false;
   const auto labels = split(text, ".");
-  // A name that ends in a number is an address that went wrong.
+  // A name whose last label is a number is a mistyped address.
   if (std::ranges::all_of(labels.back(), isDigit)) return false;
   return std::ranges::all_of(labels, [](std::string_view label) {
     return !label.empty() && label.size() <= 63 && label.front() != '-' && label.back() != '-' &&

@@ -177,7 +177,7 @@ foundation::Result<std::shared_ptr<QEVNetworkProtocol>> QEVNetworkProtocol::copi
     copy->source_ = source_;  // immutable
     return copy;
   }
-  // The writer repairs what is no UTF-8.
+  // The writer replaces bytes that are not UTF-8.
   JSONWriter writer;
   encode(writer);
   const auto json = JSON::parse(writer.takeText());

@@ -38,24 +38,43 @@ Destination& destination() {
   return kept;
 }
 
-// The module and the name of a source file, as in "QEVSettings/QEVTimeZones.cpp", without the path
-// of the machine that built it. A module's folder begins with a capital letter, the folders in it
-// with a small one. A file outside of a module is known by its own folder.
-std::string identifier(std::string_view path) {
-  const auto lastSlash = path.rfind('/');
-  if (lastSlash == std::string_view::npos) return std::string(path);
-  const std::string_view name = path.substr(lastSlash);
-  std::string_view folders = path.substr(0, lastSlash);
-  const std::string_view own = folders.substr(folders.rfind('/') + 1);
-  while (!folders.empty()) {
-    const auto slash = folders.rfind('/');
-    const std::string_view folder = folders.substr(slash + 1);
-    if (!folder.empty() && folder.front() >= 'A' && folder.front() <= 'Z') {
-      return std::string(folder) + std::string(name);
+constexpr std::string_view kThisFile = __FILE__;
+constexpr std::string_view kThisFileInTree = "contracts/QEVLog/QEVLog.cpp";
+static_assert(kThisFile.ends_with(kThisFileInTree));
+// The root of the source tree, as the compiler names it.
+constexpr std::string_view kRoot = kThisFile.substr(0, kThisFile.size() - kThisFileInTree.size());
+
+std::string_view lastComponent(std::string_view path) {
+  return path.substr(path.rfind('/') + 1);  // npos + 1 is 0
+}
+
+std::string_view withoutLastComponent(std::string_view path) {
+  const auto slash = path.rfind('/');
+  return path.substr(0, slash == std::string_view::npos ? 0 : slash);
+}
+
+bool isModuleName(std::string_view folder) {
+  return !folder.empty() && folder.front() >= 'A' && folder.front() <= 'Z';
+}
+
+// The folder that names a file's module. In this tree it is the innermost folder that begins with a
+// capital letter. Folders above the root mean nothing, so a file elsewhere, such as a host's, gets
+// the folder that it lies in.
+std::string_view moduleFolder(std::string_view path) {
+  if (path.starts_with(kRoot)) {
+    for (auto folders = withoutLastComponent(path.substr(kRoot.size())); !folders.empty();
+         folders = withoutLastComponent(folders)) {
+      if (isModuleName(lastComponent(folders))) return lastComponent(folders);
     }
-    folders = folders.substr(0, slash == std::string_view::npos ? 0 : slash);
   }
-  return std::string(own) + std::string(name);
+  return lastComponent(withoutLastComponent(path));
+}
+
+// What the log calls a source file: its module and name, as in "QEVSettings/QEVTimeZones.cpp".
+std::string identifier(std::string_view path) {
+  const std::string_view module = moduleFolder(path);
+  const std::string name(lastComponent(path));
+  return module.empty() ? name : std::string(module) + '/' + name;
 }
 
 }  // namespace
@@ -83,8 +102,7 @@ void qevLog(std::initializer_list<LogItem> items, std::string_view filename,
     const auto sink = destination().current();
     *sink ? (*sink)(entry) : printToStandardError(entry);
   } catch (...) {
-    // A diagnostic that cannot be made is not worth stopping for.
-    return;
+    return;  // A message that cannot be logged is dropped.
   }
 }
 

@@ -20,7 +20,7 @@ using QEVSettings::PreferenceValue;
 
 namespace {
 
-// An element of the stored array that is no protocol record, and where it stands.
+// An element of the stored array that is not a protocol record, and its index.
 struct UnreadableElement {
   std::size_t index;
   JSON value;
@@ -31,7 +31,7 @@ struct StoredList {
   std::vector<UnreadableElement> unreadable;
 };
 
-// Nothing when no array is stored.
+// Nothing when the stored value is not an array.
 std::optional<StoredList> storedList(const PreferenceValue* stored) {
   const auto* bytes = stored ? stored->asData() : nullptr;
   if (!bytes) return std::nullopt;

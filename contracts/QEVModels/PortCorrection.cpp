@@ -12,7 +12,7 @@ using QEVCommonTools::localized;
 
 namespace {
 
-// What is said of one piece, and of several.
+// The message for one part, and for several.
 struct Predicate {
   std::string_view one;
   std::string_view several;

@@ -14,8 +14,8 @@ constexpr std::size_t kShownCharacters = 32;
 constexpr char32_t kReplacement = 0xFFFD;
 constexpr char32_t kFullWidthZero = 0xFF10;
 
-// A blank is white space within a line, or a character that takes no room and comes along with
-// pasted text. A line end separates, as a comma does.
+// A blank is white space within a line, or an invisible character that pasted text may contain. A
+// line end is a separator, as a comma is.
 enum class Meaning : std::uint8_t { digit, dash, blank, separator, other };
 
 struct Signs {
@@ -24,14 +24,14 @@ struct Signs {
   Meaning meaning;
 };
 
-// The signs of all scripts and widths, in ascending order. The wave stands for "to" in East Asian
+// The signs of all scripts and widths, in ascending order. The wave dash means "to" in East Asian
 // text.
 constexpr std::array kSigns{
-    Signs{U'\t', U'\t', Meaning::blank},       Signs{U'\n', U'\r', Meaning::separator},
-    Signs{U' ', U' ', Meaning::blank},         Signs{U',', U',', Meaning::separator},
-    Signs{U'-', U'-', Meaning::dash},          Signs{U'0', U'9', Meaning::digit},
-    Signs{U';', U';', Meaning::separator},     Signs{0x85, 0x85, Meaning::separator},  // next line
-    Signs{0xA0, 0xA0, Meaning::blank},          // no-break space
+    Signs{U'\t', U'\t', Meaning::blank}, Signs{U'\n', U'\r', Meaning::separator},
+    Signs{U' ', U' ', Meaning::blank}, Signs{U',', U',', Meaning::separator},
+    Signs{U'-', U'-', Meaning::dash}, Signs{U'0', U'9', Meaning::digit},
+    Signs{U';', U';', Meaning::separator}, Signs{0x85, 0x85, Meaning::separator},  // next line
+    Signs{0xA0, 0xA0, Meaning::blank},                                             // no-break space
     Signs{0x58A, 0x58A, Meaning::dash},         // Armenian hyphen
     Signs{0x5BE, 0x5BE, Meaning::dash},         // Hebrew maqaf
     Signs{0x60C, 0x60C, Meaning::separator},    // Arabic comma
@@ -81,7 +81,7 @@ constexpr Meaning meaningOf(char32_t character) {
   return character <= signs.last ? signs.meaning : Meaning::other;
 }
 
-// Most texts are nothing but these, and a pasted one may be long.
+// The meanings of ASCII in a table, because most texts are ASCII and a pasted one may be long.
 constexpr auto kAsciiMeanings = [] {
   std::array<Meaning, 128> meanings{};
   for (std::size_t i = 0; i < meanings.size(); ++i)
@@ -97,7 +97,7 @@ struct Character {
   std::uint32_t digit() const { return scalar - (scalar <= U'9' ? U'0' : kFullWidthZero); }
 };
 
-// Of one character of more than one byte.
+// The meaning of a character that is not ASCII.
 char32_t scalarOf(std::string_view bytes) {
   const auto lead = static_cast<unsigned char>(bytes.front());
   char32_t scalar = lead & (0x7FU >> bytes.size());
@@ -106,7 +106,7 @@ char32_t scalarOf(std::string_view bytes) {
   return scalar;
 }
 
-// The character that a text begins with; the text is not empty.
+// The first character of a text, which is not empty.
 Character firstCharacter(std::string_view text) {
   const auto byte = static_cast<unsigned char>(text.front());
   if (byte < kAsciiMeanings.size())
@@ -144,8 +144,7 @@ State after(State state, Meaning meaning) {
   return meaning == Meaning::dash && state == State::first ? State::dash : State::malformed;
 }
 
-// Whether the blanks before `text` stand next to the dash of a range rather than between two
-// pieces.
+// Whether the blanks before `text` belong to the dash of a range, and do not separate two pieces.
 bool blanksBelongToRange(State state, std::string_view text) {
   if (state == State::dash) return startsWith(text, Meaning::digit);
   return state == State::first && startsWith(text, Meaning::dash) &&

@@ -9,15 +9,15 @@ namespace QEVModels {
 
 inline constexpr std::uint32_t kHighestPort = 65535;
 
-// One of the pieces that the separators of a ports text leave.
+// A part of a ports text between two separators.
 struct PortsPiece {
   enum class Form : std::uint8_t { port, range, other };
 
   // As it was written.
   std::string_view text;
   Form form = Form::other;
-  // A port is first and last; the ends of a range stand as they were written. Numbers beyond the
-  // highest port are all one above it.
+  // The ends of a range in the order of the text; both are the same for a single port. A number
+  // above the highest port is stored as the highest port plus one.
   std::uint32_t first = 0;
   std::uint32_t last = 0;
 
@@ -25,7 +25,7 @@ struct PortsPiece {
   std::string shown() const;
 };
 
-// Takes a ports text apart, piece by piece. The text must outlive the pieces.
+// Splits a ports text into its pieces. The text must outlive the pieces.
 class PortsText {
 public:
   explicit PortsText(std::string_view text) : rest_(text) {}

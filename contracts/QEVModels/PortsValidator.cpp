@@ -17,7 +17,7 @@ using Kind = PortCorrection::Kind;
 
 constexpr std::size_t kNamedPieces = 3;
 
-// The pieces that one kind of correction is about: the first few by name, the others by number.
+// The pieces of one kind of correction: the texts of the first few, and the number of the others.
 class Concerned {
 public:
   void add(const PortsPiece& piece) {
@@ -43,16 +43,16 @@ private:
   std::size_t others_ = 0;
 };
 
-// The ports and ranges that a text names; a port begins and ends with itself.
+// The ports and ranges of a text. A port is a range whose ends are the same.
 class PortSet {
 public:
-  // False when the same was inserted before.
+  // Returns false when the same port or range was inserted before.
   bool insert(std::uint32_t first, std::uint32_t last) {
     return items_.insert(first << 16 | last).second;
   }
 
-  // The normal form: each unbroken run of ports is a range if a range is part of it, and single
-  // ports otherwise.
+  // The normal form. An unbroken run of ports becomes a range if the text had a range in it, and
+  // single ports otherwise.
   std::string text() const {
     std::vector<std::uint32_t> sorted(items_.begin(), items_.end());
     std::ranges::sort(sorted);
@@ -107,7 +107,7 @@ PortValidationResult validatedPorts(std::string_view text) {
       continue;
     }
     if (piece->first > piece->last) report(Kind::reversed, *piece);
-    // "80-80" names the port 80 twice.
+    // "80-80" counts as the port 80 twice.
     const bool isTwice = first == last && piece->form == PortsPiece::Form::range;
     if (!ports.insert(first, last) || isTwice) report(Kind::duplicate, *piece);
   }

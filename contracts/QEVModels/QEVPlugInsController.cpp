@@ -14,7 +14,7 @@ QEVPlugInsController& QEVPlugInsController::sharedManager() {
 
 void QEVPlugInsController::registerPlugIn(QEVPlugInStructure plugIn) {
   const auto [kept, isNew] = preferences_.try_emplace(plugIn.id);
-  // The object that it had goes when the new one has taken its place.
+  // The former object is destroyed last: its destructor may use the registry.
   const auto before = std::exchange(kept->second, plugIn.plugInPreferencesInstance.lock());
   if (isNew) {
     changed().push_back(std::move(plugIn));

@@ -24,7 +24,7 @@ appkit::Font PacketListModel::font() const {
 }
 
 std::string PacketListModel::timeZone() const {
-  const auto chosen = store_.stringForKey(QEVKonstantsKeys::kPrefTimezoneString);
+  const auto chosen = store_.stringForKey(QEVKonstantsKeys::kPrefTimezoneString.name);
   return chosen ? *chosen : foundation::currentTimeZoneName();
 }
 

@@ -1,14 +1,14 @@
 #include "sparkle/Appcast.hpp"
 
 #include "foundation/Ascii.hpp"
+#include "foundation/XMLParser.hpp"
 #include "sparkle/reason.hpp"
-
-#include <expat.h>
 
 #include <array>
 #include <charconv>
-#include <memory>
 #include <optional>
+#include <span>
+#include <string>
 #include <utility>
 
 namespace sparkle {
@@ -20,11 +20,6 @@ using foundation::withoutBlanks;
 
 // Deeper than any feed that a person writes.
 constexpr int kDeepestElement = 64;
-
-struct ParserDeleter {
-  void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
-};
-using Parser = std::unique_ptr<std::remove_pointer_t<XML_Parser>, ParserDeleter>;
 
 // Where the text of an element of an item belongs.
 std::string* fieldFor(std::string_view element, AppcastItem& item) {
@@ -38,40 +33,25 @@ std::string* fieldFor(std::string_view element, AppcastItem& item) {
   return nullptr;
 }
 
-// Takes the feed in as the parser reads it: rss / channel / item / the fields of an item.
-class Reader {
+// Collects the items of the feed while it is parsed: rss / channel / item / the fields of an item.
+class Reader final : public foundation::XMLHandler {
 public:
-  explicit Reader(XML_Parser parser) : parser_(parser) {
-    XML_SetUserData(parser, this);
-    XML_SetElementHandler(parser, &Reader::onStart, &Reader::onEnd);
-    XML_SetCharacterDataHandler(parser, &Reader::onText);
-    XML_SetStartDoctypeDeclHandler(parser, &Reader::onDoctype);
-    XML_SetParamEntityParsing(parser, XML_PARAM_ENTITY_PARSING_NEVER);
+  foundation::Result<std::vector<AppcastItem>> read(std::string_view feed) {
+    using End = foundation::XMLParser::End;
+    const End end = parser_.parse(feed, *this);
+    if (end == End::outOfMemory)
+      return reason("there is not enough memory to read the update feed");
+    if (problem_) return *problem_;
+    if (end == End::malformed) {
+      return reason("the update feed is damaged in line %1: %2",
+                    {std::to_string(parser_.line()), parser_.problem()});
+    }
+    if (!hasChannel_) return reason("the update feed is no RSS feed");
+    return std::move(items_);
   }
 
-  const std::optional<Error>& problem() const { return problem_; }
-  bool hasChannel() const { return hasChannel_; }
-  std::vector<AppcastItem> takeItems() { return std::move(items_); }
-
-private:
-  static void onStart(void* self, const XML_Char* name, const XML_Char** attributes) {
-    static_cast<Reader*>(self)->start(name, attributes);
-  }
-  static void onEnd(void* self, const XML_Char* /*name*/) { static_cast<Reader*>(self)->end(); }
-  static void onText(void* self, const XML_Char* text, int length) {
-    static_cast<Reader*>(self)->text({text, static_cast<std::size_t>(length)});
-  }
-  static void onDoctype(void* self, const XML_Char*, const XML_Char*, const XML_Char*, int) {
-    static_cast<Reader*>(self)->stop(
-        "the update feed declares a document type, which is not accepted");
-  }
-
-  void stop(const char* message) {
-    problem_ = reason(message);
-    XML_StopParser(parser_, XML_FALSE);
-  }
-
-  void start(std::string_view name, const XML_Char** attributes) {
+  void startElement(std::string_view name,
+                    std::span<const foundation::XMLAttribute> attributes) override {
     ++depth_;
     if (depth_ > kDeepestElement) {
       stop("the update feed nests its elements too deeply");
@@ -89,10 +69,31 @@ private:
     }
   }
 
-  void takeEnclosure(const XML_Char** attributes) {
-    for (; attributes[0] != nullptr; attributes += 2) {
-      const std::string_view name = attributes[0];
-      const std::string_view value = attributes[1];
+  void characters(std::string_view text) override {
+    if (field_ != nullptr) field_->append(text);
+  }
+
+  void endElement(std::string_view /*name*/) override {
+    if (depth_ == 4) field_ = nullptr;
+    if (depth_ == 3 && item_) {
+      finishItem();
+      item_.reset();
+    }
+    --depth_;
+  }
+
+  void documentType(bool /*hasDeclarations*/) override {
+    stop("the update feed declares a document type, which is not accepted");
+  }
+
+private:
+  void stop(const char* message) {
+    problem_ = reason(message);
+    parser_.stop();
+  }
+
+  void takeEnclosure(std::span<const foundation::XMLAttribute> attributes) {
+    for (const auto& [name, value] : attributes) {
       Enclosure& enclosure = item_->enclosure;
       if (name == "url") enclosure.url = value;
       if (name == "type") enclosure.type = value;
@@ -102,19 +103,6 @@ private:
       if (name == "sparkle:version") versionOfEnclosure_ = value;
       if (name == "sparkle:shortVersionString") displayVersionOfEnclosure_ = value;
     }
-  }
-
-  void text(std::string_view characters) {
-    if (field_ != nullptr) field_->append(characters);
-  }
-
-  void end() {
-    if (depth_ == 4) field_ = nullptr;
-    if (depth_ == 3 && item_) {
-      finishItem();
-      item_.reset();
-    }
-    --depth_;
   }
 
   void finishItem() {
@@ -132,7 +120,7 @@ private:
     if (!item.version.empty()) items_.push_back(std::move(item));
   }
 
-  XML_Parser parser_;
+  foundation::XMLParser parser_;
   int depth_ = 0;
   bool hasChannel_ = false;
   std::optional<AppcastItem> item_;
@@ -147,19 +135,7 @@ private:
 
 foundation::Result<std::vector<AppcastItem>> parseAppcast(std::string_view feed) {
   if (feed.size() > kLongestFeed) return reason("the update feed is longer than 4 MiB");
-  const Parser parser(XML_ParserCreate(nullptr));
-  if (parser == nullptr) return reason("there is not enough memory to read the update feed");
-
-  Reader reader(parser.get());
-  const auto status = XML_Parse(parser.get(), feed.data(), static_cast<int>(feed.size()), XML_TRUE);
-  if (reader.problem()) return *reader.problem();
-  if (status != XML_STATUS_OK) {
-    return reason("the update feed is damaged in line %1: %2",
-                  {std::to_string(XML_GetCurrentLineNumber(parser.get())),
-                   XML_ErrorString(XML_GetErrorCode(parser.get()))});
-  }
-  if (!reader.hasChannel()) return reason("the update feed is no RSS feed");
-  return reader.takeItems();
+  return Reader().read(feed);
 }
 
 }  // namespace sparkle

@@ -61,7 +61,7 @@ TEST(FontPreferencesTest, KeepsEachFontUnderTheKeyOfItsName) {
   const appkit::Font font{.family = "Some Serif", .style = "Bold Italic", .pointSize = 10.25};
   fonts.setCom_velloquin_zorvantine_fontProtocolDetails(font);
   ASSERT_EQ(store.changes().size(), 1U);
-  EXPECT_EQ(store.changes().front().key, "com_velloquin_zorvantine_fontProtocolDetails");
+  EXPECT_EQ(store.changes().front().key, QEVSettings::kFontProtocolDetails.name);
   EXPECT_EQ(fonts.com_velloquin_zorvantine_fontProtocolDetails(), font);
   EXPECT_NE(fonts.com_velloquin_zorvantine_fontDataSourcesList(), font);
 }
@@ -88,10 +88,10 @@ TEST(FontPreferencesTest, YieldsAFontWhateverIsStored) {
            PreferenceValue(stored("Serif", std::numeric_limits<double>::quiet_NaN())),
            PreferenceValue(stored("Serif", "12")),
        }) {
-    store.underneath().setObject(damaged, "com_velloquin_zorvantine_fontPacketTable");
+    store.underneath().setObject(damaged, QEVSettings::kFontPacketTable.name);
     EXPECT_EQ(fonts.com_velloquin_zorvantine_fontPacketTable(), system);
   }
-  store.underneath().setObject(stored("Serif", 11), "com_velloquin_zorvantine_fontPacketTable");
+  store.underneath().setObject(stored("Serif", 11), QEVSettings::kFontPacketTable.name);
   EXPECT_EQ(fonts.com_velloquin_zorvantine_fontPacketTable(),
             (appkit::Font{.family = "Serif", .style = "", .pointSize = 11}))
       << "what is right is kept";

@@ -10,6 +10,10 @@ namespace {
 
 using ::testing::ElementsAre;
 
+// Both claim to stand in another file.
+void logFromAHostsFile();
+void logFromAFileWithoutFolder();
+
 class QEVLogTest : public ::testing::Test {
 protected:
   ~QEVLogTest() override { setLogSink(nullptr); }
@@ -18,7 +22,7 @@ protected:
   LogSink previous_ = setLogSink([this](const LogEntry& entry) { last_ = entry; });
 };
 
-TEST_F(QEVLogTest, HandsEveryArgumentToTheSink) {
+TEST_F(QEVLogTest, CallReachesTheSinkWithEveryArgument) {
   qevLog({"ports", 8080, true, -1.5}, "Room/File.cpp", "run(with:)", 12, ", ", "!\n");
   ASSERT_TRUE(last_);
   EXPECT_THAT(last_->items, ElementsAre("ports", "8080", "true", "-1.500000"));
@@ -28,7 +32,7 @@ TEST_F(QEVLogTest, HandsEveryArgumentToTheSink) {
   EXPECT_EQ(last_->line, 12);
 }
 
-TEST_F(QEVLogTest, AMessageComesFromThePlaceOfTheCall) {
+TEST_F(QEVLogTest, MessageNamesThePlaceOfTheCall) {
   logMessage("done", "migrateIfNeeded(defaults:)");
   const int line = __LINE__ - 1;
   ASSERT_TRUE(last_);
@@ -38,7 +42,16 @@ TEST_F(QEVLogTest, AMessageComesFromThePlaceOfTheCall) {
   EXPECT_EQ(last_->line, line);
 }
 
-TEST_F(QEVLogTest, ASinkMayFailLogAndReplaceItself) {
+TEST_F(QEVLogTest, FileOutsideTheTreeIsNamedAfterItsOwnFolder) {
+  logFromAHostsFile();
+  ASSERT_TRUE(last_);
+  EXPECT_EQ(last_->filename, "source/main.cpp");
+  EXPECT_EQ(last_->line, 7);
+  logFromAFileWithoutFolder();
+  EXPECT_EQ(last_->filename, "main.cpp");
+}
+
+TEST_F(QEVLogTest, SinkCanThrowLogAndReplaceItself) {
   setLogSink([](const LogEntry&) { throw std::runtime_error("full"); });
   logMessage("lost", "f");
 
@@ -51,6 +64,17 @@ TEST_F(QEVLogTest, ASinkMayFailLogAndReplaceItself) {
   EXPECT_EQ(depth, 3);
   logMessage("later", "f");
   EXPECT_EQ(last_->text(), "later\n");
+}
+
+// The line directives hold up to the end of the file.
+void logFromAHostsFile() {
+#line 7 "/Users/Max/Sniffer/source/main.cpp"
+  logMessage("done", "main()");
+}
+
+void logFromAFileWithoutFolder() {
+#line 7 "main.cpp"
+  logMessage("done", "main()");
 }
 
 }  // namespace

@@ -33,7 +33,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-constexpr const char* kSelectionKey = "QEVAnalyzerSettingsSelectedIndex";
+constexpr std::string_view kSelectionKey = kAnalyzerSelectedIndex.name;
 constexpr const char* kPortsKey = "com_velloquin_qev_test_protocols";
 constexpr const char* kColorKey = "com_velloquin_qev_test_color";
 constexpr const char* kUsesColorKey = "com_velloquin_qev_test_usesColor";

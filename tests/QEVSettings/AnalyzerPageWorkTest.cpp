@@ -25,7 +25,7 @@ namespace {
 
 using viewkit::Role;
 
-constexpr std::string_view kSelectedKey = "QEVAnalyzerSettingsSelectedIndex";
+constexpr std::string_view kSelectedKey = kAnalyzerSelectedIndex.name;
 // What may be left of a thousand selections, in bytes.
 constexpr std::size_t kLeftoverLimit = 1024;
 constexpr int kTimes = 8;

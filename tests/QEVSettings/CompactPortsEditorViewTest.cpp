@@ -134,7 +134,7 @@ TEST_F(CompactPortsEditorViewTest, CommitsWhatWasTypedWhenItGoesAway) {
   for (const auto& [name, leave] : goAway) {
     SCOPED_TRACE(name);
     store.underneath().removeObject(kPortsKey);
-    store.underneath().setInteger(0, "QEVAnalyzerSettingsSelectedIndex");
+    store.underneath().setInteger(0, kAnalyzerSelectedIndex.name);
     headless::Window& window = show();
     type(window, 0, "99,98");
     leave(window);

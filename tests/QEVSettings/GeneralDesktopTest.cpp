@@ -66,7 +66,7 @@ TEST_F(GeneralDesktopTest, TheAppearanceIsSwitchedWhileOneLooks) {
   EXPECT_TRUE(looksDark());
 
   click(find(QAccessible::PushButton, "Light"));
-  EXPECT_EQ(preferences->stringForKey(kAppearanceName.name), "NSAppearanceNameAqua");
+  EXPECT_EQ(preferences->stringForKey(kAppearanceName.name), kAppearanceNameAqua);
   EXPECT_EQ(delegate->calls, 1);
   EXPECT_EQ(selectedMode(), "Light");
   EXPECT_FALSE(looksDark());
@@ -88,10 +88,10 @@ TEST_F(GeneralDesktopTest, WhatAnotherProcessStoresIsShown) {
     return find(QAccessible::ButtonMenu, "Packet time zone").text(QAccessible::Value);
   };
   ASSERT_NE(zone(), "Asia/Tokyo");
-  set(kPrefTimezoneString, "--string", "Asia/Tokyo");
+  set(kPrefTimezoneString.name, "--string", "Asia/Tokyo");
   EXPECT_TRUE(QTest::qWaitFor([&] { return zone() == "Asia/Tokyo"; }, 20'000));
 
-  set(kAppearanceName.name, "--string", "NSAppearanceNameAqua");
+  set(kAppearanceName.name, "--string", kAppearanceNameAqua);
   EXPECT_TRUE(QTest::qWaitFor([&] { return selectedMode() == "Light" && !looksDark(); }, 20'000));
   set(kAppearanceUseSystem.name, "--bool", "true");
   EXPECT_TRUE(QTest::qWaitFor([&] { return selectedMode() == "Auto"; }, 20'000));

@@ -11,7 +11,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using viewkit::Role;
 
-constexpr const char* kSelection = "QEVAnalyzerSettingsSelectedIndex";
+constexpr std::string_view kSelection = kAnalyzerSelectedIndex.name;
 constexpr const char* kWebPorts = "com_velloquin_qev_web_protocols";
 
 // Two analyzers with ports, of which the first is shown.

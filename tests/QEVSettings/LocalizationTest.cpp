@@ -176,7 +176,7 @@ class SilentProxy final : public QEVDependencies::ProxyServiceProtocol {
 public:
   bool isEnabled() const override { return true; }
   void setEnabled(bool) override {}
-  std::string problem() const override { return ""; }
+  std::optional<std::string> problem() const override { return std::nullopt; }
   QEVDependencies::ProxyAddress listeningAddress() const override {
     return {.host = "x-host", .port = 80};
   }
@@ -185,7 +185,7 @@ public:
   void setUpstream(std::optional<QEVDependencies::ProxyAddress>) override {}
   bool interceptsTLS() const override { return false; }
   void setInterceptsTLS(bool) override {}
-  std::string certificatePath() const override { return ""; }
+  std::optional<std::string> certificatePath() const override { return std::nullopt; }
 };
 
 class LocalizationTest : public AnalyzerWindowTest {

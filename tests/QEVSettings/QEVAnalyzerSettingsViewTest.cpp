@@ -20,7 +20,7 @@ using testing::IsEmpty;
 using testing::Not;
 using viewkit::Role;
 
-constexpr const char* kSelectedKey = "QEVAnalyzerSettingsSelectedIndex";
+constexpr std::string_view kSelectedKey = kAnalyzerSelectedIndex.name;
 constexpr const char* kNotPortBased = "This protocol is not port-based";
 
 class QEVAnalyzerSettingsViewTest : public AnalyzerWindowTest {

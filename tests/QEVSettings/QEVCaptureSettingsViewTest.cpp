@@ -168,7 +168,9 @@ public:
   void setEnabled(bool next) override {
     change([&] { enabled = next; });
   }
-  std::string problem() const override { return enabled ? "the port is taken" : ""; }
+  std::optional<std::string> problem() const override {
+    return enabled ? std::optional<std::string>("the port is taken") : std::nullopt;
+  }
   QEVDependencies::ProxyAddress listeningAddress() const override { return listening; }
   void setListeningAddress(QEVDependencies::ProxyAddress next) override {
     change([&] { listening = next; });
@@ -181,7 +183,7 @@ public:
   void setInterceptsTLS(bool value) override {
     change([&] { intercepts = value; });
   }
-  std::string certificatePath() const override { return "/certificates/root.pem"; }
+  std::optional<std::string> certificatePath() const override { return "/certificates/root.pem"; }
 
   bool enabled = false;
   QEVDependencies::ProxyAddress listening{.host = "127.0.0.1", .port = 8080};

@@ -25,16 +25,16 @@ const appkit::Font kMonospaced{.family = "Test Mono", .style = "", .pointSize = 
 
 struct FontRow {
   const char* label;
-  const char* key;
+  std::string_view key;
 };
 
 constexpr std::array kRows{
-    FontRow{"Packets List Font:", "com_velloquin_zorvantine_fontPacketTable"},
-    FontRow{kConsoleLabel, "com_velloquin_zorvantine_fontConsoleRaw"},
-    FontRow{"Protocol Details:", "com_velloquin_zorvantine_fontProtocolDetails"},
-    FontRow{"Protocol Statistics Font:", "com_velloquin_zorvantine_fontBaseProtocolStatistics"},
-    FontRow{"Data Sources List Font:", "com_velloquin_zorvantine_fontDataSourcesList"},
-    FontRow{"Data Sources Header Font:", "com_velloquin_zorvantine_fontDataSourcesHead"},
+    FontRow{"Packets List Font:", kFontPacketTable.name},
+    FontRow{kConsoleLabel, kFontConsoleRaw.name},
+    FontRow{"Protocol Details:", kFontProtocolDetails.name},
+    FontRow{"Protocol Statistics Font:", kFontBaseProtocolStatistics.name},
+    FontRow{"Data Sources List Font:", kFontDataSourcesList.name},
+    FontRow{"Data Sources Header Font:", kFontDataSourcesHead.name},
 };
 
 class QEVFontSettingsViewTest : public SettingsWindowTest {};

@@ -45,9 +45,9 @@ TEST_F(QEVGeneralSettingsViewTest, ShowsTheModeThatTheStoredValuesMean) {
   };
   for (const Case& each : {
            Case{std::nullopt, std::nullopt, "Dark"},
-           Case{"NSAppearanceNameAqua", std::nullopt, "Light"},
-           Case{"NSAppearanceNameAqua", true, "Auto"},
-           Case{"NSAppearanceNameDarkAqua", false, "Dark"},
+           Case{kAppearanceNameAqua, std::nullopt, "Light"},
+           Case{kAppearanceNameAqua, true, "Auto"},
+           Case{kAppearanceNameDarkAqua, false, "Dark"},
            Case{"NSAppearanceNameVibrantLight", false, "Dark"},
            Case{"no appearance at all", false, "Dark"},
        }) {
@@ -65,7 +65,7 @@ TEST_F(QEVGeneralSettingsViewTest, ShowsTheModeThatTheStoredValuesMean) {
 TEST_F(QEVGeneralSettingsViewTest, StoresAFixedModeAndThenTellsTheHost) {
   headless::Window& window = open(Tabs::general);
   for (const auto& [mode, name] :
-       {std::pair{"Light", "NSAppearanceNameAqua"}, {"Dark", "NSAppearanceNameDarkAqua"}}) {
+       {std::pair{"Light", kAppearanceNameAqua}, {"Dark", kAppearanceNameDarkAqua}}) {
     for (const int repetition : {1, 2}) {
       SCOPED_TRACE(mode + std::to_string(repetition));
       store.forget();
@@ -86,7 +86,7 @@ TEST_F(QEVGeneralSettingsViewTest, StoresAFixedModeAndThenTellsTheHost) {
 TEST_F(QEVGeneralSettingsViewTest, GivesTheLookBackToTheDesktopWithoutAskingTheHost) {
   auto& application = appkit::Application::sharedApplication();
   application.setAppearance(appkit::Appearance::light);
-  store.underneath().setObject("NSAppearanceNameAqua", kAppearanceName.name);
+  store.underneath().setObject(kAppearanceNameAqua, kAppearanceName.name);
   headless::Window& window = open(Tabs::general);
 
   window.click(window.find(Role::button, "Auto"));
@@ -120,17 +120,17 @@ TEST_F(QEVGeneralSettingsViewTest, StoresTheTextOfTheZoneThatIsPicked) {
   ASSERT_FALSE(items.empty());
 
   EXPECT_TRUE(window.choose(menu, items.back().title));
-  EXPECT_THAT(store.changes(), ElementsAre(wrote(kPrefTimezoneString, items.back().title)));
+  EXPECT_THAT(store.changes(), ElementsAre(wrote(kPrefTimezoneString.name, items.back().title)));
   EXPECT_EQ(menu.value(), items.back().title);
 
-  store.underneath().setObject("no zone that anyone lists", kPrefTimezoneString);
+  store.underneath().setObject("no zone that anyone lists", kPrefTimezoneString.name);
   window.settle();
   EXPECT_EQ(menu.value(), "no zone that anyone lists");
   foundation::Bundle::setMainResourceFolder(foundation::Bundle::mainBundle().folder());
 }
 
 TEST_F(QEVGeneralSettingsViewTest, EmptyStoredZoneLeavesThePopUpButton) {
-  store.underneath().setObject("", kPrefTimezoneString);
+  store.underneath().setObject("", kPrefTimezoneString.name);
   headless::Window& window = open(Tabs::general);
   const auto menu = window.find(Role::menuButton, "Packet time zone");
   ASSERT_TRUE(menu.exists()) << menu.problem();

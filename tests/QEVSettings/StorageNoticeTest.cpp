@@ -124,7 +124,7 @@ TEST_F(StorageNoticeTest, PageShowsWhatIsInMemoryWhileTheStoreCannotBeWritten) {
   headless::Window& window = open(Tabs::general);
   window.click(window.find(Role::button, "Light"));
   EXPECT_EQ(window.find(Role::button, "Light").isSelected(), true);
-  EXPECT_EQ(store.stringForKey(QEVKonstantsKeys::kAppearanceName.name), "NSAppearanceNameAqua");
+  EXPECT_EQ(store.stringForKey(QEVKonstantsKeys::kAppearanceName.name), kAppearanceNameAqua);
   EXPECT_THAT(alerts(window), SizeIs(1)) << "the bar says that the change is not in the file";
 }
 

@@ -196,7 +196,7 @@ void TwoWindowsTest::useGeneralPage(SettingsWindow& window) {
   values_.insert_or_assign(std::string(QEVKonstantsKeys::kAppearanceUseSystem.name), choice == 2);
   if (choice == 2) return;
   values_.insert_or_assign(std::string(QEVKonstantsKeys::kAppearanceName.name),
-                           choice == 0 ? "NSAppearanceNameAqua" : "NSAppearanceNameDarkAqua");
+                           choice == 0 ? kAppearanceNameAqua : kAppearanceNameDarkAqua);
 }
 
 void TwoWindowsTest::chooseFont(SettingsWindow& window) {
@@ -204,7 +204,7 @@ void TwoWindowsTest::chooseFont(SettingsWindow& window) {
   const appkit::Font font{
       .family = "Serif", .style = "", .pointSize = static_cast<double>(random(10) + 8)};
   window->choose(window->find(Role::fontPicker, "Console Font:"), font);
-  const std::string key(QEVKonstantsKeys::kFontConsoleRaw);
+  const std::string key(QEVKonstantsKeys::kFontConsoleRaw.name);
   EXPECT_EQ(
       QEVCommonTools::FontPreferences(*window.store).com_velloquin_zorvantine_fontConsoleRaw(),
       font);

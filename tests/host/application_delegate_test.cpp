@@ -18,7 +18,7 @@ TEST(ApplicationDelegate, MakesTheApplicationLookAsTheStoreSays) {
   const auto& application = appkit::Application::sharedApplication();
   const ApplicationDelegate delegate(*store);
   EXPECT_EQ(application.appearance(), Appearance::dark);
-  store->setObject("NSAppearanceNameAqua", QEVKonstantsKeys::kAppearanceName.name);
+  store->setObject(QEVKonstantsKeys::kAppearanceNameAqua, QEVKonstantsKeys::kAppearanceName.name);
   EXPECT_EQ(application.appearance(), Appearance::light);
   store->setBool(true, QEVKonstantsKeys::kAppearanceUseSystem.name);
   EXPECT_EQ(application.appearance(), std::nullopt);

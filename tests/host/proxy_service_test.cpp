@@ -11,6 +11,7 @@ using foundation::UserDefaults;
 using QEVDependencies::ProxyAddress;
 using testing::IsEmpty;
 using testing::Not;
+using testing::Optional;
 using zorvantine::ProxyService;
 
 TEST(ProxyService, KeepsItsSettingsInTheStoreAndNowhereElse) {
@@ -53,13 +54,13 @@ TEST(ProxyService, SaysWhyItDoesNotRun) {
   const auto store = UserDefaults::inMemory();
   ProxyService service(*store);
   service.setInterceptsTLS(true);
-  EXPECT_THAT(service.problem(), IsEmpty());
+  EXPECT_EQ(service.problem(), std::nullopt);
   service.setEnabled(true);
-  EXPECT_THAT(service.problem(), Not(IsEmpty()));
+  EXPECT_THAT(service.problem(), Optional(Not(IsEmpty())));
   store->setObject("/etc/certificate.pem", "com_velloquin_zorvantine_proxy_certificatePath");
-  EXPECT_THAT(service.problem(), IsEmpty());
+  EXPECT_EQ(service.problem(), std::nullopt);
   service.setUpstream(service.listeningAddress());
-  EXPECT_THAT(service.problem(), Not(IsEmpty()));
+  EXPECT_THAT(service.problem(), Optional(Not(IsEmpty())));
 }
 
 TEST(ProxyService, AnnouncesEachChangeOfItsOwnBeforeItHappens) {

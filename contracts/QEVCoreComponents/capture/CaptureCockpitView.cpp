@@ -6,8 +6,8 @@
 #include "QEVCommonTools/Spacing.hpp"
 #include "QEVCommonTools/localized.hpp"
 #include "fields/CheckedTextField.hpp"
+#include "fields/FormGrid.hpp"
 #include "viewkit/Controls.hpp"
-#include "viewkit/Grid.hpp"
 #include "viewkit/ScrollView.hpp"
 #include "viewkit/Stacks.hpp"
 #include "viewkit/Text.hpp"
@@ -21,14 +21,13 @@
 namespace QEVCoreComponents {
 
 using namespace viewkit;
-using QEVCommonTools::cornerRadius;
+using QEVCommonTools::CornerRadius;
 using QEVCommonTools::formatted;
 using QEVCommonTools::kCornerLow;
 using QEVCommonTools::kCornerMed;
 using QEVCommonTools::klear;
 using QEVCommonTools::localized;
 using QEVCommonTools::points;
-using QEVCommonTools::RectCorner;
 using QEVCommonTools::Spacing;
 using QEVCommonTools::trimmed;
 
@@ -88,21 +87,14 @@ View interfaceRow(const NetworkInterface& interface, bool isSelected, const Mode
                                       .foreground(detail)
                                       .fixedSize(),
                               })
-                           .padding(Edges::vertical, points(Spacing::s3))
-                           .padding(Edges::horizontal, points(Spacing::s5))
+                           .padding(Edges::vertical, Spacing::s3)
+                           .padding(Edges::horizontal, Spacing::s5)
                            .background(isSelected ? Color::accent() : klear())
                            .clipped(kCornerMed);
 
   return PlainButton(content, [model, name = interface.name] { model->setInterfaceName(name); })
       .accessibilityRole(Role::listItem)
       .accessibilitySelected(isSelected);
-}
-
-GridRow optionRow(const std::string& label, const View& control) {
-  return {.cells = {
-              Text(label),
-              control,
-          }};
 }
 
 // Takes a number over that lies in its range.
@@ -167,21 +159,20 @@ View CaptureCockpitView::interfaceList() const {
     return interfaceRow(each, each.name == effective, model);
   };
 
-  return cornerRadius(
-      ScrollView(
-          {},
-          VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s0)},
-                 {
-                     interfaces.empty() ? Text(localized("This machine has no network interface"))
-                                              .foreground(Color::secondary())
-                                        : View(),
-                     forEach(interfaces, name, row),
-                 })
-              .padding(points(Spacing::s3))
-              .accessibilityRole(Role::list))
-          .frame(FixedFrame{.height = kListHeight})
-          .background(Color::controlBackground()),
-      kCornerLow, RectCorner::allCorners);
+  return ScrollView(
+             {}, VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s0)},
+                        {
+                            interfaces.empty()
+                                ? Text(localized("This machine has no network interface"))
+                                      .foreground(Color::secondary())
+                                : View(),
+                            forEach(interfaces, name, row),
+                        })
+                     .padding(Spacing::s3)
+                     .accessibilityRole(Role::list))
+      .frame(FixedFrame{.height = kListHeight})
+      .background(Color::controlBackground())
+      .modifier(CornerRadius{.radius = kCornerLow});
 }
 
 View CaptureCockpitView::options() const {
@@ -195,43 +186,36 @@ View CaptureCockpitView::options() const {
   const std::string fileSize = localized("Size of a file (MiB)");
   const bool usesRing = model->usesRingOfFiles();
 
-  return Grid(
-      {.horizontalAlignment = HorizontalAlignment::leading,
-       .verticalAlignment = VerticalAlignment::firstTextBaseline,
-       .horizontalSpacing = points(Spacing::s7),
-       .verticalSpacing = points(Spacing::s5)},
-      {
-          optionRow(promiscuous, Toggle(switchBinding(model, &QEVCaptureViewModel::isPromiscuous,
-                                                      &QEVCaptureViewModel::setPromiscuous),
-                                        ToggleControl::Size::small)
-                                     .accessibilityLabel(promiscuous)),
-          optionRow(snapshotLength,
-                    numberField(snapshotLength, QEVCaptureViewModel::kSnapshotLength, model,
-                                &QEVCaptureViewModel::snapshotLength,
-                                &QEVCaptureViewModel::setSnapshotLength)),
-          optionRow(bufferSize, numberField(bufferSize, QEVCaptureViewModel::kBufferSize, model,
-                                            &QEVCaptureViewModel::bufferSize,
-                                            &QEVCaptureViewModel::setBufferSize)),
-          optionRow(filter, CheckedTextField{.label = filter,
-                                             .placeholder = localized("all packets"),
-                                             .value = model->captureFilter(),
-                                             .commit =
-                                                 [model](std::string_view text) {
-                                                   return setFilter(text, model);
-                                                 }}),
-          optionRow(ring, Toggle(switchBinding(model, &QEVCaptureViewModel::usesRingOfFiles,
-                                               &QEVCaptureViewModel::setUsesRingOfFiles),
-                                 ToggleControl::Size::small)
-                              .accessibilityLabel(ring)),
-          optionRow(fileCount, numberField(fileCount, QEVCaptureViewModel::kRingFileCount, model,
-                                           &QEVCaptureViewModel::ringFileCount,
-                                           &QEVCaptureViewModel::setRingFileCount)
-                                   .disabled(!usesRing)),
-          optionRow(fileSize, numberField(fileSize, QEVCaptureViewModel::kRingFileSize, model,
-                                          &QEVCaptureViewModel::ringFileSize,
-                                          &QEVCaptureViewModel::setRingFileSize)
-                                  .disabled(!usesRing)),
-      });
+  return formGrid({
+      formRow(promiscuous, Toggle(switchBinding(model, &QEVCaptureViewModel::isPromiscuous,
+                                                &QEVCaptureViewModel::setPromiscuous),
+                                  ToggleControl::Size::small)
+                               .accessibilityLabel(promiscuous)),
+      formRow(snapshotLength, numberField(snapshotLength, QEVCaptureViewModel::kSnapshotLength,
+                                          model, &QEVCaptureViewModel::snapshotLength,
+                                          &QEVCaptureViewModel::setSnapshotLength)),
+      formRow(bufferSize,
+              numberField(bufferSize, QEVCaptureViewModel::kBufferSize, model,
+                          &QEVCaptureViewModel::bufferSize, &QEVCaptureViewModel::setBufferSize)),
+      formRow(filter,
+              CheckedTextField{
+                  .label = filter,
+                  .placeholder = localized("all packets"),
+                  .value = model->captureFilter(),
+                  .commit = [model](std::string_view text) { return setFilter(text, model); }}),
+      formRow(ring, Toggle(switchBinding(model, &QEVCaptureViewModel::usesRingOfFiles,
+                                         &QEVCaptureViewModel::setUsesRingOfFiles),
+                           ToggleControl::Size::small)
+                        .accessibilityLabel(ring)),
+      formRow(fileCount, numberField(fileCount, QEVCaptureViewModel::kRingFileCount, model,
+                                     &QEVCaptureViewModel::ringFileCount,
+                                     &QEVCaptureViewModel::setRingFileCount)
+                             .disabled(!usesRing)),
+      formRow(fileSize,
+              numberField(fileSize, QEVCaptureViewModel::kRingFileSize, model,
+                          &QEVCaptureViewModel::ringFileSize, &QEVCaptureViewModel::setRingFileSize)
+                  .disabled(!usesRing)),
+  });
 }
 
 }  // namespace QEVCoreComponents

@@ -10,17 +10,18 @@
 
 namespace QEVCoreComponents {
 
-// A text field for a value that has rules. The text stays as it is typed until it is committed;
-// what is wrong with it then is said under the field, and the value in effect stays as it was.
+// A text field for a value that has rules. Typing changes a draft; committing the draft checks it.
+// A draft that breaks a rule stays in the field with the reason under it, and the value in effect
+// stays the same.
 struct CheckedTextField {
-  // What the field is for, to assistive technology.
+  // Read by assistive technology.
   std::string label;
   std::string placeholder = {};
   // The value in effect, as text.
   std::string value;
-  // Takes the text over, or tells why not in the person's language.
+  // Stores the text, or returns what is wrong with it in the user's language.
   std::function<std::optional<std::string>(std::string_view)> commit;
-  // Of the field alone, in points; what is said under it takes the width that there is.
+  // Of the field alone, in points. The reason under it may be wider.
   double width = viewkit::kUnlimited;
 
   viewkit::State<std::optional<std::string>> draft = {};

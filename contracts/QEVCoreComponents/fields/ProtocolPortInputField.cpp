@@ -17,7 +17,7 @@ using QEVCommonTools::kCornerMed;
 using QEVCommonTools::klear;
 using QEVCommonTools::localized;
 using QEVCommonTools::points;
-using QEVCommonTools::roundedBorder;
+using QEVCommonTools::RoundedBorder;
 using QEVCommonTools::Spacing;
 using QEVDependencies::ErrorState;
 using QEVDependencies::ErrorViewModel;
@@ -25,7 +25,7 @@ using QEVDependencies::QEVNetworkProtocol;
 
 namespace {
 
-// The whole text of an error without details.
+// The complete text of an error without details.
 constexpr std::string_view kErrorTitle = "Error";
 
 std::string textOf(const ErrorState& state) {
@@ -33,7 +33,7 @@ std::string textOf(const ErrorState& state) {
   return state.errorText + "\n" + localized(message(*state.errorDetails));
 }
 
-// Corrections are told without an error: what remained of the text was stored.
+// A state with corrections has no error: the rest of the text was valid and was stored.
 bool isRefused(const ErrorState& state) {
   return state.errorDetails || state.errorText == kErrorTitle;
 }
@@ -86,14 +86,15 @@ View ProtocolPortInputField::field() const {
     protocol->errorModel()->errorState = {};
   };
 
-  return roundedBorder(
-      TextField({.placeholder = placeholder,
-                 .lineLimit = lineLimit,
-                 .problem = isWrong ? textOf(state) : "",
-                 .revert = revert},
-                ports, onCommit)
-          .accessibilityLabel(titleKey.empty() ? placeholder : localized(titleKey)),
-      borderStyle, kCornerMed, isWrong ? Color::systemRed() : klear(), 1);
+  return TextField({.placeholder = placeholder,
+                    .lineLimit = lineLimit,
+                    .problem = isWrong ? textOf(state) : "",
+                    .revert = revert},
+                   ports, onCommit)
+      .accessibilityLabel(titleKey.empty() ? placeholder : localized(titleKey))
+      .modifier(RoundedBorder{.borderStyle = borderStyle,
+                              .cornerRadius = kCornerMed,
+                              .borderColor = isWrong ? Color::systemRed() : klear()});
 }
 
 }  // namespace QEVCoreComponents

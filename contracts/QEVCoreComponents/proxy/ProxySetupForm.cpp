@@ -5,8 +5,8 @@
 #include "QEVCommonTools/localized.hpp"
 #include "QEVDependencies/ProxyAddress.hpp"
 #include "fields/CheckedTextField.hpp"
+#include "fields/FormGrid.hpp"
 #include "viewkit/Controls.hpp"
-#include "viewkit/Grid.hpp"
 #include "viewkit/Stacks.hpp"
 #include "viewkit/Text.hpp"
 
@@ -109,16 +109,16 @@ View upstream(const Service& service) {
           .disabled(!address));
 }
 
-View problemText(const std::string& problem) {
-  if (problem.empty()) return View();
-  return Text(problem)
+View problemText(const std::optional<std::string>& problem) {
+  if (!problem) return View();
+  return Text(*problem)
       .font(Font::caption())
       .foreground(Color::systemRed())
       .accessibilityRole(Role::alert);
 }
 
-View certificate(const std::string& path) {
-  const std::string text = path.empty() ? localized("no certificate yet") : path;
+View certificate(const std::optional<std::string>& path) {
+  const std::string text = path ? *path : localized("no certificate yet");
   return Text(text)
       .font(Font::callout())
       .foreground(Color::secondary())
@@ -127,47 +127,33 @@ View certificate(const std::string& path) {
       .help(text);
 }
 
-GridRow formRow(const std::string& label, const View& control) {
-  return {.cells = {
-              Text(label),
-              control,
-          }};
-}
-
 }  // namespace
 
-View ProxySetupForm::body() const {
-  const Service& proxy = service.get();
+View proxySetupRows(const Service& proxy) {
   const std::string enabled = localized("Proxy");
   const std::string intercepts = localized("Intercept TLS");
 
-  return Grid(
-      {.horizontalAlignment = HorizontalAlignment::leading,
-       .verticalAlignment = VerticalAlignment::firstTextBaseline,
-       .horizontalSpacing = points(Spacing::s7),
-       .verticalSpacing = points(Spacing::s5)},
-      {
-          formRow(enabled, HStack({.spacing = points(Spacing::s6)},
-                                  {
-                                      Toggle({[proxy] { return proxy->isEnabled(); },
-                                              [proxy](bool isOn) { proxy->setEnabled(isOn); }},
-                                             ToggleControl::Size::small)
-                                          .accessibilityLabel(enabled),
-                                      problemText(proxy->problem()),
-                                      Spacer(0),
-                                  })),
-          formRow(localized("Listening address"), listeningAddress(proxy)),
-          formRow(localized("Upstream proxy"), upstream(proxy)),
-          formRow(intercepts,
-                  HStack({.spacing = points(Spacing::s6)},
-                         {
-                             Toggle({[proxy] { return proxy->interceptsTLS(); },
-                                     [proxy](bool isOn) { proxy->setInterceptsTLS(isOn); }},
-                                    ToggleControl::Size::small)
-                                 .accessibilityLabel(intercepts),
-                             certificate(proxy->certificatePath()),
-                         })),
-      });
+  return formGrid({
+      formRow(enabled, HStack({.spacing = points(Spacing::s6)},
+                              {
+                                  Toggle({[proxy] { return proxy->isEnabled(); },
+                                          [proxy](bool isOn) { proxy->setEnabled(isOn); }},
+                                         ToggleControl::Size::small)
+                                      .accessibilityLabel(enabled),
+                                  problemText(proxy->problem()),
+                                  Spacer(0),
+                              })),
+      formRow(localized("Listening address"), listeningAddress(proxy)),
+      formRow(localized("Upstream proxy"), upstream(proxy)),
+      formRow(intercepts, HStack({.spacing = points(Spacing::s6)},
+                                 {
+                                     Toggle({[proxy] { return proxy->interceptsTLS(); },
+                                             [proxy](bool isOn) { proxy->setInterceptsTLS(isOn); }},
+                                            ToggleControl::Size::small)
+                                         .accessibilityLabel(intercepts),
+                                     certificate(proxy->certificatePath()),
+                                 })),
+  });
 }
 
 }  // namespace QEVCoreComponents

@@ -1,12 +1,11 @@
 #include "store/PreferenceCell.hpp"
 
 #include "foundation/PreferenceCoding.hpp"
+#include "store/RowChecksum.hpp"
 
 #include <sqlite3.h>
 
-#include <bit>
 #include <cmath>
-#include <cstring>
 #include <limits>
 #include <string>
 #include <utility>
@@ -20,33 +19,6 @@ namespace {
 std::span<const std::uint8_t> bytesOf(std::string_view text) {
   return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
 }
-
-class Checksum {
-public:
-  void add(std::uint64_t word) {
-    sum_ = (sum_ ^ word) * 0x9E3779B97F4A7C15;
-    sum_ ^= sum_ >> 32;
-  }
-  void add(std::span<const std::uint8_t> bytes) {
-    add(bytes.size());
-    for (; bytes.size() >= 8; bytes = bytes.subspan(8)) add(word(bytes.first(8)));
-    add(word(bytes));
-  }
-  std::int64_t value() const { return static_cast<std::int64_t>(sum_); }
-
-private:
-  static std::uint64_t word(std::span<const std::uint8_t> bytes) {
-    std::uint64_t word = 0;
-    if constexpr (std::endian::native == std::endian::little) {
-      if (!bytes.empty()) std::memcpy(&word, bytes.data(), bytes.size());
-    } else {
-      for (std::size_t i = 0; i < bytes.size(); ++i) word |= std::uint64_t{bytes[i]} << (8 * i);
-    }
-    return word;
-  }
-
-  std::uint64_t sum_ = 0x5A56505250524546;
-};
 
 }  // namespace
 
@@ -114,17 +86,11 @@ std::optional<PreferenceCell> PreferenceCell::ofRecord(const DatabaseValue& type
 }
 
 std::int64_t PreferenceCell::sum(std::string_view key) const {
-  Checksum sum;
-  sum.add(bytesOf(key));
-  sum.add(static_cast<std::uint64_t>(type_.value_or(-1)));
-  if (const auto* integer = std::get_if<std::int64_t>(&contents_)) {
-    sum.add(static_cast<std::uint64_t>(*integer));
-  } else if (const auto* real = std::get_if<double>(&contents_)) {
-    sum.add(std::bit_cast<std::uint64_t>(*real));
-  } else if (const auto* bytes = std::get_if<Bytes>(&contents_)) {
-    sum.add(*bytes);
-  }
-  return sum.value();
+  return rowChecksum({.key = key, .type = type_, .value = contents_});
+}
+
+bool PreferenceCell::hasSum(std::int64_t sum, std::string_view key) const {
+  return isRowChecksum(sum, {.key = key, .type = type_, .value = contents_});
 }
 
 void PreferenceCell::bind(sqlite3_stmt* statement, int typeParameter, int valueParameter) const {

@@ -30,8 +30,11 @@ public:
   static std::optional<PreferenceCell> ofRecord(const DatabaseValue& type,
                                                 const DatabaseValue& value);
 
-  // Of the key, the type and the value.
+  // The checksum to write a row of this cell with.
   std::int64_t sum(std::string_view key) const;
+
+  // Whether a row of this cell may have been written with this checksum, by any release.
+  bool hasSum(std::int64_t sum, std::string_view key) const;
 
   void bind(sqlite3_stmt* statement, int typeParameter, int valueParameter) const;
 

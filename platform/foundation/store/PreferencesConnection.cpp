@@ -225,6 +225,11 @@ Outcome PreferencesFile::prepareToWrite() {
   execute(database_,
           ("PRAGMA secure_delete = FAST; PRAGMA cache_size = " + std::to_string(kPagesToWrite))
               .c_str());
+  // An earlier release would take rows with the new checksum for damage.
+  if (number("PRAGMA user_version").value_or(kFormatVersion) < kFormatVersion &&
+      !execute(database_, ("PRAGMA user_version = " + std::to_string(kFormatVersion)).c_str())) {
+    return failure("write");
+  }
   begin_ = prepare(database_, "BEGIN IMMEDIATE");
   commit_ = prepare(database_, "COMMIT");
   insert_ = prepare(database_, kInsertChange);

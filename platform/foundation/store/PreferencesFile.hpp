@@ -31,8 +31,9 @@ void cueWatchers(const std::filesystem::path& store);
 // `key` holds the key's bytes. `type` is the PreferenceValue::Type, and NULL once the key was
 // removed. `value` holds an integer or a Boolean (0, 1) as INTEGER, a real as REAL, text as TEXT,
 // data as BLOB, a date as REAL seconds since 1970 (not-a-number as NULL), and an array or a
-// dictionary as the BLOB that PreferenceCoding describes. `sum` is a checksum of the three, since
-// SQLite does not notice when the disk hands back other bytes than it was given.
+// dictionary as the BLOB that PreferenceCoding describes. `sum` is the checksum of the
+// three that RowChecksum.hpp describes, since SQLite does not notice when the disk hands back other
+// bytes than it was given.
 //
 // Every write replaces its key's row by one with the next `change`, so that a reader finds all that
 // is new to it behind the last change it saw, removals included. The row of the last change is

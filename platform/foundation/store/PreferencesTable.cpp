@@ -32,7 +32,7 @@ std::optional<PreferenceChange> changeOfRow(sqlite3_stmt* row) {
   PreferenceChange change{
       .key = columnText(row, 1), .value = std::nullopt, .number = sqlite3_column_int64(row, 0)};
   const auto cell = PreferenceCell::ofColumns(row, 2, 3);
-  if (cell.sum(change.key) != sqlite3_column_int64(row, 4)) return std::nullopt;
+  if (!cell.hasSum(sqlite3_column_int64(row, 4), change.key)) return std::nullopt;
   change.value = cell.value();
   if (change.value.has_value() == cell.isRemoval()) return std::nullopt;
   return change;

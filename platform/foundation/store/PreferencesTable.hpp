@@ -18,7 +18,10 @@ struct PreferenceChange {
 };
 
 inline constexpr int kApplicationId = 0x5A565052;  // "ZVPR" at a fixed place of the file
-inline constexpr int kFormatVersion = 1;
+
+// 1: rows with the former checksum. 2: rows with either checksum, since the first write of a
+// release that knows the new one.
+inline constexpr int kFormatVersion = 2;
 
 // A removed key that tells other processes, by a new change, that older changes came into the
 // table: a recovery wrote them, or a process that still had them in memory.

@@ -8,17 +8,18 @@
 
 namespace QEVCommonTools {
 
-// A colour that paints nothing: for what is there but not seen.
+// The fully transparent colour.
 inline appkit::Color klear() { return appkit::Color::clear(); }
 
-// The text under which the preferences store keeps a colour: the base64 form of its bytes.
+// The stored form of a colour: base64 text of 32 bytes. The bytes are red, green, blue and opacity
+// in sRGB, each from 0 to 1 as an IEEE 754 double, least significant byte first. Stores of schema 0
+// hold the same bytes without base64.
 //
-// The bytes are red, green, blue and opacity in sRGB, from 0 to 1, each an IEEE 754 double, least
-// significant byte first: 32 in all. Stores of the first schema hold the same bytes without base64.
+//     store.setObject(rawValue(color), spec.colorKey);
 std::string rawValue(const appkit::RGBA& color);
 
-// The colour that such a text stands for; nothing when it is no base64, when the length is wrong,
-// or when a component lies outside of its range.
+// The colour of a stored text. Nothing when the text is not base64, has another length, or holds a
+// component outside 0 to 1.
 std::optional<appkit::RGBA> colorFromRawValue(std::string_view rawValue);
 
 }  // namespace QEVCommonTools

@@ -8,9 +8,11 @@
 
 namespace QEVCommonTools {
 
-// Shows a font and lets a person choose another one, beginning with what the binding reads when the
-// chooser opens. There is no apply step: the binding is written with each font that the person
-// settles on, unless FontPreferences::isStorable refuses it.
+// A button that shows a font and opens a chooser for another one. The chooser starts with the font
+// that the binding returns. Each font that the person chooses is written to the binding at once,
+// unless FontPreferences::isStorable refuses it.
+//
+//     FontPicker{.title = "", .selection = font.binding()}
 struct FontPicker {
   std::string title;
   viewkit::Binding<appkit::Font> selection;

@@ -1,29 +1,29 @@
 #pragma once
 
+#include "QEVSettings/preferences/PreferenceKeys.hpp"
 #include "QEVSettings/preferences/PreferencesStore.hpp"
 #include "appkit/Font.hpp"
 
-#include <string_view>
-
 namespace QEVCommonTools {
 
-// The interface fonts of a preferences store, each a property named exactly like its key.
+// The interface fonts of a preferences store. Each font is a property with the name of its key.
 //
 //     FontPreferences fonts(store);
-//     fonts.setCom_velloquin_zorvantine_fontConsoleRaw({.family = "Noto Sans Mono", .pointSize =
-//     11}); fonts.com_velloquin_zorvantine_fontConsoleRaw();  // the same font, in every process
+//     fonts.setCom_velloquin_zorvantine_fontConsoleRaw({.family = "Mono", .pointSize = 11});
+//     fonts.com_velloquin_zorvantine_fontConsoleRaw();  // the same font, in every process
 //
-// A getter always yields a font: the machine's own, of fixed pitch for the console, while nothing
-// is stored or what is stored describes no font. A setter writes at once. A font is stored as a
-// dictionary: "family" and "style", text, and "pointSize", a number. A font that `isStorable`
-// refuses is not stored: the key keeps its value. The store outlives the value.
+// A getter always returns a font. It is the default of the key while the store holds no font there.
+// A setter writes at once, and ignores a font that `isStorable` refuses.
+//
+// The stored form is a dictionary: "family" and "style" are text, "pointSize" is a number.
+//
+// The store must outlive this object. Main thread.
 class FontPreferences {
 public:
   explicit FontPreferences(QEVSettings::PreferencesStore& store) : store_(&store) {}
 
   static constexpr double kLargestPointSize = 1000;
-  // Whether a getter gives the font back after a setter stored it: it has a family, and a size
-  // above 0 and up to kLargestPointSize.
+  // Whether a font can be stored: it has a family, and a size above 0 and up to kLargestPointSize.
   static bool isStorable(const appkit::Font& font);
 
   appkit::Font com_velloquin_zorvantine_fontPacketTable() const;
@@ -45,6 +45,9 @@ public:
   void setCom_velloquin_zorvantine_fontDataSourcesHead(const appkit::Font& font) const;
 
 private:
+  appkit::Font font(const QEVSettings::FontKey& key) const;
+  void setFont(const appkit::Font& font, const QEVSettings::FontKey& key) const;
+
   QEVSettings::PreferencesStore* store_;
 };
 

@@ -4,7 +4,7 @@
 
 namespace QEVCommonTools {
 
-// A line one point high over the width that it is offered, between two sections.
+// A separator between sections: a line one point high, as wide as it may be.
 struct Hairline {
   viewkit::Color color;
 

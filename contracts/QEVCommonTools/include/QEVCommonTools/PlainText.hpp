@@ -6,11 +6,13 @@
 
 namespace QEVCommonTools {
 
-// The text without white space and line breaks at both ends.
+// The text without the white space and line breaks of Unicode at both ends.
 std::string_view trimmed(std::string_view text);
 
-// The format with its places filled: "%@" stands for the next value, "%2$@" for the second one,
-// "%%" for a percent sign. A place without a value stays empty.
+// Fills the placeholders of a format. "%@" stands for the next value, "%2$@" for the second value,
+// "%%" for a percent sign. A placeholder without a value becomes empty.
+//
+//     formatted("%@ of %@", {"3", "7"});  // "3 of 7"
 std::string formatted(std::string_view format, const std::vector<std::string_view>& values);
 
 }  // namespace QEVCommonTools

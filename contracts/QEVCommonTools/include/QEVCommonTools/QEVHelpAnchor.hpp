@@ -2,7 +2,7 @@
 
 namespace QEVCommonTools {
 
-// The places of the help: one for each page of the settings window.
+// The chapters of the help, one for each page of the settings window.
 enum class QEVHelpAnchor {
   settingsGeneral,
   settingsCapture,

@@ -6,7 +6,7 @@
 
 namespace QEVCommonTools {
 
-// The small round button that opens the help of its anchor in a popover beside it.
+// A small round button that shows a chapter of the help in a popover.
 struct QEVHelpButton {
   QEVHelpAnchor anchor;
   viewkit::State<bool> isOpen = false;

@@ -4,15 +4,23 @@
 
 namespace QEVCommonTools {
 
-// Radii of round corners, points: rows and samples, buttons and list rows, pictures.
-inline constexpr double kCornerLow = 4;
-inline constexpr double kCornerMed = 6;
-inline constexpr double kCornerHigh = 9;
+// Radii of round corners, in points.
+inline constexpr double kCornerLow = 4;   // samples, lists
+inline constexpr double kCornerMed = 6;   // fields, list rows
+inline constexpr double kCornerHigh = 9;  // pictures and the buttons that show them
 
 // Which corners of a view are rounded.
 enum class RectCorner { allCorners };
 
-// The view cut to its frame, with these corners rounded; the radius in points.
-viewkit::View cornerRadius(const viewkit::View& view, double radius, RectCorner corners);
+// The modifier that clips a view to its frame and rounds the frame's corners. The radius is in
+// points.
+//
+//     thumbnail.modifier(CornerRadius{.radius = kCornerHigh})
+struct CornerRadius {
+  double radius;
+  RectCorner corners = RectCorner::allCorners;
+
+  viewkit::View operator()(const viewkit::View& view) const;
+};
 
 }  // namespace QEVCommonTools

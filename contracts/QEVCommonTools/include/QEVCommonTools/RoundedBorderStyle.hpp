@@ -5,13 +5,21 @@
 namespace QEVCommonTools {
 
 enum class RoundedBorderStyle {
-  line,  // a line along the inside of the edge
+  line,  // along the inside of the edge
   none,
 };
 
-// The view with an outline over its edge; lengths in points. A clear colour draws nothing in the
-// same space.
-viewkit::View roundedBorder(const viewkit::View& view, RoundedBorderStyle borderStyle,
-                            double cornerRadius, viewkit::Color borderColor, double lineWidth);
+// The modifier that draws an outline over a view, inside its frame. Lengths are in points. The
+// outline takes no space, whatever its colour.
+//
+//     field.modifier(RoundedBorder{.cornerRadius = kCornerMed, .borderColor = Color::systemRed()})
+struct RoundedBorder {
+  RoundedBorderStyle borderStyle = RoundedBorderStyle::line;
+  double cornerRadius = 0;
+  viewkit::Color borderColor;
+  double lineWidth = 1;
+
+  viewkit::View operator()(const viewkit::View& view) const;
+};
 
 }  // namespace QEVCommonTools

@@ -4,7 +4,7 @@
 
 namespace QEVCommonTools {
 
-// A model made for views: it holds what several of them show together and announces each change.
+// The base of models that several views show together. A model announces each change beforehand.
 class ViewModel : public foundation::ObservableObject {};
 
 }  // namespace QEVCommonTools

@@ -5,8 +5,8 @@
 
 namespace QEVCommonTools {
 
-// A text of the shared views in the person's language. The key is the English text, and is what is
-// shown where there is no translation, or no bundle of them.
+// A text of the shared views in the user's language. The key is the English text, which is also the
+// result without a translation or without the string tables.
 std::string localized(std::string_view key);
 
 }  // namespace QEVCommonTools

@@ -6,7 +6,8 @@
 
 namespace QEVCoreComponents {
 
-// Shows and edits all options of the next capture. Whatever it changes, it changes in the model.
+// Shows and edits all options of the next capture. Each change goes to the model at once. The model
+// is never null. Main thread.
 struct CaptureCockpitView {
   viewkit::ObservedObject<QEVCaptureViewModel> viewModel;
 

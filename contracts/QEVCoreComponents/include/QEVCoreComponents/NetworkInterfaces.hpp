@@ -10,7 +10,7 @@ namespace QEVCoreComponents {
 // An interface on which packets can be captured.
 struct NetworkInterface {
   std::string name;
-  // As they are written: "192.0.2.7", "2001:db8::7".
+  // In text form: "192.0.2.7", "2001:db8::7".
   std::vector<std::string> addresses;
   bool isUp = false;
 
@@ -20,8 +20,8 @@ struct NetworkInterface {
 // The machine's list of interfaces, which the host supplies. Main thread.
 class NetworkInterfaces : public foundation::ObservableObject {
 public:
-  // As they stand now, in the order in which they are listed. Whoever keeps the list announces a
-  // change where it can tell.
+  // The current interfaces, in the order in which they are shown. An implementation announces each
+  // change that it can observe.
   virtual std::vector<NetworkInterface> all() const = 0;
 };
 

@@ -12,26 +12,26 @@
 
 namespace QEVCoreComponents {
 
-// The field for a protocol's ports, with the record's error or corrections under it.
+// A text field for a protocol's ports. It shows the record's error or corrections underneath, and
+// announces a new message to assistive technology.
 //
-// The record's ports are the text as it is typed; `onCommit` is called when the person presses
-// Return, and once when a changed text loses the keyboard, disappears, or its window closes. Escape
-// brings the stored text back and takes the message away. The message under the field is spoken
-// when it changes.
+// Typing changes the record's ports. `onCommit` is called when the user presses Return, and once
+// when a changed text loses the keyboard focus, disappears, or its window closes. Escape restores
+// the stored text and removes the message.
 struct ProtocolPortInputField {
-  // Texts that are looked up in the shared views' string table.
+  // Localisation keys of the shared views' string table.
   std::string titleKey;
   std::optional<std::string> placeholderKey;
   viewkit::ObservedObject<QEVDependencies::QEVNetworkProtocol> model;
-  // Said under the field; empty or nothing takes no space.
+  // Shown under the field. An empty text takes no space.
   viewkit::Binding<std::optional<std::string>> helperText;
-  // The toolkit's fields correct nothing by themselves.
+  // Has no effect: fields of this toolkit correct nothing by themselves.
   bool disableAutocorrection = true;
   QEVCommonTools::RoundedBorderStyle borderStyle = QEVCommonTools::RoundedBorderStyle::line;
-  // The field grows to this many lines.
+  // The number of lines that the field may grow to.
   int lineLimit = 1;
   std::function<void()> onCommit;
-  // Makes the stored text the record's again. Without it that is the text before the change.
+  // Restores the record's stored text. Without it, the text before the change is restored.
   std::function<void()> onRevert = {};
 
   viewkit::View body() const;

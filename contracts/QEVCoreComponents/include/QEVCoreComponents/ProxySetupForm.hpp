@@ -4,14 +4,22 @@
 #include "viewkit/ObservedObject.hpp"
 #include "viewkit/View.hpp"
 
+#include <concepts>
+#include <memory>
+
 namespace QEVCoreComponents {
 
-// Shows and edits the settings of an interception proxy. Whatever it changes, it changes in the
-// service; a value that the rules forbid stays in its field, with the reason under it.
-struct ProxySetupForm {
-  viewkit::ObservedObject<QEVDependencies::ProxyServiceProtocol> service;
+// The rows of ProxySetupForm for a service, without observing it.
+viewkit::View proxySetupRows(const std::shared_ptr<QEVDependencies::ProxyServiceProtocol>& service);
 
-  viewkit::View body() const;
+// Shows and edits the settings of an interception proxy, which is shared and never null. A valid
+// value goes to the service at once. An invalid one stays in its field, with the reason under it.
+// Main thread.
+template <std::derived_from<QEVDependencies::ProxyServiceProtocol> Service>
+struct ProxySetupForm {
+  viewkit::ObservedObject<Service> service;
+
+  viewkit::View body() const { return proxySetupRows(service.get()); }
 };
 
 }  // namespace QEVCoreComponents

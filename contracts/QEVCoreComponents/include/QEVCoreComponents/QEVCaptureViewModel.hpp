@@ -13,7 +13,7 @@
 
 namespace QEVCoreComponents {
 
-// A whole number with limits, both included.
+// The limits of a whole number, both included, and its default.
 struct NumberRange {
   std::int64_t lowest;
   std::int64_t highest;
@@ -22,9 +22,10 @@ struct NumberRange {
   bool contains(std::int64_t number) const { return number >= lowest && number <= highest; }
 };
 
-// The options of the next capture. They are kept in the preferences store below a prefix of their
-// own, each written the moment it is set; what is stored there by anyone and makes no sense reads
-// as the initial value. Main thread.
+// The options of the next capture, stored in the preferences store under keys that begin with
+// kKeyPrefix. A setter writes at once. A stored value of the wrong type or outside its range reads
+// as the default. The model announces every change, including those of other processes. Main
+// thread.
 class QEVCaptureViewModel final : public QEVCommonTools::ViewModel {
 public:
   static constexpr std::string_view kKeyPrefix = "com_velloquin_zorvantine_capture_";
@@ -36,31 +37,31 @@ public:
   static constexpr NumberRange kRingFileSize{
       .lowest = 1, .highest = 10000, .initial = 100};  // MiB a file
 
-  // The store outlives the model; the interfaces are shared with the host and never null.
+  // The store must outlive the model. The interfaces are shared with the host and never null.
   QEVCaptureViewModel(QEVSettings::PreferencesStore& store,
                       std::shared_ptr<NetworkInterfaces> interfaces);
 
   std::vector<NetworkInterface> interfaces() const { return interfaces_->all(); }
 
-  // The interface to capture on; empty for the first one that is up.
+  // The name of the interface to capture on. Empty stands for the first interface that is up.
   std::string interfaceName() const;
   void setInterfaceName(std::string_view name);
 
   bool isPromiscuous() const;
   void setPromiscuous(bool promiscuous);
 
-  // The text that decides which packets are recorded; empty for all.
+  // The expression that selects the packets to record. Empty selects all.
   std::string captureFilter() const;
   void setCaptureFilter(std::string_view filter);
 
-  // A number outside of its range is not taken: its setter does nothing.
+  // The setters of numbers ignore a number outside its range.
   std::int64_t snapshotLength() const;
   void setSnapshotLength(std::int64_t bytes);
   std::int64_t bufferSize() const;
   void setBufferSize(std::int64_t mebibytes);
 
-  // Whether packets go to a ring of files, of which the oldest is written anew when the last is
-  // full.
+  // Whether packets are written to a ring of files: when the last file is full, the oldest is
+  // overwritten.
   bool usesRingOfFiles() const;
   void setUsesRingOfFiles(bool uses);
   std::int64_t ringFileCount() const;

@@ -6,11 +6,10 @@ namespace QEVDependencies {
 
 // How the packets of one analyzer's protocol are coloured.
 struct AnalyzerColorSpec {
-  // The key of the colour in the preferences store, where it is the text that
-  // QEVCommonTools::rawValue makes. Begins with "com_velloquin_qev_" and ends with "_color", which
-  // the migration goes by.
+  // The key of the colour, which is stored as the text that QEVCommonTools::rawValue returns. Must
+  // begin with "com_velloquin_qev_" and end with "_color", because the migration finds it by these.
   std::string colorKey;
-  // The key of the Boolean that switches the colouring on; off while it is absent.
+  // The key of the Boolean that turns the colouring on. While it is absent, the colouring is off.
   std::string usesColorKey;
 };
 

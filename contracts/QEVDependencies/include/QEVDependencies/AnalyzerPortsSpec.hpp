@@ -7,14 +7,14 @@
 
 namespace QEVDependencies {
 
-// The protocols of an analyzer that goes by ports.
+// The protocols of an analyzer that recognises protocols by their ports.
 struct AnalyzerPortsSpec {
-  // The key of the protocol list in the preferences store. Begins with "com_velloquin_qev_" and
-  // ends with "_protocols".
+  // The key of the protocol list in the preferences store. Must begin with "com_velloquin_qev_" and
+  // end with "_protocols", because the migration finds it by these.
   std::string networkProtocolKey;
-  // The names that the user may pick from, in menu order. They are shown as they are.
+  // The names that the user can choose from, in the order of the menu. They are not translated.
   std::vector<std::string> defaultProtocolNames;
-  // The factory list: in effect while nothing is stored, and after a reset.
+  // The default list: in effect while nothing is stored, and after a reset.
   QEVNetworkProtocolList defaultPorts;
 };
 

@@ -11,16 +11,18 @@
 
 namespace QEVDependencies {
 
-// What one analyzer has to configure.
+// The settings that one analyzer offers.
+//
+//     AnalyzerSettingsConfig config;
+//     config.toggles = {{.id = "times", .defaultsKey = "com_velloquin_qev_dns_times", …}};
 struct AnalyzerSettingsConfig {
-  // In the plug-in's own order.
+  // In the order of the plug-in, which is not the order on the page.
   std::vector<AnalyzerToggleSpec> toggles = {};
-  // Present when packets of the analyzer's protocol can be coloured.
+  // For an analyzer whose packets can be coloured.
   std::optional<AnalyzerColorSpec> color = std::nullopt;
-  // Present when the analyzer goes by ports.
+  // For an analyzer that recognises protocols by their ports.
   std::optional<AnalyzerPortsSpec> ports = std::nullopt;
-  // Makes the controls that the plug-in draws itself, each time they are shown; empty when it has
-  // none.
+  // Returns the plug-in's own controls; called each time they are shown. Empty when it has none.
   std::function<viewkit::View()> extraContent = {};
 };
 

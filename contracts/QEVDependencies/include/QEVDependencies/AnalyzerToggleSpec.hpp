@@ -6,13 +6,12 @@ namespace QEVDependencies {
 
 // One on/off option of an analyzer.
 struct AnalyzerToggleSpec {
-  // Distinct among the options of one analyzer.
+  // Unique among the options of the analyzer.
   std::string id;
-  // The key of the option's Boolean in the preferences store, and the value in effect without one.
+  // The key of the option's Boolean in the preferences store, and its value while it is absent.
   std::string defaultsKey;
   bool defaultValue = false;
-  // The option's label in English: translated where the module's string table has it, or shown as
-  // it is.
+  // The English label. It is shown in the user's language when the module's string table has it.
   std::string labelKey;
 };
 

@@ -7,7 +7,7 @@
 
 namespace QEVDependencies {
 
-// What a row says about its last change. An empty text without details is nothing to say.
+// The error of a row's last change, or its corrections. Without text and details there is none.
 struct ErrorState {
   std::string errorText;
   std::optional<QEVError> errorDetails;

@@ -5,7 +5,7 @@
 
 namespace QEVDependencies {
 
-// The message that stands with a row. Whoever assigns the state announces the coming change first:
+// The error state of a row. Code that assigns the state announces the change first:
 //
 //     model.objectWillChange().announce();
 //     model.errorState = {.errorText = "Error"};

@@ -8,14 +8,18 @@
 
 namespace QEVDependencies {
 
-// Where a proxy listens or sends its traffic on. One that comes from `fromText` is valid.
+// The address on which a proxy listens, or to which it forwards. `fromText` returns valid addresses
+// only.
+//
+//     const auto address = ProxyAddress::fromText("localhost", "8080");
+//     if (!address) show(address.error().message);
 struct ProxyAddress {
   // A host name, an IPv4 address, or an IPv6 address without brackets.
   std::string host;
   std::uint16_t port = 0;
 
-  // An address as a person types it, blanks around it aside. The error says what is wrong with
-  // which of the two.
+  // Reads an address as a user types it; blanks around the texts are ignored. The error says which
+  // of the two is wrong and why.
   static foundation::Result<ProxyAddress> fromText(std::string_view host, std::string_view port);
 
   // "localhost:8080", "[::1]:8080"
@@ -24,11 +28,11 @@ struct ProxyAddress {
   friend bool operator==(const ProxyAddress&, const ProxyAddress&) = default;
 };
 
-// Whether a text is a host name, an IPv4 address or an IPv6 address, the last with or without
-// brackets.
+// Reads a host name, an IPv4 address, or an IPv6 address with or without brackets. The result has
+// no brackets.
 foundation::Result<std::string> validatedProxyHost(std::string_view text);
 
-// A port that a proxy can use: 1 to 65535.
+// Reads a port from 1 to 65535.
 foundation::Result<std::uint16_t> validatedProxyPort(std::string_view text);
 
 }  // namespace QEVDependencies

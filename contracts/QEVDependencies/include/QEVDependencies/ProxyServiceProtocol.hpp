@@ -8,33 +8,31 @@
 
 namespace QEVDependencies {
 
-// The host's interception proxy, as its settings page sees it. The service keeps its own settings,
-// and announces each change of what it says before it happens. A setter is given valid addresses
-// only. Main thread.
+// The host's interception proxy, as its settings page sees it. The service keeps its settings
+// itself, and announces each change of a getter's result before the change. Main thread.
 class ProxyServiceProtocol : public foundation::ObservableObject {
 public:
   // Whether the proxy is meant to run.
   virtual bool isEnabled() const = 0;
   virtual void setEnabled(bool enabled) = 0;
 
-  // Why the proxy does not run although it is enabled, in one line that says what to do; empty when
-  // all is well.
-  virtual std::string problem() const = 0;
+  // Why the proxy does not run although it is enabled, in one line that says what to do.
+  virtual std::optional<std::string> problem() const = 0;
 
-  // Where applications reach the proxy.
+  // Where applications reach the proxy. A setter is called with valid addresses only.
   virtual ProxyAddress listeningAddress() const = 0;
   virtual void setListeningAddress(ProxyAddress address) = 0;
 
-  // The proxy that all traffic is handed on to; nothing when it goes straight to its destination.
+  // The proxy that all traffic is sent on to; none when traffic goes straight to its destination.
   virtual std::optional<ProxyAddress> upstream() const = 0;
   virtual void setUpstream(std::optional<ProxyAddress> upstream) = 0;
 
-  // Whether encrypted connections are opened; if not, they pass unread.
+  // Whether encrypted connections are decrypted; if not, they pass unread.
   virtual bool interceptsTLS() const = 0;
   virtual void setInterceptsTLS(bool intercepts) = 0;
 
-  // The file with the certificate that applications must trust; empty while there is none.
-  virtual std::string certificatePath() const = 0;
+  // The file of the certificate that applications must trust, once there is one.
+  virtual std::optional<std::string> certificatePath() const = 0;
 };
 
 }  // namespace QEVDependencies

@@ -2,7 +2,7 @@
 
 namespace QEVDependencies {
 
-// What the settings ask of the host application. Main thread.
+// Implemented by the host application for the settings module. Main thread.
 class QEVAppDelegateProvider {
 public:
   QEVAppDelegateProvider() = default;
@@ -10,8 +10,8 @@ public:
   QEVAppDelegateProvider& operator=(const QEVAppDelegateProvider&) = delete;
   virtual ~QEVAppDelegateProvider() = default;
 
-  // The user chose light or dark, and the choice is in the store: the application takes on the look
-  // that the store names.
+  // Applies the appearance that the store names to the application. Called after the user chose
+  // light or dark and the choice was stored.
   virtual void setupAppearanceFromUserDefaults() = 0;
 };
 

@@ -5,8 +5,8 @@
 
 namespace QEVDependencies {
 
-// What can go wrong between the settings and an analyzer. Thrown as it is, and shown on the row
-// concerned.
+// Why an analyzer did not accept a change of its settings. Analyzers throw it, and the settings
+// show it on the row concerned.
 enum class QEVError : std::uint8_t {
   analyzerNotRunning,
   analyzerRefusedChange,
@@ -20,7 +20,7 @@ enum class QEVError : std::uint8_t {
   noUsablePorts,
 };
 
-// What happened and what to do about it: one or two plain sentences.
+// What happened and what to do about it, in one or two English sentences.
 std::string message(QEVError error);
 
 }  // namespace QEVDependencies

@@ -19,59 +19,58 @@
 namespace QEVDependencies {
 
 // A protocol that an analyzer recognises, with the ports and the transport on which it is expected.
-// Held by shared pointer; main thread.
+// Shared pointers own the records. Main thread.
 //
-// Every assignment of the name, the ports or the source announces itself before it happens.
+// An assignment of the name, the ports or the source is announced before it changes the record.
 //
 //     protocol->protocolPorts = "80,8000-8010";
 class QEVNetworkProtocol final : public foundation::ObservableObject {
 public:
-  // The record counts as registered with the values given.
+  // The record starts as registered with these values.
   QEVNetworkProtocol(foundation::UUID id, std::string protocolName, std::string protocolPorts,
                      std::int64_t sourceProtocol, std::optional<std::string> ethertype,
                      std::optional<std::string> linktype, std::optional<std::int64_t> size);
 
   const foundation::UUID& id() const { return id_; }
 
-  // The empty name means that none has been chosen yet.
+  // Empty until a name is chosen.
   foundation::Published<std::string> protocolName;
-  // In the validator's normal form, or what the user is just typing.
+  // In the validator's normal form, or the text that the user is typing.
   foundation::Published<std::string> protocolPorts;
-  // The raw value of a kQEVSourceProtocols case; any other counts as none.
+  // The raw value of a kQEVSourceProtocols case. Any other value counts as `none`.
   foundation::Published<std::int64_t> sourceProtocol;
 
   const std::optional<std::string>& ethertype() const { return ethertype_; }
   const std::optional<std::string>& linktype() const { return linktype_; }
   std::optional<std::int64_t> size() const { return size_; }
 
-  // What the record said when an analyzer last took it over. A ports controller keeps them up to
-  // date.
+  // The values that an analyzer last accepted. The ports controller keeps them up to date.
   const std::string& lastRegisteredName() const { return lastRegisteredName_; }
   const std::string& lastRegisteredPorts() const { return lastRegisteredPorts_; }
   std::int64_t lastRegisteredSource() const { return lastRegisteredSource_; }
 
   const std::shared_ptr<ErrorViewModel>& errorModel() const { return errorModel_; }
 
-  // The controller that the record reports to; the record does not keep it alive.
+  // The controller that the record reports to. The record does not own it.
   void setPortController(std::weak_ptr<QEVPortsControllerProtocol> controller);
   bool hasPortController() const { return !portController_.expired(); }
 
-  // Makes the record announce its error model's changes as its own, so that who shows the record
-  // need watch nothing else. To be called once, before the record is shown.
+  // Makes the record announce the changes of its error model as its own, so that a view needs to
+  // observe the record only. Call it once, before the record is shown.
   void setupBinding();
 
-  // Tells the record's controller that the member has been registered as it stands. Whoever changed
-  // it calls this after the analyzer took the change over. Without a controller nothing happens.
+  // Reports the member's current value to the controller as registered. Call it after the analyzer
+  // has accepted a change. Without a controller it does nothing.
   void reportRegistered(QEVNetworkProtocolProperty changed);
 
-  // Brings the record, which is being edited, up to date with what is stored for it now. A name,
-  // ports or a source that were stored anew since the record was last registered are taken over,
-  // but for a ports text that was typed and is not registered yet: it stays. Everything else comes
-  // from `stored`, which then counts as registered. Returns whether a name, ports or a source
+  // Updates a record that is being edited from its stored version. A name, ports or a source that
+  // differ from the last registered ones are copied, except that a ports text which the user has
+  // typed and which is not registered yet stays. All other members are copied, and the stored
+  // values become the last registered ones. Returns whether the name, the ports or the source
   // changed.
   bool takeOver(const QEVNetworkProtocol& stored);
 
-  // The three values that a person edits.
+  // The three values that the user edits.
   struct Values {
     std::string_view name;
     std::string_view ports;
@@ -83,24 +82,24 @@ public:
   }
 
   // Writes the record as a JSON object with the members "id", "protocolName", "protocolPorts" and
-  // "sourceProtocol", and "ethertype", "linktype" and "size" where there is one. A record that was
-  // decoded keeps the other members it came with, and the exact text of those that nobody changed.
+  // "sourceProtocol", and with "ethertype", "linktype" and "size" if it has them. A decoded record
+  // also writes the unknown members that it was read with, and keeps the spelling of every member
+  // that has not changed.
   void encode(foundation::JSONWriter& writer) const { encode(writer, values()); }
-  // The same with other values in place of the record's own.
+  // The same with other values instead of the record's own.
   void encode(foundation::JSONWriter& writer, const Values& values) const;
 
-  // The record of such an object.
+  // Reads a record from such an object.
   //
-  // Fails when the value is no object, when "protocolName" is no string, or when "protocolPorts" is
-  // neither a string nor an integer nor an array of these; such an array reads as its elements
-  // joined by commas. Every other member may be missing or of the wrong type: the record then has
-  // an identity of its own, no ports, no source, no ethertype, no linktype and no size in its
-  // place.
+  // Fails when the value is not an object, when "protocolName" is not a string, or when
+  // "protocolPorts" is neither a string nor an integer nor an array of these. An array is read as
+  // its elements joined by commas. Any other member may be missing or have the wrong type: the
+  // record then has a new id, no ports, the source `none`, or no ethertype, linktype or size.
   static foundation::Result<std::shared_ptr<QEVNetworkProtocol>> decoded(
       const foundation::JSON& json);
 
-  // A record whose changes do not reach this one: what decoding the encoded record gives. Where all
-  // texts are UTF-8, as they are unless a plug-in made them otherwise, no JSON text is made for it.
+  // An independent copy, equal to the result of decoding the encoded record. JSON is needed for it
+  // only when a text is not valid UTF-8, which a plug-in can cause.
   foundation::Result<std::shared_ptr<QEVNetworkProtocol>> copied() const;
 
 private:

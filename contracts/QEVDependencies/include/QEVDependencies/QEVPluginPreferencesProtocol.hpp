@@ -6,7 +6,7 @@
 
 namespace QEVDependencies {
 
-// What a plug-in's preferences object adopts when the plug-in has settings. Main thread.
+// Implemented by the preferences object of a plug-in that has settings. Main thread.
 class QEVPluginPreferencesProtocol {
 public:
   QEVPluginPreferencesProtocol() = default;
@@ -14,8 +14,8 @@ public:
   QEVPluginPreferencesProtocol& operator=(const QEVPluginPreferencesProtocol&) = delete;
   virtual ~QEVPluginPreferencesProtocol() = default;
 
-  // The plug-in's settings, asked for anew whenever they are shown, so quick to answer; nothing
-  // when there is nothing to configure.
+  // The plug-in's settings, or nothing when there is nothing to configure. Called each time the
+  // settings are shown, so it must be fast.
   virtual std::optional<AnalyzerSettingsConfig> analyzerSettingsConfig() const = 0;
 };
 

@@ -6,7 +6,7 @@ namespace QEVDependencies {
 
 class QEVNetworkProtocol;
 
-// The application's ports controller, as a protocol record sees it. Main thread.
+// The interface of the application's ports controller to protocol records. Main thread.
 class QEVPortsControllerProtocol {
 public:
   QEVPortsControllerProtocol() = default;
@@ -14,11 +14,11 @@ public:
   QEVPortsControllerProtocol& operator=(const QEVPortsControllerProtocol&) = delete;
   virtual ~QEVPortsControllerProtocol() = default;
 
-  // An analyzer goes from now on by the record's member `changed` as it stands.
+  // An analyzer has accepted the current value of the record's member `changed`.
   virtual void registered(QEVNetworkProtocol& protocol, QEVNetworkProtocolProperty changed) = 0;
 
 protected:
-  // Copies the member to the record's last registered one. Only a controller can.
+  // Makes the member's current value its last registered one. Only controllers may do that.
   static void bringUpToDate(QEVNetworkProtocol& protocol, QEVNetworkProtocolProperty changed);
 };
 

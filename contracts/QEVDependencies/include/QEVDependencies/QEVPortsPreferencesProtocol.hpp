@@ -7,8 +7,8 @@
 
 namespace QEVDependencies {
 
-// What a plug-in's preferences object adopts when the plug-in owns protocol ports. Main thread. The
-// settings hold it weakly: a plug-in that is unloaded stops receiving calls.
+// Implemented by the preferences object of a plug-in that has protocol ports. The settings do not
+// own it: an unloaded plug-in receives no more calls. Main thread.
 class QEVPortsPreferencesProtocol {
 public:
   QEVPortsPreferencesProtocol() = default;
@@ -16,17 +16,16 @@ public:
   QEVPortsPreferencesProtocol& operator=(const QEVPortsPreferencesProtocol&) = delete;
   virtual ~QEVPortsPreferencesProtocol() = default;
 
-  // The running analyzer is to go by `current` in place of `old`. The change is in the member
-  // `changed`; another member of `current` may hold a text that is still being typed. The list is
-  // not stored yet. An implementation that cannot take the change over throws a QEVError, whose
-  // message the user gets to see, or anything else: nothing is stored then. When it returns, the
-  // change counts as registered.
+  // Replaces `old` by `current` in the running analyzer. The two differ in the member `changed`;
+  // another member of `current` may hold a text that is still being typed. The list is not stored
+  // yet. To refuse the change, throw: a QEVError's message is shown to the user, and nothing is
+  // stored. After a return, the change counts as registered.
   virtual void replaceProtoocol(const std::shared_ptr<QEVNetworkProtocol>& old,
                                 const std::shared_ptr<QEVNetworkProtocol>& current,
                                 QEVNetworkProtocolProperty changed) = 0;
 
-  // The list is the factory list from now on, when `reset` is true. What it throws is shown on the
-  // page; the factory list is stored all the same.
+  // With `reset` true, makes the running analyzer use the default list. An exception is shown on
+  // the page; the default list is stored nevertheless.
   virtual void setDefaultSettings(bool reset) = 0;
 };
 

@@ -2,8 +2,8 @@
 
 namespace QEVDependencies {
 
-// Any object that a plug-in keeps its preferences in. What it can do is found out by asking it for
-// an interface:
+// The base of the objects that plug-ins keep their preferences in. The settings ask an object for
+// the interfaces that it implements:
 //
 //     class DNSPreferences final : public QEVPreferencesObject, public QEVPluginPreferencesProtocol
 //     { … };

@@ -6,22 +6,21 @@
 
 namespace QEVDependencies {
 
-// The texts on which the settings and the analyzers agree about protocols: the members of a stored
-// record, and the names of two notifications.
+// Texts that the settings and the analyzers share: the names of the members of a stored protocol
+// record, and of two notifications.
 enum class QEVProtocolKonstants : std::uint8_t {
   id,
   protocolName,
   protocolPorts,
-  // Posted second after each change: what was derived from the ports of any protocol is out of
-  // date.
+  // Notification, posted second after each change: data derived from protocol ports is out of date.
   portsDidChange,
   sourceProtocol,
   ethertype,
   linktype,
   size,
-  // Stands between the ports of a record.
+  // Separates the ports of a record.
   portsSeparator,
-  // Posted first after each change: an analyzer's stored list of protocols is another one now.
+  // Notification, posted first after each change: an analyzer's stored protocol list has changed.
   protocolListDidChange,
 };
 

@@ -5,8 +5,8 @@
 namespace QEVKonstantsKeys {
 
 struct NSColor {
-  // Any hue, strong enough to tell packets apart and neither glaring nor dark; opaque. A new one at
-  // every call.
+  // A random opaque colour of any hue, with medium brightness and a saturation that tells packets
+  // apart.
   static appkit::RGBA random();
 };
 

@@ -12,7 +12,7 @@
 
 namespace QEVLog {
 
-// A value to print: text as it is, a number in decimal, a Boolean as "true" or "false".
+// A value to log. A number is written in decimal, a Boolean as "true" or "false".
 class LogItem {
 public:
   LogItem(std::string text) : text_(std::move(text)) {}
@@ -29,7 +29,7 @@ private:
   std::string text_;
 };
 
-// One call of `qevLog`, argument by argument.
+// The arguments of one call of `qevLog`.
 struct LogEntry {
   std::vector<std::string> items;
   std::string filename;
@@ -44,21 +44,22 @@ struct LogEntry {
 
 using LogSink = std::function<void(const LogEntry&)>;
 
-// Diagnostics for developers; never shown to the user. Prints the items, joined by the separator
-// and closed by the terminator, with the place they come from. Any thread; never fails.
+// Logs a message for developers; the user never sees it. The message is the items joined by the
+// separator, then the terminator. `filename`, `function` and `line` say where it comes from. May be
+// called on any thread; never fails.
 void qevLog(std::initializer_list<LogItem> items, std::string_view filename,
             std::string_view function, std::int64_t line, std::string_view separator,
             std::string_view terminator) noexcept;
 
-// The module's convention: one ready-made message, from the place of the call. `function` is the
-// name to log, character by character, for the name that the compiler knows says less.
+// Logs one message in the module's form: the separator ", ", the terminator "\n", and the place of
+// the call. `function` is logged as it is, because the compiler's name lacks the argument labels.
 //
 //     logMessage("rewrote 3 keys", "migrate(defaults:)");
 void logMessage(std::string_view message, std::string_view function,
                 std::source_location place = std::source_location::current()) noexcept;
 
-// Where entries go from now on; returns where they went before. An empty sink stands for the
-// standard error stream. What a sink throws is dropped with the entry.
+// Sets the receiver of log entries and returns the former one. Without a sink, entries go to the
+// standard error stream. An exception of a sink is ignored, and its entry is lost.
 LogSink setLogSink(LogSink sink);
 
 }  // namespace QEVLog

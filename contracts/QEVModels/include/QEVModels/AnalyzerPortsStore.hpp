@@ -8,38 +8,36 @@
 
 namespace QEVModels {
 
-// One analyzer's list of protocols in the preferences store: raw bytes that hold a JSON array with
-// an object for each record. Main thread; none of its operations fails.
+// Reads and writes the protocol list of one analyzer in the preferences store. The stored form is
+// raw bytes: a JSON array with an object for each record. No operation fails. Main thread.
 //
 //     AnalyzerPortsStore store(spec.networkProtocolKey, defaults);
 //     const auto list = store.decode(spec.defaultPorts);
 //
-// The members of a record are those that QEVNetworkProtocol encodes. What a record brings along
-// besides them is written back with it.
+// QEVNetworkProtocol::encode describes the members of a record. Unknown members are kept.
 class AnalyzerPortsStore {
 public:
   // The store must live as long as this object.
   AnalyzerPortsStore(std::string key, QEVSettings::PreferencesStore& defaults);
 
-  // The records of the stored list that can be read, or the fallback when nothing usable is stored:
-  // no value, one that is no raw bytes, bytes that are no JSON array, or an array of elements none
-  // of which is a protocol record. An empty array is a list. Reads only, so what could not be used
-  // stays as it is.
+  // The readable records of the stored list. Returns the fallback when the value is absent, is not
+  // raw bytes, is not a JSON array, or is a non-empty array without a readable record. Does not
+  // change the store.
   QEVDependencies::QEVNetworkProtocolList decode(
       const QEVDependencies::QEVNetworkProtocolList& fallback) const;
 
-  // Stores the list in place of what is stored.
+  // Replaces the stored list.
   //
-  // Of a record that reports to a ports controller, the last registered name, ports and source are
-  // stored: what is being typed, and what was refused, is not. Of any other record its own are
-  // stored, the ports in the validator's form, or the last registered ones where nothing valid is
-  // left of them. What nobody changed is stored as it came.
+  // For a record with a ports controller, the last registered name, ports and source are stored,
+  // and not a text that is being typed or a value that was refused. For a record without a
+  // controller, its current values are stored: the ports in the validator's normal form, or the
+  // last registered ports when nothing valid remains. Unchanged members keep their spelling.
   //
-  // Elements of the stored array that are no protocol records stay in it, each at its place or, in
-  // a shorter list, at the end.
+  // Elements of the stored array that are not protocol records are kept, at their index or, in a
+  // shorter list, at the end.
   void encode(const QEVDependencies::QEVNetworkProtocolList& list) const;
 
-  // What the validator makes of the record's ports; the record stays as it is.
+  // The validator's result for the record's ports. Does not change the record.
   PortValidationResult validatedReporting(
       const QEVDependencies::QEVNetworkProtocol& protocol) const;
 

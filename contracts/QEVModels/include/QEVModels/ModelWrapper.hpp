@@ -7,8 +7,8 @@
 
 namespace QEVModels {
 
-// Gives a model an identity in a list: two wrappers differ even when they wrap the same model. Held
-// by shared pointer.
+// Gives a model an identity in a list. Two wrappers of the same model have different ids. Shared
+// pointers own the wrappers.
 template <class Model>
 class ModelWrapper {
 public:
@@ -17,7 +17,7 @@ public:
   ModelWrapper& operator=(const ModelWrapper&) = delete;
   ~ModelWrapper() = default;
 
-  // Fixed for the wrapper's life.
+  // Never changes.
   const foundation::UUID& id() const { return id_; }
   const std::shared_ptr<Model>& model() const { return model_; }
 

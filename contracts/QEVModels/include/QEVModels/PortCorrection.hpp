@@ -8,22 +8,22 @@
 
 namespace QEVModels {
 
-// What the validator had to change in a ports text, all changes of one kind together.
+// All changes of one kind that the validator made to a ports text.
 class PortCorrection {
 public:
   enum class Kind : std::uint8_t {
-    invalid,     // neither a port nor a range: left out
-    outOfRange,  // a port beyond the limits, or a range that reaches there: left out
-    reversed,    // a range written backwards: turned
-    duplicate,   // a port or a range named more than once: kept once
+    invalid,     // neither a port nor a range; removed
+    outOfRange,  // a port above the highest, or a range that includes one; removed
+    reversed,    // a range from high to low; reordered
+    duplicate,   // a repeated port or range; kept once
   };
 
-  // `pieces` are the first pieces concerned, as they were written, and `others` is how many more
-  // there are. At least one piece.
+  // `pieces` are the first parts of the text concerned, as they were written; at least one.
+  // `others` is the number of further parts.
   PortCorrection(Kind kind, const std::vector<std::string>& pieces, std::size_t others);
 
   Kind kind() const { return kind_; }
-  // One sentence for the user, in their language, which names the pieces.
+  // One sentence in the user's language that names the parts.
   const std::string& message() const { return message_; }
 
   friend bool operator==(const PortCorrection&, const PortCorrection&) = default;

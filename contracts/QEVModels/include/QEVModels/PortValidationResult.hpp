@@ -7,11 +7,11 @@
 
 namespace QEVModels {
 
-// What the validator made of a ports text.
+// The result of validating a ports text.
 struct PortValidationResult {
-  // In normal form; empty when nothing valid remained.
+  // In normal form. Empty when nothing valid remains.
   std::string ports;
-  // At most one of each kind, in the order of the kinds.
+  // At most one for each kind, in the order of the kinds.
   std::vector<PortCorrection> corrections;
 
   friend bool operator==(const PortValidationResult&, const PortValidationResult&) = default;

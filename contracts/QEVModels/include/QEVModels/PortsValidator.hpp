@@ -6,19 +6,20 @@
 
 namespace QEVModels {
 
-// Understands a ports text as a person types or pastes it, and brings it into normal form.
+// Validates a ports text as a user types or pastes it, and converts it to normal form.
 //
-// Understood are ports and ranges ("8000-8010", with any dash), separated by commas, semicolons or
-// white space; blanks around the dash of a range belong to it. Digits and signs may be full-width.
+//     validatedPorts("443, 80 8000–8010 x").ports;  // "80,443,8000-8010", one correction
 //
-// The normal form is ascending items joined by "," without blanks. An item is a port from 0 to
-// 65535 or a range "a-b" with a < b. Ranges that overlap or touch are one, a port inside a range or
-// next to it is part of it, other ports stay single: "80, 81" is "80,81". The normal form of a
-// normal form is itself.
+// The text holds ports and ranges ("8000-8010", with any dash), separated by commas, semicolons or
+// white space. Blanks around the dash of a range are allowed. Digits and signs may be full-width.
+// Any bytes are accepted.
 //
-// Blanks, separators, order, leading zeros and full-width forms are put right in silence; every
-// other change is told by a correction. Takes time in proportion to the length of the text, which
-// may be any bytes.
+// The normal form is a list in ascending order, joined by "," without blanks, of ports from 0 to
+// 65535 and ranges "a-b" with a < b. Ranges that overlap or touch are merged. A port inside a range
+// or next to one becomes part of it. Other ports stay single: "80, 81" becomes "80,81".
+//
+// Changes of blanks, separators, order, leading zeros and full-width forms are not reported. Every
+// other change is reported as a correction. The time is linear in the length of the text.
 PortValidationResult validatedPorts(std::string_view text);
 
 }  // namespace QEVModels

@@ -9,8 +9,10 @@
 
 namespace QEVModels {
 
-// The loaded analyzer plug-ins, in the order of registration. A page keeps to those it was built
-// with. Main thread.
+// The registry of the loaded analyzer plug-ins, in the order of registration. A page shows the
+// plug-ins that were registered when it was built. Main thread.
+//
+//     QEVPlugInsController::sharedManager().registerPlugIn(std::move(plugIn));
 class QEVPlugInsController {
 public:
   // The one registry of the application.
@@ -18,21 +20,20 @@ public:
 
   using PlugIns = std::vector<QEVDependencies::QEVPlugInStructure>;
   const PlugIns& plugInStructs() const { return *plugInStructs_; }
-  // The list as it is now, for whoever wants to keep it: it stays like this whatever is registered
-  // later, and copies nothing as long as nothing is.
+  // The current list, which later registrations do not change. The list is copied only when a
+  // plug-in is registered or removed while a snapshot exists.
   std::shared_ptr<const PlugIns> snapshot() const { return plugInStructs_; }
 
-  // For the host, while it loads and unloads plug-ins. The registry keeps a plug-in's preferences
-  // object alive from its registration to its removal; all others refer to it weakly. A plug-in
-  // whose id is registered already takes the place of the one that has it; removing an unknown one
-  // does nothing.
+  // For the host, when it loads and unloads plug-ins. The registry owns the preferences object of a
+  // registered plug-in; all other references are weak. A plug-in with a registered id replaces the
+  // one that has it. Removing an unknown id does nothing.
   void registerPlugIn(QEVDependencies::QEVPlugInStructure plugIn);
   void unregisterPlugIn(foundation::UUID id);
 
 private:
   QEVPlugInsController() = default;
 
-  // The list, for a change that no snapshot may see.
+  // The list to change: a copy if a snapshot shares it.
   PlugIns& changed();
 
   std::shared_ptr<PlugIns> plugInStructs_ = std::make_shared<PlugIns>();

@@ -6,10 +6,10 @@
 
 namespace QEVModels {
 
-// The application's ports controller: keeps the last registered values of the records true.
+// The application's ports controller. It keeps the last registered values of records up to date.
 class QEVPortsController final : public QEVDependencies::QEVPortsControllerProtocol {
 public:
-  // The one that every record reports to.
+  // The controller of every record that the settings edit.
   static const std::shared_ptr<QEVDependencies::QEVPortsControllerProtocol>&
   sharedPortsController();
 

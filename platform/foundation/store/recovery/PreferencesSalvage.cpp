@@ -77,7 +77,7 @@ void PreferencesSalvage::addRow(std::int64_t number, std::span<const std::uint8_
   if (number <= 0 || number > kMaximumNumber) number = 0;
   const auto cell = PreferenceCell::ofRecord((*columns)[2], (*columns)[3]);
   auto value = cell ? cell->value() : std::nullopt;
-  if (!cell || cell->sum(*key) != *sum || value.has_value() == cell->isRemoval()) {
+  if (!cell || !cell->hasSum(*sum, *key) || value.has_value() == cell->isRemoval()) {
     traces_.try_emplace(number, *std::move(key));
     return;
   }

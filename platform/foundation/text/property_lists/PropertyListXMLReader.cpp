@@ -1,16 +1,15 @@
+#include "foundation/Ascii.hpp"
 #include "foundation/PropertyList.hpp"
+#include "foundation/XMLParser.hpp"
 #include "text/property_lists/PropertyListFault.hpp"
 #include "text/property_lists/PropertyListForms.hpp"
 #include "text/property_lists/PropertyListText.hpp"
 
-#include <expat.h>
-
 #include <algorithm>
 #include <array>
-#include <memory>
-#include <new>
 #include <optional>
-#include <type_traits>
+#include <span>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -20,11 +19,6 @@ using QEVSettings::PreferenceDictionary;
 using QEVSettings::PreferenceValue;
 
 namespace {
-
-struct ParserDeleter {
-  void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
-};
-using Parser = std::unique_ptr<std::remove_pointer_t<XML_Parser>, ParserDeleter>;
 
 enum class Element { list, dictionary, array, key, string, integer, real, date, data, yes, no };
 
@@ -72,87 +66,25 @@ std::string_view problemOfText(Element element) {
   }
 }
 
-// Takes the list in as the parser reads it. What is open stands on a stack of its own, so depth
-// costs no stack of the process.
-class Reader {
+// Builds the list while the text is parsed. Open containers are kept in a vector, so a deep list
+// needs no deep call stack.
+class Reader final : public XMLHandler {
 public:
-  explicit Reader(XML_Parser parser) : parser_(parser) {
-    XML_SetUserData(parser, this);
-    XML_SetElementHandler(parser, &Reader::onStart, &Reader::onEnd);
-    XML_SetCharacterDataHandler(parser, &Reader::onText);
-    XML_SetStartDoctypeDeclHandler(parser, &Reader::onDoctype);
-    XML_SetSkippedEntityHandler(parser, &Reader::onSkippedEntity);
-    XML_SetParamEntityParsing(parser, XML_PARAM_ENTITY_PARSING_NEVER);
-  }
-
   Result<PreferenceDictionary> read(std::string_view text) {
-    const auto status = XML_Parse(parser_, text.data(), static_cast<int>(text.size()), XML_TRUE);
+    const XMLParser::End end = parser_.parse(text, *this);
+    if (end == XMLParser::End::outOfMemory)
+      return Error{"there is too little memory for the property list; choose a smaller one"};
     if (problem_) return *std::move(problem_);
-    if (status != XML_STATUS_OK) {
+    if (end == XMLParser::End::malformed) {
       if (!hasElements_) return Error{"this is no property list; choose another file"};
-      return fault(XML_ErrorString(XML_GetErrorCode(parser_)));
+      return fault(parser_.problem());
     }
     const PreferenceDictionary* const entries = root_ ? root_->asDictionary() : nullptr;
     if (entries == nullptr) return noDictionaryFault();
     return *entries;
   }
 
-private:
-  // An array or a dictionary whose end has not been read yet.
-  struct Container {
-    bool isDictionary = false;
-    std::optional<std::string> key = std::nullopt;  // of the value that comes next
-    PreferenceValue::Array elements = {};
-    PreferenceDictionary entries = {};
-  };
-
-  // Nothing is thrown through the parser, which is written in C.
-  template <class Work>
-  static void guarded(void* self, Work work) {
-    auto& reader = *static_cast<Reader*>(self);
-    try {
-      work(reader);
-    } catch (const std::bad_alloc&) {
-      reader.problem_ =
-          Error{"there is too little memory for the property list; choose a smaller one"};
-      XML_StopParser(reader.parser_, XML_FALSE);
-    }
-  }
-  static void onStart(void* self, const XML_Char* name, const XML_Char** /*attributes*/) {
-    guarded(self, [&](Reader& reader) { reader.start(name); });
-  }
-  static void onEnd(void* self, const XML_Char* name) {
-    guarded(self, [&](Reader& reader) { reader.end(name); });
-  }
-  static void onText(void* self, const XML_Char* text, int length) {
-    guarded(self, [&](Reader& reader) { reader.text({text, static_cast<std::size_t>(length)}); });
-  }
-  static void onDoctype(void* self, const XML_Char*, const XML_Char*, const XML_Char*,
-                        int hasDeclarations) {
-    guarded(self, [&](Reader& reader) {
-      if (hasDeclarations != 0) reader.stop("declarations of its own are not accepted");
-    });
-  }
-  // One that is declared nowhere: without the list's own declarations, any but the five of XML.
-  static void onSkippedEntity(void* self, const XML_Char*, int) {
-    guarded(self, [&](Reader& reader) { reader.stop("an entity is not defined"); });
-  }
-
-  Error fault(std::string_view problem) const {
-    std::vector<std::string_view> keys;
-    for (const Container& container : open_)
-      keys.emplace_back(container.key ? *container.key : std::string_view());
-    return propertyListFault("line " + std::to_string(XML_GetCurrentLineNumber(parser_)), keys,
-                             problem);
-  }
-
-  void stop(std::string_view problem) {
-    if (problem_) return;
-    problem_ = fault(problem);
-    XML_StopParser(parser_, XML_FALSE);
-  }
-
-  void start(std::string_view name) {
+  void startElement(std::string_view name, std::span<const XMLAttribute> /*attributes*/) override {
     hasElements_ = true;
     const auto element = elementOfName(name);
     if (!element) return stop("no value has this name");
@@ -170,30 +102,15 @@ private:
     }
   }
 
-  void startValue(Element element) {
-    if (open_.empty() && root_) return stop("there is more than one list");
-    if (!open_.empty() && open_.back().isDictionary && !open_.back().key)
-      return stop("a value has no key");
-    // The list itself is no level.
-    if (open_.size() > kMaximumPropertyListDepth + 1) return stop(depthProblem());
-    if (!open_.empty() && ++count_ > kMaximumPropertyListValues) return stop(countProblem());
-    if (element == Element::dictionary || element == Element::array) {
-      open_.push_back({.isDictionary = element == Element::dictionary});
-    } else {
-      leaf_ = element;
-      text_.clear();
-    }
-  }
-
-  void text(std::string_view characters) {
+  void characters(std::string_view text) override {
     if (leaf_ && leaf_ != Element::yes && leaf_ != Element::no) {
-      text_.append(characters);
-    } else if (characters.find_first_not_of(" \t\r\n") != std::string_view::npos) {
+      text_.append(text);
+    } else if (!withoutBlanks(text).empty()) {
       stop("text stands between the values");
     }
   }
 
-  void end(std::string_view name) {
+  void endElement(std::string_view name) override {
     const auto element = elementOfName(name);
     if (problem_ || element == Element::list) return;
     if (element == Element::key) {
@@ -213,6 +130,49 @@ private:
     }
   }
 
+  void documentType(bool hasDeclarations) override {
+    if (hasDeclarations) stop("declarations of its own are not accepted");
+  }
+
+  void undefinedEntity() override { stop("an entity is not defined"); }
+
+private:
+  // An array or a dictionary whose end has not been read yet.
+  struct Container {
+    bool isDictionary = false;
+    std::optional<std::string> key = std::nullopt;  // of the value that comes next
+    PreferenceValue::Array elements = {};
+    PreferenceDictionary entries = {};
+  };
+
+  Error fault(std::string_view problem) const {
+    std::vector<std::string_view> keys;
+    for (const Container& container : open_)
+      keys.emplace_back(container.key ? *container.key : std::string_view());
+    return propertyListFault("line " + std::to_string(parser_.line()), keys, problem);
+  }
+
+  void stop(std::string_view problem) {
+    if (problem_) return;
+    problem_ = fault(problem);
+    parser_.stop();
+  }
+
+  void startValue(Element element) {
+    if (open_.empty() && root_) return stop("there is more than one list");
+    if (!open_.empty() && open_.back().isDictionary && !open_.back().key)
+      return stop("a value has no key");
+    // The list itself is no level.
+    if (open_.size() > kMaximumPropertyListDepth + 1) return stop(depthProblem());
+    if (!open_.empty() && ++count_ > kMaximumPropertyListValues) return stop(countProblem());
+    if (element == Element::dictionary || element == Element::array) {
+      open_.push_back({.isDictionary = element == Element::dictionary});
+    } else {
+      leaf_ = element;
+      text_.clear();
+    }
+  }
+
   void add(PreferenceValue value) {
     text_.clear();
     if (open_.empty()) {
@@ -225,12 +185,12 @@ private:
     }
   }
 
-  XML_Parser parser_;
+  XMLParser parser_;
   bool hasElements_ = false;
   bool isInList_ = false;
   std::vector<Container> open_;
-  std::optional<Element>
-      leaf_;  // the value without others in it, or the key, whose text is being read
+  // The element whose text is being read: a key, or a value that holds no others.
+  std::optional<Element> leaf_;
   std::string text_;
   std::size_t count_ = 0;
   std::optional<PreferenceValue> root_;
@@ -240,10 +200,7 @@ private:
 }  // namespace
 
 Result<PreferenceDictionary> parseXMLPropertyList(std::string_view text) {
-  const Parser parser(XML_ParserCreate(nullptr));
-  if (parser == nullptr)
-    return Error{"there is too little memory for the property list; choose a smaller one"};
-  return Reader(parser.get()).read(text);
+  return Reader().read(text);
 }
 
 }  // namespace foundation

@@ -13,6 +13,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <variant>
 
 namespace viewkit {
@@ -39,6 +40,12 @@ struct FlexibleFrame {
   std::optional<double> minHeight = std::nullopt;
   std::optional<double> maxHeight = std::nullopt;
   Alignment alignment = {};
+};
+
+// A step of a caller's spacing scale: an enumeration for which `points` returns the length.
+template <class Step>
+concept SpacingStep = std::is_enum_v<Step> && requires(Step step) {
+  { points(step) } -> std::convertible_to<double>;
 };
 
 enum class Edges { all, horizontal, vertical, top, leading, bottom, trailing };
@@ -87,6 +94,10 @@ public:
   View frame(const FlexibleFrame& frame) const;
   View padding(double length) const;
   View padding(Edges edges, double length) const;
+  template <SpacingStep Step>
+  View padding(Step step) const;
+  template <SpacingStep Step>
+  View padding(Edges edges, Step step) const;
   // Keeps the content at its ideal size instead of what it is offered.
   View fixedSize(bool horizontal = true, bool vertical = true) const;
   View background(const View& background, Alignment alignment = {}) const;
@@ -128,6 +139,12 @@ public:
   // A surface above the window, beside this view, while the binding is true.
   View popover(const Binding<bool>& isPresented, std::function<View()> content,
                PopoverOptions options = {}) const;
+
+  // What a modifier of the caller makes of this view: `modifier` is called with it.
+  //
+  //     Image::named("Portrait").modifier(CornerRadius{.radius = 9})
+  template <class Modifier>
+  View modifier(const Modifier& modifier) const;
 
   // A new id is a new view: state starts afresh.
   View id(ViewId id) const;

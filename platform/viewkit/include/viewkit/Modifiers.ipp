@@ -23,6 +23,18 @@ View Modifiers<Self>::padding(Edges edges, double length) const {
 }
 
 template <class Self>
+template <SpacingStep Step>
+View Modifiers<Self>::padding(Step step) const {
+  return padding(Edges::all, points(step));
+}
+
+template <class Self>
+template <SpacingStep Step>
+View Modifiers<Self>::padding(Edges edges, Step step) const {
+  return padding(edges, points(step));
+}
+
+template <class Self>
 View Modifiers<Self>::fixedSize(bool horizontal, bool vertical) const {
   return modified::byFixedSize(self(), horizontal, vertical);
 }
@@ -126,6 +138,12 @@ template <class Self>
 View Modifiers<Self>::popover(const Binding<bool>& isPresented, std::function<View()> content,
                               PopoverOptions options) const {
   return modified::byPopover(self(), isPresented, std::move(content), options);
+}
+
+template <class Self>
+template <class Modifier>
+View Modifiers<Self>::modifier(const Modifier& modifier) const {
+  return modifier(self());
 }
 
 template <class Self>

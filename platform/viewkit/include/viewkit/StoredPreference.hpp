@@ -1,12 +1,13 @@
 #pragma once
 
-#include "QEVSettings/preferences/PreferenceKeys.hpp"
+#include "QEVSettings/preferences/PreferenceKey.hpp"
 #include "QEVSettings/preferences/PreferencesStore.hpp"
 #include "viewkit/Binding.hpp"
 #include "viewkit/Dependents.hpp"
 #include "viewkit/Environment.hpp"
 #include "viewkit/ViewProperty.hpp"
 
+#include <concepts>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -67,8 +68,9 @@ struct PreferenceSlot : Slot {
 template <class T>
 class StoredPreference : public ViewProperty<PreferenceSlot<T>> {
 public:
-  StoredPreference(QEVSettings::PreferenceKey<T> key)
-      : key_(key.name), defaultValue_(std::move(key.defaultValue)) {}
+  template <std::convertible_to<T> Default>
+  StoredPreference(const QEVSettings::PreferenceKey<T, Default>& key)
+      : key_(key.name), defaultValue_(key.defaultValue) {}
   StoredPreference(std::string_view key, T defaultValue)
       : key_(key), defaultValue_(std::move(defaultValue)) {}
 

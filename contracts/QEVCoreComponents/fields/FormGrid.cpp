@@ -1,0 +1,29 @@
+#include "fields/FormGrid.hpp"
+
+#include "QEVCommonTools/Spacing.hpp"
+#include "viewkit/Text.hpp"
+
+#include <utility>
+
+namespace QEVCoreComponents {
+
+using namespace viewkit;
+using QEVCommonTools::points;
+using QEVCommonTools::Spacing;
+
+GridRow formRow(const std::string& label, const View& control) {
+  return {.cells = {
+              Text(label),
+              control,
+          }};
+}
+
+View formGrid(std::vector<GridRow> rows) {
+  return Grid({.horizontalAlignment = HorizontalAlignment::leading,
+               .verticalAlignment = VerticalAlignment::firstTextBaseline,
+               .horizontalSpacing = points(Spacing::s7),
+               .verticalSpacing = points(Spacing::s5)},
+              std::move(rows));
+}
+
+}  // namespace QEVCoreComponents

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "viewkit/Grid.hpp"
+#include "viewkit/View.hpp"
+
+#include <string>
+#include <vector>
+
+namespace QEVCoreComponents {
+
+// A row of a form: a label and the control that it names.
+viewkit::GridRow formRow(const std::string& label, const viewkit::View& control);
+
+// A form: its labels in one column, its controls in another.
+viewkit::View formGrid(std::vector<viewkit::GridRow> rows);
+
+}  // namespace QEVCoreComponents
