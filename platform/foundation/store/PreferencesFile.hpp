@@ -174,6 +174,7 @@ private:
   bool readOnly_ = false;
   bool unchanging_ = false;
   bool usesLog_ = false;
+  bool isLogWhole_ = false;  // nothing in the log was left out when SQLite opened it
   bool isSynchronized_ = true;
   bool hasOlderChanges_ = false;
   bool isStuck_ = false;  // the last wait for another process was in vain
