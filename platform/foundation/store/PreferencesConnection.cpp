@@ -39,7 +39,8 @@ PreferencesFile::~PreferencesFile() {
   // SQLite takes over the log and removes it. A log that was not found to be whole may hold more
   // than SQLite accepts, and the log of a file that was replaced is not of the file that is there
   // now.
-  if (database_ && !unchanging_ && !readOnly_ && (!isLogWhole_ || isDamaged() || isReplaced())) {
+  if (database_ && !unchanging_ && !readOnly_ &&
+      (!isLogWhole_ || isDamaged() || isIndexCut() || isReplaced())) {
     sqlite3_db_config(database_.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
   }
 }

@@ -38,7 +38,7 @@ bool mayBeWritten(const std::filesystem::path& path) {
 
 UserDefaults::~UserDefaults() {
   watch_.reset();
-  if (file_ && !file_->isReadOnly() && file_->isReplaced())
+  if (file_ && !file_->isReadOnly() && (file_->isIndexCut() || file_->isReplaced()))
     static_cast<void>(withinLimits([this] { return reconnect(Suspicion::none); }));
   static_cast<void>(synchronize());
   // The watch that saving may have asked for.
@@ -211,10 +211,15 @@ void UserDefaults::takeOverChanges() {
   })
                             : outcome;
   if (all) {
-    if (!unsaved_.empty() && needsAll) save();
+    if (!unsaved_.empty() && needsAll) {
+      closeCutFile();
+      save();
+    }
     // What could not be read could be read now.
-    if (unsaved_.empty() && status_ && !file_->isReadOnly()) setStatus(std::nullopt, std::nullopt);
+    if (unsaved_.empty() && status_ && file_ && !file_->isReadOnly())
+      setStatus(std::nullopt, std::nullopt);
   } else if (file_->isDamaged()) {
+    closeCutFile();
     save();
   } else {
     setStatus(all.error(), file_->problem());
@@ -222,7 +227,10 @@ void UserDefaults::takeOverChanges() {
 }
 
 Outcome UserDefaults::synchronize() {
-  if (!unsaved_.empty()) save();
+  if (!unsaved_.empty()) {
+    closeCutFile();
+    save();
+  }
   if (file_ && unsaved_.empty()) {
     if (auto outcome = withinLimits([this] { return file_->synchronize(); }); !outcome)
       return outcome;
@@ -235,6 +243,7 @@ void UserDefaults::saveUnlessJustFailed() {
   if (!status_ || Clock::now() - failed_ >= kPauseAfterFailure) save();
 }
 
+// A cut file must have been closed before.
 void UserDefaults::save() {
   if (path_.empty()) return;
   startWatch();
@@ -348,7 +357,7 @@ void UserDefaults::startWatch() {
       path_, PreferencesWatch::Callbacks{
                  .changed =
                      [this] {
-                       if (file_ && file_->isReplaced()) {
+                       if (file_ && (file_->isIndexCut() || file_->isReplaced())) {
                          const auto outcome =
                              withinLimits([this] { return reconnect(Suspicion::none); });
                          if (!outcome || !unsaved_.empty()) save();
