@@ -8,19 +8,76 @@
 namespace foundation {
 namespace {
 
+struct Damage {
+  const char* name;
+  std::function<void()> inflict;
+};
+
 class StoreCrash : public DamagedStoreTest {
 protected:
-  // Opens and closes the store in a process of its own that has the fault; how many calls that took
-  // where it ended.
-  int openWithFault(SystemCallFault fault, long number, long* calls = nullptr) const {
+  std::vector<Damage> damages() const {
+    const auto garbleLog = [this] {
+      overwriteAt(log(), 32 + 3 * (kPage + 24), std::string(2000, '\xA5'));
+    };
+    // The index, which holds nothing that the table does not hold, and a byte that each start looks
+    // at.
+    const auto damageFile = [this] {
+      overwriteAt(path, 2 * kPage, std::string(kPage, '\0'));
+      overwriteAt(path, 18, "\x07");
+    };
+    return {{"file", damageFile},
+            {"file, no good copy",
+             [=, this] {
+               damageFile();
+               std::filesystem::remove(goodCopy());
+             }},
+            {"file and good copy",
+             [=, this] {
+               damageFile();
+               overwriteAt(goodCopy(), 3 * kPage, std::string(kPage, '\0'));
+             }},
+            {"header of the file",
+             [=, this] {
+               damageFile();
+               overwriteAt(path, 0, std::string(40, '\xA5'));
+             }},
+            {"file and log",
+             [=] {
+               damageFile();
+               garbleLog();
+             }},
+            {"log", garbleLog}};
+  }
+
+  // Makes a store with new changes in its log, damages it, and keeps its files; what a recovery
+  // gives.
+  QEVSettings::PreferenceDictionary makeDamagedStore(const Damage& damage) {
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+      std::filesystem::remove_all(entry.path());
+    makeGoodCopy();
+    writeWithoutCopy();
+    damage.inflict();
+    keepFiles();
+    const auto store = open();
+    EXPECT_EQ(store->opening().outcome, QEVSettings::StoreOpening::Outcome::restored);
+    expectOldKeys(*store);
+    expectNewKeys(*store);
+    return store->dictionaryRepresentation();
+  }
+
+  // Uses the store, as it was kept, in a process of its own that has the fault, and lets it be
+  // closed there: the exit code.
+  int useWithFault(SystemCallFault fault, long number, const SystemCalls& which,
+                   const std::function<int()>& use, long* calls = nullptr) const {
+    putFilesBack();
     std::array<int, 2> pipe{};
     if (::pipe(pipe.data()) != 0) return -1;
     Child child([&] {
       setDiagnosticSink([](std::string_view) {});
-      beginSystemCallFault(fault, number);
-      open();
+      beginSystemCallFault(fault, number, which);
+      const int code = use();
       const long count = endSystemCallFault();
-      return ::write(pipe[1], &count, sizeof count) == sizeof count ? 0 : 1;
+      return ::write(pipe[1], &count, sizeof count) == sizeof count ? code : -1;
     });
     const int code = child.wait();
     if (calls != nullptr && ::read(pipe[0], calls, sizeof *calls) != sizeof *calls) *calls = 0;
@@ -31,51 +88,23 @@ protected:
 };
 
 TEST_F(StoreCrash, RecoveryThatIsCutShortAnywhereIsFinishedByTheNextStart) {
-  struct Case {
-    const char* name;
-    std::function<void()> damage;
-  };
-  const Case cases[] = {
-      {"with a good copy", [] {}},
-      {"without a good copy", [&] { std::filesystem::remove(goodCopy()); }},
-      {"with a damaged good copy",
-       [&] { overwriteAt(goodCopy(), 3 * kPage, std::string(kPage, '\0')); }},
-      {"with a garbled header", [&] { overwriteAt(path, 0, std::string(40, '\xA5')); }},
-      {"with a garbled log",
-       [&] { overwriteAt(log(), 32 + 3 * (kPage + 24), std::string(2000, '\xA5')); }},
-  };
   long round = 0;  // each begins elsewhere
-  for (const auto& [name, damage] : cases) {
-    SCOPED_TRACE(name);
-    for (const auto& entry : std::filesystem::directory_iterator(folder))
-      std::filesystem::remove_all(entry.path());
-    makeGoodCopy();
-    writeWithoutCopy();
-    damage();
-    // The index, which holds nothing that the table does not hold, and a byte that each start looks
-    // at.
-    overwriteAt(path, 2 * kPage, std::string(kPage, '\0'));
-    overwriteAt(path, 18, "\x07");
-    keepFiles();
-    QEVSettings::PreferenceDictionary expected;
-    {
-      const auto store = open();
-      EXPECT_EQ(store->opening().outcome, QEVSettings::StoreOpening::Outcome::restored);
-      expectOldKeys(*store);
-      expectNewKeys(*store);
-      expected = store->dictionaryRepresentation();
-    }
-    putFilesBack();
+  for (const Damage& damage : damages()) {
+    SCOPED_TRACE(damage.name);
+    const auto expected = makeDamagedStore(damage);
+    const auto use = [&] {
+      open();
+      return 0;
+    };
     long calls = 0;
-    ASSERT_EQ(openWithFault(SystemCallFault::none, 0, &calls), 0);
+    ASSERT_EQ(useWithFault(SystemCallFault::none, 0, {}, use, &calls), 0);
     ASSERT_GT(calls, 100);
     const long step = runs(43, 1);
     for (const auto fault : {SystemCallFault::end, SystemCallFault::fail}) {
       for (long number = 1 + 7 * round++ % step; number <= calls; number += step) {
         SCOPED_TRACE(std::string(fault == SystemCallFault::end ? "ended" : "failed") + " at call " +
                      std::to_string(number) + " of " + std::to_string(calls));
-        putFilesBack();
-        const int code = openWithFault(fault, number);
+        const int code = useWithFault(fault, number, {}, use);
         ASSERT_TRUE(code == 0 || code == kEndedByFault) << code;
         {
           const auto store = open();
@@ -84,6 +113,60 @@ TEST_F(StoreCrash, RecoveryThatIsCutShortAnywhereIsFinishedByTheNextStart) {
         }
         ASSERT_TRUE(verifyPreferences(path).isGood);
       }
+    }
+  }
+}
+
+TEST_F(StoreCrash, FileThatCannotBeReadIsNeverTakenForEmpty) {
+  const auto all = damages();
+  for (const Damage& damage : {all.front(), all.back()}) {
+    const auto expected = makeDamagedStore(damage);
+    for (const auto access : {UserDefaults::Access::readWrite, UserDefaults::Access::readOnly}) {
+      for (const char* const ending : {"-wal", ".good", ".recovering"}) {
+        const SystemCalls reads{.readsAlone = true, .ending = ending};
+        constexpr int saysThatSomethingIsWrong = 2;
+        const auto use = [&] {
+          const auto store = UserDefaults::open(path, access);
+          if (store->status()) return saysThatSomethingIsWrong;
+          return store->dictionaryRepresentation() == expected ? 0 : 1;
+        };
+        long calls = 0;
+        ASSERT_EQ(useWithFault(SystemCallFault::none, 0, reads, use, &calls), 0);
+        ASSERT_GT(calls, 0);
+        for (long number = 1; number <= calls; ++number) {
+          SCOPED_TRACE(std::string(damage.name) + ", read " + std::to_string(number) + " of " +
+                       std::to_string(calls) + " of " + ending +
+                       (access == UserDefaults::Access::readOnly ? ", reading alone" : ""));
+          const int code = useWithFault(SystemCallFault::fail, number, reads, use);
+          ASSERT_TRUE(code == 0 || code == saysThatSomethingIsWrong) << code;
+          const auto store = open();
+          ASSERT_EQ(store->status(), std::nullopt);
+          ASSERT_EQ(store->dictionaryRepresentation(), expected);
+        }
+      }
+    }
+  }
+}
+
+TEST_F(StoreCrash, SecondCreatorWithoutHardLinksKeepsTheStoreOfTheFirst) {
+  const auto other = folder / "other.sqlite";
+  UserDefaults::open(other)->setInteger(1, "first");
+  for (const bool alsoRenames : {false, true}) {
+    for (const bool hasFirst : {false, true}) {
+      SCOPED_TRACE(std::string(alsoRenames ? "no renames, " : "") +
+                   (hasFirst ? "second" : "alone"));
+      Child second([&] {
+        removeHardLinks(alsoRenames, [&] {
+          if (hasFirst) std::filesystem::copy_file(other, path);
+        });
+        const auto store = open();
+        store->setInteger(2, "second");
+        return !store->status() && store->integerForKey("first") == (hasFirst ? 1 : 0) ? 0 : 1;
+      });
+      EXPECT_EQ(second.wait(), 0);
+      EXPECT_EQ(open()->integerForKey("second"), 2);
+      for (const char* const ending : {"", ".good"})
+        std::filesystem::remove(path.string() + ending);
     }
   }
 }

@@ -76,7 +76,9 @@ TEST_F(StoreGoodCopy, CopyIsNotReplacedByAStoreThatHoldsLess) {
               SQLITE_OK);
     sqlite3_close(database);
   }
+  EXPECT_THAT(said, testing::IsEmpty());
   { EXPECT_TRUE(open()->objectForKey("old 6")); }
+  EXPECT_THAT(said, testing::ElementsAre(testing::HasSubstr("were recovered")));
   EXPECT_EQ(openCopy()->stringForKey("old 5"), oldValue(5));
   EXPECT_EQ(openCopy()->integerForKey("new"), 1);
   EXPECT_EQ(open()->stringForKey("old 5"), oldValue(5));

@@ -60,8 +60,9 @@ public:
   std::chrono::milliseconds pauseBeforeCopy() const override {
     return std::chrono::milliseconds(0);
   }
-  void keepCopy(const std::filesystem::path&) override {
+  std::optional<QEVSettings::StoreOpening> keepCopy(const std::filesystem::path&) override {
     if (step_ == Step::keepCopy) gate_.hold();
+    return QEVSettings::StoreOpening();
   }
 
 private:
@@ -87,10 +88,15 @@ TEST_F(StoreWatch, EndWaitsForTheStepInProgressAndNoCallbackFollows) {
     if (step == Step::queueChange) MainQueue::mainQueue().setWaker([&] { gate.hold(); });
     // The destructor lets go of the callbacks first, which is how the held thread learns that it
     // has begun.
-    PreferencesWatch::Callback callback = [&calls, releasing = std::make_shared<Subscription>(
-                                                       [&gate] { gate.release(); })] { ++calls; };
-    auto watch = std::make_unique<PreferencesWatch>(path, callback, callback, callback,
-                                                    std::make_shared<HeldSystem>(step, gate));
+    std::function<void()> callback = [&calls, releasing = std::make_shared<Subscription>(
+                                                  [&gate] { gate.release(); })] { ++calls; };
+    auto watch = std::make_unique<PreferencesWatch>(
+        path,
+        PreferencesWatch::Callbacks{.changed = callback,
+                                    .retry = callback,
+                                    .lost = callback,
+                                    .recovered = [callback](const auto&) { callback(); }},
+        std::make_shared<HeldSystem>(step, gate));
     callback = {};
     touch(path);
     watch->didWrite();
@@ -176,9 +182,12 @@ TEST_F(StoreWatch, WhatTheSystemRefusesIsSaidOnceAndChangesAreFoundByTime) {
     said.clear();
     int changes = 0;
     int retries = 0;
-    PreferencesWatch watch(
-        path, [&] { ++changes; }, [&] { ++retries; }, [] {},
-        std::make_shared<RefusingSystem>(refused));
+    PreferencesWatch watch(path,
+                           {.changed = [&] { ++changes; },
+                            .retry = [&] { ++retries; },
+                            .lost = [] {},
+                            .recovered = [](const auto&) {}},
+                           std::make_shared<RefusingSystem>(refused));
     for (int i = 1; i <= 3; ++i) {
       const int before = changes;
       touch(path);
@@ -191,12 +200,39 @@ TEST_F(StoreWatch, WhatTheSystemRefusesIsSaidOnceAndChangesAreFoundByTime) {
   }
 }
 
+class RecoveringSystem : public WatchSystem {
+public:
+  std::chrono::milliseconds pauseBeforeCopy() const override {
+    return std::chrono::milliseconds(0);
+  }
+  std::optional<QEVSettings::StoreOpening> keepCopy(const std::filesystem::path&) override {
+    QEVSettings::StoreOpening opening;
+    opening.message = "recovered";
+    return opening;
+  }
+};
+
+TEST_F(StoreWatch, RecoveryByTheThreadIsHandedToTheOwner) {
+  std::string message;
+  PreferencesWatch watch(path,
+                         {.changed = [] {},
+                          .retry = [] {},
+                          .lost = [] {},
+                          .recovered = [&](const auto& opening) { message = opening.message; }},
+                         std::make_shared<RecoveringSystem>());
+  touch(path);
+  watch.didWrite();
+  EXPECT_TRUE(waitUntil([&] { return message == "recovered"; }));
+}
+
 TEST_F(StoreWatch, FolderThatIsReplacedIsWatchedAgain) {
   const auto inner = folder / "inner";
   std::filesystem::create_directory(inner);
   int changes = 0;
-  const PreferencesWatch watch(
-      inner / "store", [&] { ++changes; }, [] {}, [] {});
+  const PreferencesWatch watch(inner / "store", {.changed = [&] { ++changes; },
+                                                 .retry = [] {},
+                                                 .lost = [] {},
+                                                 .recovered = [](const auto&) {}});
   for (int round = 0; round < 2; ++round) {
     int before = changes;
     touch(inner / "store");

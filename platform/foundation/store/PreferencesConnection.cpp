@@ -13,7 +13,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <system_error>
 #include <utility>
 
 // How a preferences file is opened. PreferencesFile.cpp has what is done with it then.
@@ -37,23 +36,27 @@ std::string textOfColumn(sqlite3_stmt* statement, int column) {
 }  // namespace
 
 PreferencesFile::~PreferencesFile() {
-  // The log of a file that was replaced says nothing about the file that is there now, and a
-  // damaged one is evidence.
-  if (database_ && !unchanging_ && !readOnly_ && (isDamaged() || isReplaced())) {
+  // SQLite takes over the log and removes it. A log that was not found to be whole may hold more
+  // than SQLite accepts, and the log of a file that was replaced is not of the file that is there
+  // now.
+  if (database_ && !unchanging_ && !readOnly_ &&
+      (!isLogWhole_ || isDamaged() || isIndexCut() || isReplaced())) {
     sqlite3_db_config(database_.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
   }
 }
 
 Outcome PreferencesFile::open() {
-  if (CommitStamp::isCutIndexInUse(path_)) {
+  // Before SQLite opens it, and drops what follows its first wrong frame.
+  struct stat log {};
+  if (::lstat((path_.string() + "-wal").c_str(), &log) != 0 && errno != ENOENT) {
     return fail(State::unusable, StorageProblem::failing,
-                path_.string() + " lost the index of its log; try again");
+                unreadable(path_.string() + "-wal").message);
   }
-  std::error_code error;
-  const auto logBytes = std::filesystem::file_size(path_.string() + "-wal", error);
   if (auto outcome = connect(false); !outcome) return outcome;
   identity_.remember(path_);
-  return error ? done() : checkLog(logBytes);
+  auto outcome = checkLog(static_cast<std::uintmax_t>(log.st_size));
+  isLogWhole_ = static_cast<bool>(outcome);
+  return outcome;
 }
 
 Outcome PreferencesFile::openForReading() { return connect(true); }
@@ -64,22 +67,20 @@ Outcome PreferencesFile::openSnapshot() {
   readOnly_ = true;
   unchanging_ = true;
   identity_.remember(path_);
-  auto bytes = snapshotOfDatabase(path_);
-  if (!bytes) {
-    return fail(
-        State::unusable, StorageProblem::notWritable,
-        "cannot read " + path_.string() +
-            " (no permission); allow access to it and to its folder, or choose another file");
+  auto snapshot = snapshotOfDatabase(path_);
+  if (!snapshot) {
+    return fail(State::unusable, StorageProblem::notWritable, snapshot.error().message);
   }
+  if (snapshot->hasLostTransactions) return damage();
   sqlite3* opened = nullptr;
   const int code =
       sqlite3_open_v2(":memory:", &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_MEMORY, nullptr);
   database_.reset(opened);
-  auto* copy = static_cast<unsigned char*>(sqlite3_malloc64(bytes->size() + 1));
+  auto* copy = static_cast<unsigned char*>(sqlite3_malloc64(snapshot->bytes.size() + 1));
   if (code != SQLITE_OK || copy == nullptr) return failure("read");
-  std::copy(bytes->begin(), bytes->end(), copy);
-  const auto size = static_cast<sqlite3_int64>(bytes->size());
-  bytes.reset();
+  std::copy(snapshot->bytes.begin(), snapshot->bytes.end(), copy);
+  const auto size = static_cast<sqlite3_int64>(snapshot->bytes.size());
+  snapshot->bytes = FileBytes();
   if (sqlite3_deserialize(opened, "main", copy, size, size,
                           SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_READONLY) !=
       SQLITE_OK) {
@@ -102,6 +103,10 @@ int PreferencesFile::wait(void* self, int attempts) {
 }
 
 Outcome PreferencesFile::connect(bool forReading) {
+  if (CommitStamp::isCutIndexInUse(path_)) {
+    return fail(State::unusable, StorageProblem::failing,
+                path_.string() + " lost the index of its log; try again");
+  }
   state_ = State::unusable;
   sqlite3* opened = nullptr;
   const int flags = (forReading ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE) |
@@ -194,10 +199,8 @@ Outcome PreferencesFile::identify(std::optional<std::int64_t> objects) {
 }
 
 Outcome PreferencesFile::setUp() {
-  if (makePreferencesTable(database_)) return done();
-  const Error error = failure("set up");
-  execute(database_, "ROLLBACK");
-  return error;
+  const RollBackAtEnd transaction(database_.get());
+  return makePreferencesTable(database_) ? done() : Outcome(failure("set up"));
 }
 
 Outcome PreferencesFile::prepareToRead() {
@@ -272,16 +275,14 @@ void PreferencesFile::findStamp() {
 Outcome PreferencesFile::checkLog(std::uintmax_t logBytes) {
   constexpr std::uintmax_t headerBytes = 32;
   constexpr std::uintmax_t frameBytes = 24 + kDatabasePageBytes;
-  if (!stamp_.isAttached() || logBytes <= headerBytes) return done();
+  if (!usesLog_ || unchanging_ || logBytes <= headerBytes) return done();
+  // An index that could not be looked into has no frames.
   if ((logBytes - headerBytes) / frameBytes <= stamp_.frameCount()) return done();
   // Nobody may write meanwhile.
-  if (!execute(database_, "BEGIN IMMEDIATE")) return failure("read");
+  if (!readOnly_ && !execute(database_, "BEGIN IMMEDIATE")) return failure("read");
+  const RollBackAtEnd transaction(database_.get());
   auto bytes = readRawDatabaseFileIfThere(path_.string() + "-wal");
-  execute(database_, "ROLLBACK");
-  if (!bytes) {
-    return fail(State::unusable, StorageProblem::failing,
-                "cannot read the log of " + path_.string() + "; check the disk");
-  }
+  if (!bytes) return fail(State::unusable, StorageProblem::failing, bytes.error().message);
   const DatabaseLog log(*std::move(bytes));
   return log.hasLostTransactions() ? Outcome(damage()) : done();
 }

@@ -86,11 +86,11 @@ public:
   bool isReadOnly() const { return readOnly_; }
 
   // Whether another file, or none, stands where this one, its log or its folder stood when it was
-  // opened, or the index of the log was cut off: the file must be opened anew. Two system calls, a
-  // few more when something came into the folder or left it.
-  bool isReplaced() { return isIndexCut() || identity_.isReplaced(path_); }
+  // opened: the file must be opened anew. One system call, a few more when something came into the
+  // folder or left it.
+  bool isReplaced() { return identity_.isReplaced(path_); }
   // Whether the index of the log was cut off. Nothing but closing is allowed then: anything else
-  // raises SIGBUS.
+  // raises SIGBUS. One system call.
   bool isIndexCut() const { return stamp_.isIndexCut(); }
   // Whether a log stands there of a file that is gone: it says nothing about the file that is there
   // now.
@@ -175,6 +175,7 @@ private:
   bool readOnly_ = false;
   bool unchanging_ = false;
   bool usesLog_ = false;
+  bool isLogWhole_ = false;  // nothing in the log was left out when SQLite opened it
   bool isSynchronized_ = true;
   bool hasOlderChanges_ = false;
   bool isStuck_ = false;  // the last wait for another process was in vain

@@ -1,11 +1,13 @@
 #include "foundation/PreferencesVerification.hpp"
 
+#include "store/FilePresence.hpp"
 #include "store/StoreIdentity.hpp"
 #include "store/recovery/PreferencesRecovery.hpp"
 
 #include <sys/stat.h>
 
 #include <array>
+#include <cerrno>
 #include <cstdint>
 #include <ctime>
 #include <set>
@@ -27,8 +29,7 @@ public:
   PreferencesVerification of(const std::filesystem::path& store) {
     verdict_.isGood = true;
     const auto kind = kindOfStore(store);
-    struct stat copy {};
-    const bool hasCopy = ::lstat(goodCopyOf(store).c_str(), &copy) == 0;
+    const bool hasCopy = presenceOf(goodCopyOf(store)) != Presence::absent;
     if (!kind) {
       problem("The store cannot be used: " + kind.error().message + ".");
     } else if (*kind == StoreKind::foreign) {
@@ -62,7 +63,10 @@ private:
 
   void verifyCopy(const std::filesystem::path& copy) {
     struct stat found {};
-    if (::lstat(copy.c_str(), &found) != 0) {
+    const bool isFound = ::lstat(copy.c_str(), &found) == 0;
+    if (!isFound && errno != ENOENT) {
+      problem("The good copy cannot be used: " + unreadable(copy).message + ".");
+    } else if (!isFound) {
       say("There is no good copy yet; one is made when the store is closed, or idle after a "
           "change.");
     } else {

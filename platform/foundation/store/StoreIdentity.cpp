@@ -68,10 +68,11 @@ Outcome refuse(const std::filesystem::path& path) {
 
 bool isHeaderOfStore(const FileBytes& header) { return hasMark(header) && isAsWritten(header); }
 
-FileIdentity FileIdentity::of(const std::filesystem::path& path) {
+std::optional<FileIdentity> FileIdentity::of(const std::filesystem::path& path) {
   struct stat found {};
-  if (::lstat(path.c_str(), &found) != 0) return {};
-  return {.device = found.st_dev, .node = found.st_ino};
+  if (::lstat(path.c_str(), &found) == 0)
+    return FileIdentity{.device = found.st_dev, .node = found.st_ino};
+  return errno == ENOENT ? std::optional(FileIdentity()) : std::nullopt;
 }
 
 void StoreIdentity::remember(const std::filesystem::path& store) {
@@ -85,7 +86,7 @@ void StoreIdentity::remember(const std::filesystem::path& store) {
 bool StoreIdentity::isReplaced(const std::filesystem::path& store) {
   struct stat found {};
   if (::lstat(store.parent_path().c_str(), &found) != 0) return errno == ENOENT;
-  const bool isSameFolder = found.st_dev == folder_.device && found.st_ino == folder_.node;
+  const bool isSameFolder = FileIdentity{.device = found.st_dev, .node = found.st_ino} == folder_;
   const std::int64_t changed = nanoseconds(found.st_mtim);
   const bool isSameTime = changed == folderChanged_;
   if (isSameFolder && isSettled_ && isSameTime) return false;
@@ -105,13 +106,25 @@ bool StoreIdentity::isReplaced(const std::filesystem::path& store) {
   return false;
 }
 
+bool StoreIdentity::hasLeftItsLog(const std::filesystem::path& store) const {
+  if (!file_ || !log_ || log_ == FileIdentity()) return false;
+  const auto file = FileIdentity::of(store);
+  return file && file != file_ && FileIdentity::of(store.string() + "-wal") == log_;
+}
+
+bool StoreIdentity::isFolderReplaced(const std::filesystem::path& store) const {
+  const auto folder = FileIdentity::of(store.parent_path());
+  return folder && folder != folder_;
+}
+
 Result<StoreKind> kindOfStore(const std::filesystem::path& store) {
   if (auto outcome = refuse(store); !outcome) return outcome.error();
   for (const char* ending : {"-wal", "-shm", "-journal"}) {
     if (auto outcome = refuse(store.string() + ending); !outcome) return outcome.error();
   }
   struct stat found {};
-  if (::lstat(store.c_str(), &found) != 0) return StoreKind::missing;
+  if (::lstat(store.c_str(), &found) != 0)
+    return errno == ENOENT ? Result(StoreKind::missing) : unreadable(store);
   if (found.st_size == 0) return StoreKind::empty;
   const auto header = readRawDatabaseFile(store, kHeaderBytes);
   if (!header) {
@@ -119,11 +132,15 @@ Result<StoreKind> kindOfStore(const std::filesystem::path& store) {
                  " (no permission); allow access to it and to its folder, or choose another file"};
   }
   if (hasMark(*header)) return isAsWritten(*header) ? StoreKind::sound : StoreKind::damaged;
-  const auto copy = readRawDatabaseFile(goodCopyOf(store), kHeaderBytes);
-  if (!copy || !hasMark(*copy)) return StoreKind::foreign;
+  const auto copy = readRawDatabaseFileIfThere(goodCopyOf(store), kHeaderBytes);
+  if (!copy) return copy.error();
+  if (!hasMark(*copy)) return StoreKind::foreign;
+  if (!hasMagic(*header)) return StoreKind::damaged;
   // Another program's database is not a damaged store, unless there are rows of ours in it.
-  if (hasMagic(*header) && !PreferencesSalvage().addFile(store)) return StoreKind::foreign;
-  return StoreKind::damaged;
+  PreferencesSalvage salvage;
+  const bool hasRows = salvage.addFile(store);
+  if (!hasRows && salvage.problem()) return *salvage.problem();
+  return hasRows ? StoreKind::damaged : StoreKind::foreign;
 }
 
 std::string descriptionOfForeignFile(const std::filesystem::path& path) {

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 
 namespace foundation {
 
@@ -14,8 +15,8 @@ struct FileIdentity {
   std::uint64_t node = 0;
   bool operator==(const FileIdentity&) const = default;
 
-  // None for a name that does not exist.
-  static FileIdentity of(const std::filesystem::path& path);
+  // The default value for a name that does not exist; nothing when the system refuses to look.
+  static std::optional<FileIdentity> of(const std::filesystem::path& path);
 };
 
 // The file, the log, its index and the folder that a store was opened with, and whether they are
@@ -25,20 +26,16 @@ class StoreIdentity {
 public:
   void remember(const std::filesystem::path& store);
   bool isReplaced(const std::filesystem::path& store);
-  // Whether the log is still there, but not the file.
-  bool hasLeftItsLog(const std::filesystem::path& store) const {
-    return log_ != FileIdentity() && FileIdentity::of(store.string() + "-wal") == log_ &&
-           FileIdentity::of(store) != file_;
-  }
-  bool isFolderReplaced(const std::filesystem::path& store) const {
-    return FileIdentity::of(store.parent_path()) != folder_;
-  }
+  // Whether the log is still there, but not the file. Only a certain answer is true: the log is
+  // removed then.
+  bool hasLeftItsLog(const std::filesystem::path& store) const;
+  bool isFolderReplaced(const std::filesystem::path& store) const;
 
 private:
-  FileIdentity folder_;
-  FileIdentity file_;
-  FileIdentity log_;
-  FileIdentity index_;
+  std::optional<FileIdentity> folder_;
+  std::optional<FileIdentity> file_;
+  std::optional<FileIdentity> log_;
+  std::optional<FileIdentity> index_;
   std::int64_t folderChanged_ = 0;  // in nanoseconds since 1970
   bool isSettled_ = false;
 };

@@ -147,6 +147,8 @@ void UserDefaults::write(std::string_view key, std::optional<PreferenceValue> va
   // The key may belong to the value that is replaced.
   std::string ownKey;
   bool changed = false;
+  closeCutFile();
+  catchUp();
   const auto outcome = withinMemory([&] {
     ownKey = key;
     changed = put({.key = ownKey, .value = std::move(value)});
@@ -160,6 +162,8 @@ void UserDefaults::write(std::string_view key, std::optional<PreferenceValue> va
 
 Outcome UserDefaults::applyAll(const PreferenceDictionary& values) {
   std::vector<std::string> changed;
+  closeCutFile();
+  catchUp();
   const auto outcome = withinMemory([&]() -> Outcome {
     for (const auto& [key, value] : values) {
       if (auto refusal = PreferencesFile::refusalOf({.key = key, .value = value}))
@@ -178,8 +182,6 @@ Outcome UserDefaults::applyAll(const PreferenceDictionary& values) {
 
 // Puts a change into the image and among the unsaved ones; says whether it changes anything.
 bool UserDefaults::put(PreferenceChange change) {
-  closeCutFile();
-  catchUp();
   refusal_ = PreferencesFile::refusalOf(change);
   if (refusal_) {
     reportDiagnostic("preferences: " + refusal_->message);

@@ -34,32 +34,26 @@ bool mayBeWritten(const std::filesystem::path& path) {
   return ::access(path.c_str(), W_OK) == 0 && ::access(path.parent_path().c_str(), W_OK) == 0;
 }
 
-bool wasRecovered(const StoreOpening& opening) {
-  return opening.outcome == StoreOpening::Outcome::restored ||
-         opening.outcome == StoreOpening::Outcome::begunEmpty;
-}
-
 }  // namespace
 
 UserDefaults::~UserDefaults() {
   watch_.reset();
-  if (file_ && !file_->isReadOnly() && file_->isReplaced()) {
-    static_cast<void>(withinLimits([this] {
-      reconnect(Suspicion::none);
-      return done();
-    }));
-  }
+  if (file_ && !file_->isReadOnly() && (file_->isIndexCut() || file_->isReplaced()))
+    static_cast<void>(withinLimits([this] { return reconnect(Suspicion::none); }));
   static_cast<void>(synchronize());
   // The watch that saving may have asked for.
   watch_.reset();
   if (!file_ || file_->isReadOnly()) return;
   catchUp();
-  if (file_ && lastChangeOfGoodCopy(path_) != lowBitsOfChange(file_->lastChange())) {
-    static_cast<void>(withinLimits([this] { return keepGoodCopy(path_); }));
-    // It may have found damage.
-    catchUp();
-    watch_.reset();
-  }
+  if (!file_) return;
+  const auto lastOfCopy = lastChangeOfGoodCopy(path_);
+  if (lastOfCopy && *lastOfCopy == lowBitsOfChange(file_->lastChange())) return;
+  static_cast<void>(withinLimits([this] {
+    if (auto recovery = keepGoodCopy(path_)) didRecover(*std::move(recovery));
+    return done();
+  }));
+  catchUp();
+  watch_.reset();
 }
 
 void UserDefaults::connect() {
@@ -104,6 +98,12 @@ void UserDefaults::setOpening(StoreOpening opening) {
   announceStorageLater();
 }
 
+// `keepGoodCopy` recovered the store, and reported that. What it recovered comes as changes.
+void UserDefaults::didRecover(StoreOpening opening) {
+  opening_ = std::move(opening);
+  announceStorageLater();
+}
+
 // A file that lost the index of its log is closed, and opened anew by the next save. Until it is
 // closed, SQLite would share its memory with whoever opens it.
 void UserDefaults::closeCutFile() {
@@ -111,10 +111,15 @@ void UserDefaults::closeCutFile() {
 }
 
 // Opens the file anew: it could not be used so far, it is damaged, or it is another one by now.
-void UserDefaults::reconnect(Suspicion suspicion) {
+// Fails, and keeps the file that it has, when that has left a log which cannot be read.
+Outcome UserDefaults::reconnect(Suspicion suspicion) {
   closeCutFile();
   const bool isMoved = file_ && file_->isFolderReplaced();
-  if (file_ && file_->hasLeftItsLog()) takeOverNewer(takeAbandonedLog(path_));
+  if (file_ && file_->hasLeftItsLog()) {
+    auto changes = takeAbandonedLog(path_);
+    if (!changes) return changes.error();
+    takeOverNewer(*std::move(changes));
+  }
   file_.reset();
   const auto memory = rememberedChanges();
   auto opened = openPreferences(path_, {.patience = status_ ? Patience::none : Patience::aMoment,
@@ -137,6 +142,7 @@ void UserDefaults::reconnect(Suspicion suspicion) {
     watch_.reset();
     startWatch();
   }
+  return done();
 }
 
 // What the memory has of a file, without what is still to be written.
@@ -205,10 +211,15 @@ void UserDefaults::takeOverChanges() {
   })
                             : outcome;
   if (all) {
-    if (!unsaved_.empty() && needsAll) save();
+    if (!unsaved_.empty() && needsAll) {
+      closeCutFile();
+      save();
+    }
     // What could not be read could be read now.
-    if (unsaved_.empty() && status_ && !file_->isReadOnly()) setStatus(std::nullopt, std::nullopt);
+    if (unsaved_.empty() && status_ && file_ && !file_->isReadOnly())
+      setStatus(std::nullopt, std::nullopt);
   } else if (file_->isDamaged()) {
+    closeCutFile();
     save();
   } else {
     setStatus(all.error(), file_->problem());
@@ -216,7 +227,10 @@ void UserDefaults::takeOverChanges() {
 }
 
 Outcome UserDefaults::synchronize() {
-  if (!unsaved_.empty()) save();
+  if (!unsaved_.empty()) {
+    closeCutFile();
+    save();
+  }
   if (file_ && unsaved_.empty()) {
     if (auto outcome = withinLimits([this] { return file_->synchronize(); }); !outcome)
       return outcome;
@@ -229,6 +243,7 @@ void UserDefaults::saveUnlessJustFailed() {
   if (!status_ || Clock::now() - failed_ >= kPauseAfterFailure) save();
 }
 
+// A cut file must have been closed before.
 void UserDefaults::save() {
   if (path_.empty()) return;
   startWatch();
@@ -253,7 +268,7 @@ void UserDefaults::save() {
 Outcome UserDefaults::saveOnce(Suspicion suspicion) {
   if (suspicion != Suspicion::none || !file_ || file_->isReplaced() ||
       (file_->isReadOnly() && mayBeWritten(path_))) {
-    reconnect(suspicion);
+    if (auto outcome = reconnect(suspicion); !outcome) return outcome;
   }
   if (!file_) return status_ ? *status_ : Error{path_.string() + " cannot be opened"};
   if (unsaved_.empty()) return done();
@@ -339,26 +354,28 @@ void UserDefaults::setStatus(std::optional<Error> status, std::optional<StorageP
 void UserDefaults::startWatch() {
   if (watch_ || path_.empty()) return;
   watch_ = std::make_unique<PreferencesWatch>(
-      path_,
-      [this] {
-        if (file_ && file_->isReplaced()) {
-          static_cast<void>(withinLimits([this] {
-            reconnect(Suspicion::none);
-            return done();
-          }));
-          if (!unsaved_.empty()) save();
-        }
-        catchUp();
-      },
-      [this] {
-        closeCutFile();
-        if (!unsaved_.empty() || status_) save();
-      },
-      [this] {
-        closeCutFile();
-        keepAll();
-        save();
-      });
+      path_, PreferencesWatch::Callbacks{
+                 .changed =
+                     [this] {
+                       if (file_ && (file_->isIndexCut() || file_->isReplaced())) {
+                         const auto outcome =
+                             withinLimits([this] { return reconnect(Suspicion::none); });
+                         if (!outcome || !unsaved_.empty()) save();
+                       }
+                       catchUp();
+                     },
+                 .retry =
+                     [this] {
+                       closeCutFile();
+                       if (!unsaved_.empty() || status_) save();
+                     },
+                 .lost =
+                     [this] {
+                       closeCutFile();
+                       keepAll();
+                       save();
+                     },
+                 .recovered = [this](StoreOpening opening) { didRecover(std::move(opening)); }});
   // What came before the watch gives no cue.
   catchUp();
 }

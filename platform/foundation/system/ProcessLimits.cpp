@@ -1,25 +1,39 @@
 #include "system/ProcessLimits.hpp"
 
 #include <sqlite3.h>
+#include <sys/resource.h>
 
 #include <cerrno>
 #include <ctime>
 
 namespace foundation {
 
-FileLimitSignal::FileLimitSignal() {
-  sigset_t own;
-  ::sigemptyset(&own);
-  ::sigaddset(&own, SIGXFSZ);
+namespace {
+
+bool hasFileLimit() {
+  rlimit limit{};
+  return ::getrlimit(RLIMIT_FSIZE, &limit) != 0 || limit.rlim_cur != RLIM_INFINITY;
+}
+
+sigset_t fileLimitSignal() {
+  sigset_t signals;
+  ::sigemptyset(&signals);
+  ::sigaddset(&signals, SIGXFSZ);
+  return signals;
+}
+
+}  // namespace
+
+FileLimitSignal::FileLimitSignal() : isMasked_(hasFileLimit()) {
+  if (!isMasked_) return;
+  const sigset_t own = fileLimitSignal();
   ::pthread_sigmask(SIG_BLOCK, &own, &before_);
 }
 
 FileLimitSignal::~FileLimitSignal() {
   // Where the host blocked it before, the signal is the host's.
-  if (::sigismember(&before_, SIGXFSZ) != 0) return;
-  sigset_t own;
-  ::sigemptyset(&own);
-  ::sigaddset(&own, SIGXFSZ);
+  if (!isMasked_ || ::sigismember(&before_, SIGXFSZ) != 0) return;
+  const sigset_t own = fileLimitSignal();
   const timespec atOnce{};
   while (::sigtimedwait(&own, nullptr, &atOnce) == SIGXFSZ) {
   }

@@ -16,7 +16,7 @@ namespace foundation {
 
 // While one lives, a write of this thread beyond the limit for the size of a file (`ulimit -f`)
 // fails with EFBIG in place of ending the process by SIGXFSZ. Changes nothing for the host's other
-// threads, nor its handlers.
+// threads, nor its handlers. Costs one system call where there is no such limit.
 class FileLimitSignal {
 public:
   FileLimitSignal();
@@ -25,6 +25,7 @@ public:
   ~FileLimitSignal();
 
 private:
+  bool isMasked_;
   sigset_t before_{};
 };
 
@@ -68,7 +69,7 @@ Outcome withinMemory(Work&& work) {
   return Error{"out of memory"};
 }
 
-// The same for work that writes to files. Costs three system calls more.
+// The same for work that writes to files.
 template <class Work>
 Outcome withinLimits(Work&& work) {
   const FileLimitSignal masked;

@@ -128,7 +128,8 @@ private:
 
   void connect();
   void connectForReading();
-  void reconnect(Suspicion suspicion);
+  Outcome reconnect(Suspicion suspicion);
+  void didRecover(QEVSettings::StoreOpening opening);
   void closeCutFile();
   void setOpening(QEVSettings::StoreOpening opening);
   std::vector<PreferenceChange> rememberedChanges() const;

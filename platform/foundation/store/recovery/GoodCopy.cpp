@@ -1,11 +1,10 @@
 #include "store/recovery/GoodCopy.hpp"
 
+#include "store/FilePresence.hpp"
 #include "store/PreferencesFile.hpp"
 #include "store/StoreCreation.hpp"
 #include "store/recovery/DatabaseBytes.hpp"
 #include "store/recovery/PreferencesSalvage.hpp"
-
-#include <sys/stat.h>
 
 #include <string>
 #include <system_error>
@@ -29,6 +28,7 @@ CopyOutcome compare(const std::filesystem::path& copy, const std::filesystem::pa
   }
   PreferencesSalvage former;
   former.addFile(goodCopy);
+  if (former.problem()) return CopyOutcome::failed;
   for (const PreferenceChange& change : former.changes()) {
     if (!found.has(change.key, change.number)) return CopyOutcome::damaged;
   }
@@ -41,10 +41,11 @@ std::filesystem::path goodCopyOf(const std::filesystem::path& store) {
   return store.string() + ".good";
 }
 
-std::optional<std::uint32_t> lastChangeOfGoodCopy(const std::filesystem::path& store) {
-  const auto header = readRawDatabaseFile(goodCopyOf(store), kHeaderBytes);
-  if (!header || header->size() < kHeaderBytes) return std::nullopt;
-  return bigEndian32(std::span(*header).subspan(kCounterOffset)) & 0x7FFFFFFFU;
+Result<std::optional<std::uint32_t>> lastChangeOfGoodCopy(const std::filesystem::path& store) {
+  const auto header = readRawDatabaseFileIfThere(goodCopyOf(store), kHeaderBytes);
+  if (!header) return header.error();
+  if (header->size() < kHeaderBytes) return std::optional<std::uint32_t>();
+  return std::optional(bigEndian32(std::span(*header).subspan(kCounterOffset)) & 0x7FFFFFFFU);
 }
 
 bool isBehind(std::int64_t lastChange, std::optional<std::uint32_t> lastOfCopy) {
@@ -58,18 +59,20 @@ CopyOutcome replaceGoodCopy(const std::filesystem::path& store) {
   // What a kill left.
   removeUnsharedStore(temporary);
   removeUnsharedStore(store.string() + ".new");
-  std::error_code error;
-  if (!std::filesystem::exists(store, error)) return CopyOutcome::done;
+  if (presenceOf(store) == Presence::absent) return CopyOutcome::done;
+  const auto lastOfCopy = lastChangeOfGoodCopy(store);
+  if (!lastOfCopy) return CopyOutcome::failed;
   const auto outcomeOf = [](const PreferencesFile& file) {
     return file.isDamaged() ? CopyOutcome::damaged : CopyOutcome::failed;
   };
   PreferencesFile source(store);
   if (!source.openForReading()) return outcomeOf(source);
   const auto last = source.newestChange();
-  if (last && lastChangeOfGoodCopy(store) == lowBitsOfChange(*last)) return CopyOutcome::done;
+  if (last && *lastOfCopy == lowBitsOfChange(*last)) return CopyOutcome::done;
   if (!source.copyTo(temporary)) return outcomeOf(source);
   auto outcome = compare(temporary, goodCopyOf(store));
   if (outcome == CopyOutcome::done) {
+    std::error_code error;
     std::filesystem::rename(temporary, goodCopyOf(store), error);
     if (error) outcome = CopyOutcome::failed;
   }

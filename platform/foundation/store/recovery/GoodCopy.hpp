@@ -12,9 +12,9 @@ namespace foundation {
 // keys included.
 std::filesystem::path goodCopyOf(const std::filesystem::path& store);
 
-// Of the last change in the good copy, as much as its header tells: the lowest 31 bits of the
-// number.
-std::optional<std::uint32_t> lastChangeOfGoodCopy(const std::filesystem::path& store);
+// The number of the last change in the good copy, as far as its header tells: the lowest 31 bits.
+// None when there is no good copy, or one without a header. Fails when it cannot be read.
+Result<std::optional<std::uint32_t>> lastChangeOfGoodCopy(const std::filesystem::path& store);
 inline std::uint32_t lowBitsOfChange(std::int64_t number) {
   return static_cast<std::uint32_t>(number & 0x7FFFFFFF);
 }

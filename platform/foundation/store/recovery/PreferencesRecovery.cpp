@@ -1,15 +1,17 @@
 #include "store/recovery/PreferencesRecovery.hpp"
 
+#include "foundation/Diagnostics.hpp"
+#include "store/FilePresence.hpp"
 #include "store/StoreCreation.hpp"
 #include "store/StoreIdentity.hpp"
-#include "store/recovery/PreferencesSalvage.hpp"
+#include "store/recovery/DatabaseLog.hpp"
+#include "store/recovery/GatheredPreferences.hpp"
 #include "store/recovery/StoreRewrite.hpp"
 
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <ctime>
 #include <system_error>
@@ -17,30 +19,12 @@
 
 namespace foundation {
 
-using QEVSettings::PreferenceValue;
 using QEVSettings::StorageProblem;
 using StoreOutcome = QEVSettings::StoreOpening::Outcome;
 
 namespace {
 
 constexpr std::string_view kDamaged = ".damaged-";
-
-std::string textOfTime(std::time_t time, const char* format) {
-  std::tm parts{};
-  ::gmtime_r(&time, &parts);
-  std::array<char, 32> text{};
-  return {text.data(), std::strftime(text.data(), text.size(), format, &parts)};
-}
-
-bool isThere(const std::filesystem::path& path) {
-  struct stat found {};
-  return ::lstat(path.c_str(), &found) == 0;
-}
-
-bool hasContents(const std::filesystem::path& path) {
-  struct stat found {};
-  return ::lstat(path.c_str(), &found) == 0 && found.st_size > 0;
-}
 
 // A person's folders may be links; the file and what stands next to it may not.
 std::filesystem::path withRealFolder(const std::filesystem::path& store) {
@@ -83,16 +67,20 @@ StorageProblem problemOf(int error) {
 }
 
 // Why the store needs a recovery, as far as that shows before SQLite opens it.
-std::string damageBefore(const std::filesystem::path& store, StoreKind kind) {
+Result<std::string> damageBefore(const std::filesystem::path& store, StoreKind kind) {
   if (kind == StoreKind::damaged) return store.string() + " is damaged";
   // It may look whole, and lack what the copies have.
-  if (!unfinishedCopiesOf(store).empty())
-    return "the recovery of " + store.string() + " was cut short";
+  const auto copies = unfinishedCopiesOf(store);
+  if (!copies) return copies.error();
+  if (!copies->empty()) return "the recovery of " + store.string() + " was cut short";
+  if (kind != StoreKind::missing && kind != StoreKind::empty) return std::string();
+  const Presence goodCopy = presenceOf(goodCopyOf(store));
+  if (goodCopy == Presence::unknown) return unreadable(goodCopyOf(store));
   // SQLite would remove the log of an empty file.
-  const bool isLeft = isThere(goodCopyOf(store)) || hasContents(store.string() + "-wal");
-  if (kind == StoreKind::missing && isLeft) return store.string() + " was missing";
-  if (kind == StoreKind::empty && isLeft) return store.string() + " was empty";
-  return {};
+  const auto log = readRawDatabaseFileIfThere(store.string() + "-wal", 1);
+  if (!log) return log.error();
+  if (goodCopy == Presence::absent && log->empty()) return std::string();
+  return store.string() + (kind == StoreKind::missing ? " was missing" : " was empty");
 }
 
 Attempt read(const std::filesystem::path& store, std::unique_ptr<PreferencesFile> file,
@@ -118,7 +106,9 @@ Attempt attempt(const std::filesystem::path& store, Patience patience, bool isLo
   const auto kind = kindOfStore(store);
   if (!kind) return unusable(kind.error(), StorageProblem::unusable);
   if (*kind == StoreKind::foreign) return foreign(store);
-  if (auto damage = damageBefore(store, *kind); !damage.empty()) return damaged(std::move(damage));
+  const auto damage = damageBefore(store, *kind);
+  if (!damage) return unusable(damage.error(), StorageProblem::failing);
+  if (!damage->empty()) return damaged(*damage);
   const bool isNew = *kind == StoreKind::missing;
   if (isNew) {
     std::optional<RepairLock> lock;
@@ -133,108 +123,28 @@ Attempt attempt(const std::filesystem::path& store, Patience patience, bool isLo
   }
   // Read before the store: another process may make both newer meanwhile.
   const auto lastOfCopy = lastChangeOfGoodCopy(store);
+  if (!lastOfCopy) return unusable(lastOfCopy.error(), StorageProblem::failing);
   auto file = std::make_unique<PreferencesFile>(store);
   if (patience == Patience::none) file->dontWait();
   auto outcome = file->open();
-  auto opened = read(store, std::move(file), std::move(outcome), lastOfCopy);
+  auto opened = read(store, std::move(file), std::move(outcome), *lastOfCopy);
   if (opened.file && (isNew || *kind == StoreKind::empty))
     opened.opening.outcome = StoreOutcome::created;
   return opened;
 }
 
-// Everything that can be had of a store, and how it came together.
-class Gathering {
-public:
-  Gathering(const std::filesystem::path& store, std::span<const PreferenceChange> memory) {
-    for (const PreferenceChange& change : memory) salvage_.add(change);
-    salvage_.addFile(store);
-    for (const auto& copy : unfinishedCopiesOf(store)) salvage_.addFile(copy);
-    // The good copy does not count: it stays until another has all that it has.
-    PreferencesSalvage copy;
-    struct stat found {};
-    hasCopy_ = ::lstat(goodCopyOf(store).c_str(), &found) == 0;
-    copy.addFile(goodCopyOf(store));
-    lastOfCopy_ = lastChangeOfGoodCopy(store);
-    for (PreferenceChange& change : copy.changes()) {
-      if (!salvage_.has(change.key, change.number)) copyTime_ = found.st_mtim.tv_sec;
-      salvage_.add(std::move(change));
-    }
-    contents_ = salvage_.changes();
-    keys_ = static_cast<std::size_t>(
-        std::count_if(contents_.begin(), contents_.end(),
-                      [](const PreferenceChange& change) { return change.value.has_value(); }));
-  }
-
-  const std::vector<PreferenceChange>& contents() const { return contents_; }
-
-  // Whether the system gave all of the store's file and log.
-  bool hasReadAll() const { return salvage_.hasReadAll(); }
-
-  // The contents with a mark of the recovery behind them.
-  std::vector<PreferenceChange> markedContents() const {
-    auto marked = contents_;
-    std::erase_if(marked,
-                  [](const PreferenceChange& change) { return change.key == kRecoveryKey; });
-    std::int64_t number =
-        contents_.empty() ? 0 : std::max(contents_.back().number, salvage_.lastNumber());
-    // The good copy may have had newer changes that cannot be read.
-    do {
-      number += kRecoveryStep;
-    } while (isBehind(number, lastOfCopy_));
-    marked.push_back({.key = std::string(kRecoveryKey), .value = std::nullopt, .number = number});
-    return marked;
-  }
-
-  // What was done with them, when this is what had to be done for and that is where the damaged
-  // file is.
-  QEVSettings::StoreOpening opening(const std::string& damage, const std::string& end) const {
-    QEVSettings::StoreOpening opening;
-    const std::size_t lost = salvage_.lostKeys();
-    opening.lostKeys = lost;
-    opening.message = damage + "; ";
-    if (keys_ == 0) {
-      opening.outcome = StoreOutcome::begunEmpty;
-      opening.message += "no value could be recovered, since ";
-      opening.message += hasCopy_ ? "its good copy is damaged too" : "there is no good copy";
-      opening.message += ", and the store begins empty";
-    } else {
-      opening.outcome = StoreOutcome::restored;
-      opening.message += count(keys_) + (keys_ == 1 ? " was recovered" : " were recovered");
-      if (copyTime_) {
-        opening.copyTime =
-            PreferenceValue::Date(PreferenceValue::Date::duration(static_cast<double>(*copyTime_)));
-        opening.message +=
-            ", with the good copy of " + textOfTime(*copyTime_, "%Y-%m-%d %H:%M:%S") + " UTC";
-      }
-    }
-    if (lost > 0) {
-      opening.message += "; the last change of " + count(lost) + " is lost";
-    }
-    opening.message += end;
-    return opening;
-  }
-
-private:
-  static std::string count(std::size_t keys) {
-    return std::to_string(keys) + (keys == 1 ? " key" : " keys");
-  }
-
-  PreferencesSalvage salvage_;
-  std::vector<PreferenceChange> contents_;
-  std::size_t keys_ = 0;
-  bool hasCopy_ = false;
-  std::optional<std::uint32_t> lastOfCopy_;
-  std::optional<std::time_t> copyTime_;
-};
-
 // Gives the copies of the damaged store their lasting names; the name of the first.
 std::string nameDamagedCopies(const std::filesystem::path& store) {
+  const auto copies = unfinishedCopiesOf(store);
+  if (!copies) return {};
   std::string first;
-  for (const auto& copy : unfinishedCopiesOf(store)) {
+  for (const auto& copy : *copies) {
     const std::string dated =
         store.string() + std::string(kDamaged) + textOfTime(std::time(nullptr), "%Y-%m-%d-%H%M%S");
     std::string name = dated;
-    for (int i = 2; isThere(name); ++i) name = dated + "-" + std::to_string(i);
+    constexpr int mostInOneSecond = 100;
+    for (int i = 2; i < mostInOneSecond && presenceOf(name) != Presence::absent; ++i)
+      name = dated + "-" + std::to_string(i);
     // The file last: while it has its old name, the copy counts as unfinished, log and all.
     ::rename((copy.string() + "-wal").c_str(), (name + "-wal").c_str());
     if (::rename(copy.c_str(), name.c_str()) == 0 && first.empty()) {
@@ -248,27 +158,26 @@ std::string nameDamagedCopies(const std::filesystem::path& store) {
 OpenedPreferences withContents(const std::filesystem::path& store, const OpeningRequest& request,
                                const Error& error, StorageProblem problem) {
   auto opened = unusable(error, problem);
-  opened.contents = Gathering(store, request.memory).contents();
+  opened.contents = GatheredPreferences(store, request.memory).contents();
   return opened;
 }
 
 OpenedPreferences recover(const std::filesystem::path& store, const OpeningRequest& request,
                           const std::string& damage) {
-  if (!isThere(store)) {
+  if (presenceOf(store) == Presence::absent) {
     errno = 0;
     if (auto made = makeStore(store); !made)
       return withContents(store, request, made.error(), problemOf(errno));
   }
   StoreRewrite rewrite(store);
-  std::optional<Gathering> gathered;
-  auto error = rewrite.run(request.patience, [&]() -> std::optional<std::vector<PreferenceChange>> {
+  std::optional<GatheredPreferences> gathered;
+  auto error = rewrite.run(request.patience, [&]() -> Result<std::vector<PreferenceChange>> {
     gathered.emplace(store, request.memory);
-    if (!gathered->hasReadAll()) return std::nullopt;
+    if (gathered->problem()) return *gathered->problem();
     return gathered->markedContents();
   });
   if (error) {
-    return withContents(store, request, Error{damage + ", and the store " + error->message},
-                        rewrite.problem());
+    return withContents(store, request, Error{damage + "; " + error->message}, rewrite.problem());
   }
   const auto name = nameDamagedCopies(store);
   auto opened = attempt(store, request.patience, true);
@@ -291,6 +200,10 @@ std::vector<std::filesystem::path> damagedCopiesOf(const std::filesystem::path& 
   }
   std::sort(found.begin(), found.end());
   return found;
+}
+
+bool wasRecovered(const QEVSettings::StoreOpening& opening) {
+  return opening.outcome == StoreOutcome::restored || opening.outcome == StoreOutcome::begunEmpty;
 }
 
 OpenedPreferences openPreferences(const std::filesystem::path& path,
@@ -332,49 +245,51 @@ OpenedPreferences readPreferences(const std::filesystem::path& path) {
   const auto kind = kindOfStore(store);
   if (!kind) return unusable(kind.error(), StorageProblem::unusable);
   if (*kind == StoreKind::foreign) return foreign(store);
-  std::string damage = damageBefore(store, *kind);
-  if (damage.empty() && *kind == StoreKind::missing) {
+  auto damage = damageBefore(store, *kind);
+  if (damage && damage->empty() && *kind == StoreKind::missing) {
     return unusable(Error{"there is no store at " + store.string() + "; check the path"},
                     StorageProblem::noFile);
   }
-  if (damage.empty() && *kind == StoreKind::empty) return {};
-  if (damage.empty()) {
-    const auto lastOfCopy = lastChangeOfGoodCopy(store);
+  if (damage && damage->empty() && *kind == StoreKind::empty) return {};
+  const auto lastOfCopy = lastChangeOfGoodCopy(store);
+  if (damage && !lastOfCopy) damage = lastOfCopy.error();
+  if (damage && damage->empty()) {
     auto file = std::make_unique<PreferencesFile>(store);
     auto outcome = file->openSnapshot();
-    auto opened = read(store, std::move(file), std::move(outcome), lastOfCopy);
+    auto opened = read(store, std::move(file), std::move(outcome), *lastOfCopy);
     opened.file.reset();
     if (opened.damage.empty()) return opened;
     damage = opened.damage;
   }
-  const Gathering gathered(store, {});
-  OpenedPreferences opened;
+  const GatheredPreferences gathered(store, {});
+  const auto problem = damage ? gathered.problem() : std::optional(damage.error());
+  auto opened = problem ? unusable(*problem, StorageProblem::failing) : OpenedPreferences();
   opened.contents = gathered.contents();
-  opened.opening = gathered.opening(damage, "; nothing on disk was changed");
+  if (!problem) opened.opening = gathered.opening(*damage, "; nothing on disk was changed");
   return opened;
 }
 
-std::vector<PreferenceChange> takeAbandonedLog(const std::filesystem::path& store) {
+Result<std::vector<PreferenceChange>> takeAbandonedLog(const std::filesystem::path& store) {
   PreferencesSalvage salvage;
   auto log = readRawDatabaseFileIfThere(store.string() + "-wal");
-  if (!log) return {};
+  if (!log) return log.error();
   salvage.addFile({}, DatabaseLog(*std::move(log)));
   for (const char* ending : {"-wal", "-shm"}) ::unlink((store.string() + ending).c_str());
   return salvage.changes();
 }
 
-Outcome keepGoodCopy(const std::filesystem::path& store) {
-  for (const bool isFirst : {true, false}) {
-    {
-      const RepairLock lock(store, Patience::aMoment);
-      if (!lock.isHeld()) return Error{"another process is at it"};
-      const auto outcome = replaceGoodCopy(store);
-      if (outcome == CopyOutcome::done) return done();
-      if (outcome == CopyOutcome::failed) break;
-    }
-    if (isFirst) openPreferences(store, {.suspicion = Suspicion::certain});
-  }
-  return Error{"the good copy of " + store.string() + " cannot be made"};
+std::optional<QEVSettings::StoreOpening> keepGoodCopy(const std::filesystem::path& store) {
+  const auto replace = [&] {
+    const RepairLock lock(store, Patience::aMoment);
+    return lock.isHeld() ? replaceGoodCopy(store) : CopyOutcome::failed;
+  };
+  if (replace() != CopyOutcome::damaged) return std::nullopt;
+  auto opened = openPreferences(store, {.suspicion = Suspicion::certain});
+  opened.file.reset();
+  if (!wasRecovered(opened.opening)) return std::nullopt;
+  reportDiagnostic("preferences: " + opened.opening.message);
+  replace();
+  return std::move(opened.opening);
 }
 
 }  // namespace foundation

@@ -38,6 +38,9 @@ struct OpenedPreferences {
   QEVSettings::StoreOpening opening;
 };
 
+// Whether the store was damaged, and was rewritten.
+bool wasRecovered(const QEVSettings::StoreOpening& opening);
+
 // Opens a store, which is made where there is none, and reads it to its end. A damaged store, or
 // one that lacks changes that its good copy has, is recovered first. What is no store of ours is
 // left alone.
@@ -48,11 +51,14 @@ OpenedPreferences openPreferences(const std::filesystem::path& store,
 // a file in the result.
 OpenedPreferences readPreferences(const std::filesystem::path& store);
 
-// Removes a log that belongs to a file that is gone, and its index; what could be read in the log.
-std::vector<PreferenceChange> takeAbandonedLog(const std::filesystem::path& store);
+// Removes a log that belongs to a file that is gone, and its index; what the log holds. Fails, and
+// removes nothing, when the log cannot be read.
+Result<std::vector<PreferenceChange>> takeAbandonedLog(const std::filesystem::path& store);
 
 // Makes the good copy anew when the store changed since. A store that turns out to be damaged is
-// recovered first. Any thread; takes as long as reading and writing the whole store.
-Outcome keepGoodCopy(const std::filesystem::path& store);
+// recovered first; the result is the outcome of that recovery, which was reported to the
+// diagnostics. A copy that fails is made at the next occasion. Any thread; takes as long as reading
+// and writing the whole store.
+std::optional<QEVSettings::StoreOpening> keepGoodCopy(const std::filesystem::path& store);
 
 }  // namespace foundation

@@ -26,11 +26,11 @@ std::optional<std::string> textOf(const DatabaseValue& value) {
 
 bool PreferencesSalvage::addFile(const std::filesystem::path& path) {
   // The log first: what is taken over into the file meanwhile is found in one of the two.
-  auto logBytes = readRawDatabaseFileIfThere(path.string() + "-wal");
+  auto log = readRawDatabaseFileIfThere(path.string() + "-wal");
   const auto file = readRawDatabaseFileIfThere(path);
-  hasReadAll_ = hasReadAll_ && logBytes && file;
-  const DatabaseLog log(std::move(logBytes).value_or(FileBytes()));
-  return addFile(file.value_or(FileBytes()), log);
+  if (!file) problem_ = file.error();
+  if (!log) problem_ = log.error();
+  return addFile(file ? *file : FileBytes(), DatabaseLog(log ? *std::move(log) : FileBytes()));
 }
 
 bool PreferencesSalvage::addFile(const FileBytes& file, const DatabaseLog& log) {

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -19,12 +20,12 @@ namespace foundation {
 // sources. A row of a file counts only with its right checksum, wherever in the file it stands.
 class PreferencesSalvage {
 public:
-  // All rows of the file and of the log next to it; says whether there were any.
+  // All rows of the file and of the log next to it, if they exist; says whether there were any.
   bool addFile(const std::filesystem::path& path);
   bool addFile(const FileBytes& file, const DatabaseLog& log);
 
-  // Whether the system gave every file that was asked for and is there.
-  bool hasReadAll() const { return hasReadAll_; }
+  // Why something is missing: the system did not let the file or the log of an `addFile` be read.
+  const std::optional<Error>& problem() const { return problem_; }
 
   void add(PreferenceChange change);
 
@@ -51,7 +52,7 @@ private:
   std::map<std::int64_t, std::string> traces_;  // changes that the file names, with their keys
   std::int64_t lastNumber_ = 0;
   std::size_t rowCount_ = 0;
-  bool hasReadAll_ = true;
+  std::optional<Error> problem_;
 };
 
 }  // namespace foundation

@@ -1,11 +1,12 @@
 #include "store/recovery/RawDatabaseFile.hpp"
 
+#include "store/FilePresence.hpp"
+
 #include <sqlite3.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <memory>
 #include <string>
 
@@ -78,12 +79,19 @@ std::optional<FileBytes> readRawDatabaseFile(const std::filesystem::path& path, 
   return bytes;
 }
 
-std::optional<FileBytes> readRawDatabaseFileIfThere(const std::filesystem::path& path) {
+Result<FileBytes> readRawDatabaseFileIfThere(const std::filesystem::path& path, std::size_t most) {
   struct stat found {};
-  if (::lstat(path.c_str(), &found) != 0)
-    return errno == ENOENT ? std::optional<FileBytes>(FileBytes()) : std::nullopt;
-  if (!S_ISREG(found.st_mode) || found.st_uid != ::geteuid()) return FileBytes();
-  return readRawDatabaseFile(path);
+  const bool isFound = ::lstat(path.c_str(), &found) == 0;
+  if (isFound && (!S_ISREG(found.st_mode) || found.st_uid != ::geteuid())) return FileBytes();
+  auto bytes = isFound ? readRawDatabaseFile(path, most) : std::nullopt;
+  if (bytes) return *std::move(bytes);
+  // Another process may have removed it after the look.
+  if (presenceOf(path) == Presence::absent) return FileBytes();
+  return unreadable(path);
+}
+
+Error unreadable(const std::filesystem::path& path) {
+  return {"cannot read " + path.string() + "; check the disk and the permissions of that file"};
 }
 
 bool overwriteStartOfFile(const std::filesystem::path& path, std::span<const std::uint8_t> bytes) {

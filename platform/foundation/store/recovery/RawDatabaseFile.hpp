@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundation/Result.hpp"
+
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -21,9 +23,14 @@ using FileBytes = std::vector<std::uint8_t>;
 std::optional<FileBytes> readRawDatabaseFile(
     const std::filesystem::path& path, std::size_t most = std::numeric_limits<std::size_t>::max());
 
-// All bytes of the file; none of a file that is missing, or that is no regular file of this user.
-// Nothing when the system refuses to give them: what it has is not known then.
-std::optional<FileBytes> readRawDatabaseFileIfThere(const std::filesystem::path& path);
+// The same bytes; none of a file that is missing, or that is no regular file of this user. Fails
+// when the system refuses to give them: a file that cannot be read must not be taken for an empty
+// one.
+Result<FileBytes> readRawDatabaseFileIfThere(
+    const std::filesystem::path& path, std::size_t most = std::numeric_limits<std::size_t>::max());
+
+// That the system refuses to look a name up, or to read its file.
+Error unreadable(const std::filesystem::path& path);
 
 // Replaces the first bytes of the file; says whether they are on disk.
 bool overwriteStartOfFile(const std::filesystem::path& path, std::span<const std::uint8_t> bytes);

@@ -1,5 +1,6 @@
 #include "store/recovery/StoreRewrite.hpp"
 
+#include "store/FilePresence.hpp"
 #include "store/StoreCreation.hpp"
 #include "store/StoreIdentity.hpp"
 #include "store/recovery/DatabaseLog.hpp"
@@ -66,19 +67,22 @@ std::filesystem::path unfinishedCopy(const std::filesystem::path& store, int num
   return store.string() + ".recovering" + (number > 1 ? "-" + std::to_string(number) : "");
 }
 
-std::optional<FileBytes> logOf(const std::filesystem::path& path) {
+Result<FileBytes> logOf(const std::filesystem::path& path) {
   return readRawDatabaseFileIfThere(path.string() + "-wal");
 }
 
 // Keeps the file and its log under another name, unless they are kept already.
 bool keepCopy(const std::filesystem::path& store, const FileBytes& file, const FileBytes& log) {
   const auto unfinished = unfinishedCopiesOf(store);
-  for (const auto& copy : unfinished) {
-    if (readRawDatabaseFile(copy) == file && logOf(copy) == log) return true;
+  if (!unfinished) return false;
+  for (const auto& copy : *unfinished) {
+    const auto copiedLog = logOf(copy);
+    if (readRawDatabaseFile(copy) == file && copiedLog && *copiedLog == log) return true;
   }
-  if (unfinished.size() >= kMaximumUnfinished) return true;
+  if (unfinished->size() >= kMaximumUnfinished) return true;
   int number = 1;
-  while (::access(unfinishedCopy(store, number).c_str(), F_OK) == 0) ++number;
+  while (std::ranges::find(*unfinished, unfinishedCopy(store, number)) != unfinished->end())
+    ++number;
   const auto copy = unfinishedCopy(store, number);
   // The log first: a copy of the file tells that both are complete.
   const std::string logCopy = copy.string() + "-wal";
@@ -114,11 +118,13 @@ bool fill(const Database& database, const std::vector<PreferenceChange>& rows) {
 
 }  // namespace
 
-std::vector<std::filesystem::path> unfinishedCopiesOf(const std::filesystem::path& store) {
+Result<std::vector<std::filesystem::path>> unfinishedCopiesOf(const std::filesystem::path& store) {
   std::vector<std::filesystem::path> copies;
   for (int number = 1; number <= kMaximumUnfinished; ++number) {
-    if (auto copy = unfinishedCopy(store, number); ::access(copy.c_str(), F_OK) == 0)
-      copies.push_back(std::move(copy));
+    auto copy = unfinishedCopy(store, number);
+    const Presence presence = presenceOf(copy);
+    if (presence == Presence::unknown) return unreadable(copy);
+    if (presence == Presence::present) copies.push_back(std::move(copy));
   }
   return copies;
 }
@@ -137,13 +143,14 @@ std::optional<Error> StoreRewrite::run(Patience patience, const Contents& conten
   if (!keepDamaged())
     return fail("keep a copy of", errno == ENOSPC || errno == EDQUOT ? SQLITE_FULL : SQLITE_IOERR);
   const auto rows = contents();
-  if (!rows) return fail("read", SQLITE_IOERR);
+  if (!rows) return rows.error();
   if (!fill(fresh, *rows)) return fail("recover", SQLITE_NOMEM);
   if (!cutLog()) return fail("recover", SQLITE_IOERR);
   const int code = backup.step(-1);
   if (const int end = backup.finish(); code != SQLITE_DONE || end != SQLITE_OK) {
     return fail("recover", code != SQLITE_DONE ? code : end);
   }
+  takeLogOverAtClose(true);
   // Another process may be reading from the log. Then the contents stay there until it is done.
   sqlite3_wal_checkpoint_v2(database_.get(), nullptr, SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
   return std::nullopt;
@@ -164,9 +171,17 @@ bool StoreRewrite::openWithRightHeader(sqlite3* example) {
       store_.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_EXRESCODE,
       nullptr);
   database_.reset(opened);
+  if (opened == nullptr) return false;
+  takeLogOverAtClose(false);
   // Else SQLite refuses a file that is shorter than its header says.
   sqlite3_db_config(opened, SQLITE_DBCONFIG_WRITABLE_SCHEMA, 1, nullptr);
   return code == SQLITE_OK && sqlite3_db_readonly(opened, "main") == 0;
+}
+
+// SQLite removes a log that it takes over, with all that follows the first wrong frame. That may
+// happen only once its contents are in the store.
+void StoreRewrite::takeLogOverAtClose(bool isAllowed) const {
+  sqlite3_db_config(database_.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, isAllowed ? 0 : 1, nullptr);
 }
 
 // Takes the checksums of the shared index away, under the lock of writers. SQLite then makes it

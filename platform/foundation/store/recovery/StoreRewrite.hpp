@@ -32,15 +32,16 @@ class StoreRewrite {
 public:
   explicit StoreRewrite(std::filesystem::path store) : store_(std::move(store)) {}
 
-  // Steps 1 to 6. `contents` is asked for all rows once nobody writes any more; none when the file
-  // or its log cannot be read. Needs the repair lock, and that the file exists. Says why the store
-  // was not written.
-  using Contents = std::function<std::optional<std::vector<PreferenceChange>>()>;
+  // Steps 1 to 6. `contents` is asked for all rows once nobody writes any more; nothing is written
+  // when it fails. Needs the repair lock, and that the file exists. Says why the store was not
+  // written.
+  using Contents = std::function<Result<std::vector<PreferenceChange>>()>;
   std::optional<Error> run(Patience patience, const Contents& contents);
   QEVSettings::StorageProblem problem() const { return problem_; }
 
 private:
   bool openWithRightHeader(sqlite3* example);
+  void takeLogOverAtClose(bool isAllowed) const;
   int forgetLogIndex();
   bool keepDamaged() const;
   bool cutLog() const;
@@ -54,6 +55,7 @@ private:
 };
 
 // Unfinished copies of a damaged store and its log, of recoveries that did not come to their end.
-std::vector<std::filesystem::path> unfinishedCopiesOf(const std::filesystem::path& store);
+// Fails when the system does not let them be looked up.
+Result<std::vector<std::filesystem::path>> unfinishedCopiesOf(const std::filesystem::path& store);
 
 }  // namespace foundation

@@ -2,6 +2,8 @@
 
 #include "store/recovery/DatabaseLog.hpp"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -9,8 +11,10 @@ namespace foundation {
 
 namespace {
 
-DatabaseLog logOf(const std::filesystem::path& path) {
-  return DatabaseLog(readRawDatabaseFile(path.string() + "-wal").value_or(FileBytes()));
+Result<DatabaseLog> logOf(const std::filesystem::path& path) {
+  auto bytes = readRawDatabaseFileIfThere(path.string() + "-wal");
+  if (!bytes) return bytes.error();
+  return DatabaseLog(*std::move(bytes));
 }
 
 void takeOver(const DatabaseLog& log, FileBytes& file) {
@@ -24,25 +28,31 @@ void takeOver(const DatabaseLog& log, FileBytes& file) {
 
 }  // namespace
 
-std::optional<FileBytes> snapshotOfDatabase(const std::filesystem::path& path) {
+Result<DatabaseSnapshot> snapshotOfDatabase(const std::filesystem::path& path) {
   constexpr int attempts = 10;
+  constexpr useconds_t pauseMicroseconds = 2000;
   constexpr std::size_t writeVersion = 18;
   constexpr std::size_t readVersion = 19;
-  for (int i = 0; i < attempts; ++i) {
+  for (int i = 1;; ++i) {
     const auto before = logOf(path);
     auto file = readRawDatabaseFile(path);
-    if (!file) return std::nullopt;
+    if (!file) return unreadable(path);
     const auto after = logOf(path);
+    if (!before || !after) return before ? after.error() : before.error();
     // Pages that were taken over into the file meanwhile are in the log still, unless it was begun
-    // anew.
-    if (!after.continues(before) && i + 1 < attempts) continue;
-    takeOver(after, *file);
+    // anew. A log that is being written looks damaged for a moment.
+    const bool isSettled = after->continues(*before) && !after->hasLostTransactions();
+    if (!isSettled && i < attempts) {
+      ::usleep(pauseMicroseconds);
+      continue;
+    }
+    takeOver(*after, *file);
     // In memory there is no log.
     if (file->size() > readVersion && (*file)[writeVersion] == 2)
       (*file)[writeVersion] = (*file)[readVersion] = 1;
-    return file;
+    return DatabaseSnapshot{.bytes = *std::move(file),
+                            .hasLostTransactions = after->hasLostTransactions()};
   }
-  return std::nullopt;
 }
 
 }  // namespace foundation

@@ -42,12 +42,11 @@ std::filesystem::path withCanonicalFolder(const std::filesystem::path& store) {
 
 }  // namespace
 
-PreferencesWatch::PreferencesWatch(std::filesystem::path store, Callback changed, Callback retry,
-                                   Callback lost, std::shared_ptr<WatchSystem> system)
+PreferencesWatch::PreferencesWatch(std::filesystem::path store, Callbacks callbacks,
+                                   std::shared_ptr<WatchSystem> system)
     : system_(std::move(system)),
       store_(withCanonicalFolder(store)),
-      callbacks_(std::make_shared<const Callbacks>(Callbacks{
-          .changed = std::move(changed), .retry = std::move(retry), .lost = std::move(lost)})),
+      callbacks_(std::make_shared<const Callbacks>(std::move(callbacks))),
       queuedCallbacks_(callbacks_),
       events_(std::move(store), *system_),
       pause_(kShortestPause),
@@ -232,9 +231,18 @@ bool PreferencesWatch::hasChanged(FolderEvents::News news) const {
 }
 
 void PreferencesWatch::handleDeadlines() {
-  if (isDue(retryAt_)) queue(&Callbacks::retry);
-  if (isDue(synchronizeAt_) && !system_->synchronizeLog(store_)) queue(&Callbacks::lost);
-  if (isDue(copyAt_)) system_->keepCopy(store_);
+  if (isDue(retryAt_)) {
+    queue([](const Callbacks& callbacks) { callbacks.retry(); });
+  }
+  if (isDue(synchronizeAt_) && !system_->synchronizeLog(store_)) {
+    queue([](const Callbacks& callbacks) { callbacks.lost(); });
+  }
+  if (!isDue(copyAt_)) return;
+  if (auto recovery = system_->keepCopy(store_)) {
+    queue([recovery = *std::move(recovery)](const Callbacks& callbacks) {
+      callbacks.recovered(recovery);
+    });
+  }
 }
 
 void PreferencesWatch::queueChanged() {
@@ -249,9 +257,9 @@ void PreferencesWatch::queueChanged() {
   }
 }
 
-void PreferencesWatch::queue(Callback Callbacks::*callback) {
-  MainQueue::mainQueue().async([weak = queuedCallbacks_, callback] {
-    if (const auto callbacks = weak.lock()) ((*callbacks).*callback)();
+void PreferencesWatch::queue(std::function<void(const Callbacks&)> call) {
+  MainQueue::mainQueue().async([weak = queuedCallbacks_, call = std::move(call)] {
+    if (const auto callbacks = weak.lock()) call(*callbacks);
   });
 }
 

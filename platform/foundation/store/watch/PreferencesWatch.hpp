@@ -17,9 +17,8 @@
 
 namespace foundation {
 
-// Watches the file of a store from a thread of its own. Queues `changed` on the main queue when
-// another process may have written or a file was replaced, and `retry` and `lost` as asked for
-// below. Puts the writes of a burst on disk, and makes the good copy after 15 s without a write.
+// Watches the file of a store from a thread of its own, which puts the writes of a burst on disk
+// and makes the good copy after 15 s without a write.
 //
 // Main thread. The system may refuse what this needs, which is said once in a line of diagnostics:
 // - without inotify or a free descriptor the thread compares the files every 250 ms;
@@ -27,9 +26,16 @@ namespace foundation {
 // time.
 class PreferencesWatch {
 public:
-  using Callback = std::function<void()>;
+  // They are called from the main queue.
+  struct Callbacks {
+    std::function<void()> changed;  // another process may have written, or a file was replaced
+    std::function<void()> retry;    // `retryLater` asked for it
+    std::function<void()> lost;     // the disk refused what `synchronizeLater` was to put there
+    // Making the good copy found damage, and recovered the store.
+    std::function<void(QEVSettings::StoreOpening)> recovered;
+  };
 
-  PreferencesWatch(std::filesystem::path store, Callback changed, Callback retry, Callback lost,
+  PreferencesWatch(std::filesystem::path store, Callbacks callbacks,
                    std::shared_ptr<WatchSystem> system = std::make_shared<WatchSystem>());
   PreferencesWatch(const PreferencesWatch&) = delete;
   PreferencesWatch& operator=(const PreferencesWatch&) = delete;
@@ -53,11 +59,6 @@ public:
 private:
   using Clock = std::chrono::steady_clock;
   using Deadline = std::optional<Clock::time_point>;
-  struct Callbacks {
-    Callback changed;
-    Callback retry;
-    Callback lost;
-  };
 
   void start();
   void turnWithoutThread();
@@ -71,7 +72,7 @@ private:
   bool hasChanged(FolderEvents::News news) const;
   void handleDeadlines();
   void queueChanged();
-  void queue(Callback Callbacks::*callback);
+  void queue(std::function<void(const Callbacks&)> call);
 
   const std::shared_ptr<WatchSystem> system_;
   const std::filesystem::path store_;

@@ -55,9 +55,8 @@ bool WatchSystem::synchronizeLog(const std::filesystem::path& store) {
   return isSynchronized;
 }
 
-// A copy that fails is made at the next occasion; the store itself is what must not be lost.
-void WatchSystem::keepCopy(const std::filesystem::path& store) {
-  static_cast<void>(keepGoodCopy(store));
+std::optional<QEVSettings::StoreOpening> WatchSystem::keepCopy(const std::filesystem::path& store) {
+  return keepGoodCopy(store);
 }
 
 }  // namespace foundation

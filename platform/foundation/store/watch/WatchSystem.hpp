@@ -1,5 +1,6 @@
 #pragma once
 
+#include "QEVSettings/preferences/StorageReport.hpp"
 #include "foundation/Result.hpp"
 #include "system/FileDescriptor.hpp"
 
@@ -36,8 +37,8 @@ public:
   // How long a store is idle before `keepCopy`.
   virtual std::chrono::milliseconds pauseBeforeCopy() const { return std::chrono::seconds(15); }
 
-  // Makes the good copy anew.
-  virtual void keepCopy(const std::filesystem::path& store);
+  // Makes the good copy anew; the outcome of the recovery that this required, if it did.
+  virtual std::optional<QEVSettings::StoreOpening> keepCopy(const std::filesystem::path& store);
 };
 
 }  // namespace foundation
