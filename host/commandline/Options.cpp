@@ -58,6 +58,7 @@ Result<Options> parseCommand(const CommandEntry& entry, Words words, bool isName
   return Options{.store = std::move(program.store),
                  .storeUse = entry.storeUse,
                  .runsUntilEnded = entry.runsUntilEnded,
+                 .needsWindow = entry.needsWindow,
                  .invocation = std::move(invocation)};
 }
 

@@ -16,6 +16,7 @@ struct Options {
   std::optional<std::filesystem::path> store{};
   StoreUse storeUse = StoreUse::none;
   bool runsUntilEnded = false;
+  bool needsWindow = false;
   Invocation invocation{};
 };
 

@@ -46,6 +46,7 @@ struct CommandEntry {
   std::string_view help;  // sentences
   StoreUse storeUse = StoreUse::none;
   bool runsUntilEnded = false;
+  bool needsWindow = false;  // is carried out by the window program, which alone links Qt
   std::function<Invocation()> prepare{};
 };
 

@@ -67,20 +67,23 @@ std::vector<CommandEntry> windowCommands() {
                        "display, draw it into "
                        "the folder zorvantine-settings instead.",
                .storeUse = StoreUse::shows,
-               .runsUntilEnded = true},
+               .runsUntilEnded = true,
+               .needsWindow = true},
               settingsArguments),
       command({.name = "run",
                .help = "Open the main window: sample packets, listed as the settings say, and a "
                        "menu that opens the "
                        "settings.",
                .storeUse = StoreUse::shows,
-               .runsUntilEnded = true},
+               .runsUntilEnded = true,
+               .needsWindow = true},
               runArguments),
       command({.name = "snapshot",
                .help = "Draw the settings window into DIR, one picture TAB.png a tab. Needs no "
                        "display, and changes no "
                        "preference.",
-               .storeUse = StoreUse::reads},
+               .storeUse = StoreUse::reads,
+               .needsWindow = true},
               snapshotArguments),
       command({.name = "describe",
                .help = "Print what is on a page, and where: kind, role, label, value, help, "

@@ -2,14 +2,15 @@
 
 #include "Language.hpp"
 #include "commandline/TextForm.hpp"
+#include "commands/ReplaceProcess.hpp"
 #include "foundation/Bundle.hpp"
 #include "viewkit/ViewHost.hpp"
 #include "window/DescriptorWatch.hpp"
 #include "window/MainWindow.hpp"
 #include "window/Updates.hpp"
-#include "window/startAgainWithoutDisplay.hpp"
 
 #include <array>
+#include <cstdlib>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -28,6 +29,13 @@ struct NoArguments {
 NoArguments& noArguments() {
   static NoArguments arguments;
   return arguments;
+}
+
+// Qt stops the process when it cannot reach the display that it was told of. It starts again
+// without one, as far as it can see.
+void startAgainWithoutDisplay() {
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) ::unsetenv(name);
+  replaceProcess("/proc/self/exe");
 }
 
 NoArguments& preparedFor(QtMessages& messages, qt::Application::Display display) {
