@@ -27,8 +27,8 @@ int report(const Failure& failure, Messages& messages) {
   return static_cast<int>(failure.code);
 }
 
-// The person's own store is empty until something is stored. A file that was named and is not there
-// is a mistake in the name.
+// A store file that was named and does not exist is an error in the name. The person's own store
+// need not exist: it is empty until something is stored.
 Failed missingStore(const Options& options) {
   std::error_code error;
   if (!options.store || std::filesystem::symlink_status(*options.store, error).type() !=
@@ -39,7 +39,7 @@ Failed missingStore(const Options& options) {
                             "; check its name, or make it with prefs set or prefs import"};
 }
 
-// Opens the store as the command uses it, and says how it came to be open.
+// Opens the store in the way that the command uses it, and reports how that went.
 Failed openStore(const Options& options, Messages& messages) {
   if (options.store) UserDefaults::setStandardFile(*options.store);
   const bool changesNothing =
@@ -64,9 +64,9 @@ Failed carryOut(const Options& options, Messages& messages, Program program) {
   if (options.runsUntilEnded) messages.logDiagnosticsAsTheyCome();
   Console console{.in = std::cin, .out = std::cout, .outIsTerminal = ::isatty(STDOUT_FILENO) == 1};
   failed = options.invocation.run(console);
-  // A store that had to be recovered meanwhile was opened again.
+  // The store may have been recovered, and so opened anew, while the command ran.
   if (opensStore(options.storeUse)) messages.say(Console::store().opening().message);
-  // A command that fails says in its own words what is wrong.
+  // The message of a failed command replaces the diagnostics.
   if (!failed) messages.logDiagnostics();
   return failed;
 }
@@ -75,7 +75,7 @@ Failed carryOut(const Options& options, Messages& messages, Program program) {
 
 int runCommandLine(int argc, char** argv, Program program) {
   std::ios::sync_with_stdio(false);
-  // Outlives the store, which may still report something while it is closed.
+  // Outlives the store, which may report something when it is closed.
   static Messages messages;
   const std::vector<std::string_view> words(argv + (argc > 0 ? 1 : 0), argv + argc);
   const auto options = parseOptions(words);

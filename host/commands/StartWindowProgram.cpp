@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <system_error>
 
-// In the program without Qt, the commands of the window start the program that links it. That
-// program reads the same command line and opens the store itself.
+// The commands of the window in the program without Qt. Each starts the program that links Qt,
+// which reads the same command line and opens the store itself.
 
 namespace zorvantine {
 

@@ -86,9 +86,9 @@ std::vector<CommandEntry> windowCommands() {
                .needsWindow = true},
               snapshotArguments),
       command({.name = "describe",
-               .help = "Print what is on a page, and where: kind, role, label, value, help, "
-                       "whether it is enabled, and "
-                       "its frame in points. Changes no preference.",
+               .help = "Print what is on a page: the kind, role, label, value and help of each "
+                       "element, whether it is enabled and selected, what it looks like (visual), "
+                       "and its frame in points. Changes no preference.",
                .storeUse = StoreUse::reads},
               describeArguments),
   };

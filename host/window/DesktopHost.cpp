@@ -19,7 +19,7 @@ namespace zorvantine {
 
 namespace {
 
-// What Qt asks for; the command line is ours alone.
+// Qt needs a command line. It gets one without arguments, because ours are not for it.
 struct NoArguments {
   std::string name = "zorvantine";
   int count = 1;
@@ -31,8 +31,8 @@ NoArguments& noArguments() {
   return arguments;
 }
 
-// Qt stops the process when it cannot reach the display that it was told of. It starts again
-// without one, as far as it can see.
+// Qt stops the process when the display that the environment names cannot be reached. The program
+// starts again in an environment that names none.
 void startAgainWithoutDisplay() {
   for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) ::unsetenv(name);
   replaceProcess("/proc/self/exe");
@@ -43,7 +43,7 @@ NoArguments& preparedFor(QtMessages& messages, qt::Application::Display display)
   return noArguments();
 }
 
-// The window is closing, so the terminal is told.
+// The texts are lost when the window closes, so they are reported on standard error.
 void tellOfRefusedTexts(const std::vector<viewkit::RefusedText>& texts) {
   for (const viewkit::RefusedText& each : texts) {
     std::cerr << "zorvantine: "
@@ -87,7 +87,7 @@ std::unique_ptr<qt::Window> DesktopHost::makeWindow(Tab tab) const {
 
 void DesktopHost::run(Tab tab, const Interruption& interruption) {
   const auto window = makeWindow(tab);
-  // Closing commits a text that is being edited, which ending the process would lose.
+  // Closing the window commits a text that is being edited; ending the process would lose it.
   const DescriptorWatch interrupted(interruption.descriptor(), [&window] { window->close(); });
   window->show();
   application_.run();
@@ -110,7 +110,7 @@ void DesktopHost::runMainWindow(const Interruption& interruption) {
 void DesktopHost::openSettings() {
   if (!settings_ || !settings_->isOpen()) {
     settings_ = makeWindow(Tab::general);
-    // By the time this is told, there may be another window already.
+    // Another window may have been opened before this is called.
     settings_->onClose([this] {
       if (settings_ && !settings_->isOpen()) settings_.reset();
     });

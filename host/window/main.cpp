@@ -6,7 +6,7 @@
 
 namespace {
 
-// Installed, this program stands in a folder of its own, and its resources in zorvantine's.
+// In an installed tree the program is in libexec, and shares the resources of zorvantine.
 void useInstalledResources() {
   using foundation::Bundle;
   const auto resources =

@@ -334,6 +334,56 @@ class CommandLine(unittest.TestCase):
             self.run_host("prefs", "import", str(file), code=3)
         self.assertEqual(list(self.listed()), ["mine"])
 
+    def test_import_takes_the_list_that_was_printed_as_json(self):
+        self.run_host("prefs", "import", SAMPLE)
+        for name, option, text in [
+            ("date", "--date", "2026-03-01T12:30:00.25Z"),
+            ("far", "--real", "-inf"),
+            ("nested", "--json", '{"a":[1,1.0,true,"b"]}'),
+            ("bytes", "--data", "AP8="),
+        ]:
+            self.run_host("prefs", "set", name, option, text)
+        self.run_host("prefs", "import", self.plist({VERSION_KEY: 2, "undefined": float("nan")}))
+        self.run_host("prefs", "set", VERSION_KEY, "--int", "2")
+        printed = self.run_host("prefs", "list", "--format", "json")
+        self.store = self.folder / "copy.sqlite"
+        text = self.run_host("prefs", "import", "-", text=printed)
+        self.assertEqual(text, f"Imported {len(json.loads(printed)) - 1} keys.\n")
+        self.run_host("prefs", "set", VERSION_KEY, "--int", "2")
+        self.assertEqual(self.run_host("prefs", "list", "--format", "json"), printed)
+
+    def test_import_refuses_json_that_is_no_list_of_typed_values(self):
+        for text, expected in [
+            ("{", "not JSON"),
+            ('{"key": 1}', "“key”: the entry has no type"),
+            ('{"key": {"type": "number", "value": 1}}', "“key”: the entry has no type"),
+            ('{"key": {"type": "integer", "value": "1"}}', "not of the type integer"),
+            ('{"key": {"type": "boolean", "value": 1}}', "not of the type boolean"),
+            ('{"key": {"type": "array", "value": {}}}', "not of the type array"),
+            ('{"key": {"type": "data", "value": "A"}}', "not base64"),
+            ('{"key": {"type": "real", "value": "far"}}', "not a real number"),
+            ('{"good": {"type": "integer", "value": 1}, "key": {"type": "array", "value": [null]}}', "null"),
+        ]:
+            message = self.run_host("prefs", "import", "-", text=text, code=3)
+            self.assertTrue(message.startswith("zorvantine: standard input: "), message)
+            self.assertIn(expected, message)
+        self.assertEqual(self.listed(), {})
+
+    def test_export_to_standard_output_is_what_a_file_would_hold(self):
+        self.run_host("prefs", "import", SAMPLE)
+        target = self.folder / "list"
+        for form in ("xml", "binary"):
+            self.run_host("prefs", "export", str(target), "--format", form)
+            done = subprocess.run(
+                self.command("prefs", "export", "-", "--format", form), capture_output=True, check=True
+            )
+            self.assertEqual(done.stdout, target.read_bytes())
+            self.store = self.folder / f"{form}.sqlite"
+            subprocess.run(self.command("prefs", "import", "-"), input=done.stdout, capture_output=True, check=True)
+            self.assertGreater(len(self.listed()), 20)
+            self.store = self.folder / "store.sqlite"
+        self.assertFalse((self.folder / "-").exists())
+
     def test_export_is_readable_by_another_reader(self):
         with open(SAMPLE, "rb") as file:
             expected = plistlib.load(file)
