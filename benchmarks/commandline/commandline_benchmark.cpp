@@ -26,7 +26,8 @@ void useFolder(const std::filesystem::path& folder) {
   ::setenv("GSETTINGS_SCHEMA_DIR", folder.c_str(), 1);
   ::setenv("GSETTINGS_BACKEND", "keyfile", 1);
   ::setenv("LC_ALL", "C.UTF-8", 1);
-  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS"}) ::unsetenv(name);
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS"})
+    ::unsetenv(name);
 }
 
 // What the other programs read.
@@ -48,7 +49,8 @@ std::vector<Measurement> measurements(const std::string& program, const std::str
   const auto setKey = prefs({"set", "benchmark key", "--int", "1"});
   return {
       {"gsettings get", {"gsettings", "get", kSchema, "key"}},
-      {"kreadconfig5", {"kreadconfig5", "--file", "benchmarkrc", "--group", "Group", "--key", "key"}},
+      {"kreadconfig5",
+       {"kreadconfig5", "--file", "benchmarkrc", "--group", "Group", "--key", "key"}},
       {"an empty program", {"true"}},
       {"prefs get", prefs({"get", "benchmark key"}), setKey},
       {"prefs list", prefs({"list"})},

@@ -1,4 +1,4 @@
-# Writes what completes the PROGRAM's command line in bash, zsh and fish to files in FOLDER.
+# Writes the PROGRAM's completions for bash, zsh and fish to files in FOLDER.
 file(MAKE_DIRECTORY ${FOLDER})
 foreach(shell bash zsh fish)
   execute_process(COMMAND ${PROGRAM} help --format ${shell}

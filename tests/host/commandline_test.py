@@ -434,7 +434,7 @@ class CommandLine(unittest.TestCase):
         again = subprocess.run(self.command("prefs", "migrate"), capture_output=True, text=True)
         self.assertEqual((again.returncode, again.stdout, again.stderr), (0, "", ""))
 
-    def test_watch_tells_of_each_change_until_interrupted(self):
+    def test_watch_prints_each_change_until_interrupted(self):
         self.run_host("prefs", "set", "started", "--int", "-1")
         for stop in (signal.SIGINT, signal.SIGTERM):
             watcher = subprocess.Popen(self.command("prefs", "watch"), stdout=subprocess.PIPE, text=True)
@@ -461,7 +461,7 @@ class CommandLine(unittest.TestCase):
                 watcher.kill()
                 watcher.wait()
 
-    def test_watch_tells_of_the_keys_named_as_json(self):
+    def test_watch_prints_the_named_keys_as_json(self):
         self.run_host("prefs", "set", "started", "--int", "0")
         watcher = subprocess.Popen(
             self.command("prefs", "watch", "--format", "json", "started", "key"), stdout=subprocess.PIPE, text=True
@@ -502,7 +502,7 @@ class CommandLine(unittest.TestCase):
         for title in analyzers:
             self.assertRegex(text, f"(?m)^{re.escape(title)} ")
 
-    def test_help_on_a_command_is_about_that_command(self):
+    def test_help_on_a_command_describes_that_command_alone(self):
         text = self.run_host("prefs", "set", "--help")
         self.assertEqual(text, self.run_host("help", "prefs", "set"))
         self.assertIn("Usage: zorvantine prefs set KEY (--string|--int", " ".join(text.split()))

@@ -13,7 +13,7 @@ using testing::IsEmpty;
 using testing::Not;
 using zorvantine::ProxyService;
 
-TEST(ProxyService, KeepsItsSettingsInTheStoreAndNowhereElse) {
+TEST(ProxyService, SettingsAreKeptInTheStoreAlone) {
   const auto store = UserDefaults::inMemory();
   ProxyService service(*store);
   EXPECT_FALSE(service.isEnabled());
@@ -37,7 +37,7 @@ TEST(ProxyService, KeepsItsSettingsInTheStoreAndNowhereElse) {
   EXPECT_EQ(another.upstream(), std::nullopt);
 }
 
-TEST(ProxyService, TakesWhatMakesNoSenseForTheInitialValue) {
+TEST(ProxyService, UnreadableValueCountsAsTheInitialOne) {
   const auto store = UserDefaults::inMemory();
   const ProxyService service(*store);
   for (const char* text :
@@ -49,7 +49,7 @@ TEST(ProxyService, TakesWhatMakesNoSenseForTheInitialValue) {
   }
 }
 
-TEST(ProxyService, SaysWhyItDoesNotRun) {
+TEST(ProxyService, ProblemSaysWhyItDoesNotRun) {
   const auto store = UserDefaults::inMemory();
   ProxyService service(*store);
   service.setInterceptsTLS(true);
@@ -62,7 +62,7 @@ TEST(ProxyService, SaysWhyItDoesNotRun) {
   EXPECT_THAT(service.problem(), Not(IsEmpty()));
 }
 
-TEST(ProxyService, AnnouncesEachChangeOfItsOwnBeforeItHappens) {
+TEST(ProxyService, OwnChangeIsAnnouncedBeforeItHappens) {
   const auto store = UserDefaults::inMemory();
   ProxyService service(*store);
   std::vector<bool> enabledWhenTold;
