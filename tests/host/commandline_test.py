@@ -56,7 +56,7 @@ class Number(str):
 
 
 def migrated_list(data):
-    """What the migration makes of one protocol list, or None when it leaves it."""
+    """One protocol list after the migration, or None when the migration leaves it alone."""
     try:
         records = json.loads(data.decode("utf-8"), parse_int=Number, parse_float=Number)
     except (ValueError, RecursionError):
@@ -178,7 +178,7 @@ class CommandLine(unittest.TestCase):
         self.assertRegex(done.stderr, r"\Azorvantine: [^\n]+\n\Z")
 
     def files(self):
-        """Every file of the folder: its mode and what its bytes hash to."""
+        """The mode and the hash of every file of the folder."""
         return {
             file.name: (oct(file.stat().st_mode), hashlib.sha256(file.read_bytes()).hexdigest())
             for file in self.folder.iterdir()
@@ -209,7 +209,7 @@ class CommandLine(unittest.TestCase):
             self.assertEqual(self.files(), before)
 
     def test_every_command_says_once_that_the_store_was_restored(self):
-        """`delete` comes last: it opens the store for writing, which puts it right."""
+        """`delete` runs last, because it opens the store for writing and so repairs it."""
         self.run_host("prefs", "set", "mine", "--string", "kept")
         self.store.write_bytes(b"\0" * self.store.stat().st_size)
         damaged = self.files()
@@ -272,7 +272,7 @@ class CommandLine(unittest.TestCase):
     def test_import_of_an_older_release_is_as_if_its_store_had_been_migrated(self):
         with open(SAMPLE, "rb") as file:
             old = plistlib.load(file)
-        # Into a store that has seen its migration.
+        # The store has been migrated before.
         self.run_host("prefs", "migrate")
         text = self.run_host("prefs", "import", SAMPLE)
         imported = self.listed()
@@ -319,7 +319,7 @@ class CommandLine(unittest.TestCase):
         self.run_host("prefs", "set", VERSION_KEY, "--int", "2")
         report = self.run_host("prefs", "verify")
         self.assertEqual(re.findall("^  (.*)$", report, re.MULTILINE), names)
-        # What is said to do does it.
+        # The commands that the report names bring the keys up to date.
         for command in re.findall("“zorvantine (.*?)”", report):
             subprocess.run(self.command(*command.split()), check=True, capture_output=True)
         self.assertNotIn("older release", self.run_host("prefs", "verify"))
@@ -397,7 +397,7 @@ class CommandLine(unittest.TestCase):
         self.run_host("prefs", "export", str(self.folder / "no" / "such" / "folder"), code=3)
 
     def test_migration_brings_the_sample_up_to_date(self):
-        # As a release would leave it that took its own list for one of the current schema.
+        # The list claims the current schema, so the import leaves its older forms alone.
         with open(SAMPLE, "rb") as file:
             self.run_host("prefs", "import", self.plist(plistlib.load(file) | {VERSION_KEY: 2}))
         before = self.listed()
@@ -440,7 +440,7 @@ class CommandLine(unittest.TestCase):
             watcher = subprocess.Popen(self.command("prefs", "watch"), stdout=subprocess.PIPE, text=True)
             self.addCleanup(watcher.stdout.close)
             try:
-                # The first change may come before the watching; one of the next does not.
+                # The first changes may be made before the watcher observes the store.
                 os.set_blocking(watcher.stdout.fileno(), False)
                 line = ""
                 for attempt in range(1000):
@@ -468,7 +468,7 @@ class CommandLine(unittest.TestCase):
         )
         self.addCleanup(watcher.stdout.close)
         try:
-            # The first change may come before the watching; one of the next does not.
+            # The first changes may be made before the watcher observes the store.
             os.set_blocking(watcher.stdout.fileno(), False)
             line = ""
             for attempt in range(1, 1000):

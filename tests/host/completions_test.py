@@ -23,7 +23,7 @@ _zorvantine
 printf '%s\\n' "${COMPREPLY[@]}"
 """
 
-# The two functions of zsh that hand over a result work only while a person types.
+# The functions of zsh that add a completion work only in its line editor, so the test replaces them.
 ZSH = """
 compadd() { if [[ $2 == ${words[CURRENT]}* ]]; then print -r -- "$2"; fi }
 _files() { print -rl -- ${words[CURRENT]}*(N) }

@@ -192,7 +192,7 @@ class WindowCommands(unittest.TestCase):
                 self.command(*words), stderr=subprocess.PIPE, env=self.environment | {"QT_QPA_PLATFORM": "offscreen"}
             )
             try:
-                # The signals are held back from the moment on at which they close the window.
+                # The process blocks the signals as soon as they close the window.
                 status = Path(f"/proc/{window.pid}/status")
                 while not int(status.read_text().split("SigBlk:")[1].split()[0], 16) & 1 << signum - 1:
                     self.assertIsNone(window.poll(), "the window did not stay open")
