@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view kCandidates = R"(
 _zorvantine_keys() {
-  zorvantine ${1:+--store "$1"} prefs list 2>/dev/null |
+  zorvantine ${1:+--store} ${1:+"$1"} prefs list 2>/dev/null |
     awk '$2 ~ /^(integer|boolean|real|string|data|date|array|dictionary)$/ { print $1 }'
 }
 

@@ -17,16 +17,18 @@ constexpr std::size_t kNarrowColumn = 24;
 // Appends words to the last line, which is `lineLength` long. Further lines begin at `column`.
 void appendWrapped(std::string& text, std::string_view words, std::size_t lineLength,
                    std::size_t column) {
+  bool beginsLine = true;
   while (!words.empty()) {
     const std::size_t end = std::min(words.find(' '), words.size());
     const std::string_view word = words.substr(0, end);
-    if (lineLength > column && lineLength + 1 + word.size() > kWidth) {
+    if (!beginsLine && lineLength + 1 + word.size() > kWidth) {
       text += '\n' + std::string(column, ' ');
       lineLength = column;
-    } else if (lineLength > column) {
+    } else if (!beginsLine) {
       text += ' ';
       ++lineLength;
     }
+    beginsLine = false;
     text += word;
     lineLength += word.size();
     words.remove_prefix(std::min(end + 1, words.size()));

@@ -58,7 +58,7 @@ Result<Options> parseCommand(const CommandEntry& entry, Words words, bool isName
   return Options{.store = std::move(program.store),
                  .storeUse = entry.storeUse,
                  .runsUntilEnded = entry.runsUntilEnded,
-                 .needsWindow = entry.needsWindow,
+                 .program = entry.program,
                  .invocation = std::move(invocation)};
 }
 

@@ -16,7 +16,7 @@ struct Options {
   std::optional<std::filesystem::path> store{};
   StoreUse storeUse = StoreUse::none;
   bool runsUntilEnded = false;
-  bool needsWindow = false;
+  Program program = Program::shell;
   Invocation invocation{};
 };
 

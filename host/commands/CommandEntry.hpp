@@ -29,6 +29,14 @@ constexpr bool opensStore(StoreUse use) {
   return use != StoreUse::none && use != StoreUse::inspects;
 }
 
+// The programs of the host. Each has the whole table of commands, and hands the commands of the
+// others over. A program of the shell starts several times as fast as one that links Qt or views.
+enum class Program {
+  shell,   // zorvantine
+  pages,   // zorvantine-pages, which links the pages and analyzers but not Qt
+  window,  // zorvantine-window, which links Qt
+};
+
 // The chapters of help and of the manual.
 enum class Chapter { window, preferences, analyzers, help };
 
@@ -46,7 +54,7 @@ struct CommandEntry {
   std::string_view help;  // sentences
   StoreUse storeUse = StoreUse::none;
   bool runsUntilEnded = false;
-  bool needsWindow = false;  // is carried out by the window program, which alone links Qt
+  Program program = Program::shell;  // carries the command out
   std::function<Invocation()> prepare{};
 };
 

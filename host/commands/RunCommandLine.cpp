@@ -4,6 +4,7 @@
 #include "commandline/Messages.hpp"
 #include "commandline/Options.hpp"
 #include "commands/Commands.hpp"
+#include "foundation/Bundle.hpp"
 #include "foundation/UserDefaults.hpp"
 
 #include <unistd.h>
@@ -56,9 +57,17 @@ Failed openStore(const Options& options, Messages& messages) {
   return std::nullopt;
 }
 
+// In an installed tree the other programs are in libexec, and share the resources of zorvantine.
+void useInstalledResources() {
+  using foundation::Bundle;
+  const auto resources = (Bundle::mainBundle().folder() / ZORVANTINE_RESOURCES).lexically_normal();
+  std::error_code error;
+  if (std::filesystem::is_directory(resources, error)) Bundle::setMainResourceFolder(resources);
+}
+
 Failed carryOut(const Options& options, Messages& messages, Program program) {
-  // The window program opens the store for the commands that it is started for.
-  const bool isHandedOver = options.needsWindow && program == Program::shell;
+  // The other programs open the store for the commands that they are started for.
+  const bool isHandedOver = program == Program::shell && options.program != program;
   Failed failed = isHandedOver ? std::nullopt : openStore(options, messages);
   if (failed) return failed;
   if (options.runsUntilEnded) messages.logDiagnosticsAsTheyCome();
@@ -75,6 +84,7 @@ Failed carryOut(const Options& options, Messages& messages, Program program) {
 
 int runCommandLine(int argc, char** argv, Program program) {
   std::ios::sync_with_stdio(false);
+  if (program != Program::shell) useInstalledResources();
   // Outlives the store, which may report something when it is closed.
   static Messages messages;
   const std::vector<std::string_view> words(argv + (argc > 0 ? 1 : 0), argv + argc);

@@ -1,15 +1,12 @@
 #pragma once
 
+#include "commands/CommandEntry.hpp"
+
 namespace zorvantine {
 
-// The programs that the host consists of. Both know every command.
-enum class Program {
-  shell,   // zorvantine: does not link Qt, and starts the other one for commands of the window
-  window,  // zorvantine-window
-};
-
-// Reads a command line, carries the command out and reports failures on standard error. Returns the
-// exit code of the process. Main thread, once.
+// Reads a command line, carries the command out and reports failures on standard error. A command
+// of another program is handed over to that program. Returns the exit code of the process. Main
+// thread, once. `program` is the program that calls this.
 int runCommandLine(int argc, char** argv, Program program);
 
 }  // namespace zorvantine

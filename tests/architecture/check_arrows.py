@@ -35,7 +35,7 @@ ROOMS = {
     "fuzz": ("fuzz", {"QEVSettings", "headless"}),
 }
 
-POSIX = r"(sys/\w+|unistd|fcntl|poll|pwd|signal|dlfcn|termios)\.h"
+POSIX = r"(sys/\w+|unistd|fcntl|poll|pwd|signal|spawn|dlfcn|termios)\.h"
 NETWORK = r"(arpa/inet|ifaddrs|net/if|netinet/in)\.h"
 QT = r"Qt|Q[A-Z]\w*(/\w+)?"
 

@@ -12,7 +12,7 @@ import unittest
 from pathlib import Path
 
 BUILD, SCRATCH = Path(sys.argv[1]), Path(sys.argv[2])
-BINARIES, DATA, WINDOW = "bin", "share", "libexec/QEVSettings/zorvantine-window"
+BINARIES, DATA, PROGRAMS = "bin", "share", "libexec/QEVSettings"
 
 
 class InstalledTree(unittest.TestCase):
@@ -46,7 +46,7 @@ class InstalledTree(unittest.TestCase):
     def test_program_of_the_shell_does_not_link_qt(self):
         libraries = subprocess.run(["ldd", self.program], check=True, capture_output=True, text=True).stdout
         self.assertIn("libsqlite3", libraries)
-        for library in ("libQt6", "libicu"):
+        for library in ("libQt6", "libicu", "libsodium", "libstdc++"):
             self.assertNotIn(library, libraries)
 
     def test_programs_find_each_other_and_their_texts(self):
@@ -56,16 +56,22 @@ class InstalledTree(unittest.TestCase):
         drawn = self.picture(self.program, "moved pictures")
         self.assertEqual(drawn, self.picture(BUILD / "bin" / "zorvantine", "built pictures"))
 
-    def test_window_program_that_is_missing_is_a_failure(self):
-        window = self.tree / WINDOW
-        hidden = window.with_name("hidden")
-        window.rename(hidden)
+    def test_program_that_is_missing_is_a_failure(self):
+        programs = self.tree / PROGRAMS
+        hidden = programs.with_name("hidden")
+        programs.rename(hidden)
         try:
-            for words in (["settings"], ["run"], ["snapshot", "--out", "pictures"]):
+            for name, words in (
+                ("window", ["settings"]),
+                ("window", ["run"]),
+                ("window", ["snapshot", "--out", "pictures"]),
+                ("pages", ["describe"]),
+                ("pages", ["analyzers"]),
+            ):
                 message = self.run_host(self.program, *words, code=3)
-                self.assertRegex(message, r"\Azorvantine: [^\n]*/zorvantine-window[^\n]*install[^\n]*\n\Z")
+                self.assertRegex(message, rf"\Azorvantine: [^\n]*/zorvantine-{name} [^\n]*install[^\n]*\n\Z")
         finally:
-            hidden.rename(window)
+            hidden.rename(programs)
 
     def test_manual_and_completions_are_installed(self):
         for file in (

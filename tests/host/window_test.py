@@ -154,6 +154,7 @@ class WindowCommands(unittest.TestCase):
         program = self.folder / "programs" / "zorvantine"
         program.parent.mkdir()
         shutil.copy(PROGRAM, program)
+        shutil.copy(Path(PROGRAM).with_name("zorvantine-pages"), program.parent)
         resources = program.parent / "Resources"
         resources.mkdir()
 
