@@ -15,6 +15,10 @@ install(FILES
   ${PROJECT_BINARY_DIR}/package/QEVSettingsConfigVersion.cmake
   DESTINATION ${QEV_INSTALL_PACKAGE} COMPONENT dev)
 
+# ICU is loaded at run time, so nothing in a binary names its package.
+find_package(ICU REQUIRED COMPONENTS uc)
+string(REGEX MATCH "^[0-9]+" icu_version "${ICU_VERSION}")
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME zorvantine)
 # Each package has a summary of its own, which this one would stand before.
@@ -32,8 +36,8 @@ set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS OFF)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME zorvantine)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION net)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
-# The names of the time zones, which no library brings along.
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS "tzdata")
+# tzdata has the names of the time zones.
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS "libicu${icu_version}, tzdata")
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "settings of a network packet analyzer
 The settings window of the analyzer: appearance, time zone and updates, the
 capture, the interception proxy, every analyzer with its options, colours and
@@ -42,7 +46,7 @@ checked from the shell.")
 
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libqevsettings-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "libexpat1-dev, libicu-dev, libsodium-dev, libsqlite3-dev, pkg-config")
+set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "libexpat1-dev, libicu${icu_version}, libsodium-dev, libsqlite3-dev, pkg-config")
 if(QEV_WITH_QT)
   string(APPEND CPACK_DEBIAN_DEV_PACKAGE_DEPENDS ", libgl-dev, libqt6svg6-dev, qt6-base-dev")
 endif()

@@ -25,7 +25,7 @@ void ApplicationDelegate::setupAppearanceFromUserDefaults() {
     application.setAppearance(std::nullopt);
     return;
   }
-  // Every other name is as dark as the default.
+  // An unknown name counts as the default, which is dark.
   const std::string name =
       store_.stringForKey(kAppearanceName.name).value_or(kAppearanceName.defaultValue);
   application.setAppearance(name == QEVKonstantsKeys::kAppearanceNameAqua ? Appearance::light

@@ -5,9 +5,8 @@
 
 namespace zorvantine {
 
-// The host's answer to what the settings ask of it: the application looks as the store says, from
-// the moment the delegate is made, and also when another process changes what the store says. Main
-// thread.
+// Gives the application the appearance that the store names: when the delegate is made, when the
+// settings window asks for it, and when another process changes the store. Main thread.
 class ApplicationDelegate final : public QEVDependencies::QEVAppDelegateProvider {
 public:
   // The store outlives the delegate.

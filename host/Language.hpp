@@ -6,11 +6,11 @@
 
 namespace zorvantine {
 
-// The language that windows speak, "de" or "zh-Hans": the best of the person's languages that there
-// are texts in. Main thread.
+// The language of the windows, such as "de" or "zh-Hans": the first of the person's preferred
+// languages that the host has texts in. Main thread.
 std::string windowLanguage();
 
-// How that language is written.
+// The writing direction of that language.
 viewkit::LayoutDirection windowDirection();
 
 }  // namespace zorvantine

@@ -21,7 +21,7 @@ struct FreeList {
   void operator()(ifaddrs* list) const { ::freeifaddrs(list); }
 };
 
-// Empty for an address that is no IP address.
+// Empty for an address of another family than IP.
 std::string textOf(const sockaddr* address) {
   if (address == nullptr) return {};
   std::array<char, INET6_ADDRSTRLEN> text{};
@@ -42,7 +42,7 @@ std::vector<NetworkInterface> MachineInterfaces::all() const {
   if (::getifaddrs(&first) != 0) return {};
   const std::unique_ptr<ifaddrs, FreeList> list(first);
   std::vector<NetworkInterface> interfaces;
-  // An interface comes once for each of its addresses.
+  // The list names an interface once for each of its addresses.
   for (const ifaddrs* entry = list.get(); entry != nullptr; entry = entry->ifa_next) {
     const std::string name = entry->ifa_name;
     auto found = std::ranges::find(interfaces, name, &NetworkInterface::name);

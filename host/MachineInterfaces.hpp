@@ -6,7 +6,7 @@
 
 namespace zorvantine {
 
-// The network interfaces that the machine has at the moment of asking, in the system's order.
+// The machine's network interfaces at the time of each call, in the system's order.
 class MachineInterfaces final : public QEVCoreComponents::NetworkInterfaces {
 public:
   std::vector<QEVCoreComponents::NetworkInterface> all() const override;

@@ -17,7 +17,7 @@ constexpr std::string_view kCertificatePath = "com_velloquin_zorvantine_proxy_ce
 constexpr std::string_view kInitialHost = "localhost";
 constexpr std::uint16_t kInitialPort = 8080;
 
-// The address of a text as ProxyAddress writes it.
+// Reads an address in the form that ProxyAddress::text returns.
 std::optional<ProxyAddress> addressOf(std::string_view text) {
   const std::size_t colon = text.rfind(':');
   if (colon == std::string_view::npos) return std::nullopt;

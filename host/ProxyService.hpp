@@ -9,8 +9,8 @@
 
 namespace zorvantine {
 
-// The settings of the host's interception proxy, kept in the preferences store below a prefix of
-// their own. What is stored there and makes no sense reads as the initial value. Main thread.
+// The settings of the host's interception proxy. Their keys in the preferences store begin with
+// kKeyPrefix. A stored value that cannot be read counts as the initial value. Main thread.
 class ProxyService final : public QEVDependencies::ProxyServiceProtocol {
 public:
   static constexpr std::string_view kKeyPrefix = "com_velloquin_zorvantine_proxy_";

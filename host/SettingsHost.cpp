@@ -32,7 +32,7 @@ QEVSettingsView::Tabs tabOf(Tab tab) {
 
 SettingsHost::SettingsHost(const WindowOptions& options, QEVSettings::PreferencesStore& store)
     : hasProxyTab_(options.hasProxyTab), store_(store) {
-  // Before anything else reads the store.
+  // Nothing may read the store in the form of an older release.
   QEVSettings::QEVPreferencesMigration::migrateIfNeeded(store);
   if (!options.language.empty()) Bundle::setPreferredLanguages({options.language});
   loadAnalyzers(options.syntheticAnalyzers, store);

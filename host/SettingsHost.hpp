@@ -13,15 +13,14 @@
 
 namespace zorvantine {
 
-// The launched application, as far as its settings window needs it: the store is up to date, the
-// analyzers are loaded, and everything that the window shows and does not own is there. Windows
-// come and go; this stays. One a process, on the main thread.
+// Everything that settings windows share: making it migrates the store, loads the analyzers, and
+// makes the models that a window shows. It outlives its windows. One per process, main thread.
 class SettingsHost {
 public:
-  // The store outlives the host. Views speak the language of the options.
+  // The store outlives the host. Views are in the language that the options name.
   SettingsHost(const WindowOptions& options, QEVSettings::PreferencesStore& store);
 
-  // The window's content, new for each window.
+  // Makes the content of one window.
   viewkit::View settingsView(Tab tab) const;
   viewkit::Environment environment() const;
   const std::shared_ptr<QEVSettings::UpdaterViewModel>& updater() const { return updater_; }

@@ -1,13 +1,13 @@
-# Shared by the scripts next to it, which source it: where the repository is, and how it is built.
+# Sourced by the other scripts: where the repository is, and how it is built.
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
-# A machine without a locale still reads and writes UTF-8.
+# Without a locale, programs would read and write ASCII.
 if [[ -z ${LC_ALL:-}${LC_CTYPE:-}${LANG:-} ]]; then export LANG=C.UTF-8; fi
 
 say() { printf '%s\n' "$*" >&2; }
 
-# quietly WHAT COMMAND…: runs the command unseen. When it fails, says so and shows what it said.
+# quietly WHAT COMMAND…: runs the command and hides its output. Shows the output when it fails.
 quietly() {
   local what=$1 log status=0
   shift
@@ -21,8 +21,8 @@ quietly() {
   return "$status"
 }
 
-# configure PRESET: nothing at all when the preset was configured before. Ninja itself runs CMake again
-# when a CMakeLists changes, but knows nothing of the presets.
+# configure PRESET: configures the preset unless that was done since the presets last changed. When a
+# CMakeLists changes, Ninja runs CMake by itself.
 configure() {
   local build="$root/build/$1"
   if [[ ! -e $build/build.ninja || $root/CMakePresets.json -nt $build/build.ninja ]]; then
@@ -30,12 +30,14 @@ configure() {
   fi
 }
 
-# build PRESET [TARGET…]: configures and builds, everything when no target is named. Two scripts that build the
-# same preset at once take turns.
+# build PRESET [TARGET…]: configures the preset and builds the targets, or everything. Scripts that
+# build the same preset wait for each other.
 build() {
   local preset=$1
   shift
-  if [[ ! -e $root/build/$preset/build.ninja ]]; then say "Building $preset, which takes minutes the first time"; fi
+  if [[ ! -e $root/build/$preset/build.ninja ]]; then
+    say "Building $preset, which takes minutes the first time"
+  fi
   mkdir -p "$root/build"
   (
     flock 9

@@ -3,8 +3,8 @@
 
 #include <benchmark/benchmark.h>
 
-// What opening the time-zone menu costs before anything is drawn: the host's file is read, parsed
-// and merged with the machine's identifiers each time.
+// Measures what opening the time-zone menu does before anything is drawn: it reads the host's file,
+// parses it and merges it with the machine's identifiers.
 static void namesOfTimeZones(benchmark::State& state) {
   foundation::Bundle::setMainResourceFolder(QEV_SOURCE_FOLDER "/host/resources");
   foundation::Bundle::setPreferredLanguages({"de"});

@@ -7,8 +7,8 @@
 
 namespace twin {
 
-// All about one analyzer: what it is, its options and its ports. Analyzers have different ones, so
-// that each is shown by a widget of its own.
+// The description, options and ports of one analyzer. Each analyzer gets a widget of its own,
+// because their options differ.
 class AnalyzerDetails final : public QWidget {
 public:
   // The store outlives the details.

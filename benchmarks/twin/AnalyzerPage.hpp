@@ -12,8 +12,8 @@ namespace twin {
 class AnalyzerList;
 class AnalyzerModel;
 
-// The list of the loaded analyzers, and all about the selected one beside it. The selection is kept
-// in the store.
+// The list of the loaded analyzers, and the details of the selected one beside it. The store keeps
+// the selection.
 class AnalyzerPage final : public QWidget {
 public:
   // The store outlives the page.

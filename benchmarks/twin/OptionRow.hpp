@@ -9,7 +9,7 @@ namespace twin {
 
 class SwitchButton;
 
-// Icon, label and switch of one option, bound to its key in the store. Tinted under the pointer.
+// Icon, label and switch of one option, bound to its key in the store. Highlighted while hovered.
 class OptionRow final : public QWidget {
 public:
   // The store outlives the row.

@@ -21,7 +21,7 @@ namespace {
 
 constexpr int kFieldWidth = 120;
 
-// In the order of the transports' cases.
+// In the order of the enumeration.
 QStringList transportNames() {
   return {QStringLiteral("None"), QStringLiteral("TCP"), QStringLiteral("UDP"),
           QStringLiteral("UDP/TCP")};
@@ -33,7 +33,7 @@ QLabel* columnTitle(const QString& title, QWidget* parent) {
   return label;
 }
 
-// A button that shows what is chosen and opens the choices.
+// A button that shows the choice and opens a menu of all choices.
 QToolButton* menuButton(const QString& chosen, const QStringList& choices,
                         const std::function<void(int)>& choose, QWidget* parent) {
   auto* button = new QToolButton(parent);
@@ -80,7 +80,7 @@ void PortsTable::show(const QEVNetworkProtocolList& protocols) {
   grid->addWidget(columnTitle(QStringLiteral("PORTS"), rows_), 0, 1);
   grid->addWidget(columnTitle(QStringLiteral("SOURCE"), rows_), 0, 2);
   for (const Protocol& protocol : protocols) {
-    // A record of the table's own: the factory list stays as it is.
+    // A copy, so that editing does not change the factory list.
     const auto copy = protocol->copied();
     protocols_.push_back(copy ? *copy : protocol);
     addRow(*grid, grid->rowCount(), protocols_.back());

@@ -11,9 +11,8 @@
 
 namespace twin {
 
-// The protocols of one analyzer, a row each: a menu of names, a field for the ports, a menu of
-// transports; and a button that brings the factory list back. The list is stored after every
-// change.
+// One row for each protocol of an analyzer: a menu of names, a field for the ports and a menu of
+// transports. A button restores the factory list. The list is stored after every change.
 class PortsTable final : public QWidget {
 public:
   // The store outlives the table.

@@ -10,7 +10,7 @@
 
 namespace twin {
 
-// The page by hand, and what the driver needs to know of it.
+// The page written by hand, as the driver uses it.
 class TwinPage final : public Contender {
 public:
   TwinPage();

@@ -2,5 +2,5 @@
 
 #include <cstddef>
 
-// Of the whole process, since it was last set to zero: every allocation of the program counts here.
+// Counts every allocation of the process since the counter was last set to zero.
 extern std::size_t allocatedBytes;

@@ -1,5 +1,5 @@
-// What the toolkit does for one event: the time of the whole update, and, for each, the bodies run,
-// the nodes laid out, the nodes changed and the bytes allocated.
+// Measures the update after one event: its time, the bodies run, the nodes laid out, the nodes
+// changed and the bytes allocated.
 
 #include "AllocationCount.hpp"
 #include "foundation/UserDefaults.hpp"
@@ -28,7 +28,7 @@ namespace {
 
 using namespace viewkit;
 
-// A store that costs next to nothing, so that the toolkit is what is measured.
+// A store that takes almost no time, so that only the toolkit is measured.
 foundation::UserDefaults& store() {
   static const std::unique_ptr<foundation::UserDefaults> store =
       foundation::UserDefaults::inMemory();
@@ -88,7 +88,7 @@ struct Detail {
   }
 };
 
-// A list of many, and the options of the selected one beside it.
+// A long list, and the options of the selected entry beside it.
 struct Page {
   std::size_t count;
 
@@ -114,7 +114,7 @@ struct Item {
   }
 };
 
-// A thousand texts, one of which can change.
+// A thousand texts, of which one can change.
 struct LargePage {
   std::function<void(int)>* change;
 
@@ -149,7 +149,7 @@ public:
 
   ViewHost& host() { return host_; }
 
-  // The nodes below one that have this role, in order.
+  // All descendants of a node that have this role, in order.
   std::vector<const PresentationNode*> all(Role role) const {
     std::vector<const PresentationNode*> found;
     collect(host_.presentation(), role, found);
@@ -167,7 +167,7 @@ private:
   ViewHost host_;
 };
 
-// Runs the event again and again, each time with another number, and counts the work of one.
+// Repeats the event, each time with another number, and counts the work of one event.
 void measure(benchmark::State& state, Opened& opened, const std::function<void(int)>& event) {
   for (int i = 0; i < 4; ++i) {
     event(i);

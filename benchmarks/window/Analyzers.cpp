@@ -28,7 +28,7 @@ constexpr std::array<Option, 5> kOptions{
 constexpr std::array<const char*, 6> kProtocols{"HTTP", "HTTPS", "DNS", "SMTP", "IMAP", "SSH"};
 constexpr int kFirstPort = 80;
 
-// There are ten thousand of these: each works out what it has to configure when it is asked.
+// There may be ten thousand of these, so each computes its settings when asked for them.
 class Preferences final : public QEVPreferencesObject, public QEVPluginPreferencesProtocol {
 public:
   explicit Preferences(std::size_t number) : number_(number) {}

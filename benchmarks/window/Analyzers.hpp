@@ -2,6 +2,6 @@
 
 #include <cstddef>
 
-// Registers this many made-up analyzers, all alike: five options, and a table of six protocols with
-// their ports.
+// Registers a number of synthetic analyzers, each with five options and a table of six protocols
+// with their ports.
 void registerAnalyzers(std::size_t count);

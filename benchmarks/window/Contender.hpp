@@ -3,7 +3,7 @@
 #include <QRect>
 #include <QWidget>
 
-// An Analyzer page in a window, and where in it things are, in the window's coordinates.
+// An Analyzer page in a window. Places are in the window's coordinates.
 class Contender {
 public:
   Contender() = default;
@@ -12,14 +12,14 @@ public:
   virtual ~Contender() = default;
 
   virtual QWidget& window() = 0;
-  // A row of the list, counted from the first.
+  // A row of the list, counted from 0.
   virtual QRect analyzer(int row) = 0;
-  // All about the selected analyzer; and in it, as far as they are in sight:
+  // The details of the selected analyzer, and the visible parts of them:
   virtual QRect details() = 0;
   virtual QRect firstSwitch() = 0;
   virtual QRect firstPorts() = 0;
 
-  // Another window, with the menu of the time zones, made when it is first asked for.
+  // A second window with the menu of the time zones, made at the first call.
   virtual QWidget& timeZoneWindow() = 0;
   virtual QRect timeZoneMenu() = 0;
 };

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kPatienceMilliseconds = 10'000;
 constexpr int kSettlingRounds = 4;
-// What is seen of the list without scrolling.
+// The rows that are visible without scrolling.
 constexpr int kAnalyzersInTurn = 8;
 constexpr int kPixelsBesideSwitch = 60;
 constexpr int kWidthsInTurn = 40;
@@ -30,7 +30,7 @@ double processorMicroseconds() {
   return double(now.tv_sec) * 1e6 + double(now.tv_nsec) / 1e3;
 }
 
-// Notices when what it watches for has been painted.
+// Records when the watched region has been painted.
 class PaintWatch : public QObject {
 public:
   explicit PaintWatch(std::function<bool(const QWidget&, const QRect&)> watched)
@@ -66,7 +66,7 @@ auto inAnotherWindowThan(const QWidget& window) {
   };
 }
 
-// Everything that is under way comes to its end.
+// Processes events until none is pending.
 void settle() {
   for (int i = 0; i < kSettlingRounds; ++i) {
     QCoreApplication::processEvents();

@@ -12,9 +12,9 @@
 
 using Clock = std::chrono::steady_clock;
 
-// What a contender's process was asked to do: `window_benchmark_X ANALYZERS REPETITIONS STARTED`.
-// STARTED is the reading of the monotonic clock, in nanoseconds, just before the process was
-// started. No repetitions: the process ends with the first painted frame.
+// The arguments of a contender's process: `window_benchmark_X ANALYZERS REPETITIONS STARTED`.
+// STARTED is the monotonic clock in nanoseconds just before the process was started. With 0
+// repetitions the process ends after the first painted frame.
 struct Task {
   static Task of(int argc, char** argv);
 
@@ -23,15 +23,15 @@ struct Task {
   Clock::time_point started;
 };
 
-// Does to a contender what a person does, with real events, and prints a line for each time it was
-// done: "NAME WALL CPU", the microseconds until it was painted and those of the processor until all
-// was done. Lines of one number are the milliseconds of the start and the kilobytes of memory.
+// Drives a contender with real mouse and key events, and prints a line for each action: "NAME WALL
+// CPU", the microseconds until its effect was painted and the processor time until the window was
+// idle. Lines with one number give the milliseconds of the start and the kilobytes of memory.
 class Driver {
 public:
-  // `ready` is when the application had been made, before any window.
+  // `ready` is the time after the application and before any window was made.
   Driver(Task task, Clock::time_point ready) : task_(task), ready_(ready) {}
 
-  // Shows the window and does it all.
+  // Shows the window and runs all actions.
   void run(Contender& contender);
 
 private:

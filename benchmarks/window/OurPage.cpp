@@ -21,7 +21,7 @@ public:
   void setupAppearanceFromUserDefaults() override {}
 };
 
-// No fades: a frame that is painted shows all that there is to see.
+// Fades are off, so the first painted frame shows everything.
 viewkit::Environment environment(foundation::UserDefaults& store) {
   return {.defaultStore = store, .reducedMotion = true};
 }

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Drives our window and its twin through the same things, taking turns, and prints the table of ratios.
+"""Drives our window and its twin through the same actions, in turns, and prints a table of ratios.
 
     compare.py FOLDER [--rounds N] [--repetitions N] [--analyzers N,…] [--platforms offscreen,xcb]
 
-FOLDER holds the two programs. A real X window is one of an X server without a screen, which is started for the
-run. The table is Markdown: for each measure our median, the twin's, and what ours is to the twin's; and, where it
-was measured, what our time on the processor until all is done is to the twin's.
+FOLDER holds the two programs. For X windows, an X server without a screen is started. The table is
+Markdown. For each measure it has our median, the twin's and their ratio, and, where it was measured,
+the ratio of the processor time until the window was idle.
 """
 
 import argparse
@@ -20,7 +20,7 @@ from pathlib import Path
 
 CONTENDERS = ("ours", "twin")
 
-# What a line of the programs is called; what the table calls it; which column of the line; its unit.
+# The name of a line of output, its name in the table, the column of the line, and the unit.
 MEASURES = [
     ("first-frame", "process start to first frame", 0, "ms"),
     ("own-part", "of that, after the application stands", 0, "ms"),
@@ -75,7 +75,7 @@ def run(folder, contender, analyzers, repetitions, environment):
 
 
 def measure(folder, options, analyzers, environment):
-    """All lines of all processes of both contenders, which take turns so that a busy machine is fair to both."""
+    """All lines of all processes. The contenders take turns, so other load slows both alike."""
     results = {contender: defaultdict(list) for contender in CONTENDERS}
     for number in range(options.starts + options.rounds):
         repetitions = options.repetitions if number < options.rounds else 0

@@ -32,7 +32,7 @@ AnalyzerDescription syntheticAnalyzer(std::size_t number) {
       .description = "Made up to see how a long list of analyzers behaves.",
       .options = {computeChecksums(), {.name = "trace", .label = "Trace every packet"}},
       .preferences = Preferences::settings};
-  // Several kinds, so that a long list is not all alike.
+  // Several kinds, so that the rows of a long list differ.
   analyzer.isColored = number % 3 != 0;
   if (number % 2 == 0) {
     analyzer.protocols = {

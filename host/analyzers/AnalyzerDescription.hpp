@@ -18,7 +18,7 @@ struct ProtocolDescription {
   Transport transport = Transport::tcp;
 };
 
-// Something that an analyzer can be told to do or not.
+// An option of an analyzer that is on or off.
 struct OptionDescription {
   // The option's part of its key: "checksums" of "com_velloquin_qev_tcp_checksums".
   std::string name;
@@ -28,17 +28,17 @@ struct OptionDescription {
 
 // What an analyzer's preferences object can do.
 enum class Preferences {
-  none,               // there is no such object
-  settings,           // it has settings, and learns of changed ports by the notifications alone
-  settingsAndPorts,   // it is told of each changed port too
-  settingsAndVetoes,  // the same, and it refuses to give up its own protocol's ports
+  none,               // the analyzer has no preferences object
+  settings,           // has settings; hears of changed ports by notifications only
+  settingsAndPorts,   // is also told of each changed port
+  settingsAndVetoes,  // also refuses other ports than those of its own protocol
 };
 
-// One analyzer of the host, as a table tells it.
+// One analyzer of the host, an entry of a table.
 struct AnalyzerDescription {
   // Its part of every key: "dns" of "com_velloquin_qev_dns_protocols".
   std::string name;
-  // Fixed for ever: selections and saved windows refer to it.
+  // Never changes, because selections and saved windows refer to it.
   std::string id;
   std::string title;
   std::string description;
@@ -46,7 +46,7 @@ struct AnalyzerDescription {
   bool isColored = true;
   std::vector<OptionDescription> options{};
   std::vector<ProtocolDescription> protocols{};
-  // Controls of its own, besides its options.
+  // Controls of its own below its options.
   std::function<viewkit::View()> extraContent{};
   Preferences preferences = Preferences::settingsAndPorts;
 
@@ -55,13 +55,13 @@ struct AnalyzerDescription {
   }
 };
 
-// The analyzers that the host ships, from the wire upwards.
+// The host's analyzers, from the link layer upwards.
 std::vector<AnalyzerDescription> sampleAnalyzers();
 
-// One of any number of made-up analyzers, the same one each time for the same number.
+// A synthetic analyzer. The same number always gives the same one.
 AnalyzerDescription syntheticAnalyzer(std::size_t number);
 
-// The options that several analyzers have, worded alike.
+// Options that several analyzers have, with the same wording.
 OptionDescription computeChecksums(bool isOnByDefault = false);
 OptionDescription resolveAddresses();
 OptionDescription resolveVendors();

@@ -12,10 +12,10 @@
 
 namespace zorvantine {
 
-// What an analyzer of this description has to configure. The factory records are new at each call.
+// The settings that an analyzer of this description has. Each call makes new factory records.
 QEVDependencies::AnalyzerSettingsConfig configOf(const AnalyzerDescription& analyzer);
 
-// The preferences object of an analyzer that has settings. Its analyzer runs as long as it lives.
+// The preferences object of an analyzer that has settings. It owns the running analyzer.
 class AnalyzerPreferences : public QEVDependencies::QEVPreferencesObject,
                             public QEVDependencies::QEVPluginPreferencesProtocol {
 public:
@@ -26,7 +26,7 @@ public:
     return config_;
   }
 
-  // Null for an analyzer that does not go by ports.
+  // Null for an analyzer that watches no ports.
   RunningAnalyzer* running() const { return running_.get(); }
 
 private:
@@ -34,15 +34,15 @@ private:
   std::unique_ptr<RunningAnalyzer> running_;
 };
 
-// The preferences object of an analyzer that is told of each changed port besides.
+// The preferences object of an analyzer that also hears of each changed port.
 class AnalyzerPortsPreferences final : public AnalyzerPreferences,
                                        public QEVDependencies::QEVPortsPreferencesProtocol {
 public:
   AnalyzerPortsPreferences(const AnalyzerDescription& analyzer,
                            QEVSettings::PreferencesStore& store);
 
-  // Throws when the description says that the analyzer keeps to its ports and `current` has others,
-  // whichever member changed.
+  // Throws when the analyzer insists on its factory ports and `current` has others, whichever
+  // member changed.
   void replaceProtoocol(const std::shared_ptr<QEVDependencies::QEVNetworkProtocol>& old,
                         const std::shared_ptr<QEVDependencies::QEVNetworkProtocol>& current,
                         QEVDependencies::QEVNetworkProtocolProperty changed) override;

@@ -13,7 +13,7 @@ using QEVDependencies::QEVPreferencesObject;
 
 namespace {
 
-// There may be a million of these, so that each works out what it is when it is asked.
+// There may be a million of these, so each computes its description when asked for it.
 class SyntheticPreferences final : public QEVPreferencesObject,
                                    public QEVDependencies::QEVPluginPreferencesProtocol {
 public:
@@ -40,7 +40,7 @@ std::shared_ptr<QEVPreferencesObject> preferencesOf(const AnalyzerDescription& a
 }
 
 void load(const AnalyzerDescription& analyzer, std::shared_ptr<QEVPreferencesObject> preferences) {
-  // Every id in the tables is well-formed; a test holds that.
+  // Every id in the tables is well-formed, which a test checks.
   QEVModels::QEVPlugInsController::sharedManager().registerPlugIn(
       {.id = foundation::UUID::parse(analyzer.id).value_or(foundation::UUID::random()),
        .plugInTitle = analyzer.title,

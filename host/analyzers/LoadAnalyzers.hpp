@@ -7,8 +7,8 @@
 
 namespace zorvantine {
 
-// Registers the host's analyzers, or so many made-up ones instead, with the application's registry.
-// Once, at launch; the store outlives the process's last use of an analyzer.
+// Registers the host's analyzers, or the given number of synthetic ones, with the application's
+// registry. Called once, at launch. The store outlives the last use of an analyzer.
 void loadAnalyzers(std::optional<std::size_t> syntheticCount, QEVSettings::PreferencesStore& store);
 
 }  // namespace zorvantine

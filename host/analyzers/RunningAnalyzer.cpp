@@ -15,7 +15,7 @@ using QEVDependencies::QEVProtocolKonstants;
 
 namespace {
 
-// What an analyzer watches is its own: a person may be typing in the settings' record.
+// The analyzer keeps copies, because a person may be editing the settings' own record.
 std::shared_ptr<QEVNetworkProtocol> copyOf(const std::shared_ptr<QEVNetworkProtocol>& protocol) {
   auto copy = protocol->copied();
   return copy ? *std::move(copy) : protocol;
@@ -61,8 +61,8 @@ void RunningAnalyzer::replace(const QEVNetworkProtocol& old,
 
 void RunningAnalyzer::returnToFactoryList() { protocols_ = copyOf(factoryList_); }
 
-// Both notifications are posted for every analyzer's change, so most find this one's list as it
-// was.
+// Both notifications are posted for a change of any analyzer, so this analyzer's list is usually
+// unchanged.
 void RunningAnalyzer::readList() {
   auto stored = store_.objectForKey(protocolsKey_);
   if (stored == readFrom_) return;

@@ -10,11 +10,10 @@
 
 namespace zorvantine {
 
-// An analyzer at work, as far as its ports go: it watches the protocols that the store lists for
-// it, or its factory list while the store has none.
+// The ports that a running analyzer watches: those of the protocols that the store lists for it, or
+// of its factory list while the store has none.
 //
-// It hears of a change from whoever makes it, and reads its list again when it is told that lists
-// have changed, whoever changed them. Main thread.
+// It reads its list again whenever a notification says that lists have changed. Main thread.
 class RunningAnalyzer {
 public:
   // The store outlives the analyzer.
@@ -24,8 +23,7 @@ public:
   const QEVDependencies::QEVNetworkProtocolList& protocols() const { return protocols_; }
   const QEVDependencies::QEVNetworkProtocolList& factoryList() const { return factoryList_; }
 
-  // From now on `current` is watched in place of what says the same as `old`, or besides the others
-  // when there is none such.
+  // Watches `current` in place of the record that equals `old`, or in addition when none equals it.
   void replace(const QEVDependencies::QEVNetworkProtocol& old,
                const std::shared_ptr<QEVDependencies::QEVNetworkProtocol>& current);
   void returnToFactoryList();

@@ -7,7 +7,7 @@
 
 namespace zorvantine {
 
-// Where the TLS analyzer finds the session keys that browsers write down.
+// A field for the file in which browsers log their TLS session keys.
 struct TLSKeyLogField {
   viewkit::StoredPreference<std::string> file{"com_velloquin_qev_tls_key_log", ""};
 

@@ -18,8 +18,8 @@ using Take = std::function<foundation::Outcome(std::string_view)>;
 enum class Presence {
   optional,
   required,
-  oneOf,   // one of all options of the command that have this presence
-  window,  // optional, and an option of every command that shows the window
+  oneOf,   // exactly one of the command's options with this presence is given
+  window,  // optional; every command of the window has it
 };
 
 // One option of a command: how it is read, and how help describes it.
@@ -27,24 +27,25 @@ struct Option {
   std::string_view name;   // "--format"
   std::string_view value;  // its value in help, as in "text|json"; empty for an option without one
   std::string_view help;
+  std::vector<std::string_view> choices{};  // all of its values; empty when there are too many
   Presence presence = Presence::optional;
-  // Stores the value, which is empty for an option without one, or says what is wrong with it.
+  // Stores the value, or returns what is wrong with it. Gets an empty text when there is no value.
   Take take;
 };
 
-// One word of a command that belongs to no option.
+// A word of a command that belongs to no option.
 struct Operand {
   std::string_view name;   // "KEY"
   std::string_view needs;  // "a KEY", for the message that it is missing
   Take take;
-  bool repeats = false;  // any number of words, none included; the last operand only
+  bool repeats = false;  // stands for zero or more words; allowed for the last operand only
 };
 
-// All that may follow the name of a command.
+// What may follow the name of a command.
 struct Arguments {
   std::vector<Option> options{};
   std::vector<Operand> operands{};
-  // Called when all was read: says what does not go together, or is missing.
+  // Called after all words are read. Returns what is missing or contradictory.
   std::function<foundation::Outcome()> check{};
 };
 
@@ -70,19 +71,18 @@ Option flag(std::string_view name, std::string_view help, T& target, T value) {
 template <class T, class Target = T>
 Option choice(std::string_view name, std::string_view value, std::string_view help, Target& target,
               std::vector<std::pair<std::string_view, T>> choices) {
-  const auto take = [name, &target, choices = std::move(choices)](std::string_view word) {
-    std::vector<std::string_view> known;
+  std::vector<std::string_view> known;
+  for (const auto& [choice, meaning] : choices) known.push_back(choice);
+  const auto take = [name, &target, choices = std::move(choices), known](std::string_view word) {
     for (const auto& [choice, meaning] : choices) {
-      if (choice == word) {
-        target = meaning;
-        return foundation::done();
-      }
-      known.push_back(choice);
+      if (choice != word) continue;
+      target = meaning;
+      return foundation::done();
     }
     return foundation::Outcome(foundation::Error{std::string(name) + " is " + alternatives(known) +
                                                  ", not “" + std::string(word) + "”"});
   };
-  return {.name = name, .value = value, .help = help, .take = take};
+  return {.name = name, .value = value, .help = help, .choices = known, .take = take};
 }
 
 }  // namespace zorvantine

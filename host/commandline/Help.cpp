@@ -14,19 +14,21 @@ constexpr std::size_t kWidth = 80;
 constexpr std::size_t kColumn = 35;
 constexpr std::size_t kNarrowColumn = 24;
 
-// Appends words to a line that is so long already, and begins the following lines at a column.
+// Appends words to the last line, which is `lineLength` long. Further lines begin at `column`.
 void appendWrapped(std::string& text, std::string_view words, std::size_t lineLength,
                    std::size_t column) {
+  bool beginsLine = true;
   while (!words.empty()) {
     const std::size_t end = std::min(words.find(' '), words.size());
     const std::string_view word = words.substr(0, end);
-    if (lineLength > column && lineLength + 1 + word.size() > kWidth) {
+    if (!beginsLine && lineLength + 1 + word.size() > kWidth) {
       text += '\n' + std::string(column, ' ');
       lineLength = column;
-    } else if (lineLength > column) {
+    } else if (!beginsLine) {
       text += ' ';
       ++lineLength;
     }
+    beginsLine = false;
     text += word;
     lineLength += word.size();
     words.remove_prefix(std::min(end + 1, words.size()));
@@ -34,8 +36,7 @@ void appendWrapped(std::string& text, std::string_view words, std::size_t lineLe
   text += '\n';
 }
 
-// "  WHAT     what it means", the meaning in a column of its own, below when there is no room
-// beside.
+// "  WHAT     what it means". The meaning begins at `column`, on the next line when WHAT is longer.
 void appendRow(std::string& text, const std::string& what, std::string_view meaning,
                std::size_t column) {
   std::string line = "  " + what;

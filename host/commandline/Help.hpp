@@ -9,17 +9,16 @@
 
 namespace zorvantine {
 
-// One page, made from the table of commands: every command, the options, and what the exit codes
-// mean.
+// Help on every command, the options and the exit codes, made from the table of commands.
 std::string helpText();
 
-// What one command does, and its options.
+// Help on one command and its options.
 std::string helpText(const CommandEntry& entry);
 
-// The part of the manual page that the table says, in the language of man pages.
+// The sections of the manual page about options, commands and exit codes, as roff.
 std::string manualText();
 
-// A command as it is typed, as in "prefs export FILE [--format xml|binary]".
+// The form of a command, as in "prefs export FILE [--format xml|binary]".
 std::string synopsis(const CommandEntry& entry);
 
 // As in "0.1.0".

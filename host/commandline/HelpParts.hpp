@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-// What help and the manual page are both made of.
+// Texts that help and the manual page share.
 
 namespace zorvantine {
 

@@ -6,7 +6,7 @@ namespace zorvantine {
 
 namespace {
 
-// Text as roff shows it unchanged.
+// Escapes text for roff.
 std::string roff(std::string_view text) {
   std::string escaped;
   if (text.starts_with('.') || text.starts_with('\'')) escaped += "\\&";

@@ -62,7 +62,7 @@ void Messages::take(std::string_view line) {
   }
 }
 
-// A line of diagnostics that repeats a message ends with it; its beginning names the origin.
+// A diagnostic that repeats a message consists of its origin and the message.
 void Messages::logUnlessSaid(std::string_view line) {
   const auto endsLine = [&](const std::string& said) { return line.ends_with(said); };
   if (std::ranges::none_of(said_, endsLine)) QEVLog::logMessage(line, "reportDiagnostic(_:)");

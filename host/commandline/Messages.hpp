@@ -7,25 +7,24 @@
 
 namespace zorvantine {
 
-// What the program writes to standard error: messages for a person, each of which is written once,
-// and lines of diagnostics. Both are escaped, for they may hold text that somebody else stored. One
-// a process. Any thread.
+// Writes to standard error: messages for a person, each of them once, and lines of diagnostics.
+// Both are escaped, because they may contain stored text. One per process. Any thread.
 class Messages {
 public:
-  // Takes over the diagnostics of the process, and holds them back until they are logged.
+  // From now on collects the diagnostics of the process until they are logged.
   Messages();
   ~Messages();
   Messages(const Messages&) = delete;
   Messages& operator=(const Messages&) = delete;
 
-  // Writes "zorvantine: MESSAGE" on one line, unless the message is empty or was said before, alone
-  // or as part of another.
+  // Writes "zorvantine: MESSAGE" on one line. Ignores an empty message, and one that is part of an
+  // earlier one.
   void say(std::string_view message);
 
-  // Logs the diagnostics held back, except those that repeat what was said.
+  // Logs the collected diagnostics, except those that repeat a message.
   void logDiagnostics();
 
-  // Logs them, and from now on each line as it comes.
+  // Logs them, and from now on logs each line at once.
   void logDiagnosticsAsTheyCome();
 
 private:

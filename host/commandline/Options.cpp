@@ -18,7 +18,7 @@ using foundation::Result;
 
 namespace {
 
-// The position of the command: after the store, which may come first.
+// The position of the command, which --store FILE may precede.
 std::size_t commandPosition(Words words) {
   std::size_t at = 0;
   while (at < words.size() && (words[at] == "--store" || words[at].starts_with("--store="))) {
@@ -37,7 +37,7 @@ Error noSuchCommand(std::string_view word) {
   return Error{std::string(word) + " needs " + alternatives(known) + " after it"};
 }
 
-// An invocation that opens no store.
+// A command without arguments and without a store.
 template <class Command>
 Options plain(Command command) {
   auto values = std::make_shared<Command>(std::move(command));
@@ -58,6 +58,7 @@ Result<Options> parseCommand(const CommandEntry& entry, Words words, bool isName
   return Options{.store = std::move(program.store),
                  .storeUse = entry.storeUse,
                  .runsUntilEnded = entry.runsUntilEnded,
+                 .program = entry.program,
                  .invocation = std::move(invocation)};
 }
 

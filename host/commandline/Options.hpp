@@ -10,16 +10,17 @@
 
 namespace zorvantine {
 
-// A command line, understood.
+// A command line that has been read.
 struct Options {
-  // Nothing for the user's own store.
+  // Nothing stands for the person's own store.
   std::optional<std::filesystem::path> store{};
   StoreUse storeUse = StoreUse::none;
   bool runsUntilEnded = false;
+  Program program = Program::shell;
   Invocation invocation{};
 };
 
-// The options that any command may have besides its own.
+// The values of the options that every command has.
 struct ProgramOptions {
   std::optional<std::filesystem::path> store;
   bool wantsHelp = false;
@@ -27,8 +28,8 @@ struct ProgramOptions {
 };
 std::vector<Option> programOptions(ProgramOptions& options);
 
-// Reads the words after the program's name. The store may be named before the command too. The
-// error says what is wrong with the words, for a person who typed them.
+// Reads the words after the program's name. --store may stand before the command too. The error
+// tells the person who typed the words what is wrong with them.
 foundation::Result<Options> parseOptions(Words words);
 
 }  // namespace zorvantine

@@ -5,8 +5,8 @@
 
 namespace zorvantine {
 
-// A value of the preferences as JSON: data as base64 text, a date as ISO 8601 text, and a real that
-// is not finite as the text "inf", "-inf" or "nan", for which JSON has no number.
+// Writes a value as JSON: data as base64 text, a date as ISO 8601 text, and a real that is not
+// finite, for which JSON has no number, as the text "inf", "-inf" or "nan".
 void writePreference(foundation::JSONWriter& writer, const QEVSettings::PreferenceValue& value);
 
 }  // namespace zorvantine

@@ -101,7 +101,7 @@ std::string textForm(const PreferenceValue& value) {
 
 std::string textForm(PreferenceValue::Date date) {
   const double seconds = date.time_since_epoch().count();
-  // The years that ISO 8601 writes with four digits; what lies outside is told in seconds.
+  // ISO 8601 writes these years with four digits. Dates outside them are given in seconds.
   constexpr double firstSecond = -62167219200.0;  // 0000-01-01
   constexpr double endSecond = 253402300800.0;    // 10000-01-01
   const bool hasFourDigits = seconds >= firstSecond && seconds < endSecond;

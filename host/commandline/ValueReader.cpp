@@ -59,7 +59,7 @@ Result<PreferenceValue> readData(std::string_view text) {
   return PreferenceValue(*std::move(bytes));
 }
 
-// Reads digits from the front of the text; nothing when another character stands among them.
+// Reads and removes digits at the front of the text. Nothing when other characters are among them.
 std::optional<unsigned> takeNumber(std::string_view& text, std::size_t digits) {
   unsigned number = 0;
   if (text.size() < digits) return std::nullopt;
@@ -75,7 +75,7 @@ bool takeCharacter(std::string_view& text, char expected) {
   return true;
 }
 
-// The digits after a decimal point, as a fraction.
+// Reads and removes the digits of a fraction.
 std::optional<double> takeFraction(std::string_view& text) {
   const std::size_t digits = std::min(text.find_first_not_of("0123456789"), text.size());
   double fraction = 0;
@@ -114,12 +114,10 @@ Result<PreferenceValue> readDate(std::string_view text) {
   return Error{"“" + std::string(text) + "” is no date such as 2026-03-01T12:30:00Z"};
 }
 
-Result<PreferenceValue> valueOf(const JSON& json);
-
 Result<PreferenceValue> arrayOf(const JSON& json) {
   PreferenceValue::Array array;
   for (const JSON& element : json.elements()) {
-    auto value = valueOf(element);
+    auto value = preferenceOf(element);
     if (!value) return value;
     array.push_back(*std::move(value));
   }
@@ -129,15 +127,17 @@ Result<PreferenceValue> arrayOf(const JSON& json) {
 Result<PreferenceValue> dictionaryOf(const JSON& json) {
   PreferenceValue::Dictionary dictionary;
   for (const JSON::Member& member : json.members()) {
-    auto value = valueOf(member.value);
+    auto value = preferenceOf(member.value);
     if (!value) return value;
     dictionary.insert_or_assign(member.name, *std::move(value));
   }
   return PreferenceValue(std::move(dictionary));
 }
 
+}  // namespace
+
 // The parser bounds how deep arrays and objects are nested.
-Result<PreferenceValue> valueOf(const JSON& json) {
+Result<PreferenceValue> preferenceOf(const JSON& json) {
   switch (json.type()) {
     case JSON::Type::null: break;
     case JSON::Type::boolean: return PreferenceValue(*json.asBoolean());
@@ -145,7 +145,7 @@ Result<PreferenceValue> valueOf(const JSON& json) {
     case JSON::Type::array: return arrayOf(json);
     case JSON::Type::object: return dictionaryOf(json);
     case JSON::Type::number:
-      // "1.0" and "1e0" are written as reals, and stay reals.
+      // "1.0" and "1e0" are reals, although they are whole.
       if (json.numberText()->find_first_of(".eE") == std::string_view::npos) {
         if (const auto integer = json.asInteger()) return PreferenceValue(*integer);
       }
@@ -156,12 +156,10 @@ Result<PreferenceValue> valueOf(const JSON& json) {
   return Error{"null is no value of a preference; use prefs delete to remove a key"};
 }
 
-}  // namespace
-
 Result<PreferenceValue> readJSONValue(std::string_view text) {
   const auto json = JSON::parse(std::string(text));
   if (!json) return Error{"the value is not JSON: " + json.error().message};
-  return valueOf(*json);
+  return preferenceOf(*json);
 }
 
 Result<PreferenceValue> readValue(PreferenceValue::Type type, std::string_view text) {

@@ -12,10 +12,10 @@ enum class Tab { general, capture, proxy, analyze, appearance };
 // "general", "capture", "proxy", "analyze" or "appearance".
 std::string_view nameOf(Tab tab);
 
-// What the window is made of, whether it is opened, drawn or described.
+// The options of every command that opens, draws or describes the window.
 struct WindowOptions {
   bool hasProxyTab = true;
-  // The number of made-up analyzers in place of the real ones; nothing for the real ones.
+  // The number of synthetic analyzers that replace the real ones; nothing for the real ones.
   std::optional<std::size_t> syntheticAnalyzers;
   // Empty for the desktop's language.
   std::string language;

@@ -17,11 +17,11 @@ struct Console;
 // What a command does with the preferences store.
 enum class StoreUse {
   none,      // nothing
-  inspects,  // looks at its file without opening the store
+  inspects,  // reads its file without opening the store
   reads,     // opens it for reading: nothing on disk is created or changed
-  follows,   // opens it and hears of changes by others; a store that was named has to be there
+  follows,   // opens it to observe changes; a store that was named has to exist
   writes,    // opens it for writing, which makes a store that is missing
-  shows,     // as `writes`, in a window, which is of use without a file too
+  shows,     // as `writes`; a store that cannot be opened does not stop the command
 };
 
 // Whether the command opens the store.
@@ -29,28 +29,37 @@ constexpr bool opensStore(StoreUse use) {
   return use != StoreUse::none && use != StoreUse::inspects;
 }
 
+// The programs of the host. Each has the whole table of commands, and hands the commands of the
+// others over. A program of the shell starts several times as fast as one that links Qt or views.
+enum class Program {
+  shell,   // zorvantine
+  pages,   // zorvantine-pages, which links the pages and analyzers but not Qt
+  window,  // zorvantine-window, which links Qt
+};
+
 // The chapters of help and of the manual.
 enum class Chapter { window, preferences, analyzers, help };
 
-// One call of a command: where the values of its arguments go, and what it runs then.
+// One use of a command: the arguments that set its values, and what runs with these values.
 struct Invocation {
   Arguments arguments;
   std::function<Failed(Console&)> run;
   std::any command;  // a std::shared_ptr to the command's values
 };
 
-// A command: all that reading, help, the manual and running it need to know.
+// A command, as reading the command line, help, the manual page and completions need it.
 struct CommandEntry {
   std::string_view name;  // "prefs get"
   Chapter chapter = Chapter::window;
   std::string_view help;  // sentences
   StoreUse storeUse = StoreUse::none;
   bool runsUntilEnded = false;
+  Program program = Program::shell;  // carries the command out
   std::function<Invocation()> prepare{};
 };
 
-// Completes an entry whose values are a `Command`, carried out by `run(const Command&, Console&)`.
-// `describe` says which arguments fill them.
+// Completes the entry of a command whose values are a `Command`. `describe` returns the arguments
+// that set them, and `run(const Command&, Console&)` carries the command out.
 template <class Command>
 CommandEntry command(CommandEntry entry, Arguments (*describe)(Command&)) {
   entry.prepare = [describe] {
@@ -62,7 +71,7 @@ CommandEntry command(CommandEntry entry, Arguments (*describe)(Command&)) {
   return entry;
 }
 
-// Every command, chapter by chapter. The first one is carried out when none is named.
+// Every command, chapter by chapter. The first one runs when none is named.
 const std::vector<CommandEntry>& commandTable();
 
 std::vector<CommandEntry> windowCommands();

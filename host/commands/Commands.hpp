@@ -13,22 +13,22 @@
 #include <string_view>
 #include <vector>
 
-// The values of each command's arguments, and the function that carries it out, in a file of its
-// own. It returns why it failed, or nothing. The table in CommandEntry.hpp names them all.
+// For each command, the values of its arguments and the function that carries it out. The function
+// stands in a file of its own. CommandEntry.hpp declares the table of commands.
 
 namespace zorvantine {
 
 enum class Appearance { light, dark };
 enum class OutputFormat { text, json };
-enum class HelpFormat { text, manual };
+enum class HelpFormat { text, manual, bash, zsh, fish };
 
-// What a command works on.
+// The streams and the store that a command works with.
 struct Console {
   std::istream& in;
   std::ostream& out;
   bool outIsTerminal = false;
 
-  // The process's store, open before a command runs that opens it.
+  // The process's store. It is open when a command runs whose entry says that it is used.
   static foundation::UserDefaults& store() {
     return foundation::UserDefaults::standardUserDefaults();
   }
@@ -47,9 +47,9 @@ Failed run(const RunCommand& command, Console& console);
 
 struct SnapshotCommand {
   std::filesystem::path folder;
-  // Nothing for every tab.
+  // Nothing stands for every tab.
   std::optional<Tab> tab;
-  // Nothing for the appearance that the person chose.
+  // Nothing stands for the appearance that the person chose.
   std::optional<Appearance> appearance;
   int scale = 1;
   WindowOptions window;
@@ -75,7 +75,7 @@ Failed run(const GetPreferenceCommand& command, Console& console);
 
 struct SetPreferenceCommand {
   std::string key;
-  std::optional<QEVSettings::PreferenceValue> value;  // there once the arguments are read
+  std::optional<QEVSettings::PreferenceValue> value;  // set when the arguments have been read
 };
 Failed run(const SetPreferenceCommand& command, Console& console);
 
@@ -113,7 +113,7 @@ struct ListAnalyzersCommand {
 Failed run(const ListAnalyzersCommand& command, Console& console);
 
 struct ValidatePortsCommand {
-  // "-" for what comes on standard input.
+  // "-" stands for standard input.
   std::string text;
   OutputFormat format = OutputFormat::text;
 };
@@ -129,7 +129,7 @@ Failed run(const HelpCommand& command, Console& console);
 struct VersionCommand {};
 Failed run(const VersionCommand& command, Console& console);
 
-// What is wrong with the store, as a failure; nothing while it is well.
+// The problem that the store reports, as a failure; nothing when there is none.
 Failed storeFailure(const foundation::UserDefaults& store);
 Failure noSuchKey(std::string_view key);
 

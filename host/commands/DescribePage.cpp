@@ -11,8 +11,7 @@
 namespace zorvantine {
 
 Failed run(const DescribeCommand& command, Console& console) {
-  // Showing a page migrates the store and selects an analyzer. The person's own store is left as it
-  // is.
+  // Showing a page migrates the store and selects an analyzer, so it works on a copy.
   const auto store = Console::store().copyInMemory();
   sparkle::UpdaterConfiguration updates;
   updates.store = store.get();

@@ -9,7 +9,7 @@ Failed run(const GetPreferenceCommand& command, Console& console) {
   const auto value = Console::store().objectForKey(command.key);
   if (auto failure = storeFailure(Console::store())) return failure;
   if (!value) return noSuchKey(command.key);
-  // A program gets the text as it is stored.
+  // Only a terminal needs escapes; a program gets the stored text.
   const std::string text = textForm(*value);
   console.out << (console.outIsTerminal ? onOneLine(text) : text) << '\n';
   return std::nullopt;

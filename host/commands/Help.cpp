@@ -1,15 +1,29 @@
 #include "commandline/Help.hpp"
 
+#include "commandline/Completions.hpp"
 #include "commands/Commands.hpp"
 
 #include <ostream>
 
 namespace zorvantine {
 
+namespace {
+
+std::string wholeHelp(HelpFormat format) {
+  switch (format) {
+    case HelpFormat::text: break;
+    case HelpFormat::manual: return manualText();
+    case HelpFormat::bash: return bashCompletions();
+    case HelpFormat::zsh: return zshCompletions();
+    case HelpFormat::fish: return fishCompletions();
+  }
+  return helpText();
+}
+
+}  // namespace
+
 Failed run(const HelpCommand& command, Console& console) {
-  std::string text;
-  if (command.topic.empty())
-    text = command.format == HelpFormat::manual ? manualText() : helpText();
+  std::string text = command.topic.empty() ? wholeHelp(command.format) : "";
   for (const CommandEntry& entry : commandTable()) {
     const bool isMeant = entry.name == command.topic || entry.name.starts_with(command.topic + " ");
     if (command.topic.empty() || !isMeant) continue;

@@ -8,9 +8,15 @@ namespace zorvantine {
 namespace {
 
 Arguments helpArguments(HelpCommand& command) {
-  return {.options = {choice<HelpFormat>(
-              "--format", "text|man", "Print text, or that part of the manual page.",
-              command.format, {{"text", HelpFormat::text}, {"man", HelpFormat::manual}})},
+  return {.options = {choice<HelpFormat>("--format", "text|man|bash|zsh|fish",
+                                         "Print text, the part of the manual page about commands, "
+                                         "or completions for a shell.",
+                                         command.format,
+                                         {{"text", HelpFormat::text},
+                                          {"man", HelpFormat::manual},
+                                          {"bash", HelpFormat::bash},
+                                          {"zsh", HelpFormat::zsh},
+                                          {"fish", HelpFormat::fish}})},
           .operands = {{.name = "COMMAND",
                         .needs = {},
                         .take =

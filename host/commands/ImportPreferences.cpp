@@ -1,17 +1,29 @@
 #include "QEVSettings/QEVPreferencesMigration.hpp"
 #include "QEVSettings/QEVPreferencesMigrationSteps.hpp"
+#include "commandline/PreferenceListReader.hpp"
 #include "commands/Commands.hpp"
+#include "foundation/Files.hpp"
 #include "foundation/PropertyList.hpp"
 
+#include <array>
+#include <istream>
+#include <new>
 #include <ostream>
 
 namespace zorvantine {
 
 namespace {
 
+using foundation::Error;
+using foundation::Result;
+using QEVSettings::PreferenceDictionary;
 using QEVSettings::QEVPreferencesMigration;
 
-// A store of a newer release keeps its values in forms that this one would not write.
+std::string nameOf(const std::filesystem::path& file) {
+  return file == "-" ? "standard input" : file.string();
+}
+
+// A newer release may keep its values in forms that this one does not write.
 Failed newerStore(const foundation::UserDefaults& store) {
   const auto schema = store.integerForKey(QEVPreferencesMigration::schemaVersionKey);
   if (schema <= QEVPreferencesMigration::currentSchemaVersion) return std::nullopt;
@@ -19,13 +31,40 @@ Failed newerStore(const foundation::UserDefaults& store) {
                             ", which a newer release wrote; import with that release"};
 }
 
+Result<std::string> readStandardInput(std::istream& in) {
+  std::string bytes;
+  std::array<char, 65536> part{};
+  while (in.read(part.data(), part.size()) || in.gcount() > 0) {
+    bytes.append(part.data(), static_cast<std::size_t>(in.gcount()));
+    // A longer list is refused when it is read.
+    if (bytes.size() > foundation::kMaximumPropertyListBytes) break;
+  }
+  if (in.bad()) return Error{"standard input could not be read; name a FILE"};
+  return bytes;
+}
+
+Result<PreferenceDictionary> readList(const std::filesystem::path& file, std::istream& in) {
+  const bool isStandardInput = file == "-";
+  try {
+    auto bytes = isStandardInput
+                     ? readStandardInput(in)
+                     : foundation::readFile(file, foundation::kMaximumPropertyListBytes);
+    if (!bytes) return bytes.error();
+    auto list = readPreferenceList(*std::move(bytes));
+    if (list) return list;
+    return Error{nameOf(file) + ": " + list.error().message};
+  } catch (const std::bad_alloc&) {
+    return Error{"there is too little memory for the list; close other programs"};
+  }
+}
+
 }  // namespace
 
 Failed run(const ImportPreferencesCommand& command, Console& console) {
-  auto list = foundation::readPropertyList(command.file);
+  auto list = readList(command.file, console.in);
   if (!list) return Failure{.message = list.error().message};
   const auto current = QEVSettings::inCurrentSchema(*std::move(list));
-  if (!current) return Failure{.message = command.file.string() + ": " + current.error().message};
+  if (!current) return Failure{.message = nameOf(command.file) + ": " + current.error().message};
   if (auto failure = storeFailure(Console::store())) return failure;
   if (auto failure = newerStore(Console::store())) return failure;
   if (const auto outcome = Console::store().applyAll(current->values); !outcome) {

@@ -16,7 +16,7 @@ Interruption::Interruption() {
 }
 
 Interruption::~Interruption() {
-  // What came while it lived is used up here, or it would end the process the moment it may again.
+  // A signal that is still pending would end the process as soon as it is no longer blocked.
   signalfd_siginfo received{};
   while (descriptor_ >= 0 && ::read(descriptor_, &received, sizeof received) > 0) {
   }

@@ -4,8 +4,9 @@
 
 namespace zorvantine {
 
-// While it lives, SIGHUP, SIGINT and SIGTERM do not end the process but make a descriptor readable.
-// A signal that the process was started to ignore, as nohup does with SIGHUP, stays ignored.
+// While an object of this class exists, SIGHUP, SIGINT and SIGTERM make a descriptor readable
+// instead of ending the process. A signal that was ignored when the process started, such as SIGHUP
+// under nohup, stays ignored.
 class Interruption {
 public:
   Interruption();
@@ -13,7 +14,7 @@ public:
   Interruption(const Interruption&) = delete;
   Interruption& operator=(const Interruption&) = delete;
 
-  // -1 when there is none to be had.
+  // -1 when the system has no descriptor left.
   int descriptor() const { return descriptor_; }
 
 private:

@@ -37,7 +37,7 @@ std::string_view transportOf(const QEVNetworkProtocol& protocol) {
   }
 }
 
-// What the store lists now, which is what the analyzer goes by.
+// The list in the store, which the analyzer uses.
 QEVNetworkProtocolList currentList(const QEVDependencies::AnalyzerPortsSpec& ports) {
   return QEVModels::AnalyzerPortsStore(ports.networkProtocolKey, Console::store())
       .decode(ports.defaultPorts);

@@ -1,6 +1,6 @@
 #include "commands/Commands.hpp"
 
-// The host built without Qt has everything but the window itself.
+// The commands of the window in a build without Qt.
 
 namespace zorvantine {
 

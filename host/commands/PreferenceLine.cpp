@@ -16,7 +16,7 @@ void fillTo(std::string& line, std::size_t width) {
   line += "  ";
 }
 
-// Data that is text, a list of protocols above all, says more as text.
+// Data that is text, such as a list of protocols, is shown as text.
 std::string readableForm(const PreferenceValue& value) {
   const auto* bytes = value.asData();
   if (bytes == nullptr || bytes->empty()) return textForm(value);

@@ -9,12 +9,11 @@
 
 namespace zorvantine {
 
-// A key wider than this pushes its value to the right instead of all of them.
+// A longer key moves only its own value to the right.
 inline constexpr std::size_t kWidestKey = 60;
 
-// "KEY  type  value" on one line for a person to read, the key filled up to a width in bytes and
-// the value shortened, data as the text that it is if it is any; "KEY  removed" when there is no
-// value.
+// "KEY  type  value" on one line for a person, or "KEY  removed" without a value. The key is padded
+// to a width in bytes, the value is shortened, and data that is text is shown as text.
 std::string preferenceLine(std::string_view key,
                            const std::optional<QEVSettings::PreferenceValue>& value,
                            std::size_t keyWidth = 0);

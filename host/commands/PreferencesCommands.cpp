@@ -144,16 +144,17 @@ std::vector<CommandEntry> preferencesCommands() {
           {.name = "prefs import",
            .chapter = chapter,
            .help =
-               "Take over every key of a property list, XML or binary, or none of them. What an "
-               "older release "
-               "wrote is brought up to date on the way; a list of a newer release is refused. The "
-               "list's own "
-               "schema version is not taken over. A list holds at most 1,048,576 values and 1 GB.",
+               "Take over every key of a property list, XML or binary, or of what prefs list "
+               "--format json printed; all of them or none. A FILE of - is standard input. Values "
+               "that an older release wrote are brought up to date. A list of a newer release is "
+               "refused. The list's own schema version is not taken over. A property list "
+               "holds at most 1,048,576 values, and a FILE 1 GB. In JSON, data and dates inside an "
+               "array or a dictionary are text.",
            .storeUse = StoreUse::writes},
           importArguments),
       command({.name = "prefs export",
                .chapter = chapter,
-               .help = "Write every key to a property list.",
+               .help = "Write every key to a property list. A FILE of - is standard output.",
                .storeUse = StoreUse::reads},
               exportArguments),
       command({.name = "prefs migrate",

@@ -65,6 +65,7 @@ Option languageOption(WindowOptions& window) {
   return {.name = "--language",
           .value = "CODE",
           .help = "Speak en, de, fr, es, ja, zh-Hans or ar instead of the desktop's language.",
+          .choices = {kLanguages.begin(), kLanguages.end()},
           .presence = Presence::window,
           .take = take};
 }

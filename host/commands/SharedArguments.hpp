@@ -14,7 +14,7 @@ Option formatOption(OutputFormat& format);
 // KEY.
 Operand keyOperand(std::string& key);
 
-// --tab, for commands that show one tab, and for those that show all of them by default.
+// --tab: the first form for one tab, the second for one tab or all of them.
 Option tabOption(Tab& tab);
 Option tabOption(std::optional<Tab>& tab);
 
@@ -24,7 +24,7 @@ void addWindowOptions(std::vector<Option>& options, WindowOptions& window);
 // Refuses a tab that the window does not have.
 foundation::Outcome checkTab(std::optional<Tab> tab, const WindowOptions& window);
 
-// A key as it was typed: text of at least one character.
+// Reads a key: UTF-8 text of at least one character.
 foundation::Result<std::string> readKey(std::string_view word);
 
 }  // namespace zorvantine

@@ -40,7 +40,7 @@ Failed run(const ValidatePortsCommand& command, Console& console) {
   if (text == "-") text.assign(std::istreambuf_iterator(console.in), {});
   if (console.in.bad())
     return Failure{.message = "standard input could not be read; give the ports as an argument"};
-  // A shell is spoken to in English.
+  // The command line speaks English.
   foundation::Bundle::setPreferredLanguages({"en"});
   const PortValidationResult result = QEVModels::validatedPorts(text);
   command.format == OutputFormat::json ? printJSON(result, console.out)

@@ -14,16 +14,15 @@ namespace {
 
 using QEVSettings::QEVPreferencesMigration;
 
-// What an older release wrote: before the first launch of this one, or while this one was in use as
-// well.
+// Reports keys that an older release wrote, before this release was first started or since then.
 void reportOlderForms(const foundation::UserDefaults& store, std::ostream& out) {
   const std::string key(QEVPreferencesMigration::schemaVersionKey);
   const auto schema = store.integerForKey(key);
-  // What is old to a newer release is not known here.
+  // This release does not know which forms a newer one calls old.
   if (schema > QEVPreferencesMigration::currentSchemaVersion) return;
   const auto keys = QEVSettings::keysInOlderForm(store.dictionaryRepresentation());
   if (keys.empty()) return;
-  // From schema 1 on, the migration takes colours for up to date.
+  // The migration of a store of schema 1 or later leaves colours alone.
   const bool needsEveryStep = schema >= 1;
   out << (keys.size() == 1 ? "One key is" : std::to_string(keys.size()) + " keys are")
       << " in the form of an older release. "
@@ -39,7 +38,7 @@ void reportOlderForms(const foundation::UserDefaults& store, std::ostream& out) 
 
 Failed run(const VerifyPreferencesCommand&, Console& console) {
   const auto file = foundation::UserDefaults::standardFile();
-  // Only opening it tells why there is none.
+  // Opening the store reports why no file can be used.
   if (file.empty()) return storeFailure(Console::store());
   const auto verification = foundation::verifyPreferences(file);
   for (const std::string& sentence : verification.sentences)

@@ -56,7 +56,7 @@ Failed run(const WatchPreferencesCommand& command, Console& console) {
   std::array<pollfd, 2> waiting{
       {{.fd = arrivals, .events = POLLIN, .revents = 0},
        {.fd = interruption.descriptor(), .events = POLLIN, .revents = 0}}};
-  // A reader that goes away ends the watching as an interruption does.
+  // The loop also ends when nobody reads standard output any more.
   while (console.out) {
     queue.drainAll();
     if (::poll(waiting.data(), waiting.size(), queue.pollTimeout()) < 0 && errno != EINTR) break;

@@ -67,26 +67,30 @@ std::vector<CommandEntry> windowCommands() {
                        "display, draw it into "
                        "the folder zorvantine-settings instead.",
                .storeUse = StoreUse::shows,
-               .runsUntilEnded = true},
+               .runsUntilEnded = true,
+               .program = Program::window},
               settingsArguments),
       command({.name = "run",
                .help = "Open the main window: sample packets, listed as the settings say, and a "
                        "menu that opens the "
                        "settings.",
                .storeUse = StoreUse::shows,
-               .runsUntilEnded = true},
+               .runsUntilEnded = true,
+               .program = Program::window},
               runArguments),
       command({.name = "snapshot",
                .help = "Draw the settings window into DIR, one picture TAB.png a tab. Needs no "
                        "display, and changes no "
                        "preference.",
-               .storeUse = StoreUse::reads},
+               .storeUse = StoreUse::reads,
+               .program = Program::window},
               snapshotArguments),
       command({.name = "describe",
-               .help = "Print what is on a page, and where: kind, role, label, value, help, "
-                       "whether it is enabled, and "
-                       "its frame in points. Changes no preference.",
-               .storeUse = StoreUse::reads},
+               .help = "Print what is on a page: the kind, role, label, value and help of each "
+                       "element, whether it is enabled and selected, what it looks like (visual), "
+                       "and its frame in points. Changes no preference.",
+               .storeUse = StoreUse::reads,
+               .program = Program::pages},
               describeArguments),
   };
 }

@@ -7,8 +7,8 @@ class QSocketNotifier;
 
 namespace zorvantine {
 
-// Calls a function from the event loop whenever a descriptor becomes readable. A descriptor of -1
-// never does. Needs a qt::Application; main thread.
+// Calls a function from the event loop whenever a descriptor becomes readable. The descriptor -1
+// never becomes readable. Needs a qt::Application; main thread.
 class DescriptorWatch {
 public:
   DescriptorWatch(int descriptor, std::function<void()> becameReadable);

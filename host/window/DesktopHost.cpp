@@ -2,14 +2,15 @@
 
 #include "Language.hpp"
 #include "commandline/TextForm.hpp"
+#include "commands/ReplaceProcess.hpp"
 #include "foundation/Bundle.hpp"
 #include "viewkit/ViewHost.hpp"
 #include "window/DescriptorWatch.hpp"
 #include "window/MainWindow.hpp"
 #include "window/Updates.hpp"
-#include "window/startAgainWithoutDisplay.hpp"
 
 #include <array>
+#include <cstdlib>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -18,7 +19,7 @@ namespace zorvantine {
 
 namespace {
 
-// What Qt asks for; the command line is ours alone.
+// Qt needs a command line. It gets one without arguments, because ours are not for it.
 struct NoArguments {
   std::string name = "zorvantine";
   int count = 1;
@@ -30,12 +31,19 @@ NoArguments& noArguments() {
   return arguments;
 }
 
+// Qt stops the process when the display that the environment names cannot be reached. The program
+// starts again in an environment that names none.
+void startAgainWithoutDisplay() {
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) ::unsetenv(name);
+  replaceProcess("/proc/self/exe");
+}
+
 NoArguments& preparedFor(QtMessages& messages, qt::Application::Display display) {
   if (display == qt::Application::Display::screen) messages.beforeStop(startAgainWithoutDisplay);
   return noArguments();
 }
 
-// The window is closing, so the terminal is told.
+// The texts are lost when the window closes, so they are reported on standard error.
 void tellOfRefusedTexts(const std::vector<viewkit::RefusedText>& texts) {
   for (const viewkit::RefusedText& each : texts) {
     std::cerr << "zorvantine: "
@@ -79,7 +87,7 @@ std::unique_ptr<qt::Window> DesktopHost::makeWindow(Tab tab) const {
 
 void DesktopHost::run(Tab tab, const Interruption& interruption) {
   const auto window = makeWindow(tab);
-  // Closing commits a text that is being edited, which ending the process would lose.
+  // Closing the window commits a text that is being edited; ending the process would lose it.
   const DescriptorWatch interrupted(interruption.descriptor(), [&window] { window->close(); });
   window->show();
   application_.run();
@@ -102,7 +110,7 @@ void DesktopHost::runMainWindow(const Interruption& interruption) {
 void DesktopHost::openSettings() {
   if (!settings_ || !settings_->isOpen()) {
     settings_ = makeWindow(Tab::general);
-    // By the time this is told, there may be another window already.
+    // Another window may have been opened before this is called.
     settings_->onClose([this] {
       if (settings_ && !settings_->isOpen()) settings_.reset();
     });

@@ -13,27 +13,26 @@
 
 namespace zorvantine {
 
-// The launched application on a desktop: its event loop and its settings windows. One a process, on
-// the main thread.
+// The application on a desktop: its event loop and its settings windows. One per process, main
+// thread.
 class DesktopHost {
 public:
-  // The store outlives the host. When the display that was asked for is out of reach, the program
-  // starts again without one.
+  // The store outlives the host. When the display cannot be reached, the program starts again
+  // without one.
   DesktopHost(const WindowOptions& options, foundation::UserDefaults& store,
               qt::Application::Display display);
   ~DesktopHost();
   DesktopHost(const DesktopHost&) = delete;
   DesktopHost& operator=(const DesktopHost&) = delete;
 
-  // A settings window, not yet open.
+  // Makes a settings window that is not open yet.
   std::unique_ptr<qt::Window> makeWindow(Tab tab) const;
 
-  // Opens a settings window and runs until it is closed. The interruption, which must be older than
-  // every thread of the process and so than the host, closes it too.
+  // Opens a settings window and runs until it is closed, by the person or by the interruption. The
+  // interruption must be made before the process's first thread, and so before the host.
   void run(Tab tab, const Interruption& interruption);
 
-  // Opens the main window and runs until it is closed. Settings windows come from it, one at a
-  // time.
+  // Opens the main window and runs until it is closed. It opens settings windows, one at a time.
   void runMainWindow(const Interruption& interruption);
 
 private:
@@ -43,7 +42,7 @@ private:
   QtMessages messages_;
   qt::Application application_;
   std::optional<SettingsHost> host_;
-  // That of the main window.
+  // The settings window that the main window opened; null while none is open.
   std::unique_ptr<qt::Window> settings_;
 };
 

@@ -37,7 +37,7 @@ MainWindow::MainWindow(Parts parts) : parts_(std::move(parts)) {
   resize(kSize);
 }
 
-// The content owns its widget, and so goes before the window that shows it.
+// The content owns its widget, so it is destroyed before the window that shows the widget.
 MainWindow::~MainWindow() { content_.reset(); }
 
 void MainWindow::addMenus() {

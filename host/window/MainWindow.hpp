@@ -11,7 +11,7 @@
 
 namespace zorvantine {
 
-// The host's main window: its menus, and its content, which is made of the same views as the
+// The host's main window: its menus and a packet list, which is made of the same views as the
 // settings.
 class MainWindow final : public QMainWindow {
 public:
@@ -19,7 +19,7 @@ public:
     viewkit::Environment environment;
     std::shared_ptr<QEVSettings::UpdaterViewModel> updater;
     std::function<void()> openSettings;
-    // The person closed the window, or quit, which is the same.
+    // Called when the person closes the window or quits.
     std::function<void()> closed;
   };
 

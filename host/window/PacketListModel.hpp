@@ -12,18 +12,18 @@
 
 namespace zorvantine {
 
-// What the settings say about how packets are listed, as it is at the moment of asking. Announces
-// every change of the store, whoever makes it. Main thread.
+// How the settings want packets to be listed, read from the store at each call. Announces every
+// change of the store, including those of other processes. Main thread.
 class PacketListModel final : public foundation::ObservableObject {
 public:
   // The store outlives the model.
   explicit PacketListModel(QEVSettings::PreferencesStore& store);
 
   appkit::Font font() const;
-  // The identifier of the zone that times are told in.
+  // The identifier of the time zone of the listed times.
   std::string timeZone() const;
   std::string timeOf(const SamplePacket& packet) const;
-  // Nothing when packets of the protocol are not coloured.
+  // Nothing when packets of the protocol have no colour of their own.
   std::optional<appkit::Color> colorOf(std::string_view protocol) const;
 
 private:

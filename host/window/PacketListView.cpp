@@ -27,7 +27,7 @@ namespace {
 constexpr double kMinWidth = 640;
 constexpr double kMinHeight = 320;
 
-// A column's title, and its width in sizes of the font; the last one takes what is left.
+// A column's title, and its width in multiples of the font size. The last column takes the rest.
 struct Column {
   const char* titleKey;
   double width;

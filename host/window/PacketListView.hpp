@@ -10,8 +10,8 @@
 
 namespace zorvantine {
 
-// The content of the main window: sample packets as the settings want them listed, the time zone of
-// their times, and the ways to the settings and to a newer version.
+// The content of the main window: sample packets in the font, colours and time zone that the
+// settings name, a button that opens the settings, and one that checks for updates.
 struct PacketListView {
   viewkit::ObservedObject<PacketListModel> model;
   std::shared_ptr<QEVSettings::UpdaterViewModel> updater;

@@ -2,9 +2,8 @@
 
 namespace zorvantine {
 
-// What Qt says about itself: while this lives, its errors go where the program's own diagnostics
-// go, and its remarks, on the surroundings above all, go nowhere. One at a time; any thread may
-// cause messages.
+// While an object of this class exists, Qt's error messages go to the log and its warnings and
+// debug messages are dropped. One at a time. Any thread may cause messages.
 class QtMessages {
 public:
   QtMessages();
@@ -12,7 +11,7 @@ public:
   QtMessages(const QtMessages&) = delete;
   QtMessages& operator=(const QtMessages&) = delete;
 
-  // Called when Qt is about to stop the process, which it does when `act` returns. Null for
+  // Sets what is called before Qt stops the process, which it does when `act` returns. Null for
   // nothing.
   void beforeStop(void (*act)());
 };

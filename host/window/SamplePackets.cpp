@@ -10,7 +10,7 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds kStart{1'760'000'000'000};
 
-// Addresses are those reserved for documentation.
+// The addresses are reserved for documentation.
 constexpr std::array<SamplePacket, 12> kPackets{{
     {kStart + milliseconds(0), "02:00:5e:10:00:01", "ff:ff:ff:ff:ff:ff", "ARP",
      "Who has 192.0.2.1? Tell 192.0.2.17"},

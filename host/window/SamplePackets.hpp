@@ -6,19 +6,19 @@
 
 namespace zorvantine {
 
-// A packet as a list of captured packets tells of it.
+// One row of a list of captured packets.
 struct SamplePacket {
-  // Since the epoch, UTC.
+  // Since 1970-01-01 00:00:00 UTC.
   std::chrono::milliseconds time;
   std::string_view source;
   std::string_view destination;
-  // The title of the analyzer that understood the packet.
+  // The title of the analyzer that decoded the packet.
   std::string_view protocol;
   std::string_view info;
 };
 
-// A few packets from one visit to a page, in the order of their times: something to see settings at
-// work on.
+// The packets of one visit to a web page, in the order of their times. They show what the settings
+// change.
 std::span<const SamplePacket> samplePackets();
 
 }  // namespace zorvantine

@@ -8,8 +8,8 @@
 
 namespace zorvantine {
 
-// Draws the settings window into the pictures that the command asks for, without a display. Why it
-// could not, or nothing. Must be the process's only use of Qt.
+// Draws the settings window into the pictures that the command asks for, without a display. Returns
+// why it failed, or nothing. Must be the process's only use of Qt.
 std::optional<Failure> takeSnapshots(const SnapshotCommand& command,
                                      foundation::UserDefaults& store);
 

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Reads the includes of every C++ file below a folder and reports each one that runs against the arrows.
+"""Reads the includes of every C++ file below a folder and reports those that run against the arrows.
 
     check_arrows.py ROOT
 
-Prints one line a finding and exits with 1 when there is any.
+Prints one line for each finding and exits with 1 when there is any.
 """
 
 import os
@@ -13,7 +13,7 @@ from pathlib import Path
 
 CONTRACT_BASE = {"viewkit", "sparkle"}
 
-# room: (its folder, the rooms directly below it). A room may include whatever can be reached downwards.
+# room: (its folder, the rooms directly below it). A room may include every room that these lead to.
 ROOMS = {
     "preferences": ("QEVSettings/preferences", set()),
     "foundation": ("platform/foundation", {"preferences"}),
@@ -35,11 +35,11 @@ ROOMS = {
     "fuzz": ("fuzz", {"QEVSettings", "headless"}),
 }
 
-POSIX = r"(sys/\w+|unistd|fcntl|poll|pwd|signal|dlfcn|termios)\.h"
+POSIX = r"(sys/\w+|unistd|fcntl|poll|pwd|signal|spawn|dlfcn|termios)\.h"
 NETWORK = r"(arpa/inet|ifaddrs|net/if|netinet/in)\.h"
 QT = r"Qt|Q[A-Z]\w*(/\w+)?"
 
-# What a room may include besides the standard library; a room that is not named here, nothing.
+# What each room may include besides the standard library. Rooms that are not listed: nothing.
 OUTSIDE = {
     "foundation": [POSIX, r"sqlite3\.h", r"expat\.h", r"unicode/.+", r"xxhash\.h"],
     "viewkit": [r"cxxabi\.h"],
@@ -50,17 +50,17 @@ OUTSIDE = {
     "benchmarks": [POSIX, QT, r"benchmark/.+", r"sqlite3\.h", r"gio/.+", r"nlohmann/.+"],
     "fuzz": [POSIX, r"sqlite3\.h"],
 }
-# The public headers of these keep their dependencies to themselves.
+# The public headers of these rooms may include none of that.
 HIDES_OUTSIDE = {"foundation", "sparkle", "host"}
 
-STANDARD = re.compile(r"[a-z0-9_]+")  # <vector>: a C++ header has neither a folder nor an ending
+STANDARD = re.compile(r"[a-z0-9_]+")  # "vector": neither a folder nor an ending
 DIRECTIVE = re.compile(r"^\s*#\s*(?:include|include_next|import)\b\s*(.*)", re.MULTILINE)
 TARGET = re.compile(r'<([^>]+)>|"([^"]+)"')
 SOURCE_ENDINGS = {".cpp", ".hpp", ".h", ".hh", ".hxx", ".cc", ".cxx", ".c", ".inc", ".ipp"}
 
 
 def reach(room):
-    """The rooms that a room may include: itself and all below."""
+    """The rooms that a room may include: itself and all rooms below it."""
     seen, pending = set(), [room]
     while pending:
         current = pending.pop()
@@ -71,7 +71,7 @@ def reach(room):
 
 
 def room_of(path):
-    """The room whose folder holds a path, the innermost one first; None when there is none."""
+    """The room with the innermost folder that contains a path; None when there is none."""
     holding = [
         (len(folder), room)
         for room, (folder, _) in ROOMS.items()
@@ -81,17 +81,17 @@ def room_of(path):
 
 
 def included_room(root, source, room, target):
-    """The room that an include leads to; None when it leads out of the house."""
+    """The room of an included file; None when the file is not ours."""
     for folder in (source.parent, Path(ROOMS[room][0])):
         if (root / folder / target).is_file():
             return room_of(folder / target)
-    # A fuzz target may reach behind the public headers, by the path from the root.
+    # A fuzz target may include private headers, by their path from the root.
     if room == "fuzz" and (root / target).is_file():
         return room_of(Path(target))
     for other, (folder, _) in ROOMS.items():
         if (root / folder / "include" / target).is_file():
             return other
-    # What the build generates exists nowhere yet: its first folder says where it belongs.
+    # A generated header may not exist yet. Its first folder names its room.
     parts = Path(target).parts
     if parts[:2] == ("QEVSettings", "preferences"):
         return "preferences"
@@ -99,7 +99,7 @@ def included_room(root, source, room, target):
 
 
 def check_include(root, source, room, target):
-    """What is wrong with one include, or None."""
+    """The problem with one include, or None."""
     if ".." in Path(target).parts:
         return f'includes "{target}" through "..": name it from its room'
     other = included_room(root, source, room, target)
@@ -135,7 +135,7 @@ def sources_below(root):
 
 
 def check(root):
-    """Every finding below a root, as "path: what is wrong" lines."""
+    """All findings below a root, as lines "path: problem"."""
     findings = []
     includes = 0
     for source in sources_below(root):

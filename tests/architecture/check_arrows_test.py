@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The checker against made-up trees: a checker that finds nothing proves nothing."""
+"""Runs the checker over small trees, to prove that it finds each kind of violation."""
 
 import tempfile
 import unittest
@@ -7,7 +7,7 @@ from pathlib import Path
 
 from check_arrows import check
 
-# A tree that keeps every rule; each case below adds one file to it.
+# A tree without violations. Each case below adds one file to it.
 HOUSE = {
     "QEVSettings/preferences/include/QEVSettings/preferences/Store.hpp": "#include <string>\n",
     "QEVSettings/include/QEVSettings/RootView.hpp": '#include "viewkit/View.hpp"\n#include "QEVModels/Model.hpp"\n',
@@ -24,7 +24,7 @@ HOUSE = {
     "build/dev/generated.cpp": '#include "../anything"\n',
 }
 
-# A file added to the house, what stands in it, and what its finding says.
+# The added file, its contents, and a part of its finding.
 VIOLATIONS = [
     ("platform/viewkit/Page.hpp", '#include "QEVSettings/RootView.hpp"', "viewkit may not use QEVSettings"),
     ("platform/foundation/Page.hpp", '#include "viewkit/View.hpp"', "foundation may not use viewkit"),

@@ -35,7 +35,7 @@ using testing::StartsWith;
 
 // A slip in a table would send two analyzers to one key, or show a port that the editor would
 // change.
-TEST(SampleAnalyzers, AreWellFormedAndDistinct) {
+TEST(HostAnalyzers, DescriptionsAreWellFormedAndDistinct) {
   const auto analyzers = sampleAnalyzers();
   ASSERT_GE(analyzers.size(), 24U);
   std::set<std::string> ids;
@@ -66,7 +66,7 @@ TEST(SampleAnalyzers, AreWellFormedAndDistinct) {
   }
 }
 
-TEST(LoadedAnalyzers, AreRegisteredInTheOrderOfTheTable) {
+TEST(LoadAnalyzers, AnalyzersAreRegisteredInTheOrderOfTheTable) {
   const auto store = UserDefaults::inMemory();
   auto& registry = QEVModels::QEVPlugInsController::sharedManager();
   loadAnalyzers(std::nullopt, *store);
@@ -79,7 +79,7 @@ TEST(LoadedAnalyzers, AreRegisteredInTheOrderOfTheTable) {
   for (const auto& plugIn : plugIns) registry.unregisterPlugIn(plugIn.id);
 }
 
-class PortsOfAnAnalyzer : public testing::Test {
+class RunningAnalyzerTest : public testing::Test {
 protected:
   static AnalyzerDescription description(Preferences preferences = Preferences::settingsAndPorts) {
     return {.name = "sample",
@@ -114,7 +114,7 @@ protected:
   std::unique_ptr<UserDefaults> store = UserDefaults::inMemory();
 };
 
-TEST_F(PortsOfAnAnalyzer, AreTakenOverAsTheyAreReplaced) {
+TEST_F(RunningAnalyzerTest, ReplacedRecordIsWatched) {
   AnalyzerPortsPreferences preferences(description(), *store);
   const auto current = record("One", "1");
   current->protocolPorts = "1,11";
@@ -128,7 +128,7 @@ TEST_F(PortsOfAnAnalyzer, AreTakenOverAsTheyAreReplaced) {
   EXPECT_THAT(portsOf(*preferences.running()), ElementsAre("1", "2,22"));
 }
 
-TEST_F(PortsOfAnAnalyzer, AreReadAgainWhenTheListIsSaidToHaveChanged) {
+TEST_F(RunningAnalyzerTest, ListIsReadAgainWhenItIsNotifiedOfAChange) {
   for (const auto name :
        {QEVProtocolKonstants::protocolListDidChange, QEVProtocolKonstants::portsDidChange}) {
     const AnalyzerPreferences preferences(description(Preferences::settings), *store);
@@ -143,7 +143,7 @@ TEST_F(PortsOfAnAnalyzer, AreReadAgainWhenTheListIsSaidToHaveChanged) {
   }
 }
 
-TEST_F(PortsOfAnAnalyzer, AreKeptByOneThatRefusesOthers) {
+TEST_F(RunningAnalyzerTest, AnalyzerWithVetoKeepsItsPorts) {
   AnalyzerPortsPreferences preferences(description(Preferences::settingsAndVetoes), *store);
   const auto change = [&](const std::string& ports, QEVNetworkProtocolProperty property) {
     preferences.replaceProtoocol(record("One", "1"), record("One", ports), property);

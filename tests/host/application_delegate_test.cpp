@@ -13,7 +13,7 @@ namespace {
 using appkit::Appearance;
 using zorvantine::ApplicationDelegate;
 
-TEST(ApplicationDelegate, MakesTheApplicationLookAsTheStoreSays) {
+TEST(ApplicationDelegate, AppearanceFollowsTheStore) {
   const auto store = foundation::UserDefaults::inMemory();
   const auto& application = appkit::Application::sharedApplication();
   const ApplicationDelegate delegate(*store);

@@ -56,7 +56,7 @@ class Number(str):
 
 
 def migrated_list(data):
-    """What the migration makes of one protocol list, or None when it leaves it."""
+    """One protocol list after the migration, or None when the migration leaves it alone."""
     try:
         records = json.loads(data.decode("utf-8"), parse_int=Number, parse_float=Number)
     except (ValueError, RecursionError):
@@ -178,7 +178,7 @@ class CommandLine(unittest.TestCase):
         self.assertRegex(done.stderr, r"\Azorvantine: [^\n]+\n\Z")
 
     def files(self):
-        """Every file of the folder: its mode and what its bytes hash to."""
+        """The mode and the hash of every file of the folder."""
         return {
             file.name: (oct(file.stat().st_mode), hashlib.sha256(file.read_bytes()).hexdigest())
             for file in self.folder.iterdir()
@@ -209,7 +209,7 @@ class CommandLine(unittest.TestCase):
             self.assertEqual(self.files(), before)
 
     def test_every_command_says_once_that_the_store_was_restored(self):
-        """`delete` comes last: it opens the store for writing, which puts it right."""
+        """`delete` runs last, because it opens the store for writing and so repairs it."""
         self.run_host("prefs", "set", "mine", "--string", "kept")
         self.store.write_bytes(b"\0" * self.store.stat().st_size)
         damaged = self.files()
@@ -272,7 +272,7 @@ class CommandLine(unittest.TestCase):
     def test_import_of_an_older_release_is_as_if_its_store_had_been_migrated(self):
         with open(SAMPLE, "rb") as file:
             old = plistlib.load(file)
-        # Into a store that has seen its migration.
+        # The store has been migrated before.
         self.run_host("prefs", "migrate")
         text = self.run_host("prefs", "import", SAMPLE)
         imported = self.listed()
@@ -319,7 +319,7 @@ class CommandLine(unittest.TestCase):
         self.run_host("prefs", "set", VERSION_KEY, "--int", "2")
         report = self.run_host("prefs", "verify")
         self.assertEqual(re.findall("^  (.*)$", report, re.MULTILINE), names)
-        # What is said to do does it.
+        # The commands that the report names bring the keys up to date.
         for command in re.findall("“zorvantine (.*?)”", report):
             subprocess.run(self.command(*command.split()), check=True, capture_output=True)
         self.assertNotIn("older release", self.run_host("prefs", "verify"))
@@ -334,6 +334,56 @@ class CommandLine(unittest.TestCase):
             self.run_host("prefs", "import", str(file), code=3)
         self.assertEqual(list(self.listed()), ["mine"])
 
+    def test_import_takes_the_list_that_was_printed_as_json(self):
+        self.run_host("prefs", "import", SAMPLE)
+        for name, option, text in [
+            ("date", "--date", "2026-03-01T12:30:00.25Z"),
+            ("far", "--real", "-inf"),
+            ("nested", "--json", '{"a":[1,1.0,true,"b"]}'),
+            ("bytes", "--data", "AP8="),
+        ]:
+            self.run_host("prefs", "set", name, option, text)
+        self.run_host("prefs", "import", self.plist({VERSION_KEY: 2, "undefined": float("nan")}))
+        self.run_host("prefs", "set", VERSION_KEY, "--int", "2")
+        printed = self.run_host("prefs", "list", "--format", "json")
+        self.store = self.folder / "copy.sqlite"
+        text = self.run_host("prefs", "import", "-", text=printed)
+        self.assertEqual(text, f"Imported {len(json.loads(printed)) - 1} keys.\n")
+        self.run_host("prefs", "set", VERSION_KEY, "--int", "2")
+        self.assertEqual(self.run_host("prefs", "list", "--format", "json"), printed)
+
+    def test_import_refuses_json_that_is_no_list_of_typed_values(self):
+        for text, expected in [
+            ("{", "not JSON"),
+            ('{"key": 1}', "“key”: the entry has no type"),
+            ('{"key": {"type": "number", "value": 1}}', "“key”: the entry has no type"),
+            ('{"key": {"type": "integer", "value": "1"}}', "not of the type integer"),
+            ('{"key": {"type": "boolean", "value": 1}}', "not of the type boolean"),
+            ('{"key": {"type": "array", "value": {}}}', "not of the type array"),
+            ('{"key": {"type": "data", "value": "A"}}', "not base64"),
+            ('{"key": {"type": "real", "value": "far"}}', "not a real number"),
+            ('{"good": {"type": "integer", "value": 1}, "key": {"type": "array", "value": [null]}}', "null"),
+        ]:
+            message = self.run_host("prefs", "import", "-", text=text, code=3)
+            self.assertTrue(message.startswith("zorvantine: standard input: "), message)
+            self.assertIn(expected, message)
+        self.assertEqual(self.listed(), {})
+
+    def test_export_to_standard_output_is_what_a_file_would_hold(self):
+        self.run_host("prefs", "import", SAMPLE)
+        target = self.folder / "list"
+        for form in ("xml", "binary"):
+            self.run_host("prefs", "export", str(target), "--format", form)
+            done = subprocess.run(
+                self.command("prefs", "export", "-", "--format", form), capture_output=True, check=True
+            )
+            self.assertEqual(done.stdout, target.read_bytes())
+            self.store = self.folder / f"{form}.sqlite"
+            subprocess.run(self.command("prefs", "import", "-"), input=done.stdout, capture_output=True, check=True)
+            self.assertGreater(len(self.listed()), 20)
+            self.store = self.folder / "store.sqlite"
+        self.assertFalse((self.folder / "-").exists())
+
     def test_export_is_readable_by_another_reader(self):
         with open(SAMPLE, "rb") as file:
             expected = plistlib.load(file)
@@ -347,7 +397,7 @@ class CommandLine(unittest.TestCase):
         self.run_host("prefs", "export", str(self.folder / "no" / "such" / "folder"), code=3)
 
     def test_migration_brings_the_sample_up_to_date(self):
-        # As a release would leave it that took its own list for one of the current schema.
+        # The list claims the current schema, so the import leaves its older forms alone.
         with open(SAMPLE, "rb") as file:
             self.run_host("prefs", "import", self.plist(plistlib.load(file) | {VERSION_KEY: 2}))
         before = self.listed()
@@ -384,13 +434,13 @@ class CommandLine(unittest.TestCase):
         again = subprocess.run(self.command("prefs", "migrate"), capture_output=True, text=True)
         self.assertEqual((again.returncode, again.stdout, again.stderr), (0, "", ""))
 
-    def test_watch_tells_of_each_change_until_interrupted(self):
+    def test_watch_prints_each_change_until_interrupted(self):
         self.run_host("prefs", "set", "started", "--int", "-1")
         for stop in (signal.SIGINT, signal.SIGTERM):
             watcher = subprocess.Popen(self.command("prefs", "watch"), stdout=subprocess.PIPE, text=True)
             self.addCleanup(watcher.stdout.close)
             try:
-                # The first change may come before the watching; one of the next does not.
+                # The first changes may be made before the watcher observes the store.
                 os.set_blocking(watcher.stdout.fileno(), False)
                 line = ""
                 for attempt in range(1000):
@@ -411,14 +461,14 @@ class CommandLine(unittest.TestCase):
                 watcher.kill()
                 watcher.wait()
 
-    def test_watch_tells_of_the_keys_named_as_json(self):
+    def test_watch_prints_the_named_keys_as_json(self):
         self.run_host("prefs", "set", "started", "--int", "0")
         watcher = subprocess.Popen(
             self.command("prefs", "watch", "--format", "json", "started", "key"), stdout=subprocess.PIPE, text=True
         )
         self.addCleanup(watcher.stdout.close)
         try:
-            # The first change may come before the watching; one of the next does not.
+            # The first changes may be made before the watcher observes the store.
             os.set_blocking(watcher.stdout.fileno(), False)
             line = ""
             for attempt in range(1, 1000):
@@ -452,7 +502,7 @@ class CommandLine(unittest.TestCase):
         for title in analyzers:
             self.assertRegex(text, f"(?m)^{re.escape(title)} ")
 
-    def test_help_on_a_command_is_about_that_command(self):
+    def test_help_on_a_command_describes_that_command_alone(self):
         text = self.run_host("prefs", "set", "--help")
         self.assertEqual(text, self.run_host("help", "prefs", "set"))
         self.assertIn("Usage: zorvantine prefs set KEY (--string|--int", " ".join(text.split()))

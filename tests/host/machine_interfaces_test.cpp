@@ -25,7 +25,7 @@ std::set<std::string> namesOfTheSystem() {
   return names;
 }
 
-TEST(MachineInterfaces, AreThoseOfTheSystemEachOnce) {
+TEST(MachineInterfaces, EachInterfaceOfTheSystemIsListedOnce) {
   const auto interfaces = zorvantine::MachineInterfaces().all();
   std::set<std::string> names;
   for (const NetworkInterface& each : interfaces) {

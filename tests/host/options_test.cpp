@@ -26,13 +26,13 @@ C commandOf(const Words& words) {
   return *std::any_cast<std::shared_ptr<C>>(options->invocation.command);
 }
 
-TEST(CommandLine, NothingOpensTheWindow) {
+TEST(CommandLine, NoCommandStandsForSettings) {
   const auto command = commandOf<SettingsCommand>({});
   EXPECT_EQ(command.tab, Tab::general);
   EXPECT_EQ(command.window, WindowOptions{});
 }
 
-TEST(CommandLine, WindowOptionsAreReadWhereverTheyStand) {
+TEST(CommandLine, WindowOptionsAreReadByEveryCommandOfTheWindow) {
   const WindowOptions expected{
       .hasProxyTab = false, .syntheticAnalyzers = 10000, .language = "zh-Hans"};
   const Words rest{"--no-proxy", "--analyzers", "10000", "--language=zh-Hans"};
@@ -61,7 +61,7 @@ TEST(CommandLine, StoreMayComeBeforeOrAfterTheCommand) {
   }
 }
 
-TEST(CommandLine, ValuesAreTakenWhateverTheyLookLike) {
+TEST(CommandLine, ValueAfterAnOptionIsReadByItsType) {
   const std::vector<std::pair<Words, PreferenceValue>> cases{
       {{"--int", "-9223372036854775808"}, std::int64_t{INT64_MIN}},
       {{"--real", "-1.5e3"}, -1500.0},
@@ -85,7 +85,7 @@ TEST(CommandLine, ValuesAreTakenWhateverTheyLookLike) {
   }
 }
 
-TEST(CommandLine, FormatsGoWithTheirCommands) {
+TEST(CommandLine, FormatIsReadByItsCommand) {
   EXPECT_EQ(commandOf<ListPreferencesCommand>({"prefs", "list", "--format", "json"}).format,
             OutputFormat::json);
   EXPECT_EQ(
@@ -94,7 +94,7 @@ TEST(CommandLine, FormatsGoWithTheirCommands) {
   EXPECT_EQ(commandOf<ValidatePortsCommand>({"ports", "validate", "-"}).text, "-");
 }
 
-TEST(CommandLine, HelpIsGivenWhateverElseIsWrong) {
+TEST(CommandLine, HelpOptionIsObeyedBeforeOtherErrors) {
   for (const Words& words : {Words{"--help"}, Words{"-h"}, Words{"help"}, Words{"prefs", "--help"},
                              Words{"prefs", "set", "--help"}, Words{"snapshot", "-h"}}) {
     EXPECT_NO_THROW(commandOf<HelpCommand>(words)) << words.back();
@@ -104,7 +104,7 @@ TEST(CommandLine, HelpIsGivenWhateverElseIsWrong) {
             "--help");
 }
 
-TEST(CommandLine, WhatIsWrongIsSaid) {
+TEST(CommandLine, ErrorNamesWhatIsWrong) {
   const std::vector<std::pair<Words, std::string>> cases{
       {{"setings"}, "“setings”"},
       {{""}, "no command"},

@@ -14,7 +14,7 @@ using testing::Not;
 using testing::Optional;
 using zorvantine::ProxyService;
 
-TEST(ProxyService, KeepsItsSettingsInTheStoreAndNowhereElse) {
+TEST(ProxyService, SettingsAreKeptInTheStoreAlone) {
   const auto store = UserDefaults::inMemory();
   ProxyService service(*store);
   EXPECT_FALSE(service.isEnabled());
@@ -38,7 +38,7 @@ TEST(ProxyService, KeepsItsSettingsInTheStoreAndNowhereElse) {
   EXPECT_EQ(another.upstream(), std::nullopt);
 }
 
-TEST(ProxyService, TakesWhatMakesNoSenseForTheInitialValue) {
+TEST(ProxyService, UnreadableValueCountsAsTheInitialOne) {
   const auto store = UserDefaults::inMemory();
   const ProxyService service(*store);
   for (const char* text :
@@ -50,7 +50,7 @@ TEST(ProxyService, TakesWhatMakesNoSenseForTheInitialValue) {
   }
 }
 
-TEST(ProxyService, SaysWhyItDoesNotRun) {
+TEST(ProxyService, ProblemSaysWhyItDoesNotRun) {
   const auto store = UserDefaults::inMemory();
   ProxyService service(*store);
   service.setInterceptsTLS(true);
@@ -63,7 +63,7 @@ TEST(ProxyService, SaysWhyItDoesNotRun) {
   EXPECT_THAT(service.problem(), Optional(Not(IsEmpty())));
 }
 
-TEST(ProxyService, AnnouncesEachChangeOfItsOwnBeforeItHappens) {
+TEST(ProxyService, OwnChangeIsAnnouncedBeforeItHappens) {
   const auto store = UserDefaults::inMemory();
   ProxyService service(*store);
   std::vector<bool> enabledWhenTold;

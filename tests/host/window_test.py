@@ -100,7 +100,7 @@ class WindowCommands(unittest.TestCase):
         self.assertFalse((self.folder / "nowhere").exists())
         self.assertEqual({picture.name for picture in pictures.iterdir()}, {"general.png", "capture.png"})
 
-    def test_looking_at_a_page_changes_no_preference(self):
+    def test_commands_that_show_a_page_change_no_preference(self):
         self.run_host("prefs", "delete", "com_velloquin_zorvantine_prefs_schema_version")
         self.run_host("prefs", "set", "QEVAnalyzerSettingsSelectedIndex", "--int", "30")
         self.run_host("prefs", "set", "com_velloquin_qev_dns_color", "--data", "AQID")
@@ -132,7 +132,7 @@ class WindowCommands(unittest.TestCase):
         for label in labels - {""}:
             self.assertIn(label, text)
 
-    def test_language_is_the_desktops_or_the_one_asked_for(self):
+    def test_language_is_that_of_the_desktop_unless_an_option_names_one(self):
         def tab_bar(*words, **variables):
             page = self.described("general", *words, **variables)
             return next(node for node in nodes(page) if node["kind"] == "TabBar")
@@ -150,10 +150,11 @@ class WindowCommands(unittest.TestCase):
         self.assertEqual(picture(), picture("--language", "ar"))
         self.assertNotEqual(picture(), picture("--language", "en"))
 
-    def test_finds_the_modules_texts_in_the_first_of_their_places(self):
+    def test_module_texts_come_from_the_resources_before_the_program_folder(self):
         program = self.folder / "programs" / "zorvantine"
         program.parent.mkdir()
         shutil.copy(PROGRAM, program)
+        shutil.copy(Path(PROGRAM).with_name("zorvantine-pages"), program.parent)
         resources = program.parent / "Resources"
         resources.mkdir()
 
@@ -182,7 +183,7 @@ class WindowCommands(unittest.TestCase):
             pictures.rename(self.folder / f"drawn {number}")
         self.assertRegex(self.run_host("run", code=3).stderr, r"\Azorvantine: no display [^\n]+\n\Z")
 
-    def test_windows_run_until_they_are_told_to_end(self):
+    def test_window_stays_open_until_a_signal_closes_it(self):
         for words, signum in (
             (["settings", "--tab", "analyze"], signal.SIGTERM),
             (["settings"], signal.SIGHUP),
@@ -192,7 +193,7 @@ class WindowCommands(unittest.TestCase):
                 self.command(*words), stderr=subprocess.PIPE, env=self.environment | {"QT_QPA_PLATFORM": "offscreen"}
             )
             try:
-                # The signals are held back from the moment on at which they close the window.
+                # The process blocks the signals as soon as they close the window.
                 status = Path(f"/proc/{window.pid}/status")
                 while not int(status.read_text().split("SigBlk:")[1].split()[0], 16) & 1 << signum - 1:
                     self.assertIsNone(window.poll(), "the window did not stay open")

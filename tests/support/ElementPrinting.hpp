@@ -6,7 +6,7 @@
 
 namespace headless {
 
-// How GoogleTest shows an element: what it is and where, or why it does not exist.
+// Prints an element for GoogleTest: its kind and frame, or why it was not found.
 void PrintTo(const Element& element, std::ostream* out);
 
 }  // namespace headless

@@ -8,7 +8,7 @@
 
 namespace support {
 
-// Takes what is logged as long as it lives.
+// Collects the log entries that are written while it exists.
 class LogCapture {
 public:
   LogCapture() = default;
@@ -18,7 +18,7 @@ public:
 
   const std::vector<QEVLog::LogEntry>& entries() const { return entries_; }
 
-  // Of each entry the items and what joins and ends them.
+  // The text of each entry, with its separators and its terminator.
   std::vector<std::string> texts() const {
     std::vector<std::string> texts;
     for (const QEVLog::LogEntry& entry : entries_) texts.push_back(entry.text());

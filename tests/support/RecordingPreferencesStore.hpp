@@ -14,13 +14,13 @@
 
 namespace support {
 
-// What a store was asked to do.
+// One operation on a store.
 struct StoreOperation {
   enum class Kind { read, readAll, write, remove };
 
   Kind kind = Kind::read;
   std::string key;
-  // What was written.
+  // The value that was written.
   std::optional<QEVSettings::PreferenceValue> value;
 
   friend bool operator==(const StoreOperation&, const StoreOperation&) = default;
@@ -33,23 +33,23 @@ StoreOperation removed(std::string_view key);
 
 std::ostream& operator<<(std::ostream& out, const StoreOperation& operation);
 
-// A real store in memory that writes down what is asked of it.
+// A store in memory that records the operations on it.
 //
 //     RecordingPreferencesStore store;
 //     …
 //     EXPECT_THAT(store.changes(), ElementsAre(wrote(kKey, "dark")));
 class RecordingPreferencesStore final : public QEVSettings::PreferencesStore {
 public:
-  // Every operation in order.
+  // All operations in order.
   const std::vector<StoreOperation>& operations() const { return operations_; }
   // The writes and the removals in order.
   std::vector<StoreOperation> changes() const;
   void forget() { operations_.clear(); }
 
-  // The store itself: what is done to it directly is not written down, but observers hear of it.
+  // The store inside. Operations on it are observed but not recorded.
   foundation::UserDefaults& underneath() { return *store_; }
 
-  // What the store reports from now on; observers of the storage are told.
+  // Sets what the store reports, and tells the observers of the storage.
   void setOpening(QEVSettings::StoreOpening opening);
   void setStorageProblem(std::optional<QEVSettings::StorageProblem> problem);
 
@@ -74,6 +74,6 @@ private:
 }  // namespace support
 
 namespace QEVSettings {
-// How GoogleTest shows a value.
+// Prints a value for GoogleTest.
 void PrintTo(const PreferenceValue& value, std::ostream* out);
 }  // namespace QEVSettings

@@ -10,8 +10,8 @@
 
 namespace support {
 
-// An empty folder that no other test has, removed with what is in it. Tests run beside each other,
-// so none may name its folder itself.
+// An empty folder for one test, removed with its contents. Its name is unique, because tests run in
+// parallel.
 class TemporaryFolder {
 public:
   TemporaryFolder() {

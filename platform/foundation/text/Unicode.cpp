@@ -1,7 +1,5 @@
 #include "foundation/Unicode.hpp"
 
-#include <unicode/bytestream.h>
-#include <unicode/casemap.h>
 #include <unicode/utf16.h>
 #include <unicode/utf8.h>
 
@@ -84,16 +82,6 @@ void appendUtf8(std::string& text, char32_t codePoint) {
   U8_APPEND(bytes, length, bytes.size(), codePoint, isError);
   if (isError) return appendUtf8(text, kReplacementCharacter);
   text.append(bytes.data(), length);
-}
-
-std::string uppercased(std::string_view text) {
-  std::string uppercase;
-  icu::StringByteSink<std::string> sink(&uppercase, static_cast<std::int32_t>(text.size()));
-  UErrorCode error = U_ZERO_ERROR;
-  constexpr const char* everyLanguage = "";
-  icu::CaseMap::utf8ToUpper(everyLanguage, 0, {text.data(), static_cast<std::int32_t>(text.size())},
-                            sink, nullptr, error);
-  return U_SUCCESS(error) ? uppercase : std::string(text);
 }
 
 std::optional<std::string> utf8FromUtf16(std::string_view bytes) {

@@ -1,16 +1,15 @@
-#include "window/startAgainWithoutDisplay.hpp"
+#include "commands/ReplaceProcess.hpp"
 
 #include <unistd.h>
 
 #include <csignal>
-#include <cstdlib>
 #include <fstream>
 #include <string>
 #include <vector>
 
 namespace zorvantine {
 
-void startAgainWithoutDisplay() {
+void replaceProcess(const std::filesystem::path& program) {
   std::ifstream commandLine("/proc/self/cmdline", std::ios::binary);
   std::vector<std::string> words;
   for (std::string word; std::getline(commandLine, word, '\0');) words.push_back(word);
@@ -19,12 +18,13 @@ void startAgainWithoutDisplay() {
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
 
-  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) ::unsetenv(name);
-  // The signals that this process holds back would be held back in the new one too.
+  // A blocked signal stays blocked in the new program, which does not expect it.
   sigset_t none{};
   sigemptyset(&none);
-  pthread_sigmask(SIG_SETMASK, &none, nullptr);
-  ::execv("/proc/self/exe", arguments.data());
+  sigset_t before{};
+  pthread_sigmask(SIG_SETMASK, &none, &before);
+  ::execv(program.c_str(), arguments.data());
+  pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
 }  // namespace zorvantine

@@ -1,0 +1,105 @@
+#include "commands/RunCommandLine.hpp"
+
+#include "commandline/ExitCode.hpp"
+#include "commandline/Messages.hpp"
+#include "commandline/Options.hpp"
+#include "commands/Commands.hpp"
+#include "foundation/Bundle.hpp"
+#include "foundation/UserDefaults.hpp"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+namespace zorvantine {
+
+using foundation::UserDefaults;
+
+namespace {
+
+int report(const Failure& failure, Messages& messages) {
+  std::cout.flush();
+  messages.say(failure.message);
+  return static_cast<int>(failure.code);
+}
+
+// A store file that was named and does not exist is an error in the name. The person's own store
+// need not exist: it is empty until something is stored.
+Failed missingStore(const Options& options) {
+  std::error_code error;
+  if (!options.store || std::filesystem::symlink_status(*options.store, error).type() !=
+                            std::filesystem::file_type::not_found) {
+    return std::nullopt;
+  }
+  return Failure{.message = "there is no store " + options.store->string() +
+                            "; check its name, or make it with prefs set or prefs import"};
+}
+
+// Opens the store in the way that the command uses it, and reports how that went.
+Failed openStore(const Options& options, Messages& messages) {
+  if (options.store) UserDefaults::setStandardFile(*options.store);
+  const bool changesNothing =
+      options.storeUse == StoreUse::reads || options.storeUse == StoreUse::inspects;
+  if (changesNothing) UserDefaults::setStandardAccess(UserDefaults::Access::readOnly);
+  if (changesNothing || options.storeUse == StoreUse::follows) {
+    if (auto failure = missingStore(options)) return failure;
+  }
+  if (!opensStore(options.storeUse)) return std::nullopt;
+  messages.say(Console::store().opening().message);
+  const auto failure = storeFailure(Console::store());
+  if (!failure || options.storeUse != StoreUse::shows) return failure;
+  messages.say(failure->message);
+  return std::nullopt;
+}
+
+// In an installed tree the other programs are in libexec, and share the resources of zorvantine.
+void useInstalledResources() {
+  using foundation::Bundle;
+  const auto resources = (Bundle::mainBundle().folder() / ZORVANTINE_RESOURCES).lexically_normal();
+  std::error_code error;
+  if (std::filesystem::is_directory(resources, error)) Bundle::setMainResourceFolder(resources);
+}
+
+Failed carryOut(const Options& options, Messages& messages, Program program) {
+  // The other programs open the store for the commands that they are started for.
+  const bool isHandedOver = program == Program::shell && options.program != program;
+  Failed failed = isHandedOver ? std::nullopt : openStore(options, messages);
+  if (failed) return failed;
+  if (options.runsUntilEnded) messages.logDiagnosticsAsTheyCome();
+  Console console{.in = std::cin, .out = std::cout, .outIsTerminal = ::isatty(STDOUT_FILENO) == 1};
+  failed = options.invocation.run(console);
+  // The store may have been recovered, and so opened anew, while the command ran.
+  if (opensStore(options.storeUse)) messages.say(Console::store().opening().message);
+  // The message of a failed command replaces the diagnostics.
+  if (!failed) messages.logDiagnostics();
+  return failed;
+}
+
+}  // namespace
+
+int runCommandLine(int argc, char** argv, Program program) {
+  std::ios::sync_with_stdio(false);
+  if (program != Program::shell) useInstalledResources();
+  // Outlives the store, which may report something when it is closed.
+  static Messages messages;
+  const std::vector<std::string_view> words(argv + (argc > 0 ? 1 : 0), argv + argc);
+  const auto options = parseOptions(words);
+  if (!options) {
+    return report({.code = ExitCode::usage,
+                   .message = options.error().message + "; zorvantine --help shows what there is"},
+                  messages);
+  }
+  if (const auto failure = carryOut(*options, messages, program)) return report(*failure, messages);
+  if (!std::cout.flush()) {
+    return report({.message = "the result could not be written; make room for it, and try again"},
+                  messages);
+  }
+  return EXIT_SUCCESS;
+}
+
+}  // namespace zorvantine

@@ -1,0 +1,5 @@
+#include "commands/RunCommandLine.hpp"
+
+int main(int argc, char** argv) {
+  return zorvantine::runCommandLine(argc, argv, zorvantine::Program::window);
+}
