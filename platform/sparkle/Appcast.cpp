@@ -18,7 +18,7 @@ namespace {
 using foundation::Error;
 using foundation::withoutBlanks;
 
-// Deeper than any feed that a person writes.
+// The deepest nesting of elements that is accepted. Real feeds stay far below it.
 constexpr int kDeepestElement = 64;
 
 struct ParserDeleter {
@@ -26,7 +26,7 @@ struct ParserDeleter {
 };
 using Parser = std::unique_ptr<std::remove_pointer_t<XML_Parser>, ParserDeleter>;
 
-// Where the text of an element of an item belongs.
+// The field that takes the text of an element of an item.
 std::string* fieldFor(std::string_view element, AppcastItem& item) {
   if (element == "title") return &item.title;
   if (element == "description") return &item.notes;
@@ -38,7 +38,7 @@ std::string* fieldFor(std::string_view element, AppcastItem& item) {
   return nullptr;
 }
 
-// Takes the feed in as the parser reads it: rss / channel / item / the fields of an item.
+// Collects the items while the parser reads: rss / channel / item / the fields of an item.
 class Reader {
 public:
   explicit Reader(XML_Parser parser) : parser_(parser) {
@@ -83,7 +83,7 @@ private:
       item_.emplace();
     } else if (depth_ == 4 && item_) {
       field_ = fieldFor(name, *item_);
-      // The first of several, such as notes in several languages, is the one that counts.
+      // Of several elements, such as notes in several languages, the first one counts.
       if (field_ != nullptr && !field_->empty()) field_ = nullptr;
       if (name == "enclosure" && item_->enclosure.url.empty()) takeEnclosure(attributes);
     }
