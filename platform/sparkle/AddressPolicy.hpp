@@ -4,13 +4,12 @@
 
 namespace sparkle {
 
-// Whether a feed may be fetched from there: from https:// or a file on this machine, because
-// anybody on the way can change what comes over http://; from anywhere where the host allows an
-// insecure feed.
+// Whether a feed may be fetched from an address: https:// or file://, or any address when the host
+// allows insecure feeds. Others can change an http:// feed on its way.
 bool mayFetchFeed(std::string_view address, bool allowsInsecureFeed);
 
-// Whether a feed from one address may have a package fetched from another. Neither more of this
-// machine nor less protected than the feed itself:
+// Whether a feed may name a package at an address. A feed of another machine names no files of this
+// one, and a protected feed names no unprotected address:
 //
 //     feed       package
 //     file://    file://, https://, http://

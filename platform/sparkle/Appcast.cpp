@@ -18,10 +18,10 @@ namespace {
 using foundation::Error;
 using foundation::withoutBlanks;
 
-// Deeper than any feed that a person writes.
+// The deepest nesting of elements that is accepted. Real feeds stay far below it.
 constexpr int kDeepestElement = 64;
 
-// Where the text of an element of an item belongs.
+// The field that takes the text of an element of an item.
 std::string* fieldFor(std::string_view element, AppcastItem& item) {
   if (element == "title") return &item.title;
   if (element == "description") return &item.notes;
@@ -33,7 +33,7 @@ std::string* fieldFor(std::string_view element, AppcastItem& item) {
   return nullptr;
 }
 
-// Collects the items of the feed while it is parsed: rss / channel / item / the fields of an item.
+// Collects the items while the parser reads: rss / channel / item / the fields of an item.
 class Reader final : public foundation::XMLHandler {
 public:
   foundation::Result<std::vector<AppcastItem>> read(std::string_view feed) {
@@ -63,7 +63,7 @@ public:
       item_.emplace();
     } else if (depth_ == 4 && item_) {
       field_ = fieldFor(name, *item_);
-      // The first of several, such as notes in several languages, is the one that counts.
+      // Of several elements, such as notes in several languages, the first one counts.
       if (field_ != nullptr && !field_->empty()) field_ = nullptr;
       if (name == "enclosure" && item_->enclosure.url.empty()) takeEnclosure(attributes);
     }

@@ -20,7 +20,7 @@ Result<std::string> read(const FeedRequest& request) {
   const auto path = FileTransport::pathOf(request.address);
   if (!path) return reason("the address %1 is not a file:// address", {request.address});
 
-  // A pipe or a device could keep the main thread waiting.
+  // A pipe or a device could block the main thread.
   std::error_code error;
   if (!std::filesystem::is_regular_file(*path, error)) {
     return reason(error ? "%1 cannot be opened" : "%1 is no file", {path->string()});
@@ -28,7 +28,7 @@ Result<std::string> read(const FeedRequest& request) {
   std::ifstream file(*path, std::ios::binary);
   if (!file) return reason("%1 cannot be opened", {path->string()});
 
-  // One byte more than is allowed tells that there is more.
+  // Reads one byte more than is allowed, to find out whether the file is too long.
   std::string contents(request.longestAnswer + 1, '\0');
   file.read(contents.data(), static_cast<std::streamsize>(contents.size()));
   if (file.bad()) return reason("%1 cannot be read", {path->string()});

@@ -14,9 +14,8 @@ namespace sparkle {
 
 namespace {
 
-using foundation::Error;
-
-// The last part of the address, in characters that mean nothing to a file system or a shell.
+// The last component of the address, reduced to characters without meaning to file systems and
+// shells.
 std::string fileNameOf(std::string_view url) {
   url = url.substr(0, url.find_first_of("?#"));
   std::string name(url.substr(url.find_last_of('/') + 1));
@@ -32,8 +31,8 @@ std::string fileNameOf(std::string_view url) {
 
 }  // namespace
 
-std::optional<Error> obstacleToDownload(const Enclosure& enclosure, std::string_view feedAddress,
-                                        std::string_view publicKey) {
+foundation::Outcome checkDownload(const Enclosure& enclosure, std::string_view feedAddress,
+                                  std::string_view publicKey) {
   if (!mayNamePackage(feedAddress, enclosure.url)) {
     return reason("the update feed may not name the address %1", {enclosure.url});
   }
@@ -41,7 +40,7 @@ std::optional<Error> obstacleToDownload(const Enclosure& enclosure, std::string_
   if (enclosure.length > kLongestPackage) return reason("it is longer than 64 MiB");
   if (publicKey.empty()) return reason("the application has no key to check its signature with");
   if (enclosure.signature.empty()) return reason("the update feed has no signature for it");
-  return std::nullopt;
+  return foundation::done();
 }
 
 foundation::Result<std::filesystem::path> keepPackage(const Enclosure& enclosure,
@@ -56,7 +55,7 @@ foundation::Result<std::filesystem::path> keepPackage(const Enclosure& enclosure
   std::error_code error;
   std::filesystem::create_directories(folder, error);
   const auto path = folder / fileNameOf(enclosure.url);
-  // What is written takes on the mode of what it replaces.
+  // A new file would get the mode of the file that it replaces.
   constexpr auto forTheUserAlone =
       std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
   const auto earlier = std::filesystem::symlink_status(path, error);

@@ -14,7 +14,7 @@ namespace {
 
 using foundation::isBlank;
 
-// Text that grows by words and lines: blanks in a row count once, and at most one line stays empty.
+// Builds text from words and lines. Several blanks become one, and several empty lines become one.
 class Lines {
 public:
   void add(std::string_view characters) {
@@ -27,7 +27,7 @@ public:
     }
   }
 
-  // From here on at least this many line ends from what came before.
+  // Separates what follows by at least this many line ends from what came before.
   void breakLine(int ends) {
     endsDue_ = std::max(endsDue_, ends);
     blankIsDue_ = false;
@@ -86,7 +86,7 @@ void applyTag(const std::string& name, Lines& lines) {
   if (name == "li") lines.add("• ");
 }
 
-// The length of a tag or a comment at the front of the text; none when "<" is only a character.
+// The length of a tag or a comment at the front of the text; nothing when "<" is only a character.
 std::optional<std::size_t> lengthOfTag(std::string_view text) {
   if (text.starts_with("<!--")) {
     const auto end = text.find("-->");
@@ -99,7 +99,7 @@ std::optional<std::size_t> lengthOfTag(std::string_view text) {
   return end == std::string_view::npos ? std::nullopt : std::optional(end + 1);
 }
 
-// Whether the text is written as markup; else its line ends are the author's own.
+// Whether the text is markup. The line ends of other text are kept.
 bool isMarkup(std::string_view notes) {
   for (auto at = notes.find('<'); at != std::string_view::npos; at = notes.find('<', at + 1)) {
     if (lengthOfTag(notes.substr(at))) return true;

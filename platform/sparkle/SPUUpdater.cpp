@@ -28,7 +28,7 @@ constexpr std::string_view kSendsSystemProfileKey = "sparkle_sendsSystemProfile"
 constexpr std::string_view kLastCheckKey = "sparkle_lastCheck";
 
 constexpr std::chrono::seconds kCheckInterval = 24h;
-// A timer stands still while the machine sleeps, so the clock is looked at more often.
+// Timers stop while the machine sleeps, so the clock is read more often than a check is due.
 constexpr std::chrono::seconds kLongestWait = 1h;
 
 UpdaterConfiguration completed(UpdaterConfiguration configuration) {
@@ -38,7 +38,7 @@ UpdaterConfiguration completed(UpdaterConfiguration configuration) {
   return configuration;
 }
 
-// The newest version of the feed when it is newer than the one that runs.
+// The newest item of the feed, if it is newer than the running version.
 Result<std::optional<AppcastItem>> newestUpdate(const Result<std::string>& feed,
                                                 const std::string& currentVersion) {
   if (!feed) return feed.error();
@@ -169,8 +169,9 @@ bool SPUUpdater::mayDownload(Occasion occasion, const std::string& feedAddress,
   const Enclosure& enclosure = update.item.enclosure;
   const bool isWanted = occasion == Occasion::schedule && automaticallyDownloadsUpdates();
   if (!isWanted || configuration_.downloadFolder.empty() || enclosure.url.empty()) return false;
-  update.packageProblem = obstacleToDownload(enclosure, feedAddress, configuration_.publicKey);
-  return !update.packageProblem;
+  const auto allowed = checkDownload(enclosure, feedAddress, configuration_.publicKey);
+  if (!allowed) update.packageProblem = allowed.error();
+  return static_cast<bool>(allowed);
 }
 
 void SPUUpdater::fail(Occasion occasion, const Error& error) {
@@ -187,7 +188,7 @@ void SPUUpdater::download(FoundUpdate update) {
   fetch_ = configuration_.transport->fetch(
       request, [this, update = std::move(update)](const Result<std::string>& contents) {
         FoundUpdate shown = update;
-        // A download that fails is no reason to keep the new version secret.
+        // The new version is shown even when its download failed.
         const auto package =
             contents ? keepPackage(update.item.enclosure, *contents, configuration_.publicKey,
                                    configuration_.downloadFolder)
@@ -203,7 +204,7 @@ void SPUUpdater::download(FoundUpdate update) {
 
 void SPUUpdater::finish(const Show& show) {
   schedule();
-  // Whoever hears of the end of the check may destroy the updater.
+  // An observer of the end of the check may destroy the updater.
   const auto userDriver = configuration_.userDriver;
   const auto userDriverDelegate = userDriverDelegate_;
   canCheckForUpdates_.set(true);
@@ -216,7 +217,7 @@ void SPUUpdater::finish(const Show& show) {
 void SPUUpdater::schedule() {
   timer_.cancel();
   if (!isStarted_ || !automaticallyChecksForUpdates() || !configuration_.timer) return;
-  // Without a feed nothing is due; there may be one later.
+  // Without a feed no check is due. A feed may be configured later, so the timer goes on.
   const bool hasFeed = !feedAddress().empty();
   timer_ = configuration_.timer->after(
       hasFeed ? std::min(timeUntilDue(), kLongestWait) : kLongestWait, [this] {
@@ -239,7 +240,7 @@ std::chrono::seconds SPUUpdater::timeUntilDue() const {
   if (!stored || stored->type() != PreferenceValue::Type::date) return 0s;
   const auto lastCheck = stored->asDate().value_or(PreferenceValue::Date());
   const PreferenceValue::Date now(configuration_.now().time_since_epoch());
-  // A check in the future was made by a clock that was wrong.
+  // A last check in the future was recorded by a wrong clock.
   if (!(lastCheck <= now)) return 0s;
   const auto left = lastCheck + kCheckInterval - now;
   return left > 0s ? std::chrono::ceil<std::chrono::seconds>(left) : 0s;

@@ -18,7 +18,7 @@ struct Component {
   std::string_view letters;
 };
 
-// Takes the next component off the front; past the end, the number 0.
+// Removes and returns the first component. Returns the number 0 when none is left.
 Component nextComponent(std::string_view& rest) {
   const auto begin = std::ranges::find_if(rest, [](char c) { return isDigit(c) || isLetter(c); });
   rest.remove_prefix(static_cast<std::size_t>(begin - rest.begin()));

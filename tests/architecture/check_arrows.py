@@ -35,6 +35,22 @@ ROOMS = {
     "fuzz": ("fuzz", {"QEVSettings", "headless"}),
 }
 
+# room: {a folder in it: the folders that it may include}. Listed here are folders right below the room's own;
+# "include" holds the public headers.
+INNER = {
+    "qt": {
+        "include": set(),
+        "bridge": set(),
+        "desktop": set(),
+        "paint": {"bridge"},
+        "controls": {"bridge", "paint"},
+        "accessibility": {"bridge", "controls"},
+        "mirror": {"bridge", "paint", "controls"},
+        "updates": {"include", "paint"},
+        "window": {"include", "bridge", "desktop", "paint", "controls", "accessibility", "mirror"},
+    },
+}
+
 POSIX = r"(sys/\w+|unistd|fcntl|poll|pwd|signal|spawn|dlfcn|termios)\.h"
 NETWORK = r"(arpa/inet|ifaddrs|net/if|netinet/in)\.h"
 QT = r"Qt|Q[A-Z]\w*(/\w+)?"
@@ -80,11 +96,41 @@ def room_of(path):
     return max(holding)[1] if holding else None
 
 
+def included_file(root, source, room, target):
+    """The file that an include names by its path from the source, the room or the room's public headers, from the
+    root; None when it names none of them."""
+    room_folder = Path(ROOMS[room][0])
+    for folder in (source.parent, room_folder, room_folder / "include"):
+        if (root / folder / target).is_file():
+            return folder / target
+    return None
+
+
+def inner_folder(path, room):
+    """The folder right below the room's own that holds a path; None for a file of the room's own folder."""
+    parts = path.relative_to(ROOMS[room][0]).parts
+    return parts[0] if len(parts) > 1 else None
+
+
+def check_inner(root, source, room, target):
+    """What is wrong with one include between the folders of a room, or None."""
+    file = included_file(root, source, room, target)
+    if room not in INNER or file is None or room_of(file) != room:
+        return None
+    own, other = inner_folder(source, room), inner_folder(file, room)
+    for folder in (own, other):
+        if folder not in INNER[room]:
+            return f"includes {target}, but INNER does not say what {room}/{folder or ''} may use"
+    if own == other or other in INNER[room][own]:
+        return None
+    return f"includes {target}, but {room}/{own} may not use {room}/{other}"
+
+
 def included_room(root, source, room, target):
     """The room of an included file; None when the file is not ours."""
-    for folder in (source.parent, Path(ROOMS[room][0])):
-        if (root / folder / target).is_file():
-            return room_of(folder / target)
+    file = included_file(root, source, room, target)
+    if file is not None:
+        return room_of(file)
     # A fuzz target may include private headers, by their path from the root.
     if room == "fuzz" and (root / target).is_file():
         return room_of(Path(target))
@@ -104,7 +150,9 @@ def check_include(root, source, room, target):
         return f'includes "{target}" through "..": name it from its room'
     other = included_room(root, source, room, target)
     if other is not None:
-        return None if other in reach(room) else f"includes {target}, but {room} may not use {other}"
+        if other not in reach(room):
+            return f"includes {target}, but {room} may not use {other}"
+        return check_inner(root, source, room, target)
     if target.endswith(".moc") or STANDARD.fullmatch(target):
         return None
     allowed = OUTSIDE.get(room, [])

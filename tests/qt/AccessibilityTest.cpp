@@ -47,7 +47,7 @@ struct Rows {
 
 using AccessibilityTest = WindowFixture;
 
-TEST_F(AccessibilityTest, WhatIsPaintedIsToldWithItsPlaceAndItsParents) {
+TEST_F(AccessibilityTest, PaintedNodesHavePlaceAndParent) {
   open(Rows{});
   EXPECT_TRUE(has(QAccessible::Heading, "Heading"));
   EXPECT_TRUE(has(QAccessible::Graphic, "A clock"));
@@ -61,18 +61,18 @@ TEST_F(AccessibilityTest, WhatIsPaintedIsToldWithItsPlaceAndItsParents) {
 
   QAccessibleInterface& toggle = find(QAccessible::CheckBox, "switch");
   EXPECT_EQ(toggle.parent()->role(), QAccessible::Grouping)
-      << "a control stands where its view does";
+      << "a control has the parent of its view";
   EXPECT_TRUE(toggle.state().checked);
   EXPECT_TRUE(toggle.parent()->rect().contains(toggle.rect()));
   QAccessibleInterface& row = find(QAccessible::ListItem, "Row");
-  ASSERT_EQ(row.childCount(), 1) << "a row does not hide its controls";
+  ASSERT_EQ(row.childCount(), 1) << "the controls of a row are its children";
   EXPECT_EQ(row.child(0)->role(), QAccessible::PushButton);
   EXPECT_EQ(row.child(0)->text(QAccessible::Name), "Edit");
   EXPECT_EQ(row.child(0)->parent(), &row);
   EXPECT_EQ(list.childAt(second.rect().center().x(), second.rect().center().y()), &second);
 }
 
-TEST_F(AccessibilityTest, APaintedNodeIsPressedAndTellsWhatCameOfIt) {
+TEST_F(AccessibilityTest, PressOnPaintedNodeUpdatesStateAndShowsAlert) {
   open(Rows{});
   EXPECT_TRUE(find(QAccessible::ListItem, "item 0").state().selected);
   QAccessibleInterface& item = find(QAccessible::ListItem, "item 1");
@@ -84,7 +84,7 @@ TEST_F(AccessibilityTest, APaintedNodeIsPressedAndTellsWhatCameOfIt) {
   EXPECT_TRUE(has(QAccessible::AlertMessage, "Beware"));
 }
 
-TEST_F(AccessibilityTest, ATextFieldIsReadAndWritten) {
+TEST_F(AccessibilityTest, TextFieldIsReadAndEdited) {
   std::string typed;
   open(viewkit::TextField({.placeholder = "Ports"},
                           viewkit::Binding<std::string>([&] { return typed; },

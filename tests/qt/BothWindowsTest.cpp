@@ -18,7 +18,7 @@
 #include <utility>
 #include <vector>
 
-// What a person does in a window, driven in the window without a screen and in the real one.
+// Each test runs twice: in the headless window and in the Qt window.
 namespace qt {
 namespace {
 
@@ -106,7 +106,7 @@ protected:
 
   void update() { isHeadless() ? window_->settle() : settle(); }
 
-  // Gives it the keyboard.
+  // Gives the focus to the control with this role.
   void focus(Role role) {
     if (isHeadless()) {
       window_->click(window_->find(role));
@@ -142,7 +142,7 @@ protected:
     press(isBacktab ? Qt::Key_Backtab : found->second, held);
   }
 
-  // In place of the text in the field.
+  // Replaces the text in the field.
   void typeText(const std::string& text) {
     focus(Role::textField);
     if (isHeadless()) {
@@ -188,7 +188,7 @@ private:
   std::unique_ptr<headless::Window> window_;
 };
 
-TEST_P(BothWindowsTest, ChangedTextIsCommittedOnceHoweverItIsLeft) {
+TEST_P(BothWindowsTest, ChangedTextIsCommittedOnceWhicheverWayItIsLeft) {
   const struct {
     const char* way;
     std::function<void()> leave;
@@ -210,7 +210,7 @@ TEST_P(BothWindowsTest, ChangedTextIsCommittedOnceHoweverItIsLeft) {
     EXPECT_THAT(form->journal, IsEmpty());
     leave();
     if (form->page == Page::second || !pageDisappears) update();
-    // The handlers that hear of the disappearance find the text committed.
+    // The text is committed before the handlers of disappearance run.
     const std::vector<std::string> committed{"commit 80"};
     const std::vector<std::string> committedAndGone{"commit 80", "gone"};
     EXPECT_EQ(form->journal, pageDisappears ? committedAndGone : committed);
@@ -219,7 +219,7 @@ TEST_P(BothWindowsTest, ChangedTextIsCommittedOnceHoweverItIsLeft) {
   }
 }
 
-TEST_P(BothWindowsTest, RefusedTextStaysOnItsPageAndIsToldWhenTheWindowCloses) {
+TEST_P(BothWindowsTest, RefusedTextStaysOnItsPageAndIsReportedAtClosing) {
   show();
   form->refuses = true;
   typeText("x");
@@ -248,7 +248,7 @@ TEST_P(BothWindowsTest, RefusedTextStaysOnItsPageAndIsToldWhenTheWindowCloses) {
   EXPECT_THAT(refused, IsEmpty());
 }
 
-TEST_P(BothWindowsTest, FirstEscapeBringsTheStoredTextBackAndTheNextCloses) {
+TEST_P(BothWindowsTest, FirstEscapeRestoresStoredTextAndSecondCloses) {
   show();
   typeText("80");
   key(Key::escape);
@@ -268,7 +268,7 @@ TEST_P(BothWindowsTest, FirstEscapeBringsTheStoredTextBackAndTheNextCloses) {
   EXPECT_EQ(fieldText(), "stored") << "not the text that was refused";
 }
 
-TEST_P(BothWindowsTest, EscapeClosesThePopoverBeforeItTouchesTheText) {
+TEST_P(BothWindowsTest, EscapeClosesPopoverBeforeRestoringText) {
   show();
   typeText("80");
   key(Key::f1);
@@ -280,7 +280,7 @@ TEST_P(BothWindowsTest, EscapeClosesThePopoverBeforeItTouchesTheText) {
   EXPECT_EQ(fieldText(), "stored");
 }
 
-TEST_P(BothWindowsTest, ControlKeysGoThroughTheTabs) {
+TEST_P(BothWindowsTest, ControlTabAndControlPageKeysChangeTabs) {
   show();
   const struct {
     Key key;
@@ -300,7 +300,7 @@ TEST_P(BothWindowsTest, ControlKeysGoThroughTheTabs) {
   }
 }
 
-TEST_P(BothWindowsTest, PlainArrowKeysLeaveAMenuClosed) {
+TEST_P(BothWindowsTest, ArrowKeysWithoutModifierDoNotOpenMenu) {
   show();
   focus(Role::menuButton);
   key(Key::downArrow);
@@ -320,7 +320,7 @@ TEST_P(BothWindowsTest, PlainArrowKeysLeaveAMenuClosed) {
   }
 }
 
-TEST_P(BothWindowsTest, MenuAndPopoverGoWithTheirControl) {
+TEST_P(BothWindowsTest, MenuAndPopoverCloseWithTheirControl) {
   show();
   focus(Role::menuButton);
   key(Key::f4);

@@ -22,7 +22,7 @@ View field(const std::string& name) {
 
 using KeyboardTest = WindowFixture;
 
-TEST_F(KeyboardTest, TabGoesThroughTheControlsInTheOrderOfTheTree) {
+TEST_F(KeyboardTest, TabFollowsOrderOfTree) {
   struct Shuffled {
     viewkit::State<bool> reversed = false;
     View body() const {
@@ -49,7 +49,7 @@ TEST_F(KeyboardTest, TabGoesThroughTheControlsInTheOrderOfTheTree) {
   EXPECT_EQ(order(), (std::vector<QString>{"turn", "two", "one"}));
 }
 
-TEST_F(KeyboardTest, MonitorsSeeEachPressOnceAndBeforeTheWindow) {
+TEST_F(KeyboardTest, MonitorsSeeEachPressOnceBeforeWindow) {
   int pressed = 0;
   open(viewkit::VStack({}, {viewkit::Button("press", [&] { ++pressed; }), field("field")}));
   std::vector<appkit::Event> seen;
@@ -76,13 +76,13 @@ TEST_F(KeyboardTest, MonitorsSeeEachPressOnceAndBeforeTheWindow) {
 
   consume = true;
   QTest::keyClick(topLevel().windowHandle(), Qt::Key_Return);
-  EXPECT_EQ(pressed, 0) << "a consumed key reaches nobody";
+  EXPECT_EQ(pressed, 0) << "the window does not receive a consumed key";
   appkit::Event::removeMonitor(monitor);
   QTest::keyClick(topLevel().windowHandle(), Qt::Key_Return);
   EXPECT_EQ(pressed, 1);
 }
 
-TEST_F(KeyboardTest, TheFirstResponderIsATextWhileOneIsEdited) {
+TEST_F(KeyboardTest, FirstResponderIsTextWhileTextIsEdited) {
   open(viewkit::VStack({}, {viewkit::Button("button", [] {}), field("field")}));
   EXPECT_EQ(appkit::Application::sharedApplication().keyWindow(), &window());
   window().makeFirstResponder(nullptr);

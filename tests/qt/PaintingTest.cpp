@@ -65,7 +65,7 @@ int difference(const QImage& a, const QImage& b) {
 
 class PaintingTest : public WindowFixture {
 protected:
-  // In the middle of the window.
+  // Shows the view in the middle of a window.
   void show(const View& view) {
     open(View(RoundedRectangle())
              .frame(FlexibleFrame{.maxWidth = kUnlimited, .maxHeight = kUnlimited})
@@ -80,7 +80,7 @@ protected:
   }
 };
 
-TEST_F(PaintingTest, RoundCornersAreSmoothAtEveryScale) {
+TEST_F(PaintingTest, RoundCornersAreAntialiasedAtEveryScale) {
   const support::TemporaryFolder resources;
   QImage red(60, 40, QImage::Format_RGB32);
   red.fill(Qt::red);
@@ -94,24 +94,23 @@ TEST_F(PaintingTest, RoundCornersAreSmoothAtEveryScale) {
   } cases[] = {
       {"a shape", View(RoundedRectangle(10).fill(kRed)).frame(kSize),
        [](QPainter& p) { fill(p, kRed, 10); }},
-      {"a half-round one", View(RoundedRectangle(20).fill(kRed)).frame(kSize),
+      {"a shape with half-round ends", View(RoundedRectangle(20).fill(kRed)).frame(kSize),
        [](QPainter& p) { fill(p, kRed, 20); }},
-      {"what shines through", View(RoundedRectangle(7).fill(kGlass)).frame(kSize),
+      {"a translucent shape", View(RoundedRectangle(7).fill(kGlass)).frame(kSize),
        [](QPainter& p) { fill(p, kGlass, 7); }},
       {"a border", View(RoundedRectangle(10).fill(kRed).border(kGreen, 2)).frame(kSize),
        [](QPainter& p) {
          fill(p, kRed, 10, 1);
          border(p, kGreen, 10, 2);
        }},
-      {"a border that shines through",
-       View(RoundedRectangle(10).fill(kRed).border(kGlass, 4)).frame(kSize),
+      {"a translucent border", View(RoundedRectangle(10).fill(kRed).border(kGlass, 4)).frame(kSize),
        [](QPainter& p) {
          fill(p, kRed, 10);
          border(p, kGlass, 10, 4);
        }},
-      {"what is clipped", View(RoundedRectangle().fill(kRed)).frame(kSize).clipped(10),
+      {"a clipped shape", View(RoundedRectangle().fill(kRed)).frame(kSize).clipped(10),
        [](QPainter& p) { fill(p, kRed, 10); }},
-      {"a picture that is clipped", View(Image::named("red").resizable()).frame(kSize).clipped(10),
+      {"a clipped picture", View(Image::named("red").resizable()).frame(kSize).clipped(10),
        [](QPainter& p) { fill(p, kRed, 10); }},
   };
   show({});

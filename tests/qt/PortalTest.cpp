@@ -18,7 +18,7 @@
 namespace qt {
 namespace {
 
-// A session bus of the test's own.
+// A private session bus.
 class Bus {
 public:
   Bus() {
@@ -51,7 +51,7 @@ private:
   QByteArray address_;
 };
 
-// A settings portal in a process of its own; see fake_portal.cpp.
+// A settings portal in another process: fake_portal.cpp.
 class Portal {
 public:
   Portal() {
@@ -74,7 +74,7 @@ private:
   QProcess process_;
 };
 
-// The desktop begins dark.
+// A window on a desktop that is dark at first.
 class PortalTest : public testing::Test {
 protected:
   PortalTest() { appkit::Application::sharedApplication().setAppearance(std::nullopt); }
@@ -92,7 +92,7 @@ protected:
   }
   bool looksDark() { return window_.widget().grab().toImage().pixelColor(3, 3).lightness() < 128; }
 
-  // In this order.
+  // Constructed in this order.
   Bus bus_;
   QByteArray address_ = busAddress(bus_);
   Portal portal_;
@@ -107,10 +107,10 @@ protected:
                   .root = viewkit::Text("text")}};
 };
 
-TEST_F(PortalTest, TheWindowFollowsTheDesktopUnlessItIsToldOtherwise) {
+TEST_F(PortalTest, WindowFollowsDesktopUnlessApplicationSetsAppearance) {
   using appkit::Appearance;
   window_.show();
-  EXPECT_TRUE(looksDark()) << "from its first moment";
+  EXPECT_TRUE(looksDark()) << "before its first turn of the event loop";
   for (const auto& [scheme, appearance] :
        {std::pair{2, Appearance::light}, {1, Appearance::dark}, {0, Appearance::light}}) {
     portal_.announce("color-scheme", scheme);
@@ -120,7 +120,7 @@ TEST_F(PortalTest, TheWindowFollowsTheDesktopUnlessItIsToldOtherwise) {
   auto& shared = appkit::Application::sharedApplication();
   shared.setAppearance(Appearance::light);
   portal_.announce("color-scheme", 1);
-  // Later than the scheme, so that was heard too.
+  // Once this later change has arrived, the color scheme has too.
   portal_.announce("reduced-motion", 1);
   EXPECT_TRUE(QTest::qWaitFor([&] { return application_.reducedMotion(); }, 20'000));
   EXPECT_FALSE(looksDark());

@@ -41,7 +41,8 @@ struct Pages : foundation::ObservableObject {
            .lines = 12}};
 };
 
-// The same controls for another identity: what analyzers' details are to each other.
+// Two pages with the same controls and different identities, so the widgets of one are reused for
+// the other.
 struct PagesView {
   viewkit::ObservedObject<Pages> model;
 
@@ -88,7 +89,7 @@ protected:
   std::shared_ptr<Pages> pages = std::make_shared<Pages>();
 };
 
-TEST_F(ReplacedControlsTest, LookAsThoseOfAWindowThatKnewNoOthers) {
+TEST_F(ReplacedControlsTest, ReusedControlsLookLikeNewOnes) {
   for (const std::size_t page : {1, 0, 1}) {
     show(page);
     const QImage here = topLevel().grab().toImage();
@@ -98,7 +99,7 @@ TEST_F(ReplacedControlsTest, LookAsThoseOfAWindowThatKnewNoOthers) {
   }
 }
 
-TEST_F(ReplacedControlsTest, KnowNothingOfWhatWasDoneBefore) {
+TEST_F(ReplacedControlsTest, ReusedControlsKeepNoStateOfFormerNode) {
   field().setFocus();
   field().moveCursor(QTextCursor::End);
   QTest::keyClicks(&field(), ",443");
@@ -108,7 +109,7 @@ TEST_F(ReplacedControlsTest, KnowNothingOfWhatWasDoneBefore) {
   EXPECT_EQ(field().toPlainText(), "53");
   field().setFocus();
   QTest::keyClick(&field(), Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(field().toPlainText(), "53") << "another page's typing is not undone here";
+  EXPECT_EQ(field().toPlainText(), "53") << "undo does not reach the text of the other page";
   widget(QAccessible::PushButton, "Other page").setFocus();
   settle();
   EXPECT_EQ(pages->pages[0].calls, std::vector<std::string>{"commit 80,443"});
@@ -116,13 +117,13 @@ TEST_F(ReplacedControlsTest, KnowNothingOfWhatWasDoneBefore) {
   EXPECT_EQ(pages->pages[1].ports, "53");
 }
 
-TEST_F(ReplacedControlsTest, TakeOverNothingThatIsStillGoingOn) {
+TEST_F(ReplacedControlsTest, ControlsInUseAreNotReused) {
   field().setFocus();
   field().moveCursor(QTextCursor::End);
   QTest::keyClicks(&field(), ",443");
   show(1);
   EXPECT_EQ(field().toPlainText(), "53");
-  EXPECT_FALSE(field().hasFocus()) << "the keyboard was in a field that is no more";
+  EXPECT_FALSE(field().hasFocus()) << "the focused field was removed";
   EXPECT_EQ(pages->pages[1].ports, "53");
   EXPECT_TRUE(pages->pages[1].calls.empty());
 
@@ -131,12 +132,13 @@ TEST_F(ReplacedControlsTest, TakeOverNothingThatIsStillGoingOn) {
   ASSERT_NE(dialog, nullptr);
   dialog->setCurrentColor(Qt::green);
   show(0);
-  EXPECT_EQ(topLevel().findChild<QColorDialog*>(), nullptr) << "its colour is no longer shown";
+  EXPECT_EQ(topLevel().findChild<QColorDialog*>(), nullptr)
+      << "the chooser closes with its color well";
   EXPECT_EQ(pages->pages[0].color.red, 1);
   EXPECT_EQ(pages->pages[0].calls, std::vector<std::string>{"commit 80,443"})
-      << "the text was committed when its field went, the colour was never settled on";
+      << "removing the field commits its text; the color was not reported yet";
 
-  // Pressed by what goes with the page itself.
+  // A button that removes itself.
   click(find(QAccessible::PushButton, "Leave"));
   settle();
   EXPECT_EQ(pages->shown.get(), 1U);
@@ -145,7 +147,7 @@ TEST_F(ReplacedControlsTest, TakeOverNothingThatIsStillGoingOn) {
   EXPECT_EQ(pages->shown.get(), 0U);
 }
 
-TEST_F(ReplacedControlsTest, AreOtherThingsToAssistiveTechnology) {
+TEST_F(ReplacedControlsTest, ReusedControlsHaveNewAccessibleInterfaces) {
   QAccessibleInterface& before = find(QAccessible::CheckBox, "on");
   const QAccessible::Id id = QAccessible::uniqueId(&before);
   EXPECT_FALSE(before.state().checked);

@@ -54,7 +54,7 @@ protected:
   std::shared_ptr<Fields> fields = std::make_shared<Fields>();
 };
 
-TEST_F(TextFieldTest, TellsEachKeystrokeAndCommitsOnReturn) {
+TEST_F(TextFieldTest, EachKeystrokeIsReportedAndReturnCommits) {
   field().moveCursor(QTextCursor::End);
   QTest::keyClicks(&field(), ",443");
   EXPECT_EQ(fields->ports.get(), "80,443");
@@ -69,7 +69,7 @@ TEST_F(TextFieldTest, TellsEachKeystrokeAndCommitsOnReturn) {
   EXPECT_EQ(fields->commits, 1) << "leaving without a change commits nothing";
 }
 
-TEST_F(TextFieldTest, CommitsWhenTheKeyboardGoesElsewhere) {
+TEST_F(TextFieldTest, LosingFocusCommits) {
   const struct {
     const char* how;
     std::function<void()> leave;
@@ -91,17 +91,17 @@ TEST_F(TextFieldTest, CommitsWhenTheKeyboardGoesElsewhere) {
   }
 }
 
-TEST_F(TextFieldTest, CommitsWhenTheSessionEndsAndTheWindowStays) {
+TEST_F(TextFieldTest, EndOfSessionCommitsAndKeepsWindowOpen) {
   field().setFocus();
   QTest::keyClicks(&field(), "1");
-  // Nobody asks the manager anything.
+  // Handlers of the signal do not use the manager, so any address will do.
   alignas(std::max_align_t) std::byte manager[64] = {};
   emit qGuiApp->commitDataRequest(reinterpret_cast<QSessionManager&>(manager));
   EXPECT_EQ(fields->commits, 1);
   EXPECT_TRUE(window().isOpen());
 }
 
-TEST_F(TextFieldTest, KeepsTheCaretWhereItWasWhenTheTextIsPutRight) {
+TEST_F(TextFieldTest, CorrectedTextKeepsCaret) {
   field().selectAll();
   QTest::keyClicks(&field(), "80, 81,82");
   QTextCursor cursor = field().textCursor();
@@ -115,25 +115,25 @@ TEST_F(TextFieldTest, KeepsTheCaretWhereItWasWhenTheTextIsPutRight) {
   EXPECT_EQ(fields->ports.get(), "80, 81,82");
 }
 
-TEST_F(TextFieldTest, TakesNeitherLinesNorStylesFromTheClipboard) {
+TEST_F(TextFieldTest, PasteDropsLineBreaksAndStyles) {
   QGuiApplication::clipboard()->setText("1\n2\r\n3");
   field().selectAll();
   field().paste();
   EXPECT_EQ(fields->ports.get(), "1 2 3");
 }
 
-TEST_F(TextFieldTest, NothingIsUndoneThatThePersonDidNotDo) {
+TEST_F(TextFieldTest, UndoStopsAtTextOfView) {
   field().undo();
   EXPECT_EQ(fields->ports.get(), "80");
 }
 
-TEST_F(TextFieldTest, LeavesAnInputMethodAlone) {
+TEST_F(TextFieldTest, CompositionIsNotInterrupted) {
   field().selectAll();
   QInputMethodEvent composing("ni", {});
   QApplication::sendEvent(&field(), &composing);
   fields->ports = "7";
   settle();
-  EXPECT_EQ(field().toPlainText(), "") << "nothing is put in while a word is composed";
+  EXPECT_EQ(field().toPlainText(), "") << "the text does not change during composition";
   QInputMethodEvent composed;
   composed.setCommitString("你");
   QApplication::sendEvent(&field(), &composed);
@@ -142,7 +142,7 @@ TEST_F(TextFieldTest, LeavesAnInputMethodAlone) {
 
 class LongTextTest : public TextFieldTest {
 protected:
-  // A million characters, as many of them different ports as fit.
+  // A list of ports with a million characters.
   static std::string manyPorts() {
     std::string text;
     for (int port = 0; text.size() < 1'000'000; port = (port + 1) % 65536)
@@ -161,17 +161,17 @@ protected:
     return QGuiApplication::clipboard()->text().toStdString();
   }
 
-  // A failure does not print these.
+  // Compared here, so that a failure does not print a million characters.
   bool holds(const std::string& text) const { return fields->ports.get() == text; }
 
-  // Laying text out takes time that grows with the square of this.
+  // The time for laying out the text grows with the square of this number.
   int charactersLaidOut() const { return field().document()->characterCount(); }
   static constexpr int kFewEnough = 10'000;
 
   const std::string ports = manyPorts();
 };
 
-TEST_F(LongTextTest, AMillionCharactersAreKeptWholeAndHardlyLaidOut) {
+TEST_F(LongTextTest, MillionCharactersAreKeptButMostlyNotLaidOut) {
   field().selectAll();
   paste(ports);
   EXPECT_TRUE(holds(ports));
@@ -190,13 +190,13 @@ TEST_F(LongTextTest, AMillionCharactersAreKeptWholeAndHardlyLaidOut) {
   fields->ports = ports.substr(2);
   settle();
   field().selectAll();
-  EXPECT_TRUE(copied() == ports.substr(2)) << "what the view puts there is shown";
+  EXPECT_TRUE(copied() == ports.substr(2)) << "a text that the view sets is whole";
   EXPECT_LT(charactersLaidOut(), kFewEnough);
   QTest::keyClick(&field(), Qt::Key_Delete);
   EXPECT_EQ(fields->ports.get(), "");
 }
 
-TEST_F(LongTextTest, WhatIsLeftOutIsSelectedCopiedAndRemovedLikeACharacter) {
+TEST_F(LongTextTest, OmittedTextIsSelectedCopiedAndRemovedAsOneCharacter) {
   field().selectAll();
   paste(ports);
   QTextCursor cursor = field().textCursor();
@@ -210,7 +210,7 @@ TEST_F(LongTextTest, WhatIsLeftOutIsSelectedCopiedAndRemovedLikeACharacter) {
   EXPECT_TRUE(holds(ports));
 }
 
-TEST_F(LongTextTest, ATextThatGrowsIsShortenedAwayFromTheCaret) {
+TEST_F(LongTextTest, GrowingTextIsShortenedAwayFromCaret) {
   field().selectAll();
   std::string expected;
   const std::string piece = ports.substr(0, 3'000);
@@ -230,7 +230,7 @@ TEST_F(LongTextTest, ATextThatGrowsIsShortenedAwayFromTheCaret) {
   QTest::keyClicks(&field(), "x");
   EXPECT_TRUE(holds(expected.substr(0, 60'000) + "x" + expected.substr(60'000)));
   for (int i = 0; i < 50 && field().document()->isUndoAvailable(); ++i) field().undo();
-  EXPECT_EQ(fields->ports.get(), "80") << "no step of the way back is lost";
+  EXPECT_EQ(fields->ports.get(), "80") << "every change can be undone";
 }
 
 }  // namespace

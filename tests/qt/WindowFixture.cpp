@@ -19,7 +19,7 @@ void collect(QAccessibleInterface* root, QAccessible::Role role, const QString& 
   for (int i = 0; i < root->childCount(); ++i) collect(root->child(i), role, name, found);
 }
 
-// Qt's application has to be gone before static objects go, those of the window among them.
+// Ends Qt's application before static objects are destroyed, because some of them belong to it.
 class ApplicationOfAllTests : public testing::Environment {
 public:
   void TearDown() override { application_.reset(); }
@@ -38,7 +38,7 @@ private:
 };
 
 ApplicationOfAllTests& applicationOfAllTests() {
-  // GoogleTest destroys it.
+  // GoogleTest owns it.
   static auto* environment = new ApplicationOfAllTests;
   static const auto* registered = testing::AddGlobalTestEnvironment(environment);
   static_cast<void>(registered);
@@ -82,7 +82,7 @@ std::vector<QAccessibleInterface*> WindowFixture::findAll(QAccessible::Role role
 
 QAccessibleInterface& WindowFixture::find(QAccessible::Role role, const QString& name) const {
   const auto found = findAll(role, name);
-  if (found.empty()) throw std::runtime_error("there is no such control: " + name.toStdString());
+  if (found.empty()) throw std::runtime_error("no such control: " + name.toStdString());
   return *found.front();
 }
 
@@ -92,7 +92,7 @@ bool WindowFixture::has(QAccessible::Role role, const QString& name) const {
 
 QWidget& WindowFixture::widget(QAccessible::Role role, const QString& name) const {
   auto* found = qobject_cast<QWidget*>(find(role, name).object());
-  if (!found) throw std::runtime_error("that is not a widget: " + name.toStdString());
+  if (!found) throw std::runtime_error("not a widget: " + name.toStdString());
   return *found;
 }
 

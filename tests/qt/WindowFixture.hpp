@@ -16,8 +16,7 @@ namespace qt {
 
 class Application;
 
-// A real window on Qt's offscreen platform; its controls are found the way assistive technology
-// does.
+// A Qt window on the offscreen platform. Controls are found through their accessible interfaces.
 class WindowFixture : public testing::Test {
 protected:
   static void SetUpTestSuite() { application(); }
@@ -26,26 +25,26 @@ protected:
 
   void open(viewkit::View root,
             viewkit::LayoutDirection direction = viewkit::LayoutDirection::leftToRight);
-  // The window's default store, instead of an empty one.
+  // Sets the default store of windows that are opened from now on. Without it, the store is empty.
   void useStore(QEVSettings::PreferencesStore& store) { store_ = &store; }
-  // Lets everything happen that is waiting to.
+  // Handles all pending events and the main queue.
   static void settle();
 
-  // The first that has this role and, unless it is empty, this name; a test that asks for what is
-  // not there fails.
+  // The first interface with this role and, unless `name` is empty, this name. Throws when there is
+  // none, which fails the test.
   QAccessibleInterface& find(QAccessible::Role role, const QString& name = {}) const;
   std::vector<QAccessibleInterface*> findAll(QAccessible::Role role,
                                              const QString& name = {}) const;
   bool has(QAccessible::Role role, const QString& name = {}) const;
   QWidget& widget(QAccessible::Role role, const QString& name = {}) const;
-  // As a person does: the pointer on the middle of it, and keys for whatever has the keyboard.
+  // A click in the middle of the target, and keys for the widget that has the focus.
   void click(const QAccessibleInterface& target) const;
   void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
   void type(const QString& text) const;
 
   QWidget& topLevel() const { return *topLevel_; }
   Window& window() const { return *window_; }
-  // Closes and destroys it.
+  // Closes and destroys the window.
   void destroyWindow();
 
 private:

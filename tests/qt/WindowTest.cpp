@@ -31,7 +31,7 @@ View block(Color color, double width, double height) {
 const appkit::RGBA kRed{1, 0, 0, 1};
 const appkit::RGBA kGreen{0, 1, 0, 1};
 
-// What a widget paints.
+// Records the area that a widget paints.
 class PaintWatcher : public QObject {
 public:
   explicit PaintWatcher(QWidget& widget) : QObject(&widget) { widget.installEventFilter(this); }
@@ -44,7 +44,7 @@ public:
   QRegion painted;
 };
 
-TEST_F(WindowTest, PaintsAnewOnlyWhereSomethingChanged) {
+TEST_F(WindowTest, OnlyChangedAreaIsRepainted) {
   struct Blocks {
     viewkit::State<bool> green = false;
     View body() const {
@@ -64,7 +64,7 @@ TEST_F(WindowTest, PaintsAnewOnlyWhereSomethingChanged) {
   EXPECT_EQ(topLevel().grab().toImage().pixelColor(100, 120), QColor(Qt::green));
 }
 
-TEST_F(WindowTest, AChangeOfAppearanceIsSeenAtOnce) {
+TEST_F(WindowTest, ChangeOfAppearanceRepaintsCanvasAndControls) {
   appkit::Application::sharedApplication().setAppearance(appkit::Appearance::light);
   open(viewkit::VStack({}, {block(Color::windowBackground(), 100, 100),
                             viewkit::TextField({}, viewkit::Binding<std::string>::constant("x"))}));
@@ -79,7 +79,7 @@ TEST_F(WindowTest, AChangeOfAppearanceIsSeenAtOnce) {
   EXPECT_LT(topLevel().grab().toImage().pixelColor(50, 50).lightness(), 60);
 }
 
-TEST_F(WindowTest, IsNeverSmallerThanItsRootViewAndFollowsItsHeight) {
+TEST_F(WindowTest, WindowIsAtLeastAsLargeAsRootViewAndFollowsItsHeight) {
   struct Growing {
     viewkit::State<bool> grown = false;
     View body() const {
@@ -96,7 +96,7 @@ TEST_F(WindowTest, IsNeverSmallerThanItsRootViewAndFollowsItsHeight) {
   EXPECT_EQ(topLevel().size(), QSize(720, 600));
 }
 
-TEST_F(WindowTest, MirrorsWhatIsWrittenFromRightToLeft) {
+TEST_F(WindowTest, RightToLeftLayoutIsMirrored) {
   open(viewkit::HStack({.spacing = 0}, {block(Color(kRed), 100, 100), viewkit::Button("b", [] {}),
                                         viewkit::Spacer()})
            .frame(viewkit::FlexibleFrame{.maxWidth = viewkit::kUnlimited}),
@@ -106,7 +106,7 @@ TEST_F(WindowTest, MirrorsWhatIsWrittenFromRightToLeft) {
   EXPECT_EQ(widget(QAccessible::PushButton, "b").geometry().right(), width - 101);
 }
 
-TEST_F(WindowTest, DrawsWhatLiesOverAControlOverIt) {
+TEST_F(WindowTest, ViewOverControlIsPaintedOverIt) {
   open(viewkit::Button("under", [] {})
            .frame(viewkit::FixedFrame{.width = 100, .height = 40})
            .overlay(viewkit::RoundedRectangle().fill(Color(kRed))));
@@ -115,7 +115,7 @@ TEST_F(WindowTest, DrawsWhatLiesOverAControlOverIt) {
   EXPECT_EQ(topLevel().grab().toImage().pixelColor(center), QColor(Qt::red));
 }
 
-TEST_F(WindowTest, SnapshotsHaveTheScaleThatIsAskedForAndSayWhyThereAreNone) {
+TEST_F(WindowTest, SnapshotHasRequestedScaleAndFailureNamesPath) {
   open(viewkit::VStack({}, {block(Color(kRed), 100, 100), viewkit::Button("b", [] {})}));
   const QTemporaryDir folder;
   for (const int scale : {1, 2}) {
@@ -130,7 +130,7 @@ TEST_F(WindowTest, SnapshotsHaveTheScaleThatIsAskedForAndSayWhyThereAreNone) {
   EXPECT_NE(refused.error().message.find("/nowhere/at/all.png"), std::string::npos);
 }
 
-TEST_F(WindowTest, ClosingEndsTheViewsThenTellsWhoeverMayDestroyIt) {
+TEST_F(WindowTest, ClosingEndsViewsThenCallsOnClose) {
   std::vector<std::string> order;
   open(View(viewkit::Text("text").onDisappear([&] { order.push_back("disappeared"); })));
   window().onClose([&] {
@@ -145,7 +145,7 @@ TEST_F(WindowTest, ClosingEndsTheViewsThenTellsWhoeverMayDestroyIt) {
   EXPECT_FALSE(window().isOpen()) << "a closed window stays closed";
 }
 
-TEST_F(WindowTest, FollowsThePlatformsColoursWhereTheApplicationHasNoneOfItsOwn) {
+TEST_F(WindowTest, PlatformColorsApplyUnlessApplicationSetsAppearance) {
   open(viewkit::Text("text"));
   auto& shared = appkit::Application::sharedApplication();
   const auto looksDark = [this] {
@@ -169,12 +169,12 @@ TEST_F(WindowTest, FollowsThePlatformsColoursWhereTheApplicationHasNoneOfItsOwn)
   EXPECT_FALSE(looksDark());
   shared.setAppearance(std::nullopt);
   settle();
-  EXPECT_TRUE(looksDark()) << "what the platform wanted meanwhile";
+  EXPECT_TRUE(looksDark()) << "the latest colors of the platform";
   platformTurns(Qt::white, Qt::black);
   EXPECT_FALSE(looksDark());
 }
 
-TEST_F(WindowTest, WatchesADescriptorUntilTheSubscriptionEnds) {
+TEST_F(WindowTest, DescriptorIsWatchedUntilSubscriptionEnds) {
   int ends[2];
   ASSERT_EQ(pipe(ends), 0);
   int heard = 0;

@@ -1,5 +1,5 @@
-// A desktop's settings portal for tests. Reads lines such as "color-scheme 2", takes each over and
-// announces it; begins dark, and ends with its input.
+// A settings portal for tests. It is dark at first. Each line of its input, such as "color-scheme
+// 2", changes a setting and announces that. It exits at the end of its input.
 
 #include <QCoreApplication>
 #include <QDBusArgument>
@@ -70,7 +70,7 @@ int main(int argc, char** argv) {
       if (!std::getline(std::cin, line)) return QCoreApplication::quit();
       std::istringstream(line) >> setting >> value;
       portal.set(QString::fromStdString(setting), value);
-      // Lines that came together make the input readable once.
+      // Lines that arrive together make the input readable only once.
     } while (std::cin.rdbuf()->in_avail() > 0);
   });
   std::cout << "ready" << std::endl;

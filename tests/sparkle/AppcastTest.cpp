@@ -73,7 +73,7 @@ TEST(Appcast, ReadsVersionsFromElementsAndFromTheEnclosure) {
   EXPECT_EQ((*items)[2].displayVersion, "200");
 }
 
-TEST(Appcast, RefusesWhatIsNoFeedAndSaysWhy) {
+TEST(Appcast, InvalidFeedIsRefusedWithReason) {
   const std::string expansion =
       R"(<!DOCTYPE rss [<!ENTITY a "aaaa"><!ENTITY b "&a;&a;">]><rss><channel><item>&b;</item></channel></rss>)";
   const std::string outside =
@@ -101,7 +101,7 @@ TEST(Appcast, RefusesWhatIsNoFeedAndSaysWhy) {
   EXPECT_TRUE(parseAppcast(feed("")));
 }
 
-TEST(Appcast, NotesBecomePlainText) {
+TEST(Appcast, MarkupOfNotesBecomesPlainText) {
   const std::vector<std::pair<std::string, std::string>> notesAndTexts = {
       {"Two lines,\n  as written & typed: 1 < 2", "Two lines,\n  as written & typed: 1 < 2"},
       {"<h2>New</h2>\n<ul>\n<li>QUIC &amp; HTTP/3</li>\n<li "

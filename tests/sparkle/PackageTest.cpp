@@ -20,7 +20,7 @@ using namespace std::chrono_literals;
 using foundation::Error;
 using foundation::Result;
 
-// The keys of whoever publishes updates.
+// The keys of a publisher of updates.
 class Publisher {
 public:
   Publisher() {
@@ -48,8 +48,8 @@ protected:
     configuration.publicKey = publisher.publicKey();
   }
 
-  // Lets the updater check by itself, with updates to be downloaded. The number of requests tells
-  // whether the package was fetched as well.
+  // Runs a scheduled check that downloads updates. Returns the number of requests: 2 when the
+  // package was fetched.
   std::size_t check(const std::string& feed, const Result<std::string>& contents) {
     now += 24h;
     transport->requests.clear();
@@ -72,7 +72,7 @@ protected:
   const Publisher publisher;
 };
 
-TEST_F(PackageTest, WithAValidSignatureIsKeptForTheUserAlone) {
+TEST_F(PackageTest, SignedPackageIsKeptReadableByUserAlone) {
   const auto path = folder / "zorvantine_202.0.deb";
   const OfferedPackage offered{.signature = publisher.signature("package")};
   for (const bool isReplacing : {false, true}) {
@@ -92,7 +92,7 @@ TEST_F(PackageTest, WithAValidSignatureIsKeptForTheUserAlone) {
   }
 }
 
-TEST_F(PackageTest, ThatCannotBeCheckedIsNotEvenFetched) {
+TEST_F(PackageTest, PackageThatCannotBeVerifiedIsNotFetched) {
   const std::string valid = publisher.signature("package");
   const std::vector<std::pair<OfferedPackage, std::string>> packagesAndProblems = {
       {{.signature = ""}, "the update feed has no signature for it"},
@@ -111,7 +111,7 @@ TEST_F(PackageTest, ThatCannotBeCheckedIsNotEvenFetched) {
   EXPECT_FALSE(isAnythingKept());
 }
 
-TEST_F(PackageTest, WithoutAValidSignatureIsNotKept) {
+TEST_F(PackageTest, PackageWithoutValidSignatureIsNotKept) {
   const std::string valid = publisher.signature("package");
   const std::vector<std::pair<std::string, std::string>> signaturesAndContents = {
       {valid, "Package"},
@@ -140,7 +140,7 @@ TEST_F(PackageTest, WithoutAValidSignatureIsNotKept) {
   EXPECT_FALSE(isAnythingKept());
 }
 
-TEST_F(PackageTest, IsNeitherMoreLocalNorLessProtectedThanItsFeed) {
+TEST_F(PackageTest, PackageAddressIsNeitherMoreLocalNorLessProtectedThanFeed) {
   const std::string feeds[] = {"file:///feed.xml", "https://mirror/feed.xml",
                                "http://mirror/feed.xml"};
   struct Case {

@@ -27,7 +27,7 @@ namespace {
 
 using foundation::Result;
 
-// Answers each connection on this machine with the same bytes, and keeps what was asked.
+// A local server that answers each connection with the same bytes and records the requests.
 class Server {
 public:
   Server() {
@@ -74,7 +74,7 @@ protected:
     std::optional<Result<std::string>> outcome;
     const auto fetching =
         transport.fetch(request, [&](const Result<std::string>& answer) { outcome = answer; });
-    EXPECT_FALSE(outcome) << "never within the call";
+    EXPECT_FALSE(outcome) << "the completion is called later";
     waitFor([&] { return outcome.has_value(); });
     return outcome;
   }
@@ -102,7 +102,7 @@ protected:
   qt::HttpTransport transport;
 };
 
-TEST_F(QtUpdates, FetchesOverHttpAndTellsNothingButItsHeaders) {
+TEST_F(QtUpdates, HttpRequestSendsOnlyItsHeaders) {
   server.answer = ok("<rss/>");
   const auto outcome = fetch({.address = server.address(),
                               .headers = {{"X-System-Version", "Debian 12"}},
@@ -130,7 +130,7 @@ TEST_F(QtUpdates, FetchesOverHttpAndTellsNothingButItsHeaders) {
                                                          {"Pragma", "no-cache"}}));
 }
 
-TEST_F(QtUpdates, SaysWhyItCouldNotFetchInThePersonsLanguage) {
+TEST_F(QtUpdates, FailedFetchGivesReasonInLanguageOfPerson) {
   struct Case {
     std::string answer;
     std::string reason;
@@ -163,7 +163,7 @@ TEST_F(QtUpdates, SaysWhyItCouldNotFetchInThePersonsLanguage) {
   EXPECT_FALSE(*outcome);
 }
 
-TEST_F(QtUpdates, ACheckOverHttpEndsInADialogOfPlainText) {
+TEST_F(QtUpdates, CheckOverHttpShowsDialogWithPlainText) {
   server.answer =
       ok("<rss><channel><item><sparkle:version>2.0</sparkle:version><description><![CDATA[<p>Reads "
          "<b>QUIC</b></p>"
@@ -190,7 +190,7 @@ TEST_F(QtUpdates, ACheckOverHttpEndsInADialogOfPlainText) {
       << textOf(*dialog());
   EXPECT_EQ(dialog()->findChild<QPlainTextEdit*>()->toPlainText().toStdString(), "Reads QUIC");
 
-  // The next outcome takes its place, on the updater's own schedule as well.
+  // The next outcome replaces the dialog, that of a scheduled check too.
   server.answer = "HTTP/1.1 500 Broken\r\nContent-Length: 0\r\nConnection: close\r\n\r\n";
   updater.checkForUpdates();
   ASSERT_TRUE(waitFor([&] { return updater.canCheckForUpdates(); }));
@@ -203,7 +203,7 @@ TEST_F(QtUpdates, ACheckOverHttpEndsInADialogOfPlainText) {
   ASSERT_TRUE(waitFor([] { return textOf(*dialog()).find("Version 3.0") != std::string::npos; }));
 }
 
-TEST_F(QtUpdates, TheDialogSpeaksEachLanguageOfTheHost) {
+TEST_F(QtUpdates, DialogIsTranslatedIntoEachLanguage) {
   std::set<std::string> keys;
   qt::UpdateDialog driver([&](std::string_view key) { return *keys.emplace(key).first; });
   FoundUpdate update;

@@ -31,7 +31,7 @@ inline std::string feedWith(const std::string& version, const OfferedPackage& pa
          "\"/></item></channel></rss>";
 }
 
-// Answers when the test says so.
+// A transport whose answers the test gives.
 class SlowTransport final : public FeedTransport {
 public:
   QEVSettings::Subscription fetch(const FeedRequest& request, Completion completion) override {
@@ -41,7 +41,7 @@ public:
     return QEVSettings::Subscription([held] { *held = nullptr; });
   }
 
-  // Whether someone still waits.
+  // Answers the last request. False when it was cancelled.
   bool answer(const foundation::Result<std::string>& answer) {
     const auto held = pending_.lock();
     const Completion completion = held ? *held : nullptr;
@@ -55,21 +55,21 @@ private:
   std::weak_ptr<Completion> pending_;
 };
 
-class StoppedTimer final : public UpdateTimer {
+class ManualTimer final : public UpdateTimer {
 public:
   QEVSettings::Subscription after(std::chrono::seconds delay, std::function<void()> fire) override {
-    wish = Wish{delay, std::move(fire)};
+    pending = Pending{delay, std::move(fire)};
     return QEVSettings::Subscription([this, id = ++last_] {
-      if (id == last_) wish.reset();
+      if (id == last_) pending.reset();
     });
   }
-  void fire() { std::exchange(wish, std::nullopt)->fire(); }
+  void fire() { std::exchange(pending, std::nullopt)->fire(); }
 
-  struct Wish {
+  struct Pending {
     std::chrono::seconds delay;
     std::function<void()> fire;
   };
-  std::optional<Wish> wish;
+  std::optional<Pending> pending;
 
 private:
   int last_ = 0;
@@ -116,7 +116,7 @@ protected:
 
   std::unique_ptr<foundation::UserDefaults> store = foundation::UserDefaults::inMemory();
   std::shared_ptr<SlowTransport> transport = std::make_shared<SlowTransport>();
-  std::shared_ptr<StoppedTimer> timer = std::make_shared<StoppedTimer>();
+  std::shared_ptr<ManualTimer> timer = std::make_shared<ManualTimer>();
   std::shared_ptr<RecordingDriver> driver = std::make_shared<RecordingDriver>();
   std::chrono::system_clock::time_point now{std::chrono::sys_days{std::chrono::year{2026} / 1 / 5}};
   UpdaterConfiguration configuration;

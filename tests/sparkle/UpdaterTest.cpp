@@ -22,7 +22,7 @@ using foundation::Result;
 
 constexpr std::string_view kChecksKey = "sparkle_automaticallyChecks";
 
-TEST_F(UpdaterTest, ShowsTheOutcomeOfARequestedCheck) {
+TEST_F(UpdaterTest, OutcomeOfRequestedCheckIsShown) {
   const std::vector<std::pair<Result<std::string>, std::string>> answersAndOutcomes = {
       {feedWith("1.10"), "found 1.10"},
       {feedWith("1.9.0"), "none after 1.9"},
@@ -49,7 +49,7 @@ TEST_F(UpdaterTest, ShowsTheOutcomeOfARequestedCheck) {
   EXPECT_EQ(transport->requests.size(), answersAndOutcomes.size());
 }
 
-TEST_F(UpdaterTest, CannotCheckBeforeItStartsNorWithoutAnAddress) {
+TEST_F(UpdaterTest, CheckNeedsStartAndAddress) {
   SPUUpdater updater(configuration);
   updater.checkForUpdates();
   EXPECT_FALSE(updater.canCheckForUpdates());
@@ -62,14 +62,14 @@ TEST_F(UpdaterTest, CannotCheckBeforeItStartsNorWithoutAnAddress) {
   EXPECT_TRUE(controller->updater().canCheckForUpdates());
 }
 
-TEST_F(UpdaterTest, WhatNeverRanIsNoLastCheck) {
+TEST_F(UpdaterTest, CheckThatNeverRanIsNotRecorded) {
   const std::string address = std::exchange(configuration.feedAddress, "");
   auto controller = start();
   controller->updater().setAutomaticallyChecksForUpdates(true);
   controller->checkForUpdates(nullptr);
   for (int i = 0; i < 3; ++i) {
-    ASSERT_TRUE(timer->wish);
-    EXPECT_EQ(timer->wish->delay, 1h);
+    ASSERT_TRUE(timer->pending);
+    EXPECT_EQ(timer->pending->delay, 1h);
     timer->fire();
   }
   EXPECT_TRUE(transport->requests.empty());
@@ -78,13 +78,13 @@ TEST_F(UpdaterTest, WhatNeverRanIsNoLastCheck) {
   controller.reset();
   configuration.feedAddress = address;
   controller = start();
-  EXPECT_EQ(timer->wish->delay, 0s);
+  EXPECT_EQ(timer->pending->delay, 0s);
   timer->fire();
   transport->answer(Error{"no network"});
   EXPECT_TRUE(store->objectForKey("sparkle_lastCheck")) << "one that ran and failed counts";
 }
 
-TEST_F(UpdaterTest, TheProfileIsSentOnlyWhenAllowed) {
+TEST_F(UpdaterTest, SystemProfileIsSentOnlyWhenAllowed) {
   const auto controller = start();
   controller->checkForUpdates(nullptr);
   EXPECT_TRUE(transport->requests.back().headers.empty());
@@ -97,7 +97,7 @@ TEST_F(UpdaterTest, TheProfileIsSentOnlyWhenAllowed) {
                                                 {"X-System-Architecture", "amd64"}}));
 }
 
-TEST_F(UpdaterTest, SettingsFollowTheStoreWhoeverWrites) {
+TEST_F(UpdaterTest, SettingsFollowStore) {
   store->setBool(true, "sparkle_automaticallyDownloads");
   const auto controller = start();
   SPUUpdater& updater = controller->updater();
@@ -115,39 +115,38 @@ TEST_F(UpdaterTest, SettingsFollowTheStoreWhoeverWrites) {
   EXPECT_EQ(told, (std::vector{false, true, false}));
 }
 
-TEST_F(UpdaterTest, ChecksByItselfOnceADayAndSpeaksOnlyOfNewVersions) {
+TEST_F(UpdaterTest, ScheduledCheckRunsDailyAndShowsOnlyNewVersions) {
   const auto controller = start();
-  EXPECT_FALSE(timer->wish);
+  EXPECT_FALSE(timer->pending);
   controller->updater().setAutomaticallyChecksForUpdates(true);
-  ASSERT_TRUE(timer->wish);
-  EXPECT_EQ(timer->wish->delay, 0s);
+  ASSERT_TRUE(timer->pending);
+  EXPECT_EQ(timer->pending->delay, 0s);
   timer->fire();
   transport->answer(Error{"no network"});
   EXPECT_TRUE(driver->shown.empty());
 
-  // The machine slept for most of the day: the timer fires late, and again at the hour that is
-  // left.
-  ASSERT_TRUE(timer->wish);
+  // The machine slept for most of the day. The timer fires late and is set for the remaining time.
+  ASSERT_TRUE(timer->pending);
   now += 23h + 30min;
   timer->fire();
   EXPECT_EQ(transport->requests.size(), 1U);
-  ASSERT_TRUE(timer->wish);
-  EXPECT_EQ(timer->wish->delay, 30min);
+  ASSERT_TRUE(timer->pending);
+  EXPECT_EQ(timer->pending->delay, 30min);
   now += 30min;
   timer->fire();
   transport->answer(feedWith("2.0"));
   EXPECT_EQ(driver->shown, std::vector<std::string>{"found 2.0"});
 
   controller->updater().setAutomaticallyChecksForUpdates(false);
-  EXPECT_FALSE(timer->wish);
+  EXPECT_FALSE(timer->pending);
 
-  // A last check in the future came from a wrong clock.
+  // A last check in the future was recorded by a wrong clock.
   now -= 24h * 400;
   controller->updater().setAutomaticallyChecksForUpdates(true);
-  EXPECT_EQ(timer->wish->delay, 0s);
+  EXPECT_EQ(timer->pending->delay, 0s);
 }
 
-TEST_F(UpdaterTest, ReasonsStandInTheTablesOfEveryLanguage) {
+TEST_F(UpdaterTest, ReasonsAreInStringTableOfEveryLanguage) {
   const std::vector<std::string> reasons = {
       "the address %1 is neither https:// nor a file on this machine",
       "the update feed may not name the address %1",
@@ -174,7 +173,7 @@ TEST_F(UpdaterTest, ReasonsStandInTheTablesOfEveryLanguage) {
   }
 }
 
-TEST_F(UpdaterTest, AFeedThatAnybodyOnTheWayCanChangeIsFetchedOnlyWhereTheHostAllowsIt) {
+TEST_F(UpdaterTest, InsecureFeedIsFetchedOnlyWhenHostAllowsIt) {
   for (const std::string address :
        {"http://mirror/appcast.xml", "HTTP://mirror/appcast.xml", "ftp://mirror/feed"}) {
     for (const bool isAllowed : {false, true}) {
@@ -190,7 +189,7 @@ TEST_F(UpdaterTest, AFeedThatAnybodyOnTheWayCanChangeIsFetchedOnlyWhereTheHostAl
   }
 }
 
-TEST_F(UpdaterTest, SaysWhyInThePersonsLanguage) {
+TEST_F(UpdaterTest, FailedCheckGivesReasonInLanguageOfPerson) {
   const std::vector<std::pair<std::string, std::string>> addressesAndReasons = {
       {"", "die Anwendung nennt keinen Update-Feed"},
       {"file:///dev/zero", "/dev/zero ist keine Datei"},
@@ -213,7 +212,7 @@ TEST_F(UpdaterTest, SaysWhyInThePersonsLanguage) {
   foundation::Bundle::setMainResourceFolder(foundation::Bundle::mainBundle().folder());
 }
 
-TEST_F(UpdaterTest, GoingAwayGivesTheCheckUp) {
+TEST_F(UpdaterTest, DestroyedUpdaterCancelsCheck) {
   auto controller = start();
   controller->checkForUpdates(nullptr);
   controller.reset();

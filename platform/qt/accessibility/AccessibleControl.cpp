@@ -1,9 +1,10 @@
 #include "accessibility/AccessibleControl.hpp"
 
+#include "accessibility/AccessibleRoot.hpp"
 #include "accessibility/AccessibleTree.hpp"
-#include "accessibility/told.hpp"
+#include "accessibility/accessibleValues.hpp"
+#include "bridge/MirroredTree.hpp"
 #include "controls/ControlWidget.hpp"
-#include "mirror/Mirror.hpp"
 
 #include <QAbstractButton>
 
@@ -13,8 +14,8 @@ namespace {
 
 QString labelsBelow(const viewkit::PresentationNode& node) {
   QStringList labels;
-  for (const viewkit::PresentationNode* child : AccessibleTree::toldBelow(node)) {
-    labels.append(toldText(child->accessibility, QAccessible::Name));
+  for (const viewkit::PresentationNode* child : AccessibleTree::childNodes(node)) {
+    labels.append(accessibleText(child->accessibility, QAccessible::Name));
   }
   labels.removeAll(QString());
   return labels.join(' ');
@@ -25,49 +26,55 @@ QString labelsBelow(const viewkit::PresentationNode& node) {
 AccessibleControl::AccessibleControl(ControlWidget& control)
     : QAccessibleWidget(&control.widget()), control_(control) {}
 
-const viewkit::PresentationNode* AccessibleControl::node() const { return control_.node(); }
+const viewkit::PresentationNode* AccessibleControl::node() const {
+  return tree() ? control_.node() : nullptr;
+}
 
-AccessibleTree& AccessibleControl::tree() const { return control_.mirror().accessibles(); }
+AccessibleTree* AccessibleControl::tree() const {
+  if (!control_.node()) return nullptr;
+  const auto* root = dynamic_cast<const AccessibleRoot*>(&control_.tree().canvas());
+  return root ? root->accessibleTree() : nullptr;
+}
 
 bool AccessibleControl::isValid() const { return QAccessibleWidget::isValid() && node(); }
 
 QAccessibleInterface* AccessibleControl::parent() const {
-  return node() ? tree().parentOf(*node()) : QAccessibleWidget::parent();
+  return node() ? tree()->parentOf(*node()) : QAccessibleWidget::parent();
 }
 
 QAccessibleInterface* AccessibleControl::child(int index) const {
-  return node() ? childOf(tree(), *node(), index) : nullptr;
+  return node() ? tree()->childOf(*node(), index) : nullptr;
 }
 
 int AccessibleControl::childCount() const {
-  return node() ? static_cast<int>(AccessibleTree::toldBelow(*node()).size()) : 0;
+  return node() ? AccessibleTree::childCount(*node()) : 0;
 }
 
 int AccessibleControl::indexOfChild(const QAccessibleInterface* child) const {
-  return node() ? indexIn(tree(), *node(), child) : -1;
+  return node() ? tree()->indexIn(*node(), child) : -1;
 }
 
 QAccessibleInterface* AccessibleControl::childAt(int x, int y) const {
-  return node() ? childUnder(tree(), *node(), {x, y}) : nullptr;
+  return node() ? tree()->childAt(*node(), {x, y}) : nullptr;
 }
 
 QString AccessibleControl::text(QAccessible::Text kind) const {
   if (!node()) return {};
-  const QString told = toldText(node()->accessibility, kind);
-  // What is named by nothing else is named by what is in it.
+  const QString own = accessibleText(node()->accessibility, kind);
+  // A button without a name of its own is named after its children.
   const bool isUnnamed =
-      kind == QAccessible::Name && told.isEmpty() && actionName() == pressAction();
-  return isUnnamed ? labelsBelow(*node()) : told;
+      kind == QAccessible::Name && own.isEmpty() && actionName() == pressAction();
+  return isUnnamed ? labelsBelow(*node()) : own;
 }
 
 QAccessible::Role AccessibleControl::role() const {
-  return node() ? roleOf(node()->accessibility.role) : QAccessible::NoRole;
+  return node() ? accessibleRole(node()->accessibility.role) : QAccessible::NoRole;
 }
 
 QAccessible::State AccessibleControl::state() const {
   QAccessible::State state = QAccessibleWidget::state();
   if (!node()) return state;
-  addTold(state, node()->accessibility);
+  addAccessibleState(state, node()->accessibility);
   if (const auto* toggle = std::get_if<viewkit::ToggleControl>(node()->control())) {
     state.checkable = true;
     state.checked = toggle->isOn;

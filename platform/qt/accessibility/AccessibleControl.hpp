@@ -9,8 +9,8 @@ namespace qt {
 class AccessibleTree;
 class ControlWidget;
 
-// A control as assistive technology sees it: the widget that it is, with the name, the role and the
-// place in the tree that its node has.
+// The accessible interface of a control: that of its widget, with the name, role and parent of its
+// node.
 class AccessibleControl : public QAccessibleWidget {
 public:
   explicit AccessibleControl(ControlWidget& control);
@@ -29,11 +29,12 @@ public:
   void doAction(const QString& name) override;
 
 protected:
+  // Null when the control has no node or the window is closed.
   const viewkit::PresentationNode* node() const;
   ControlWidget& control() const { return control_; }
 
 private:
-  AccessibleTree& tree() const;
+  AccessibleTree* tree() const;
   QString actionName() const;
 
   ControlWidget& control_;

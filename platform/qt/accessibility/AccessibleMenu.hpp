@@ -9,7 +9,7 @@
 
 namespace qt {
 
-// An open menu as assistive technology sees it: it belongs to what opened it.
+// The accessible interface of an open menu. Its parent is the control that opened it.
 class AccessibleMenu : public QAccessibleWidget, private PartedWidget {
 public:
   explicit AccessibleMenu(MenuList& list)
@@ -41,8 +41,8 @@ private:
   AccessibleParts items_;
 };
 
-// What opens a menu has the menu in it while it is open: a window of its own would be told to
-// nobody.
+// The accessible interface of a control that opens a menu. The open menu is its child, because
+// assistive technology is not told of the menu's own window.
 class AccessibleMenuOpener : public AccessibleControl {
 public:
   AccessibleMenuOpener(ControlWidget& control, MenuOpener& opener)
@@ -57,7 +57,8 @@ public:
     QAccessibleInterface* open = menu();
     return open && open->rect().contains(x, y) ? open : nullptr;
   }
-  // What is chosen: the platform tells a value only of what counts.
+  // The description is the chosen title: the platform passes on the value of a numeric control
+  // only.
   QString text(QAccessible::Text kind) const override {
     const QString chosen =
         kind == QAccessible::Description ? AccessibleControl::text(QAccessible::Value) : QString();

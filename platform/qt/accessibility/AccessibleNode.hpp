@@ -8,13 +8,14 @@ namespace qt {
 
 class AccessibleTree;
 
-// A painted node as assistive technology sees it.
+// The accessible interface of a painted node.
 class AccessibleNode : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
   AccessibleNode(AccessibleTree& tree, viewkit::NodeId id) : tree_(tree), id_(id) {}
 
-  // The node is gone, and this is the last that is heard of it.
-  void leave(QAccessibleInterface* parent) { leftParent_ = parent; }
+  // Called when the node was removed, before that is announced: the interface stays valid, below
+  // the former parent, until it is deleted.
+  void leave(QAccessibleInterface* parent) { formerParent_ = parent; }
 
   bool isValid() const override;
   QObject* object() const override { return nullptr; }
@@ -40,7 +41,7 @@ private:
 
   AccessibleTree& tree_;
   viewkit::NodeId id_;
-  QAccessibleInterface* leftParent_ = nullptr;
+  QAccessibleInterface* formerParent_ = nullptr;
 };
 
 }  // namespace qt

@@ -79,7 +79,7 @@ QAccessibleInterface* AccessibleParts::part(int index) const {
   const auto at = static_cast<size_t>(index);
   if (made_.size() <= at) made_.resize(at + 1);
   if (made_[at] == 0) {
-    // Qt owns what is registered, until it is told to delete it.
+    // Qt owns the interface until `deleteAccessibleInterface`.
     made_[at] = QAccessible::registerAccessibleInterface(new AccessiblePart(whole_, index));
   }
   return QAccessible::accessibleInterface(made_[at]);

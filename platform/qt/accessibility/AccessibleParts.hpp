@@ -8,8 +8,7 @@
 
 namespace qt {
 
-// A widget that shows several things that are no widgets themselves, such as tabs or the items of a
-// menu.
+// A widget with parts that are no widgets themselves, such as tabs or the items of a menu.
 class PartedWidget {
 public:
   virtual ~PartedWidget() = default;
@@ -24,7 +23,7 @@ public:
   virtual void pressPart(int index) = 0;
 };
 
-// The parts of a widget as assistive technology sees them, each made when it is first asked for.
+// The accessible interfaces of the parts of a widget. Each is made when it is first asked for.
 class AccessibleParts {
 public:
   explicit AccessibleParts(PartedWidget& whole) : whole_(whole) {}

@@ -7,7 +7,7 @@
 
 namespace qt {
 
-// A tab bar as assistive technology sees it: a list of tabs, one of them selected.
+// The accessible interface of a tab bar: a list of tabs, one of which is selected.
 class AccessibleTabBar : public AccessibleControl, private PartedWidget {
 public:
   AccessibleTabBar(ControlWidget& control, QTabBar& bar)

@@ -14,8 +14,8 @@ AccessibleText::AccessibleText(ControlWidget& control, QTextEdit& edit)
 
 QString AccessibleText::text(QAccessible::Text kind) const {
   if (kind == QAccessible::Value) return LongText::whole(*edit_.document());
-  const QString told = AccessibleControl::text(kind);
-  return kind == QAccessible::Name && told.isEmpty() ? edit_.placeholderText() : told;
+  const QString own = AccessibleControl::text(kind);
+  return kind == QAccessible::Name && own.isEmpty() ? edit_.placeholderText() : own;
 }
 
 QAccessible::Role AccessibleText::role() const {

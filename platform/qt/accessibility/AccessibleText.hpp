@@ -6,7 +6,7 @@
 
 namespace qt {
 
-// A text that is typed or selected, as assistive technology sees it.
+// The accessible interface of a text field or of a selectable text.
 class AccessibleText : public AccessibleControl,
                        public QAccessibleTextInterface,
                        public QAccessibleEditableTextInterface {

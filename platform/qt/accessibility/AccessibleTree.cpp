@@ -1,22 +1,25 @@
 #include "accessibility/AccessibleTree.hpp"
 
 #include "accessibility/AccessibleNode.hpp"
-#include "controls/ControlWidget.hpp"
-#include "mirror/Mirror.hpp"
-#include "paint/Fonts.hpp"
+#include "bridge/MirroredTree.hpp"
+#include "bridge/Strings.hpp"
+
+#include <QWidget>
+
+#include <algorithm>
 
 namespace qt {
 
 namespace {
 
-bool isTold(const viewkit::PresentationNode& node) {
+bool isAccessible(const viewkit::PresentationNode& node) {
   return node.accessibility.role != viewkit::Role::none;
 }
 
-const viewkit::PresentationNode* toldAbove(const viewkit::PresentationNode& node) {
-  const viewkit::PresentationNode* above = node.parent;
-  while (above && !isTold(*above)) above = above->parent;
-  return above;
+const viewkit::PresentationNode* accessibleAncestor(const viewkit::PresentationNode& node) {
+  const viewkit::PresentationNode* ancestor = node.parent;
+  while (ancestor && !isAccessible(*ancestor)) ancestor = ancestor->parent;
+  return ancestor;
 }
 
 void notify(QAccessibleInterface* interface, QAccessible::Event type) {
@@ -25,7 +28,7 @@ void notify(QAccessibleInterface* interface, QAccessible::Event type) {
 }
 
 void notifyValue(QAccessibleInterface* interface, const std::string& value) {
-  QAccessibleValueChangeEvent event(interface, text(value));
+  QAccessibleValueChangeEvent event(interface, toQString(value));
   QAccessible::updateAccessibility(&event);
 }
 
@@ -40,30 +43,61 @@ AccessibleTree::~AccessibleTree() {
   for (const auto& [node, id] : interfaces_) QAccessible::deleteAccessibleInterface(id);
 }
 
-std::vector<const viewkit::PresentationNode*> AccessibleTree::toldBelow(
+const viewkit::PresentationNode& AccessibleTree::rootNode() const {
+  return tree_.host().presentation();
+}
+
+std::vector<const viewkit::PresentationNode*> AccessibleTree::childNodes(
     const viewkit::PresentationNode& node) {
-  std::vector<const viewkit::PresentationNode*> told;
+  std::vector<const viewkit::PresentationNode*> children;
   const auto collect = [&](const auto& self, const viewkit::PresentationNode& parent) -> void {
     for (const viewkit::PresentationNode* child : parent.children) {
-      if (isTold(*child)) {
-        told.push_back(child);
+      if (isAccessible(*child)) {
+        children.push_back(child);
       } else {
         self(self, *child);
       }
     }
   };
   collect(collect, node);
-  return told;
+  return children;
+}
+
+int AccessibleTree::childCount(const viewkit::PresentationNode& node) {
+  return static_cast<int>(childNodes(node).size());
+}
+
+QAccessibleInterface* AccessibleTree::childOf(const viewkit::PresentationNode& node, int index) {
+  const auto children = childNodes(node);
+  const bool exists = index >= 0 && index < static_cast<int>(children.size());
+  return exists ? interfaceOf(*children[static_cast<size_t>(index)]) : nullptr;
+}
+
+int AccessibleTree::indexIn(const viewkit::PresentationNode& node,
+                            const QAccessibleInterface* child) {
+  const auto children = childNodes(node);
+  const auto found =
+      std::ranges::find_if(children, [&](const auto* each) { return interfaceOf(*each) == child; });
+  return found != children.end() ? static_cast<int>(found - children.begin()) : -1;
+}
+
+QAccessibleInterface* AccessibleTree::childAt(const viewkit::PresentationNode& node,
+                                              QPoint onScreen) {
+  const auto children = childNodes(node);
+  for (auto child = children.rbegin(); child != children.rend(); ++child) {
+    QAccessibleInterface* interface = interfaceOf(**child);
+    if (interface && interface->rect().contains(onScreen)) return interface;
+  }
+  return nullptr;
 }
 
 QAccessibleInterface* AccessibleTree::windowInterface() const {
-  return QAccessible::queryAccessibleInterface(&mirror_.canvas());
+  return QAccessible::queryAccessibleInterface(&tree_.canvas());
 }
 
 QAccessibleInterface* AccessibleTree::interfaceOf(const viewkit::PresentationNode& node) {
-  if (ControlWidget* control = mirror_.controlOf(node.id)) {
-    return QAccessible::queryAccessibleInterface(&control->widget());
-  }
+  if (QWidget* widget = tree_.widgetOf(node.id))
+    return QAccessible::queryAccessibleInterface(widget);
   const auto known = interfaces_.find(node.id);
   if (known != interfaces_.end()) return QAccessible::accessibleInterface(known->second);
   auto* made = new AccessibleNode(*this, node.id);
@@ -72,50 +106,29 @@ QAccessibleInterface* AccessibleTree::interfaceOf(const viewkit::PresentationNod
 }
 
 QAccessibleInterface* AccessibleTree::parentOf(const viewkit::PresentationNode& node) {
-  const viewkit::PresentationNode* above = toldAbove(node);
-  return above ? interfaceOf(*above) : windowInterface();
+  const viewkit::PresentationNode* ancestor = accessibleAncestor(node);
+  return ancestor ? interfaceOf(*ancestor) : windowInterface();
 }
 
 void AccessibleTree::show(const viewkit::PresentationChanges& changes) {
   for (const viewkit::NodeId id : changes.removed) forget(id);
   for (const viewkit::PresentationNode* node : changes.changed) {
-    if (isTold(*node)) announce(*node);
+    if (isAccessible(*node)) announce(*node);
   }
 }
 
-void AccessibleTree::forgetControl(ControlWidget& control) {
-  if (!control.isTold()) return;
-  control.setTold(false);
-  QAccessibleInterface* leaving = QAccessible::queryAccessibleInterface(&control.widget());
-  notify(leaving, QAccessible::ObjectDestroyed);
-  QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(leaving));
-}
-
 void AccessibleTree::announce(const viewkit::PresentationNode& node) {
-  const viewkit::PresentationNode* above = toldAbove(node);
-  const Told now{.accessibility = node.accessibility, .parent = above ? above->id : 0};
-  const auto known = told_.find(node.id);
-  if (known == told_.end()) {
-    told_.emplace(node.id, now);
+  const viewkit::PresentationNode* ancestor = accessibleAncestor(node);
+  const Announced now{.accessibility = node.accessibility, .parent = ancestor ? ancestor->id : 0};
+  const auto known = announced_.find(node.id);
+  if (known == announced_.end()) {
+    announced_.emplace(node.id, now);
     if (QAccessible::isActive()) announceNew(node);
     return;
   }
   const viewkit::Accessibility before = known->second.accessibility;
   known->second = now;
-  if (before == now.accessibility || !QAccessible::isActive()) return;
-  QAccessibleInterface* interface = interfaceOf(node);
-  const bool isRenamed = before.label != now.accessibility.label;
-  if (isRenamed) notify(interface, QAccessible::NameChanged);
-  if (before.help != now.accessibility.help) notify(interface, QAccessible::DescriptionChanged);
-  if (before.value != now.accessibility.value) notifyValue(interface, now.accessibility.value);
-  QAccessible::State changed;
-  if (before.selected != now.accessibility.selected) changed.selected = true;
-  if (before.enabled != now.accessibility.enabled) changed.disabled = true;
-  if (before.value != now.accessibility.value && now.accessibility.role == viewkit::Role::toggle)
-    changed.checked = true;
-  if (changed.selected || changed.disabled || changed.checked) notifyState(interface, changed);
-  if (isRenamed && now.accessibility.role == viewkit::Role::alert)
-    notify(interface, QAccessible::Alert);
+  if (before != now.accessibility && QAccessible::isActive()) announceDifference(node, before);
 }
 
 void AccessibleTree::announceNew(const viewkit::PresentationNode& node) {
@@ -127,17 +140,33 @@ void AccessibleTree::announceNew(const viewkit::PresentationNode& node) {
   }
 }
 
+void AccessibleTree::announceDifference(const viewkit::PresentationNode& node,
+                                        const viewkit::Accessibility& before) {
+  const viewkit::Accessibility& now = node.accessibility;
+  QAccessibleInterface* interface = interfaceOf(node);
+  const bool isRenamed = before.label != now.label;
+  if (isRenamed) notify(interface, QAccessible::NameChanged);
+  if (before.help != now.help) notify(interface, QAccessible::DescriptionChanged);
+  if (before.value != now.value) notifyValue(interface, now.value);
+  QAccessible::State changed;
+  if (before.selected != now.selected) changed.selected = true;
+  if (before.enabled != now.enabled) changed.disabled = true;
+  if (before.value != now.value && now.role == viewkit::Role::toggle) changed.checked = true;
+  if (changed.selected || changed.disabled || changed.checked) notifyState(interface, changed);
+  if (isRenamed && now.role == viewkit::Role::alert) notify(interface, QAccessible::Alert);
+}
+
 void AccessibleTree::forget(viewkit::NodeId id) {
-  const auto told = told_.find(id);
-  const viewkit::NodeId parent = told != told_.end() ? told->second.parent : 0;
-  if (told != told_.end()) told_.erase(told);
+  const auto announced = announced_.find(id);
+  const viewkit::NodeId parent = announced != announced_.end() ? announced->second.parent : 0;
+  if (announced != announced_.end()) announced_.erase(announced);
   const auto found = interfaces_.find(id);
   if (found == interfaces_.end()) return;
-  const viewkit::PresentationNode* above = parent == 0 ? nullptr : mirror_.host().node(parent);
+  const viewkit::PresentationNode* ancestor = parent == 0 ? nullptr : tree_.host().node(parent);
   auto* leaving = static_cast<AccessibleNode*>(QAccessible::accessibleInterface(found->second));
-  // Where the parent goes too, its own leaving says it all.
-  if (parent == 0 || above) {
-    leaving->leave(above ? interfaceOf(*above) : windowInterface());
+  // A parent that was removed too announces the removal of the whole branch.
+  if (parent == 0 || ancestor) {
+    leaving->leave(ancestor ? interfaceOf(*ancestor) : windowInterface());
     notify(leaving, QAccessible::ObjectDestroyed);
   }
   QAccessible::deleteAccessibleInterface(found->second);

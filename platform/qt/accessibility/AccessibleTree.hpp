@@ -3,55 +3,65 @@
 #include "viewkit/PresentationNode.hpp"
 
 #include <QAccessible>
+#include <QPoint>
 
 #include <unordered_map>
 #include <vector>
 
 namespace qt {
 
-class AccessibleNode;
-class ControlWidget;
-class Mirror;
+class MirroredTree;
 
-// What assistive technology is told of a window: the presentation tree without the nodes that say
-// nothing. Painted nodes get an interface of their own here, controls have that of their widget.
+// The presentation tree of a window as assistive technology sees it: the accessible nodes, which
+// are those with a role. A painted node has an interface of its own, owned here; a control has the
+// interface of its widget. Main thread only.
 class AccessibleTree {
 public:
-  explicit AccessibleTree(Mirror& mirror) : mirror_(mirror) {}
+  // `tree` outlives the accessible tree.
+  explicit AccessibleTree(MirroredTree& tree) : tree_(tree) {}
   ~AccessibleTree();
   AccessibleTree(const AccessibleTree&) = delete;
   AccessibleTree& operator=(const AccessibleTree&) = delete;
 
-  Mirror& mirror() const { return mirror_; }
+  MirroredTree& tree() const { return tree_; }
+  const viewkit::PresentationNode& rootNode() const;
 
-  // The nearest nodes below that are told, in the tree's order.
-  static std::vector<const viewkit::PresentationNode*> toldBelow(
+  // The nearest accessible nodes below a node, in the order of the tree.
+  static std::vector<const viewkit::PresentationNode*> childNodes(
       const viewkit::PresentationNode& node);
+  static int childCount(const viewkit::PresentationNode& node);
+  // Null when there is no such child.
+  QAccessibleInterface* childOf(const viewkit::PresentationNode& node, int index);
+  // -1 when `child` is no child of the node.
+  int indexIn(const viewkit::PresentationNode& node, const QAccessibleInterface* child);
+  // The topmost child at a point of the screen; null when there is none.
+  QAccessibleInterface* childAt(const viewkit::PresentationNode& node, QPoint onScreen);
+
   QAccessibleInterface* interfaceOf(const viewkit::PresentationNode& node);
-  // Of the nearest node above that is told, or of the window.
+  // The interface of the nearest accessible ancestor, or of the window.
   QAccessibleInterface* parentOf(const viewkit::PresentationNode& node);
   QAccessibleInterface* windowInterface() const;
 
-  // The control will be another thing.
-  void forgetControl(ControlWidget& control);
-
-  // Announces what a pass changed, to whom it may concern.
+  // Announces the changes of one update. Called when the widgets show them.
   void show(const viewkit::PresentationChanges& changes);
 
 private:
-  struct Told {
+  // What was announced about a node.
+  struct Announced {
     viewkit::Accessibility accessibility;
-    // The node it was announced under; 0 for the window.
+    // The accessible parent; 0 for the window.
     viewkit::NodeId parent = 0;
   };
 
   void announce(const viewkit::PresentationNode& node);
   void announceNew(const viewkit::PresentationNode& node);
+  void announceDifference(const viewkit::PresentationNode& node,
+                          const viewkit::Accessibility& before);
   void forget(viewkit::NodeId id);
 
-  Mirror& mirror_;
+  MirroredTree& tree_;
   std::unordered_map<viewkit::NodeId, QAccessible::Id> interfaces_;
-  std::unordered_map<viewkit::NodeId, Told> told_;
+  std::unordered_map<viewkit::NodeId, Announced> announced_;
 };
 
 }  // namespace qt

@@ -1,32 +1,32 @@
 #include "accessibility/AccessibleWindow.hpp"
 
-#include "accessibility/told.hpp"
-#include "window/WindowWidget.hpp"
+#include "accessibility/AccessibleRoot.hpp"
+#include "accessibility/AccessibleTree.hpp"
+#include "bridge/MirroredTree.hpp"
 
 namespace qt {
 
-AccessibleWindow::AccessibleWindow(WindowWidget& window)
-    : QAccessibleWidget(&window, QAccessible::Window), window_(window) {}
+AccessibleWindow::AccessibleWindow(QWidget& widget, const AccessibleRoot& root)
+    : QAccessibleWidget(&widget, QAccessible::Window), root_(root) {}
 
 QAccessibleInterface* AccessibleWindow::child(int index) const {
-  if (!window_.mirror()) return nullptr;
-  return childOf(window_.mirror()->accessibles(), window_.host().presentation(), index);
+  AccessibleTree* tree = root_.accessibleTree();
+  return tree ? tree->childOf(tree->rootNode(), index) : nullptr;
 }
 
 int AccessibleWindow::childCount() const {
-  return window_.mirror()
-             ? static_cast<int>(AccessibleTree::toldBelow(window_.host().presentation()).size())
-             : 0;
+  const AccessibleTree* tree = root_.accessibleTree();
+  return tree ? AccessibleTree::childCount(tree->rootNode()) : 0;
 }
 
 int AccessibleWindow::indexOfChild(const QAccessibleInterface* child) const {
-  if (!window_.mirror()) return -1;
-  return indexIn(window_.mirror()->accessibles(), window_.host().presentation(), child);
+  AccessibleTree* tree = root_.accessibleTree();
+  return tree ? tree->indexIn(tree->rootNode(), child) : -1;
 }
 
 QAccessibleInterface* AccessibleWindow::childAt(int x, int y) const {
-  if (!window_.mirror()) return nullptr;
-  return childUnder(window_.mirror()->accessibles(), window_.host().presentation(), {x, y});
+  AccessibleTree* tree = root_.accessibleTree();
+  return tree ? tree->childAt(tree->rootNode(), {x, y}) : nullptr;
 }
 
 }  // namespace qt

@@ -4,13 +4,13 @@
 
 namespace qt {
 
-class WindowWidget;
+class AccessibleRoot;
 
-// A window as assistive technology sees it: its children are the first nodes of the tree that are
-// told.
+// The accessible interface of a window. Its children are the topmost accessible nodes of the tree.
 class AccessibleWindow : public QAccessibleWidget {
 public:
-  explicit AccessibleWindow(WindowWidget& window);
+  // `root` is the widget's other face.
+  AccessibleWindow(QWidget& widget, const AccessibleRoot& root);
 
   QAccessibleInterface* child(int index) const override;
   int childCount() const override;
@@ -18,7 +18,7 @@ public:
   QAccessibleInterface* childAt(int x, int y) const override;
 
 private:
-  WindowWidget& window_;
+  const AccessibleRoot& root_;
 };
 
 }  // namespace qt

@@ -6,7 +6,8 @@ class QString;
 
 namespace qt {
 
-// Qt's hook for interfaces: one for windows and controls of ours, nothing for what Qt knows better.
+// A factory for QAccessible::installFactory: makes the accessible interfaces of our windows,
+// controls and menus. Null for every other object, which keeps the interface that Qt makes.
 QAccessibleInterface* makeAccessible(const QString& className, QObject* object);
 
 }  // namespace qt

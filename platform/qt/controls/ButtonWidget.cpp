@@ -1,13 +1,14 @@
 #include "controls/ButtonWidget.hpp"
 
-#include "mirror/Mirror.hpp"
+#include "bridge/MirroredTree.hpp"
 
 #include <QKeyEvent>
 
 namespace qt {
 
-ButtonWidget::ButtonWidget(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent)
-    : QAbstractButton(&parent), ControlWidget(mirror, node) {
+ButtonWidget::ButtonWidget(MirroredTree& tree, const viewkit::PresentationNode& node,
+                           QWidget& parent)
+    : QAbstractButton(&parent), ControlWidget(tree, node) {
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_Hover);
   connect(this, &QAbstractButton::clicked, this, [this] { pressUpToDate(); });
@@ -20,13 +21,13 @@ bool ButtonWidget::performPress() {
 
 void ButtonWidget::pressUpToDate() {
   if (!node()) return;
-  mirror().host().update();
+  tree().host().update();
   if (node() && isEnabled()) press();
 }
 
 void ButtonWidget::keyPressEvent(QKeyEvent* event) {
   const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  // Arrow keys do not move between buttons: they belong to the window.
+  // Qt would move the focus between buttons; here the window decides what arrow keys do.
   const bool isArrow = event->key() >= Qt::Key_Left && event->key() <= Qt::Key_Down;
   if (isReturn) {
     if (!event->isAutoRepeat()) click();

@@ -7,10 +7,10 @@
 
 namespace qt {
 
-// What all controls that are pressed have in common: Space and Return press them too.
+// The base of all controls that are pressed: by the mouse, Space or Return.
 class ButtonWidget : public QAbstractButton, public ControlWidget {
 public:
-  ButtonWidget(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent);
+  ButtonWidget(MirroredTree& tree, const viewkit::PresentationNode& node, QWidget& parent);
 
   QWidget& widget() override { return *this; }
   bool performPress() override;
@@ -18,12 +18,12 @@ public:
 
 protected:
   virtual void press() = 0;
-  // Presses the control as the newest views describe it: a press may follow another one before the
-  // views were brought up to date.
+  // Updates the views, then presses the control: the views may still have to take over the result
+  // of the press before this one.
   void pressUpToDate();
 
   void keyPressEvent(QKeyEvent* event) override;
-  // Hovered, pressed, enabled, and the colours to draw with.
+  // The state and the palette to paint with.
   QStyleOption styleOption() const;
 };
 

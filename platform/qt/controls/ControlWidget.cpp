@@ -2,6 +2,7 @@
 
 #include "foundation/MainQueue.hpp"
 
+#include <QAccessible>
 #include <QPointer>
 
 namespace qt {
@@ -11,7 +12,16 @@ bool ControlWidget::isAtRest() const {
   return !floats() && focused != &widget();
 }
 
+void ControlWidget::discardAccessible() {
+  if (!std::exchange(isAccessible_, false)) return;
+  QAccessibleInterface* leaving = QAccessible::queryAccessibleInterface(&widget());
+  QAccessibleEvent event(leaving, QAccessible::ObjectDestroyed);
+  QAccessible::updateAccessibility(&event);
+  QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(leaving));
+}
+
 void ControlWidget::takeOver(const viewkit::PresentationNode& node) {
+  discardAccessible();
   node_ = &node;
   settledOn_ = nullptr;
   startAnew();

@@ -11,69 +11,69 @@
 
 namespace qt {
 
-class Mirror;
+class MirroredTree;
 
-// What a control of the presentation tree is on the screen: a widget that shows its node and hands
-// the person's actions to the functions in it. Every control derives from this and from the kind of
-// widget that it is; Qt owns it through the widget's parent.
+// The widget of a control in the presentation tree: it shows its node and calls the node's
+// functions when the person acts. Each control derives from this class and from a Qt widget. Qt
+// owns it through the widget's parent. Main thread only.
 class ControlWidget {
 public:
-  ControlWidget(Mirror& mirror, const viewkit::PresentationNode& node)
-      : mirror_(mirror), node_(&node), kind_(node.control()->index()) {}
+  // The node belongs to the tree. The tree outlives the node.
+  ControlWidget(MirroredTree& tree, const viewkit::PresentationNode& node)
+      : tree_(tree), node_(&node), kind_(node.control()->index()) {}
   ControlWidget(const ControlWidget&) = delete;
   ControlWidget& operator=(const ControlWidget&) = delete;
   virtual ~ControlWidget() = default;
 
   virtual QWidget& widget() = 0;
   const QWidget& widget() const { return const_cast<ControlWidget&>(*this).widget(); }
-  // The node's content or attributes are new.
+  // Called when the node's content or attributes changed.
   virtual void refresh() { widget().update(); }
-  // Whether what is below the node is shown inside of this widget.
+  // Whether the widget shows the children of the node.
   virtual bool holdsChildren() const { return false; }
-  // Where the corner of the node lies in the widget.
+  // The origin of the node in the coordinates of the widget.
   virtual QPoint contentOrigin() const { return {}; }
-  // What is below the node was brought up to date.
+  // Called when the children of the node have been placed.
   virtual void contentsChanged() {}
-  // Whether it stands above the window instead of among its neighbours.
+  // Whether the widget lies above the whole window, like a popover.
   virtual bool floats() const { return false; }
-  // Where the widget belongs when its node has this place in the window, in window coordinates.
+  // The geometry of the widget for a node with this frame. Both are in window coordinates.
   virtual QRect placeFor(const QRect& frame) const { return frame; }
   // Ends the editing of a text.
   virtual void endEditing() {}
-  // Closes the menu or dialog that it has opened.
+  // Closes the menu or dialog that the control opened.
   virtual void closeOpened() {}
   virtual appkit::Responder& responder() { return responder_; }
 
-  // Whether this is the right kind of widget for the node.
+  // Whether a widget of this kind can show the node.
   virtual bool shows(const viewkit::PresentationNode& node) const {
     return node.control() && node.control()->index() == kind_;
   }
-  // Whether nothing that the person began with it is under way, so that it may show another node as
-  // a new widget would.
+  // Whether no interaction is in progress, so that the widget can be reused for another node.
   virtual bool isAtRest() const;
-  // From having no node to showing this one, as if it had been made for it.
+  // Shows another node as a new widget would. The control must have no node.
   void takeOver(const viewkit::PresentationNode& node);
 
-  // Nothing from when the node is gone until the widget is.
+  // Null from when the node is removed until the widget is deleted or reused.
   const viewkit::PresentationNode* node() const { return node_; }
-  // What the widget has opened goes with the node.
+  // Called when the node is removed. Closes what the control opened.
   void forgetNode();
 
-  // Whether assistive technology was given an interface of it.
-  bool isTold() const { return isTold_; }
-  void setTold(bool isTold) { isTold_ = isTold; }
+  // Called when an accessible interface was made for the widget. Reuse discards that interface,
+  // because it described the former node.
+  void noteAccessible() { isAccessible_ = true; }
 
-  // Of everything that the node stands in.
+  // The opacity of the node, multiplied with the opacities of its ancestors.
   double opacity() const { return opacity_; }
   void setOpacity(double opacity) { opacity_ = opacity; }
 
-  // Used while there is a node.
-  Mirror& mirror() const { return mirror_; }
-  // What a click does, for assistive technology. Whether there is such a thing.
+  // May be called only while there is a node.
+  MirroredTree& tree() const { return tree_; }
+  // Does for assistive technology what a click does. False when a click does nothing.
   virtual bool performPress() { return false; }
 
 protected:
-  // It shows another node: nothing of the one before may be seen or done.
+  // Called on reuse: resets what the widget shows of the former node.
   virtual void startAnew() {}
 
   template <class C>
@@ -81,7 +81,7 @@ protected:
     return node_ && node_->control() ? std::get_if<C>(node_->control()) : nullptr;
   }
 
-  // Calls a function of the control as it is now; the call may replace it or end the node.
+  // Calls a function of the control. The call may replace the control or remove the node.
   template <class C, class... Parameters, class... Arguments>
   void call(std::function<void(Parameters...)> C::*function, Arguments&&... arguments) {
     const C* current = control<C>();
@@ -89,19 +89,22 @@ protected:
     if (const auto action = current->*function) action(std::forward<Arguments>(arguments)...);
   }
 
-  // Shows what the view made of the person's action, should it be something else or nothing.
+  // Refreshes on the next turn of the main queue: a view may refuse a value without changing its
+  // node, and then nothing else restores what the widget shows.
   void refreshLater();
-  // Makes the last of the calls that are asked for in this turn, on the next one: a chooser goes
-  // through several values until it settles on what the person picked.
+  // Calls `choose` on the next turn of the main queue. Of several calls within one turn only the
+  // last is made: a chooser reports intermediate values before the one that the person picked.
   void settleOn(std::function<void()> choose);
 
 private:
-  Mirror& mirror_;
+  void discardAccessible();
+
+  MirroredTree& tree_;
   const viewkit::PresentationNode* node_;
   std::size_t kind_;
   appkit::Responder responder_;
   double opacity_ = 1;
-  bool isTold_ = false;
+  bool isAccessible_ = false;
   std::function<void()> settledOn_;
 };
 

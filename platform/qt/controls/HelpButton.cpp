@@ -1,5 +1,6 @@
 #include "controls/HelpButton.hpp"
 
+#include "paint/Look.hpp"
 #include "paint/NodePainter.hpp"
 #include "paint/Style.hpp"
 #include "paint/Symbols.hpp"
@@ -8,14 +9,7 @@
 
 namespace qt {
 
-namespace {
-
-constexpr qreal kDiameter = 20;
-constexpr qreal kSymbolSize = 12;
-
-}  // namespace
-
-QSizeF HelpButton::sizeFor() { return {kDiameter, kDiameter}; }
+QSizeF HelpButton::sizeFor() { return {look::helpButton::kDiameter, look::helpButton::kDiameter}; }
 
 void HelpButton::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
@@ -23,12 +17,13 @@ void HelpButton::paintEvent(QPaintEvent* /*event*/) {
   circle.moveCenter(QRectF(rect()).center());
   const qreal radius = circle.width() / 2;
   Style::drawButtonSurface(painter, circle, radius, styleOption());
-  const QSizeF size(kSymbolSize, kSymbolSize);
-  const QPointF corner = circle.center() - QPointF(kSymbolSize, kSymbolSize) / 2;
+  const QSizeF size(look::helpButton::kSymbolSize, look::helpButton::kSymbolSize);
+  const QPointF corner =
+      circle.center() - QPointF(look::helpButton::kSymbolSize, look::helpButton::kSymbolSize) / 2;
   painter.drawPixmap(corner,
                      symbolPixmap("questionmark", size, palette().color(QPalette::ButtonText),
                                   devicePixelRatioOf(painter)));
-  if (Style::showsFocus(*this)) Style::drawFocusRing(painter, circle, radius, palette());
+  Style::drawKeyboardFocus(painter, *this, circle, radius);
 }
 
 }  // namespace qt

@@ -1,6 +1,7 @@
 #include "controls/PlainButton.hpp"
 
-#include "mirror/Mirror.hpp"
+#include "bridge/MirroredTree.hpp"
+#include "paint/Look.hpp"
 #include "paint/Style.hpp"
 
 #include <QPaintEvent>
@@ -10,9 +11,8 @@ namespace qt {
 
 void PlainButton::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
-  mirror().paint(painter, *this, event->rect(), Style::contentOpacity(styleOption()));
-  if (Style::showsFocus(*this))
-    Style::drawFocusRing(painter, rect(), Style::kCornerRadius, palette());
+  tree().paint(painter, *this, event->rect(), Style::contentOpacity(styleOption()));
+  Style::drawKeyboardFocus(painter, *this, rect());
 }
 
 }  // namespace qt

@@ -4,7 +4,7 @@
 
 namespace qt {
 
-// A button that looks like the views in it.
+// A button without a surface: only the views in it are seen.
 class PlainButton : public ButtonWidget {
 public:
   using ButtonWidget::ButtonWidget;

@@ -1,6 +1,7 @@
 #include "controls/Popover.hpp"
 
-#include "mirror/Mirror.hpp"
+#include "bridge/MirroredTree.hpp"
+#include "paint/Look.hpp"
 #include "paint/Style.hpp"
 
 #include <QApplication>
@@ -11,50 +12,48 @@
 
 namespace qt {
 
-namespace {
-
-constexpr int kShadow = 12;
-constexpr int kGap = 4;
-constexpr int kWindowMargin = 4;
-
-}  // namespace
-
-Popover::Popover(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& canvas)
-    : QWidget(&canvas), ControlWidget(mirror, node) {
+Popover::Popover(MirroredTree& tree, const viewkit::PresentationNode& node, QWidget& canvas)
+    : QWidget(&canvas), ControlWidget(tree, node) {
   qApp->installEventFilter(this);
 }
 
 Popover::~Popover() { qApp->removeEventFilter(this); }
 
-QPoint Popover::contentOrigin() const { return {kShadow, kShadow}; }
+QPoint Popover::contentOrigin() const {
+  return {look::popover::kShadowExtent, look::popover::kShadowExtent};
+}
 
 QRect Popover::placeFor(const QRect& frame) const {
-  const QRect window = mirror().canvas().rect().adjusted(kWindowMargin, kWindowMargin,
-                                                         -kWindowMargin, -kWindowMargin);
+  const QRect window =
+      tree().canvas().rect().adjusted(look::popover::kWindowMargin, look::popover::kWindowMargin,
+                                      -look::popover::kWindowMargin, -look::popover::kWindowMargin);
   const QRect anchor =
-      node()->parent ? wholePixels(mirror().coordinates().toDevice(node()->parent->frameInWindow()))
+      node()->parent ? wholePixels(tree().coordinates().toDevice(node()->parent->frameInWindow()))
                      : frame;
-  // Above what it belongs to where there is room, else below it, and always within the window.
-  const bool fitsAbove = anchor.top() - kGap - frame.height() >= window.top();
-  const int top = fitsAbove ? anchor.top() - kGap - frame.height() : anchor.bottom() + 1 + kGap;
+  // Above its view where there is room, else below it, and always within the window.
+  const bool fitsAbove = anchor.top() - look::popover::kGap - frame.height() >= window.top();
+  const int top = fitsAbove ? anchor.top() - look::popover::kGap - frame.height()
+                            : anchor.bottom() + 1 + look::popover::kGap;
   const int left = anchor.center().x() - frame.width() / 2;
   const QPoint corner(
       std::clamp(left, window.left(), std::max(window.left(), window.right() + 1 - frame.width())),
       std::clamp(top, window.top(), std::max(window.top(), window.bottom() + 1 - frame.height())));
-  return QRect(corner, frame.size()).adjusted(-kShadow, -kShadow, kShadow, kShadow);
+  return QRect(corner, frame.size())
+      .adjusted(-look::popover::kShadowExtent, -look::popover::kShadowExtent,
+                look::popover::kShadowExtent, look::popover::kShadowExtent);
 }
 
 bool Popover::eventFilter(QObject* watched, QEvent* event) {
   const bool isPress =
       event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
   if (!isPress || !node()) return false;
-  // The press before may have closed it already.
-  mirror().host().update();
+  // The press before this one may have closed the popover.
+  tree().host().update();
   if (!node()) return false;
   const auto* pressed = qobject_cast<QWidget*>(watched);
   const bool isElsewhere =
       pressed && pressed != this && !isAncestorOf(pressed) && pressed->window() == window();
-  // The click is for closing; it does nothing else.
+  // A press that closes the popover does nothing else.
   if (isElsewhere) dismiss();
   return isElsewhere;
 }
@@ -62,17 +61,23 @@ bool Popover::eventFilter(QObject* watched, QEvent* event) {
 void Popover::mousePressEvent(QMouseEvent* event) { event->accept(); }
 
 void Popover::mouseReleaseEvent(QMouseEvent* event) {
-  mirror().host().click(mirror().treePoint(*this, event->position()));
+  tree().host().click(tree().treePoint(*this, event->position()));
 }
 
 void Popover::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.setOpacity(opacity());
-  Style::drawShadow(painter, QRectF(rect()).adjusted(kShadow, kShadow, -kShadow, -kShadow),
-                    kShadow);
-  Style::drawFloatingSurface(painter, QRectF(rect()).adjusted(kShadow, kShadow, -kShadow, -kShadow),
-                             Style::kFloatingRadius, palette());
-  mirror().paint(painter, *this, event->rect());
+  Style::drawShadow(
+      painter,
+      QRectF(rect()).adjusted(look::popover::kShadowExtent, look::popover::kShadowExtent,
+                              -look::popover::kShadowExtent, -look::popover::kShadowExtent),
+      look::popover::kShadowExtent);
+  Style::drawFloatingSurface(
+      painter,
+      QRectF(rect()).adjusted(look::popover::kShadowExtent, look::popover::kShadowExtent,
+                              -look::popover::kShadowExtent, -look::popover::kShadowExtent),
+      look::popover::kCornerRadius, palette());
+  tree().paint(painter, *this, event->rect());
 }
 
 }  // namespace qt

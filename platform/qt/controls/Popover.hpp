@@ -4,11 +4,10 @@
 
 namespace qt {
 
-// A surface that stands above the window, beside the view it belongs to. A click elsewhere or
-// Escape closes it.
+// A surface that lies above the window, beside the view it belongs to. A click outside closes it.
 class Popover : public QWidget, public ControlWidget {
 public:
-  Popover(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& canvas);
+  Popover(MirroredTree& tree, const viewkit::PresentationNode& node, QWidget& canvas);
   ~Popover() override;
 
   QWidget& widget() override { return *this; }

@@ -1,6 +1,7 @@
 #include "controls/PushButton.hpp"
 
-#include "paint/Fonts.hpp"
+#include "bridge/Strings.hpp"
+#include "paint/Look.hpp"
 #include "paint/NodePainter.hpp"
 #include "paint/Style.hpp"
 #include "paint/Symbols.hpp"
@@ -13,21 +14,13 @@
 
 namespace qt {
 
-namespace {
-
-constexpr qreal kMargin = 12;
-constexpr qreal kSymbolMargin = 7;
-constexpr qreal kSymbolSize = 14;
-constexpr qreal kGap = 6;
-
-}  // namespace
-
 QSizeF PushButton::sizeFor(const viewkit::ButtonControl& button) {
   const QFontMetricsF metrics(QApplication::font());
-  qreal width = 2 * (button.title.empty() ? kSymbolMargin : kMargin);
-  if (!button.title.empty()) width += std::ceil(metrics.horizontalAdvance(qt::text(button.title)));
-  if (button.symbol) width += kSymbolSize;
-  if (button.symbol && !button.title.empty()) width += kGap;
+  qreal width =
+      2 * (button.title.empty() ? look::pushButton::kSymbolMargin : look::pushButton::kMargin);
+  if (!button.title.empty()) width += std::ceil(metrics.horizontalAdvance(toQString(button.title)));
+  if (button.symbol) width += look::pushButton::kSymbolSize;
+  if (button.symbol && !button.title.empty()) width += look::pushButton::kGap;
   return {width, Style::controlHeight()};
 }
 
@@ -37,35 +30,38 @@ void PushButton::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const QStyleOption option = styleOption();
   const QRectF frame = rect();
-  Style::drawButtonSurface(painter, frame, Style::kCornerRadius, option);
+  Style::drawButtonSurface(painter, frame, look::kCornerRadius, option);
 
   const QColor color = palette().color(QPalette::ButtonText);
-  const QString title = qt::text(button->title);
-  const qreal margin = title.isEmpty() ? kSymbolMargin : kMargin;
-  const qreal symbolWidth = button->symbol ? kSymbolSize + (title.isEmpty() ? 0 : kGap) : 0;
+  const QString title = toQString(button->title);
+  const qreal margin =
+      title.isEmpty() ? look::pushButton::kSymbolMargin : look::pushButton::kMargin;
+  const qreal symbolWidth = button->symbol ? look::pushButton::kSymbolSize +
+                                                 (title.isEmpty() ? 0 : look::pushButton::kGap)
+                                           : 0;
   const QFontMetricsF metrics(font());
-  const QString shown =
-      metrics.elidedText(title, Qt::ElideRight, frame.width() - 2 * margin - symbolWidth + 1);
+  const QString shown = metrics.elidedText(
+      title, Qt::ElideRight, frame.width() - 2 * margin - symbolWidth + look::kElisionTolerance);
   const qreal contentWidth = symbolWidth + metrics.horizontalAdvance(shown);
   QRectF content((frame.width() - contentWidth) / 2, 0, contentWidth, frame.height());
   if (button->symbol) {
-    QRectF place(content.left(), std::floor((frame.height() - kSymbolSize) / 2), kSymbolSize,
-                 kSymbolSize);
+    QRectF place(content.left(), std::floor((frame.height() - look::pushButton::kSymbolSize) / 2),
+                 look::pushButton::kSymbolSize, look::pushButton::kSymbolSize);
     if (layoutDirection() == Qt::RightToLeft) place.moveRight(content.right());
     painter.drawPixmap(
         QPointF(std::floor(place.left()), place.top()),
         symbolPixmap(button->symbol->text(), place.size(), color, devicePixelRatioOf(painter)));
     if (layoutDirection() == Qt::RightToLeft) {
-      content.setRight(place.left() - kGap);
+      content.setRight(place.left() - look::pushButton::kGap);
     } else {
-      content.setLeft(place.right() + kGap);
+      content.setLeft(place.right() + look::pushButton::kGap);
     }
   }
   painter.setPen(color);
   if (!title.isEmpty())
-    painter.drawText(content.adjusted(-1, 0, 1, 0), Qt::AlignCenter | Qt::TextSingleLine, shown);
-  if (Style::showsFocus(*this))
-    Style::drawFocusRing(painter, frame, Style::kCornerRadius, palette());
+    painter.drawText(content.adjusted(-look::kElisionTolerance, 0, look::kElisionTolerance, 0),
+                     Qt::AlignCenter | Qt::TextSingleLine, shown);
+  Style::drawKeyboardFocus(painter, *this, frame);
 }
 
 }  // namespace qt

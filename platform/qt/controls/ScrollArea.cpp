@@ -1,7 +1,8 @@
 #include "controls/ScrollArea.hpp"
 
+#include "bridge/MirroredTree.hpp"
 #include "controls/ThinScrollBar.hpp"
-#include "mirror/Mirror.hpp"
+#include "paint/Look.hpp"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -18,17 +19,14 @@ namespace qt {
 
 namespace {
 
-constexpr int kGlideMilliseconds = 130;
-// Of what is seen: a page keeps some of the one before in sight.
-constexpr double kPageShare = 0.9;
-constexpr double kPixelsPerLine = 20;
+// Of one step of a mouse wheel, in eighths of a degree.
 constexpr double kAnglePerStep = 120;
 
 }  // namespace
 
-ScrollArea::ScrollArea(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent)
-    : QWidget(&parent), ControlWidget(mirror, node), bar_(new ThinScrollBar(*this)) {
-  glide_.setDuration(kGlideMilliseconds);
+ScrollArea::ScrollArea(MirroredTree& tree, const viewkit::PresentationNode& node, QWidget& parent)
+    : QWidget(&parent), ControlWidget(tree, node), bar_(new ThinScrollBar(*this)) {
+  glide_.setDuration(look::scrollArea::kGlideDuration);
   glide_.setEasingCurve(QEasingCurve::OutCubic);
   connect(&glide_, &QVariantAnimation::valueChanged, this,
           [this](const QVariant& value) { scrollTo(value.toDouble()); });
@@ -57,7 +55,7 @@ void ScrollArea::scrollTo(double offset) {
   const double bounded = std::clamp(offset, 0.0, maximum());
   if (bounded == scroll->offset.y) return;
   call(&viewkit::ScrollControl::scroll, viewkit::Point{scroll->offset.x, bounded});
-  mirror().host().update();
+  tree().host().update();
 }
 
 void ScrollArea::glideTo(double offset) {
@@ -65,7 +63,7 @@ void ScrollArea::glideTo(double offset) {
   if (!scroll) return;
   const double bounded = std::clamp(offset, 0.0, maximum());
   glide_.stop();
-  if (mirror().host().environment().reducedMotion) {
+  if (tree().host().environment().reducedMotion) {
     scrollTo(bounded);
     return;
   }
@@ -80,7 +78,7 @@ void ScrollArea::refresh() {
   const QSignalBlocker quiet(bar_);
   bar_->setRange(0, qRound(maximum()));
   bar_->setPageStep(height());
-  bar_->setSingleStep(qRound(kPixelsPerLine));
+  bar_->setSingleStep(qRound(look::scrollArea::kLineHeight));
   bar_->setValue(qRound(scroll->offset.y));
   bar_->setVisible(scroll->showsIndicators && maximum() > 0);
 }
@@ -109,7 +107,7 @@ bool ScrollArea::event(QEvent* event) {
 
 void ScrollArea::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
-  mirror().paint(painter, *this, event->rect());
+  tree().paint(painter, *this, event->rect());
 }
 
 void ScrollArea::resizeEvent(QResizeEvent* event) {
@@ -126,7 +124,7 @@ void ScrollArea::wheelEvent(QWheelEvent* event) {
                           ? glide_.endValue().toDouble()
                           : (scroll ? scroll->offset.y : 0);
   const bool isAtEnd = angle > 0 ? from <= 0 : from >= maximum();
-  // What cannot scroll any further leaves the wheel to what is around it.
+  // At its end the area leaves the wheel to the areas around it.
   if (!scroll || !isVertical || isAtEnd) {
     event->ignore();
     return;
@@ -135,7 +133,8 @@ void ScrollArea::wheelEvent(QWheelEvent* event) {
     glide_.stop();
     scrollTo(scroll->offset.y - event->pixelDelta().y());
   } else {
-    glideTo(from - angle / kAnglePerStep * QApplication::wheelScrollLines() * kPixelsPerLine);
+    glideTo(from - angle / kAnglePerStep * QApplication::wheelScrollLines() *
+                       look::scrollArea::kLineHeight);
   }
   event->accept();
 }
@@ -148,8 +147,12 @@ void ScrollArea::keyPressEvent(QKeyEvent* event) {
     return;
   }
   switch (event->key()) {
-    case Qt::Key_PageUp: glideTo(scroll->offset.y - height() * kPageShare); return;
-    case Qt::Key_PageDown: glideTo(scroll->offset.y + height() * kPageShare); return;
+    case Qt::Key_PageUp:
+      glideTo(scroll->offset.y - height() * look::scrollArea::kPageShare);
+      return;
+    case Qt::Key_PageDown:
+      glideTo(scroll->offset.y + height() * look::scrollArea::kPageShare);
+      return;
     case Qt::Key_Home: glideTo(0); return;
     case Qt::Key_End: glideTo(maximum()); return;
     default: event->ignore();

@@ -8,11 +8,11 @@ namespace qt {
 
 class ThinScrollBar;
 
-// A view onto content that is higher: the wheel, a touch, the scroll bar and the keyboard ask the
-// view to scroll.
+// A viewport of content that is higher. The wheel, touch, the scroll bar and the keyboard scroll
+// it.
 class ScrollArea : public QWidget, public ControlWidget {
 public:
-  ScrollArea(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent);
+  ScrollArea(MirroredTree& tree, const viewkit::PresentationNode& node, QWidget& parent);
 
   QWidget& widget() override { return *this; }
   bool holdsChildren() const override { return true; }
@@ -28,9 +28,10 @@ protected:
   void keyPressEvent(QKeyEvent* event) override;
 
 private:
+  // The largest vertical offset, points.
   double maximum() const;
   void scrollTo(double offset);
-  // A step of the wheel or the keyboard: there at once, or in a short glide.
+  // Scrolls in a short animation, or at once where the person prefers reduced motion.
   void glideTo(double offset);
 
   ThinScrollBar* bar_;

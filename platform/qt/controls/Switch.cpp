@@ -1,7 +1,8 @@
 #include "controls/Switch.hpp"
 
-#include "mirror/Mirror.hpp"
+#include "bridge/MirroredTree.hpp"
 #include "paint/Colors.hpp"
+#include "paint/Look.hpp"
 #include "paint/RoundedRect.hpp"
 #include "paint/Style.hpp"
 
@@ -11,20 +12,17 @@ namespace qt {
 
 namespace {
 
-constexpr int kMilliseconds = 120;
-// Around the track, for the ring that shows the focus.
-constexpr qreal kRingSpace = 3;
-constexpr qreal kKnobInset = 2;
-
 QSizeF trackSize(viewkit::ToggleControl::Size size) {
-  return size == viewkit::ToggleControl::Size::small ? QSizeF(28, 16) : QSizeF(36, 20);
+  return size == viewkit::ToggleControl::Size::small
+             ? QSizeF(look::toggle::kSmallTrackWidth, look::toggle::kSmallTrackHeight)
+             : QSizeF(look::toggle::kTrackWidth, look::toggle::kTrackHeight);
 }
 
 }  // namespace
 
-Switch::Switch(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent)
-    : ButtonWidget(mirror, node, parent) {
-  position_.setDuration(kMilliseconds);
+Switch::Switch(MirroredTree& tree, const viewkit::PresentationNode& node, QWidget& parent)
+    : ButtonWidget(tree, node, parent) {
+  position_.setDuration(look::toggle::kMoveDuration);
   position_.setEasingCurve(QEasingCurve::InOutQuad);
   showAtOnce(std::get<viewkit::ToggleControl>(*node.control()).isOn);
   connect(&position_, &QVariantAnimation::valueChanged, this, [this] { update(); });
@@ -32,7 +30,8 @@ Switch::Switch(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& p
 
 QSizeF Switch::sizeFor(const viewkit::ToggleControl& toggle) {
   const QSizeF track = trackSize(toggle.size);
-  return {track.width() + 2 * kRingSpace, track.height() + 2 * kRingSpace};
+  return {track.width() + 2 * look::toggle::kRingSpace,
+          track.height() + 2 * look::toggle::kRingSpace};
 }
 
 void Switch::startAnew() { showAtOnce(control<viewkit::ToggleControl>()->isOn); }
@@ -54,7 +53,7 @@ void Switch::refresh() {
   if (toggle && toggle->isOn != isOn_) {
     isOn_ = toggle->isOn;
     const double end = isOn_ ? 1 : 0;
-    const bool moves = isVisible() && !mirror().host().environment().reducedMotion;
+    const bool moves = isVisible() && !tree().host().environment().reducedMotion;
     position_.stop();
     position_.setStartValue(moves ? position_.currentValue() : end);
     position_.setEndValue(end);
@@ -77,32 +76,36 @@ void Switch::paintEvent(QPaintEvent* /*event*/) {
 
   const QColor window = palette().color(QPalette::Window);
   const QColor label = palette().color(QPalette::Active, QPalette::WindowText);
-  const QColor off = blended(window, label, underMouse() ? 0.32 : 0.26);
+  const QColor off = blended(
+      window, label, underMouse() ? look::toggle::kHoveredOffStrength : look::toggle::kOffStrength);
   QColor on = palette().color(QPalette::Active, QPalette::Highlight);
-  if (underMouse()) on = blended(on, label, 0.1);
+  if (underMouse()) on = blended(on, label, look::toggle::kHoveredOnStrength);
   QColor fill = blended(off, on, position);
-  if (!isEnabled()) fill = blended(window, fill, 0.4);
+  if (!isEnabled()) fill = blended(window, fill, look::kDisabledFillStrength);
   drawRoundedRect(painter, track, {.radius = radius, .fill = fill});
 
-  const qreal diameter = track.height() - 2 * kKnobInset;
+  const qreal diameter = track.height() - 2 * look::toggle::kKnobInset;
   const double fromLeft = layoutDirection() == Qt::RightToLeft ? 1 - position : position;
-  const qreal x =
-      track.left() + kKnobInset + fromLeft * (track.width() - diameter - 2 * kKnobInset);
-  const QRectF knob(x, track.top() + kKnobInset, diameter, diameter);
+  const qreal x = track.left() + look::toggle::kKnobInset +
+                  fromLeft * (track.width() - diameter - 2 * look::toggle::kKnobInset);
+  const QRectF knob(x, track.top() + look::toggle::kKnobInset, diameter, diameter);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(QColor(0, 0, 0, 40));
-  painter.drawEllipse(knob.adjusted(-0.5, 0, 0.5, 1));
+  painter.setBrush(look::toggle::kKnobShadow);
+  painter.drawEllipse(knob.adjusted(-look::toggle::kKnobShadowSpread, 0,
+                                    look::toggle::kKnobShadowSpread,
+                                    look::toggle::kKnobShadowDrop));
   drawRoundedRect(painter, knob,
                   {.radius = diameter / 2,
-                   .fill = isEnabled() ? QColor(Qt::white) : blended(fill, Qt::white, 0.7)});
+                   .fill = isEnabled() ? look::toggle::kKnob
+                                       : blended(fill, look::toggle::kKnob,
+                                                 look::toggle::kDisabledKnobStrength)});
   if (isDown()) {
-    painter.setBrush(QColor(0, 0, 0, 24));
+    painter.setBrush(look::toggle::kPressedKnobShade);
     painter.drawEllipse(knob);
   }
-  if (Style::showsFocus(*this)) {
-    const QRectF ring = track.adjusted(-kRingSpace, -kRingSpace, kRingSpace, kRingSpace);
-    Style::drawFocusRing(painter, ring, ring.height() / 2, palette());
-  }
+  const QRectF ring = track.adjusted(-look::toggle::kRingSpace, -look::toggle::kRingSpace,
+                                     look::toggle::kRingSpace, look::toggle::kRingSpace);
+  Style::drawKeyboardFocus(painter, *this, ring, ring.height() / 2);
 }
 
 }  // namespace qt

@@ -9,7 +9,7 @@ namespace qt {
 // An on/off switch.
 class Switch : public ButtonWidget {
 public:
-  Switch(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent);
+  Switch(MirroredTree& tree, const viewkit::PresentationNode& node, QWidget& parent);
 
   static QSizeF sizeFor(const viewkit::ToggleControl& toggle);
 
@@ -23,7 +23,7 @@ protected:
 private:
   void showAtOnce(bool isOn);
 
-  // Of the knob's way, 0 when it is off.
+  // The position of the knob, from 0 (off) to 1 (on).
   QVariantAnimation position_;
   bool isOn_ = false;
 };

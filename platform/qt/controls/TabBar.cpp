@@ -1,7 +1,9 @@
 #include "controls/TabBar.hpp"
 
+#include "bridge/Strings.hpp"
 #include "paint/Colors.hpp"
 #include "paint/Fonts.hpp"
+#include "paint/Look.hpp"
 #include "paint/NodePainter.hpp"
 #include "paint/RoundedRect.hpp"
 #include "paint/Style.hpp"
@@ -18,25 +20,20 @@ namespace qt {
 
 namespace {
 
-constexpr qreal kSymbolSize = 20;
-constexpr qreal kPadding = 14;
-constexpr qreal kTop = 6;
-constexpr qreal kGap = 3;
-constexpr qreal kBottom = 5;
-constexpr qreal kMinWidth = 68;
-
 QFont titleFont() { return fontOf(viewkit::Font::callout()); }
 
 QSizeF tabSize(const QString& title) {
   const QFontMetricsF metrics(titleFont());
-  return {std::max(kMinWidth, std::ceil(metrics.horizontalAdvance(title)) + 2 * kPadding),
-          kTop + kSymbolSize + kGap + std::ceil(metrics.height()) + kBottom};
+  return {std::max(look::tabBar::kMinWidth,
+                   std::ceil(metrics.horizontalAdvance(title)) + 2 * look::tabBar::kPadding),
+          look::tabBar::kTop + look::tabBar::kSymbolSize + look::tabBar::kGap +
+              std::ceil(metrics.height()) + look::tabBar::kBottom};
 }
 
 }  // namespace
 
-TabBar::TabBar(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent)
-    : QTabBar(&parent), ControlWidget(mirror, node) {
+TabBar::TabBar(MirroredTree& tree, const viewkit::PresentationNode& node, QWidget& parent)
+    : QTabBar(&parent), ControlWidget(tree, node) {
   setDrawBase(false);
   setExpanding(false);
   setUsesScrollButtons(false);
@@ -52,7 +49,7 @@ TabBar::TabBar(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& p
 QSizeF TabBar::sizeFor(const viewkit::TabBarControl& tabs) {
   QSizeF size;
   for (const auto& item : tabs.items) {
-    const QSizeF tab = tabSize(text(item.title));
+    const QSizeF tab = tabSize(toQString(item.title));
     size = {size.width() + tab.width(), std::max(size.height(), tab.height())};
   }
   return size;
@@ -66,7 +63,7 @@ void TabBar::refresh() {
   while (count() > wanted) removeTab(count() - 1);
   while (count() < wanted) addTab({});
   for (int i = 0; i < wanted; ++i) {
-    const QString title = text(tabs->items[static_cast<size_t>(i)].title);
+    const QString title = toQString(tabs->items[static_cast<size_t>(i)].title);
     if (tabText(i) != title) setTabText(i, title);
   }
   setCurrentIndex(tabs->selected);
@@ -77,7 +74,7 @@ void TabBar::refresh() {
 QSize TabBar::tabSizeHint(int index) const { return tabSize(tabText(index)).toSize(); }
 
 QSize TabBar::minimumTabSizeHint(int index) const {
-  return {qRound(kSymbolSize), tabSizeHint(index).height()};
+  return {qRound(look::tabBar::kSymbolSize), tabSizeHint(index).height()};
 }
 
 void TabBar::paintEvent(QPaintEvent* /*event*/) {
@@ -90,30 +87,35 @@ void TabBar::paintEvent(QPaintEvent* /*event*/) {
 void TabBar::paintTab(QPainter& painter, int index) {
   const auto* tabs = control<viewkit::TabBarControl>();
   if (!tabs || index >= static_cast<int>(tabs->items.size())) return;
-  const QRectF frame = QRectF(tabRect(index)).adjusted(2, 0, -2, 0);
+  const QRectF frame =
+      QRectF(tabRect(index)).adjusted(look::tabBar::kInset, 0, -look::tabBar::kInset, 0);
   const bool isSelected = index == currentIndex();
   const bool isHovered = underMouse() && tabRect(index).contains(mapFromGlobal(QCursor::pos()));
   const QColor label = palette().color(QPalette::WindowText);
   if (isSelected || isHovered) {
-    const QColor fill = blended(palette().color(QPalette::Window), label, isSelected ? 0.1 : 0.05);
-    drawRoundedRect(painter, frame, {.radius = Style::kCornerRadius, .fill = fill});
+    const QColor fill = blended(
+        palette().color(QPalette::Window), label,
+        isSelected ? look::tabBar::kSelectedFillStrength : look::tabBar::kHoveredFillStrength);
+    drawRoundedRect(painter, frame, {.radius = look::kCornerRadius, .fill = fill});
   }
-  const QColor color = isSelected ? palette().color(QPalette::Active, QPalette::Highlight)
-                                  : blended(palette().color(QPalette::Window), label, 0.75);
-  const QPointF corner(std::floor(frame.center().x() - kSymbolSize / 2), frame.top() + kTop);
-  painter.drawPixmap(corner,
-                     symbolPixmap(tabs->items[static_cast<size_t>(index)].symbol.text(),
-                                  {kSymbolSize, kSymbolSize}, color, devicePixelRatioOf(painter)));
+  const QColor color =
+      isSelected ? palette().color(QPalette::Active, QPalette::Highlight)
+                 : blended(palette().color(QPalette::Window), label, look::tabBar::kLabelStrength);
+  const QPointF corner(std::floor(frame.center().x() - look::tabBar::kSymbolSize / 2),
+                       frame.top() + look::tabBar::kTop);
+  painter.drawPixmap(corner, symbolPixmap(tabs->items[static_cast<size_t>(index)].symbol.text(),
+                                          {look::tabBar::kSymbolSize, look::tabBar::kSymbolSize},
+                                          color, devicePixelRatioOf(painter)));
   painter.setPen(color);
-  const qreal top = kTop + kSymbolSize + kGap;
-  const QRectF area(frame.left() + 2, frame.top() + top, frame.width() - 4,
-                    frame.height() - top - kBottom);
+  const qreal top = look::tabBar::kTop + look::tabBar::kSymbolSize + look::tabBar::kGap;
+  const QRectF area(frame.left() + look::tabBar::kInset, frame.top() + top,
+                    frame.width() - 2 * look::tabBar::kInset,
+                    frame.height() - top - look::tabBar::kBottom);
   const QString title =
-      QFontMetricsF(painter.font()).elidedText(tabText(index), Qt::ElideRight, area.width() + 1);
+      QFontMetricsF(painter.font())
+          .elidedText(tabText(index), Qt::ElideRight, area.width() + look::kElisionTolerance);
   painter.drawText(area, Qt::AlignCenter | Qt::TextSingleLine, title);
-  if (isSelected && Style::showsFocus(*this)) {
-    Style::drawFocusRing(painter, frame, Style::kCornerRadius, palette());
-  }
+  if (isSelected) Style::drawKeyboardFocus(painter, *this, frame);
 }
 
 void TabBar::wheelEvent(QWheelEvent* event) { event->ignore(); }

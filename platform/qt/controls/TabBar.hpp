@@ -9,7 +9,7 @@ namespace qt {
 // The tabs of a tab view: symbols above titles, centred.
 class TabBar : public QTabBar, public ControlWidget {
 public:
-  TabBar(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent);
+  TabBar(MirroredTree& tree, const viewkit::PresentationNode& node, QWidget& parent);
 
   static QSizeF sizeFor(const viewkit::TabBarControl& tabs);
 
@@ -20,7 +20,7 @@ protected:
   QSize tabSizeHint(int index) const override;
   QSize minimumTabSizeHint(int index) const override;
   void paintEvent(QPaintEvent* event) override;
-  // The wheel scrolls pages, it does not change them.
+  // Ignored: the wheel scrolls the page and does not change it.
   void wheelEvent(QWheelEvent* event) override;
 
 private:

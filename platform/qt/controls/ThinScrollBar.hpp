@@ -4,12 +4,13 @@
 
 namespace qt {
 
-// A scroll bar that lies over the content at its trailing edge and takes no room of its own.
+// A scroll bar that lies over the trailing edge of the content, so that layout reserves no space
+// for it.
 class ThinScrollBar : public QScrollBar {
 public:
   explicit ThinScrollBar(QWidget& parent);
 
-  // At the trailing edge of the parent.
+  // Moves the bar to the trailing edge of its parent.
   void place();
 };
 

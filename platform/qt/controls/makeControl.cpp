@@ -1,5 +1,6 @@
 #include "controls/makeControl.hpp"
 
+#include "bridge/MirroredTree.hpp"
 #include "controls/HelpButton.hpp"
 #include "controls/PlainButton.hpp"
 #include "controls/Popover.hpp"
@@ -13,7 +14,6 @@
 #include "controls/menus/MenuLabel.hpp"
 #include "controls/text/SelectableText.hpp"
 #include "controls/text/TextField.hpp"
-#include "mirror/Mirror.hpp"
 
 namespace qt {
 
@@ -21,8 +21,8 @@ namespace {
 
 class Maker {
 public:
-  Maker(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent)
-      : mirror_(mirror), node_(node), parent_(parent) {}
+  Maker(MirroredTree& tree, const viewkit::PresentationNode& node, QWidget& parent)
+      : tree_(tree), node_(node), parent_(parent) {}
 
   ControlWidget* operator()(const viewkit::ButtonControl&) const { return make<PushButton>(); }
   ControlWidget* operator()(const viewkit::PlainButtonControl&) const {
@@ -32,7 +32,7 @@ public:
   ControlWidget* operator()(const viewkit::FontPickerControl&) const { return make<FontPicker>(); }
   ControlWidget* operator()(const viewkit::TabBarControl&) const { return make<TabBar>(); }
   ControlWidget* operator()(const viewkit::PopoverControl&) const {
-    return new Popover(mirror_, node_, mirror_.canvas());
+    return new Popover(tree_, node_, tree_.canvas());
   }
   ControlWidget* operator()(const viewkit::ToggleControl&) const { return make<Switch>(); }
   ControlWidget* operator()(const viewkit::ColorWellControl&) const { return make<ColorWell>(); }
@@ -48,18 +48,19 @@ public:
 private:
   template <class Widget>
   ControlWidget* make() const {
-    return new Widget(mirror_, node_, parent_);
+    return new Widget(tree_, node_, parent_);
   }
 
-  Mirror& mirror_;
+  MirroredTree& tree_;
   const viewkit::PresentationNode& node_;
   QWidget& parent_;
 };
 
 }  // namespace
 
-ControlWidget* makeControl(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent) {
-  return std::visit(Maker(mirror, node, parent), *node.control());
+ControlWidget* makeControl(MirroredTree& tree, const viewkit::PresentationNode& node,
+                           QWidget& parent) {
+  return std::visit(Maker(tree, node, parent), *node.control());
 }
 
 }  // namespace qt

@@ -7,9 +7,11 @@ class QWidget;
 namespace qt {
 
 class ControlWidget;
-class Mirror;
+class MirroredTree;
 
-// The widget for a node that is a control. It belongs to `parent`, the widget that it is shown in.
-ControlWidget* makeControl(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent);
+// Makes the widget for a node that is a control. `parent` owns it. A popover becomes a child of the
+// window's canvas instead.
+ControlWidget* makeControl(MirroredTree& tree, const viewkit::PresentationNode& node,
+                           QWidget& parent);
 
 }  // namespace qt

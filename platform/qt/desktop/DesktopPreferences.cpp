@@ -13,8 +13,8 @@ namespace qt {
 
 namespace {
 
-// How long the first window may wait for the desktop's answer: opening in the wrong colours is
-// worse.
+// How long the start may wait for the answer of the portal. A window that opens in the wrong colors
+// is worse than one that opens later.
 constexpr int kFirstAnswerMilliseconds = 200;
 constexpr int kTogetherMilliseconds = 20;
 

@@ -10,11 +10,11 @@
 
 namespace qt {
 
-// What the person has told the desktop about the looks of all programs, by way of the desktop's
-// settings portal; where there is none, nothing is known.
+// What the person prefers in all programs, read from the settings portal of the desktop. Without a
+// portal nothing is known. Main thread only.
 class DesktopPreferences {
 public:
-  // `changed` is called after the desktop announced a change.
+  // Waits for the answer of the portal for a moment. `changed` is called after each later change.
   explicit DesktopPreferences(std::function<void()> changed);
   DesktopPreferences(const DesktopPreferences&) = delete;
   DesktopPreferences& operator=(const DesktopPreferences&) = delete;
@@ -29,7 +29,7 @@ private:
   std::function<void()> changed_;
   std::optional<appkit::Appearance> appearance_;
   bool reducedMotion_ = false;
-  // Several settings change together when a theme does: they are asked for once.
+  // A new theme changes several settings at once. The timer asks for them all together.
   QTimer announced_;
 };
 

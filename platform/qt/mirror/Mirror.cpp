@@ -1,8 +1,8 @@
 #include "mirror/Mirror.hpp"
 
+#include "bridge/Strings.hpp"
 #include "controls/ControlWidget.hpp"
-#include "controls/makeControl.hpp"
-#include "paint/Fonts.hpp"
+#include "paint/Look.hpp"
 #include "paint/NodePainter.hpp"
 
 #include <QGraphicsOpacityEffect>
@@ -16,7 +16,7 @@ namespace qt {
 
 namespace {
 
-// Larger than any window.
+// A clip larger than any window, in points.
 constexpr QRect kEverything{-1'000'000, -1'000'000, 2'000'000, 2'000'000};
 
 bool isPainted(const viewkit::PresentationNode& node) {
@@ -28,7 +28,8 @@ bool isClear(const viewkit::PresentationNode& node) {
   return shape && shape->fill.isClear() && (shape->borderWidth <= 0 || shape->border.isClear());
 }
 
-// A control that paints itself as a whole fades as a whole.
+// Fades the widget of a control that contains no views. What paints views itself applies the
+// opacity when it paints.
 void fade(QWidget& widget, double opacity) {
   auto* effect = qobject_cast<QGraphicsOpacityEffect*>(widget.graphicsEffect());
   if (opacity >= 1) {
@@ -43,12 +44,12 @@ void fade(QWidget& widget, double opacity) {
 }
 
 void refresh(ControlWidget& control, const viewkit::PresentationNode& node) {
-  const viewkit::Accessibility& told = node.accessibility;
-  const QString name = text(told.label.empty() ? told.help : told.label);
-  // Naming announces a new name, whatever it was.
+  const viewkit::Accessibility& accessibility = node.accessibility;
+  const QString name = accessibleNameOf(accessibility);
+  // Qt announces every name that is set, even one that did not change.
   if (control.widget().accessibleName() != name) control.widget().setAccessibleName(name);
-  control.widget().setEnabled(told.enabled);
-  if (!told.enabled) control.closeOpened();
+  control.widget().setEnabled(accessibility.enabled);
+  if (!accessibility.enabled) control.closeOpened();
   control.refresh();
 }
 
@@ -63,7 +64,7 @@ void showOnly(QWidget& widget, const QRect& visible) {
 
 }  // namespace
 
-// What is painted over the controls of a surface.
+// Lies above the controls of a surface and paints the nodes that overlap them.
 class Mirror::Overlay : public QWidget {
 public:
   Overlay(const Mirror& mirror, QWidget& surface)
@@ -83,8 +84,8 @@ private:
   QWidget& surface_;
 };
 
-Mirror::Mirror(QWidget& canvas, viewkit::ViewHost& host)
-    : canvas_(canvas), host_(host), accessibles_(*this) {
+Mirror::Mirror(QWidget& canvas, viewkit::ViewHost& host, ControlFactory makeControl)
+    : canvas_(canvas), host_(host), makeControl_(std::move(makeControl)) {
   surfaces_[&canvas].widget = &canvas;
 }
 
@@ -104,12 +105,11 @@ void Mirror::show(const viewkit::PresentationChanges& changes) {
     for (const viewkit::PresentationNode* node : changes.changed) {
       if (ControlWidget* control = controlOf(node->id)) refresh(*control, *node);
       for (auto& [widget, surface] : surfaces_) {
-        if (surface.above.contains(node->id)) cover(surface);
+        if (surface.above.contains(node->id)) updateOverlay(surface);
       }
     }
   }
   for (const viewkit::Rect& rect : changes.damage) damage(rect);
-  accessibles_.show(changes);
 }
 
 bool Mirror::noteArrangement(const viewkit::PresentationChanges& changes) {
@@ -130,7 +130,6 @@ bool Mirror::noteArrangement(const viewkit::PresentationChanges& changes) {
   return isNews;
 }
 
-// Brings every widget to where the tree has it.
 void Mirror::arrange() {
   const viewkit::PresentationNode& root = host_.presentation();
   coordinates_ = {
@@ -187,8 +186,7 @@ void Mirror::mirrorControl(const viewkit::PresentationNode& node, const QRectF& 
   } else {
     fade(widget, opacity);
   }
-  // Last: what is in a new widget appears together with it, which asks the window system once and
-  // not for each.
+  // Shown after its children: one request to the window system then shows them all.
   if (isInSurface) {
     showOnly(widget, geometry & clip.translated(-walk.surface.origin));
   } else {
@@ -217,14 +215,14 @@ void Mirror::mirrorInside(const viewkit::PresentationNode& node, const QRectF& f
 
 void Mirror::finish(Walk& walk) {
   Surface& surface = walk.surface;
-  cover(surface);
+  updateOverlay(surface);
   if (walk.controls == surface.controls) return;
   surface.controls = walk.controls;
   for (ControlWidget* control : surface.controls) control->widget().raise();
   if (surface.overlay) surface.overlay->raise();
 }
 
-void Mirror::cover(Surface& surface) {
+void Mirror::updateOverlay(Surface& surface) {
   const bool isNeeded = std::ranges::any_of(surface.above, [&](viewkit::NodeId id) {
     const viewkit::PresentationNode* node = host_.node(id);
     return node && !isClear(*node);
@@ -251,7 +249,7 @@ ControlWidget& Mirror::controlFor(const viewkit::PresentationNode& node, QWidget
   }
   ControlWidget* control = takeSpare(node, parent);
   if (!control) {
-    control = makeControl(*this, node, parent);
+    control = makeControl_(*this, node, parent);
     control->widget().setMouseTracking(true);
   }
   refresh(*control, node);
@@ -266,7 +264,6 @@ ControlWidget* Mirror::takeSpare(const viewkit::PresentationNode& node, const QW
   if (spare == spares_.end()) return nullptr;
   ControlWidget* control = *spare;
   spares_.erase(spare);
-  accessibles_.forgetControl(*control);
   control->takeOver(node);
   return control;
 }
@@ -280,7 +277,8 @@ void Mirror::setAside(const std::vector<viewkit::NodeId>& removed) {
     controls_.erase(found);
   }
   const auto isBusy = [](const ControlWidget* each) { return !each->isAtRest(); };
-  // A widget that is hidden hands the keyboard on, perhaps to another one that has to go.
+  // Hiding a widget moves the focus, perhaps to another spare, which is then no longer at rest. So
+  // the search starts again after each one.
   for (auto busy = std::ranges::find_if(spares_, isBusy); busy != spares_.end();
        busy = std::ranges::find_if(spares_, isBusy)) {
     ControlWidget& control = **busy;
@@ -295,10 +293,10 @@ void Mirror::discard(ControlWidget& control) {
   surfaces_.erase(&widget);
   for (auto& [parent, surface] : surfaces_) std::erase(surface.controls, &control);
   std::erase(tabOrder_, &widget);
-  // What it stands in is gone as well, and takes it along.
+  // A parent that is gone too deletes the widget.
   if (!surfaces_.contains(widget.parentWidget())) return;
   widget.hide();
-  // It may be its own action that made it go.
+  // An action of the widget itself may have removed the node, and is still running.
   widget.deleteLater();
 }
 
@@ -331,15 +329,16 @@ void Mirror::clipToAncestors(QPainter& painter, const Surface& surface) const {
                              *node->clipRadius);
       painter.setClipPath(outline, Qt::IntersectClip);
     }
-    // A popover stands above everything around it.
+    // A popover lies above the window, so its ancestors do not clip it.
     if (node->control() && std::holds_alternative<viewkit::PopoverControl>(*node->control()))
       return;
   }
 }
 
 void Mirror::damage(const viewkit::Rect& rect) {
-  // Letters may hang over their frame.
-  const QRect inWindow = coordinates_.toDevice(rect).toAlignedRect().adjusted(-2, -2, 2, 2);
+  // Glyphs may exceed the frame of their text.
+  const QRect inWindow = coordinates_.toDevice(rect).toAlignedRect().adjusted(
+      -look::kOverhang, -look::kOverhang, look::kOverhang, look::kOverhang);
   for (auto& [widget, surface] : surfaces_) {
     const QRect part = inWindow.translated(-surface.origin) & widget->rect();
     if (part.isEmpty()) continue;
@@ -371,6 +370,11 @@ ControlWidget* Mirror::controlAround(const QWidget* widget) const {
 ControlWidget* Mirror::controlOf(viewkit::NodeId id) const {
   const auto found = controls_.find(id);
   return found != controls_.end() ? found->second : nullptr;
+}
+
+QWidget* Mirror::widgetOf(viewkit::NodeId id) const {
+  ControlWidget* control = controlOf(id);
+  return control ? &control->widget() : nullptr;
 }
 
 Mirror::Place Mirror::placeOf(const viewkit::PresentationNode& node) const {

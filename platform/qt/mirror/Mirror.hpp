@@ -1,9 +1,6 @@
 #pragma once
 
-#include "accessibility/AccessibleTree.hpp"
-#include "mirror/Coordinates.hpp"
-#include "viewkit/PresentationNode.hpp"
-#include "viewkit/ViewHost.hpp"
+#include "bridge/MirroredTree.hpp"
 
 #include <QPainter>
 #include <QPointer>
@@ -11,6 +8,7 @@
 #include <QWidget>
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <unordered_map>
 #include <unordered_set>
@@ -21,57 +19,52 @@ namespace qt {
 
 class ControlWidget;
 
-// Keeps the widgets of a window equal to its presentation tree: one widget for each control,
-// stacked and reached by the Tab key in the order of the tree; everything else is painted by the
-// widget that it stands in, the window's own or that of a control that holds other views.
-class Mirror {
+// Keeps the widgets of a window equal to its presentation tree. There is one widget for each
+// control; widgets are stacked and reached by the Tab key in the order of the tree. All other nodes
+// are painted by the widget that contains them: the canvas, or the widget of a control that
+// contains views. Main thread only.
+class Mirror final : public MirroredTree {
 public:
+  // Makes the widget of a control as a child of `parent`, which owns it.
+  using ControlFactory = std::function<ControlWidget*(
+      MirroredTree& tree, const viewkit::PresentationNode& node, QWidget& parent)>;
+
   // `canvas` is the window's own widget. It and the host outlive the mirror.
-  Mirror(QWidget& canvas, viewkit::ViewHost& host);
-  ~Mirror();
-  Mirror(const Mirror&) = delete;
-  Mirror& operator=(const Mirror&) = delete;
+  Mirror(QWidget& canvas, viewkit::ViewHost& host, ControlFactory makeControl);
+  ~Mirror() override;
 
-  viewkit::ViewHost& host() const { return host_; }
-  QWidget& canvas() const { return canvas_; }
-  const Coordinates& coordinates() const { return coordinates_; }
-  AccessibleTree& accessibles() { return accessibles_; }
+  viewkit::ViewHost& host() const override { return host_; }
+  QWidget& canvas() const override { return canvas_; }
+  const Coordinates& coordinates() const override { return coordinates_; }
+  void paint(QPainter& painter, const QWidget& surface, const QRect& dirty,
+             double opacity = 1) const override;
+  viewkit::Point treePoint(const QWidget& widget, QPointF point) const override;
+  QWidget* widgetOf(viewkit::NodeId id) const override;
+  Place placeOf(const viewkit::PresentationNode& node) const override;
 
+  // Applies the changes of one update to the widgets.
   void show(const viewkit::PresentationChanges& changes);
 
-  // Paints what belongs to this widget: the window's, or that of a control that holds other views.
-  // `opacity` is on top of the tree's own.
-  void paint(QPainter& painter, const QWidget& surface, const QRect& dirty,
-             double opacity = 1) const;
-
-  // Where a point of any widget in the window lies in the tree.
-  viewkit::Point treePoint(const QWidget& widget, QPointF point) const;
-  // The control that the widget is or is a part of.
+  // The control whose widget is `widget` or contains it; null when there is none.
   ControlWidget* controlAround(const QWidget* widget) const;
-  ControlWidget* controlOf(viewkit::NodeId id) const;
-  // Where the node is seen, in the coordinates of the widget that it is painted in or is.
-  struct Place {
-    const QWidget* widget = nullptr;
-    QRectF rect;
-  };
-  Place placeOf(const viewkit::PresentationNode& node) const;
 
 private:
   // A widget that nodes are painted in.
   struct Surface {
     QWidget* widget = nullptr;
     const viewkit::PresentationNode* node = nullptr;
-    // Where the widget's own corner lies in the window, and its node in the tree.
+    // The origin of the widget in the window, and the origin of its node in the tree.
     QPoint origin;
     viewkit::Point nodeOrigin;
     double opacity = 1;
-    // Painted nodes that lie over a control before them, and the widget above that shows them.
+    // Painted nodes that overlap a control before them. The overlay, a widget above the controls,
+    // paints them.
     std::unordered_set<viewkit::NodeId> above;
     QPointer<QWidget> overlay;
     std::vector<ControlWidget*> controls;
   };
   class Overlay;
-  // What of a node decides where widgets stand, and which paints what.
+  // The properties of a node that decide where widgets lie and which widget paints the node.
   struct Arrangement {
     viewkit::Rect frame;
     std::optional<double> clipRadius;
@@ -81,15 +74,16 @@ private:
 
     friend bool operator==(const Arrangement&, const Arrangement&) = default;
   };
-  // What one walk over the tree has come to know about the surface it is in.
+  // State of a walk over the nodes of one surface: the controls met so far and their area.
   struct Walk {
     Surface& surface;
     std::vector<ControlWidget*> controls;
     QRegion covered;
   };
 
-  // Remembers how the nodes are arranged now; whether that is news.
+  // Records the arrangement of the changed nodes. Returns whether any arrangement changed.
   bool noteArrangement(const viewkit::PresentationChanges& changes);
+  // Gives every widget its geometry, parent, stacking and Tab order.
   void arrange();
   void mirror(const viewkit::PresentationNode& node, viewkit::Point parentOrigin, double opacity,
               QRect clip, Walk& walk);
@@ -97,11 +91,13 @@ private:
                      const QRect& clip, Walk& walk);
   void mirrorInside(const viewkit::PresentationNode& node, const QRectF& frame, double opacity,
                     ControlWidget& control);
+  // Stacks the controls of the surface in the order of the walk.
   void finish(Walk& walk);
-  // Gives the surface a widget for what is painted over its controls, if anything is.
-  void cover(Surface& surface);
+  // Makes the overlay of the surface, or deletes it when nothing visible overlaps a control.
+  void updateOverlay(Surface& surface);
+  ControlWidget* controlOf(viewkit::NodeId id) const;
   ControlWidget& controlFor(const viewkit::PresentationNode& node, QWidget& parent);
-  // A widget that has lost its node and can show this one.
+  // A spare widget that can show the node; null when there is none.
   ControlWidget* takeSpare(const viewkit::PresentationNode& node, const QWidget& parent);
   void setAside(const std::vector<viewkit::NodeId>& removed);
   void discard(ControlWidget& control);
@@ -113,17 +109,17 @@ private:
 
   QWidget& canvas_;
   viewkit::ViewHost& host_;
+  ControlFactory makeControl_;
   Coordinates coordinates_;
   std::unordered_map<viewkit::NodeId, ControlWidget*> controls_;
-  // Of nodes that went in this pass, until those that came in it have taken what they can use:
-  // making widgets and showing them costs many times what it costs to change them.
+  // The controls of nodes that were removed in this update, kept for the nodes that were added in
+  // it: making and showing a widget costs many times as much as changing one.
   std::vector<ControlWidget*> spares_;
   std::unordered_map<const QWidget*, Surface> surfaces_;
   std::unordered_set<viewkit::NodeId> changed_;
   std::unordered_map<viewkit::NodeId, Arrangement> arrangements_;
   std::vector<QWidget*> tabOrder_;
   std::vector<QWidget*> nextTabOrder_;
-  AccessibleTree accessibles_;
 };
 
 }  // namespace qt

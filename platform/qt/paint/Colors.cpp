@@ -1,6 +1,7 @@
 #include "paint/Colors.hpp"
 
 #include "appkit/Application.hpp"
+#include "paint/Look.hpp"
 
 namespace qt {
 
@@ -29,7 +30,8 @@ QPalette paletteOf(const appkit::Palette& palette) {
   const QColor secondary = colorOf(palette.secondary);
   const QColor accent = colorOf(palette.accent);
   const bool dark = window.lightnessF() < text.lightnessF();
-  const QColor button = dark ? blended(group, Qt::white, 0.09) : QColor(Qt::white);
+  const QColor button =
+      dark ? blended(group, Qt::white, look::palette::kDarkButtonStrength) : QColor(Qt::white);
 
   QPalette result;
   const auto set = [&](QPalette::ColorRole role, const QColor& color) {
@@ -38,30 +40,33 @@ QPalette paletteOf(const appkit::Palette& palette) {
   set(QPalette::Window, window);
   set(QPalette::WindowText, text);
   set(QPalette::Base, base);
-  set(QPalette::AlternateBase, blended(base, text, 0.03));
+  set(QPalette::AlternateBase, blended(base, text, look::palette::kAlternateRowStrength));
   set(QPalette::Text, text);
   set(QPalette::PlaceholderText, secondary);
   set(QPalette::Button, button);
   set(QPalette::ButtonText, text);
   set(QPalette::BrightText, colorOf(palette.systemRed));
-  set(QPalette::ToolTipBase, dark ? blended(group, Qt::white, 0.06) : group);
+  set(QPalette::ToolTipBase,
+      dark ? blended(group, Qt::white, look::palette::kDarkTooltipStrength) : group);
   set(QPalette::ToolTipText, text);
   set(QPalette::Highlight, accent);
   set(QPalette::HighlightedText, colorOf(palette.selectedText));
   set(QPalette::Link, accent);
   set(QPalette::LinkVisited, accent);
-  set(QPalette::Light, blended(button, Qt::white, 0.2));
-  set(QPalette::Midlight, blended(button, Qt::white, 0.1));
-  set(QPalette::Mid, blended(window, text, 0.2));
-  set(QPalette::Dark, blended(window, text, 0.3));
-  set(QPalette::Shadow, dark ? QColor(Qt::black) : blended(window, text, 0.6));
+  set(QPalette::Light, blended(button, Qt::white, look::palette::kLightStrength));
+  set(QPalette::Midlight, blended(button, Qt::white, look::palette::kMidlightStrength));
+  set(QPalette::Mid, blended(window, text, look::palette::kMidStrength));
+  set(QPalette::Dark, blended(window, text, look::palette::kDarkStrength));
+  set(QPalette::Shadow,
+      dark ? QColor(Qt::black) : blended(window, text, look::palette::kShadowStrength));
 
-  const QColor faint = blended(window, text, 0.38);
+  const QColor faint = blended(window, text, look::palette::kDisabledTextStrength);
   for (const auto role :
        {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
     result.setColor(QPalette::Disabled, role, faint);
   }
-  result.setColor(QPalette::Disabled, QPalette::Highlight, blended(window, text, 0.2));
+  result.setColor(QPalette::Disabled, QPalette::Highlight,
+                  blended(window, text, look::palette::kDisabledSelectionStrength));
   result.setColor(QPalette::Disabled, QPalette::HighlightedText, faint);
   return result;
 }

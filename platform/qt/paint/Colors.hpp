@@ -8,13 +8,13 @@
 namespace qt {
 
 QColor colorOf(const appkit::RGBA& color);
-// In the palette that the application shows now.
+// The color in the current appearance of the application.
 QColor colorOf(const appkit::Color& color);
 
-// Every colour that Qt's own controls draw with, from ours.
+// The palette of Qt's own controls that goes with ours.
 QPalette paletteOf(const appkit::Palette& palette);
 
-// `over` laid on `under`, with this much opacity.
+// `over` blended onto `under`. An opacity of 0 gives `under`, 1 gives an opaque `over`.
 QColor blended(const QColor& under, const QColor& over, qreal opacity);
 
 }  // namespace qt

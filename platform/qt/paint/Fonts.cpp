@@ -1,16 +1,18 @@
 #include "paint/Fonts.hpp"
 
+#include "bridge/Strings.hpp"
+
 #include <QApplication>
 #include <QFontDatabase>
 
 namespace qt {
 
 QFont fontOf(const appkit::Font& font) {
-  QFont result(text(font.family));
+  QFont result(toQString(font.family));
   if (!font.style.empty()) {
-    const QString style = text(font.style);
+    const QString style = toQString(font.style);
     result.setStyleName(style);
-    // A machine without this face draws the nearest by weight and slant.
+    // Where this face is not installed, Qt takes the nearest one by weight and slant.
     const int weight = QFontDatabase::weight(result.family(), style);
     if (weight > 0) result.setWeight(static_cast<QFont::Weight>(weight));
     result.setItalic(QFontDatabase::italic(result.family(), style));

@@ -8,12 +8,12 @@
 
 namespace qt {
 
-// The font of the machine, or the nearest that it has.
+// The installed font, or the nearest one that is installed.
 QFont fontOf(const appkit::Font& font);
-// The same font when it is read back.
+// The reverse of `fontOf`.
 appkit::Font fontFrom(const QFont& font);
 
-// A style of text, relative to the desktop's own font.
+// The font of a text style, relative to the font of the application.
 QFont fontOf(const viewkit::Font& font);
 
 inline QString text(std::string_view utf8) {

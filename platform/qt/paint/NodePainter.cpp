@@ -1,6 +1,7 @@
 #include "paint/NodePainter.hpp"
 
 #include "paint/Colors.hpp"
+#include "paint/Look.hpp"
 #include "paint/Pictures.hpp"
 #include "paint/RoundedRect.hpp"
 #include "paint/Symbols.hpp"
@@ -13,20 +14,13 @@
 
 namespace qt {
 
-namespace {
-
-// Letters and lines may hang over their frame by this much.
-constexpr double kOverhang = 2;
-
-}  // namespace
-
 qreal devicePixelRatioOf(const QPainter& painter) { return painter.deviceTransform().m11(); }
 
 NodePainter::NodePainter(QPainter& painter, const Coordinates& coordinates, QRectF dirty,
                          Filter filter)
     : painter_(painter),
       coordinates_(coordinates),
-      dirty_(dirty.adjusted(-kOverhang, -kOverhang, kOverhang, kOverhang)),
+      dirty_(dirty.adjusted(-look::kOverhang, -look::kOverhang, look::kOverhang, look::kOverhang)),
       filter_(std::move(filter)),
       devicePixelRatio_(devicePixelRatioOf(painter)) {
   painter_.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
@@ -73,7 +67,7 @@ QPainterPath NodePainter::Corners::outline() const {
 }
 
 bool NodePainter::Corners::leaveWhole(const QRectF& rect) const {
-  // So far does the arc of a corner come in.
+  // How far the arc of a corner reaches inwards.
   const qreal depth = radius * (1 - std::numbers::sqrt2 / 2);
   return frame.adjusted(depth, depth, -depth, -depth).contains(rect);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "mirror/Coordinates.hpp"
+#include "bridge/Coordinates.hpp"
 #include "viewkit/PresentationNode.hpp"
 
 #include <QPainter>
@@ -11,36 +11,36 @@
 
 namespace qt {
 
-// Paints what is not a control: texts, symbols, pictures and shapes of a branch of the presentation
-// tree, down to the controls in it, which paint themselves.
+// Paints the texts, symbols, pictures and shapes of a branch of the presentation tree. It stops at
+// controls, which paint themselves.
 class NodePainter {
 public:
   // Which nodes to paint.
   using Filter = std::function<bool(const viewkit::PresentationNode&)>;
 
-  // The painter's coordinates are those of the window; `dirty` is the part that is wanted.
+  // The painter uses the coordinates of the window. Nodes outside of `dirty` are not painted.
   NodePainter(QPainter& painter, const Coordinates& coordinates, QRectF dirty, Filter filter);
 
-  // The branch below the node, whose own place in the window is `origin`.
+  // Paints the children of the node, whose own origin in the window is `origin`.
   void paintChildren(const viewkit::PresentationNode& node, viewkit::Point origin, double opacity);
 
 private:
-  // What is inside of round corners. A painter clips without smoothing, so what fills the corners
-  // is painted round instead.
+  // A clip with round corners. QPainter clips without antialiasing, so content that fills the
+  // corners is painted with round corners instead of being clipped.
   struct Corners {
     QRectF frame;
     qreal radius = 0;
 
     QPainterPath outline() const;
-    // Whether the corners cut nothing off.
+    // Whether the corners cut nothing off the rectangle.
     bool leaveWhole(const QRectF& rect) const;
   };
 
   void paint(const viewkit::PresentationNode& node, viewkit::Point parentOrigin, double opacity);
   void clip(const QRectF& frame, qreal radius);
-  // Whether the shape is a plain one over all that is inside of the corners.
+  // Whether the shape is a plain rectangle that covers the whole clip.
   bool fillsCorners(const viewkit::ShapeVisual& shape, const QRectF& frame) const;
-  // Whether the node's content is painted with the corners that it has to stay inside of.
+  // Whether the content of the node is painted with the corners of the clip.
   bool isPaintedRound(const viewkit::PresentationNode& node, const QRectF& frame) const;
   void paintContent(const viewkit::PresentationNode& node, const QRectF& frame);
   void draw(const viewkit::TextVisual& text, const QRectF& frame);
@@ -48,7 +48,7 @@ private:
   void draw(const viewkit::ImageVisual& image, const QRectF& frame);
   void draw(const viewkit::ShapeVisual& shape, const QRectF& frame);
 
-  // The nearest place that lies on a whole device pixel.
+  // The nearest whole device pixel.
   QPointF snapped(QPointF point) const;
   QRectF snapped(const QRectF& rect) const;
 
@@ -60,7 +60,7 @@ private:
   std::optional<Corners> corners_;
 };
 
-// How many device pixels the painter draws for a logical one.
+// Device pixels per point.
 qreal devicePixelRatioOf(const QPainter& painter);
 
 }  // namespace qt

@@ -1,7 +1,7 @@
 #include "paint/Pictures.hpp"
 
-#include "paint/Fonts.hpp"
-#include "paint/KeptValues.hpp"
+#include "bridge/Strings.hpp"
+#include "paint/Cache.hpp"
 
 #include <QImageReader>
 #include <QPainter>
@@ -63,15 +63,15 @@ QPixmap render(const Key& key) {
 }  // namespace
 
 QSizeF pictureSize(const std::string& path) {
-  const QSizeF size = path.empty() ? QSizeF() : sizeOf(text(path));
+  const QSizeF size = path.empty() ? QSizeF() : sizeOf(toQString(path));
   return size.isValid() ? size : QSizeF(0, 0);
 }
 
 QPixmap picturePixmap(const viewkit::ImageVisual& image, QSizeF frame, qreal devicePixelRatio) {
-  const Key key{text(image.path), (frame * devicePixelRatio).toSize(), image.mode,
+  const Key key{toQString(image.path), (frame * devicePixelRatio).toSize(), image.mode,
                 devicePixelRatio};
   if (image.path.empty() || key.pixels.isEmpty()) return {};
-  return keptValue<QPixmap, 64>(key, [&] { return render(key); });
+  return cached<QPixmap, 64>(key, [&] { return render(key); });
 }
 
 }  // namespace qt

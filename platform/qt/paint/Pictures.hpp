@@ -9,11 +9,11 @@
 
 namespace qt {
 
-// The picture's own size in logical pixels; empty when the file is no picture that can be read.
+// The natural size of the picture, points. Empty when the file cannot be read as a picture.
 QSizeF pictureSize(const std::string& path);
 
-// The picture as it fills a frame of this size, as sharp as a screen with this many device pixels
-// per logical one can show it. Empty when it cannot be read.
+// The picture for a frame of this size in points, with the resolution of the screen. Null when the
+// file cannot be read as a picture. Cached.
 QPixmap picturePixmap(const viewkit::ImageVisual& image, QSizeF frame, qreal devicePixelRatio);
 
 }  // namespace qt

@@ -13,8 +13,8 @@ namespace qt {
 
 namespace {
 
-// Fonts do not always say that they are fixed-pitch, nor always truly; the widths of their
-// characters do.
+// Whether all printable ASCII characters have the same width. The fixed-pitch flag of a font is not
+// reliable.
 bool hasOneWidth(const QFont& font) {
   const QRawFont face = QRawFont::fromFont(font, QFontDatabase::Latin);
   QString printable;

@@ -8,8 +8,8 @@
 
 namespace qt {
 
-// The machine's fonts, as they would be drawn: a font that is missing is described as its
-// substitute.
+// The installed fonts. A font that is not installed is described as its substitute. Main thread
+// only.
 class QtFontCatalog : public appkit::FontCatalog {
 public:
   // Family and face: "DejaVu Sans Mono Book".

@@ -1,6 +1,6 @@
 #include "paint/RoundedRect.hpp"
 
-#include "paint/KeptValues.hpp"
+#include "paint/Cache.hpp"
 
 #include <QPainter>
 #include <QPixmap>
@@ -30,8 +30,8 @@ QRgb rgbaOf(const QColor& color) { return color.isValid() ? color.rgba() : 0; }
 
 bool hasBorder(const RoundedRect& shape) { return shape.border.isValid() && shape.borderWidth > 0; }
 
-// What a border that hides everything covers is not filled: it would shimmer through where both
-// fade.
+// Whether the border is opaque. The fill then ends below the border: it would show at its
+// antialiased edge.
 bool hidesFill(const RoundedRect& shape) { return hasBorder(shape) && shape.border.alpha() == 255; }
 
 void drawAsPath(QPainter& painter, const QRectF& frame, const RoundedRect& shape) {
@@ -54,11 +54,11 @@ void drawAsPath(QPainter& painter, const QRectF& frame, const RoundedRect& shape
   }
 }
 
-// The four corners, put together.
+// The four corners as one square pixmap.
 QPixmap cornersOf(const RoundedRect& shape, int corner, qreal devicePixelRatio) {
   const Key key{shape.radius, shape.borderWidth, rgbaOf(shape.fill), rgbaOf(shape.border),
                 devicePixelRatio};
-  return keptValue<QPixmap, 256>(key, [&] {
+  return cached<QPixmap, 256>(key, [&] {
     const QSize size(2 * corner, 2 * corner);
     QPixmap pixmap(size * devicePixelRatio);
     pixmap.setDevicePixelRatio(devicePixelRatio);
@@ -72,7 +72,7 @@ QPixmap cornersOf(const RoundedRect& shape, int corner, qreal devicePixelRatio) 
 
 bool isWhole(qreal number) { return std::abs(number - std::round(number)) < 1e-6; }
 
-// Whether every edge lies between two pixels.
+// Whether every edge lies on the boundary of device pixels.
 bool isOnPixels(const QPainter& painter, const QRectF& frame, qreal borderWidth) {
   const QTransform& transform = painter.deviceTransform();
   if (transform.type() > QTransform::TxScale || transform.m11() != transform.m22()) return false;
@@ -92,8 +92,8 @@ void drawCorners(QPainter& painter, const QRectF& frame, const QPixmap& corners,
   painter.drawPixmap(QPointF(right, bottom), corners, QRectF(side, side, side, side));
 }
 
-// Qt lets threads share the blending of more rows than a few dozen: waking them takes longer than
-// the work.
+// Fills in bands: Qt shares the blending of more rows among threads, and waking those takes longer
+// than the blending.
 void fillBlended(QPainter& painter, QRectF rect, const QColor& color) {
   constexpr qreal rows = 64;
   const qreal step = color.alpha() == 255 ? rect.height() : rows / painter.deviceTransform().m22();
@@ -103,7 +103,7 @@ void fillBlended(QPainter& painter, QRectF rect, const QColor& color) {
   }
 }
 
-// What is between the corners: three rectangles and four lines.
+// The parts between the corners: three filled rectangles and four border lines.
 void drawBetweenCorners(QPainter& painter, const QRectF& frame, const RoundedRect& shape,
                         int corner) {
   const qreal width = frame.width() - 2 * corner;

@@ -7,9 +7,9 @@ class QPainter;
 
 namespace qt {
 
-// A rectangle with round corners, and a border inside of its edge.
+// A rectangle with round corners and a border inside its edge. Lengths are points.
 struct RoundedRect {
-  // Of the outer edge, in points.
+  // Of the outer edge.
   qreal radius = 0;
   // Invalid for none.
   QColor fill = {};
@@ -17,9 +17,8 @@ struct RoundedRect {
   qreal borderWidth = 0;
 };
 
-// Paints it smoothly into the frame. Where edges cut through pixels it is a path like any other;
-// where they lie between them, as they nearly always do, only corners are blended, from pictures
-// that are kept.
+// Paints the shape into the frame, antialiased. Frames that lie on whole device pixels, which are
+// nearly all, are fast: straight parts are filled and the corners come from a cache.
 void drawRoundedRect(QPainter& painter, const QRectF& frame, const RoundedRect& shape);
 
 }  // namespace qt

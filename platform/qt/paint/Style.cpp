@@ -19,34 +19,21 @@ namespace qt {
 
 namespace {
 
-constexpr qreal kTooltipRadius = 0;
-constexpr qreal kFocusRingWidth = 2;
-constexpr int kButtonMargin = 12;
-constexpr int kControlPadding = 5;
-
-constexpr int kScrollBarExtent = 12;
-constexpr qreal kScrollBarThickness = 6;
-constexpr qreal kHoveredScrollBarThickness = 8;
-constexpr int kScrollBarEdge = 2;
-constexpr int kShortestSlider = 24;
-
-// Around the surface of a control or of what floats, on the outside of the radius that it is told.
-constexpr qreal kOutline = 1;
-
 QColor outline(const QPalette& palette, qreal strength) {
   return blended(palette.color(QPalette::Window), palette.color(QPalette::WindowText), strength);
 }
 
 QRect scrollSlider(const QStyleOptionSlider& bar) {
   const bool isVertical = bar.orientation == Qt::Vertical;
-  const int track = (isVertical ? bar.rect.height() : bar.rect.width()) - 2 * kScrollBarEdge;
+  const int track =
+      (isVertical ? bar.rect.height() : bar.rect.width()) - 2 * look::scrollBar::kEdge;
   const double whole = double(bar.maximum) - bar.minimum + bar.pageStep;
   if (whole <= 0 || track <= 0) return bar.rect;
   const int length = std::clamp(static_cast<int>(track * bar.pageStep / whole),
-                                std::min(kShortestSlider, track), track);
-  const int start =
-      kScrollBarEdge + QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition,
-                                                       track - length, bar.upsideDown);
+                                std::min(look::scrollBar::kShortestSlider, track), track);
+  const int start = look::scrollBar::kEdge +
+                    QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition,
+                                                    track - length, bar.upsideDown);
   return isVertical ? QRect(bar.rect.left(), bar.rect.top() + start, bar.rect.width(), length)
                     : QRect(bar.rect.left() + start, bar.rect.top(), length, bar.rect.height());
 }
@@ -55,78 +42,88 @@ void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar) {
   if (bar.maximum <= bar.minimum) return;
   const bool isHeld = bar.state & QStyle::State_Sunken;
   const bool isActive = isHeld || (bar.state & QStyle::State_MouseOver);
-  const qreal thickness = isActive ? kHoveredScrollBarThickness : kScrollBarThickness;
+  const qreal thickness =
+      isActive ? look::scrollBar::kHoveredThickness : look::scrollBar::kThickness;
   QRectF handle = scrollSlider(bar);
   if (bar.orientation == Qt::Horizontal) {
-    handle = {handle.left(), handle.bottom() - kScrollBarEdge - thickness, handle.width(),
+    handle = {handle.left(), handle.bottom() - look::scrollBar::kEdge - thickness, handle.width(),
               thickness};
   } else if (bar.direction == Qt::RightToLeft) {
-    handle = {handle.left() + kScrollBarEdge, handle.top(), thickness, handle.height()};
+    handle = {handle.left() + look::scrollBar::kEdge, handle.top(), thickness, handle.height()};
   } else {
-    handle = {handle.right() - kScrollBarEdge - thickness, handle.top(), thickness,
+    handle = {handle.right() - look::scrollBar::kEdge - thickness, handle.top(), thickness,
               handle.height()};
   }
   QColor color = bar.palette.color(QPalette::Active, QPalette::WindowText);
-  color.setAlphaF(isHeld ? 0.55F : isActive ? 0.42F : 0.28F);
+  color.setAlphaF(isHeld     ? look::scrollBar::kPressedOpacity
+                  : isActive ? look::scrollBar::kHoveredOpacity
+                             : look::scrollBar::kOpacity);
   drawRoundedRect(painter, handle, {.radius = thickness / 2, .fill = color});
+}
+
+// Draws the double arrow at the trailing edge of the area.
+void drawIndicator(QPainter& painter, const QRectF& area, const QStyleOption& option) {
+  constexpr qreal size = look::indicator::kSize;
+  const bool rightToLeft = option.direction == Qt::RightToLeft;
+  const qreal left = rightToLeft ? area.left() : area.right() - size;
+  const qreal top = std::floor(area.center().y() - size / 2);
+  const QColor color =
+      blended(option.palette.color(QPalette::Button), option.palette.color(QPalette::ButtonText),
+              look::indicator::kStrength);
+  painter.drawPixmap(QPointF(left, top), symbolPixmap("chevron.up.chevron.down", {size, size},
+                                                      color, devicePixelRatioOf(painter)));
 }
 
 }  // namespace
 
 qreal Style::controlHeight() {
-  return std::ceil(QFontMetricsF(QApplication::font()).height()) + 2 * kControlPadding;
+  return std::ceil(QFontMetricsF(QApplication::font()).height()) + 2 * look::kControlPadding;
 }
 
 void Style::drawFieldSurface(QPainter& painter, const QRectF& frame, const QPalette& palette,
                              bool enabled) {
   const QColor base = palette.color(QPalette::Base);
   drawRoundedRect(painter, frame,
-                  {.radius = kCornerRadius + kOutline / 2,
-                   .fill = enabled ? base : blended(palette.color(QPalette::Window), base, 0.4),
-                   .border = outline(palette, enabled ? 0.22 : 0.12),
-                   .borderWidth = kOutline});
+                  {.radius = look::kCornerRadius + look::kOutlineWidth / 2,
+                   .fill = enabled ? base
+                                   : blended(palette.color(QPalette::Window), base,
+                                             look::kDisabledFillStrength),
+                   .border = outline(
+                       palette, enabled ? look::kOutlineStrength : look::kDisabledOutlineStrength),
+                   .borderWidth = look::kOutlineWidth});
 }
 
 void Style::drawFloatingSurface(QPainter& painter, const QRectF& frame, qreal radius,
                                 const QPalette& palette) {
   drawRoundedRect(painter, frame,
-                  {.radius = radius + kOutline / 2,
+                  {.radius = radius + look::kOutlineWidth / 2,
                    .fill = palette.color(QPalette::ToolTipBase),
-                   .border = outline(palette, 0.22),
-                   .borderWidth = kOutline});
+                   .border = outline(palette, look::kOutlineStrength),
+                   .borderWidth = look::kOutlineWidth});
 }
 
 void Style::drawShadow(QPainter& painter, const QRectF& frame, qreal extent) {
-  constexpr double darkest = 0.16;
-  constexpr qreal drop = 3;
-  // One faint layer over the other: together they fade out smoothly.
-  const qreal reach = extent - drop;
-  const QColor layer = QColor::fromRgbF(0, 0, 0, static_cast<float>(darkest / reach));
+  // Translucent layers of growing size, one over the other, make a smooth gradient.
+  const qreal reach = extent - look::popover::kShadowDrop;
+  const QColor layer =
+      QColor::fromRgbF(0, 0, 0, static_cast<float>(look::popover::kShadowOpacity / reach));
   for (qreal by = reach; by > 0; --by) {
-    drawRoundedRect(painter, frame.adjusted(-by, -by, by, by).translated(0, drop),
-                    {.radius = kFloatingRadius + by, .fill = layer});
+    drawRoundedRect(painter,
+                    frame.adjusted(-by, -by, by, by).translated(0, look::popover::kShadowDrop),
+                    {.radius = look::popover::kCornerRadius + by, .fill = layer});
   }
 }
 
-void Style::drawIndicator(QPainter& painter, const QRectF& area, bool rightToLeft,
-                          const QPalette& palette) {
-  const qreal left = rightToLeft ? area.left() : area.right() - kIndicatorSize;
-  const qreal top = std::floor(area.center().y() - kIndicatorSize / 2);
-  const QColor color =
-      blended(palette.color(QPalette::Button), palette.color(QPalette::ButtonText), 0.7);
-  painter.drawPixmap(QPointF(left, top),
-                     symbolPixmap("chevron.up.chevron.down", {kIndicatorSize, kIndicatorSize},
-                                  color, devicePixelRatioOf(painter)));
-}
-
 double Style::contentOpacity(const QStyleOption& option) {
-  return option.state & State_Sunken ? 0.6 : 1;
+  return option.state & State_Sunken ? look::button::kPressedContentOpacity : 1;
 }
 
 Style::Style() : QProxyStyle(QStyleFactory::create("Fusion")) {}
 
-bool Style::showsFocus(const QWidget& widget) {
-  return widget.hasFocus() && widget.window()->testAttribute(Qt::WA_KeyboardFocusChange);
+void Style::drawKeyboardFocus(QPainter& painter, const QWidget& widget, const QRectF& frame,
+                              qreal radius) {
+  if (widget.hasFocus() && widget.window()->testAttribute(Qt::WA_KeyboardFocusChange))
+    drawFocusRing(painter, frame, radius, widget.palette());
 }
 
 void Style::drawButtonSurface(QPainter& painter, const QRectF& frame, qreal radius,
@@ -136,25 +133,39 @@ void Style::drawButtonSurface(QPainter& painter, const QRectF& frame, qreal radi
   QColor fill = palette.color(QPalette::Button);
   const QColor text = palette.color(QPalette::Active, QPalette::ButtonText);
   if (!enabled) {
-    fill = blended(palette.color(QPalette::Window), fill, 0.4);
+    fill = blended(palette.color(QPalette::Window), fill, look::kDisabledFillStrength);
   } else if (option.state & State_Sunken) {
-    fill = blended(fill, text, 0.14);
+    fill = blended(fill, text, look::button::kPressedStrength);
   } else if (option.state & State_MouseOver) {
-    fill = blended(fill, text, 0.05);
+    fill = blended(fill, text, look::button::kHoveredStrength);
   }
   drawRoundedRect(painter, frame,
-                  {.radius = radius + kOutline / 2,
+                  {.radius = radius + look::kOutlineWidth / 2,
                    .fill = fill,
-                   .border = outline(palette, enabled ? 0.2 : 0.12),
-                   .borderWidth = kOutline});
+                   .border = outline(palette, enabled ? look::button::kOutlineStrength
+                                                      : look::kDisabledOutlineStrength),
+                   .borderWidth = look::kOutlineWidth});
+}
+
+QRectF Style::drawChoiceButton(QPainter& painter, const QRectF& frame, qreal margin, qreal gap,
+                               const QStyleOption& option) {
+  drawButtonSurface(painter, frame, look::kCornerRadius, option);
+  drawIndicator(painter, frame.adjusted(margin, 0, -margin, 0), option);
+  const qreal trailing = margin + look::indicator::kSize + gap;
+  return option.direction == Qt::RightToLeft ? frame.adjusted(trailing, 0, -margin, 0)
+                                             : frame.adjusted(margin, 0, -trailing, 0);
+}
+
+QSizeF Style::choiceButtonSize(qreal contentWidth, qreal margin, qreal gap) {
+  return {margin + contentWidth + gap + look::indicator::kSize + margin, controlHeight()};
 }
 
 void Style::drawFocusRing(QPainter& painter, const QRectF& frame, qreal radius,
                           const QPalette& palette) {
   drawRoundedRect(painter, frame,
-                  {.radius = radius + kFocusRingWidth / 2,
+                  {.radius = radius + look::kFocusRingWidth / 2,
                    .border = palette.color(QPalette::Highlight),
-                   .borderWidth = kFocusRingWidth});
+                   .borderWidth = look::kFocusRingWidth});
 }
 
 void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
@@ -196,18 +207,19 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
                           const QWidget* widget) const {
   switch (element) {
     case PE_PanelButtonCommand:
-      drawButtonSurface(*painter, option->rect, kCornerRadius, *option);
+      drawButtonSurface(*painter, option->rect, look::kCornerRadius, *option);
       return;
     case PE_FrameFocusRect:
       if (option->state & State_KeyboardFocusChange) {
-        drawFocusRing(*painter, option->rect, kCornerRadius, option->palette);
+        drawFocusRing(*painter, option->rect, look::kCornerRadius, option->palette);
       }
       return;
     case PE_PanelTipLabel:
       painter->save();
-      painter->setPen(outline(option->palette, 0.2));
+      painter->setPen(outline(option->palette, look::tooltip::kOutlineStrength));
       painter->setBrush(option->palette.color(QPalette::ToolTipBase));
-      painter->drawRoundedRect(option->rect.adjusted(0, 0, -1, -1), kTooltipRadius, kTooltipRadius);
+      painter->drawRoundedRect(option->rect.adjusted(0, 0, -1, -1), look::tooltip::kCornerRadius,
+                               look::tooltip::kCornerRadius);
       painter->restore();
       return;
     default: QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -219,9 +231,9 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option,
   switch (metric) {
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical: return 0;
-    case PM_ButtonMargin: return kButtonMargin;
-    case PM_ToolTipLabelFrameWidth: return 5;
-    case PM_ScrollBarExtent: return kScrollBarExtent;
+    case PM_ButtonMargin: return look::button::kDialogMargin;
+    case PM_ToolTipLabelFrameWidth: return look::tooltip::kMargin;
+    case PM_ScrollBarExtent: return look::scrollBar::kExtent;
     default: return QProxyStyle::pixelMetric(metric, option, widget);
   }
 }
@@ -231,7 +243,7 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
   switch (hint) {
     case SH_TabBar_Alignment: return Qt::AlignCenter;
     case SH_ToolTipLabel_Opacity: return 255;
-    // No lines under letters until a person asks for them.
+    // Mnemonics are underlined only while Alt is pressed.
     case SH_UnderlineShortcut: return 0;
     default: return QProxyStyle::styleHint(hint, option, widget, result);
   }

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "paint/Look.hpp"
+
 #include <QProxyStyle>
 
 namespace qt {
 
-// How controls look: flat, quiet, the same in light and dark, on top of Qt's portable style.
+// Draws controls: Qt's own where dialogs use them, and the parts that our controls are made of.
+// What it does not draw is left to Qt's Fusion style. Lengths are points.
 class Style : public QProxyStyle {
 public:
   Style();
@@ -20,34 +23,32 @@ public:
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* result) const override;
 
-  // Of buttons, fields and menus; of surfaces that stand above a window.
-  static constexpr qreal kCornerRadius = 6;
-  static constexpr qreal kFloatingRadius = 9;
-  // The arrows that say that there is a choice.
-  static constexpr qreal kIndicatorSize = 10;
-  // Of a control with one line of text.
+  // The height of a control with one line of text, points.
   static qreal controlHeight();
 
-  // The raised surface of a button, filled and outlined. Also for controls that draw themselves.
+  // The filled and outlined surface of a button, as hovered, pressed and enabled as `option` says.
   static void drawButtonSurface(QPainter& painter, const QRectF& frame, qreal radius,
                                 const QStyleOption& option);
-  // What a text is edited in.
+  // The surface of a text field.
   static void drawFieldSurface(QPainter& painter, const QRectF& frame, const QPalette& palette,
                                bool enabled);
-  // A surface above the window, and the shadow around it, which fades out within `extent`.
+  // The surface of a popover or menu, and the shadow around it, which fades out within `extent`.
   static void drawFloatingSurface(QPainter& painter, const QRectF& frame, qreal radius,
                                   const QPalette& palette);
   static void drawShadow(QPainter& painter, const QRectF& frame, qreal extent);
-  // The arrows, at the trailing edge of the area.
-  static void drawIndicator(QPainter& painter, const QRectF& area, bool rightToLeft,
-                            const QPalette& palette);
-  // Of the views in a control without a look of its own.
+  // A button that opens a menu or a chooser: the surface of a button with a double arrow at its
+  // trailing edge. `margin` lies at both ends, `gap` between the content and the arrow. Returns the
+  // rectangle of the content.
+  static QRectF drawChoiceButton(QPainter& painter, const QRectF& frame, qreal margin, qreal gap,
+                                 const QStyleOption& option);
+  static QSizeF choiceButtonSize(qreal contentWidth, qreal margin, qreal gap);
+  // The opacity of the views in a plain button.
   static double contentOpacity(const QStyleOption& option);
-  // The ring around what has the keyboard.
   static void drawFocusRing(QPainter& painter, const QRectF& frame, qreal radius,
                             const QPalette& palette);
-  // Whether the person goes about with the keyboard, so that the ring is wanted.
-  static bool showsFocus(const QWidget& widget);
+  // Draws the focus ring of a widget that has the focus, if the person uses the keyboard.
+  static void drawKeyboardFocus(QPainter& painter, const QWidget& widget, const QRectF& frame,
+                                qreal radius = look::kCornerRadius);
 };
 
 }  // namespace qt

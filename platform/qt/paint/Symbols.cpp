@@ -1,6 +1,6 @@
 #include "paint/Symbols.hpp"
 
-#include "paint/KeptValues.hpp"
+#include "paint/Cache.hpp"
 
 #include <QPainter>
 #include <QSvgRenderer>
@@ -50,7 +50,7 @@ QPixmap symbolPixmap(std::string_view name, QSizeF size, const QColor& color,
   if (pixels.isEmpty()) return {};
   const QByteArray symbol(name.data(), static_cast<qsizetype>(name.size()));
   const Key key{symbol, pixels, color.rgba(), devicePixelRatio};
-  return keptValue<QPixmap, 256>(key, [&] {
+  return cached<QPixmap, 256>(key, [&] {
     QPixmap pixmap = render(":/symbols/" + QString::fromUtf8(symbol) + ".svg", pixels, color);
     pixmap.setDevicePixelRatio(devicePixelRatio);
     return pixmap;

@@ -8,8 +8,8 @@
 
 namespace qt {
 
-// The symbol in one colour, scaled to fit `size` (logical pixels) and centred in it, as sharp as a
-// screen with this many device pixels per logical one can show it. Empty for an unknown name.
+// The symbol in one color, scaled to fit `size` in points, centered in it, and with the resolution
+// of the screen. Null for an unknown name. Cached.
 QPixmap symbolPixmap(std::string_view name, QSizeF size, const QColor& color,
                      qreal devicePixelRatio);
 

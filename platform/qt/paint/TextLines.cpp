@@ -1,7 +1,8 @@
 #include "paint/TextLines.hpp"
 
+#include "bridge/Strings.hpp"
+#include "paint/Cache.hpp"
 #include "paint/Fonts.hpp"
-#include "paint/KeptValues.hpp"
 
 #include <QApplication>
 #include <QFontMetricsF>
@@ -14,8 +15,9 @@ namespace qt {
 
 namespace {
 
-// Layout adds up widths in another order than the text engine does.
+// Layout and the text engine add up widths in different orders, so their sums differ slightly.
 constexpr double kRoundingSlack = 1.0 / 64;
+constexpr double kUnlimitedWidth = 1e6;
 
 struct Break {
   int start = 0;
@@ -60,7 +62,38 @@ std::vector<Break> breaksOf(const QString& text, const QFont& font, const QTextO
   return breaks;
 }
 
+// How many of the lines may be shown: at least one.
+size_t allowedLines(size_t count, int lineLimit, std::optional<double> maxHeight,
+                    double lineHeight) {
+  if (lineLimit > 0) count = std::min(count, static_cast<size_t>(lineLimit));
+  if (!maxHeight) return count;
+  const double fitting = std::floor((*maxHeight + kRoundingSlack) / lineHeight);
+  return fitting < static_cast<double>(count) ? static_cast<size_t>(std::max(fitting, 1.0)) : count;
+}
+
+// The last line that is shown of a text that goes on, with an ellipsis.
+QString elided(QString content, const QFont& font, Qt::TextElideMode elision, double width) {
+  const QFontMetricsF metrics(font);
+  content.replace(QChar::LineSeparator, ' ');
+  // A line that fits, because the text breaks after it, gets an ellipsis too.
+  if (metrics.horizontalAdvance(content) <= width) content += QChar(0x2026);
+  return metrics.elidedText(content, elision, width);
+}
+
 }  // namespace
+
+// The height of a line in one font, in whole points.
+struct TextLines::LineHeight {
+  explicit LineHeight(const QFont& font) {
+    const QFontMetricsF metrics(font);
+    ascent = std::ceil(metrics.ascent());
+    descent = std::ceil(metrics.descent());
+  }
+  double whole() const { return ascent + descent; }
+
+  double ascent = 0;
+  double descent = 0;
+};
 
 TextLines::TextLines(const QString& text, const QFont& font, int lineLimit,
                      Qt::TextElideMode elision, std::optional<double> maxWidth,
@@ -69,63 +102,48 @@ TextLines::TextLines(const QString& text, const QFont& font, int lineLimit,
   QString source = text;
   source.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace('\n', QChar::LineSeparator);
   const QTextOption options = optionsFor(direction);
-  const QFontMetricsF metrics(font);
-  const double ascent = std::ceil(metrics.ascent());
-  const double lineHeight = ascent + std::ceil(metrics.descent());
+  const LineHeight height(font);
   const bool isBounded = maxWidth && std::isfinite(*maxWidth);
-  const double width = isBounded ? std::max(*maxWidth, 0.0) + kRoundingSlack : 1e6;
+  const double width = isBounded ? std::max(*maxWidth, 0.0) + kRoundingSlack : kUnlimitedWidth;
 
   std::vector<Break> breaks = breaksOf(source, font, options, width);
-  size_t allowed = breaks.size();
-  if (lineLimit > 0) allowed = std::min(allowed, static_cast<size_t>(lineLimit));
-  if (maxHeight) {
-    const double fitting = std::floor((*maxHeight + kRoundingSlack) / lineHeight);
-    if (fitting < static_cast<double>(allowed))
-      allowed = static_cast<size_t>(std::max(fitting, 1.0));
-  }
+  const size_t allowed = allowedLines(breaks.size(), lineLimit, maxHeight, height.whole());
   isElided_ = allowed < breaks.size();
   breaks.resize(allowed);
-
-  double top = 0;
   for (size_t i = 0; i < breaks.size(); ++i) {
     const bool isCut = isElided_ && i + 1 == breaks.size();
     QString content = source.mid(breaks[i].start, isCut ? -1 : breaks[i].length);
     if (content.endsWith(QChar::LineSeparator)) content.chop(1);
-    if (isCut) {
-      content.replace(QChar::LineSeparator, ' ');
-      // A line that ended where the text says so has room to spare, and still must show that it was
-      // cut.
-      const QString whole =
-          metrics.horizontalAdvance(content) <= width ? content + QChar(0x2026) : content;
-      content = metrics.elidedText(whole, elision, width);
-    }
-    Line line{.layout = std::make_unique<QTextLayout>(content, font)};
-    QTextOption one = options;
-    one.setWrapMode(QTextOption::NoWrap);
-    line.layout->setTextOption(one);
-    line.layout->setCacheEnabled(true);
-    line.layout->beginLayout();
-    QTextLine drawn = line.layout->createLine();
-    double lineAscent = ascent;
-    double height = lineHeight;
-    if (drawn.isValid()) {
-      drawn.setLineWidth(1e6);
-      line.width = drawn.naturalTextWidth();
-      // Characters from another font may be taller.
-      lineAscent = std::max(ascent, std::ceil(drawn.ascent()));
-      height = lineAscent + std::max(lineHeight - ascent, std::ceil(drawn.descent()));
-      drawn.setLineWidth(std::ceil(line.width));
-      drawn.setPosition({0, lineAscent - drawn.ascent()});
-    }
-    line.layout->endLayout();
-    line.top = top;
-    line.baseline = top + lineAscent;
-    top += height;
-    size_.setWidth(std::max(size_.width(), std::ceil(line.width - kRoundingSlack)));
-    lines_.push_back(std::move(line));
+    if (isCut) content = elided(content, font, elision, width);
+    addLine(content, font, options, height);
   }
-  size_.setHeight(top);
   if (isBounded) size_.setWidth(std::min(size_.width(), std::max(*maxWidth, 0.0)));
+}
+
+void TextLines::addLine(const QString& content, const QFont& font, QTextOption options,
+                        const LineHeight& height) {
+  Line line{.layout = std::make_unique<QTextLayout>(content, font), .top = size_.height()};
+  options.setWrapMode(QTextOption::NoWrap);
+  line.layout->setTextOption(options);
+  line.layout->setCacheEnabled(true);
+  line.layout->beginLayout();
+  QTextLine drawn = line.layout->createLine();
+  double ascent = height.ascent;
+  double descent = height.descent;
+  if (drawn.isValid()) {
+    drawn.setLineWidth(kUnlimitedWidth);
+    line.width = drawn.naturalTextWidth();
+    // Characters of a substitute font may be taller.
+    ascent = std::max(ascent, std::ceil(drawn.ascent()));
+    descent = std::max(descent, std::ceil(drawn.descent()));
+    drawn.setLineWidth(std::ceil(line.width));
+    drawn.setPosition({0, ascent - drawn.ascent()});
+  }
+  line.layout->endLayout();
+  line.baseline = line.top + ascent;
+  size_ = {std::max(size_.width(), std::ceil(line.width - kRoundingSlack)),
+           line.top + ascent + descent};
+  lines_.push_back(std::move(line));
 }
 
 TextLines::~TextLines() = default;
@@ -145,14 +163,14 @@ std::shared_ptr<const TextLines> TextLines::of(const viewkit::TextVisual& visual
                                                std::optional<double> maxHeight,
                                                Qt::LayoutDirection direction) {
   const QFont font = fontOf(visual.font);
-  const Key key{.text = text(visual.text),
+  const Key key{.text = toQString(visual.text),
                 .font = font,
                 .lineLimit = visual.lineLimit,
                 .truncation = visual.truncation,
                 .maxWidth = maxWidth.value_or(-1),
                 .maxHeight = maxHeight.value_or(-1),
                 .direction = direction};
-  return keptValue<std::shared_ptr<const TextLines>, 2048>(key, [&] {
+  return cached<std::shared_ptr<const TextLines>, 2048>(key, [&] {
     return std::make_shared<const TextLines>(
         key.text, font, visual.lineLimit,
         visual.truncation == viewkit::Truncation::middle ? Qt::ElideMiddle : Qt::ElideRight,

@@ -5,6 +5,7 @@
 
 #include <QPainter>
 #include <QString>
+#include <QTextOption>
 
 #include <memory>
 #include <optional>
@@ -14,13 +15,12 @@ class QTextLayout;
 
 namespace qt {
 
-// A paragraph broken into the lines that are drawn. Measuring and drawing use the same one, so what
-// was measured is what is seen.
+// A text broken into lines. Measuring and drawing use the same object, so a text is drawn as it was
+// measured. Lengths are points.
 class TextLines {
 public:
-  // Lines no wider than `maxWidth`, and no more of them than the visual's limit and `maxHeight`
-  // allow (one at the least); what does not fit is elided as the visual says. Kept for the next
-  // time.
+  // Lines no wider than `maxWidth`; at least one, and no more than the visual's limit and
+  // `maxHeight` allow. A text that does not fit is elided as the visual says. Cached.
   static std::shared_ptr<const TextLines> of(const viewkit::TextVisual& visual,
                                              std::optional<double> maxWidth,
                                              std::optional<double> maxHeight,
@@ -31,13 +31,13 @@ public:
             Qt::LayoutDirection direction);
   ~TextLines();
 
-  // Whole pixels, so that baselines are the same at every scale.
+  // Whole points, so that baselines are the same at every scale.
   QSizeF size() const { return size_; }
   double firstBaseline() const;
   double lastBaseline() const;
   bool isElided() const { return isElided_; }
 
-  // Lines start at the leading edge of a box of this width.
+  // Draws the lines aligned to the leading edge of a box of this width.
   void draw(QPainter& painter, QPointF origin, double width) const;
 
 private:
@@ -48,8 +48,14 @@ private:
     double width = 0;
   };
 
+  struct LineHeight;
+
+  // Lays out one line below the lines before it.
+  void addLine(const QString& content, const QFont& font, QTextOption options,
+               const LineHeight& height);
+
   std::vector<Line> lines_;
-  QSizeF size_;
+  QSizeF size_{0, 0};
   bool isElided_ = false;
   bool rightToLeft_ = false;
 };

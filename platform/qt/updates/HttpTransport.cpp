@@ -17,12 +17,12 @@ namespace {
 using foundation::Error;
 using foundation::Result;
 
-// Between what was read and what the network has ready, an answer takes no more memory than this.
+// How many bytes of an answer Qt may buffer, so that an endless answer does not fill the memory.
 constexpr qint64 kReadBufferSize = qint64{256} * 1024;
 
 QNetworkRequest networkRequest(const QUrl& url, const sparkle::FeedRequest& request) {
   QNetworkRequest result(url);
-  // Qt would tell its own version of these otherwise, the user's language among them.
+  // Otherwise Qt sends values of its own, the language of the person among them.
   result.setRawHeader("User-Agent", "zorvantine");
   result.setRawHeader("Accept-Language", "*");
   result.setRawHeader("Accept-Encoding", "identity");
@@ -42,7 +42,7 @@ Error badStatus(int status) {
   return sparkle::reason("the server answers with the code %1", {std::to_string(status)});
 }
 
-// One answer as it comes in. It belongs to its reply, and ends with it.
+// A fetch in progress. Its reply owns it.
 class Fetch final : public QObject {
 public:
   Fetch(QNetworkReply* reply, const sparkle::FeedRequest& request,
@@ -111,7 +111,7 @@ HttpTransport::~HttpTransport() = default;
 QEVSettings::Subscription HttpTransport::fetch(const sparkle::FeedRequest& request,
                                                Completion completion) {
   const QUrl url(QString::fromStdString(request.address));
-  // The rest, and whatever is no address at all, is for the other to fetch or to refuse.
+  // The file transport fetches file:// addresses and refuses all others.
   if (url.scheme() != "http" && url.scheme() != "https")
     return files_.fetch(request, std::move(completion));
 

@@ -1,5 +1,7 @@
 #include "qt/UpdateDialog.hpp"
 
+#include "paint/Look.hpp"
+
 #include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -15,10 +17,7 @@ namespace qt {
 
 namespace {
 
-constexpr int kTextWidth = 420;
-constexpr int kNotesHeight = 180;
-constexpr double kHeadlineScale = 1.15;
-// Longer than any version; a feed can say anything.
+// A feed can contain a version of any length.
 constexpr qsizetype kLongestVersion = 40;
 
 QString shortened(const std::string& version) {
@@ -26,7 +25,7 @@ QString shortened(const std::string& version) {
   return text.size() > kLongestVersion ? text.left(kLongestVersion) + "…" : text;
 }
 
-// Errors are told without a capital, to stand within a line.
+// The messages of errors begin in lower case.
 QString capitalized(const std::string& message) {
   QString text = QString::fromStdString(message).simplified();
   if (!text.isEmpty()) text[0] = text[0].toUpper();
@@ -38,7 +37,7 @@ QLabel* label(const QString& text, QWidget* parent) {
   label->setTextFormat(Qt::PlainText);
   label->setText(text);
   label->setWordWrap(true);
-  label->setMinimumWidth(kTextWidth);
+  label->setMinimumWidth(look::updateDialog::kTextWidth);
   label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   return label;
 }
@@ -122,7 +121,7 @@ void UpdateDialog::show(const Outcome& outcome) {
   QLabel* const headline = label(outcome.headline, dialog);
   QFont font = headline->font();
   font.setBold(true);
-  font.setPointSizeF(font.pointSizeF() * kHeadlineScale);
+  font.setPointSizeF(font.pointSizeF() * look::updateDialog::kHeadlineScale);
   headline->setFont(font);
 
   auto* const texts = new QVBoxLayout;
@@ -132,7 +131,7 @@ void UpdateDialog::show(const Outcome& outcome) {
     auto* const notes = new QPlainTextEdit(dialog);
     notes->setReadOnly(true);
     notes->setTabChangesFocus(true);
-    notes->setMinimumHeight(kNotesHeight);
+    notes->setMinimumHeight(look::updateDialog::kNotesHeight);
     notes->setAccessibleName(QString::fromStdString(localize_("What is new")));
     notes->setPlainText(outcome.notes);
     texts->addWidget(notes, 1);
@@ -144,7 +143,7 @@ void UpdateDialog::show(const Outcome& outcome) {
   texts->addWidget(buttons);
 
   auto* const columns = new QHBoxLayout(dialog);
-  columns->setSpacing(16);
+  columns->setSpacing(look::updateDialog::kSpacing);
   columns->addWidget(icon, 0, Qt::AlignTop);
   columns->addLayout(texts, 1);
   buttons->button(QDialogButtonBox::Close)->setFocus();

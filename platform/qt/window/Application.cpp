@@ -2,10 +2,11 @@
 
 #include "accessibility/makeAccessible.hpp"
 #include "appkit/Application.hpp"
+#include "bridge/Strings.hpp"
 #include "desktop/DesktopPreferences.hpp"
 #include "foundation/MainQueue.hpp"
 #include "paint/Colors.hpp"
-#include "paint/Fonts.hpp"
+#include "paint/Look.hpp"
 #include "paint/QtFontCatalog.hpp"
 #include "paint/Style.hpp"
 #include "window/MonitoredApplication.hpp"
@@ -26,13 +27,9 @@ namespace qt {
 
 namespace {
 
-// Without a desktop, Qt's own choice is too small to read at ease.
-constexpr double kSmallestDefaultPointSize = 10;
-
 void prepare(Application::Display display) {
   if (display == Application::Display::offscreen) qputenv("QT_QPA_PLATFORM", "offscreen");
-  // The window is placed and sized in whole logical pixels, also where the desktop scales by one
-  // and a half.
+  // Windows are placed in whole points at fractional scale factors too.
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
       Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
 }
@@ -49,7 +46,7 @@ class Application::Runtime {
 public:
   Runtime(int& argc, char** argv, Display display) : application_((prepare(display), argc), argv) {
     auto& shared = appkit::Application::sharedApplication();
-    // What the desktop wants is known only until we set colours of our own.
+    // The palette tells what the desktop prefers only until we set colors of our own.
     ownAppearance_ = appearanceOf(QApplication::palette());
     if (display == Display::screen) {
       desktop_ = std::make_unique<DesktopPreferences>([this] { followDesktop(); });
@@ -60,9 +57,8 @@ public:
     QApplication::setStyle(new Style);
 
     QFont font = QApplication::font();
-    if (font.pointSizeF() < kSmallestDefaultPointSize)
-      font.setPointSizeF(kSmallestDefaultPointSize);
-    // Hinted text has other widths at every scale; ours has the same.
+    if (font.pointSizeF() < look::kSmallestPointSize) font.setPointSizeF(look::kSmallestPointSize);
+    // Without hinting, text has the same width at every scale.
     font.setHintingPreference(QFont::PreferNoHinting);
     QApplication::setFont(font);
     QToolTip::setFont(font);
@@ -118,11 +114,11 @@ private:
     ownPalette_ = QApplication::palette();
   }
 
-  // The platform has new colours, not we.
+  // Called when the platform, not this class, changed the colors.
   void platformChanged() {
     {
       const QScopedValueRollback guard(isSettingColors_, true);
-      // Behind ours, those of a new theme are not seen.
+      // Our palette hides that of a new theme, so it is taken away to read the theme's.
       if (QApplication::palette() == ownPalette_) QApplication::setPalette(QPalette());
       ownAppearance_ = appearanceOf(QApplication::palette());
     }
@@ -130,18 +126,18 @@ private:
     applyAppearance();
   }
 
-  // On any thread.
+  // Any thread.
   void wake() {
     QMetaObject::invokeMethod(
         &application_, [] { foundation::MainQueue::mainQueue().drain(); }, Qt::QueuedConnection);
   }
 
   MonitoredApplication application_;
-  // Without a portal: what the platform gives Qt.
+  // The appearance of the platform's palette, used where there is no portal.
   appkit::Appearance ownAppearance_ = appkit::Appearance::light;
   QPalette ownPalette_;
   bool isSettingColors_ = false;
-  // Several windows hear of one change.
+  // Every window reports the same change; the timer handles it once.
   QTimer platformChanged_;
   std::unique_ptr<DesktopPreferences> desktop_;
   QTranslator translator_;
@@ -168,7 +164,7 @@ std::vector<std::string> Application::preferredLanguages() {
   return codes;
 }
 
-void Application::setLanguage(const std::string& code) { runtime_->setLanguage(text(code)); }
+void Application::setLanguage(const std::string& code) { runtime_->setLanguage(toQString(code)); }
 
 viewkit::LayoutDirection Application::layoutDirection() {
   return QGuiApplication::layoutDirection() == Qt::RightToLeft
@@ -189,7 +185,7 @@ QEVSettings::Subscription Application::watch(int descriptor, std::function<void(
   return QEVSettings::Subscription([notifier] {
     if (!notifier) return;
     notifier->setEnabled(false);
-    // It may be what is calling just now.
+    // The notifier may be calling this function.
     notifier->deleteLater();
   });
 }

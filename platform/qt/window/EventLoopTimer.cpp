@@ -9,7 +9,7 @@ namespace qt {
 QEVSettings::Subscription EventLoopTimer::after(std::chrono::seconds delay,
                                                 std::function<void()> fire) {
   struct Deleter {
-    // The timer may be what is calling just now.
+    // The timer may be calling the function that ends it.
     void operator()(QTimer* timer) const { timer->deleteLater(); }
   };
   const std::shared_ptr<QTimer> timer(new QTimer, Deleter());

@@ -1,7 +1,7 @@
 #include "window/MonitoredApplication.hpp"
 
 #include "appkit/Event.hpp"
-#include "window/KeyEvents.hpp"
+#include "bridge/KeyEvents.hpp"
 
 #include <QDialog>
 #include <QKeyEvent>
@@ -16,8 +16,7 @@ bool areAlike(const appkit::Event& a, const appkit::Event& b) {
   return a.keyCode == b.keyCode && a.modifiers == b.modifiers && a.characters == b.characters;
 }
 
-// Menus and the choosers of colours and fonts are the platform's own: what is pressed in them is
-// for nobody else.
+// Whether a menu or a dialog has the keyboard. Monitors do not see their keys.
 bool isForPlatform() {
   return QApplication::activePopupWidget() ||
          qobject_cast<const QDialog*>(QApplication::activeWindow());

@@ -7,13 +7,13 @@
 
 namespace qt {
 
-// Shows each key press to appkit's monitors before the window that it is meant for, unless that is
-// a menu or a dialog, and tells of new colours.
+// Passes each key press through appkit's monitors before its window receives it, except in menus
+// and dialogs, and reports new colors.
 class MonitoredApplication : public QApplication {
 public:
   using QApplication::QApplication;
 
-  // Called while the application's palette or the desktop's theme is new, whoever changed it.
+  // Called when the palette of the application or the theme of the desktop changed.
   void onNewColors(std::function<void()> changed) { newColors_ = std::move(changed); }
 
   bool notify(QObject* receiver, QEvent* event) override;
@@ -22,7 +22,8 @@ private:
   bool notifyOfPress(QObject* receiver, QEvent* event);
 
   std::function<void()> newColors_;
-  // The press on its way from one receiver to the next: the monitors see it once.
+  // The press that is being delivered. Qt may offer it to several receivers, the monitors see it
+  // once.
   const QEvent* passing_ = nullptr;
 };
 

@@ -1,12 +1,13 @@
 #include "window/WindowWidget.hpp"
 
 #include "appkit/Application.hpp"
+#include "bridge/KeyEvents.hpp"
+#include "bridge/Strings.hpp"
 #include "controls/ControlWidget.hpp"
+#include "controls/makeControl.hpp"
 #include "foundation/Files.hpp"
 #include "foundation/MainQueue.hpp"
-#include "paint/Fonts.hpp"
 #include "viewkit/KeyRouter.hpp"
-#include "window/KeyEvents.hpp"
 
 #include <QApplication>
 #include <QBuffer>
@@ -26,7 +27,7 @@ namespace {
 
 constexpr int kFrameMilliseconds = 16;
 
-// The innermost node there that has something to say.
+// The innermost node at the point that has a tooltip; null when there is none.
 const viewkit::PresentationNode* tooltipAt(const viewkit::PresentationNode& node,
                                            viewkit::Point point) {
   const viewkit::Point local = point - node.frame.origin;
@@ -45,19 +46,20 @@ WindowWidget::WindowWidget(Window& window, WindowOptions options) : window_(wind
   const bool rightToLeft = environment.layoutDirection == viewkit::LayoutDirection::rightToLeft;
   metrics_.setDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
   setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-  setWindowTitle(text(options.title));
+  setWindowTitle(toQString(options.title));
   setAttribute(Qt::WA_OpaquePaintEvent);
   setMouseTracking(true);
   host_ = std::make_unique<viewkit::ViewHost>(options.root, environment, metrics_);
-  mirror_ = std::make_unique<Mirror>(*this, *host_);
+  mirror_ = std::make_unique<Mirror>(*this, *host_, makeControl);
+  accessibles_ = std::make_unique<AccessibleTree>(*mirror_);
   host_->setObserver([this](const viewkit::PresentationChanges& changes) { present(changes); });
 
   frames_.setTimerType(Qt::PreciseTimer);
   frames_.setInterval(kFrameMilliseconds);
-  frames_.callOnTimeout(this, [this] { step(); });
+  frames_.callOnTimeout(this, [this] { stepAnimations(); });
   connect(qApp, &QApplication::focusChanged, this,
           [this](QWidget*, QWidget* now) { revealFocus(now); });
-  // The session may go on after this: what is typed is stored, and the window stays.
+  // The person may cancel the end of the session, so texts are committed and the window stays open.
   connect(qApp, &QGuiApplication::commitDataRequest, this, [this] {
     if (host_) host_->endEditing();
   });
@@ -77,7 +79,7 @@ WindowWidget::WindowWidget(Window& window, WindowOptions options) : window_(wind
 WindowWidget::~WindowWidget() {
   closed_ = nullptr;
   endViews();
-  // The base class moves the keyboard away when nothing of this one is left to hear of it.
+  // The base class moves the focus after this object's members are gone.
   qApp->removeEventFilter(this);
   disconnect(qApp, nullptr, this, nullptr);
 }
@@ -88,9 +90,9 @@ void WindowWidget::endViews() {
   clearFocusAndCommit();
   host_->endEditing();
   const auto refusedTexts = host_->refusedTexts();
-  // The views go first: what they say when they disappear is theirs, the widgets hear no more of
-  // it.
+  // The observer goes first: what views change while they disappear is not shown any more.
   host_->setObserver(nullptr);
+  accessibles_.reset();
   mirror_.reset();
   host_.reset();
   if (refused_ && !refusedTexts.empty()) refused_(refusedTexts);
@@ -98,6 +100,7 @@ void WindowWidget::endViews() {
 
 void WindowWidget::present(const viewkit::PresentationChanges& changes) {
   mirror_->show(changes);
+  accessibles_->show(changes);
   if (host_->isAnimating() && !frames_.isActive()) {
     sinceFrame_.start();
     frames_.start();
@@ -105,14 +108,14 @@ void WindowWidget::present(const viewkit::PresentationChanges& changes) {
   fitLater();
 }
 
-void WindowWidget::step() {
+void WindowWidget::stepAnimations() {
   host_->advanceAnimations(std::chrono::duration<double>(double(sinceFrame_.restart()) / 1000));
   if (!host_->isAnimating()) frames_.stop();
 }
 
 void WindowWidget::fitLater() {
   if (std::exchange(fitPending_, true)) return;
-  // Before the next painting, which has a lower priority.
+  // A queued call comes before the next painting, which has a lower priority.
   QMetaObject::invokeMethod(
       this, [this] { fit(); }, Qt::QueuedConnection);
 }
@@ -132,7 +135,7 @@ void WindowWidget::fit() {
   setMinimumSize(needed);
   const int high = wasFitting && isRigid ? needed.height() : std::max(height(), needed.height());
   const QSize size(std::max(width(), needed.width()), high);
-  // In another window, that one decides.
+  // Inside a window of the host, the host decides the size.
   if (isWindow() && size != this->size()) resize(size);
   host_->setSize({double(width()), double(height())});
 }
@@ -176,7 +179,7 @@ bool WindowWidget::routeKey(const QKeyEvent& press) {
   switch (viewkit::routeKey(*host_, eventFrom(press), node ? node->id : 0)) {
     case viewkit::KeyOutcome::handled: return true;
     case viewkit::KeyOutcome::closesWindow:
-      // The window around this one decides for itself.
+      // Inside a window of the host, the host decides what closes it.
       if (!isWindow()) return false;
       close();
       return true;
@@ -215,10 +218,11 @@ bool WindowWidget::showTooltip(QPoint point, QPoint onScreen) {
             : mirror_->treePoint(*this, QPointF(point));
   const viewkit::PresentationNode* node = tooltipAt(host_->presentation(), inTree);
   if (!node) return false;
-  const Mirror::Place place = mirror_->placeOf(*node);
+  const MirroredTree::Place place = mirror_->placeOf(*node);
   const QRect area(place.widget->mapTo(this, place.rect.topLeft()).toPoint(),
                    place.rect.size().toSize());
-  QToolTip::showText(onScreen, "<qt>" + text(node->tooltip).toHtmlEscaped() + "</qt>", this, area);
+  QToolTip::showText(onScreen, "<qt>" + toQString(node->tooltip).toHtmlEscaped() + "</qt>", this,
+                     area);
   return true;
 }
 
@@ -239,7 +243,7 @@ void WindowWidget::closeEvent(QCloseEvent* event) {
   QWidget::closeEvent(event);
   if (!host_) return;
   endViews();
-  // On a turn of its own: whoever is told may destroy the window.
+  // On a later turn of the main queue, because the call may destroy the window.
   if (closed_) foundation::MainQueue::mainQueue().async(std::exchange(closed_, nullptr));
 }
 

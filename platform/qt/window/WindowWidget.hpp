@@ -1,10 +1,12 @@
 #pragma once
 
+#include "accessibility/AccessibleRoot.hpp"
+#include "accessibility/AccessibleTree.hpp"
 #include "foundation/ObservableObject.hpp"
 #include "mirror/Mirror.hpp"
-#include "paint/QtMetrics.hpp"
 #include "qt/Window.hpp"
 #include "viewkit/ViewHost.hpp"
+#include "window/QtMetrics.hpp"
 
 #include <QElapsedTimer>
 #include <QTimer>
@@ -17,17 +19,16 @@
 
 namespace qt {
 
-// The widget behind a window: it owns the views at work, mirrors them and hands them what the
-// person does.
-class WindowWidget : public QWidget {
+// The widget of a window: it owns the view host and its mirror, and passes input to the host.
+class WindowWidget : public QWidget, public AccessibleRoot {
 public:
   WindowWidget(Window& window, WindowOptions options);
   ~WindowWidget() override;
 
   bool isOpen() const { return host_ != nullptr; }
+  // May be called only while the window is open.
   viewkit::ViewHost& host() { return *host_; }
-  // Nothing once the window is closed.
-  Mirror* mirror() const { return mirror_.get(); }
+  AccessibleTree* accessibleTree() const override { return accessibles_.get(); }
   void setClosed(std::function<void()> closed) { closed_ = std::move(closed); }
   void setRefused(std::function<void(const std::vector<viewkit::RefusedText>&)> refused) {
     refused_ = std::move(refused);
@@ -35,7 +36,7 @@ public:
 
   foundation::Outcome snapshot(const std::string& path, double scale);
 
-  // The control that has the keyboard in this window, if one does.
+  // The control that has the focus in this window; null when none has.
   ControlWidget* focusedControl() const;
   ControlWidget* controlFor(const appkit::Responder& responder) const;
   void clearFocusAndCommit();
@@ -53,25 +54,28 @@ protected:
 
 private:
   void present(const viewkit::PresentationChanges& changes);
+  // Makes the window at least as large as its root view needs.
   void fit();
   void fitLater();
-  void step();
+  void stepAnimations();
   void endViews();
   void noteActivation();
   void revealFocus(const QWidget* focused);
   bool showTooltip(QPoint point, QPoint onScreen);
-  // Whether the press was the window's own.
+  // Whether the window handled the key press.
   bool routeKey(const QKeyEvent& press);
 
   Window& window_;
   QtMetrics metrics_;
   std::unique_ptr<viewkit::ViewHost> host_;
   std::unique_ptr<Mirror> mirror_;
+  std::unique_ptr<AccessibleTree> accessibles_;
   std::function<void()> closed_;
   std::function<void(const std::vector<viewkit::RefusedText>&)> refused_;
   foundation::Subscription appearance_;
   QTimer frames_;
   QElapsedTimer sinceFrame_;
+  // The smallest size of the root view at the last `fit`.
   QSize fitted_;
   bool fitPending_ = false;
   std::optional<QPoint> pressedAt_;

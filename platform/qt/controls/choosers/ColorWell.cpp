@@ -1,7 +1,8 @@
 #include "controls/choosers/ColorWell.hpp"
 
+#include "bridge/Strings.hpp"
 #include "paint/Colors.hpp"
-#include "paint/Fonts.hpp"
+#include "paint/Look.hpp"
 #include "paint/Style.hpp"
 
 #include <QCloseEvent>
@@ -17,22 +18,19 @@ namespace qt {
 
 namespace {
 
-constexpr qreal kWidth = 44;
-constexpr qreal kInset = 4;
-constexpr qreal kSquare = 4;
-
 void drawCheckerboard(QPainter& painter, const QRectF& area) {
-  painter.fillRect(area, Qt::white);
-  for (int row = 0; row * kSquare < area.height(); ++row) {
-    for (int column = row % 2; column * kSquare < area.width(); column += 2) {
-      painter.fillRect(
-          QRectF(area.left() + column * kSquare, area.top() + row * kSquare, kSquare, kSquare),
-          QColor(190, 190, 190));
+  painter.fillRect(area, look::colorWell::kLightCheck);
+  for (int row = 0; row * look::colorWell::kCheckSize < area.height(); ++row) {
+    for (int column = row % 2; column * look::colorWell::kCheckSize < area.width(); column += 2) {
+      painter.fillRect(QRectF(area.left() + column * look::colorWell::kCheckSize,
+                              area.top() + row * look::colorWell::kCheckSize,
+                              look::colorWell::kCheckSize, look::colorWell::kCheckSize),
+                       look::colorWell::kDarkCheck);
     }
   }
 }
 
-// Where programs may not look at the screen, the button for it would give black.
+// On Wayland a program may not read the screen: the button that picks a colour from it gives black.
 void hideScreenPicker(const QColorDialog& dialog) {
   if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) return;
   for (QPushButton* button : dialog.findChildren<QPushButton*>()) {
@@ -40,7 +38,7 @@ void hideScreenPicker(const QColorDialog& dialog) {
   }
 }
 
-// A chooser without buttons.
+// A chooser without buttons: Return and closing it keep the picked colour.
 class ColorDialog final : public QColorDialog {
 public:
   using QColorDialog::QColorDialog;
@@ -54,7 +52,6 @@ protected:
     }
   }
 
-  // Closing the chooser keeps what was picked.
   void closeEvent(QCloseEvent* event) override {
     event->accept();
     accept();
@@ -70,7 +67,7 @@ appkit::RGBA rgbaOf(const QColor& color) {
 
 }  // namespace
 
-QSizeF ColorWell::sizeFor() { return {kWidth, Style::controlHeight()}; }
+QSizeF ColorWell::sizeFor() { return {look::colorWell::kWidth, Style::controlHeight()}; }
 
 void ColorWell::press() {
   const auto* well = control<viewkit::ColorWellControl>();
@@ -84,7 +81,7 @@ void ColorWell::press() {
 void ColorWell::open(const viewkit::ColorWellControl& well) {
   dialog_ = new ColorDialog(colorOf(well.color), window());
   dialog_->setAttribute(Qt::WA_DeleteOnClose);
-  dialog_->setWindowTitle(qt::text(node()->accessibility.label));
+  dialog_->setWindowTitle(toQString(node()->accessibility.label));
   dialog_->setOption(QColorDialog::DontUseNativeDialog);
   dialog_->setOption(QColorDialog::NoButtons);
   dialog_->setOption(QColorDialog::ShowAlphaChannel, well.supportsOpacity);
@@ -112,26 +109,27 @@ void ColorWell::paintEvent(QPaintEvent* /*event*/) {
   if (!well) return;
   QPainter painter(this);
   const QRectF frame = rect();
-  Style::drawButtonSurface(painter, frame, Style::kCornerRadius, styleOption());
+  Style::drawButtonSurface(painter, frame, look::kCornerRadius, styleOption());
 
-  const QRectF swatch = frame.adjusted(kInset, kInset, -kInset, -kInset);
-  constexpr qreal radius = Style::kCornerRadius - 3;
+  const QRectF swatch = frame.adjusted(look::colorWell::kInset, look::colorWell::kInset,
+                                       -look::colorWell::kInset, -look::colorWell::kInset);
+  constexpr qreal radius = look::colorWell::kSwatchRadius;
   QPainterPath outline;
   outline.addRoundedRect(swatch, radius, radius);
   const QColor color = colorOf(well->color);
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setClipPath(outline);
-  if (!isEnabled()) painter.setOpacity(0.4);
+  if (!isEnabled()) painter.setOpacity(look::colorWell::kDisabledOpacity);
   if (color.alpha() < 255) drawCheckerboard(painter, swatch);
   painter.fillRect(swatch, color);
   painter.restore();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QColor(128, 128, 128, 110));
+  painter.setPen(QPen(look::colorWell::kSwatchOutline, look::colorWell::kSwatchOutlineWidth));
   painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(swatch.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
-  if (Style::showsFocus(*this))
-    Style::drawFocusRing(painter, frame, Style::kCornerRadius, palette());
+  constexpr qreal middle = look::colorWell::kSwatchOutlineWidth / 2;
+  painter.drawRoundedRect(swatch.adjusted(middle, middle, -middle, -middle), radius, radius);
+  Style::drawKeyboardFocus(painter, *this, frame);
 }
 
 }  // namespace qt

@@ -7,9 +7,8 @@
 
 namespace qt {
 
-// A swatch of a colour; pressing it opens the colour chooser. Each colour that is picked there is
-// told at once; Escape brings back the one that was there when the chooser was opened, Return keeps
-// what was picked.
+// A button that shows a colour and opens the colour chooser. Each colour picked there is written at
+// once. Escape restores the colour from before the chooser was opened; Return keeps the picked one.
 class ColorWell : public ButtonWidget {
 public:
   using ButtonWidget::ButtonWidget;

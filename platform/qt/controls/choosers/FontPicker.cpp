@@ -1,6 +1,8 @@
 #include "controls/choosers/FontPicker.hpp"
 
+#include "bridge/Strings.hpp"
 #include "paint/Fonts.hpp"
+#include "paint/Look.hpp"
 #include "paint/NodePainter.hpp"
 #include "paint/Style.hpp"
 #include "paint/Symbols.hpp"
@@ -20,23 +22,19 @@ namespace qt {
 
 namespace {
 
-constexpr qreal kMargin = 9;
-constexpr qreal kSampleWidth = 24;
-constexpr qreal kGap = 6;
-constexpr int kSampleHeight = 96;
-
 const QString& sample() {
   static const QString letters = QStringLiteral("Aa");
   return letters;
 }
 
-// Underlining and the like are no part of a font of ours; the sample gets their room.
+// Hides underlining and the like, which a stored font does not have, and enlarges the sample
+// instead.
 void hideEffects(const QFontDialog& dialog) {
   for (QGroupBox* group : dialog.findChildren<QGroupBox*>()) {
     if (group->findChild<QCheckBox*>()) {
       group->hide();
     } else {
-      group->setMinimumHeight(kSampleHeight);
+      group->setMinimumHeight(look::fontPicker::kDialogSampleHeight);
     }
   }
 }
@@ -44,13 +42,12 @@ void hideEffects(const QFontDialog& dialog) {
 }  // namespace
 
 QSizeF FontPicker::sizeFor(const viewkit::FontPickerControl& picker) {
-  qreal width = 2 * kMargin + kSampleWidth + kGap + Style::kIndicatorSize;
+  qreal width = look::fontPicker::kSampleWidth;
   if (!picker.title.empty()) {
-    width +=
-        std::ceil(QFontMetricsF(QApplication::font()).horizontalAdvance(qt::text(picker.title))) +
-        kGap;
+    const QFontMetricsF metrics(QApplication::font());
+    width += std::ceil(metrics.horizontalAdvance(toQString(picker.title))) + look::fontPicker::kGap;
   }
-  return {width, Style::controlHeight()};
+  return Style::choiceButtonSize(width, look::fontPicker::kMargin, look::fontPicker::kGap);
 }
 
 void FontPicker::press() {
@@ -74,8 +71,7 @@ void FontPicker::refresh() {
 void FontPicker::makeDialog() {
   dialog_ = new QFontDialog(window());
   dialog_->setAttribute(Qt::WA_DeleteOnClose);
-  const auto& told = node()->accessibility;
-  dialog_->setWindowTitle(qt::text(told.label.empty() ? told.help : told.label));
+  dialog_->setWindowTitle(accessibleNameOf(node()->accessibility));
   dialog_->setOption(QFontDialog::DontUseNativeDialog);
   dialog_->setOption(QFontDialog::NoButtons);
   hideEffects(*dialog_);
@@ -105,28 +101,22 @@ void FontPicker::paintEvent(QPaintEvent* /*event*/) {
   const auto* picker = control<viewkit::FontPickerControl>();
   if (!picker) return;
   QPainter painter(this);
-  const QRectF frame = rect();
-  Style::drawButtonSurface(painter, frame, Style::kCornerRadius, styleOption());
   const bool rightToLeft = layoutDirection() == Qt::RightToLeft;
-  Style::drawIndicator(painter, frame.adjusted(kMargin, 0, -kMargin, 0), rightToLeft, palette());
-
-  const qreal trailing = kMargin + Style::kIndicatorSize + kGap;
-  QRectF content = rightToLeft ? frame.adjusted(trailing, 0, -kMargin, 0)
-                               : frame.adjusted(kMargin, 0, -trailing, 0);
+  QRectF content = Style::drawChoiceButton(painter, rect(), look::fontPicker::kMargin,
+                                           look::fontPicker::kGap, styleOption());
   painter.setPen(palette().color(QPalette::ButtonText));
   if (!picker->title.empty()) {
     const int leading = rightToLeft ? Qt::AlignRight : Qt::AlignLeft;
     painter.drawText(content, leading | Qt::AlignVCenter | Qt::TextSingleLine,
-                     qt::text(picker->title));
-    const qreal taken = content.width() - kSampleWidth;
+                     toQString(picker->title));
+    const qreal taken = content.width() - look::fontPicker::kSampleWidth;
     content = rightToLeft ? content.adjusted(0, 0, -taken, 0) : content.adjusted(taken, 0, 0, 0);
   }
   QFont font = fontOf(picker->font);
   font.setPointSizeF(this->font().pointSizeF());
   painter.setFont(font);
   painter.drawText(content, Qt::AlignCenter | Qt::TextSingleLine | Qt::TextDontClip, sample());
-  if (Style::showsFocus(*this))
-    Style::drawFocusRing(painter, frame, Style::kCornerRadius, palette());
+  Style::drawKeyboardFocus(painter, *this, rect());
 }
 
 }  // namespace qt

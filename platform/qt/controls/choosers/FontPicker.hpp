@@ -7,7 +7,7 @@
 
 namespace qt {
 
-// A button that shows a sample of the font; pressing it opens the font chooser.
+// A button that shows a sample of a font and opens the font chooser.
 class FontPicker : public ButtonWidget {
 public:
   using ButtonWidget::ButtonWidget;
@@ -28,8 +28,8 @@ private:
   void choose(const appkit::Font& picked);
 
   QPointer<QFontDialog> dialog_;
-  // The font that was chosen last, and what the dialog makes of it: the dialog knows whole sizes
-  // and the families of this machine only. What the person leaves alone stays as it is in `font_`.
+  // The stored font, and the nearest font that the dialog can show: it knows only whole sizes and
+  // installed families. What the person does not change in the dialog stays as it is in `font_`.
   appkit::Font font_;
   appkit::Font shownFont_;
 };

@@ -4,7 +4,7 @@
 
 namespace qt {
 
-// The platform's pop-up button: a title, and an arrow to show that there is more.
+// A pop-up button: a title and a double arrow.
 class MenuButton : public MenuOpener {
 public:
   using MenuOpener::MenuOpener;

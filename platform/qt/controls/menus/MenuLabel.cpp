@@ -1,6 +1,7 @@
 #include "controls/menus/MenuLabel.hpp"
 
-#include "mirror/Mirror.hpp"
+#include "bridge/MirroredTree.hpp"
+#include "paint/Look.hpp"
 #include "paint/Style.hpp"
 
 #include <QPaintEvent>
@@ -14,9 +15,8 @@ std::string MenuLabel::currentTitle(const viewkit::MenuControl& /*menu*/) const 
 
 void MenuLabel::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
-  mirror().paint(painter, *this, event->rect(), Style::contentOpacity(styleOption()));
-  if (Style::showsFocus(*this))
-    Style::drawFocusRing(painter, rect(), Style::kCornerRadius, palette());
+  tree().paint(painter, *this, event->rect(), Style::contentOpacity(styleOption()));
+  Style::drawKeyboardFocus(painter, *this, rect());
 }
 
 }  // namespace qt

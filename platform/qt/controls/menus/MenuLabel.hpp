@@ -4,7 +4,7 @@
 
 namespace qt {
 
-// A menu behind the views that are its label.
+// A button whose label is made of views and which opens a menu.
 class MenuLabel : public MenuOpener {
 public:
   using MenuOpener::MenuOpener;

@@ -1,6 +1,8 @@
 #include "controls/menus/MenuList.hpp"
 
+#include "bridge/Strings.hpp"
 #include "paint/Fonts.hpp"
+#include "paint/Look.hpp"
 #include "paint/RoundedRect.hpp"
 #include "paint/Style.hpp"
 
@@ -19,13 +21,13 @@ namespace qt {
 
 namespace {
 
-// Finds the widest of many texts: setting letters in type takes so long that it is done for those
-// only that come near.
+// Finds the width of the widest of many texts. Laying a text out is slow, so that is done only for
+// texts whose letters add up to nearly the greatest width so far.
 class TextWidths {
 public:
   explicit TextWidths(const QFont& font) : metrics_(font) {}
 
-  // The width, or that of the text if it is wider.
+  // The greater of `width` and the width of the text.
   double widerOf(double width, const QString& text) {
     const std::optional<double> sum = sumOfLetters(text);
     const bool isClear = sum && *sum * (1 + kKerning) < width;
@@ -33,10 +35,10 @@ public:
   }
 
 private:
-  // Neighbours are rarely moved apart, and never by more than this share.
+  // The largest share by which kerning makes a text wider than the sum of its letters.
   static constexpr double kKerning = 0.1;
 
-  // Unless there are letters whose shape depends on others.
+  // Nothing for a text with letters whose shape depends on their neighbours.
   std::optional<double> sumOfLetters(const QString& text) {
     double sum = 0;
     for (const QChar each : text) {
@@ -53,9 +55,6 @@ private:
   std::unordered_map<char16_t, double> letters_;
 };
 
-constexpr int kHorizontalPadding = 10;
-constexpr int kVerticalPadding = 4;
-
 class Model : public QAbstractListModel {
 public:
   Model(const std::vector<viewkit::MenuItem>& items, QObject* parent)
@@ -66,7 +65,7 @@ public:
   }
   QVariant data(const QModelIndex& index, int role) const override {
     const viewkit::MenuItem& item = items_.at(static_cast<size_t>(index.row()));
-    if (role == Qt::DisplayRole) return text(item.title);
+    if (role == Qt::DisplayRole) return toQString(item.title);
     if (role == Qt::FontRole && item.font) return fontOf(*item.font);
     return {};
   }
@@ -82,8 +81,8 @@ public:
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     QStyleOptionViewItem item = option;
     initStyleOption(&item, index);
-    return {item.fontMetrics.horizontalAdvance(item.text) + 2 * kHorizontalPadding,
-            item.fontMetrics.height() + 2 * kVerticalPadding};
+    return {item.fontMetrics.horizontalAdvance(item.text) + 2 * look::menu::kItemHorizontalPadding,
+            item.fontMetrics.height() + 2 * look::menu::kItemVerticalPadding};
   }
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override {
@@ -93,12 +92,13 @@ public:
     painter->save();
     if (isCurrent) {
       const QColor fill = item.palette.color(QPalette::Active, QPalette::Highlight);
-      drawRoundedRect(*painter, item.rect, {.radius = Style::kCornerRadius - 2, .fill = fill});
+      drawRoundedRect(*painter, item.rect, {.radius = look::menu::kItemRadius, .fill = fill});
     }
     painter->setPen(item.palette.color(QPalette::Active,
                                        isCurrent ? QPalette::HighlightedText : QPalette::Text));
     painter->setFont(item.font);
-    const QRect area = item.rect.adjusted(kHorizontalPadding, 0, -kHorizontalPadding, 0);
+    const QRect area = item.rect.adjusted(look::menu::kItemHorizontalPadding, 0,
+                                          -look::menu::kItemHorizontalPadding, 0);
     const int leading = item.direction == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
     painter->drawText(area, leading | Qt::AlignVCenter | Qt::TextSingleLine,
                       item.fontMetrics.elidedText(item.text, Qt::ElideRight, area.width()));
@@ -138,7 +138,9 @@ void MenuList::pick(int row) {
   if (row >= 0 && row < rowCount() && picked_) picked_(row);
 }
 
-QString MenuList::title(int row) const { return text(items_.at(static_cast<size_t>(row)).title); }
+QString MenuList::title(int row) const {
+  return toQString(items_.at(static_cast<size_t>(row)).title);
+}
 
 void MenuList::setCurrentRow(int row) {
   if (row >= 0) setCurrentIndex(model()->index(row, 0));
@@ -158,11 +160,11 @@ int MenuList::contentWidth() const {
   double width = 0;
   TextWidths widths(font());
   for (const viewkit::MenuItem& item : items_) {
-    const QString title = text(item.title);
+    const QString title = toQString(item.title);
     width = item.font ? std::max(width, QFontMetricsF(fontOf(*item.font)).horizontalAdvance(title))
                       : widths.widerOf(width, title);
   }
-  return static_cast<int>(std::ceil(width)) + 2 * kHorizontalPadding;
+  return static_cast<int>(std::ceil(width)) + 2 * look::menu::kItemHorizontalPadding;
 }
 
 int MenuList::contentHeight() const {
@@ -176,10 +178,10 @@ void MenuList::keyboardSearch(const QString& typed) {
   sinceTyped_.restart();
   typed_ += typed;
   const auto begins = [this](const viewkit::MenuItem& item) {
-    return text(item.title).startsWith(typed_, Qt::CaseInsensitive);
+    return toQString(item.title).startsWith(typed_, Qt::CaseInsensitive);
   };
   const auto hasWord = [this](const viewkit::MenuItem& item) {
-    return hasWordThatBegins(text(item.title), typed_);
+    return hasWordThatBegins(toQString(item.title), typed_);
   };
   auto found = std::ranges::find_if(items_, begins);
   if (found == items_.end()) found = std::ranges::find_if(items_, hasWord);
@@ -192,7 +194,7 @@ void MenuList::keyPressEvent(QKeyEvent* event) {
   const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const bool picks = isReturn || (event->key() == Qt::Key_Space && typed_.isEmpty());
   if (picks) {
-    // The key that opened the menu may still be held down.
+    // A key that repeats is the one that opened the menu.
     if (!event->isAutoRepeat()) pick(currentRow());
   } else if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Tab) {
     window()->close();
@@ -211,7 +213,7 @@ void MenuList::mouseMoveEvent(QMouseEvent* event) {
   if ((onScreen - openedAt_).manhattanLength() >= QApplication::startDragDistance()) armed_ = true;
   const QModelIndex index = indexAt(event->position().toPoint());
   if (!armed_ || !index.isValid() || index == currentIndex()) return;
-  // Following the pointer must not scroll what lies under it.
+  // Otherwise the list would scroll the item under the pointer away.
   setAutoScroll(false);
   setCurrentIndex(index);
   setAutoScroll(true);

@@ -11,19 +11,19 @@
 
 namespace qt {
 
-// The items of an open menu. What lies under the pointer is the current one; typing jumps to the
-// item that begins so, else to one with a word that does.
+// The items of an open menu. The item under the pointer is the current one. Typing selects the
+// first item that begins with the typed text, or else the first one with a word that does.
 class MenuList : public QListView {
 public:
   // The items outlive the list.
   MenuList(const std::vector<viewkit::MenuItem>& items, QWidget& opener, QWidget& parent);
 
-  // What was pressed to open it, while it exists.
+  // The control that opened the menu; null once it is deleted.
   QWidget* opener() const { return opener_; }
 
   void setPicked(std::function<void(int)> picked) { picked_ = std::move(picked); }
 
-  // Picks the item and ends the menu.
+  // Picks the item and closes the menu.
   void pick(int row);
 
   int rowCount() const { return static_cast<int>(items_.size()); }
@@ -34,7 +34,7 @@ public:
   int contentWidth() const;
   int contentHeight() const;
 
-  // How far the first row lies above the list's top.
+  // How far the list is scrolled, in points.
   using QListView::verticalOffset;
 
   void keyboardSearch(const QString& typed) override;
@@ -52,8 +52,8 @@ private:
   std::function<void(int)> picked_;
   QString typed_;
   QElapsedTimer sinceTyped_;
-  // The release of the press that opened the menu picks nothing, unless the pointer moved
-  // meanwhile.
+  // The mouse button that opened the menu may still be down. Its release picks an item only if the
+  // pointer has moved since, and then `armed_` is true.
   QPoint openedAt_;
   bool armed_ = false;
 };

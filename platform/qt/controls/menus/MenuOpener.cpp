@@ -1,8 +1,8 @@
 #include "controls/menus/MenuOpener.hpp"
 
-#include "mirror/Mirror.hpp"
+#include "bridge/KeyEvents.hpp"
+#include "bridge/MirroredTree.hpp"
 #include "viewkit/KeyRouter.hpp"
-#include "window/KeyEvents.hpp"
 
 #include <QKeyEvent>
 
@@ -15,10 +15,11 @@ void MenuOpener::press() {
   const auto makeItems = menu->items;
   auto items = makeItems();
   if (items.empty() || !node()) return;
-  // The views may be about to take the control away, and then the item does nothing.
+  // An item acts on views that are up to date. The update may remove the control, but not the
+  // action, which is a copy.
   for (viewkit::MenuItem& item : items) {
     item.action = [this, alive = QPointer<QWidget>(this), action = std::move(item.action)] {
-      if (alive && node()) mirror().host().update();
+      if (alive && node()) tree().host().update();
       action();
     };
   }

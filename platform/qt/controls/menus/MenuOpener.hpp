@@ -9,15 +9,15 @@
 
 namespace qt {
 
-// What opens a menu, by a press of the mouse or the keys that do so everywhere (see
-// viewkit::opensMenu).
+// The base of controls that open a menu, when the mouse is pressed or by the keys of
+// viewkit::opensMenu.
 class MenuOpener : public ButtonWidget {
 public:
   using ButtonWidget::ButtonWidget;
 
   void closeOpened() override;
   bool isAtRest() const override { return !popup_ && ButtonWidget::isAtRest(); }
-  // Of the menu that is open; nothing when none is.
+  // The list of the open menu; null when none is open.
   MenuList* openList() const { return popup_ ? &popup_->list() : nullptr; }
 
 protected:
@@ -26,6 +26,7 @@ protected:
   void mouseReleaseEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
+  // The title of the item that is chosen now.
   virtual std::string currentTitle(const viewkit::MenuControl& menu) const = 0;
   virtual void open(MenuPopup& popup) = 0;
 

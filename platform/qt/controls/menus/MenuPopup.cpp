@@ -1,7 +1,8 @@
 #include "controls/menus/MenuPopup.hpp"
 
+#include "bridge/Strings.hpp"
 #include "controls/menus/MenuList.hpp"
-#include "paint/Fonts.hpp"
+#include "paint/Look.hpp"
 #include "paint/Style.hpp"
 
 #include <QPainter>
@@ -15,17 +16,6 @@
 
 namespace qt {
 
-namespace {
-
-constexpr int kPadding = 5;
-constexpr int kScreenMargin = 8;
-constexpr int kGap = 2;
-constexpr int kMaxWidth = 560;
-// Of the screen's height: a longer menu scrolls.
-constexpr double kMaxShare = 0.7;
-
-}  // namespace
-
 MenuPopup::MenuPopup(std::vector<viewkit::MenuItem> items, const std::string& current,
                      QWidget& opener)
     : QFrame(opener.window(), Qt::Popup | Qt::FramelessWindowHint),
@@ -36,7 +26,8 @@ MenuPopup::MenuPopup(std::vector<viewkit::MenuItem> items, const std::string& cu
   setAccessibleName(opener.accessibleName());
   setLayoutDirection(opener.layoutDirection());
   auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
+  layout->setContentsMargins(look::menu::kPadding, look::menu::kPadding, look::menu::kPadding,
+                             look::menu::kPadding);
   layout->addWidget(list_);
   setFocusProxy(list_);
   list_->setPicked([this](int row) { pick(row); });
@@ -54,39 +45,42 @@ void MenuPopup::openOver() {
   const QRect button = openerOnScreen();
   const QRect screen = available();
   const QRect item = list_->rowRect(row);
-  const int limit = static_cast<int>(screen.height() * kMaxShare);
+  const int limit = static_cast<int>(screen.height() * look::menu::kMaxShare);
   const int height = std::min(naturalHeight(), limit);
-  // The whole menu where it fits, else as much of it on both sides.
-  const int wanted = naturalHeight() <= limit ? button.center().y() - kPadding - item.center().y()
-                                              : button.center().y() - height / 2;
+  // A menu that fits shows the current item over the button; a longer one is centred on the button.
+  const int wanted = naturalHeight() <= limit
+                         ? button.center().y() - look::menu::kPadding - item.center().y()
+                         : button.center().y() - height / 2;
   const int top =
       std::clamp(wanted, screen.top(), std::max(screen.top(), screen.bottom() - height));
-  // Over the button, and in sight as a whole where the button lies at the edge of the screen.
+  // The current item lies over the button, but stays whole where the button is near the edge of the
+  // screen.
   const int half = (item.height() + 1) / 2;
-  const int inList = std::clamp(button.center().y() - top - kPadding, half,
-                                std::max(half, height - 2 * kPadding - half));
+  const int inList = std::clamp(button.center().y() - top - look::menu::kPadding, half,
+                                std::max(half, height - 2 * look::menu::kPadding - half));
   open(top, height, item.center().y() - inList);
 }
 
 void MenuPopup::openUnder() {
   const QRect button = openerOnScreen();
   const QRect screen = available();
-  const int below = screen.bottom() - button.bottom() - kGap;
-  const int above = button.top() - screen.top() - kGap;
+  const int below = screen.bottom() - button.bottom() - look::menu::kGap;
+  const int above = button.top() - screen.top() - look::menu::kGap;
   const bool goesUp = naturalHeight() > below && above > below;
-  const int height = std::min(
-      {naturalHeight(), goesUp ? above : below, static_cast<int>(screen.height() * kMaxShare)});
+  const int height = std::min({naturalHeight(), goesUp ? above : below,
+                               static_cast<int>(screen.height() * look::menu::kMaxShare)});
   const int row = list_->currentRow();
   const int scrolledBy = row < 0 ? 0 : list_->rowRect(row).center().y() - height / 2;
-  open(goesUp ? button.top() - kGap - height : button.bottom() + 1 + kGap, height, scrolledBy);
+  open(goesUp ? button.top() - look::menu::kGap - height : button.bottom() + 1 + look::menu::kGap,
+       height, scrolledBy);
 }
 
 void MenuPopup::open(int top, int height, int scrolledBy) {
   const QRect button = openerOnScreen();
   const QRect screen = available();
   const int bar = height < naturalHeight() ? list_->verticalScrollBar()->sizeHint().width() : 0;
-  const int width = std::clamp(list_->contentWidth() + 2 * kPadding + bar, button.width(),
-                               std::max(button.width(), kMaxWidth));
+  const int width = std::clamp(list_->contentWidth() + 2 * look::menu::kPadding + bar,
+                               button.width(), std::max(button.width(), look::menu::kMaxWidth));
   const int wanted =
       layoutDirection() == Qt::RightToLeft ? button.right() + 1 - width : button.left();
   const int left =
@@ -94,32 +88,33 @@ void MenuPopup::open(int top, int height, int scrolledBy) {
   setGeometry(left, top, width, height);
   show();
   list_->setFocus();
-  // Before the list knows how long it is it does not scroll.
+  // The list scrolls only once its items are laid out.
   layout()->activate();
   list_->doItemsLayout();
   list_->verticalScrollBar()->setValue(scrolledBy);
-  tell(QAccessible::ObjectCreated);
+  announce(QAccessible::ObjectCreated);
 }
 
 void MenuPopup::hideEvent(QHideEvent* event) {
-  tell(QAccessible::ObjectDestroyed);
+  announce(QAccessible::ObjectDestroyed);
   QFrame::hideEvent(event);
 }
 
-void MenuPopup::tell(QAccessible::Event what) {
-  QAccessibleEvent event(list_, what);
-  QAccessible::updateAccessibility(&event);
+void MenuPopup::announce(QAccessible::Event event) {
+  QAccessibleEvent announcement(list_, event);
+  QAccessible::updateAccessibility(&announcement);
 }
 
-int MenuPopup::naturalHeight() const { return list_->contentHeight() + 2 * kPadding; }
+int MenuPopup::naturalHeight() const { return list_->contentHeight() + 2 * look::menu::kPadding; }
 
 QRect MenuPopup::openerOnScreen() const {
   return {opener_->mapToGlobal(QPoint()), opener_->size()};
 }
 
 QRect MenuPopup::available() const {
-  return opener_->screen()->availableGeometry().adjusted(kScreenMargin, kScreenMargin,
-                                                         -kScreenMargin, -kScreenMargin);
+  return opener_->screen()->availableGeometry().adjusted(
+      look::menu::kScreenMargin, look::menu::kScreenMargin, -look::menu::kScreenMargin,
+      -look::menu::kScreenMargin);
 }
 
 void MenuPopup::pick(int row) {
@@ -130,13 +125,13 @@ void MenuPopup::pick(int row) {
 
 void MenuPopup::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  Style::drawFloatingSurface(painter, rect(), Style::kCornerRadius, palette());
+  Style::drawFloatingSurface(painter, rect(), look::kCornerRadius, palette());
 }
 
 void MenuPopup::resizeEvent(QResizeEvent* event) {
   QFrame::resizeEvent(event);
   QPainterPath outline;
-  outline.addRoundedRect(rect(), Style::kCornerRadius, Style::kCornerRadius);
+  outline.addRoundedRect(rect(), look::kCornerRadius, look::kCornerRadius);
   setMask(QRegion(outline.toFillPolygon().toPolygon()));
 }
 

@@ -13,15 +13,17 @@ namespace qt {
 
 class MenuList;
 
-// An open menu: a list in a surface of its own, made for a handful of items as for a thousand. It
-// is there until the person picks an item or goes elsewhere.
+// An open menu: a pop-up window with a list of items. It deletes itself when it closes, which it
+// does when the person picks an item or clicks outside. A menu of a thousand items opens as fast as
+// a short one.
 class MenuPopup : public QFrame {
 public:
   // `current` is the title of the item that is chosen now.
   MenuPopup(std::vector<viewkit::MenuItem> items, const std::string& current, QWidget& opener);
 
-  // Opens with the current item over the opener, as a pop-up button does, or under the opener.
+  // Opens with the current item over the opener, as a pop-up button does.
   void openOver();
+  // Opens below the opener, or above it where there is more room.
   void openUnder();
 
   MenuList& list() const { return *list_; }
@@ -34,10 +36,11 @@ protected:
 private:
   void open(int top, int height, int scrolledBy);
   void pick(int row);
-  // That the menu is there, or is no longer, to assistive technology.
-  void tell(QAccessible::Event what);
+  // Tells assistive technology that the menu was opened or closed.
+  void announce(QAccessible::Event event);
   int naturalHeight() const;
   QRect openerOnScreen() const;
+  // The part of the screen that the menu may cover.
   QRect available() const;
 
   std::vector<viewkit::MenuItem> items_;

@@ -25,7 +25,7 @@ class RestDrawing final : public QObject, public QTextObjectInterface {
 public:
   using QObject::QObject;
 
-  // The document's layout asks for the interface by name.
+  // The layout of the document looks the interface up by name.
   void* qt_metacast(const char* name) override {
     if (std::strcmp(name, qobject_interface_iid<QTextObjectInterface*>()) == 0) {
       return static_cast<QTextObjectInterface*>(this);
@@ -52,7 +52,7 @@ public:
 
 bool isRest(const QTextFragment& fragment) { return fragment.charFormat().objectType() == kRest; }
 
-// The whole text from `start` to `end` in the document.
+// The whole text between two positions of the document.
 QString textBetween(const QTextDocument& document, int start, int end) {
   QString result;
   for (QTextBlock block = document.findBlock(start); block.isValid() && block.position() < end;

@@ -1,7 +1,9 @@
 #include "controls/text/SelectableText.hpp"
 
+#include "bridge/Strings.hpp"
 #include "paint/Colors.hpp"
 #include "paint/Fonts.hpp"
+#include "paint/Look.hpp"
 #include "paint/Style.hpp"
 
 #include <QFontMetricsF>
@@ -14,9 +16,9 @@
 
 namespace qt {
 
-SelectableText::SelectableText(Mirror& mirror, const viewkit::PresentationNode& node,
+SelectableText::SelectableText(MirroredTree& tree, const viewkit::PresentationNode& node,
                                QWidget& parent)
-    : QTextEdit(&parent), ControlWidget(mirror, node) {
+    : QTextEdit(&parent), ControlWidget(tree, node) {
   setReadOnly(true);
   setUndoRedoEnabled(false);
   setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -41,11 +43,11 @@ void SelectableText::refresh() {
   const auto* selectable = control<viewkit::SelectableTextControl>();
   if (!selectable) return;
   const QFont font = fontOf(selectable->text.font);
-  const QString wanted = text(selectable->text.text);
+  const QString wanted = toQString(selectable->text.text);
   QTextCursor cursor(document());
   cursor.select(QTextCursor::Document);
   if (document()->defaultFont() != font) document()->setDefaultFont(font);
-  // Lines as high as those of text that is only shown, which layout has measured.
+  // Lines are as high as those of TextLines, which layout measured.
   const QFontMetricsF metrics(font);
   const qreal lineHeight = std::ceil(metrics.ascent()) + std::ceil(metrics.descent());
   if (cursor.blockFormat().lineHeight() != lineHeight) {
@@ -57,18 +59,16 @@ void SelectableText::refresh() {
     cursor.insertText(wanted);
     setTextCursor(QTextCursor(document()));
   }
+  applyColor(selectable->text);
+}
 
+void SelectableText::applyColor(const viewkit::TextVisual& text) {
   QPalette colors = palette();
-  const QColor color = colorOf(selectable->text.color);
+  const QColor color = colorOf(text.color);
   if (colors.color(QPalette::Text) != color) {
     colors.setColor(QPalette::Text, color);
     setPalette(colors);
   }
-}
-
-void SelectableText::changeEvent(QEvent* event) {
-  QTextEdit::changeEvent(event);
-  if (event->type() == QEvent::ApplicationPaletteChange) refresh();
 }
 
 void SelectableText::keyPressEvent(QKeyEvent* event) {
@@ -89,10 +89,11 @@ void SelectableText::focusOutEvent(QFocusEvent* event) {
 }
 
 void SelectableText::paintEvent(QPaintEvent* event) {
+  if (const auto* selectable = control<viewkit::SelectableTextControl>())
+    applyColor(selectable->text);
   QTextEdit::paintEvent(event);
-  if (!Style::showsFocus(*this)) return;
   QPainter painter(viewport());
-  Style::drawFocusRing(painter, rect(), 2, palette());
+  Style::drawKeyboardFocus(painter, *this, rect(), look::selectableText::kFocusRingRadius);
 }
 
 void SelectableText::wheelEvent(QWheelEvent* event) { event->ignore(); }

@@ -6,10 +6,10 @@
 
 namespace qt {
 
-// Text that a person can select and copy, with the mouse or the keyboard.
+// A text that a person can select and copy, with the mouse or the keyboard.
 class SelectableText : public QTextEdit, public ControlWidget {
 public:
-  SelectableText(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent);
+  SelectableText(MirroredTree& tree, const viewkit::PresentationNode& node, QWidget& parent);
 
   QWidget& widget() override { return *this; }
   void refresh() override;
@@ -17,13 +17,16 @@ public:
 
 protected:
   void startAnew() override;
-  void changeEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 
 private:
+  // Sets the color of the text in the current appearance. Called before each painting, because the
+  // appearance may have changed.
+  void applyColor(const viewkit::TextVisual& text);
+
   appkit::Text textResponder_;
 };
 

@@ -1,8 +1,9 @@
 #include "controls/text/TextField.hpp"
 
+#include "bridge/Strings.hpp"
 #include "controls/text/LongText.hpp"
 #include "controls/text/editText.hpp"
-#include "paint/Fonts.hpp"
+#include "paint/Look.hpp"
 #include "paint/Style.hpp"
 
 #include <QApplication>
@@ -20,9 +21,7 @@ namespace qt {
 
 namespace {
 
-constexpr int kHorizontalPadding = 7;
-constexpr double kDefaultWidth = 160;
-// What is longer than any field shows lines of plays no part in its height.
+// Only this many characters are measured: no field shows more lines than they fill.
 constexpr qsizetype kMeasuredLength = 4096;
 
 int lineCount(const QString& text, double width, int limit) {
@@ -45,8 +44,8 @@ double lineHeight() { return std::ceil(QFontMetricsF(QApplication::font()).heigh
 
 }  // namespace
 
-TextField::TextField(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent)
-    : QTextEdit(&parent), ControlWidget(mirror, node) {
+TextField::TextField(MirroredTree& tree, const viewkit::PresentationNode& node, QWidget& parent)
+    : QTextEdit(&parent), ControlWidget(tree, node) {
   const auto& field = std::get<viewkit::TextFieldControl>(*node.control());
   const int limit = field.lineLimit;
   setAcceptRichText(false);
@@ -55,7 +54,7 @@ TextField::TextField(Mirror& mirror, const viewkit::PresentationNode& node, QWid
   setLineWrapMode(limit > 1 ? QTextEdit::WidgetWidth : QTextEdit::NoWrap);
   QTextOption options;
   options.setWrapMode(limit > 1 ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
-  // At the leading edge, whatever the direction of what is typed.
+  // Aligned to the leading edge of the layout, whatever the direction of the text.
   options.setAlignment(
       (parent.layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft) |
       Qt::AlignAbsolute);
@@ -68,16 +67,17 @@ TextField::TextField(Mirror& mirror, const viewkit::PresentationNode& node, QWid
   viewport()->setAutoFillBackground(false);
   viewport()->setMouseTracking(true);
   const int padding = static_cast<int>((Style::controlHeight() - lineHeight()) / 2);
-  setViewportMargins(kHorizontalPadding, padding, kHorizontalPadding, padding);
-  showAtFirst(text(field.text));
+  setViewportMargins(look::field::kHorizontalPadding, padding, look::field::kHorizontalPadding,
+                     padding);
+  showInitial(toQString(field.text));
   connect(this, &QTextEdit::textChanged, this, [this] { textEdited(); });
 }
 
-void TextField::showAtFirst(const QString& text) {
-  // What the person did not do is not undone.
+void TextField::showInitial(const QString& text) {
+  // Undo reverts only what the person did.
   setUndoRedoEnabled(false);
-  told_ = text;
-  editText(*this, told_);
+  reported_ = text;
+  editText(*this, reported_);
   setUndoRedoEnabled(true);
 }
 
@@ -90,7 +90,7 @@ bool TextField::shows(const viewkit::PresentationNode& node) const {
 void TextField::startAnew() {
   composing_ = false;
   refreshing_ = true;
-  showAtFirst(text(control<viewkit::TextFieldControl>()->text));
+  showInitial(toQString(control<viewkit::TextFieldControl>()->text));
   refreshing_ = false;
   moveCursor(QTextCursor::End);
   horizontalScrollBar()->setValue(0);
@@ -99,33 +99,35 @@ void TextField::startAnew() {
 
 QSizeF TextField::sizeFor(const viewkit::TextFieldControl& field,
                           const viewkit::ProposedSize& proposal) {
-  const double width =
-      proposal.width && std::isfinite(*proposal.width) ? *proposal.width : kDefaultWidth;
-  const int lines = field.lineLimit > 1
-                        ? lineCount(text(field.text), std::max(1.0, width - 2 * kHorizontalPadding),
-                                    field.lineLimit)
-                        : 1;
+  const double width = proposal.width && std::isfinite(*proposal.width)
+                           ? *proposal.width
+                           : look::field::kDefaultWidth;
+  const int lines =
+      field.lineLimit > 1
+          ? lineCount(toQString(field.text),
+                      std::max(1.0, width - 2 * look::field::kHorizontalPadding), field.lineLimit)
+          : 1;
   return {width, Style::controlHeight() + (lines - 1) * lineHeight()};
 }
 
 void TextField::refresh() {
   const auto* field = control<viewkit::TextFieldControl>();
   if (!field) return;
-  setPlaceholderText(text(field->placeholder));
-  const QString wanted = text(field->text);
-  // What an input method has in hand is not disturbed.
+  setPlaceholderText(toQString(field->placeholder));
+  const QString wanted = toQString(field->text);
+  // Changing the text would end the composition of an input method.
   if (composing_ || LongText::whole(*document()) == wanted) return;
   refreshing_ = true;
   editText(*this, wanted);
-  told_ = wanted;
+  reported_ = wanted;
   refreshing_ = false;
 }
 
 void TextField::textEdited() {
   if (refreshing_) return;
   const QString now = LongText::whole(*document());
-  if (now == told_) return;
-  told_ = now;
+  if (now == reported_) return;
+  reported_ = now;
   LongText::shorten(*this);
   call(&viewkit::TextFieldControl::change, now.toStdString());
   refreshLater();
@@ -140,7 +142,7 @@ bool TextField::event(QEvent* event) {
   if (event->type() != QEvent::Paint) return QTextEdit::event(event);
   QPainter painter(this);
   Style::drawFieldSurface(painter, rect(), palette(), isEnabled());
-  if (hasFocus()) Style::drawFocusRing(painter, rect(), Style::kCornerRadius, palette());
+  if (hasFocus()) Style::drawFocusRing(painter, rect(), look::kCornerRadius, palette());
   return true;
 }
 
@@ -163,7 +165,7 @@ void TextField::focusInEvent(QFocusEvent* event) {
 void TextField::focusOutEvent(QFocusEvent* event) {
   QTextEdit::focusOutEvent(event);
   update();
-  // A menu of the field's own takes the keyboard only for a while.
+  // The context menu of the field takes the focus only while it is open.
   if (event->reason() == Qt::PopupFocusReason) return;
   QTextCursor cursor = textCursor();
   cursor.clearSelection();

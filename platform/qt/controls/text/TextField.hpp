@@ -6,11 +6,11 @@
 
 namespace qt {
 
-// Text that a person types, in one line or a few. Every keystroke is told at once; Return commits,
-// leaving the field ends the editing.
+// A text field of one line or a few. Each keystroke is reported at once. Return commits; losing the
+// focus ends the editing.
 class TextField : public QTextEdit, public ControlWidget {
 public:
-  TextField(Mirror& mirror, const viewkit::PresentationNode& node, QWidget& parent);
+  TextField(MirroredTree& tree, const viewkit::PresentationNode& node, QWidget& parent);
 
   static QSizeF sizeFor(const viewkit::TextFieldControl& field,
                         const viewkit::ProposedSize& proposal);
@@ -33,13 +33,15 @@ protected:
   void insertFromMimeData(const QMimeData* source) override;
 
 private:
-  // As the view gave it, with nothing to undo.
-  void showAtFirst(const QString& text);
+  // Shows the text of the view, with nothing to undo.
+  void showInitial(const QString& text);
   void textEdited();
 
   appkit::Text textResponder_;
-  QString told_;
+  // The text that the view knows: the last that it gave or that was reported to it.
+  QString reported_;
   bool refreshing_ = false;
+  // Whether an input method is composing a text.
   bool composing_ = false;
 };
 

@@ -9,8 +9,8 @@
 
 namespace qt {
 
-// Makes `wanted` the text by changing no more than differs, so that the caret stays where it was in
-// what remains, and the change can be undone.
+// Makes `wanted` the text of the editor. Only the part that differs is replaced, so the caret keeps
+// its place and the change can be undone.
 inline void editText(QTextEdit& edit, const QString& wanted) {
   const QString before = LongText::whole(*edit.document());
   QTextCursor cursor(edit.document());

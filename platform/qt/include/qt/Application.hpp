@@ -10,45 +10,49 @@
 
 namespace qt {
 
-// The process's connection to the desktop. While it lives, the main queue is drained by the event
-// loop, the application's fonts are the machine's, and every window is drawn in the effective
-// appearance, at once when that changes. What the desktop prefers is asked of its settings portal
-// where it has one, and is else what the colours tell that the platform gives Qt; both are followed
-// while the application runs. One at a time, made before any window and before threads; main
-// thread.
+// The connection of the process to the desktop. While it lives, the event loop drains the main
+// queue, appkit knows the installed fonts, and every window is drawn in the effective appearance
+// and follows its changes.
+//
+// The preferences of the desktop come from its settings portal or, without one, from the palette
+// that the platform gives Qt. Changes of both are followed.
+//
+// There is one application at a time. Make it before any window and before other threads, and use
+// it on the main thread only.
 class Application {
 public:
-  // Where windows are drawn: on the person's display, or into memory only.
+  // Where windows are drawn: on the display, or only into memory.
   enum class Display { screen, offscreen };
 
-  // Whether there is a display to open windows on. Qt stops the process when there is none.
+  // Whether there is a display. Without one, making an application for the screen ends the process.
   static bool hasDisplay();
 
-  // `argc` and `argv` outlive the application. Qt takes the options out that it knows.
+  // `argc` and `argv` outlive the application. Qt removes the options that it knows.
   Application(int& argc, char** argv, Display display);
   ~Application();
   Application(const Application&) = delete;
   Application& operator=(const Application&) = delete;
 
-  // Runs the event loop until `quit`, or until the last window is closed. The process's exit code.
+  // Runs the event loop until `quit` or until the last window is closed. Returns the exit code of
+  // the process.
   int run();
   static void quit();
 
-  // Handles what is waiting, events and main queue, without waiting for more.
+  // Handles the pending events and the main queue, and returns without waiting for more.
   static void processEvents();
 
-  // The languages that the person reads, the best first: "pt-BR", "de".
+  // The languages of the person, the preferred one first: "pt-BR", "de".
   static std::vector<std::string> preferredLanguages();
-  // The language of dialogs that are Qt's own, and the direction that it is written in, which
-  // windows made from now on may be given.
+  // Sets the language of Qt's own dialogs and, with it, `layoutDirection`. Windows that are open
+  // keep their direction.
   void setLanguage(const std::string& code);
   static viewkit::LayoutDirection layoutDirection();
 
-  // Whether the person asked the desktop for less movement: for the environment of windows.
+  // Whether the person prefers reduced motion. Hosts pass it to the environment of their windows.
   bool reducedMotion() const;
 
-  // Calls `readable` on the main thread whenever the file descriptor has something to read. The
-  // descriptor stays the caller's and must stay open as long as the subscription is held.
+  // Calls `readable` on the main thread whenever the file descriptor is readable. The caller owns
+  // the descriptor and keeps it open while it holds the subscription.
   [[nodiscard]] QEVSettings::Subscription watch(int descriptor, std::function<void()> readable);
 
 private:

@@ -4,7 +4,8 @@
 
 namespace qt {
 
-// The updater's clockwork on the event loop. Used while the application lives; main thread.
+// The updater's timer on the event loop. Needs a qt::Application that outlives it. Main thread
+// only.
 class EventLoopTimer final : public sparkle::UpdateTimer {
 public:
   [[nodiscard]] QEVSettings::Subscription after(std::chrono::seconds delay,

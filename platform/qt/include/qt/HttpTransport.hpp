@@ -7,9 +7,9 @@
 
 namespace qt {
 
-// Fetches http://, https:// and file:// addresses through the event loop. Follows redirections, but
-// never from https:// to http://. Sends no cookies, no language and no more of the system than the
-// request's headers say. Made after the application and destroyed before it; main thread.
+// Fetches http://, https:// and file:// addresses. Follows redirections, but never from https:// to
+// http://. Sends no cookies, and nothing about the person or the system beyond the headers of the
+// request. Needs a qt::Application that outlives it. Main thread only.
 class HttpTransport final : public sparkle::FeedTransport {
 public:
   HttpTransport();

@@ -9,12 +9,12 @@
 
 namespace qt {
 
-// Shows the outcome of a check for updates in a dialog that leaves the rest of the application
-// usable; a new outcome takes the place of one that is still shown. What comes from the feed is
-// shown as plain text. Destroyed before the application; main thread.
+// Shows the outcome of a check for updates in a modeless dialog. A new outcome replaces one that is
+// still shown. Texts of the feed are shown as plain text. Needs a qt::Application that outlives it.
+// Main thread only.
 class UpdateDialog final : public sparkle::SPUUserDriver {
 public:
-  // Gives a text in the person's language; the key is the English text, "%1" and the like included.
+  // Translates a text. The key is the English text with its placeholders, "%1" and so on.
   using Localize = std::function<std::string(std::string_view key)>;
 
   explicit UpdateDialog(Localize localize);

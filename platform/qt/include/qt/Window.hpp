@@ -24,50 +24,50 @@ class WindowWidget;
 
 struct WindowOptions {
   std::string title;
-  // Points. The window is never smaller than its root view needs; where the view has a height of
-  // its own, the window takes that and follows it until the person gives it another one.
+  // The initial size, points. The window is never smaller than its root view needs. A root view of
+  // fixed height sets the height of the window, until the person resizes it.
   viewkit::Size size{720, 480};
   viewkit::Environment environment;
   viewkit::View root;
 };
 
-// A window with a view in it. Its controls are the platform's own, so keyboard, input methods,
-// selection and assistive technology work as they do everywhere.
+// A window that shows a view. Its controls are Qt widgets, so keyboard, input methods, selection
+// and assistive technology work as in other programs.
 //
-// What keys do in it is described at viewkit::routeKey. When the person's session ends, the texts
-// that are being edited are committed. Needs a qt::Application that outlives it. Main thread only.
+// viewkit::routeKey describes what keys do. When the session of the person ends, a text that is
+// being edited is committed. Needs a qt::Application that outlives it. Main thread only.
 class Window : public appkit::Window {
 public:
   explicit Window(WindowOptions options);
-  // The views disappear; `onClose` is not told.
+  // The views disappear. `onClose` is not called.
   ~Window() override;
 
-  // Opens the window, or brings it to the front.
+  // Opens the window or brings it to the front. Does nothing after `close`.
   void show();
-  // As a person would: a text that is being edited is committed, the views disappear, and the
-  // window stays closed for good.
+  // Closes the window for good: commits a text that is being edited, and makes the views disappear.
   void close();
   bool isOpen() const;
-  // Called on the turn of the main queue after the window was closed, by whomever; it may destroy
-  // the window.
+  // `closed` is called once, on the turn of the main queue after the window was closed by the
+  // person or by `close`. It may destroy the window.
   void onClose(std::function<void()> closed);
 
-  // Called while the window closes or is destroyed, if texts stand refused in their fields: they
-  // are not stored, and the host should say so. The call may not destroy the window.
+  // `refused` is called while the window closes or is destroyed, if fields hold texts that their
+  // views refused. These texts are not stored, and the host should tell the person. The call may
+  // not destroy the window.
   void onRefusedTexts(std::function<void(const std::vector<viewkit::RefusedText>&)> refused);
 
-  // Draws the window's content as it is, on the screen or not, into a PNG file with `scale` pixels
-  // a point. Fades in progress are ended first. The file is replaced whole; a new one is readable
-  // by the user alone. A link, or anything else that is no regular file, is refused and left as it
-  // is.
+  // Draws the content of the window, shown or not, into a PNG file with `scale` pixels per point.
+  // Ends fades in progress first. Replaces an existing file as a whole; a new file is readable by
+  // the user alone. Fails, and changes nothing, when the path is a link or anything else that is no
+  // regular file, or cannot be written.
   foundation::Outcome snapshot(const std::string& path, double scale);
 
-  // What the window consists of, to be put into a window of the host's own instead of being shown:
-  // that one then has its title, its size, and the keys that close a window. It stays this
-  // window's, which goes before the host's.
+  // The widget of the window, for hosts that place it into a window of their own instead of calling
+  // `show`. The host's window then decides title, size and the keys that close it. This object
+  // keeps the ownership and is destroyed before the host's window.
   QWidget& widget();
 
-  // The views at work. Until the window is closed.
+  // The host of the views. May be called only while the window is open.
   viewkit::ViewHost& host();
 
   appkit::Responder* firstResponder() const override;

@@ -10,27 +10,27 @@
 
 namespace sparkle {
 
-// A longer feed is not read.
+// Bytes. A longer feed is refused.
 inline constexpr std::size_t kLongestFeed = std::size_t{4} << 20;
 
-// What an item of the feed says can be downloaded. What the feed leaves out is empty.
+// The download of an item. Fields that the feed leaves out are empty.
 struct Enclosure {
   std::string url;
   std::string type;
   // Ed25519, in base64.
   std::string signature;
-  // Bytes; 0 when the feed does not say.
+  // Bytes; 0 when the feed does not give it.
   std::uint64_t length = 0;
 };
 
-// One version that a feed offers. What the feed leaves out is empty.
+// One version in a feed. Fields that the feed leaves out are empty.
 struct AppcastItem {
   std::string title;
-  // What versions are compared by.
+  // The version that `compareVersions` compares.
   std::string version;
-  // What people call the version; the version itself where the feed has no other name for it.
+  // The version that is shown; `version` where the feed gives no other.
   std::string displayVersion;
-  // As the feed has it, with whatever markup its author used: `plainText` makes it readable.
+  // May contain markup, which `plainText` removes.
   std::string notes;
   std::string notesLink;
   std::string publicationDate;
@@ -41,13 +41,13 @@ struct AppcastItem {
 // The items of an appcast, an RSS feed whose items carry `sparkle:version`, in the order of the
 // feed. An item without a version is left out.
 //
-// Fails when the text is longer than `kLongestFeed`, is no well-formed XML, declares a document
-// type (so that no entity is ever expanded and nothing is fetched from elsewhere), or is no RSS
-// feed. Any bytes may be passed; nothing outside them is read.
+// Fails when the text is longer than `kLongestFeed`, is no well-formed XML or is no RSS feed. A
+// text with a document type is refused as well, so no entity is expanded and nothing is fetched
+// from elsewhere. Any bytes may be passed.
 foundation::Result<std::vector<AppcastItem>> parseAppcast(std::string_view feed);
 
-// Notes without their markup, fit to be shown as they are: lines for paragraphs and line breaks, "•
-// " for list items, characters for the common entities.
+// Notes without their markup. Paragraphs and line breaks become lines, a list item begins with a
+// bullet and a blank, and common entities become characters.
 std::string plainText(std::string_view notes);
 
 }  // namespace sparkle

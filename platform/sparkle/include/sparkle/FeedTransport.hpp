@@ -11,19 +11,19 @@
 
 namespace sparkle {
 
-// What is asked of a transport. It sends these headers, what its protocol cannot do without, and
-// nothing that tells one person or machine from another.
+// A request to a transport. The transport sends these headers, those that its protocol requires,
+// and nothing that identifies the person or the machine.
 struct FeedRequest {
   std::string address;
   std::map<std::string, std::string> headers = {};
-  // Bytes; a longer answer is an error, found before all of it was fetched.
+  // Bytes. A longer answer is an error, and is not fetched to its end.
   std::size_t longestAnswer = 0;
-  // For the whole answer; a slower one is an error.
+  // The time for the whole answer. A slower one is an error.
   std::chrono::seconds patience{30};
 };
 
-// The way to the update feed. The updater opens no connections itself; the host hands one of these
-// in.
+// Fetches the update feed and packages. The updater opens no connections itself; the host provides
+// a transport. Main thread only.
 class FeedTransport {
 public:
   using Completion = std::function<void(const foundation::Result<std::string>& answer)>;
@@ -33,11 +33,11 @@ public:
   FeedTransport& operator=(const FeedTransport&) = delete;
   virtual ~FeedTransport() = default;
 
-  // Fetches what is at the address without keeping the main thread waiting. A redirection is
-  // followed only from http:// to http:// or https://, and from https:// to https://. The
-  // completion is called once, on a later turn of the main queue, never within the call; letting
-  // the subscription go before that gives the fetch up. The completion may let it go, too. Main
-  // thread.
+  // Fetches an address without blocking the main thread. Redirections are followed from http:// to
+  // http:// or https://, and from https:// to https:// only.
+  //
+  // `completion` is called once, on a later turn of the main queue. Destroying the subscription
+  // before that cancels the fetch; `completion` may destroy it too.
   [[nodiscard]] virtual QEVSettings::Subscription fetch(const FeedRequest& request,
                                                         Completion completion) = 0;
 };

@@ -8,14 +8,14 @@
 
 namespace sparkle {
 
-// Reads file:// addresses, such as the feed of a mirror on this machine. Headers have no meaning
-// here.
+// Reads file:// addresses, such as the feed of a mirror on this machine. Ignores headers. Fails for
+// every other address.
 class FileTransport final : public FeedTransport {
 public:
   [[nodiscard]] QEVSettings::Subscription fetch(const FeedRequest& request,
                                                 Completion completion) override;
 
-  // The path that a file:// address names, percent escapes resolved; nothing for any other address.
+  // The path of a file:// address, percent-decoded; nothing for any other address.
   static std::optional<std::filesystem::path> pathOf(std::string_view address);
 };
 

@@ -6,21 +6,21 @@
 
 namespace sparkle {
 
-// Owns the application's updater, together with the standard user interface that the host has set
-// in UpdaterConfiguration::standard(). Main thread.
+// Owns the updater of the application. It works with UpdaterConfiguration::standard(), which the
+// host sets before. Main thread only.
 class SPUStandardUpdaterController {
 public:
-  // Starts the updater at once where `startingUpdater` says so. The delegates may be empty, and may
-  // go at any time.
+  // Starts the updater when `startingUpdater` is true. The delegates may be empty and may be
+  // destroyed at any time.
   SPUStandardUpdaterController(bool startingUpdater,
                                std::weak_ptr<SPUUpdaterDelegate> updaterDelegate,
                                std::weak_ptr<SPUStandardUserDriverDelegate> userDriverDelegate);
 
-  // The same one for as long as the controller lives.
+  // The same updater for as long as the controller lives.
   SPUUpdater& updater() { return updater_; }
   const SPUUpdater& updater() const { return updater_; }
 
-  // What a button or a menu item calls. Who sends it makes no difference; nullptr for nobody.
+  // Called by a button or a menu item. `sender` is ignored and may be null.
   void checkForUpdates(const void* sender);
 
 private:

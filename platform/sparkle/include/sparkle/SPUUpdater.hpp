@@ -13,11 +13,11 @@
 
 namespace sparkle {
 
-// Looks for newer versions of the application in an update feed, when it is asked to and, where the
-// person wants that, once a day by itself. It never installs anything.
+// Looks for newer versions of the application in an update feed: on request and, where the person
+// wants that, once a day by itself. It never installs anything.
 //
-// Its three settings live in the preferences store and follow it: a change made there by another
-// process changes the property. All of them are off until someone turns them on. Main thread only.
+// Its three settings are stored in the preferences store, and follow changes that are made there,
+// by other processes too. They are off by default. Main thread only.
 class SPUUpdater {
 public:
   explicit SPUUpdater(UpdaterConfiguration configuration,
@@ -25,20 +25,20 @@ public:
                       std::weak_ptr<SPUStandardUserDriverDelegate> userDriverDelegate = {});
   SPUUpdater(const SPUUpdater&) = delete;
   SPUUpdater& operator=(const SPUUpdater&) = delete;
-  // Gives up a check that is under way.
+  // Cancels a check in progress.
   ~SPUUpdater() = default;
 
-  // From now on checks can begin, and those begin by themselves that the settings ask for.
+  // Allows checks, and begins those that the settings ask for.
   void start();
 
-  // Begins a check, whose outcome the user driver shows. Does nothing while `canCheckForUpdates` is
+  // Begins a check. The user driver shows its outcome. Does nothing while `canCheckForUpdates` is
   // false.
   void checkForUpdates();
 
-  // The properties. An observer hears of each change of a value, whoever made it.
+  // The properties. An observer is called for each change of a value, whoever made it.
   using BooleanObserver = foundation::Observable<bool>::Observer;
 
-  // True when the updater has started and no check is under way.
+  // True when the updater has started and no check is in progress.
   bool canCheckForUpdates() const { return canCheckForUpdates_.get(); }
   [[nodiscard]] foundation::Subscription observeCanCheckForUpdates(
       foundation::ObservingOptions options, BooleanObserver observer);
@@ -59,14 +59,14 @@ public:
   [[nodiscard]] foundation::Subscription observeAutomaticallyDownloadsUpdates(
       foundation::ObservingOptions options, BooleanObserver observer);
 
-  // Whether a request for the feed says what system and what kind of machine it comes from.
+  // Whether requests for the feed contain the system's version and the machine's architecture.
   bool sendsSystemProfile() const { return sendsSystemProfile_.property.get(); }
   void setSendsSystemProfile(bool value);
   [[nodiscard]] foundation::Subscription observeSendsSystemProfile(
       foundation::ObservingOptions options, BooleanObserver observer);
 
 private:
-  // A property whose value is the store's.
+  // A property that is stored in the preferences store.
   struct Setting {
     Setting(QEVSettings::PreferencesStore& store, std::string_view key);
     void set(bool value) { store.setBool(value, key); }
@@ -83,13 +83,14 @@ private:
   void check(Occasion occasion);
   void takeFeed(Occasion occasion, const std::string& address,
                 const foundation::Result<std::string>& feed);
-  // Whether an update that a check found is to be downloaded, and why that cannot be.
+  // Whether to download an update that was found. Sets `update.packageProblem` when the person
+  // wants it but it is not allowed.
   bool mayDownload(Occasion occasion, const std::string& feedAddress, FoundUpdate& update) const;
   void fail(Occasion occasion, const foundation::Error& error);
   void download(FoundUpdate update);
   void finish(const Show& show);
   void schedule();
-  // Empty when there is none.
+  // Empty when no feed is configured.
   std::string feedAddress();
   std::chrono::seconds timeUntilDue() const;
 

@@ -7,8 +7,7 @@ namespace sparkle {
 
 class SPUUpdater;
 
-// Takes part in what an updater does. Every operation has a default that changes nothing. Main
-// thread.
+// Influences an updater. Every operation has a default that changes nothing. Main thread only.
 class SPUUpdaterDelegate {
 public:
   SPUUpdaterDelegate() = default;
@@ -16,13 +15,13 @@ public:
   SPUUpdaterDelegate& operator=(const SPUUpdaterDelegate&) = delete;
   virtual ~SPUUpdaterDelegate() = default;
 
-  // Another address for the next check than the configured one.
+  // The address for the next check, instead of the configured one.
   virtual std::optional<std::string> feedURLString(const SPUUpdater& /*updater*/) {
     return std::nullopt;
   }
 };
 
-// Hears from the standard user interface. Main thread.
+// Is notified by the standard user interface. Main thread only.
 class SPUStandardUserDriverDelegate {
 public:
   SPUStandardUserDriverDelegate() = default;
@@ -30,7 +29,7 @@ public:
   SPUStandardUserDriverDelegate& operator=(const SPUStandardUserDriverDelegate&) = delete;
   virtual ~SPUStandardUserDriverDelegate() = default;
 
-  // Right before the outcome of a check is shown.
+  // Called right before the outcome of a check is shown.
   virtual void standardUserDriverWillShowOutcome() {}
 };
 

@@ -7,7 +7,7 @@
 
 namespace sparkle {
 
-// The event loop's clockwork, as far as the updater needs it.
+// The timer of an event loop. Main thread only.
 class UpdateTimer {
 public:
   UpdateTimer() = default;
@@ -15,8 +15,8 @@ public:
   UpdateTimer& operator=(const UpdateTimer&) = delete;
   virtual ~UpdateTimer() = default;
 
-  // Calls `fire` once on the main thread when the delay is over, never within the call; letting the
-  // subscription go before that takes the wish back. `fire` may let it go, too.
+  // Calls `fire` once after the delay, never before this call returns. Destroying the subscription
+  // before that cancels the timer; `fire` may destroy it too.
   [[nodiscard]] virtual QEVSettings::Subscription after(std::chrono::seconds delay,
                                                         std::function<void()> fire) = 0;
 };

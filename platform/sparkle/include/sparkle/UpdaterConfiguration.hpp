@@ -13,14 +13,14 @@
 
 namespace sparkle {
 
-// All that a feed's server learns of a machine, and that only where a person has agreed.
+// What the server of a feed is told about the machine, if the person agreed.
 struct SystemProfile {
   std::string systemVersion;
   std::string architecture;
 };
 
-// What an updater works with. The host fills one in and makes it the standard before it creates its
-// updater controller:
+// The configuration of an updater. The host makes it the standard before it creates its updater
+// controller:
 //
 //     UpdaterConfiguration configuration;
 //     configuration.feedAddress = "https://updates.example.com/appcast.xml";
@@ -29,34 +29,33 @@ struct SystemProfile {
 //     configuration.userDriver = std::make_shared<UpdateDialogs>();
 //     UpdaterConfiguration::setStandard(std::move(configuration));
 //
-// Whatever is left out does no harm: without an address every check says so, without a key no
-// package is downloaded, without a timer the updater never checks by itself, without a user driver
-// nobody sees what came of it.
+// Every field may be left out. Without an address every check fails, without a key no package is
+// downloaded, without a timer the updater never checks by itself, and without a user driver no
+// outcome is shown.
 struct UpdaterConfiguration {
-  // https:// or file://. A package comes from an address that is neither more of this machine nor
-  // less protected: of a file from anywhere, of an https:// feed over https:// only.
+  // https:// or file://. A file may name packages at any address, an https:// feed only at https://
+  // addresses.
   std::string feedAddress;
-  // Lets the feed come from any address that the transport knows, such as http://, where anybody on
-  // the way can change it. A package is checked all the same.
+  // Allows any address that the transport supports, such as http://, although others can change the
+  // feed on its way. Signatures of packages are verified all the same.
   bool allowsInsecureFeed = false;
   // Compared with the versions of the feed.
   std::string applicationVersion;
   SystemProfile profile;
-  // The Ed25519 key, in base64, whose signature a package must have to be kept.
+  // The Ed25519 public key, in base64, that verifies packages.
   std::string publicKey;
-  // Where packages are put that are downloaded without asking; made when it is missing. Empty: none
-  // are.
+  // The folder for packages, created when it is missing. Empty to download none.
   std::filesystem::path downloadFolder;
-  // Where the updater keeps its own settings; outlives the updater. The user's standard store when
-  // null.
+  // The store of the updater's settings. It outlives the updater. Null for the standard store of
+  // the user.
   QEVSettings::PreferencesStore* store = nullptr;
-  // Reads file:// addresses only when null.
+  // Null to support file:// addresses only.
   std::shared_ptr<FeedTransport> transport;
   std::shared_ptr<UpdateTimer> timer;
   std::shared_ptr<SPUUserDriver> userDriver;
   std::function<std::chrono::system_clock::time_point()> now = std::chrono::system_clock::now;
 
-  // What controllers are created with from now on. Main thread.
+  // The configuration of controllers that are created from now on. Main thread only.
   static void setStandard(UpdaterConfiguration configuration);
   static const UpdaterConfiguration& standard();
 };

@@ -7,9 +7,9 @@
 
 namespace sparkle {
 
-// Why a check failed, in the person's language, to stand within a line: without a capital and a
-// full stop. The key is the English text and is looked up in the application's own string table;
-// "%1" and "%2" stand for the values. Main thread.
+// An error whose message says, in the language of the person, why a check failed. The message is a
+// clause without a capital and a full stop. `key` is the English text, which is looked up in the
+// string table of the application; "%1" and "%2" stand for the values. Main thread only.
 foundation::Error reason(std::string_view key, const std::vector<std::string_view>& values = {});
 
 }  // namespace sparkle

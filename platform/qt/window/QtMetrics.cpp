@@ -1,4 +1,4 @@
-#include "paint/QtMetrics.hpp"
+#include "window/QtMetrics.hpp"
 
 #include "controls/HelpButton.hpp"
 #include "controls/PushButton.hpp"
@@ -20,7 +20,7 @@ namespace {
 
 viewkit::Size sizeFrom(QSizeF size) { return {size.width(), size.height()}; }
 
-// A control whose text can be shortened gives way where there is less room than it would like.
+// The size of a control that elides its text: no wider than it is offered.
 viewkit::Size within(QSizeF size, const viewkit::ProposedSize& proposal) {
   const double offered = std::max(proposal.width.value_or(viewkit::kUnlimited), 0.0);
   return {std::min(size.width(), offered), size.height()};
@@ -58,7 +58,7 @@ public:
   viewkit::Size operator()(const viewkit::SelectableTextControl& selectable) const {
     return metrics_.measureText(selectable.text, proposal_.width).size;
   }
-  // Their content decides.
+  // The content decides these sizes.
   viewkit::Size operator()(const viewkit::PlainButtonControl&) const { return {}; }
   viewkit::Size operator()(const viewkit::ScrollControl&) const { return {}; }
   viewkit::Size operator()(const viewkit::PopoverControl&) const { return {}; }

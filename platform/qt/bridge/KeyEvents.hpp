@@ -6,9 +6,11 @@
 
 namespace qt {
 
-// The press as the application sees it, and back: an event that a monitor made of the press. Keys
-// that appkit has no code for stay the key of the press.
+// The appkit event of a key press.
 appkit::Event eventFrom(const QKeyEvent& press);
+
+// The key press for an event that a monitor returned for `press`. A key that appkit has no code for
+// stays the key of `press`.
 QKeyEvent pressFrom(const appkit::Event& event, const QKeyEvent& press);
 
 }  // namespace qt

@@ -5,9 +5,10 @@
 
 namespace qt {
 
-// The value for the key: as it was made before, or by `make`. The last `most` are kept for each
-// type of key, which has to be a type of its own; they go with the application, which pictures and
-// laid-out lines must not outlive.
+// The cached value of a key, made by `make` when it is missing. There is one cache for each type of
+// key, so each use defines a key type of its own. A cache holds the `most` values that were used
+// last, and is emptied when the application ends, because pixmaps and laid-out text must not
+// outlive it. Main thread only.
 template <class Value, int most, class Key, class Make>
 Value keptValue(const Key& key, const Make& make) {
   static QCache<Key, Value> cache(most);

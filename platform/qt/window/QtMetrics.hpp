@@ -6,7 +6,7 @@
 
 namespace qt {
 
-// How large texts, pictures and controls are on this desktop.
+// The sizes of texts, pictures and controls as Qt paints them. Main thread only.
 class QtMetrics : public viewkit::PlatformMetrics {
 public:
   viewkit::TextMetrics measureText(const viewkit::TextVisual& text,
@@ -15,6 +15,7 @@ public:
   viewkit::Size controlSize(const viewkit::Control& control,
                             viewkit::ProposedSize proposal) const override;
 
+  // The layout direction of the texts that are measured from now on.
   void setDirection(Qt::LayoutDirection direction) { direction_ = direction; }
 
 private:

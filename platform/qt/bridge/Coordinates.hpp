@@ -8,8 +8,8 @@
 
 namespace qt {
 
-// Where things of the view tree lie in the window: the tree counts from the leading edge, Qt from
-// the left one.
+// Converts between the coordinates of the view tree, whose x grows from the leading edge, and those
+// of the window's widget, whose x grows from the left edge. Both are in points.
 struct Coordinates {
   double windowWidth = 0;
   bool rightToLeft = false;
@@ -24,7 +24,8 @@ struct Coordinates {
   Qt::LayoutDirection direction() const { return rightToLeft ? Qt::RightToLeft : Qt::LeftToRight; }
 };
 
-// The whole pixels that a widget at this place covers: neighbours that touch still do.
+// The whole points that a widget in this rectangle covers. Rectangles that touch still touch
+// afterwards, because each edge is rounded by itself.
 inline QRect wholePixels(const QRectF& rect) {
   const int left = qRound(rect.left());
   const int top = qRound(rect.top());

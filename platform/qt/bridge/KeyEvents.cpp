@@ -1,6 +1,6 @@
-#include "window/KeyEvents.hpp"
+#include "bridge/KeyEvents.hpp"
 
-#include "paint/Fonts.hpp"
+#include "bridge/Strings.hpp"
 
 #include <array>
 
@@ -12,7 +12,8 @@ struct Key {
   Qt::Key key;
   int code;
 };
-// Shift+Tab is a key of its own to Qt; it comes last, so that a code leads to the plain key.
+// Qt has a key of its own for Shift+Tab. It comes last, so that the code of Tab leads to the plain
+// key.
 constexpr std::array<Key, 12> kKeys{{{Qt::Key_Down, appkit::Event::kDownArrow},
                                      {Qt::Key_Up, appkit::Event::kUpArrow},
                                      {Qt::Key_Left, appkit::Event::kLeftArrow},
@@ -61,7 +62,7 @@ QKeyEvent pressFrom(const appkit::Event& event, const QKeyEvent& press) {
   for (const Modifier& each : kModifiers) {
     if (event.modifiers & each.flag) modifiers |= each.modifier;
   }
-  return {QEvent::KeyPress, key, modifiers, text(event.characters), press.isAutoRepeat()};
+  return {QEvent::KeyPress, key, modifiers, toQString(event.characters), press.isAutoRepeat()};
 }
 
 }  // namespace qt

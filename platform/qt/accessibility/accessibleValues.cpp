@@ -1,0 +1,51 @@
+#include "accessibility/accessibleValues.hpp"
+
+#include "bridge/Strings.hpp"
+
+namespace qt {
+
+QAccessible::Role accessibleRole(viewkit::Role role) {
+  using viewkit::Role;
+  switch (role) {
+    case Role::none: return QAccessible::NoRole;
+    case Role::text: return QAccessible::StaticText;
+    case Role::heading: return QAccessible::Heading;
+    case Role::alert: return QAccessible::AlertMessage;
+    case Role::image: return QAccessible::Graphic;
+    case Role::group: return QAccessible::Grouping;
+    case Role::button:
+    case Role::helpButton:
+    case Role::fontPicker:
+    case Role::colorWell: return QAccessible::PushButton;
+    case Role::tabList: return QAccessible::PageTabList;
+    case Role::popover: return QAccessible::Dialog;
+    case Role::toggle: return QAccessible::CheckBox;
+    case Role::menuButton: return QAccessible::ButtonMenu;
+    case Role::textField: return QAccessible::EditableText;
+    case Role::scrollArea: return QAccessible::Pane;
+    case Role::list: return QAccessible::List;
+    case Role::listItem: return QAccessible::ListItem;
+  }
+  return QAccessible::NoRole;
+}
+
+QString accessibleText(const viewkit::Accessibility& accessibility, QAccessible::Text kind) {
+  switch (kind) {
+    case QAccessible::Name: return accessibleNameOf(accessibility);
+    case QAccessible::Description:
+    case QAccessible::Help:
+      return accessibility.label.empty() || accessibility.label == accessibility.help
+                 ? QString()
+                 : toQString(accessibility.help);
+    case QAccessible::Value: return toQString(accessibility.value);
+    default: return {};
+  }
+}
+
+void addAccessibleState(QAccessible::State& state, const viewkit::Accessibility& accessibility) {
+  state.disabled = !accessibility.enabled;
+  state.selectable = accessibility.selected.has_value();
+  state.selected = accessibility.selected.value_or(false);
+}
+
+}  // namespace qt

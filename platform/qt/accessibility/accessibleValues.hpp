@@ -1,0 +1,17 @@
+#pragma once
+
+#include "viewkit/PresentationNode.hpp"
+
+#include <QAccessible>
+
+namespace qt {
+
+// Qt's accessible values of a node, the same for painted nodes and for controls.
+
+QAccessible::Role accessibleRole(viewkit::Role role);
+// Empty for kinds of text that nodes do not have.
+QString accessibleText(const viewkit::Accessibility& accessibility, QAccessible::Text kind);
+// Sets in `state` whether the node is disabled, selectable and selected.
+void addAccessibleState(QAccessible::State& state, const viewkit::Accessibility& accessibility);
+
+}  // namespace qt
