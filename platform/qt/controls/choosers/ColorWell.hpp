@@ -8,8 +8,8 @@
 namespace qt {
 
 // A swatch of a colour; pressing it opens the colour chooser. Each colour that is picked there is
-// told at once; Escape brings back the one that was there when the chooser was opened, Return keeps
-// what was picked.
+// told at once; Escape brings back what was stored when the chooser was opened, Return keeps what
+// was picked.
 class ColorWell : public ButtonWidget {
 public:
   using ButtonWidget::ButtonWidget;
