@@ -10,18 +10,18 @@
 
 namespace QEVSettings {
 
-// Calls into an analyzer. What it throws becomes the state to show: "Error", with the QEVError if
-// it is one.
+// Calls into an analyzer. An exception becomes the state to show, "Error" with the QEVError as its
+// details, and is logged where it is no QEVError.
 std::optional<QEVDependencies::ErrorState> failureOf(const std::function<void()>& call);
 
 // Shows the state on the record's row, with the default animation.
 void showErrorState(const QEVDependencies::ErrorState& state,
                     const QEVDependencies::QEVNetworkProtocol& protocol);
 
-// The state as a text of the page; nothing for an empty one.
+// The state as a text on the page; an empty view for an empty state.
 viewkit::View analyzerErrorText(const QEVDependencies::ErrorState& state);
 
-// The same for what the body of an analyzer's own view threw.
+// The text for an exception that the body of an analyzer's view threw.
 viewkit::View analyzerErrorView(const std::exception_ptr& thrown);
 
 }  // namespace QEVSettings

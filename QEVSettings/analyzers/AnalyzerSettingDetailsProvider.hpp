@@ -10,11 +10,10 @@
 
 namespace QEVSettings {
 
-// Owns the models of the analyzers that were shown: one for each, made at first use and kept.
+// Owns one model for each analyzer that was shown. A model is made at first use and kept.
 class AnalyzerSettingDetailsProvider final : public QEVCommonTools::ViewModel {
 public:
-  // The model that the plug-in's id stands for; what an existing one says of the plug-in stays as
-  // it is.
+  // The model for the plug-in's id. An existing model keeps the plug-in that it was made with.
   std::shared_ptr<AnalyzerSettingDetailsViewModel> detailsViewModel(
       const QEVDependencies::QEVPlugInStructure& plugin);
 

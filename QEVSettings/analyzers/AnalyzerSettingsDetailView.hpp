@@ -12,7 +12,7 @@
 
 namespace QEVSettings {
 
-// All about the selected analyzer: what it is, its options and its ports.
+// The detail pane of the selected analyzer: its name and description, its options, its ports.
 struct AnalyzerSettingsDetailView {
   viewkit::ObservedObject<AnalyzerSettingDetailsViewModel> model;
 

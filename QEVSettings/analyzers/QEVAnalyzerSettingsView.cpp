@@ -30,7 +30,7 @@ bool isEditingText() {
   return window && dynamic_cast<const appkit::Text*>(window->firstResponder());
 }
 
-// A body of its own reads the selection, so that the list is not made anew with each.
+// Reads the selection in a body of its own, so that a new selection does not rebuild the list.
 struct FollowingSelection {
   View list;
   StoredPreference<std::int64_t> selection;
@@ -124,7 +124,7 @@ void QEVAnalyzerSettingsView::disappear() const {
 }
 
 void QEVAnalyzerSettingsView::select(std::int64_t index, const ScrollProxy& list) const {
-  // The registry that the arrow keys count by may have grown since the list was made.
+  // The arrow keys count the registry, which may have grown since the list was made.
   if (index < 0 || std::cmp_greater_equal(index, pluginStructs().size())) return;
   if (selectedItem_.get()) selectedItem_.get()->isActive = false;
   withAnimation([&] {

@@ -17,9 +17,9 @@
 
 namespace QEVSettings {
 
-// The Analyzer tab: the list of the loaded analyzers, and all about the selected one. The selection
-// is kept in the preferences store, and the arrow keys move it from anywhere in the application
-// unless a text is being edited.
+// The Analyzer tab: the list of the loaded analyzers and the details of the selected one. The
+// selection is kept in the preferences store. The arrow keys move it from anywhere in the
+// application unless a text is being edited.
 class QEVAnalyzerSettingsView {
 public:
   viewkit::View body() const;

@@ -15,7 +15,7 @@ using QEVCoreComponents::CaptureCockpitView;
 
 namespace {
 
-// On a later turn: the click that asks for it is still being handled.
+// Runs on a later turn of the main queue, after the click has been handled.
 void endTextEditingLater() {
   foundation::MainQueue::mainQueue().async([] {
     if (appkit::Window* window = appkit::Application::sharedApplication().keyWindow()) {

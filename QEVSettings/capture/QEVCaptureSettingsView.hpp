@@ -6,7 +6,7 @@
 
 namespace QEVSettings {
 
-// The Capture page. A click on it outside of any control ends the editing of text.
+// The Capture page. A click outside of any control ends text editing.
 struct QEVCaptureSettingsView {
   viewkit::ObservedObject<QEVCoreComponents::QEVCaptureViewModel> captureModel;
 

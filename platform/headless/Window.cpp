@@ -318,6 +318,12 @@ void Window::pressKey(const Event& event) {
     settle();
     return;
   }
+  if (const auto* menu = keyboard_->focused();
+      controlOf<viewkit::MenuControl>(menu) && viewkit::opensMenu(event)) {
+    openMenuOf(*menu);
+    settle();
+    return;
+  }
   const auto passedOn = Event::passThroughMonitors(Event::kKeyDownMask, event);
   settle();
   if (!passedOn) return;
@@ -325,12 +331,7 @@ void Window::pressKey(const Event& event) {
   switch (viewkit::routeKey(*host_, *passedOn, node ? node->id : 0)) {
     case viewkit::KeyOutcome::closesWindow: close(); break;
     case viewkit::KeyOutcome::handled: break;
-    case viewkit::KeyOutcome::passedOn:
-      if (controlOf<viewkit::MenuControl>(node) && viewkit::opensMenu(*passedOn)) {
-        openMenuOf(*node);
-      } else {
-        keyboard_->handle(*passedOn);
-      }
+    case viewkit::KeyOutcome::passedOn: keyboard_->handle(*passedOn);
   }
   settle();
 }

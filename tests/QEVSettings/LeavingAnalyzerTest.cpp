@@ -14,7 +14,7 @@ using viewkit::Role;
 constexpr std::string_view kSelection = kAnalyzerSelectedIndex.name;
 constexpr const char* kWebPorts = "com_velloquin_qev_web_protocols";
 
-// Two analyzers with ports, of which the first is shown.
+// Two analyzers with ports. The first is shown.
 class LeavingAnalyzerTest : public AnalyzerWindowTest {
 protected:
   LeavingAnalyzerTest() {
@@ -30,7 +30,7 @@ protected:
     load("Names", names);
   }
 
-  // While the journal is still there.
+  // Closing the window writes to the journal.
   ~LeavingAnalyzerTest() override { close(); }
 
   std::int64_t selected() { return store.underneath().integerForKey(kSelection); }
@@ -50,6 +50,23 @@ TEST_F(LeavingAnalyzerTest, ArrowKeyOnAMenuMovesTheSelectionAndOpensNothing) {
   window.press(Key::enter);
   EXPECT_THAT(journal, IsEmpty());
   EXPECT_FALSE(store.underneath().objectForKey(kWebPorts));
+}
+
+TEST_F(LeavingAnalyzerTest, KeyThatOpensAMenuLeavesTheSelectionAlone) {
+  for (const auto& [key, modifiers] : {std::pair{Key::downArrow, appkit::Event::option},
+                                       {Key::f4, appkit::Event::none},
+                                       {Key::space, appkit::Event::none},
+                                       {Key::enter, appkit::Event::none}}) {
+    headless::Window& window = open();
+    window.click(window.find(Role::menuButton, "Name"));
+    window.press(key, modifiers);
+    EXPECT_TRUE(window.isMenuOpen());
+    EXPECT_EQ(selected(), 0);
+    window.press(Key::downArrow);
+    window.press(Key::enter);
+    EXPECT_EQ(window.find(Role::menuButton, "Name").value(), "Proxy");
+    store.underneath().removeObject(kWebPorts);
+  }
 }
 
 TEST_F(LeavingAnalyzerTest, OpenMenuGoesWithAnAnalyzerThatAnotherProcessLeaves) {

@@ -29,7 +29,7 @@ std::string received(int socket) {
 }
 
 void send(int socket, const std::string& packet) {
-  // A packet is never empty: that is how a closed socket reads.
+  // A packet is never empty, because an empty one reads like a closed socket.
   if (::send(socket, (packet + '\n').data(), packet.size() + 1, MSG_NOSIGNAL) < 0) {
     throw std::runtime_error("the other process does not listen");
   }
@@ -75,6 +75,13 @@ std::string answerTo(const std::string& packet, UserDefaults& store,
     store.setInteger(std::stoll(argument), key);
   } else if (verb == "string") {
     store.setObject(argument, key);
+  } else if (verb.starts_with("font ")) {
+    store.setObject(
+        PreferenceDictionary{
+            {"family", argument}, {"style", ""}, {"pointSize", std::stod(verb.substr(5))}},
+        key);
+  } else if (verb == "delete") {
+    store.removeObject(key);
   } else {
     std::istringstream words(verb);
     return changeList(store, factory, words, key, argument);
@@ -100,6 +107,19 @@ SecondProcess::SecondProcess(const std::filesystem::path& path,
 SecondProcess::~SecondProcess() {
   process_.reset();
   ::close(sockets_[0]);
+}
+
+void SecondProcess::set(const std::string& key, const PreferenceValue& value) {
+  if (const auto boolean = value.asBoolean()) {
+    ask("bool", key, *boolean ? "1" : "0");
+  } else if (const auto integer = value.asInteger()) {
+    ask("integer", key, std::to_string(*integer));
+  } else if (const auto* font = value.asDictionary()) {
+    ask("font " + std::to_string(*font->find("pointSize")->second.asReal()), key,
+        *font->find("family")->second.asString());
+  } else {
+    ask("string", key, *value.asString());
+  }
 }
 
 std::string SecondProcess::ask(const std::string& verb, const std::string& key,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "QEVDependencies/QEVNetworkProtocol.hpp"
+#include "QEVSettings/preferences/PreferenceValue.hpp"
 #include "foundation/StoreFixture.hpp"
 
 #include <array>
@@ -11,22 +12,22 @@
 
 namespace QEVSettings {
 
-// Another process over a store's file. It does one thing at a time, and each call returns when that
-// is done. To be made before this process opens a store.
+// Another process that has the store's file open. Each call returns when the other process has done
+// what it asks. Make it before this process opens a store: it is forked.
 class SecondProcess {
 public:
-  // `factory` is what a protocol list holds while none is stored.
+  // `factory` is the protocol list while none is stored.
   SecondProcess(const std::filesystem::path& path,
                 const QEVDependencies::QEVNetworkProtocolList& factory);
   ~SecondProcess();
   SecondProcess(const SecondProcess&) = delete;
   SecondProcess& operator=(const SecondProcess&) = delete;
 
-  void setBool(const std::string& key, bool value) { ask("bool", key, value ? "1" : "0"); }
-  void setInteger(const std::string& key, int value) { ask("integer", key, std::to_string(value)); }
-  void setString(const std::string& key, const std::string& value) { ask("string", key, value); }
-  // Store a list in which one record has other ports or another name, in which a record is new and
-  // the last, or in which the last record is missing. `append` returns the id of the new record.
+  // A Boolean, an integer, a string, or a dictionary that is a font.
+  void set(const std::string& key, const PreferenceValue& value);
+  void remove(const std::string& key) { ask("delete", key, ""); }
+  // These change the stored list: the ports or the name of one record, a new record at the end,
+  // whose id `append` returns, or the last record removed.
   void setPorts(const std::string& key, std::size_t index, const std::string& ports) {
     ask("ports " + std::to_string(index), key, ports);
   }

@@ -75,6 +75,19 @@ TEST(Controls, AMenuIsNamedByItsHelpAndTellsItsValue) {
   EXPECT_THAT(log, ElementsAre("udp"));
 }
 
+TEST(Controls, MenuKindTellsAPopUpButtonFromALabel) {
+  const auto items = [] { return std::vector<MenuItem>{{"UDP", [] {}}}; };
+  const headless::Window window = testing::open(
+      VStack({}, {PopUpMenu("", items).help("button"), Menu(Text(""), "", items).help("label")}));
+  const auto control = [&](const char* name) {
+    return *window.find(Role::menuButton, name).content().control();
+  };
+  EXPECT_EQ(std::get<MenuControl>(control("button")).kind, MenuControl::Kind::popUpButton);
+  EXPECT_EQ(std::get<MenuControl>(control("label")).kind, MenuControl::Kind::label);
+  EXPECT_FALSE(looksLike(control("button"), control("label")));
+  EXPECT_TRUE(looksLike(control("button"), control("button")));
+}
+
 TEST(Controls, APopoverIsThereWhileItsBindingSaysSo) {
   std::vector<std::string> log;
   headless::Window window = testing::open(Form{.log = &log});

@@ -6,8 +6,8 @@
 
 namespace QEVSettings {
 
-// A Boolean of the preferences store as analyzers read it: once anything is stored under the key,
-// the default no longer counts, and what is no Boolean is false.
+// A Boolean of the preferences store as analyzers read it: the default applies only while nothing
+// is stored under the key, and a stored value that is no Boolean is false.
 struct AnalyzerOption {
   bool isOn = false;
 

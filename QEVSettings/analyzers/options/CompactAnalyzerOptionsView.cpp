@@ -70,7 +70,10 @@ struct ColoringRow {
             {.spacing = points(Spacing::s5)},
             {
                 optionLabel(label, isOn),
-                ColorWell(colorBinding(color), {.supportsOpacity = true}).help(label),
+                ColorWell(colorBinding(color),
+                          {.supportsOpacity = true,
+                           .checkpoint = [color = color] { return color.checkpoint(); }})
+                    .help(label),
                 Toggle(isOn, ToggleControl::Size::small).accessibilityLabel(label).help(label),
             })};
   }

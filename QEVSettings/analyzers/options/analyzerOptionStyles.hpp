@@ -16,8 +16,7 @@ struct AnalyzerOptionStyle {
 // The styles of the options that many analyzers share, by label key.
 const std::map<std::string_view, AnalyzerOptionStyle>& analyzerOptionStyles();
 
-// The style of any option: those not in the table come after those that are, in the plug-in's
-// order.
+// The style of any option. Options outside the table share one position, behind those in it.
 AnalyzerOptionStyle optionStyle(std::string_view forLabelKey);
 
 }  // namespace QEVSettings

@@ -12,12 +12,12 @@
 
 namespace QEVSettings {
 
-// The options of an analyzer that goes by ports and, under them, the table of its protocols.
+// The options of a port-based analyzer and, under them, the table of its protocols.
 struct CompactPortsEditorView {
   QEVDependencies::AnalyzerSettingsConfig config;
   QEVDependencies::AnalyzerPortsSpec ports;
   std::weak_ptr<QEVDependencies::QEVPortsPreferencesProtocol> controller;
-  // Loaded whenever the view appears.
+  // Filled whenever the view appears.
   viewkit::State<PortsEditing::Rows> rows = {};
   viewkit::State<std::shared_ptr<PortsEditing::Session>> session = {};
   viewkit::State<QEVDependencies::ErrorState> resetError = {};

@@ -9,8 +9,7 @@
 
 namespace QEVSettings {
 
-// A borderless pop-up menu in a row of the ports table: the text of the choice in effect, then an
-// arrow.
+// A borderless menu in a row of the ports table: the current choice, then an arrow.
 viewkit::View portMenu(const std::string& choice, const std::string& help,
                        std::function<std::vector<viewkit::MenuItem>()> items);
 

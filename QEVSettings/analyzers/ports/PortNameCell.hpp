@@ -10,7 +10,7 @@
 
 namespace QEVSettings {
 
-// The name of a protocol, and the menu of the names that it can have.
+// The name of a protocol, with the menu of the names that it can have.
 struct PortNameCell {
   viewkit::ObservedObject<QEVDependencies::QEVNetworkProtocol> model;
   std::vector<std::string> names;

@@ -18,7 +18,7 @@ namespace {
 
 using Protocol = std::shared_ptr<QEVNetworkProtocol>;
 
-// A record that cannot be copied is edited itself.
+// The row edits a copy of the record, or the record itself if it cannot be copied.
 PortRow makeRow(const Protocol& source) {
   const auto copy = source->copied();
   const Protocol protocol = copy ? *copy : source;
@@ -28,7 +28,7 @@ PortRow makeRow(const Protocol& source) {
   return row;
 }
 
-// Hands out rows by a key, each once, those with one key in their order.
+// Rows by a key. Each is taken once; rows with the same key are taken in the order of adding.
 template <class Key>
 class RowsByKey {
 public:
@@ -47,7 +47,7 @@ private:
 void bringUpToDate(const PortRow& row, const QEVNetworkProtocol& stored) {
   const Protocol& protocol = row->model();
   if (!protocol->takeOver(stored)) return;
-  // A message about a text that is still there stays as well.
+  // A text that is not committed keeps its message.
   const bool isBeingTyped = protocol->protocolPorts.get() != protocol->lastRegisteredPorts();
   if (!isBeingTyped && !protocol->errorModel()->errorState.isEmpty()) showErrorState({}, *protocol);
 }

@@ -9,7 +9,8 @@
 
 namespace QEVSettings {
 
-// The transport of a protocol's ports, and the menu of all transports. `onPick` takes a raw value.
+// The transport of a protocol's ports, with the menu of all transports. `onPick` is called with the
+// raw value of the transport that was picked.
 struct PortSourceCell {
   viewkit::ObservedObject<QEVDependencies::QEVNetworkProtocol> model;
   std::function<void(std::int64_t)> onPick;

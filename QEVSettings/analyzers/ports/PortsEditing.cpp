@@ -41,7 +41,7 @@ std::string joinedMessages(const std::vector<PortCorrection>& corrections) {
   return text;
 }
 
-// Takes the steps of a change, and says on the row why they ended early. Whether they did not.
+// Takes the steps of a change and shows an exception on the row. Returns whether there was none.
 bool attempt(const Protocol& protocol, const std::function<void()>& steps) {
   const auto failure = failureOf(steps);
   if (failure) showErrorState(*failure, *protocol);
@@ -160,7 +160,6 @@ void PortsEditing::flush() const {
                             stored[i]->protocolPorts.get() == rows[i]->model()->protocolPorts.get();
       if (!isStored) commitPorts(rows[i]);
     }
-    // The rows follow the store no longer.
     state_.session.set(nullptr);
   });
 }
@@ -177,7 +176,7 @@ void PortsEditing::bringUpToDate(Session& session) const {
   state_.rows.set(portRows(state_.rows.get(), store().decode(ports_.defaultPorts)));
 }
 
-// An editor that has disappeared does nothing.
+// Does nothing between `flush` and the next `load`.
 void PortsEditing::act(const std::function<void()>& steps) const {
   const auto session = state_.session.get();
   if (!session) return;
@@ -189,7 +188,7 @@ void PortsEditing::act(const std::function<void()>& steps) const {
   follow();
 }
 
-// Does nothing where the row went when the stored list was followed.
+// Does nothing for a row that the stored list no longer has.
 void PortsEditing::actOn(const Row& row, const std::function<void()>& steps) const {
   act([&] {
     const Rows rows = state_.rows.get();
@@ -211,7 +210,7 @@ void PortsEditing::replace(const Protocol& old, const Protocol& current,
                            QEVNetworkProtocolProperty changed) const {
   if (const auto controller = controller_.lock())
     controller->replaceProtoocol(old, current, changed);
-  // Somebody else may have stored a list while the analyzer was busy.
+  // Another writer may have stored a list meanwhile.
   if (const auto session = state_.session.get()) bringUpToDate(*session);
   current->reportRegistered(changed);
 }

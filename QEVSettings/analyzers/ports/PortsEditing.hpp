@@ -18,19 +18,19 @@
 
 namespace QEVSettings {
 
-// What a person's actions do to the protocols of one analyzer. The whole list is stored after every
-// change, the running analyzer hears of the change, and everyone else is notified. What goes wrong
-// is said on the row concerned and ends the action.
+// Carries a person's actions out on the protocols of one analyzer. After every change the running
+// analyzer is told, the whole list is stored, and two notifications are posted. An error is shown
+// on its row and ends the action.
 //
-// From the load to the flush the rows follow the stored list: what another window or process stores
-// is shown, and an action begins with the list as it is stored then. The writes of an action itself
-// are followed when it is over.
+// From `load` to `flush` the rows follow the stored list: they show what another window or process
+// stores, and every action begins with the list as it is stored then. Writes of an action itself
+// are followed when the action is over.
 class PortsEditing {
 public:
   using Row = PortRow;
   using Rows = PortRows;
 
-  // What is kept from a load to the flush.
+  // Lives from `load` to `flush`.
   struct Session {
     // The stored value that the rows were last brought up to date with.
     std::optional<PreferenceValue> followed;
@@ -38,16 +38,16 @@ public:
     Subscription storedListChanged;
   };
 
-  // What the view keeps for its editing.
+  // State that the view keeps.
   struct ViewState {
     viewkit::Binding<Rows> rows;
     viewkit::Binding<std::shared_ptr<Session>> session;
-    // What the analyzer had to say against the last reset as a whole.
+    // The error of the last reset as a whole.
     viewkit::Binding<QEVDependencies::ErrorState> resetError;
   };
 
-  // The store outlives the editing. Without a controller, or when it is gone, only its calls are
-  // left out.
+  // The store outlives the editing. Without a controller its calls are left out, and all else is
+  // done.
   PortsEditing(QEVDependencies::AnalyzerPortsSpec ports,
                std::weak_ptr<QEVDependencies::QEVPortsPreferencesProtocol> controller,
                PreferencesStore& defaults, ViewState state);
@@ -55,13 +55,13 @@ public:
   void load() const;
   void pickName(const Row& row, const std::string& name) const;
   void pickSource(const Row& row, std::int64_t source) const;
-  // Validates, registers and stores the row's ports as they were typed.
+  // Validates the typed ports of the row, registers them with the analyzer and stores them.
   void commitPorts(const Row& row) const;
-  // Makes the stored ports the row's again.
+  // Brings the stored ports of the row back.
   void revertPorts(const Row& row) const;
-  // Back to the factory list.
+  // Brings the factory list back.
   void reset() const;
-  // Commits what was typed and not committed. Until the next load, the editing does nothing then.
+  // Commits the texts that are not committed yet. Until the next `load` no action does anything.
   void flush() const;
 
 private:

@@ -17,7 +17,10 @@ View CheckedTextField::body() const {
   const std::string& wrong = problem;
   const Binding<std::string> text{
       [shown = draft.get().value_or(value)] { return shown; },
-      [self = *this](std::string typed) { self.draft.set(std::move(typed)); }};
+      // A text like the stored one is no draft: the field follows the store again.
+      [self = *this](std::string typed) {
+        self.draft.set(typed == self.value ? std::nullopt : std::optional(std::move(typed)));
+      }};
 
   return VStack(
       {.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s1)},
@@ -39,8 +42,7 @@ View CheckedTextField::body() const {
 
 void CheckedTextField::commitDraft() const {
   const std::optional<std::string> typed = draft;
-  if (!typed) return;
-  const std::optional<std::string> wrong = commit(*typed);
+  const std::optional<std::string> wrong = typed ? commit(*typed) : std::nullopt;
   problem.set(wrong.value_or(""));
   if (!wrong) draft.set(std::nullopt);
 }

@@ -95,18 +95,21 @@ View upstream(const Service& service) {
     service->setUpstream(std::nullopt);
     return std::nullopt;
   };
+  // Somebody else may have cleared the upstream proxy while its port was being typed.
+  const auto takePortOfUpstream = [=](std::string_view text) -> std::optional<std::string> {
+    const std::optional<ProxyAddress> current = service->upstream();
+    return current ? takePort(text, current->host, take) : std::nullopt;
+  };
 
-  return addressFields(
-      CheckedTextField{.label = localized("Upstream proxy"),
-                       .placeholder = localized("none"),
-                       .value = known().host,
-                       .commit = takeOrClear},
-      View(CheckedTextField{
-               .label = localized("Upstream port"),
-               .value = address ? std::to_string(address->port) : "",
-               .commit = [=](std::string_view text) { return takePort(text, known().host, take); },
-               .width = kPortWidth})
-          .disabled(!address));
+  return addressFields(CheckedTextField{.label = localized("Upstream proxy"),
+                                        .placeholder = localized("none"),
+                                        .value = known().host,
+                                        .commit = takeOrClear},
+                       View(CheckedTextField{.label = localized("Upstream port"),
+                                             .value = address ? std::to_string(address->port) : "",
+                                             .commit = takePortOfUpstream,
+                                             .width = kPortWidth})
+                           .disabled(!address));
 }
 
 View problemText(const std::optional<std::string>& problem) {

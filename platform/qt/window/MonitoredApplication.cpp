@@ -2,6 +2,8 @@
 
 #include "appkit/Event.hpp"
 #include "bridge/KeyEvents.hpp"
+#include "controls/menus/MenuOpener.hpp"
+#include "viewkit/KeyRouter.hpp"
 
 #include <QDialog>
 #include <QKeyEvent>
@@ -22,14 +24,19 @@ bool isForPlatform() {
          qobject_cast<const QDialog*>(QApplication::activeWindow());
 }
 
+bool opensFocusedMenu(const QKeyEvent& press) {
+  return dynamic_cast<const MenuOpener*>(QApplication::focusWidget()) &&
+         viewkit::opensMenu(eventFrom(press));
+}
+
 }  // namespace
 
 bool MonitoredApplication::notify(QObject* receiver, QEvent* event) {
   const bool isNewPalette = event->type() == QEvent::ApplicationPaletteChange && receiver == this;
   const bool isNewTheme = event->type() == QEvent::ThemeChange && receiver->isWindowType();
   if ((isNewPalette || isNewTheme) && newColors_) newColors_();
-  const bool isNewPress =
-      event->type() == QEvent::KeyPress && event != passing_ && !isForPlatform();
+  const bool isNewPress = event->type() == QEvent::KeyPress && event != passing_ &&
+                          !isForPlatform() && !opensFocusedMenu(*static_cast<QKeyEvent*>(event));
   return isNewPress ? notifyOfPress(receiver, event) : QApplication::notify(receiver, event);
 }
 

@@ -81,11 +81,15 @@ View Toggle(const Binding<bool>& isOn, ToggleControl::Size size) {
 
 View ColorWell(const Binding<appkit::RGBA>& selection, const ColorWellOptions& options) {
   const appkit::RGBA color = selection.get();
+  const auto rememberColor = [selection] {
+    return [selection, before = selection.get()] { selection.set(before); };
+  };
   return makeControl(
       "ColorWell",
       ColorWellControl{.color = color,
                        .supportsOpacity = options.supportsOpacity,
-                       .choose = [selection](appkit::RGBA chosen) { selection.set(chosen); }},
+                       .choose = [selection](appkit::RGBA chosen) { selection.set(chosen); },
+                       .checkpoint = options.checkpoint ? options.checkpoint : rememberColor},
       {.role = Role::colorWell, .value = hexadecimal(color)});
 }
 

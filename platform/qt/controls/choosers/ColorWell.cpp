@@ -86,17 +86,18 @@ void ColorWell::open(const viewkit::ColorWellControl& well) {
   dialog_->setOption(QColorDialog::NoButtons);
   dialog_->setOption(QColorDialog::ShowAlphaChannel, well.supportsOpacity);
   hideScreenPicker(*dialog_);
-  const auto choose = [this](const appkit::RGBA& color) {
-    settleOn([this, color] { call(&viewkit::ColorWellControl::choose, color); });
-  };
   const auto hasChosen = std::make_shared<bool>(false);
   connect(dialog_, &QColorDialog::currentColorChanged, this,
-          [choose, hasChosen](const QColor& color) {
+          [this, hasChosen](const QColor& color) {
             *hasChosen = true;
-            choose(rgbaOf(color));
+            settleOn(
+                [this, color = rgbaOf(color)] { call(&viewkit::ColorWellControl::choose, color); });
           });
-  connect(dialog_, &QDialog::rejected, this, [choose, hasChosen, before = well.color] {
-    if (*hasChosen) choose(before);
+  connect(dialog_, &QDialog::rejected, this, [this, hasChosen, restore = well.checkpoint()] {
+    if (!*hasChosen) return;
+    settleOn([this, restore] {
+      if (node()) restore();
+    });
   });
 }
 

@@ -8,7 +8,8 @@
 namespace qt {
 
 // A button that shows a colour and opens the colour chooser. Each colour picked there is written at
-// once. Escape restores the colour from before the chooser was opened; Return keeps the picked one.
+// once. Escape restores the colour that was stored when the chooser was opened; Return keeps the
+// picked one.
 class ColorWell : public ButtonWidget {
 public:
   using ButtonWidget::ButtonWidget;

@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QGroupBox>
 #include <QPainter>
@@ -82,7 +83,10 @@ void FontPicker::makeDialog() {
 
 void FontPicker::showInDialog(const appkit::Font& font) {
   const QSignalBlocker quiet(dialog_);
-  dialog_->setCurrentFont(fontOf(font));
+  QFont shown = fontOf(font);
+  // The dialog selects the first style of the family for a font without one.
+  if (font.style.empty()) shown.setStyleName(QFontInfo(shown).styleName());
+  dialog_->setCurrentFont(shown);
   font_ = font;
   shownFont_ = fontFrom(dialog_->currentFont());
 }

@@ -69,11 +69,13 @@ struct ToggleControl {
 
 // Shows a colour; a person opens a chooser with a field for hexadecimal text and, where the well
 // asks for it, opacity. `choose` is called with each colour that the person settles on while the
-// chooser is open.
+// chooser is open. `checkpoint` is called when the chooser opens, and the function that it returns
+// when the person cancels the chooser after choosing: it brings back what was stored before.
 struct ColorWellControl {
   appkit::RGBA color;
   bool supportsOpacity = false;
   std::function<void(appkit::RGBA)> choose;
+  std::function<std::function<void()>()> checkpoint;
 };
 
 struct MenuItem {

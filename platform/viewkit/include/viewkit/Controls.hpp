@@ -30,6 +30,10 @@ View Toggle(const Binding<bool>& isOn, ToggleControl::Size size = ToggleControl:
 
 struct ColorWellOptions {
   bool supportsOpacity = false;
+  // Remembers what is stored, and returns what brings that back (see
+  // `StoredPreference::checkpoint`). Without it the colour that the binding reads is remembered and
+  // written back.
+  std::function<std::function<void()>()> checkpoint = {};
 };
 View ColorWell(const Binding<appkit::RGBA>& selection, const ColorWellOptions& options = {});
 

@@ -26,7 +26,7 @@ enum class KeyOutcome { passedOn, handled, closesWindow };
 KeyOutcome routeKey(ViewHost& host, const appkit::Event& press, NodeId focused);
 
 // Whether the key opens a closed menu that has the keyboard: Space, Return, Alt+Down and F4. A
-// plain arrow key does not.
+// plain arrow key does not. A back end hands such a key to the menu, and to no monitor.
 bool opensMenu(const appkit::Event& press);
 
 }  // namespace viewkit

@@ -9,6 +9,7 @@
 
 #include <concepts>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -83,6 +84,18 @@ public:
     const auto slot = followed();
     return {[slot] { return slot->read(); },
             [slot](T value) { slot->store.setObject(std::move(value), slot->key); }};
+  }
+
+  // Remembers what is stored now, even if that is nothing or no T; the function brings it back.
+  std::function<void()> checkpoint() const {
+    const auto slot = followed();
+    return [slot, key = slot->key, before = slot->store.objectForKey(slot->key)] {
+      if (before) {
+        slot->store.setObject(*before, key);
+      } else {
+        slot->store.removeObject(key);
+      }
+    };
   }
 
   friend bool operator==(const StoredPreference& a, const StoredPreference& b) {
