@@ -211,7 +211,7 @@ void RandomWalk::noteMode(const std::string& mode) {
   values.insert_or_assign(std::string(QEVKonstantsKeys::kAppearanceUseSystem.name), mode == "Auto");
   if (mode == "Auto") return;
   values.insert_or_assign(std::string(QEVKonstantsKeys::kAppearanceName.name),
-                          mode == "Light" ? "NSAppearanceNameAqua" : "NSAppearanceNameDarkAqua");
+                          mode == "Light" ? kAppearanceNameAqua : kAppearanceNameDarkAqua);
 }
 
 void RandomWalk::chooseMode(SettingsWindow& window) {

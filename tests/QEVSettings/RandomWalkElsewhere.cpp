@@ -34,7 +34,7 @@ void RandomWalk::changePageElsewhere() {
     case 3: {
       storeElsewhere(std::string(QEVKonstantsKeys::kAppearanceUseSystem.name), perhaps());
       return storeElsewhere(std::string(QEVKonstantsKeys::kAppearanceName.name),
-                            perhaps() ? "NSAppearanceNameAqua" : "NSAppearanceNameDarkAqua");
+                            perhaps() ? kAppearanceNameAqua : kAppearanceNameDarkAqua);
     }
     default: {
       const FieldOnPage& field = oneOf(fieldsOfCaptureAndProxy());

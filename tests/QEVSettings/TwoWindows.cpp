@@ -299,7 +299,7 @@ void TwoWindows::checkGeneral(const SettingsWindow& window) const {
   const auto usesSystem = values.find(QEVKonstantsKeys::kAppearanceUseSystem.name.data());
   const auto name = values.find(QEVKonstantsKeys::kAppearanceName.name.data());
   const bool isAuto = usesSystem != values.end() && *usesSystem->second.asBoolean();
-  const bool isLight = name != values.end() && *name->second.asString() == "NSAppearanceNameAqua";
+  const bool isLight = name != values.end() && *name->second.asString() == kAppearanceNameAqua;
   ASSERT_EQ(window->find(Role::button, "Auto").isSelected(), isAuto);
   ASSERT_EQ(window->find(Role::button, "Light").isSelected(), !isAuto && isLight);
   ASSERT_EQ(window->find(Role::button, "Dark").isSelected(), !isAuto && !isLight);

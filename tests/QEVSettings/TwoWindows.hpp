@@ -89,7 +89,7 @@ public:
   static inline const std::string kNoteKey = "com_velloquin_qev_walk_note";
   static inline const std::string kSelectionKey{kAnalyzerSelectedIndex.name};
   static inline const std::string kInterfaceKey = "com_velloquin_zorvantine_capture_interface";
-  static inline const std::string kZoneKey{QEVKonstantsKeys::kPrefTimezoneString};
+  static inline const std::string kZoneKey{QEVKonstantsKeys::kPrefTimezoneString.name};
   static constexpr const char* kNote = "Note";
   static constexpr std::array kNames{"HTTP", "Proxy", "WebSocket"};
   static constexpr std::array kSources{"None", "TCP", "UDP", "UDP/TCP"};
