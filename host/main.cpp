@@ -1,4 +1,6 @@
+#include "QEVSettings/preferences/HostIdentity.hpp"
 #include "commandline/ExitCode.hpp"
+#include "commandline/Help.hpp"
 #include "commandline/Messages.hpp"
 #include "commandline/Options.hpp"
 #include "commands/Commands.hpp"
@@ -9,6 +11,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <string>
 #include <string_view>
 #include <system_error>
 #include <vector>
@@ -70,6 +73,8 @@ Failed carryOut(const Options& options, Messages& messages) {
 
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
+  QEVSettings::HostIdentity::set(
+      {.id = "zorvantine", .displayName = "Zorvantine", .version = std::string(versionText())});
   // Outlives the store, which may still report something while it is closed.
   static Messages messages;
   const std::vector<std::string_view> words(argv + (argc > 0 ? 1 : 0), argv + argc);
