@@ -6,7 +6,8 @@
 
 namespace QEVCommonTools {
 
-// The small round button that opens the help of its anchor in a popover beside it.
+// The small round button that opens the host's help of its anchor, or else the text for it in a
+// popover beside it.
 struct QEVHelpButton {
   QEVHelpAnchor anchor;
   viewkit::State<bool> isOpen = false;
