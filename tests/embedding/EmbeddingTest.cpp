@@ -128,7 +128,7 @@ TEST_F(Embedding, StyleIsTheHostsAndThePaletteIsPutBack) {
     settle();
     EXPECT_LT(QApplication::palette().color(QPalette::Window).lightness(), 128);
     EXPECT_EQ(QApplication::style()->name(), "windows");
-    EXPECT_EQ(QCoreApplication::applicationName(), "embedding_test");
+    EXPECT_EQ(QCoreApplication::applicationName(), "embedding");
   }
   EXPECT_EQ(QApplication::palette().color(QPalette::Window), QColor(Qt::yellow));
 }

@@ -17,6 +17,8 @@ struct Window::Content {
   Content(const Content&) = delete;
   Content& operator=(const Content&) = delete;
 
+  // Before the widget: Qt stops a program without a QApplication with a line about widgets.
+  std::shared_ptr<Runtime> runtime = Runtime::shared();
   QPointer<WindowWidget> widget;
 };
 
