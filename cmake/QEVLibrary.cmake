@@ -1,14 +1,16 @@
-# The settings that every target of ours is built with, and one way to declare a room of the house.
+# The settings that every target of the project is built with, and the functions that declare a room.
 
-set(CMAKE_CXX_STANDARD 20)
+if(NOT DEFINED CMAKE_CXX_STANDARD)
+  set(CMAKE_CXX_STANDARD 20)
+endif()
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 
-# What is installed comes in two components: `runtime`, the program, and `dev`, the library for other hosts.
-# The library keeps to folders of its own, because its rooms have names that others have too.
+# Two components are installed: `runtime`, the program with the shared libraries, and `dev`, what other hosts are
+# built with. The library has folders of its own, because other projects have rooms of the same names.
 include(GNUInstallDirs)
 set(QEV_INSTALL_HEADERS ${CMAKE_INSTALL_INCLUDEDIR}/QEVSettings)
 set(QEV_INSTALL_LIBRARIES ${CMAKE_INSTALL_LIBDIR}/QEVSettings)
@@ -32,18 +34,23 @@ if(QEV_SANITIZERS)
   target_link_options(qev_options INTERFACE -fsanitize=${QEV_SANITIZERS})
 endif()
 
-# qev_library(NAME SOURCES a.cpp… [PUBLIC target…] [PRIVATE target…])
+# Shared libraries export the namespaces of the project and nothing else. Before version 1 each minor version has
+# another binary interface.
+set(QEV_EXPORTED_SYMBOLS ${CMAKE_CURRENT_LIST_DIR}/exported_symbols.map)
+set(QEV_SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+
+# qev_library(NAME SOURCES a.cpp… [PUBLIC target…] [PRIVATE target…] [COMPONENT Qt])
 #
-# A static library for the current folder, or an interface library where there are no sources. Everybody, other
-# projects included, links it as QEVSettings::NAME; the target itself is QEVSettings_NAME, which leaves short names
-# such as "qt" to a host that builds this project as a part of its own. Public headers stand in include/, and only
-# targets that link the library see them: an include against the arrows does not compile. Private headers are
-# included by their path from the current folder.
+# Declares the library of the current folder, static or shared as BUILD_SHARED_LIBS says, or an interface library where
+# there are no sources. Every target links it as QEVSettings::NAME. The target itself is QEVSettings_NAME, which leaves
+# short names such as "qt" to a host that builds this project as a part of its own. Public headers are in include/;
+# only targets that link the library find them, so an include against the arrows does not compile. Private headers are
+# included by their path from the current folder. A library of the component Qt is found with that component only.
 function(qev_library name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+  cmake_parse_arguments(ARG "" "COMPONENT" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
   set(target QEVSettings_${name})
   if(ARG_SOURCES)
-    add_library(${target} STATIC ${ARG_SOURCES})
+    add_library(${target} ${ARG_SOURCES})
     target_include_directories(${target}
       PUBLIC $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>
       PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
@@ -57,16 +64,30 @@ function(qev_library name)
   endif()
   target_compile_features(${target} ${scope} cxx_std_20)
   set_target_properties(${target} PROPERTIES EXPORT_NAME ${name})
+  get_target_property(type ${target} TYPE)
+  if(type STREQUAL "SHARED_LIBRARY")
+    set_target_properties(${target} PROPERTIES
+      VERSION ${PROJECT_VERSION}
+      SOVERSION ${QEV_SOVERSION}
+      DEFINE_SYMBOL ""
+      INSTALL_RPATH "$ORIGIN"
+      LINK_DEPENDS ${QEV_EXPORTED_SYMBOLS})
+    target_link_options(${target} PRIVATE -Wl,--version-script=${QEV_EXPORTED_SYMBOLS})
+  endif()
   add_library(QEVSettings::${name} ALIAS ${target})
-  install(TARGETS ${target} EXPORT QEVSettingsTargets
+  set_property(GLOBAL APPEND PROPERTY QEVSettings${ARG_COMPONENT}_LIBRARIES ${target})
+  if(NOT QEV_WITH_INSTALL)
+    return()
+  endif()
+  install(TARGETS ${target} EXPORT QEVSettings${ARG_COMPONENT}Targets
     ARCHIVE DESTINATION ${QEV_INSTALL_LIBRARIES} COMPONENT dev
+    LIBRARY DESTINATION ${QEV_INSTALL_LIBRARIES} COMPONENT runtime NAMELINK_COMPONENT dev
     INCLUDES DESTINATION ${QEV_INSTALL_HEADERS})
   install(DIRECTORY include/ DESTINATION ${QEV_INSTALL_HEADERS} COMPONENT dev)
 endfunction()
 
-# qev_resource_bundle(NAME): puts resources/NAME_NAME.bundle of the current folder where programs that link the
-# library of that name find it: next to them while they are built, and with the program's own resources when
-# installed. Other projects copy it from where the package puts it.
+# qev_resource_bundle(NAME): puts resources/NAME_NAME.bundle of the current folder next to the programs of this build,
+# and into the installed resources of the program. Hosts get it from qev_settings_bundles.
 function(qev_resource_bundle name_of_library)
   set(target QEVSettings_${name_of_library})
   set(name ${name_of_library}_${name_of_library}.bundle)
@@ -81,6 +102,8 @@ function(qev_resource_bundle name_of_library)
     VERBATIM)
   add_custom_target(${target}_resources ALL DEPENDS ${stamp})
   add_dependencies(${target} ${target}_resources)
-  install(DIRECTORY ${source} DESTINATION ${ZORVANTINE_INSTALL_RESOURCES} COMPONENT runtime)
-  install(DIRECTORY ${source} DESTINATION ${QEV_INSTALL_BUNDLES} COMPONENT dev)
+  set_property(GLOBAL APPEND PROPERTY QEVSettings_BUNDLES ${source})
+  if(QEV_WITH_INSTALL)
+    install(DIRECTORY ${source} DESTINATION ${ZORVANTINE_INSTALL_RESOURCES} COMPONENT runtime)
+  endif()
 endfunction()

@@ -3,6 +3,11 @@ include(CMakePackageConfigHelpers)
 
 install(EXPORT QEVSettingsTargets NAMESPACE QEVSettings::
   DESTINATION ${QEV_INSTALL_PACKAGE} COMPONENT dev)
+if(QEV_WITH_QT)
+  install(EXPORT QEVSettingsQtTargets NAMESPACE QEVSettings::
+    DESTINATION ${QEV_INSTALL_PACKAGE} COMPONENT dev)
+endif()
+install(DIRECTORY ${QEVSettings_BUNDLES_DIR}/ DESTINATION ${QEV_INSTALL_BUNDLES} COMPONENT dev)
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/QEVSettingsConfig.cmake.in
   ${PROJECT_BINARY_DIR}/package/QEVSettingsConfig.cmake
   INSTALL_DESTINATION ${QEV_INSTALL_PACKAGE}
@@ -11,6 +16,7 @@ configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/QEVSettingsConfig.cmake.
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/package/QEVSettingsConfigVersion.cmake
   COMPATIBILITY SameMinorVersion)
 install(FILES
+  ${CMAKE_CURRENT_LIST_DIR}/QEVSettingsBundles.cmake
   ${PROJECT_BINARY_DIR}/package/QEVSettingsConfig.cmake
   ${PROJECT_BINARY_DIR}/package/QEVSettingsConfigVersion.cmake
   DESTINATION ${QEV_INSTALL_PACKAGE} COMPONENT dev)
@@ -18,6 +24,38 @@ install(FILES
 # ICU is loaded at run time, so nothing in a binary names its package.
 find_package(ICU REQUIRED COMPONENTS uc)
 string(REGEX MATCH "^[0-9]+" icu_version "${ICU_VERSION}")
+# qev_pkg_config(NAME DESCRIPTION REQUIRES LIBRARIES): the same for projects that use pkg-config.
+function(qev_pkg_config name description requires libraries)
+  # The order of static libraries does not matter within a group.
+  set(QEV_PC_LIBRARIES "-Wl,--start-group")
+  foreach(library IN LISTS libraries)
+    get_target_property(type ${library} TYPE)
+    if(NOT type STREQUAL "INTERFACE_LIBRARY")
+      string(APPEND QEV_PC_LIBRARIES " -l${library}")
+    endif()
+  endforeach()
+  string(APPEND QEV_PC_LIBRARIES " -Wl,--end-group")
+  if(BUILD_SHARED_LIBS)
+    string(PREPEND QEV_PC_LIBRARIES "-Wl,-rpath,\${libdir} ")
+  endif()
+  # An installed tree can be moved.
+  file(RELATIVE_PATH QEV_PC_PREFIX ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+  set(QEV_PC_NAME ${name})
+  set(QEV_PC_DESCRIPTION ${description})
+  set(QEV_PC_REQUIRES ${requires})
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/QEVSettings.pc.in ${PROJECT_BINARY_DIR}/package/${name}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/package/${name}.pc
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
+endfunction()
+
+get_property(libraries GLOBAL PROPERTY QEVSettings_LIBRARIES)
+qev_pkg_config(QEVSettings "${PROJECT_DESCRIPTION}" "expat, libsodium, sqlite3" "${libraries}")
+if(QEV_WITH_QT)
+  get_property(libraries GLOBAL PROPERTY QEVSettingsQt_LIBRARIES)
+  # The real window uses the libraries of the other file, and so stands before them.
+  qev_pkg_config(QEVSettingsQt "${PROJECT_DESCRIPTION}, on Qt 6"
+    "QEVSettings = ${PROJECT_VERSION}, Qt6DBus, Qt6Network, Qt6Svg, Qt6Widgets" "${libraries}")
+endif()
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME zorvantine)

@@ -36,7 +36,7 @@ SettingsHost::SettingsHost(const WindowOptions& options, QEVSettings::Preference
   QEVSettings::QEVPreferencesMigration::migrateIfNeeded(store);
   if (!options.language.empty()) Bundle::setPreferredLanguages({options.language});
   loadAnalyzers(options.syntheticAnalyzers, store);
-  delegate_ = std::make_shared<ApplicationDelegate>(store);
+  delegate_ = std::make_shared<QEVSettings::StoredAppearance>(store);
   updater_ = std::make_shared<QEVSettings::UpdaterViewModel>();
   capture_ = std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(
       store, std::make_shared<MachineInterfaces>());

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ApplicationDelegate.hpp"
 #include "ProxyService.hpp"
 #include "QEVCoreComponents/QEVCaptureViewModel.hpp"
+#include "QEVSettings/StoredAppearance.hpp"
 #include "QEVSettings/UpdaterViewModel.hpp"
 #include "QEVSettings/preferences/PreferencesStore.hpp"
 #include "commandline/WindowOptions.hpp"
@@ -28,7 +28,7 @@ public:
 private:
   bool hasProxyTab_;
   QEVSettings::PreferencesStore& store_;
-  std::shared_ptr<ApplicationDelegate> delegate_;
+  std::shared_ptr<QEVSettings::StoredAppearance> delegate_;
   std::shared_ptr<QEVSettings::UpdaterViewModel> updater_;
   std::shared_ptr<QEVCoreComponents::QEVCaptureViewModel> capture_;
   std::shared_ptr<ProxyService> proxy_;

@@ -1,6 +1,7 @@
 #include "QEVCommonTools/QEVHelpButton.hpp"
 
 #include "HelpText.hpp"
+#include "QEVCommonTools/HelpHandler.hpp"
 #include "QEVCommonTools/Spacing.hpp"
 #include "QEVCommonTools/localized.hpp"
 #include "viewkit/Controls.hpp"
@@ -32,7 +33,9 @@ View helpPage(const HelpText& help) {
 }  // namespace
 
 View QEVHelpButton::body() const {
-  return HelpButton([self = *this] { self.isOpen.set(true); })
+  return HelpButton([self = *this] {
+           if (!openHostHelp(self.anchor)) self.isOpen.set(true);
+         })
       .help(localized("Help"))
       .popover(isOpen.binding(), [anchor = anchor] { return helpPage(HelpText::at(anchor)); });
 }

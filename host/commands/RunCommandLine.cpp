@@ -1,6 +1,8 @@
 #include "commands/RunCommandLine.hpp"
 
+#include "QEVSettings/preferences/HostIdentity.hpp"
 #include "commandline/ExitCode.hpp"
+#include "commandline/Help.hpp"
 #include "commandline/Messages.hpp"
 #include "commandline/Options.hpp"
 #include "commands/Commands.hpp"
@@ -12,6 +14,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <string>
 #include <string_view>
 #include <system_error>
 #include <vector>
@@ -84,6 +87,8 @@ Failed carryOut(const Options& options, Messages& messages, Program program) {
 
 int runCommandLine(int argc, char** argv, Program program) {
   std::ios::sync_with_stdio(false);
+  QEVSettings::HostIdentity::set(
+      {.id = "zorvantine", .displayName = "Zorvantine", .version = std::string(versionText())});
   if (program != Program::shell) useInstalledResources();
   // Outlives the store, which may report something when it is closed.
   static Messages messages;

@@ -1,6 +1,6 @@
-#include "ApplicationDelegate.hpp"
 #include "HostParts.hpp"
 #include "QEVKonstantsKeys/Keys.hpp"
+#include "QEVSettings/StoredAppearance.hpp"
 #include "appkit/Application.hpp"
 #include "qt/WindowFixture.hpp"
 
@@ -58,7 +58,7 @@ protected:
   const QString file = folder.filePath("preferences.sqlite");
   std::unique_ptr<foundation::UserDefaults> preferences =
       foundation::UserDefaults::open(file.toStdString());
-  std::optional<zorvantine::ApplicationDelegate> host;
+  std::optional<StoredAppearance> host;
 };
 
 TEST_F(GeneralDesktopTest, TheAppearanceIsSwitchedWhileOneLooks) {

@@ -1,3 +1,4 @@
+#include "QEVCommonTools/HelpHandler.hpp"
 #include "SettingsWindowTest.hpp"
 #include "viewkit/Text.hpp"
 
@@ -52,6 +53,24 @@ TEST_F(QEVSettingsViewTest, OpensOnTheTabAskedForAndOffersItsHelp) {
     window.press(headless::Key::escape);
     EXPECT_FALSE(window.find(Role::popover).exists());
   }
+}
+
+TEST_F(QEVSettingsViewTest, HelpButtonLeavesItsAnchorToTheHostThatTakesIt) {
+  using QEVCommonTools::QEVHelpAnchor;
+  std::vector<QEVHelpAnchor> asked;
+  bool isTaken = true;
+  QEVCommonTools::setHelpHandler([&](QEVHelpAnchor anchor) {
+    asked.push_back(anchor);
+    return isTaken;
+  });
+  headless::Window& window = open(Tabs::capture);
+  window.click(window.find(Role::helpButton));
+  EXPECT_FALSE(window.find(Role::popover).exists());
+  isTaken = false;
+  window.click(window.find(Role::helpButton));
+  EXPECT_TRUE(window.find(Role::popover).exists());
+  EXPECT_THAT(asked, ElementsAre(QEVHelpAnchor::settingsCapture, QEVHelpAnchor::settingsCapture));
+  QEVCommonTools::setHelpHandler(nullptr);
 }
 
 TEST_F(QEVSettingsViewTest, ShowsTheFirstPageForASelectionWithoutPage) {

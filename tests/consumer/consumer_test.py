@@ -1,10 +1,14 @@
 #!/usr/bin/env python3
-"""Installs the library into a folder of its own, then configures, builds and runs a project that uses it.
+"""Installs the library into a folder of its own, then configures, builds and runs projects that use it.
 
-    consumer_test.py BUILD SCRATCH CXX_COMPILER CXX_FLAGS
+    consumer_test.py BUILD SCRATCH CXX_COMPILER CXX_FLAGS [QT_HOST OPEN_EXAMPLE]
+
+QT_HOST is the folder of a project with a QApplication of its own, and OPEN_EXAMPLE the script that starts it; both are
+left out of a build without Qt.
 """
 
 import os
+import shlex
 import shutil
 import subprocess
 import sys
@@ -26,22 +30,39 @@ def expect(condition, what):
         sys.exit(f"expected: {what}")
 
 
+def build(source, folder, prefix, compiler, flags, *more):
+    run("cmake", "-S", source, "-B", folder, "-G", "Ninja", f"-DCMAKE_PREFIX_PATH={prefix}",
+        f"-DCMAKE_CXX_COMPILER={compiler}", f"-DCMAKE_CXX_FLAGS={flags}", "-DCMAKE_BUILD_TYPE=Debug", *more)
+    run("cmake", "--build", folder)
+
+
+def check_program(program, scratch, environment):
+    # The program's folder has the bundles; the folder it is started from has none.
+    page = run(program, cwd=scratch, env=environment)
+    expect("Schriften" in page, f"the fonts page in German, not:\n{page}")
+
+
 def main():
-    build, scratch, compiler, flags = Path(sys.argv[1]), Path(sys.argv[2]), sys.argv[3], sys.argv[4]
+    build_folder, scratch, compiler, flags = Path(sys.argv[1]), Path(sys.argv[2]), sys.argv[3], sys.argv[4]
     shutil.rmtree(scratch, ignore_errors=True)
     installed, moved, project = scratch / "installed", scratch / "moved", scratch / "project"
+    environment = dict(os.environ, XDG_CONFIG_HOME=str(scratch / "config"), LC_ALL="C.UTF-8")
 
-    run("cmake", "--install", build, "--prefix", installed, "--component", "dev")
+    for component in ["dev", "runtime"]:
+        run("cmake", "--install", build_folder, "--prefix", installed, "--component", component)
     # An installed tree is good wherever it is put.
     installed.rename(moved)
-    run("cmake", "-S", SOURCE, "-B", project, "-G", "Ninja", f"-DCMAKE_PREFIX_PATH={moved}",
-        f"-DCMAKE_CXX_COMPILER={compiler}", f"-DCMAKE_CXX_FLAGS={flags}", "-DCMAKE_BUILD_TYPE=Debug")
-    run("cmake", "--build", project)
 
-    environment = dict(os.environ, XDG_CONFIG_HOME=str(scratch / "config"), LC_ALL="C.UTF-8")
-    # The project's folder has its bundles; the folder it was started from has none.
-    page = run(project / "consumer", cwd=scratch, env=environment)
-    expect("Schriften" in page, f"the fonts page in German, not:\n{page}")
+    # The component `headless` does without Qt.
+    build(SOURCE, project, moved, compiler, flags, "-DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON")
+    check_program(project / "consumer", scratch, environment)
+
+    # The same without CMake.
+    package = next(moved.glob("lib/**/pkgconfig"))
+    options = run("pkg-config", "--cflags", "--libs", "QEVSettings", env=dict(environment, PKG_CONFIG_PATH=package))
+    plain = project / "plain"
+    run(compiler, "-std=c++20", *shlex.split(flags), SOURCE / "main.cpp", "-o", plain, *shlex.split(options))
+    check_program(plain, scratch, environment)
 
     # Without the module's bundle the program must stop rather than show half a window.
     for bundle in BUNDLES:
@@ -49,6 +70,11 @@ def main():
     stopped = subprocess.run([project / "consumer"], text=True, capture_output=True, cwd=scratch, env=environment)
     expect(stopped.returncode != 0, "a failure without the bundle")
     expect("unable to find bundle named QEVSettings_QEVSettings" in stopped.stderr, f"its reason, not:\n{stopped.stderr}")
+
+    if len(sys.argv) > 5:
+        host, open_example = Path(sys.argv[5]), Path(sys.argv[6])
+        build(host, scratch / "qt_host", moved, compiler, flags)
+        run(sys.executable, "-B", open_example, scratch / "qt_host" / "packet_viewer")
     shutil.rmtree(scratch)
 
 

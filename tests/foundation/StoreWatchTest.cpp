@@ -3,6 +3,7 @@
 #include "foundation/store/watch/PreferencesWatch.hpp"
 
 #include <gmock/gmock.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include <array>
@@ -10,6 +11,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <semaphore>
+#include <thread>
 
 namespace foundation {
 namespace {
@@ -268,6 +270,25 @@ TEST_F(StoreWatch, WakerIsNotCalledAfterItWasReplaced) {
   MainQueue::mainQueue().drainAll();
   MainQueue::mainQueue().async([] {});
   EXPECT_EQ(calls, 1);
+}
+
+TEST_F(StoreWatch, QueueDescriptorIsReadableWhileWorkWaits) {
+  MainQueue queue;
+  const auto isReadable = [&queue](int milliseconds) {
+    pollfd waiting{.fd = queue.descriptor(), .events = POLLIN, .revents = 0};
+    return ::poll(&waiting, 1, milliseconds) == 1;
+  };
+  queue.async([] {});
+  EXPECT_TRUE(isReadable(0)) << "also work that was there before the descriptor";
+  queue.drain();
+  EXPECT_FALSE(isReadable(0));
+  std::thread other([&queue] { queue.async([&queue] { queue.async([] {}); }); });
+  EXPECT_TRUE(isReadable(60'000));
+  other.join();
+  queue.drain();
+  EXPECT_TRUE(isReadable(0)) << "what the work queued itself waits for the next turn";
+  queue.drain();
+  EXPECT_FALSE(isReadable(0));
 }
 
 TEST_F(StoreWatch, RepeatedWorkRunsInTurnsUntilItsSubscriptionEnds) {

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Writes the C++ example of a Markdown file, the one fenced block with a `main`, to a file of its own.
+"""Writes a C++ example of a Markdown file to a file of its own: the fenced block with a `main` that has this number.
 
-    extract_example.py MARKDOWN OUTPUT
+    extract_example.py MARKDOWN NUMBER OUTPUT
 """
 
 import re
@@ -12,9 +12,10 @@ from pathlib import Path
 def main():
     text = Path(sys.argv[1]).read_text(encoding="utf-8")
     examples = [block for block in re.findall(r"^```cpp\n(.*?)^```$", text, re.M | re.S) if "int main(" in block]
-    if len(examples) != 1:
-        sys.exit(f"{sys.argv[1]}: {len(examples)} complete examples, where one is expected")
-    Path(sys.argv[2]).write_text(examples[0], encoding="utf-8")
+    number = int(sys.argv[2])
+    if number > len(examples):
+        sys.exit(f"{sys.argv[1]} has {len(examples)} complete examples, and none with the number {number}")
+    Path(sys.argv[3]).write_text(examples[number - 1], encoding="utf-8")
 
 
 if __name__ == "__main__":

@@ -1,3 +1,4 @@
+#include "QEVSettings/preferences/HostIdentity.hpp"
 #include "foundation/Bundle.hpp"
 #include "foundation/StringsFile.hpp"
 #include "foundation/UserDefaults.hpp"
@@ -103,6 +104,7 @@ protected:
 };
 
 TEST_F(QtUpdates, HttpRequestSendsOnlyItsHeaders) {
+  QEVSettings::HostIdentity::set({.id = "analyzer", .version = "3.2.1"});
   server.answer = ok("<rss/>");
   const auto outcome = fetch({.address = server.address(),
                               .headers = {{"X-System-Version", "Debian 12"}},
@@ -123,7 +125,7 @@ TEST_F(QtUpdates, HttpRequestSendsOnlyItsHeaders) {
   headers.erase("Host");
   headers.erase("Connection");
   EXPECT_EQ(headers, (std::map<std::string, std::string>{{"X-System-Version", "Debian 12"},
-                                                         {"User-Agent", "zorvantine"},
+                                                         {"User-Agent", "analyzer/3.2.1"},
                                                          {"Accept-Language", "*"},
                                                          {"Accept-Encoding", "identity"},
                                                          {"Cache-Control", "no-cache"},

@@ -1,10 +1,17 @@
 #include "foundation/MainQueue.hpp"
 
+#include <sys/eventfd.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <memory>
 #include <utility>
 
 namespace foundation {
+
+MainQueue::~MainQueue() {
+  if (descriptor_ >= 0) ::close(descriptor_);
+}
 
 MainQueue& MainQueue::mainQueue() {
   static auto* const queue = std::make_unique<MainQueue>().release();
@@ -17,9 +24,13 @@ void MainQueue::async(Work work) {
     const std::scoped_lock lock(mutex_);
     isFirst = pending_.empty();
     pending_.push_back(std::move(work));
+    if (isFirst && descriptor_ >= 0) ::eventfd_write(descriptor_, 1);
   }
   arrived_.notify_all();
-  if (!isFirst) return;
+  if (isFirst) callWaker();
+}
+
+void MainQueue::callWaker() {
   const std::scoped_lock lock(wakerMutex_);
   if (waker_) waker_();
 }
@@ -30,6 +41,8 @@ bool MainQueue::drain() {
   {
     const std::scoped_lock lock(mutex_);
     turn.swap(pending_);
+    eventfd_t arrivals = 0;
+    if (descriptor_ >= 0 && !turn.empty()) ::eventfd_read(descriptor_, &arrivals);
   }
   for (const Work& work : turn) work();
   return hasRepeated || !turn.empty();
@@ -59,11 +72,21 @@ void MainQueue::setWaker(std::function<void()> waker) {
   if (isWaiting && waker_) waker_();
 }
 
+int MainQueue::descriptor() {
+  const std::scoped_lock lock(mutex_);
+  if (descriptor_ < 0) {
+    descriptor_ = ::eventfd(pending_.empty() ? 0 : 1, EFD_CLOEXEC | EFD_NONBLOCK);
+  }
+  return descriptor_;
+}
+
 QEVSettings::Subscription MainQueue::repeat(std::chrono::milliseconds interval, Work work) {
   const std::uint64_t id = nextRepeated_++;
   repeated_[id] = {.interval = interval,
                    .due = Clock::now() + interval,
                    .work = std::make_shared<const Work>(std::move(work))};
+  // The event loop may sleep less long now.
+  callWaker();
   return QEVSettings::Subscription([this, id] { repeated_.erase(id); });
 }
 

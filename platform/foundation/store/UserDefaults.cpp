@@ -1,5 +1,6 @@
 #include "foundation/UserDefaults.hpp"
 
+#include "QEVSettings/preferences/HostIdentity.hpp"
 #include "foundation/Diagnostics.hpp"
 #include "foundation/MainQueue.hpp"
 #include "store/PreferenceObservers.hpp"
@@ -94,7 +95,8 @@ void UserDefaults::setStandardAccess(Access access) { chosenStandardAccess() = a
 std::filesystem::path UserDefaults::standardFile() {
   if (const auto& chosen = chosenStandardFile()) return *chosen;
   const auto folder = configurationFolder();
-  return folder.empty() ? folder : folder / "zorvantine" / "preferences.sqlite";
+  return folder.empty() ? folder
+                        : folder / QEVSettings::HostIdentity::current().id / "preferences.sqlite";
 }
 
 std::unique_ptr<UserDefaults> UserDefaults::inMemory() {

@@ -1,5 +1,7 @@
 #include "foundation/Diagnostics.hpp"
 
+#include "QEVSettings/preferences/HostIdentity.hpp"
+
 #include <iostream>
 #include <memory>
 #include <mutex>
@@ -38,7 +40,8 @@ void reportDiagnostic(std::string_view line) noexcept {
     if (sink) {
       sink(line);
     } else {
-      std::clog << (std::string(line) + '\n') << std::flush;
+      std::clog << QEVSettings::HostIdentity::current().id + ": " + std::string(line) + '\n'
+                << std::flush;
     }
   } catch (...) {
     // A line that cannot be written is dropped.

@@ -1,5 +1,6 @@
 #include "qt/HttpTransport.hpp"
 
+#include "QEVSettings/preferences/HostIdentity.hpp"
 #include "sparkle/reason.hpp"
 
 #include <QNetworkAccessManager>
@@ -20,10 +21,15 @@ using foundation::Result;
 // How many bytes of an answer Qt may buffer, so that an endless answer does not fill the memory.
 constexpr qint64 kReadBufferSize = qint64{256} * 1024;
 
+QByteArray userAgent() {
+  const auto& host = QEVSettings::HostIdentity::current();
+  return QByteArray::fromStdString(host.version.empty() ? host.id : host.id + '/' + host.version);
+}
+
 QNetworkRequest networkRequest(const QUrl& url, const sparkle::FeedRequest& request) {
   QNetworkRequest result(url);
-  // Otherwise Qt sends values of its own, the language of the person among them.
-  result.setRawHeader("User-Agent", "zorvantine");
+  // Qt would tell its own version of these otherwise, the user's language among them.
+  result.setRawHeader("User-Agent", userAgent());
   result.setRawHeader("Accept-Language", "*");
   result.setRawHeader("Accept-Encoding", "identity");
   for (const auto& [name, value] : request.headers) {

@@ -1,5 +1,6 @@
 #include "window/WindowWidget.hpp"
 
+#include "QEVSettings/preferences/HostIdentity.hpp"
 #include "appkit/Application.hpp"
 #include "bridge/KeyEvents.hpp"
 #include "bridge/Strings.hpp"
@@ -41,12 +42,15 @@ const viewkit::PresentationNode* tooltipAt(const viewkit::PresentationNode& node
 
 }  // namespace
 
-WindowWidget::WindowWidget(Window& window, WindowOptions options) : window_(window) {
+WindowWidget::WindowWidget(Window& window, WindowOptions options)
+    : window_(window), preferredSize_(QSizeF(options.size.width, options.size.height).toSize()) {
+  if (QStyle* const style = runtime_->widgetStyle()) setStyle(style);
   const auto& environment = options.environment;
   const bool rightToLeft = environment.layoutDirection == viewkit::LayoutDirection::rightToLeft;
   metrics_.setDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
   setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-  setWindowTitle(toQString(options.title));
+  setWindowTitle(toQString(
+      options.title.empty() ? QEVSettings::HostIdentity::current().displayName : options.title));
   setAttribute(Qt::WA_OpaquePaintEvent);
   setMouseTracking(true);
   host_ = std::make_unique<viewkit::ViewHost>(options.root, environment, metrics_);
@@ -64,13 +68,14 @@ WindowWidget::WindowWidget(Window& window, WindowOptions options) : window_(wind
     if (host_) host_->endEditing();
   });
   qApp->installEventFilter(this);
+  runtime_->keyMonitors().add(*this);
   appearance_ =
       appkit::Application::sharedApplication().effectiveAppearanceDidChange().subscribe([this] {
         update();
         for (QWidget* child : findChildren<QWidget*>()) child->update();
       });
 
-  resize(QSizeF(options.size.width, options.size.height).toSize());
+  resize(preferredSize_);
   host_->setSize({double(width()), double(height())});
   fit();
   host_->update();
@@ -79,6 +84,8 @@ WindowWidget::WindowWidget(Window& window, WindowOptions options) : window_(wind
 WindowWidget::~WindowWidget() {
   closed_ = nullptr;
   endViews();
+  appkit::Application::sharedApplication().windowDidResignKey(window_);
+  runtime_->keyMonitors().remove(*this);
   // The base class moves the focus after this object's members are gone.
   qApp->removeEventFilter(this);
   disconnect(qApp, nullptr, this, nullptr);
@@ -163,7 +170,11 @@ void WindowWidget::revealFocus(const QWidget* focused) {
   if (control && control->node()) host_->reveal(control->node()->id);
 }
 
+QSize WindowWidget::sizeHint() const { return preferredSize_.expandedTo(minimumSize()); }
+
 bool WindowWidget::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ActivationChange && watched == window()) noteActivation();
+  if (event->type() == QEvent::Polish) polish(*watched);
   const bool isMove = event->type() == QEvent::MouseMove;
   if (!host_ || !(isMove || event->type() == QEvent::KeyPress)) return false;
   const auto* under = qobject_cast<QWidget*>(watched);
@@ -189,21 +200,22 @@ bool WindowWidget::routeKey(const QKeyEvent& press) {
 }
 
 bool WindowWidget::event(QEvent* event) {
-  switch (event->type()) {
-    case QEvent::ToolTip: {
-      const auto* help = static_cast<QHelpEvent*>(event);
-      if (!showTooltip(help->pos(), help->globalPos())) event->ignore();
-      return true;
-    }
-    case QEvent::ActivationChange: noteActivation(); break;
-    default: break;
-  }
-  return QWidget::event(event);
+  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  const auto* help = static_cast<QHelpEvent*>(event);
+  if (!showTooltip(help->pos(), help->globalPos())) event->ignore();
+  return true;
+}
+
+// In an application with a style of its own, the controls of this window bring theirs.
+void WindowWidget::polish(QObject& watched) {
+  QStyle* const style = runtime_->widgetStyle();
+  auto* const polished = style ? qobject_cast<QWidget*>(&watched) : nullptr;
+  if (polished && polished->style() != style && isAncestorOf(polished)) polished->setStyle(style);
 }
 
 void WindowWidget::noteActivation() {
   auto& application = appkit::Application::sharedApplication();
-  if (isActiveWindow()) {
+  if (isVisible() && isActiveWindow()) {
     application.windowDidBecomeKey(window_);
   } else {
     application.windowDidResignKey(window_);
@@ -239,7 +251,30 @@ void WindowWidget::resizeEvent(QResizeEvent* event) {
   host_->update();
 }
 
+// In a window of the host's, that one may have been active before.
+void WindowWidget::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  noteActivation();
+}
+
+void WindowWidget::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  noteActivation();
+}
+
+bool WindowWidget::agreesToClose() {
+  if (!mayClose_) return true;
+  clearFocusAndCommit();
+  host_->endEditing();
+  const auto refusedTexts = host_->refusedTexts();
+  return refusedTexts.empty() || mayClose_(refusedTexts);
+}
+
 void WindowWidget::closeEvent(QCloseEvent* event) {
+  if (host_ && !agreesToClose()) {
+    event->ignore();
+    return;
+  }
   QWidget::closeEvent(event);
   if (!host_) return;
   endViews();

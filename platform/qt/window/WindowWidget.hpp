@@ -7,6 +7,7 @@
 #include "qt/Window.hpp"
 #include "viewkit/ViewHost.hpp"
 #include "window/QtMetrics.hpp"
+#include "window/Runtime.hpp"
 
 #include <QElapsedTimer>
 #include <QTimer>
@@ -29,6 +30,9 @@ public:
   // May be called only while the window is open.
   viewkit::ViewHost& host() { return *host_; }
   AccessibleTree* accessibleTree() const override { return accessibles_.get(); }
+  void setMayClose(std::function<bool(const std::vector<viewkit::RefusedText>&)> mayClose) {
+    mayClose_ = std::move(mayClose);
+  }
   void setClosed(std::function<void()> closed) { closed_ = std::move(closed); }
   void setRefused(std::function<void(const std::vector<viewkit::RefusedText>&)> refused) {
     refused_ = std::move(refused);
@@ -42,11 +46,14 @@ public:
   void clearFocusAndCommit();
 
   bool eventFilter(QObject* watched, QEvent* event) override;
+  QSize sizeHint() const override;
 
 protected:
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -60,17 +67,22 @@ private:
   void stepAnimations();
   void endViews();
   void noteActivation();
+  void polish(QObject& watched);
+  bool agreesToClose();
   void revealFocus(const QWidget* focused);
   bool showTooltip(QPoint point, QPoint onScreen);
   // Whether the window handled the key press.
   bool routeKey(const QKeyEvent& press);
 
   Window& window_;
+  std::shared_ptr<Runtime> runtime_ = Runtime::shared();
+  QSize preferredSize_;
   QtMetrics metrics_;
   std::unique_ptr<viewkit::ViewHost> host_;
   std::unique_ptr<Mirror> mirror_;
   std::unique_ptr<AccessibleTree> accessibles_;
   std::function<void()> closed_;
+  std::function<bool(const std::vector<viewkit::RefusedText>&)> mayClose_;
   std::function<void(const std::vector<viewkit::RefusedText>&)> refused_;
   foundation::Subscription appearance_;
   QTimer frames_;

@@ -6,7 +6,8 @@
 
 namespace QEVCommonTools {
 
-// A small round button that shows a chapter of the help in a popover.
+// A small round button that opens the host's help for its anchor or, without a help handler, shows
+// a chapter of the help in a popover.
 struct QEVHelpButton {
   QEVHelpAnchor anchor;
   viewkit::State<bool> isOpen = false;

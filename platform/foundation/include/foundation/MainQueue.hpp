@@ -15,12 +15,23 @@ namespace foundation {
 
 // Work for a later turn of the main thread, in the order in which it was asked for.
 //
-// The queue has no loop of its own: a window's event loop, or a test, drains it. `async` may be
-// called on any thread, everything else on the main thread. The process's queue is never destroyed:
-// threads of the store may queue work while the process ends.
+// The queue has no loop of its own: a window's event loop, or a test, drains it. A host with
+// another event loop watches the descriptor, and sleeps no longer than `pollTimeout`:
+//
+//     pollfd waiting{.fd = queue.descriptor(), .events = POLLIN, .revents = 0};
+//     poll(&waiting, 1, queue.pollTimeout());
+//     queue.drain();
+//
+// `async` may be called on any thread, everything else on the main thread. The process's queue is
+// never destroyed: threads of the store may queue work while the process ends.
 class MainQueue {
 public:
   using Work = std::function<void()>;
+
+  MainQueue() = default;
+  ~MainQueue();
+  MainQueue(const MainQueue&) = delete;
+  MainQueue& operator=(const MainQueue&) = delete;
 
   // The queue of the process's main thread.
   static MainQueue& mainQueue();
@@ -43,6 +54,10 @@ public:
   // running any more when this returns, so a waker must not wait for the main thread.
   void setWaker(std::function<void()> waker);
 
+  // A file descriptor that is readable while work waits for `drain`, the repeated work apart. The
+  // host only polls it. It stays the queue's; -1 when the system has none left.
+  int descriptor();
+
   // Runs the work in `drain`, at most once in each interval, until the subscription ends: for work
   // that has no thread to queue it.
   [[nodiscard]] QEVSettings::Subscription repeat(std::chrono::milliseconds interval, Work work);
@@ -61,12 +76,14 @@ private:
 
   Clock::time_point nextRepeat() const;
   bool runRepeated();
+  void callWaker();
 
   std::mutex mutex_;
   std::condition_variable arrived_;
   std::vector<Work> pending_;
   std::recursive_mutex wakerMutex_;  // held while the waker runs, which may queue work itself
   std::function<void()> waker_;
+  int descriptor_ = -1;  // an eventfd; of `mutex_`
   std::map<std::uint64_t, Repeated> repeated_;
   std::uint64_t nextRepeated_ = 0;
 };

@@ -49,7 +49,8 @@ public:
   enum class Access { readWrite, readOnly };
 
   // The store of this process, opened at first use and closed when the process ends. Its file is
-  // zorvantine/preferences.sqlite in $XDG_CONFIG_HOME, or in ~/.config.
+  // ID/preferences.sqlite in $XDG_CONFIG_HOME or ~/.config, with the id of
+  // QEVSettings::HostIdentity.
   static UserDefaults& standardUserDefaults();
 
   // Another file for the standard store, or less access to it. Neither does anything after the

@@ -8,17 +8,31 @@
 #include <string>
 #include <vector>
 
+class QApplication;
+class QTranslator;
+
 namespace qt {
 
-// The connection of the process to the desktop. While it lives, the event loop drains the main
-// queue, appkit knows the installed fonts, and every window is drawn in the effective appearance
-// and follows its changes.
+class Runtime;
+
+// The process's connection to the desktop. While it lives, the event loop drains the main queue,
+// key presses pass through appkit's monitors, assistive technology can read the windows, and every
+// window of the process has the colours of the effective appearance, at once when that changes. The
+// desktop's own preference comes from its settings portal, or else from the colours that the
+// platform gives Qt; both are followed while the application runs.
 //
-// The preferences of the desktop come from its settings portal or, without one, from the palette
-// that the platform gives Qt. Changes of both are followed.
+// A host without a QApplication lets this class make one:
 //
-// There is one application at a time. Make it before any window and before other threads, and use
-// it on the main thread only.
+//     qt::Application application(argc, argv, qt::Application::Display::screen);
+//
+// A host with a QApplication of its own has it adopted:
+//
+//     QApplication application(argc, argv);
+//     const qt::Application settings;
+//
+// An adopted application keeps its style, its fonts and its names; its palette is put back when the
+// qt::Application and all windows are gone. One at a time, before threads; main thread. Windows
+// without a qt::Application adopt the QApplication themselves, for as long as one of them exists.
 class Application {
 public:
   // Where windows are drawn: on the display, or only into memory.
@@ -27,8 +41,12 @@ public:
   // Whether there is a display. Without one, making an application for the screen ends the process.
   static bool hasDisplay();
 
-  // `argc` and `argv` outlive the application. Qt removes the options that it knows.
+  // Makes a QApplication with the names of QEVSettings::HostIdentity, or adopts the one that exists
+  // already. `argc` and `argv` outlive it. Qt takes the options out that it knows.
   Application(int& argc, char** argv, Display display);
+  // Adopts the host's QApplication: the existing one, or the next that is made. In the second case
+  // the connection begins with the first window or the event loop, whichever comes first.
+  Application();
   ~Application();
   Application(const Application&) = delete;
   Application& operator=(const Application&) = delete;
@@ -56,8 +74,11 @@ public:
   [[nodiscard]] QEVSettings::Subscription watch(int descriptor, std::function<void()> readable);
 
 private:
-  class Runtime;
-  std::unique_ptr<Runtime> runtime_;
+  static void connectToNewApplication();
+
+  std::unique_ptr<QApplication> owned_;
+  std::unique_ptr<QTranslator> translator_;
+  std::shared_ptr<Runtime> runtime_;
 };
 
 }  // namespace qt

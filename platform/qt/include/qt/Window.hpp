@@ -20,10 +20,9 @@ class QWidget;
 
 namespace qt {
 
-class WindowWidget;
-
 struct WindowOptions {
-  std::string title;
+  // Empty: the display name of the host.
+  std::string title = {};
   // The initial size, points. The window is never smaller than its root view needs. A root view of
   // fixed height sets the height of the window, until the person resizes it.
   viewkit::Size size{720, 480};
@@ -35,7 +34,8 @@ struct WindowOptions {
 // and assistive technology work as in other programs.
 //
 // viewkit::routeKey describes what keys do. When the session of the person ends, a text that is
-// being edited is committed. Needs a qt::Application that outlives it. Main thread only.
+// being edited is committed. Needs a QApplication that outlives it, made by qt::Application or by
+// the host; without one the process stops with a line that says so. Main thread only.
 class Window : public appkit::Window {
 public:
   explicit Window(WindowOptions options);
@@ -44,12 +44,19 @@ public:
 
   // Opens the window or brings it to the front. Does nothing after `close`.
   void show();
-  // Closes the window for good: commits a text that is being edited, and makes the views disappear.
-  void close();
+  // Closes the window for good, as a person would: commits a text that is being edited, and makes
+  // the views disappear. Returns whether it is closed.
+  bool close();
   bool isOpen() const;
   // `closed` is called once, on the turn of the main queue after the window was closed by the
   // person or by `close`. It may destroy the window.
   void onClose(std::function<void()> closed);
+
+  // `mayClose` is called when the window is asked to close while fields hold texts that their views
+  // refused. The window stays open when it returns false: the host may have asked the person. Not
+  // called when the window is destroyed.
+  void onCloseWithRefusedTexts(
+      std::function<bool(const std::vector<viewkit::RefusedText>&)> mayClose);
 
   // `refused` is called while the window closes or is destroyed, if fields hold texts that their
   // views refused. These texts are not stored, and the host should tell the person. The call may
@@ -62,9 +69,13 @@ public:
   // regular file, or cannot be written.
   foundation::Outcome snapshot(const std::string& path, double scale);
 
-  // The widget of the window, for hosts that place it into a window of their own instead of calling
-  // `show`. The host's window then decides title, size and the keys that close it. This object
-  // keeps the ownership and is destroyed before the host's window.
+  // The widget that the window consists of, for a window, dialog or dock of the host's own:
+  //
+  //     layout->addWidget(&settings.widget());
+  //
+  // The host's window then has the title, the size and the keys that close a window, and calls
+  // `close` when it closes for good. The widget stays this window's. Where the host's window is
+  // destroyed first, the widget goes with it and this window is closed. Not after that.
   QWidget& widget();
 
   // The host of the views. May be called only while the window is open.
@@ -74,7 +85,8 @@ public:
   bool makeFirstResponder(appkit::Responder* responder) override;
 
 private:
-  std::unique_ptr<WindowWidget> widget_;
+  struct Content;
+  std::unique_ptr<Content> content_;
 };
 
 }  // namespace qt

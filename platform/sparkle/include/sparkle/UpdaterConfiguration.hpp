@@ -1,5 +1,6 @@
 #pragma once
 
+#include "QEVSettings/preferences/HostIdentity.hpp"
 #include "QEVSettings/preferences/PreferencesStore.hpp"
 #include "sparkle/FeedTransport.hpp"
 #include "sparkle/SPUUserDriver.hpp"
@@ -24,7 +25,6 @@ struct SystemProfile {
 //
 //     UpdaterConfiguration configuration;
 //     configuration.feedAddress = "https://updates.example.com/appcast.xml";
-//     configuration.applicationVersion = "3.2.1";
 //     configuration.publicKey = "VmqUPkiXhdTjmzIWbdlZ4wOrKhsF8rMTnZcmYNvYRBI=";
 //     configuration.userDriver = std::make_shared<UpdateDialogs>();
 //     UpdaterConfiguration::setStandard(std::move(configuration));
@@ -40,7 +40,7 @@ struct UpdaterConfiguration {
   // feed on its way. Signatures of packages are verified all the same.
   bool allowsInsecureFeed = false;
   // Compared with the versions of the feed.
-  std::string applicationVersion;
+  std::string applicationVersion = QEVSettings::HostIdentity::current().version;
   SystemProfile profile;
   // The Ed25519 public key, in base64, that verifies packages.
   std::string publicKey;

@@ -1,4 +1,4 @@
-#include "ApplicationDelegate.hpp"
+#include "QEVSettings/StoredAppearance.hpp"
 
 #include "QEVKonstantsKeys/Keys.hpp"
 #include "appkit/Application.hpp"
@@ -11,12 +11,12 @@
 namespace {
 
 using appkit::Appearance;
-using zorvantine::ApplicationDelegate;
+using QEVSettings::StoredAppearance;
 
-TEST(ApplicationDelegate, AppearanceFollowsTheStore) {
+TEST(StoredAppearance, MakesTheApplicationLookAsTheStoreSays) {
   const auto store = foundation::UserDefaults::inMemory();
   const auto& application = appkit::Application::sharedApplication();
-  const ApplicationDelegate delegate(*store);
+  const StoredAppearance delegate(*store);
   EXPECT_EQ(application.appearance(), Appearance::dark);
   store->setObject(QEVKonstantsKeys::kAppearanceNameAqua, QEVKonstantsKeys::kAppearanceName.name);
   EXPECT_EQ(application.appearance(), Appearance::light);

@@ -1,4 +1,4 @@
-#include "ApplicationDelegate.hpp"
+#include "QEVSettings/StoredAppearance.hpp"
 
 #include "QEVKonstantsKeys/Keys.hpp"
 #include "appkit/Application.hpp"
@@ -6,20 +6,20 @@
 #include <string>
 #include <string_view>
 
-namespace zorvantine {
+namespace QEVSettings {
 
 using appkit::Appearance;
 using QEVKonstantsKeys::kAppearanceName;
 using QEVKonstantsKeys::kAppearanceUseSystem;
 
-ApplicationDelegate::ApplicationDelegate(QEVSettings::PreferencesStore& store) : store_(store) {
+StoredAppearance::StoredAppearance(PreferencesStore& store) : store_(store) {
   const auto follow = [this](std::string_view) { setupAppearanceFromUserDefaults(); };
   nameChanged_ = store_.observe(kAppearanceName.name, follow);
   useSystemChanged_ = store_.observe(kAppearanceUseSystem.name, follow);
   setupAppearanceFromUserDefaults();
 }
 
-void ApplicationDelegate::setupAppearanceFromUserDefaults() {
+void StoredAppearance::setupAppearanceFromUserDefaults() {
   auto& application = appkit::Application::sharedApplication();
   if (store_.boolForKey(kAppearanceUseSystem.name)) {
     application.setAppearance(std::nullopt);
@@ -32,4 +32,4 @@ void ApplicationDelegate::setupAppearanceFromUserDefaults() {
                                                                           : Appearance::dark);
 }
 
-}  // namespace zorvantine
+}  // namespace QEVSettings

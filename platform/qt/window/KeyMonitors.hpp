@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QObject>
+#include <QWidget>
+
+#include <vector>
+
+namespace qt {
+
+// An event filter of the application that shows each key press to appkit's monitors, once and
+// before its receiver. Presses in menus, and in dialogs without a settings window in them, are left
+// out.
+class KeyMonitors final : public QObject {
+public:
+  // A widget whose presses are monitored also where it is a part of a dialog.
+  void add(const QWidget& page);
+  void remove(const QWidget& page) { std::erase(pages_, &page); }
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+  bool isForPlatform() const;
+  void deliver(QObject& receiver, QEvent& press);
+
+  std::vector<const QWidget*> pages_;
+  // The press on its way from one receiver to the next: the monitors see it once.
+  const QEvent* passing_ = nullptr;
+  // A press that nobody accepted, which Qt hands on to the ancestors of its first receiver.
+  const QEvent* ignored_ = nullptr;
+};
+
+}  // namespace qt

@@ -1,0 +1,179 @@
+#include "window/Runtime.hpp"
+
+#include "QEVSettings/preferences/HostIdentity.hpp"
+#include "accessibility/makeAccessible.hpp"
+#include "foundation/MainQueue.hpp"
+#include "paint/Colors.hpp"
+#include "paint/Look.hpp"
+#include "paint/QtFontCatalog.hpp"
+#include "paint/Style.hpp"
+
+#include <QAccessible>
+#include <QScopedValueRollback>
+#include <QThread>
+#include <QToolTip>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace qt {
+
+namespace {
+
+appkit::Appearance appearanceOf(const QPalette& palette) {
+  const bool dark = palette.color(QPalette::Window).lightnessF() <
+                    palette.color(QPalette::WindowText).lightnessF();
+  return dark ? appkit::Appearance::dark : appkit::Appearance::light;
+}
+
+void setOwnStyleAndFonts() {
+  QApplication::setStyle(new Style);
+  QFont font = QApplication::font();
+  if (font.pointSizeF() < look::kSmallestPointSize) font.setPointSizeF(look::kSmallestPointSize);
+  // Without hinting, text has the same width at every scale.
+  font.setHintingPreference(QFont::PreferNoHinting);
+  QApplication::setFont(font);
+  QToolTip::setFont(font);
+}
+
+// Widgets are deleted after the runtime, the application's children after all widgets.
+QStyle* styleForWidgets() {
+  static QPointer<QStyle> style;
+  if (!style) {
+    style = new Style;
+    style->setParent(qApp);
+  }
+  return style;
+}
+
+[[noreturn]] void stop(const char* reason) {
+  std::fprintf(stderr, "%s: %s\n", QEVSettings::HostIdentity::current().id.c_str(), reason);
+  std::abort();
+}
+
+void checkApplication() {
+  const QCoreApplication* const application = QCoreApplication::instance();
+  if (!application) {
+    stop("a window needs a QApplication; make one, or a qt::Application, before the window");
+  }
+  if (!qobject_cast<const QApplication*>(application)) {
+    stop("a window needs a QApplication; this program runs a QCoreApplication or QGuiApplication");
+  }
+  if (application->thread() != QThread::currentThread()) {
+    stop("a window belongs to the main thread; make it on the thread of the QApplication");
+  }
+}
+
+std::weak_ptr<Runtime>& current() {
+  static std::weak_ptr<Runtime> runtime;
+  return runtime;
+}
+
+}  // namespace
+
+std::shared_ptr<Runtime> Runtime::shared() {
+  checkApplication();
+  auto runtime = current().lock();
+  if (!runtime) {
+    const bool followsDesktop = QGuiApplication::platformName() != QLatin1String("offscreen");
+    runtime = std::make_shared<Runtime>(Origin::adopted, followsDesktop);
+    current() = runtime;
+  }
+  return runtime;
+}
+
+std::shared_ptr<Runtime> Runtime::ofOwned(bool followsDesktop) {
+  auto runtime = std::make_shared<Runtime>(Origin::owned, followsDesktop);
+  current() = runtime;
+  return runtime;
+}
+
+Runtime::Runtime(Origin origin, bool followsDesktop) : application_(qApp), origin_(origin) {
+  auto& shared = appkit::Application::sharedApplication();
+  hostHasPalette_ = QCoreApplication::testAttribute(Qt::AA_SetPalette);
+  hostPalette_ = QApplication::palette();
+  // What the desktop wants is known only until we set colours of our own.
+  ownAppearance_ = appearanceOf(hostPalette_);
+  if (followsDesktop) desktop_ = std::make_unique<DesktopPreferences>([this] { followDesktop(); });
+  followDesktop();
+  if (origin == Origin::owned) {
+    setOwnStyleAndFonts();
+  } else {
+    widgetStyle_ = styleForWidgets();
+  }
+
+  QAccessible::installFactory(makeAccessible);
+  shared.setFontCatalog(std::make_shared<QtFontCatalog>());
+  applyAppearance();
+  appearance_ = shared.effectiveAppearanceDidChange().subscribe([this] { applyAppearance(); });
+  platformChanged_.setSingleShot(true);
+  platformChanged_.callOnTimeout(this, [this] { platformChanged(); });
+  repeated_.setSingleShot(true);
+  repeated_.callOnTimeout(this, [this] { drain(); });
+  application_->installEventFilter(this);
+  application_->installEventFilter(&keyMonitors_);
+  foundation::MainQueue::mainQueue().setWaker([this] { wake(); });
+  wake();
+}
+
+Runtime::~Runtime() {
+  foundation::MainQueue::mainQueue().setWaker(nullptr);
+  auto& shared = appkit::Application::sharedApplication();
+  shared.setFontCatalog(nullptr);
+  QAccessible::removeFactory(makeAccessible);
+  if (!application_) return;
+  application_->removeEventFilter(&keyMonitors_);
+  application_->removeEventFilter(this);
+  if (origin_ == Origin::adopted) {
+    QApplication::setPalette(hostHasPalette_ ? hostPalette_ : QPalette());
+    QToolTip::setPalette(QApplication::palette());
+  }
+}
+
+bool Runtime::eventFilter(QObject* watched, QEvent* event) {
+  const bool isNewPalette =
+      event->type() == QEvent::ApplicationPaletteChange && watched == application_;
+  const bool isNewTheme = event->type() == QEvent::ThemeChange && watched->isWindowType();
+  if ((isNewPalette || isNewTheme) && !isSettingColors_) platformChanged_.start();
+  return false;
+}
+
+void Runtime::followDesktop() {
+  const auto wanted = desktop_ ? desktop_->appearance() : std::nullopt;
+  appkit::Application::sharedApplication().setSystemAppearance(wanted.value_or(ownAppearance_));
+}
+
+void Runtime::applyAppearance() {
+  const QScopedValueRollback guard(isSettingColors_, true);
+  const QPalette palette = paletteOf(appkit::Application::sharedApplication().palette());
+  QApplication::setPalette(palette);
+  QToolTip::setPalette(palette);
+  ownPalette_ = QApplication::palette();
+}
+
+// The platform has new colours, not we.
+void Runtime::platformChanged() {
+  {
+    const QScopedValueRollback guard(isSettingColors_, true);
+    // Behind ours, those of a new theme are not seen.
+    if (QApplication::palette() == ownPalette_) QApplication::setPalette(QPalette());
+    ownAppearance_ = appearanceOf(QApplication::palette());
+  }
+  followDesktop();
+  applyAppearance();
+}
+
+// On any thread.
+void Runtime::wake() {
+  QMetaObject::invokeMethod(
+      this, [this] { drain(); }, Qt::QueuedConnection);
+}
+
+void Runtime::drain() {
+  auto& queue = foundation::MainQueue::mainQueue();
+  queue.drain();
+  const int due = queue.pollTimeout();
+  if (due >= 0) repeated_.start(due);
+}
+
+}  // namespace qt

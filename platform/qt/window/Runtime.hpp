@@ -1,0 +1,69 @@
+#pragma once
+
+#include "appkit/Application.hpp"
+#include "desktop/DesktopPreferences.hpp"
+#include "foundation/ObservableObject.hpp"
+#include "window/KeyMonitors.hpp"
+
+#include <QApplication>
+#include <QPalette>
+#include <QPointer>
+#include <QTimer>
+
+#include <memory>
+
+class QStyle;
+
+namespace qt {
+
+// What all windows of the process share in its QApplication: turns of the main queue, appearance,
+// fonts, key monitors and accessibility. It lives as long as somebody holds it. Main thread.
+class Runtime final : public QObject {
+public:
+  // `owned` is an application that the layer made: it gets the layer's style and fonts as well.
+  enum class Origin { owned, adopted };
+
+  // The runtime of the QApplication that runs, made at the first call. Stops the process with one
+  // line when there is no QApplication, or when this is not its thread.
+  static std::shared_ptr<Runtime> shared();
+  // The same for an application that the layer has just made.
+  static std::shared_ptr<Runtime> ofOwned(bool followsDesktop);
+
+  Runtime(Origin origin, bool followsDesktop);
+  ~Runtime() override;
+  Runtime(const Runtime&) = delete;
+  Runtime& operator=(const Runtime&) = delete;
+
+  bool reducedMotion() const { return desktop_ && desktop_->reducedMotion(); }
+  // For each widget of a window; null where the whole application has the style.
+  QStyle* widgetStyle() const { return widgetStyle_; }
+  KeyMonitors& keyMonitors() { return keyMonitors_; }
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+  void followDesktop();
+  void applyAppearance();
+  void platformChanged();
+  void wake();
+  void drain();
+
+  QPointer<QApplication> application_;
+  Origin origin_;
+  KeyMonitors keyMonitors_;
+  QStyle* widgetStyle_ = nullptr;  // the application's child
+  // Without a portal: what the platform gives Qt.
+  appkit::Appearance ownAppearance_ = appkit::Appearance::light;
+  QPalette hostPalette_;
+  bool hostHasPalette_ = false;
+  QPalette ownPalette_;
+  bool isSettingColors_ = false;
+  // Several windows hear of one change.
+  QTimer platformChanged_;
+  // The next repeated work of the main queue.
+  QTimer repeated_;
+  std::unique_ptr<DesktopPreferences> desktop_;
+  foundation::Subscription appearance_;
+};
+
+}  // namespace qt
