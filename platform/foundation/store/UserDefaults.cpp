@@ -107,6 +107,7 @@ std::unique_ptr<UserDefaults> UserDefaults::open(const std::filesystem::path& pa
   auto store = inMemory();
   std::error_code error;
   store->path_ = std::filesystem::absolute(path, error);
+  FileLimitSignal::lookUpLimit();
   const auto connected = withinLimits([&] {
     access == Access::readOnly ? store->connectForReading() : store->connect();
     return done();

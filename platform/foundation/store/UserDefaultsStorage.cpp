@@ -113,6 +113,7 @@ void UserDefaults::closeCutFile() {
 // Opens the file anew: it could not be used so far, it is damaged, or it is another one by now.
 // Fails, and keeps the file that it has, when that has left a log which cannot be read.
 Outcome UserDefaults::reconnect(Suspicion suspicion) {
+  FileLimitSignal::lookUpLimit();
   closeCutFile();
   const bool isMoved = file_ && file_->isFolderReplaced();
   if (file_ && file_->hasLeftItsLog()) {

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 #include <sys/resource.h>
 
+#include <atomic>
 #include <cerrno>
 #include <ctime>
 
@@ -10,10 +11,7 @@ namespace foundation {
 
 namespace {
 
-bool hasFileLimit() {
-  rlimit limit{};
-  return ::getrlimit(RLIMIT_FSIZE, &limit) != 0 || limit.rlim_cur != RLIM_INFINITY;
-}
+std::atomic<bool> hasFileLimit = true;
 
 sigset_t fileLimitSignal() {
   sigset_t signals;
@@ -24,7 +22,12 @@ sigset_t fileLimitSignal() {
 
 }  // namespace
 
-FileLimitSignal::FileLimitSignal() : isMasked_(hasFileLimit()) {
+void FileLimitSignal::lookUpLimit() {
+  rlimit limit{};
+  hasFileLimit = ::getrlimit(RLIMIT_FSIZE, &limit) != 0 || limit.rlim_cur != RLIM_INFINITY;
+}
+
+FileLimitSignal::FileLimitSignal() : isMasked_(hasFileLimit) {
   if (!isMasked_) return;
   const sigset_t own = fileLimitSignal();
   ::pthread_sigmask(SIG_BLOCK, &own, &before_);

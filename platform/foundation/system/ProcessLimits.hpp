@@ -16,13 +16,18 @@ namespace foundation {
 
 // While one lives, a write of this thread beyond the limit for the size of a file (`ulimit -f`)
 // fails with EFBIG in place of ending the process by SIGXFSZ. Changes nothing for the host's other
-// threads, nor its handlers. Costs one system call where there is no such limit.
+// threads, nor its handlers. Does nothing when there was no such limit at the last `lookUpLimit`,
+// which saves three system calls.
 class FileLimitSignal {
 public:
   FileLimitSignal();
   FileLimitSignal(const FileLimitSignal&) = delete;
   FileLimitSignal& operator=(const FileLimitSignal&) = delete;
   ~FileLimitSignal();
+
+  // Asks the system whether the process has such a limit. Called when a store is opened. Until the
+  // first call it is taken to have one. Any thread.
+  static void lookUpLimit();
 
 private:
   bool isMasked_;
