@@ -65,7 +65,7 @@ TEST_F(StoreFaults, LeftoverLogInAReadOnlyFolderIsReadToItsEnd) {
   EXPECT_EQ(child.wait(), 0);
 }
 
-TEST_F(StoreFaults, FullDiskIsWaitedFor) {
+TEST_F(StoreFaults, WriteToAFullDiskIsRetriedUntilThereIsRoom) {
   Child child([&] {
     std::signal(SIGXFSZ, SIG_IGN);
     const auto store = open();
@@ -86,7 +86,7 @@ TEST_F(StoreFaults, FullDiskIsWaitedFor) {
   EXPECT_EQ(child.wait(), 0);
 }
 
-TEST_F(StoreFaults, FolderInPlaceOfTheFileIsWaitedFor) {
+TEST_F(StoreFaults, FolderAtThePathIsRetriedUntilItIsGone) {
   std::filesystem::create_directories(path);
   const auto store = open();
   store->setInteger(1, "key");
@@ -98,7 +98,7 @@ TEST_F(StoreFaults, FolderInPlaceOfTheFileIsWaitedFor) {
   EXPECT_EQ(open()->integerForKey("key"), 1);
 }
 
-TEST_F(StoreFaults, UnreadableFileIsWaitedFor) {
+TEST_F(StoreFaults, UnreadableFileIsRetriedUntilItCanBeRead) {
   Child child([&] {
     loseRootIn(folder);
     { open()->setInteger(1, "old"); }
@@ -118,7 +118,7 @@ TEST_F(StoreFaults, UnreadableFileIsWaitedFor) {
   EXPECT_EQ(child.wait(), 0);
 }
 
-TEST_F(StoreFaults, RefusedWriteIsTriedAgainLessAndLessOften) {
+TEST_F(StoreFaults, FailedWriteIsRetriedAfterGrowingPauses) {
   using Clock = std::chrono::steady_clock;
   std::filesystem::create_directories(path);
   const auto store = open();

@@ -25,7 +25,7 @@ sqlite3* anotherProgramsDatabase(const std::filesystem::path& path) {
   return database;
 }
 
-TEST_F(StoreForeignFiles, ForeignFileIsLeftAsItIs) {
+TEST_F(StoreForeignFiles, ForeignFileIsNotChanged) {
   struct Case {
     const char* name;
     std::function<void()> make;

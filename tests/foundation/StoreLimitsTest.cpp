@@ -116,7 +116,7 @@ TEST_F(StoreLimits, ReadWithoutMemoryEndsInAStatusAndIsNoDamage) {
   }
 }
 
-TEST_F(StoreLimits, WithoutThreadsWritesReachTheDiskAndChangesAreHeardInTurns) {
+TEST_F(StoreLimits, ProcessWithoutThreadsWritesToTheDiskAndNoticesChanges) {
   if (::geteuid() != 0) GTEST_SKIP() << "the limit would meet the other processes of this user";
   Child child([&] {
     constexpr uid_t unknown = 54323;
@@ -137,7 +137,7 @@ TEST_F(StoreLimits, WithoutThreadsWritesReachTheDiskAndChangesAreHeardInTurns) {
   EXPECT_EQ(child.wait(), 0);
 }
 
-TEST_F(StoreLimits, WithFewDescriptorsTheStoreServesItsMemory) {
+TEST_F(StoreLimits, StoreWithFewDescriptorsReadsAndWritesItsMemory) {
   if (isSanitized) GTEST_SKIP() << "a sanitizer checks memory through descriptors of its own";
   { open()->setInteger(1, "key"); }
   for (rlim_t spare = 0; spare < 12; ++spare) {
@@ -199,7 +199,7 @@ TEST_F(StoreLimits, ViewWithEndlessRowsIsDamage) {
 
 // The children of an interior page are all made the first of them, so that its rows come again and
 // again.
-TEST_F(StoreLimits, PagesThatAreNamedTwiceAreDamage) {
+TEST_F(StoreLimits, PageReferencedTwiceIsDamage) {
   {
     const auto store = open();
     QEVSettings::PreferenceDictionary many;
@@ -233,7 +233,7 @@ TEST_F(StoreLimits, PagesThatAreNamedTwiceAreDamage) {
 
 enum class Next { wakeUp, write, close };
 
-TEST_F(StoreLimits, CutIndexIsOpenedAnew) {
+TEST_F(StoreLimits, StoreWithTruncatedIndexIsOpenedAgain) {
   for (const Next next : {Next::wakeUp, Next::write, Next::close}) {
     SCOPED_TRACE(static_cast<int>(next));
     std::filesystem::remove_all(folder);

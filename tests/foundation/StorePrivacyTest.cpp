@@ -55,7 +55,7 @@ TEST_F(StorePrivacy, LinksPipesAndOthersFilesAreRefused) {
   EXPECT_EQ(child.wait(), 0);
 }
 
-TEST_F(StorePrivacy, LinksPlantedNextToTheFileLeadNowhere) {
+TEST_F(StorePrivacy, LinksNextToTheFileAreNotFollowed) {
   const auto elsewhere = folder / "elsewhere";
   for (const char* ending : {"-wal", "-shm", ".good", ".lock", ".copy", ".restored"}) {
     SCOPED_TRACE(ending);

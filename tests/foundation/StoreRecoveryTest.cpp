@@ -109,7 +109,7 @@ TEST_F(StoreRecovery, StoreWithoutAnyReadableValueBeginsEmpty) {
 }
 
 // Damage that reading all rows does not meet. A write, or the next start, recovers the store.
-TEST_F(StoreRecovery, WriteThatMeetsDamageSucceeds) {
+TEST_F(StoreRecovery, WriteThatFindsDamageSucceeds) {
   struct Case {
     const char* name;
     std::size_t offset;
@@ -165,7 +165,7 @@ TEST_F(StoreRecovery, FlippedBitInTheIndexDeletesNoOtherKey) {
 }
 
 // The file lost what its good copy still has, or its log did.
-TEST_F(StoreRecovery, LossIsSaidWithItsNumberOfKeys) {
+TEST_F(StoreRecovery, LossIsReportedWithTheNumberOfKeys) {
   struct Case {
     const char* name;
     std::function<void()> damage;
@@ -209,7 +209,7 @@ TEST_F(StoreRecovery, LossIsSaidWithItsNumberOfKeys) {
   }
 }
 
-TEST_F(StoreRecovery, ValueThatIsGoneEverywhereIsCounted) {
+TEST_F(StoreRecovery, ValueThatNoSourceHasIsCounted) {
   makeGoodCopy();
   writeWithoutCopy();
   const std::string contents = contentsOf(log());
@@ -314,7 +314,7 @@ TEST_F(StoreRecovery, FullDiskLeavesADamagedStoreAsItWas) {
   expectOldKeys(*store);
 }
 
-TEST_F(StoreRecovery, ReadOnlyOpeningRecoversInMemoryAlone) {
+TEST_F(StoreRecovery, ReadOnlyOpeningRecoversInMemoryOnly) {
   makeGoodCopy();
   writeWithoutCopy();
   overwriteAt(path, 3 * kPage, std::string(kPage, '\0'));

@@ -54,7 +54,7 @@ protected:
   const std::filesystem::path moved = scratch.path() / "moved";
 };
 
-TEST_F(StoreReplacement, NextWriteBringsTheMemoryAlong) {
+TEST_F(StoreReplacement, NextWriteAddsNewerChangesFromMemory) {
   for (const auto& [name, replace] : cases()) {
     SCOPED_TRACE(name);
     clear();
@@ -78,7 +78,7 @@ TEST_F(StoreReplacement, NextWriteBringsTheMemoryAlong) {
   }
 }
 
-TEST_F(StoreReplacement, ClosingBringsTheMemoryAlong) {
+TEST_F(StoreReplacement, ClosingAddsNewerChangesFromMemory) {
   for (const auto& [name, replace] : cases()) {
     SCOPED_TRACE(name);
     clear();
@@ -92,7 +92,7 @@ TEST_F(StoreReplacement, ClosingBringsTheMemoryAlong) {
   }
 }
 
-TEST_F(StoreReplacement, ObserversHearOfTheNewFile) {
+TEST_F(StoreReplacement, ObserversAreToldOfTheNewFile) {
   for (const auto& [name, replace] : cases()) {
     SCOPED_TRACE(name);
     clear();
@@ -113,7 +113,7 @@ TEST_F(StoreReplacement, ObserversHearOfTheNewFile) {
   }
 }
 
-TEST_F(StoreReplacement, TwoRunningStoresBringBothMemoriesAlong) {
+TEST_F(StoreReplacement, TwoRunningStoresAddTheNewerChangesOfBoth) {
   for (const auto& [name, replace] : cases()) {
     SCOPED_TRACE(name);
     clear();

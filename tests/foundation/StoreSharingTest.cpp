@@ -14,7 +14,7 @@ using testing::SizeIs;
 
 class StoreSharing : public StoreTest {};
 
-TEST_F(StoreSharing, ObserversHearOfAnotherProcessWithoutReading) {
+TEST_F(StoreSharing, ObserversAreToldOfAnotherProcessWithoutARead) {
   open()->setInteger(1, "before");
   std::array<int, 2> pipe{};
   ASSERT_EQ(::pipe(pipe.data()), 0);
@@ -64,7 +64,7 @@ TEST_F(StoreSharing, EightWritersLoseNothing) {
   EXPECT_EQ(store->dictionaryRepresentation().size(), 10U * writers + 1);
 }
 
-TEST_F(StoreSharing, StuckProcessBlocksNobody) {
+TEST_F(StoreSharing, StuckProcessDoesNotBlockOthers) {
   open()->setInteger(0, "key");
   std::array<int, 2> pipe{};
   ASSERT_EQ(::pipe(pipe.data()), 0);

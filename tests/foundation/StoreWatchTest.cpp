@@ -81,7 +81,7 @@ protected:
   }
 };
 
-TEST_F(StoreWatch, EndWaitsForTheStepInProgressAndNoCallbackFollows) {
+TEST_F(StoreWatch, DestructorWaitsForTheCurrentStepAndNoCallbackFollows) {
   for (const Step step :
        {Step::watchFolder, Step::queueChange, Step::synchronizeLog, Step::keepCopy}) {
     SCOPED_TRACE(static_cast<int>(step));
@@ -170,7 +170,7 @@ private:
   Refusals refused_;
 };
 
-TEST_F(StoreWatch, WhatTheSystemRefusesIsSaidOnceAndChangesAreFoundByTime) {
+TEST_F(StoreWatch, RefusalByTheSystemIsReportedOnceAndFilesAreCompared) {
   constexpr int always = 1'000'000;
   const Refusals cases[] = {
       {.name = "inotify", .folder = true, .wake = false, .threads = 0},

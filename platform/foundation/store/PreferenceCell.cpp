@@ -26,7 +26,7 @@ std::optional<PreferenceCell> PreferenceCell::ofValue(const std::optional<Prefer
   PreferenceCell cell;
   if (!value) return cell;
   cell.type_ = static_cast<std::int64_t>(value->type());
-  // Not-a-number is the database's NULL.
+  // SQLite stores not-a-number as NULL.
   const auto real = [&](double number) {
     if (!std::isnan(number)) cell.contents_ = number;
   };
@@ -100,7 +100,7 @@ void PreferenceCell::bind(sqlite3_stmt* statement, int typeParameter, int valueP
   } else if (const auto* real = std::get_if<double>(&contents_)) {
     sqlite3_bind_double(statement, valueParameter, *real);
   } else if (const auto* bytes = std::get_if<Bytes>(&contents_)) {
-    // A null pointer would bind NULL, and what is empty may have one.
+    // SQLite binds NULL for a null pointer, which an empty text or blob may have.
     const auto* start = bytes->empty() ? "" : reinterpret_cast<const char*>(bytes->data());
     if (isText_) {
       sqlite3_bind_text64(statement, valueParameter, start, bytes->size(), SQLITE_STATIC,

@@ -14,19 +14,19 @@ struct sqlite3_stmt;
 
 namespace foundation {
 
-// A preference in the form in which its row holds it: a type and one of the database's own values.
+// A preference as its row holds it: a type and a value of SQLite's.
 class PreferenceCell {
 public:
-  // The value, or a removed key, which has none. The cell refers to the value's text and bytes.
-  // Nothing for a value nested too deep.
+  // Makes the cell of a value; no value stands for a removed key. The cell refers to the value's
+  // text and bytes. Fails for a value that is nested too deep.
   static std::optional<PreferenceCell> ofValue(
       const std::optional<QEVSettings::PreferenceValue>& value);
 
-  // The one in two columns of a row, until the statement moves on.
+  // Reads the cell from two columns of a row. Valid until the statement moves on.
   static PreferenceCell ofColumns(sqlite3_stmt* row, int typeColumn, int valueColumn);
 
-  // The one in two columns of a row that was read without SQLite; nothing for a type that is none.
-  // The cell refers to the row's bytes.
+  // Reads the cell from two columns of a row that was read without SQLite. Nothing for an unknown
+  // type. The cell refers to the row's bytes.
   static std::optional<PreferenceCell> ofRecord(const DatabaseValue& type,
                                                 const DatabaseValue& value);
 
@@ -40,7 +40,7 @@ public:
 
   bool isRemoval() const { return !type_; }
 
-  // Nothing for what no release of ours wrote.
+  // Nothing when no release writes such a cell.
   std::optional<QEVSettings::PreferenceValue> value() const;
 
 private:

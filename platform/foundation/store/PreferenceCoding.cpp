@@ -121,7 +121,7 @@ private:
     return word;
   }
 
-  // Every counted thing takes at least a byte, so a count above what is left is a lie.
+  // Each element takes at least one byte, so that a count above the bytes left is wrong.
   std::optional<std::size_t> count() {
     std::uint64_t count = 0;
     for (int shift = 0; shift < 63 && !rest_.empty(); shift += 7) {

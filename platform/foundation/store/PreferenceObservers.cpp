@@ -27,7 +27,7 @@ PreferenceObservers::Subscription PreferenceObservers::observeAll(Observer obser
 
 void PreferenceObservers::announce(std::string_view key) {
   const auto self = shared_from_this();
-  // The key may belong to the value that an observer is about to replace.
+  // A copy: an observer may replace the value that holds the key.
   const std::string changed(key);
   const auto found = byKey_.find(changed);
   const InOrder ofKey = found != byKey_.end() ? found->second : InOrder{};

@@ -11,8 +11,8 @@
 
 namespace foundation {
 
-// Who wants to hear of which key. An observer may subscribe, unsubscribe and write while it is
-// told; one that is added meanwhile is told from the next change on. Held by shared pointer. Main
+// The observers of the keys. While an observer is called, it may subscribe, unsubscribe and write;
+// an observer that is added then is called from the next change on. Held by shared pointer. Main
 // thread.
 class PreferenceObservers : public std::enable_shared_from_this<PreferenceObservers> {
 public:
@@ -23,7 +23,7 @@ public:
   [[nodiscard]] Subscription observeAll(Observer observer);
   bool isEmpty() const { return everyKey_.empty() && byKey_.empty(); }
 
-  // Tells the observers of the key, then those of every key, each in the order of subscription.
+  // Calls the observers of the key, then those of all keys, each in the order of subscription.
   void announce(std::string_view key);
 
 private:

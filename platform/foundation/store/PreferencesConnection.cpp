@@ -15,7 +15,7 @@
 #include <cstring>
 #include <utility>
 
-// How a preferences file is opened. PreferencesFile.cpp has what is done with it then.
+// Opening a preferences file. PreferencesFile.cpp has reading and writing.
 
 namespace foundation {
 
@@ -23,7 +23,7 @@ using QEVSettings::StorageProblem;
 
 namespace {
 
-// Of SQLite's cache. Reading passes through it once, and what is written at once should fit.
+// The sizes of SQLite's cache. A reader uses each page once; a writer's transaction should fit.
 constexpr int kPagesToRead = 50;
 constexpr int kPagesToWrite = 500;
 constexpr auto kLongestWait = std::chrono::milliseconds(500);
@@ -36,9 +36,8 @@ std::string textOfColumn(sqlite3_stmt* statement, int column) {
 }  // namespace
 
 PreferencesFile::~PreferencesFile() {
-  // SQLite takes over the log and removes it. A log that was not found to be whole may hold more
-  // than SQLite accepts, and the log of a file that was replaced is not of the file that is there
-  // now.
+  // At close, SQLite copies the log into the file and removes it, without the frames that it does
+  // not accept. That is allowed only when the log is known to be whole and to belong to this file.
   if (database_ && !unchanging_ && !readOnly_ &&
       (!isLogWhole_ || isDamaged() || isIndexCut() || isReplaced())) {
     sqlite3_db_config(database_.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
@@ -46,7 +45,7 @@ PreferencesFile::~PreferencesFile() {
 }
 
 Outcome PreferencesFile::open() {
-  // Before SQLite opens it, and drops what follows its first wrong frame.
+  // Before SQLite opens the log: it drops all frames after the first damaged one.
   struct stat log {};
   if (::lstat((path_.string() + "-wal").c_str(), &log) != 0 && errno != ENOENT) {
     return fail(State::unusable, StorageProblem::failing,
@@ -90,8 +89,8 @@ Outcome PreferencesFile::openSnapshot() {
   return prepareToRead();
 }
 
-// Waits for another process in small steps, so that several writers take turns, for a moment in
-// all; when that was in vain, not again before an operation succeeds.
+// Waits for another process in small steps, so that writers take turns. After a wait that timed
+// out, there is none until an operation succeeds.
 int PreferencesFile::wait(void* self, int attempts) {
   auto& file = *static_cast<PreferencesFile*>(self);
   const auto now = std::chrono::steady_clock::now();
@@ -118,7 +117,7 @@ Outcome PreferencesFile::connect(bool forReading) {
   readOnly_ = forReading || sqlite3_db_readonly(database_.get(), "main") == 1;
   const auto objects = objectCount();
   if (!objects) {
-    // Where SQLite's companion files cannot be made, nobody can be writing either.
+    // If SQLite cannot create its files there, no other process can be writing.
     const int problem = sqlite3_errcode(database_.get()) & 0xFF;
     if (problem == SQLITE_CANTOPEN || problem == SQLITE_READONLY || problem == SQLITE_PERM)
       return openSnapshot();
@@ -127,8 +126,8 @@ Outcome PreferencesFile::connect(bool forReading) {
   return prepareToRead();
 }
 
-// A file that nobody knows before it is complete: there is nothing to return to, and nothing to
-// sync before its end.
+// No other process knows the file before it is complete, so that it needs neither a journal nor a
+// sync before the end.
 Outcome PreferencesFile::makeUnshared() {
   {
     const FileDescriptor made(
@@ -152,7 +151,7 @@ Outcome PreferencesFile::makeUnshared() {
   return prepareToWrite();
 }
 
-// Changing to the log needs the file for itself, and SQLite does not always wait for that.
+// Switching to the log requires exclusive access, and SQLite does not always wait for it.
 Outcome PreferencesFile::useWriteAheadLog() {
   const auto start = std::chrono::steady_clock::now();
   while (!execute(database_, "PRAGMA journal_mode = WAL")) {
@@ -166,7 +165,7 @@ Outcome PreferencesFile::useWriteAheadLog() {
   return done();
 }
 
-// How many tables and the like the file has; opens it in truth.
+// The number of tables, indices and the like. SQLite reads the file only now.
 std::optional<std::int64_t> PreferencesFile::objectCount() {
   sqlite3_db_config(database_.get(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
   execute(
@@ -175,7 +174,7 @@ std::optional<std::int64_t> PreferencesFile::objectCount() {
   return number("SELECT count(*) FROM sqlite_schema");
 }
 
-// Says whether the file is a store of ours, and makes one of an empty file.
+// Checks whether the file is a store, and makes one of an empty file.
 Outcome PreferencesFile::identify(std::optional<std::int64_t> objects) {
   if (!objects) return failure("read");
   const bool isMarked = number("PRAGMA application_id") == kApplicationId;
@@ -185,12 +184,13 @@ Outcome PreferencesFile::identify(std::optional<std::int64_t> objects) {
                 path_.string() +
                     " was written by a newer release; update this program, or choose another file");
   }
-  // A store gets its table before it gets its name, unless somebody made an empty file for it.
+  // A store has its table before it gets its name, so that one without a table is damaged, unless
+  // somebody made an empty file.
   if (*objects == 0 && (readOnly_ || isMarked)) return damage();
   if (!readOnly_) {
     if (auto outcome = useWriteAheadLog(); !outcome) return outcome;
   }
-  // A view of the table's name could have rows without end.
+  // A view could take the table's name and return rows without end.
   if (number("SELECT count(*) FROM sqlite_schema WHERE type NOT IN ('table', 'index')")
           .value_or(0) > 0) {
     return damage();
@@ -217,14 +217,13 @@ Outcome PreferencesFile::prepareToRead() {
 
 Outcome PreferencesFile::prepareToWrite() {
   if (insert_) return done();
-  // Keeps the file consistent whatever happens; what makes a write outlive a power cut is
-  // `synchronize`.
+  // Enough to keep the file consistent. `synchronize` makes writes survive a power cut.
   if (usesLog_ && !execute(database_,
                            "PRAGMA synchronous = NORMAL; PRAGMA journal_size_limit = 4194304; "
                            "PRAGMA wal_autocheckpoint = 4000")) {
     return failure("write");
   }
-  // Else a page that is given up would be written once more, with zeros.
+  // Avoids writing a freed page once more, with zeros.
   execute(database_,
           ("PRAGMA secure_delete = FAST; PRAGMA cache_size = " + std::to_string(kPagesToWrite))
               .c_str());
@@ -243,8 +242,8 @@ Outcome PreferencesFile::prepareToWrite() {
 }
 
 // In WAL mode every commit ends by rewriting a header in memory that all processes share. The last
-// eight of its first 48 bytes are a checksum of the others, among them a count of the commits: two
-// looks that find the same eight bytes have no commit between them.
+// eight of its first 48 bytes are a checksum of the others, which include a count of the commits.
+// If two looks find the same eight bytes, there was no commit between them.
 void PreferencesFile::findStamp() {
   constexpr int regionBytes = 32768;
   constexpr int stampOffset = 40;
@@ -269,16 +268,16 @@ void PreferencesFile::findStamp() {
   }
 }
 
-// SQLite drops what follows the first damaged place of a log without a word. A log that was longer
-// before it was opened than SQLite takes it to be has such a place, or holds what is left of an
-// older log.
+// SQLite silently drops all frames after the first damaged one. If the log was longer before it was
+// opened than the frames that SQLite has accepted, it has such a frame, or the rest of an older
+// log.
 Outcome PreferencesFile::checkLog(std::uintmax_t logBytes) {
   constexpr std::uintmax_t headerBytes = 32;
   constexpr std::uintmax_t frameBytes = 24 + kDatabasePageBytes;
   if (!usesLog_ || unchanging_ || logBytes <= headerBytes) return done();
-  // An index that could not be looked into has no frames.
+  // `frameCount` is 0 when the index could not be mapped.
   if ((logBytes - headerBytes) / frameBytes <= stamp_.frameCount()) return done();
-  // Nobody may write meanwhile.
+  // Keeps others from writing during the read.
   if (!readOnly_ && !execute(database_, "BEGIN IMMEDIATE")) return failure("read");
   const RollBackAtEnd transaction(database_.get());
   auto bytes = readRawDatabaseFileIfThere(path_.string() + "-wal");

@@ -23,7 +23,7 @@ void cueWatchers(const std::filesystem::path& store) {
 }
 
 std::optional<Error> PreferencesFile::refusalOf(const PreferenceChange& change) {
-  // SQLite holds a row of a thousand million bytes, of which its own bookkeeping takes a few.
+  // The limit of a row in SQLite is 1,000,000,000 bytes, which includes a few of its own.
   constexpr std::uint64_t maximumRowBytes = 999'000'000;
   std::uint64_t bytes = change.key.size();
   if (change.value) {
@@ -49,7 +49,7 @@ Outcome PreferencesFile::readChanges(const Receiver& receive) {
                 path_.string() + " lost the index of its log");
   }
   const ResetAtEnd reset(select_.get());
-  // Taken first: what is committed while this reads is looked for again.
+  // Read before the rows: what is committed during the read is looked for again.
   const std::uint64_t found = stamp_.value();
   const bool isFirst = lastChange_ == 0;
   sqlite3_bind_int64(select_.get(), 1, lastChange_);
@@ -57,7 +57,7 @@ Outcome PreferencesFile::readChanges(const Receiver& receive) {
   bool isAsWritten = true;
   for (; code == SQLITE_ROW; code = sqlite3_step(select_.get())) {
     auto change = changeOfRow(select_.get());
-    // A page in another's place brings rows out of their order.
+    // Rows out of order show that two pages were swapped.
     isAsWritten = change.has_value() && change->number > lastChange_;
     if (!isAsWritten) break;
     const std::int64_t number = change->number;
@@ -74,7 +74,7 @@ Outcome PreferencesFile::readChanges(const Receiver& receive) {
 Outcome PreferencesFile::readAll(const Receiver& receive) {
   lastChange_ = 0;
   std::int64_t rows = 0;
-  // Nobody's write comes between the rows and the count.
+  // One transaction, so that no write comes between reading the rows and counting them.
   execute(database_, "BEGIN");
   const RollBackAtEnd transaction(database_.get());
   auto outcome = readChanges([&](PreferenceChange change) {
@@ -118,7 +118,7 @@ Outcome PreferencesFile::write(std::span<PreferenceChange> changes, const Receiv
   if (!outcome) return outcome;
   lastChange_ = last;
   isSynchronized_ = false;
-  // Nothing new to this object, unless another process has committed meanwhile.
+  // The own commit is no news, unless another process committed as well.
   const std::uint64_t found = stamp_.value();
   if (stamp_.commitCount() == commitsBefore + 1) stamp_.markSeen(found);
   return succeed();
@@ -131,8 +131,8 @@ Outcome PreferencesFile::writeOne(PreferenceChange& change, std::int64_t& last,
   return outcome;
 }
 
-// Other processes may have newer changes of other keys in memory still, so that the change keeps
-// its number.
+// Writes a change that the file lost. It keeps its number, because other processes may remember
+// newer changes of other keys that have higher numbers.
 Outcome PreferencesFile::bringAlong(PreferenceChange& change, std::int64_t& last) {
   const std::int64_t row = rowInIndex(change.key);
   if (row >= change.number) {
@@ -152,8 +152,7 @@ Outcome PreferencesFile::bringAlong(PreferenceChange& change, std::int64_t& last
   return outcome;
 }
 
-// Puts the change in the place of the row that holds its key so far; 0 for a key that should be
-// new.
+// Replaces the row that holds the key. `row` is its number, or 0 for a key that should be new.
 Outcome PreferencesFile::replaceRow(const PreferenceChange& change, std::int64_t number,
                                     std::int64_t row) {
   bool isFound = false;
@@ -163,7 +162,7 @@ Outcome PreferencesFile::replaceRow(const PreferenceChange& change, std::int64_t
   const int code = runWithChange(insert_, change, number);
   if (code == SQLITE_DONE) return done();
   if ((code & 0xFF) != SQLITE_CONSTRAINT) return failure("write");
-  // The index knows the key. It must know it of the key's own row.
+  // The index has the key. Its entry must lead to the key's own row.
   row = rowInIndex(change.key);
   if (row == 0) return damage();
   auto outcome = updateRow(change, number, row, isFound);

@@ -19,8 +19,8 @@
 
 namespace foundation {
 
-// Tells whoever watches the folder of a store that a write to it counts by now: SQLite writes its
-// log before.
+// Gives the processes that watch the folder another event after a write. SQLite's own event comes
+// before readers can see the write.
 void cueWatchers(const std::filesystem::path& store);
 
 // The preferences on disk: an SQLite database in WAL mode with one table.
@@ -43,10 +43,11 @@ void cueWatchers(const std::filesystem::path& store);
 class PreferencesFile {
 public:
   using Receiver = std::function<void(PreferenceChange)>;
-  // The number of the row that holds a key, removed or not, as far as it was received; 0 for none.
+  // The number of the row that holds a key, removed or not, as far as it was received; 0 when there
+  // is none.
   using RowNumbers = std::function<std::int64_t(std::string_view key)>;
 
-  // What became of an attempt to use the file.
+  // The result of the last operation.
   enum class State {
     closed,
     open,
@@ -60,24 +61,24 @@ public:
   PreferencesFile& operator=(const PreferencesFile&) = delete;
   ~PreferencesFile();
 
-  // Opens a file that is a store of ours, or empty.
+  // Opens a store, or makes one of an empty file.
   Outcome open();
 
-  // Opens the file to be read alone, while others may write to it.
+  // Opens the file for reading only, while others may write to it.
   Outcome openForReading();
 
-  // Reads all of the file into memory: creates nothing, writes nothing, takes no lock, and hears of
-  // no later change.
+  // Reads all of the file into memory. Creates nothing, writes nothing, takes no lock, and does not
+  // see later changes.
   Outcome openSnapshot();
 
-  // From now on, finds the file busy at once where it would have waited for another process, until
-  // an operation succeeds.
+  // Until the next operation that succeeds, operations fail at once where they would wait for
+  // another process.
   void dontWait() { isStuck_ = true; }
 
-  // Why this change can never be stored, if so.
+  // Why the change can never be stored; nothing when it can.
   static std::optional<Error> refusalOf(const PreferenceChange& change);
 
-  // After the last operation: what became of it, and, when it failed, why.
+  // The state after the last operation, and the problem when it failed.
   State state() const { return state_; }
   bool isDamaged() const { return state_ == State::damaged; }
   QEVSettings::StorageProblem problem() const { return problem_; }
@@ -85,56 +86,56 @@ public:
   // Whether the file may be read but not written.
   bool isReadOnly() const { return readOnly_; }
 
-  // Whether another file, or none, stands where this one, its log or its folder stood when it was
-  // opened: the file must be opened anew. One system call, a few more when something came into the
-  // folder or left it.
+  // Whether the file, its log, its index or its folder is no longer the one that was opened, so
+  // that the file must be opened again. One system call, and more when the folder changed.
   bool isReplaced() { return identity_.isReplaced(path_); }
-  // Whether the index of the log was cut off. Nothing but closing is allowed then: anything else
+  // Whether the index of the log was truncated. The file may only be closed then: any other access
   // raises SIGBUS. One system call.
   bool isIndexCut() const { return stamp_.isIndexCut(); }
-  // Whether a log stands there of a file that is gone: it says nothing about the file that is there
-  // now.
+  // Whether the log at the path belongs to this file, and the file itself is gone. The log must not
+  // be applied to the file that is at the path now.
   bool hasLeftItsLog() const { return identity_.hasLeftItsLog(path_); }
-  // Whether the folder is no longer the one of the last look.
+  // Whether another folder, or none, is at the path of the folder that was opened.
   bool isFolderReplaced() const { return identity_.isFolderReplaced(path_); }
 
-  // Whether somebody may have written since the last `readChanges` began. Costs a look into shared
-  // memory, no system call.
+  // Whether somebody may have written since the last `readChanges` began. Costs one load from
+  // shared memory, no system call.
   bool mayHaveChanged() const { return stamp_.isAttached() ? stamp_.isNew() : !unchanging_; }
 
-  // Hands over everything, in the order of writing, and compares it with what the index has.
+  // Hands over all rows in the order of writing, and compares their number with the index's.
   Outcome readAll(const Receiver& receive);
 
-  // Hands over what was written since the last call of either, by anyone but this object.
+  // Hands over the rows that others wrote since the last call of either.
   Outcome readChanges(const Receiver& receive);
 
-  // Whether older changes came into the table since this was asked last: only `readAll` gives them.
+  // Whether older changes were added to the table since the last call. Only `readAll` hands them
+  // over.
   bool takeHasOlderChanges() { return std::exchange(hasOlderChanges_, false); }
 
   // The highest number of a change that was read or written.
   std::int64_t lastChange() const { return lastChange_; }
 
-  // The same as it stands in the file, whether it was read or not.
+  // The highest number in the file, whether it was read or not.
   std::optional<std::int64_t> newestChange() {
     return number("SELECT max(change) FROM preferences");
   }
 
-  // Writes all of the changes or none, and numbers them. A change that has a number already was
-  // lost by the file: it keeps its number where possible, and is left out, numbered 0, when the
-  // file has a newer one of its key. When this returns the changes are the system's to keep, and
-  // survive the end of this process. What others wrote before is handed over first.
+  // Writes all changes or none, and numbers them. First hands over what others wrote. A change that
+  // has a number already was lost by the file: it keeps its number where possible, and is left out
+  // and numbered 0 when the file has a newer change of its key. After the return, the end of the
+  // process does not undo the changes.
   Outcome write(std::span<PreferenceChange> changes, const Receiver& receive,
                 const RowNumbers& rows);
 
-  // Returns when what was written survives a power cut. Until then a power cut undoes the last
-  // writes, but leaves no other harm.
+  // Returns when all writes survive a power cut. Before, a power cut undoes the last writes and
+  // does no other harm.
   Outcome synchronize();
 
-  // Makes a store at another path of all that this one holds, marked as a good copy is. That file
-  // is complete and on disk when this succeeds, and does not exist otherwise.
+  // Copies all rows into a new store at another path, marked as a good copy. On success the new
+  // store is complete and on the disk; otherwise there is none.
   Outcome copyTo(const std::filesystem::path& path);
 
-  // What SQLite finds wrong with the file, a line each; takes as long as reading all of it.
+  // The faults that SQLite finds in the file, a line each. Reads all of the file.
   std::vector<std::string> faults();
 
 private:

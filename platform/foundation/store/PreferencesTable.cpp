@@ -42,15 +42,15 @@ int runWithChange(const Statement& statement, const PreferenceChange& change, st
   const auto cell = PreferenceCell::ofValue(change.value);
   if (!cell) return SQLITE_TOOBIG;
   sqlite3_bind_int64(statement.get(), 1, number);
-  // A null pointer would bind NULL, and an empty key may have one.
+  // SQLite binds NULL for a null pointer, which an empty key may have.
   sqlite3_bind_blob64(statement.get(), 2, change.key.empty() ? "" : change.key.data(),
                       change.key.size(), SQLITE_STATIC);
   sqlite3_bind_null(statement.get(), 3);
   sqlite3_bind_null(statement.get(), 4);
   cell->bind(statement.get(), 3, 4);
   sqlite3_bind_int64(statement.get(), 5, cell->sum(change.key));
-  // The bindings stay, for another would take the reason of a failure away; the next run replaces
-  // them.
+  // The bindings are not cleared, because that would overwrite the error code. The next run
+  // replaces them.
   return run(statement);
 }
 

@@ -10,7 +10,7 @@
 
 namespace foundation {
 
-// A key's new value, or nothing when the key was removed.
+// A new value of a key, or none when the key was removed.
 struct PreferenceChange {
   std::string key;
   std::optional<QEVSettings::PreferenceValue> value;
@@ -23,24 +23,25 @@ inline constexpr int kApplicationId = 0x5A565052;  // "ZVPR" at a fixed place of
 // release that knows the new one.
 inline constexpr int kFormatVersion = 2;
 
-// A removed key that tells other processes, by a new change, that older changes came into the
-// table: a recovery wrote them, or a process that still had them in memory.
+// The key of a row that tells other processes that older changes were added to the table, by a
+// recovery or by a process that still had them in memory.
 inline constexpr std::string_view kRecoveryKey("\0recovered", 10);
-// From the last change known to that of the recovery key: more than any process can have seen
+// The distance from the last known change to that row: more changes than any process can have seen
 // beyond it.
 inline constexpr std::int64_t kRecoveryStep = 1'000'000'000;
 
-// The table of the preferences, of which PreferencesFile.hpp says what its rows hold.
+// The table of the preferences. PreferencesFile.hpp describes its columns.
 
-// Makes the table and marks the database as ours, in one transaction.
+// Creates the table and marks the database as a store, in one transaction. The caller rolls back on
+// failure.
 bool makePreferencesTable(const Database& database);
 
-// The columns of a row, as `SELECT change, key, type, value, sum` gives them; nothing when the
-// checksum is wrong.
+// The change in a row of `SELECT change, key, type, value, sum`; nothing when the checksum is
+// wrong.
 std::optional<PreferenceChange> changeOfRow(sqlite3_stmt* row);
 
-// Binds the parameters ?1 to ?5 of a statement to change, key, type, value and sum, and runs it:
-// the result code.
+// Binds the parameters ?1 to ?5 of a statement to change, key, type, value and sum, and runs it.
+// Returns the result code.
 int runWithChange(const Statement& statement, const PreferenceChange& change, std::int64_t number);
 
 inline constexpr const char* kInsertChange =

@@ -5,7 +5,7 @@
 
 namespace foundation {
 
-// Closing the last connection of a store takes its log over into the file.
+// SQLite writes to the file when the last connection is closed.
 void CloseSQLite::operator()(sqlite3* database) const {
   const FileLimitSignal masked;
   spareCutIndex(database);

@@ -13,7 +13,7 @@ struct CloseSQLite {
 using Database = std::unique_ptr<sqlite3, CloseSQLite>;
 using Statement = std::unique_ptr<sqlite3_stmt, CloseSQLite>;
 
-// Null when the text does not compile.
+// Null when the statement does not compile.
 inline Statement prepare(const Database& database, const char* text) {
   sqlite3_stmt* statement = nullptr;
   sqlite3_prepare_v3(database.get(), text, -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
@@ -24,7 +24,7 @@ inline bool execute(const Database& database, const char* statements) {
   return sqlite3_exec(database.get(), statements, nullptr, nullptr, nullptr) == SQLITE_OK;
 }
 
-// Runs a statement that has no rows; the result code of its end.
+// Runs a statement without rows; returns its result code.
 inline int run(const Statement& statement) {
   const int code = sqlite3_step(statement.get());
   sqlite3_reset(statement.get());

@@ -15,7 +15,7 @@ namespace foundation {
 
 namespace {
 
-// The bytes of a store without a key, in WAL mode.
+// The bytes of an empty store in WAL mode.
 std::string emptyStore() {
   sqlite3* opened = nullptr;
   const int code =
@@ -40,14 +40,14 @@ bool writeDurably(const std::string& path, const std::string& contents) {
          ::fsync(file.get()) == 0;
 }
 
-// Gives the file its name unless another file has it; says whether some file has it now.
+// Gives the file its name unless another file has it; returns whether a file has it now.
 bool takeName(const std::string& from, const std::string& to) {
   if (::link(from.c_str(), to.c_str()) == 0 || errno == EEXIST) return true;
   if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0 ||
       errno == EEXIST)
     return true;
   if (errno == ENOSPC || errno == EDQUOT || errno == EACCES || errno == EROFS) return false;
-  // A file system that knows neither. An empty file is a store without a key.
+  // The file system supports neither. An empty file counts as an empty store.
   const FileDescriptor file(
       ::open(to.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
   if (file) ::fchmod(file.get(), 0600);

@@ -7,17 +7,18 @@
 
 namespace foundation {
 
-// Puts the names of a folder's files on disk.
+// Writes the names in a folder to the disk.
 void syncFolder(const std::filesystem::path& folder);
 
-// Makes the folders that are missing, for this user alone whatever the umask.
+// Creates missing folders, for this user only, whatever the umask.
 Outcome makeFolders(const std::filesystem::path& folder);
 
-// Makes an empty store where there is no file. It appears complete or not at all, and takes no
-// other file's place.
+// Creates an empty store, complete or not at all. Succeeds and changes nothing when there is a file
+// already.
 Outcome makeStore(const std::filesystem::path& store);
 
-// Removes a database of which nobody has heard yet, with what SQLite may have put next to it.
+// Removes a database that no other process uses, with the files that SQLite may have put next to
+// it.
 void removeUnsharedStore(const std::filesystem::path& path);
 
 std::string textOfError(int number);

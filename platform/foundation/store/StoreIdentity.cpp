@@ -30,7 +30,7 @@ bool hasMark(const FileBytes& header) {
          bigEndian32(std::span(header).subspan(68)) == static_cast<std::uint32_t>(kApplicationId);
 }
 
-// As every header of ours is, whatever the store holds.
+// What all headers of our stores have in common.
 bool isAsWritten(const FileBytes& header) {
   const std::span bytes(header);
   const bool isLogged = bytes[18] == 2 && bytes[19] == 2;
@@ -45,7 +45,7 @@ std::int64_t nanoseconds(const timespec& time) {
   return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
 }
 
-// What no store, and nothing next to one, may be.
+// Refuses what neither a store nor a file next to it may be.
 Outcome refuse(const std::filesystem::path& path) {
   struct stat found {};
   if (::lstat(path.c_str(), &found) != 0) {
@@ -95,8 +95,8 @@ bool StoreIdentity::isReplaced(const std::filesystem::path& store) {
       FileIdentity::of(store.string() + "-shm") != index_) {
     return true;
   }
-  // Two changes within the resolution of the folder's time look like one. File systems without
-  // fractions of a second keep whole or even seconds.
+  // Two changes of the folder within the resolution of its time look like one. Some file systems
+  // keep whole or even seconds.
   constexpr std::int64_t fineTime = 50'000'000;
   constexpr std::int64_t coarseTime = 3'000'000'000;
   timespec now{};
@@ -136,7 +136,7 @@ Result<StoreKind> kindOfStore(const std::filesystem::path& store) {
   if (!copy) return copy.error();
   if (!hasMark(*copy)) return StoreKind::foreign;
   if (!hasMagic(*header)) return StoreKind::damaged;
-  // Another program's database is not a damaged store, unless there are rows of ours in it.
+  // Another program's database is not a damaged store, unless rows of ours are in it.
   PreferencesSalvage salvage;
   const bool hasRows = salvage.addFile(store);
   if (!hasRows && salvage.problem()) return *salvage.problem();

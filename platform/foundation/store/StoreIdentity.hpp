@@ -9,25 +9,25 @@
 
 namespace foundation {
 
-// What stands under a name.
+// The identity of the file at a path.
 struct FileIdentity {
   std::uint64_t device = 0;
   std::uint64_t node = 0;
   bool operator==(const FileIdentity&) const = default;
 
-  // The default value for a name that does not exist; nothing when the system refuses to look.
+  // The default value when no file has the name; nothing when the system refuses to look.
   static std::optional<FileIdentity> of(const std::filesystem::path& path);
 };
 
-// The file, the log, its index and the folder that a store was opened with, and whether they are
-// still there. A look costs one system call unless something came into the folder or left it since
-// the look before.
+// Remembers the file, the log, its index and the folder of an open store, and checks whether they
+// are still at their paths. A check costs one system call, and more when the folder changed since
+// the last one.
 class StoreIdentity {
 public:
   void remember(const std::filesystem::path& store);
   bool isReplaced(const std::filesystem::path& store);
-  // Whether the log is still there, but not the file. Only a certain answer is true: the log is
-  // removed then.
+  // Whether the log is still at its path, but the file is not. The caller removes the log then, so
+  // that the answer is false unless it is certain.
   bool hasLeftItsLog(const std::filesystem::path& store) const;
   bool isFolderReplaced(const std::filesystem::path& store) const;
 
@@ -40,7 +40,7 @@ private:
   bool isSettled_ = false;
 };
 
-// What kind of file stands at a store's path.
+// The kind of the file at a store's path.
 enum class StoreKind {
   missing,
   empty,    // of length zero
@@ -50,16 +50,15 @@ enum class StoreKind {
   foreign,  // anything else, which is left alone
 };
 
-// Whether the first bytes of a file are those of a store, in all that does not depend on what it
-// holds.
+// Whether these are the first bytes of a store, as far as they do not depend on its contents.
 bool isHeaderOfStore(const FileBytes& header);
 
-// Reads the first bytes of the file, and more only to tell a damaged store from another program's
-// database. Changes nothing. Fails for what no store may be: a link, a folder, a pipe, another
-// user's file, here or next to the file.
+// Reads the first bytes of the file, and the rest only to tell a damaged store from another
+// program's database. Changes nothing. Fails when a link, a folder, a pipe or another user's file
+// is at the path of the store, of its log or of its index, and when the system refuses to look.
 Result<StoreKind> kindOfStore(const std::filesystem::path& store);
 
-// What a file is that is no store of ours: "a text file".
+// Describes a file that is not a store: "a text file".
 std::string descriptionOfForeignFile(const std::filesystem::path& path);
 
 }  // namespace foundation

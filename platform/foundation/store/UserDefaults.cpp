@@ -49,7 +49,8 @@ UserDefaults::Access& chosenStandardAccess() {
   return access;
 }
 
-// A folder of ours is nobody else's. One that is a link belongs to whoever made it.
+// Takes other users' rights to our folder away. A folder that is a link belongs to whoever made the
+// link.
 void makePrivate(const std::filesystem::path& folder) {
   struct stat found {};
   if (::lstat(folder.c_str(), &found) == 0 && S_ISDIR(found.st_mode) &&
@@ -71,7 +72,7 @@ UserDefaults& UserDefaults::standardUserDefaults() {
     if (mayChange && !chosenStandardFile() && !file.empty()) makePrivate(file.parent_path());
     if (!file.empty()) {
       auto opened = open(file, chosenStandardAccess());
-      // The user's own store is empty until something is stored.
+      // The standard store does not exist before the first write, which is no problem.
       const bool isNotMade =
           !chosenStandardFile() && opened->storageProblem() == QEVSettings::StorageProblem::noFile;
       return isNotMade ? inMemory() : std::move(opened);
@@ -147,7 +148,7 @@ void UserDefaults::setObject(PreferenceValue value, std::string_view key) {
 void UserDefaults::removeObject(std::string_view key) { write(key, std::nullopt); }
 
 void UserDefaults::write(std::string_view key, std::optional<PreferenceValue> value) {
-  // The key may belong to the value that is replaced.
+  // A copy: the value that is replaced may hold the key.
   std::string ownKey;
   bool changed = false;
   closeCutFile();
@@ -158,7 +159,7 @@ void UserDefaults::write(std::string_view key, std::optional<PreferenceValue> va
     return done();
   });
   if (!outcome) setStatus(outcome.error(), QEVSettings::StorageProblem::failing);
-  // The same value again is still a chance for what could not be saved before.
+  // Setting the same value again retries a write that failed.
   if (changed || !unsaved_.empty()) saveUnlessJustFailed();
   if (changed) observers_->announce(ownKey);
 }
@@ -183,7 +184,7 @@ Outcome UserDefaults::applyAll(const PreferenceDictionary& values) {
   return status_ ? Outcome(*status_) : done();
 }
 
-// Puts a change into the image and among the unsaved ones; says whether it changes anything.
+// Puts a change into the image and among the unsaved ones; returns whether it changes anything.
 bool UserDefaults::put(PreferenceChange change) {
   refusal_ = PreferencesFile::refusalOf(change);
   if (refusal_) {
@@ -192,7 +193,8 @@ bool UserDefaults::put(PreferenceChange change) {
   }
   const auto found = image_.find(change.key);
   if (found == image_.end() ? !change.value : change.value == found->second.value) return false;
-  // First, so that a lack of memory cannot leave a change in the image that is never written.
+  // Before the image, so that a lack of memory cannot leave a change in the image that is never
+  // written.
   if (!path_.empty()) unsaved_.insert_or_assign(change.key, Pending{.value = change.value});
   if (!change.value) {
     removed_[change.key] = found->second.number;

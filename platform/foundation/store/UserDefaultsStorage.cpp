@@ -139,14 +139,14 @@ Outcome UserDefaults::reconnect(Suspicion suspicion) {
     setStatus(std::nullopt, std::nullopt);
   }
   if (isMoved && watch_) {
-    // It watches a folder that is elsewhere by now.
+    // The watch still watches the folder that was moved.
     watch_.reset();
     startWatch();
   }
   return done();
 }
 
-// What the memory has of a file, without what is still to be written.
+// What the memory has from the file, without changes that are not written yet.
 std::vector<PreferenceChange> UserDefaults::rememberedChanges() const {
   std::vector<PreferenceChange> changes;
   for (const auto& [key, kept] : image_) {
@@ -164,9 +164,9 @@ std::vector<PreferenceChange> UserDefaults::rememberedChanges() const {
   return changes;
 }
 
-// Takes over all of a file of which the memory may have older or newer changes. What the file has
-// not or has older is to be written to it, if it can be written. An empty memory has nothing to say
-// about a file.
+// Takes over the contents of a file of which the memory may have older or newer changes. If the
+// file can be written, newer changes in memory become unsaved changes. A key that was removed in
+// memory and is missing in the file needs no write.
 void UserDefaults::takeOverFile(std::vector<PreferenceChange> contents, bool isWritten) {
   std::unordered_map<std::string, std::int64_t> inFile;
   for (const PreferenceChange& change : contents) inFile.emplace(change.key, change.number);
@@ -216,7 +216,7 @@ void UserDefaults::takeOverChanges() {
       closeCutFile();
       save();
     }
-    // What could not be read could be read now.
+    // The file can be read again.
     if (unsaved_.empty() && status_ && file_ && !file_->isReadOnly())
       setStatus(std::nullopt, std::nullopt);
   } else if (file_->isDamaged()) {
@@ -244,7 +244,7 @@ void UserDefaults::saveUnlessJustFailed() {
   if (!status_ || Clock::now() - failed_ >= kPauseAfterFailure) save();
 }
 
-// A cut file must have been closed before.
+// `closeCutFile` must have been called before.
 void UserDefaults::save() {
   if (path_.empty()) return;
   startWatch();
@@ -298,7 +298,8 @@ Outcome UserDefaults::synchronizeOrLater() {
   auto outcome = done();
   const bool isBurst = Clock::now() - written_ < kBurst;
   if (!isBurst || !watch_->synchronizeLater(kBurst)) outcome = file_->synchronize();
-  // What the disk refused once, it may forget and accept the next time.
+  // Everything is written again: after a failed sync, the disk may have lost writes that it
+  // reported as done.
   if (!outcome) keepAll();
   written_ = Clock::now();
   return outcome;
@@ -344,7 +345,7 @@ void UserDefaults::takeOver(PreferenceChange change, std::vector<std::string>& c
   if (!isSame) changedKeys.push_back(std::move(change.key));
 }
 
-// A problem is said once, when it begins.
+// A problem is reported once, when it begins.
 void UserDefaults::setStatus(std::optional<Error> status, std::optional<StorageProblem> problem) {
   if (!status) problem.reset();
   if (status && !status_) reportDiagnostic("preferences: " + status->message);
@@ -377,7 +378,7 @@ void UserDefaults::startWatch() {
                        save();
                      },
                  .recovered = [this](StoreOpening opening) { didRecover(std::move(opening)); }});
-  // What came before the watch gives no cue.
+  // Changes from before the watch cause no event.
   catchUp();
 }
 

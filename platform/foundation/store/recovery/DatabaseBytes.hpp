@@ -7,7 +7,7 @@
 
 namespace foundation {
 
-// Numbers as database files hold them. The bytes must be there.
+// Numbers in the encoding of database files. The caller checks that the bytes exist.
 inline std::uint32_t bigEndian16(std::span<const std::uint8_t> bytes) {
   return static_cast<std::uint32_t>(bytes[0] << 8 | bytes[1]);
 }
@@ -18,7 +18,7 @@ inline std::uint64_t bigEndian64(std::span<const std::uint8_t> bytes) {
   return std::uint64_t{bigEndian32(bytes)} << 32 | bigEndian32(bytes.subspan(4));
 }
 
-// Takes a number of one to nine bytes off the front; nothing when the bytes end before it does.
+// Removes a number of one to nine bytes from the front; nothing when the bytes end before it does.
 inline std::optional<std::uint64_t> takeVariableInteger(std::span<const std::uint8_t>& bytes) {
   std::uint64_t number = 0;
   for (std::size_t i = 0; i < 9 && i < bytes.size(); ++i) {

@@ -20,7 +20,7 @@ std::int64_t signedInteger(std::span<const std::uint8_t> bytes) {
   return static_cast<std::int64_t>(number);
 }
 
-// The column with this type at the front of the body, which is taken off.
+// Removes the column with this type from the front of the body, and returns it.
 std::optional<DatabaseValue> takeColumn(std::uint64_t type, std::span<const std::uint8_t>& body) {
   constexpr std::uint64_t sizes[] = {0, 1, 2, 3, 4, 6, 8, 8, 0, 0};
   if (type == 10 || type == 11) return std::nullopt;

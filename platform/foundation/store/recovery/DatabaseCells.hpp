@@ -16,20 +16,20 @@ namespace foundation {
 using DatabaseValue =
     std::variant<std::monostate, std::int64_t, double, std::span<const std::uint8_t>>;
 
-// The columns of a row or of an index entry; nothing for bytes that are none. The values refer to
-// the bytes.
+// The columns of a row or of an index entry; nothing for invalid bytes. The values refer to the
+// bytes.
 std::optional<std::vector<DatabaseValue>> columnsOfRecord(std::span<const std::uint8_t> record);
 
-// Reads the cells of single database pages without SQLite. Nothing about a page is trusted: what
-// does not fit is left out, and what is wrong in itself comes out wrong.
+// Reads the cells of single database pages without SQLite. Does not trust the page: cells that do
+// not fit are left out, and damaged cells may yield wrong columns.
 class DatabaseCells {
 public:
-  // The page with a number, empty when there is none. Long rows continue on other pages.
+  // Returns the page with a number, empty when there is none. Long rows continue on other pages.
   using PageSource = std::function<std::span<const std::uint8_t>(std::uint32_t number)>;
   using RowReceiver = std::function<void(std::int64_t row, std::span<const std::uint8_t> record)>;
   using EntryReceiver = std::function<void(std::span<const std::uint8_t> record)>;
 
-  // `budget` is how many bytes may be read from other pages in all.
+  // `budget` limits the bytes that are read from other pages.
   DatabaseCells(PageSource pages, std::uint64_t budget)
       : pages_(std::move(pages)), budget_(budget) {}
 

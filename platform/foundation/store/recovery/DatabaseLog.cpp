@@ -15,7 +15,7 @@ constexpr std::size_t kFrameHeaderBytes = 24;
 constexpr std::size_t kFrameBytes = kFrameHeaderBytes + kDatabasePageBytes;
 constexpr std::uint32_t kMagic = 0x377F0682;  // one more when the checksums are of big-endian words
 
-// The checksum of the log, which runs on from frame to frame.
+// The checksum of the log, which continues from frame to frame.
 class RunningSum {
 public:
   explicit RunningSum(bool isBigEndian) : isBigEndian_(isBigEndian) {}
@@ -67,8 +67,8 @@ DatabaseLog::DatabaseLog(FileBytes bytes) : bytes_(std::move(bytes)) {
   }
 }
 
-// Frames from before the log was begun anew stay behind the new ones. The first half of the salts
-// counts the times.
+// SQLite restarts the log without truncating it, so that older frames may follow the new ones. The
+// first half of the salts counts the restarts.
 bool DatabaseLog::isLeftFromBefore(std::uint64_t salts) const {
   constexpr std::uint32_t mostTimes = 1'000'000;
   const auto age =
@@ -88,7 +88,7 @@ std::vector<LogFrame> DatabaseLog::committed() const {
   std::vector<LogFrame> committed;
   for (std::size_t i = 0; i < frames_.size(); ++i) {
     const auto end = ends.find(frames_[i].salts);
-    // The salts of a frame may be what is damaged.
+    // The salts of the frame may be damaged.
     const std::size_t limit = end != ends.end() ? end->second : ends[salts_];
     if (i < limit) committed.push_back(frames_[i]);
   }

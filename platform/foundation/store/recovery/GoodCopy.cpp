@@ -14,10 +14,10 @@ namespace foundation {
 namespace {
 
 constexpr std::size_t kHeaderBytes = 100;
-// SQLite's count of changes of the schema, of which a copy has none.
+// SQLite's count of schema changes, which a copy does not need.
 constexpr std::size_t kCounterOffset = 40;
 
-// Reads the copy to its end and compares it with what the good copy has.
+// Reads the new copy and checks that it has every change of the present good copy.
 CopyOutcome compare(const std::filesystem::path& copy, const std::filesystem::path& goodCopy) {
   PreferencesSalvage found;
   PreferencesFile file(copy);
@@ -56,7 +56,7 @@ bool isBehind(std::int64_t lastChange, std::optional<std::uint32_t> lastOfCopy) 
 
 CopyOutcome replaceGoodCopy(const std::filesystem::path& store) {
   const std::filesystem::path temporary = store.string() + ".copy";
-  // What a kill left.
+  // Left by a process that was killed.
   removeUnsharedStore(temporary);
   removeUnsharedStore(store.string() + ".new");
   if (presenceOf(store) == Presence::absent) return CopyOutcome::done;

@@ -8,18 +8,18 @@
 
 namespace foundation {
 
-// The last good copy of a store, next to it: NAME.good, a store that is complete in itself, removed
-// keys included.
+// The path of the good copy of a store, NAME.good. The copy is a complete store, and includes
+// removed keys.
 std::filesystem::path goodCopyOf(const std::filesystem::path& store);
 
-// The number of the last change in the good copy, as far as its header tells: the lowest 31 bits.
-// None when there is no good copy, or one without a header. Fails when it cannot be read.
+// The lowest 31 bits of the number of the last change in the good copy, from its header. None when
+// there is no good copy, or one without a header. Fails when it cannot be read.
 Result<std::optional<std::uint32_t>> lastChangeOfGoodCopy(const std::filesystem::path& store);
 inline std::uint32_t lowBitsOfChange(std::int64_t number) {
   return static_cast<std::uint32_t>(number & 0x7FFFFFFF);
 }
 
-// Whether the good copy has changes that a store does not have, whose last change was this one.
+// Whether a store whose last change has this number lacks changes of the good copy.
 bool isBehind(std::int64_t lastChange, std::optional<std::uint32_t> lastOfCopy);
 
 enum class CopyOutcome {
@@ -28,8 +28,8 @@ enum class CopyOutcome {
   damaged,  // the store is, or it has lost what its copy holds; the copy is as it was
 };
 
-// Makes the good copy anew unless it has the store's last change. The copy is replaced only by one
-// that was read back whole and has every change that it has, or a newer one of that key. Needs the
+// Renews the good copy unless it has the store's last change. The new copy is read back, and
+// replaces the old one only if it has every change of it, or a newer one of the same key. Needs the
 // repair lock.
 CopyOutcome replaceGoodCopy(const std::filesystem::path& store);
 

@@ -26,7 +26,7 @@ namespace {
 
 constexpr std::string_view kDamaged = ".damaged-";
 
-// A person's folders may be links; the file and what stands next to it may not.
+// The folders of the path may be links; the store and the files next to it may not.
 std::filesystem::path withRealFolder(const std::filesystem::path& store) {
   std::error_code error;
   const auto folder = std::filesystem::canonical(store.parent_path(), error);
@@ -66,17 +66,18 @@ StorageProblem problemOf(int error) {
                                                              : StorageProblem::failing;
 }
 
-// Why the store needs a recovery, as far as that shows before SQLite opens it.
+// Why the store needs a recovery, as far as that is visible before SQLite opens it; empty when it
+// does not.
 Result<std::string> damageBefore(const std::filesystem::path& store, StoreKind kind) {
   if (kind == StoreKind::damaged) return store.string() + " is damaged";
-  // It may look whole, and lack what the copies have.
+  // The store may look intact and still lack changes that the copies have.
   const auto copies = unfinishedCopiesOf(store);
   if (!copies) return copies.error();
   if (!copies->empty()) return "the recovery of " + store.string() + " was cut short";
   if (kind != StoreKind::missing && kind != StoreKind::empty) return std::string();
   const Presence goodCopy = presenceOf(goodCopyOf(store));
   if (goodCopy == Presence::unknown) return unreadable(goodCopyOf(store));
-  // SQLite would remove the log of an empty file.
+  // SQLite would remove the log of an empty file, and the changes in it.
   const auto log = readRawDatabaseFileIfThere(store.string() + "-wal", 1);
   if (!log) return log.error();
   if (goodCopy == Presence::absent && log->empty()) return std::string();
@@ -101,7 +102,7 @@ Attempt read(const std::filesystem::path& store, std::unique_ptr<PreferencesFile
   return unusable(outcome.error(), file->problem());
 }
 
-// The repair lock is taken when a store has to be made, unless it is held.
+// Takes the repair lock when a store has to be created, unless the caller holds it.
 Attempt attempt(const std::filesystem::path& store, Patience patience, bool isLockHeld) {
   const auto kind = kindOfStore(store);
   if (!kind) return unusable(kind.error(), StorageProblem::unusable);
@@ -117,11 +118,11 @@ Attempt attempt(const std::filesystem::path& store, Patience patience, bool isLo
     if (auto made = makeStore(store); !made) return unusable(made.error(), problemOf(errno));
   }
   struct stat found {};
-  // As private as it should have been made, and no more writable than it is.
+  // Takes other users' rights away, and gives the owner none.
   if (::lstat(store.c_str(), &found) == 0 && (found.st_mode & 077U) != 0) {
     ::chmod(store.c_str(), found.st_mode & 0700U);
   }
-  // Read before the store: another process may make both newer meanwhile.
+  // Read before the store, because another process may renew both meanwhile.
   const auto lastOfCopy = lastChangeOfGoodCopy(store);
   if (!lastOfCopy) return unusable(lastOfCopy.error(), StorageProblem::failing);
   auto file = std::make_unique<PreferencesFile>(store);
@@ -133,7 +134,7 @@ Attempt attempt(const std::filesystem::path& store, Patience patience, bool isLo
   return opened;
 }
 
-// Gives the copies of the damaged store their lasting names; the name of the first.
+// Renames the copies of the damaged store to their final names; returns the name of the first.
 std::string nameDamagedCopies(const std::filesystem::path& store) {
   const auto copies = unfinishedCopiesOf(store);
   if (!copies) return {};
@@ -145,7 +146,7 @@ std::string nameDamagedCopies(const std::filesystem::path& store) {
     constexpr int mostInOneSecond = 100;
     for (int i = 2; i < mostInOneSecond && presenceOf(name) != Presence::absent; ++i)
       name = dated + "-" + std::to_string(i);
-    // The file last: while it has its old name, the copy counts as unfinished, log and all.
+    // The file last: while it has its old name, file and log count as unfinished.
     ::rename((copy.string() + "-wal").c_str(), (name + "-wal").c_str());
     if (::rename(copy.c_str(), name.c_str()) == 0 && first.empty()) {
       first = std::filesystem::path(name).filename().string();
@@ -228,7 +229,7 @@ OpenedPreferences openPreferences(const std::filesystem::path& path,
     return withContents(store, request, error,
                         mayWrite ? StorageProblem::busy : StorageProblem::notWritable);
   }
-  // Another process may have recovered it.
+  // Another process may have recovered the store meanwhile.
   opened = attempt(store, request.patience, true);
   if (opened.damage.empty() && opened.file && request.suspicion != Suspicion::none) {
     if (request.suspicion == Suspicion::certain || !opened.file->faults().empty()) {

@@ -13,10 +13,10 @@
 
 namespace foundation {
 
-// Stores that were damaged are kept next to the store as NAME.damaged-2026-11-24-101500.
+// The copies of damaged stores, which are kept as NAME.damaged-2026-11-24-101500.
 std::vector<std::filesystem::path> damagedCopiesOf(const std::filesystem::path& store);
 
-// What is known of a store before it is opened.
+// What the caller knows of a store before it is opened.
 enum class Suspicion {
   none,
   damaged,  // an operation met damage: the store is recovered unless it is found in order by now
@@ -26,7 +26,8 @@ enum class Suspicion {
 struct OpeningRequest {
   Patience patience = Patience::aMoment;
   Suspicion suspicion = Suspicion::none;
-  // What a process remembers of the store, to be used where the store has older changes or none.
+  // What the process remembers of the store. Used where the store has an older change of the key or
+  // none.
   std::span<const PreferenceChange> memory = {};
 };
 
@@ -41,24 +42,22 @@ struct OpenedPreferences {
 // Whether the store was damaged, and was rewritten.
 bool wasRecovered(const QEVSettings::StoreOpening& opening);
 
-// Opens a store, which is made where there is none, and reads it to its end. A damaged store, or
-// one that lacks changes that its good copy has, is recovered first. What is no store of ours is
-// left alone.
+// Opens a store and reads all of it. Creates the store when it is missing. Recovers it first when
+// it is damaged, or lacks changes that its good copy has. Leaves a file alone that is not a store.
 OpenedPreferences openPreferences(const std::filesystem::path& store,
                                   const OpeningRequest& request);
 
-// Reads a store, or what can be had of a damaged one, and leaves the disk as it is. There is never
-// a file in the result.
+// Reads a store, or what can be recovered of a damaged one, and changes nothing on disk. The result
+// has no file.
 OpenedPreferences readPreferences(const std::filesystem::path& store);
 
-// Removes a log that belongs to a file that is gone, and its index; what the log holds. Fails, and
+// Removes a log whose file is gone, and its index; returns the changes in the log. Fails, and
 // removes nothing, when the log cannot be read.
 Result<std::vector<PreferenceChange>> takeAbandonedLog(const std::filesystem::path& store);
 
-// Makes the good copy anew when the store changed since. A store that turns out to be damaged is
-// recovered first; the result is the outcome of that recovery, which was reported to the
-// diagnostics. A copy that fails is made at the next occasion. Any thread; takes as long as reading
-// and writing the whole store.
+// Renews the good copy when the store changed since. When that finds damage, recovers the store
+// first, reports that to the diagnostics, and returns the outcome. A copy that fails is made at the
+// next occasion. Any thread; takes as long as reading and writing the whole store.
 std::optional<QEVSettings::StoreOpening> keepGoodCopy(const std::filesystem::path& store);
 
 }  // namespace foundation

@@ -13,7 +13,7 @@ namespace foundation {
 namespace {
 
 constexpr std::size_t kColumns = 5;  // change, key, type, value, sum
-// Beyond any number that a store gets to; a row that claims more counts as the oldest of its key.
+// No store reaches this number. A row with a higher one counts as the oldest of its key.
 constexpr std::int64_t kMaximumNumber = std::int64_t{1} << 61;
 
 std::optional<std::string> textOf(const DatabaseValue& value) {
@@ -25,7 +25,8 @@ std::optional<std::string> textOf(const DatabaseValue& value) {
 }  // namespace
 
 bool PreferencesSalvage::addFile(const std::filesystem::path& path) {
-  // The log first: what is taken over into the file meanwhile is found in one of the two.
+  // The log first: a page that SQLite copies into the file meanwhile is then found in one of the
+  // two.
   auto log = readRawDatabaseFileIfThere(path.string() + "-wal");
   const auto file = readRawDatabaseFileIfThere(path);
   if (!file) problem_ = file.error();
@@ -50,7 +51,7 @@ bool PreferencesSalvage::addFile(const FileBytes& file, const DatabaseLog& log) 
   const std::uint64_t budget = 4 * (file.size() + frames.size() * kDatabasePageBytes);
   DatabaseCells now(inBoth, budget);
   for (const LogFrame& frame : frames) addPage(now, log.page(frame), frame.page == 1);
-  // Long values of the file continue in the file, unless what they continue on was changed since.
+  // Long values continue on other pages: of the log where those are newer, or of the file.
   DatabaseCells inFileAlone(inFile, budget);
   const auto pageCount = static_cast<std::uint32_t>(file.size() / kDatabasePageBytes);
   for (std::uint32_t number = 1; number <= pageCount; ++number) {
@@ -109,7 +110,7 @@ std::vector<PreferenceChange> PreferencesSalvage::changes() const {
             [](const PreferenceChange& a, const PreferenceChange& b) {
               return a.number != b.number ? a.number < b.number : a.key < b.key;
             });
-  // Two histories of a store may have given out a number twice.
+  // Two histories of a store may have used a number twice.
   std::int64_t next = lastNumber_;
   std::int64_t previous = 0;
   for (PreferenceChange& change : changes) {

@@ -16,30 +16,31 @@
 
 namespace foundation {
 
-// Puts together what can be had of a damaged store: the newest change of each key in any of the
-// sources. A row of a file counts only with its right checksum, wherever in the file it stands.
+// Collects the newest change of each key from several sources. A row of a file counts only with its
+// right checksum, at any place of the file.
 class PreferencesSalvage {
 public:
-  // All rows of the file and of the log next to it, if they exist; says whether there were any.
+  // Adds all rows of the file and of the log next to it, if they exist; returns whether there were
+  // any.
   bool addFile(const std::filesystem::path& path);
   bool addFile(const FileBytes& file, const DatabaseLog& log);
 
-  // Why something is missing: the system did not let the file or the log of an `addFile` be read.
+  // Set when the system refused to read a file or a log of `addFile`.
   const std::optional<Error>& problem() const { return problem_; }
 
   void add(PreferenceChange change);
 
-  // The newest change of each key, removals included, in the order of their numbers, of which no
-  // two are equal.
+  // The newest change of each key, removals included, in ascending order of their numbers, which
+  // are all different.
   std::vector<PreferenceChange> changes() const;
 
-  // The highest number of a change that was met.
+  // The highest number of all changes.
   std::int64_t lastNumber() const { return lastNumber_; }
 
-  // How many keys have a newer change than the one found: the file names it, but it cannot be read.
+  // How many keys have a newer change that a file names and that cannot be read.
   std::size_t lostKeys() const;
 
-  // Whether a source held this change or a newer one of the key.
+  // Whether a source had this change of the key, or a newer one.
   bool has(const std::string& key, std::int64_t number) const;
 
 private:

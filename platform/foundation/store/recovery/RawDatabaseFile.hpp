@@ -14,25 +14,24 @@ namespace foundation {
 
 using FileBytes = std::vector<std::uint8_t>;
 
-// Bytes of a database file, past SQLite's pages. They are read and written through SQLite's own
-// file layer: closing any other descriptor of a file would drop the locks that SQLite holds on it
-// in this process.
+// Access to the bytes of a database file without SQLite's pages. It uses SQLite's own file layer,
+// because closing any other descriptor of a file drops the locks that SQLite holds on it in this
+// process.
 
-// At most `most` bytes from the start of the file. Nothing unless it is a regular file of this user
-// that can be read; no link is followed.
+// The first `most` bytes of the file, or all. Nothing unless it is a regular file of this user that
+// can be read; links are not followed.
 std::optional<FileBytes> readRawDatabaseFile(
     const std::filesystem::path& path, std::size_t most = std::numeric_limits<std::size_t>::max());
 
-// The same bytes; none of a file that is missing, or that is no regular file of this user. Fails
-// when the system refuses to give them: a file that cannot be read must not be taken for an empty
-// one.
+// The same, but empty when the file is missing, or is not a regular file of this user. Fails when
+// the system refuses to read it: such a file must not be taken for an empty one.
 Result<FileBytes> readRawDatabaseFileIfThere(
     const std::filesystem::path& path, std::size_t most = std::numeric_limits<std::size_t>::max());
 
-// That the system refuses to look a name up, or to read its file.
+// The error for a path that the system refuses to look up or to read.
 Error unreadable(const std::filesystem::path& path);
 
-// Replaces the first bytes of the file; says whether they are on disk.
+// Replaces the first bytes of the file; returns whether they are on the disk.
 bool overwriteStartOfFile(const std::filesystem::path& path, std::span<const std::uint8_t> bytes);
 
 }  // namespace foundation

@@ -9,8 +9,7 @@ namespace foundation {
 // How long to wait for a process that holds a store.
 enum class Patience { none, aMoment };
 
-// Keeps other processes from making, recovering or copying the same store meanwhile: a lock on
-// NAME.lock.
+// A lock on NAME.lock. While one process holds it, no other creates, recovers or copies the store.
 class RepairLock {
 public:
   RepairLock(const std::filesystem::path& store, Patience patience);

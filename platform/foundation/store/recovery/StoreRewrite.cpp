@@ -22,8 +22,8 @@ namespace {
 
 constexpr std::size_t kHeaderBytes = 100;
 constexpr int kLongestWaitMilliseconds = 2000;
-// Copies of one store. More are made only by recoveries that fail again and again after they
-// changed the log.
+// The most copies of one store. Only recoveries that fail again and again after they changed the
+// log make more than one.
 constexpr int kMaximumUnfinished = 3;
 
 class Backup {
@@ -71,7 +71,7 @@ Result<FileBytes> logOf(const std::filesystem::path& path) {
   return readRawDatabaseFileIfThere(path.string() + "-wal");
 }
 
-// Keeps the file and its log under another name, unless they are kept already.
+// Copies the file and its log, unless a copy with the same bytes exists.
 bool keepCopy(const std::filesystem::path& store, const FileBytes& file, const FileBytes& log) {
   const auto unfinished = unfinishedCopiesOf(store);
   if (!unfinished) return false;
@@ -84,7 +84,7 @@ bool keepCopy(const std::filesystem::path& store, const FileBytes& file, const F
   while (std::ranges::find(*unfinished, unfinishedCopy(store, number)) != unfinished->end())
     ++number;
   const auto copy = unfinishedCopy(store, number);
-  // The log first: a copy of the file tells that both are complete.
+  // The log first: the copy of the file shows that both are complete.
   const std::string logCopy = copy.string() + "-wal";
   ::unlink(logCopy.c_str());
   if ((!log.empty() && !writeCopy(log, logCopy)) || !writeCopy(file, copy)) return false;
@@ -92,7 +92,7 @@ bool keepCopy(const std::filesystem::path& store, const FileBytes& file, const F
   return true;
 }
 
-// The first bytes of a store in WAL mode, with the file's number of pages.
+// The header of a store in WAL mode, with the file's number of pages.
 FileBytes rightHeader(sqlite3* example, std::size_t fileBytes) {
   sqlite3_int64 size = 0;
   unsigned char* bytes = sqlite3_serialize(example, "main", &size, 0);
@@ -138,7 +138,7 @@ std::optional<Error> StoreRewrite::run(Patience patience, const Contents& conten
   sqlite3_busy_timeout(database_.get(), patience == Patience::none ? 0 : kLongestWaitMilliseconds);
   if (const int code = forgetLogIndex(); code != SQLITE_OK) return fail("recover", code);
   Backup backup(database_.get(), opened);
-  // No page yet, but the lock.
+  // Takes the lock, and copies no page yet.
   if (const int code = backup.step(0); code != SQLITE_OK) return fail("recover", code);
   if (!keepDamaged())
     return fail("keep a copy of", errno == ENOSPC || errno == EDQUOT ? SQLITE_FULL : SQLITE_IOERR);
@@ -151,7 +151,7 @@ std::optional<Error> StoreRewrite::run(Patience patience, const Contents& conten
     return fail("recover", code != SQLITE_DONE ? code : end);
   }
   takeLogOverAtClose(true);
-  // Another process may be reading from the log. Then the contents stay there until it is done.
+  // While another process reads from the log, the contents stay there.
   sqlite3_wal_checkpoint_v2(database_.get(), nullptr, SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
   return std::nullopt;
 }
@@ -173,19 +173,19 @@ bool StoreRewrite::openWithRightHeader(sqlite3* example) {
   database_.reset(opened);
   if (opened == nullptr) return false;
   takeLogOverAtClose(false);
-  // Else SQLite refuses a file that is shorter than its header says.
+  // Without this, SQLite refuses a file that is shorter than its header says.
   sqlite3_db_config(opened, SQLITE_DBCONFIG_WRITABLE_SCHEMA, 1, nullptr);
   return code == SQLITE_OK && sqlite3_db_readonly(opened, "main") == 0;
 }
 
-// SQLite removes a log that it takes over, with all that follows the first wrong frame. That may
-// happen only once its contents are in the store.
+// When SQLite closes the store, it copies the log into the file and removes it, without the frames
+// after the first damaged one. That is allowed only after the rewrite.
 void StoreRewrite::takeLogOverAtClose(bool isAllowed) const {
   sqlite3_db_config(database_.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, isAllowed ? 0 : 1, nullptr);
 }
 
-// Takes the checksums of the shared index away, under the lock of writers. SQLite then makes it
-// anew from the log.
+// Clears the checksums of the shared index, under the write lock, so that SQLite builds it again
+// from the log.
 int StoreRewrite::forgetLogIndex() {
   constexpr int regionBytes = 32768;
   constexpr std::size_t bothHeaders = 96;
@@ -199,7 +199,7 @@ int StoreRewrite::forgetLogIndex() {
   int code = SQLITE_BUSY;
   for (int i = 0; i < kLongestWaitMilliseconds / 5 && (code & 0xFF) == SQLITE_BUSY; ++i) {
     if (i > 0) sqlite3_sleep(5);
-    // Keeps the last other process that closes the store from removing the index meanwhile.
+    // Keeps the last other process that closes the store from removing the index.
     code = methods.xLock(file, SQLITE_LOCK_SHARED);
     volatile void* region = nullptr;
     if (code == SQLITE_OK) code = methods.xShmMap(file, 0, regionBytes, 1, &region);
@@ -217,7 +217,7 @@ bool StoreRewrite::keepDamaged() const {
   auto file = readRawDatabaseFile(store_);
   if (!file) return false;
   if (!formerStart_.empty() || formerSize_ == 0) {
-    // As it was before its first bytes were put right.
+    // With the first bytes that the file had before they were corrected.
     std::copy(formerStart_.begin(), formerStart_.end(), file->begin());
     if (formerSize_ < kHeaderBytes) file->resize(formerSize_);
   }

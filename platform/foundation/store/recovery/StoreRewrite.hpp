@@ -11,30 +11,28 @@
 
 namespace foundation {
 
-// Writes other contents into a damaged store, in one transaction of SQLite's that no other process
-// sees half of, and of which every process that has the file open hears. The file stays the same
-// file, so that nothing needs renaming.
+// Writes new contents into a damaged store in one transaction of SQLite. No other process sees half
+// of it, and every process that has the file open notices it. The file stays the same file, so that
+// no rename is needed.
 //
-// The steps, each of which leaves a store from which as much can be recovered as before:
+// Each step leaves a store from which at least as much can be recovered as before:
 //
-// 1. The first 100 bytes of the file are put right where they keep SQLite from opening it. They
-// hold no row.
-// 2. SQLite is told to read the log anew, for the index that processes share may describe another
-// log.
+// 1. The first 100 bytes of the file are corrected if SQLite could not open the file with them.
+// They hold no row.
+// 2. SQLite is made to read the log again, because the shared index may describe another log.
 // 3. SQLite's write lock is taken. No other process writes from here on.
-// 4. The file and its log are copied to NAME.recovering and put on disk.
-// 5. What follows the last right transaction of the log is cut off. SQLite does not read it.
-// 6. The new contents are committed to the log, put on disk, and taken over into the file.
+// 4. The file and its log are copied to NAME.recovering and written to the disk.
+// 5. The frames after the last valid transaction of the log are cut off. SQLite does not read them.
+// 6. The new contents are committed to the log, written to the disk, and copied into the file.
 //
-// A process that is killed in between leaves a damaged store, and NAME.recovering as a further
-// source for the next.
+// A process that is killed between two steps leaves a damaged store, and NAME.recovering as another
+// source for the next recovery.
 class StoreRewrite {
 public:
   explicit StoreRewrite(std::filesystem::path store) : store_(std::move(store)) {}
 
-  // Steps 1 to 6. `contents` is asked for all rows once nobody writes any more; nothing is written
-  // when it fails. Needs the repair lock, and that the file exists. Says why the store was not
-  // written.
+  // Runs the steps. `contents` is called after step 4; when it fails, nothing is written. Needs the
+  // repair lock, and that the file exists. Returns why the store was not written.
   using Contents = std::function<Result<std::vector<PreferenceChange>>()>;
   std::optional<Error> run(Patience patience, const Contents& contents);
   QEVSettings::StorageProblem problem() const { return problem_; }
@@ -54,8 +52,8 @@ private:
   QEVSettings::StorageProblem problem_ = QEVSettings::StorageProblem::failing;
 };
 
-// Unfinished copies of a damaged store and its log, of recoveries that did not come to their end.
-// Fails when the system does not let them be looked up.
+// The copies NAME.recovering of recoveries that were not completed. Fails when the system refuses
+// to look them up.
 Result<std::vector<std::filesystem::path>> unfinishedCopiesOf(const std::filesystem::path& store);
 
 }  // namespace foundation

@@ -39,15 +39,15 @@ Result<DatabaseSnapshot> snapshotOfDatabase(const std::filesystem::path& path) {
     if (!file) return unreadable(path);
     const auto after = logOf(path);
     if (!before || !after) return before ? after.error() : before.error();
-    // Pages that were taken over into the file meanwhile are in the log still, unless it was begun
-    // anew. A log that is being written looks damaged for a moment.
+    // Pages that were copied into the file meanwhile are still in the log, unless the log was
+    // restarted. A log that is being written looks damaged for a moment.
     const bool isSettled = after->continues(*before) && !after->hasLostTransactions();
     if (!isSettled && i < attempts) {
       ::usleep(pauseMicroseconds);
       continue;
     }
     takeOver(*after, *file);
-    // In memory there is no log.
+    // A database in memory has no log.
     if (file->size() > readVersion && (*file)[writeVersion] == 2)
       (*file)[writeVersion] = (*file)[readVersion] = 1;
     return DatabaseSnapshot{.bytes = *std::move(file),

@@ -13,7 +13,7 @@ namespace foundation {
 
 namespace {
 
-// SQLite maps the index in parts of this size.
+// The size of the parts in which SQLite maps the index.
 constexpr off_t kMappedBytes = 32768;
 
 struct Registry {
@@ -21,7 +21,7 @@ struct Registry {
   std::vector<CommitStamp*> stamps;
 };
 
-// Never destroyed: stores may be closed while the process ends.
+// Never destroyed, because stores may be closed while the process ends.
 Registry& registry() {
   static auto* const shared = std::make_unique<Registry>().release();
   return *shared;
@@ -59,7 +59,7 @@ std::uint32_t CommitStamp::commitCount() const { return wordOfIndex(2); }
 
 std::uint32_t CommitStamp::frameCount() const { return wordOfIndex(4); }
 
-// A word of the index's header; the stamp is the eleventh and twelfth.
+// A word of the index's header. The stamp is the eleventh and the twelfth word.
 std::uint32_t CommitStamp::wordOfIndex(std::ptrdiff_t word) const {
   constexpr std::ptrdiff_t stampWord = 10;
   std::uint64_t* const stamp = stamp_;
@@ -90,7 +90,7 @@ CommitStamp::News CommitStamp::newsOf(const std::filesystem::path& store) {
   return news;
 }
 
-// Any look finds news from now on, and so comes to where the size of the index is checked.
+// From now on every read finds a new stamp, and so reaches `readChanges`, which checks the index.
 void CommitStamp::withdraw() {
   if (stamp_ == &none_) return;
   std::atomic_ref(none_).store(~seen_.load());

@@ -10,16 +10,16 @@ struct sqlite3;
 
 namespace foundation {
 
-// The stamp of the last commit to a store's file, which stands in SQLite's index of the log
-// (NAME-shm), memory that all processes share. Two looks that find the same stamp have no commit
-// between them. Looking costs one load.
+// The stamp of the last commit to a store. It is in SQLite's index of the log (NAME-shm), memory
+// that all processes share. If two looks find the same stamp, there was no commit between them. A
+// look costs one load.
 //
-// Whoever cuts the index off (`: > NAME-shm`) takes the pages away on which the stamp stands:
-// touching them raises SIGBUS. The size of the index is therefore checked before each transaction,
-// and by the watching thread at every change of the folder, which then withdraws the stamp from the
-// reads.
+// If somebody truncates the index (`: > NAME-shm`), its pages are gone, and an access to the stamp
+// raises SIGBUS. The size of the index is therefore checked before each transaction, and by the
+// watching thread at every change of the folder. The thread then withdraws the stamp, so that reads
+// no longer access it.
 //
-// The owner's thread, except for `newsOf`.
+// Owner's thread, except for `newsOf`.
 class CommitStamp {
 public:
   enum class News {
@@ -33,7 +33,7 @@ public:
   CommitStamp& operator=(const CommitStamp&) = delete;
   ~CommitStamp();
 
-  // The stamp's place in SQLite's memory, which must stay mapped until `detach`.
+  // `stamp` points into SQLite's memory, which must stay mapped until `detach`.
   void attach(const std::filesystem::path& store, std::uint64_t* stamp);
   void detach();
 
@@ -44,16 +44,16 @@ public:
   bool isNew() const { return value() != seen_.load(std::memory_order_relaxed); }
   void markSeen(std::uint64_t stamp) { seen_.store(stamp, std::memory_order_relaxed); }
 
-  // The number of commits, and the number of the log's frames, which the index holds as well. 0
-  // when it was cut off.
+  // The number of commits, and the number of frames in the log, from the index. 0 when the index
+  // was truncated.
   std::uint32_t commitCount() const;
   std::uint32_t frameCount() const;
 
-  // Whether the index is shorter than what is mapped of it.
+  // Whether the index was truncated: it is shorter than the part that is mapped.
   bool isIndexCut() const;
 
-  // Whether this process still maps an index that was cut off. SQLite would hand that to whoever
-  // opens the store. Any thread.
+  // Whether this process still maps an index that was truncated. SQLite would give the same mapping
+  // to a new connection. Any thread.
   static bool isCutIndexInUse(const std::filesystem::path& store);
 
   // Whether a commit to the store is new to this process. Any thread.
@@ -71,7 +71,7 @@ private:
   std::atomic<std::uint64_t> seen_ = 0;
 };
 
-// Keeps SQLite from touching a cut index when it closes the database.
+// Keeps SQLite from accessing a truncated index when it closes the database.
 void spareCutIndex(sqlite3* database);
 
 }  // namespace foundation

@@ -40,7 +40,7 @@ void FolderEvents::watch() {
 
 FolderEvents::News FolderEvents::take() {
   if (notifier_) return takeEvents();
-  // First, or what happens between the two would be missed.
+  // Before the files are looked at, so that no change between the two is missed.
   watch();
   return compareFiles();
 }

@@ -14,8 +14,8 @@ namespace foundation {
 
 class WatchSystem;
 
-// Says what changed among the files of one store. Uses inotify; while the system refuses that, or
-// the folder is gone, compares the identity, the size and the time of the files at each question.
+// Reports what changed among the files of one store. Uses inotify. While the system refuses that,
+// or the folder is missing, compares the identity, the size and the time of the files in each call.
 // One thread at a time.
 class FolderEvents {
 public:
@@ -27,10 +27,10 @@ public:
 
   FolderEvents(std::filesystem::path store, WatchSystem& system);
 
-  // Readable when there is news; -1 while the caller has to ask by time.
+  // Readable when there are events; -1 while the caller has to compare by time.
   int descriptor() const { return notifier_.get(); }
 
-  // Why the system does not watch the folder; empty when it does, or when there is no folder.
+  // Why the system does not watch the folder; empty when it does, or when the folder is missing.
   const std::string& refusal() const { return refusal_; }
 
   // What happened since the last call.

@@ -25,12 +25,12 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds kShortestRetry(250);
 constexpr milliseconds kLongestRetry(8000);
-// Where the system gives no cue.
+// Between two comparisons of the files, when the system sends no events.
 constexpr milliseconds kLookInterval(250);
-// A file changes shortly before a commit counts, and several times in each. The thread looks again
-// after a pause that doubles while it finds nothing, so that a burst of this process's own writes
-// costs few looks; after it found something, it pauses for the longest of them, so that a burst of
-// another's does not wake the main queue each time.
+// A commit changes a file several times, shortly before readers can see it. After an event the
+// thread therefore checks again and again. The pause between checks doubles while nothing is found,
+// so that a burst of this process's own writes costs few checks. After a find the pause is the
+// longest, so that a burst of another process does not wake the main queue for each write.
 constexpr microseconds kShortestPause(250);
 constexpr microseconds kLongestPause(5000);
 
@@ -144,7 +144,7 @@ void PreferencesWatch::wake() {
 void PreferencesWatch::turnWithoutThread() {
   start();
   if (thread_) return;
-  // Ends when a callback destroys this.
+  // A callback may destroy this object.
   const auto callbacks = callbacks_;
   const bool mustRetry = isDue(retryAt_);
   if (hasChanged(events_.take())) callbacks->changed();
@@ -222,7 +222,7 @@ void PreferencesWatch::handleChanges() {
   if (events_.descriptor() < 0) lookAt_ = Clock::now() + kLookInterval;
 }
 
-// A write of this process changes the file too, but is no news.
+// Only commits of other processes count. A write of this process changes the files too.
 bool PreferencesWatch::hasChanged(FolderEvents::News news) const {
   if (news == FolderEvents::News::files) return true;
   const auto stamp = CommitStamp::newsOf(store_);

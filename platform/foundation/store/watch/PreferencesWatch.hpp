@@ -17,16 +17,16 @@
 
 namespace foundation {
 
-// Watches the file of a store from a thread of its own, which puts the writes of a burst on disk
-// and makes the good copy after 15 s without a write.
+// Watches the files of a store from a thread of its own. The thread also writes the log to the disk
+// after a burst, and makes the good copy after 15 s without a write.
 //
-// Main thread. The system may refuse what this needs, which is said once in a line of diagnostics:
-// - without inotify or a free descriptor the thread compares the files every 250 ms;
-// - without a thread the main queue does so in its turns, and a thread is asked for again each
-// time.
+// Main thread. The system may refuse what this needs, which is reported once in a line of
+// diagnostics:
+// - without inotify or a free descriptor, the thread compares the files every 250 ms;
+// - without a thread, the main queue does so in its turns, and asks for a thread each time.
 class PreferencesWatch {
 public:
-  // They are called from the main queue.
+  // Called from the main queue.
   struct Callbacks {
     std::function<void()> changed;  // another process may have written, or a file was replaced
     std::function<void()> retry;    // `retryLater` asked for it
@@ -47,13 +47,13 @@ public:
   void retryLater();
   void didSucceed();
 
-  // Has what was written to the store put on disk after the pause, unless that is under way; `lost`
-  // is called when the disk refuses. Returns false when there is no thread to do it.
+  // Has the thread write the log to the disk after the pause, unless that is pending already. The
+  // thread calls `lost` when the disk refuses. Returns false when there is no thread.
   [[nodiscard]] bool synchronizeLater(std::chrono::milliseconds pause);
-  // Everything is on disk, so that a pending `synchronizeLater` has nothing to do.
+  // Everything is on the disk: a pending `synchronizeLater` is dropped.
   void didSynchronize();
 
-  // This process wrote to the store.
+  // This process wrote to the store. Starts the pause before the good copy anew.
   void didWrite();
 
 private:
@@ -82,7 +82,7 @@ private:
   const std::shared_ptr<std::atomic<bool>> isChangeQueued_ =
       std::make_shared<std::atomic<bool>>(false);
 
-  // Of the thread, or of the main thread while there is no other.
+  // Used by the thread, or by the main thread while there is no other.
   FolderEvents events_;
   Deadline lookAt_;
   std::chrono::microseconds pause_;

@@ -46,7 +46,7 @@ Result<FileDescriptor> WatchSystem::watchFolder(const std::filesystem::path& fol
   return notifier;
 }
 
-// A missing log was checkpointed into the store, which puts it on disk first.
+// A missing log was copied into the store by SQLite, which writes it to the disk first.
 bool WatchSystem::synchronizeLog(const std::filesystem::path& store) {
   const FileDescriptor log(
       ::open((store.string() + "-wal").c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
