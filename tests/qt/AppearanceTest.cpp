@@ -11,6 +11,7 @@
 #include <QImage>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace qt {
@@ -45,8 +46,8 @@ View page() {
 TEST_F(AppearanceTest, WindowAfterFortySwitchesLooksLikeNewOne) {
   auto& application = appkit::Application::sharedApplication();
   const auto picture = [this] { return topLevel().grab().toImage(); };
-  for (const auto [first, last] : {std::pair{Appearance::light, Appearance::dark},
-                                   std::pair{Appearance::dark, Appearance::light}}) {
+  for (const auto& [first, last] : {std::pair{Appearance::light, Appearance::dark},
+                                    std::pair{Appearance::dark, Appearance::light}}) {
     application.setAppearance(first);
     open(page());
     for (int i = 0; i < 40; ++i) {

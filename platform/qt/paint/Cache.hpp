@@ -10,7 +10,7 @@ namespace qt {
 // last, and is emptied when the application ends, because pixmaps and laid-out text must not
 // outlive it. Main thread only.
 template <class Value, int most, class Key, class Make>
-Value keptValue(const Key& key, const Make& make) {
+Value cached(const Key& key, const Make& make) {
   static QCache<Key, Value> cache(most);
   static const bool registered = (qAddPostRoutine([] { cache.clear(); }), true);
   Q_UNUSED(registered);
