@@ -40,9 +40,9 @@ namespace {
 
 // One font of the page: its row and its property in the preferences store.
 struct FontSetting {
-  // The place of the row on the page, from 1.
+  // The position of the row on the page, from 1.
   int row;
-  // Looked up in the module's string table.
+  // A localisation key.
   std::string_view labelKey;
   SymbolName symbol;
   std::string_view key;
@@ -92,7 +92,7 @@ constexpr std::array kFontSettings{
                 .set = &FontPreferences::setCom_velloquin_zorvantine_fontDataSourcesList},
 };
 
-// The stored font of one row. Announces that anybody changed it.
+// The stored font of one row. Announces each change, including those of other processes.
 class StoredFont final : public foundation::ObservableObject {
 public:
   StoredFont(PreferencesStore& store, const FontSetting& setting)

@@ -10,15 +10,15 @@
 
 namespace QEVSettings {
 
-// How the application looks: always light, always dark, or as the system does.
+// The appearance of the application: always light, always dark, or that of the system.
 enum class AppearanceMode : std::uint8_t { light, dark, automatic };
 
 // In the order in which they are shown.
 inline constexpr std::array kAppearanceModes{AppearanceMode::light, AppearanceMode::dark,
                                              AppearanceMode::automatic};
 
-// The picture button of one appearance mode. It tints itself while the pointer is over it; a hover
-// rebuilds this button alone.
+// The picture button of one appearance mode. It is tinted while the pointer is over it. The button
+// is a view of its own, so that hovering rebuilds one button and not the page.
 struct AppearanceModeButton {
   AppearanceMode mode;
   std::string label;

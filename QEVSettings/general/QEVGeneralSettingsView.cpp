@@ -33,7 +33,7 @@ Binding<bool> binding(const std::shared_ptr<UpdaterViewModel>& model, Setting se
           [=](bool value) { (*model.*setting).set(value); }};
 }
 
-// Hands a changed value of the model to the updater, unless that is where it comes from.
+// Sets a changed value of the model at the updater, unless the updater already has it.
 std::function<void(bool)> writeBack(const std::shared_ptr<UpdaterViewModel>& model, Setting setting,
                                     bool (SPUUpdater::*getter)() const,
                                     void (SPUUpdater::*setter)(bool)) {

@@ -14,7 +14,7 @@
 
 namespace QEVSettings {
 
-// The General tab: how the application looks, the time zone of packet times, and software updates.
+// The General tab: the appearance of the application, the packet time zone, and software updates.
 class QEVGeneralSettingsView : public QEVTimeZones {
 public:
   QEVGeneralSettingsView(std::shared_ptr<QEVDependencies::QEVAppDelegateProvider> appDelegate,

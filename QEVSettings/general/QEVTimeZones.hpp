@@ -5,13 +5,13 @@
 
 namespace QEVSettings {
 
-// Gives whoever adopts it the names of the machine's time zones.
+// The display names of the machine's time zones; a base class of the view that lists them.
 struct QEVTimeZones {
-  // One name for each identifier that the machine knows, in the order of the identifiers: the name
-  // that the host's LocalizableTimeZones.strings has for it, or the identifier itself.
+  // One name for each time-zone identifier of the machine, in the order of the identifiers: the
+  // name from the host's LocalizableTimeZones.strings, or else the identifier.
   //
-  // The file is read anew each time. A file that cannot be read is logged, and the list is empty;
-  // one that does not fit the machine's identifiers is logged as well. Main thread.
+  // Each call reads the file. When it cannot be read, the list is empty and the reason is logged.
+  // A file that does not match the machine's identifiers is logged too. Main thread.
   static std::vector<std::string> localizedTimeZoneNames();
 };
 

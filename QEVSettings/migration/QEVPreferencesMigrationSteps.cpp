@@ -28,7 +28,7 @@ bool isArrayOfObjects(const JSON& json) {
          std::all_of(elements.begin(), elements.end(), [](const JSON& e) { return e.isObject(); });
 }
 
-// The elements of an array joined by commas; nothing when `textOf` makes nothing of one of them.
+// The texts of the elements joined by commas. Nothing when `textOf` returns nothing for an element.
 template <class TextOf>
 std::optional<std::string> joined(const JSON& array, TextOf textOf) {
   std::string result;
@@ -42,8 +42,7 @@ std::optional<std::string> joined(const JSON& array, TextOf textOf) {
   return result;
 }
 
-// The string in place of ports that are an array of integers or an array of strings; nothing for
-// any other ports.
+// The string for an array of integers or an array of strings. Nothing for any other value.
 std::optional<std::string> portsAsString(const JSON& ports) {
   if (!ports.isArray()) return std::nullopt;
   if (auto text = joined(ports, [](const JSON& element) { return element.integerText(); }))
@@ -51,7 +50,8 @@ std::optional<std::string> portsAsString(const JSON& ports) {
   return joined(ports, [](const JSON& element) { return element.asString(); });
 }
 
-// The list with every record's ports as a string; nothing when it is no list or needs no change.
+// The list with the ports of every record as a string. Nothing when it is not a protocol list or
+// needs no change.
 std::optional<PreferenceValue::Bytes> listWithPortsAsStrings(const PreferenceValue::Bytes& bytes) {
   const std::string_view stored(reinterpret_cast<const char*>(bytes.data()), bytes.size());
   const auto list = JSON::parseBorrowed(stored);
@@ -76,8 +76,7 @@ std::optional<PreferenceValue::Bytes> listWithPortsAsStrings(const PreferenceVal
   return PreferenceValue::Bytes(writer.text().begin(), writer.text().end());
 }
 
-// The value in the current form when a list of that schema may hold it in an older one; nothing
-// when it stays.
+// The value in the current form. Nothing when a store of that schema already has it in this form.
 std::optional<PreferenceValue> inCurrentForm(std::string_view key, const PreferenceValue& value,
                                              std::int64_t schema) {
   auto color = schema < 1 ? colorAsText(key, value) : std::nullopt;

@@ -14,7 +14,7 @@ using foundation::Bundle;
 
 constexpr const char* kBundleName = "QEVSettings_QEVSettings";
 
-// Stands for the module's own code, whatever program or library that was linked into.
+// Its address tells which program or library the module is linked into.
 class BundleFinder {
 public:
   static std::shared_ptr<Bundle> bundle() { return Bundle::containing(&kAddress); }

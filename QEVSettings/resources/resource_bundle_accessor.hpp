@@ -7,12 +7,12 @@
 
 namespace QEVSettings {
 
-// The module's resources: the bundle directory QEVSettings_QEVSettings.bundle, found at first use
-// and kept. The process stops when there is none.
+// The module's resource bundle, QEVSettings_QEVSettings.bundle. It is located at the first use and
+// kept. The process stops when it does not exist.
 const foundation::Bundle& moduleBundle();
 
-// A text of the module in the person's language. The key is the English text, and is what is shown
-// where there is no translation.
+// A text of the module in the user's language. The key is the English text, which is also the
+// result without a translation.
 std::string localized(std::string_view key);
 
 }  // namespace QEVSettings

@@ -7,7 +7,7 @@
 
 namespace QEVSettings {
 
-// A row of an analyzer's options: an icon, the controls, and a tint while the pointer is over it.
+// A row of an analyzer's options: an icon and controls. It is tinted while the pointer is over it.
 struct OptionRow {
   viewkit::SymbolName symbol;
   viewkit::VerticalAlignment alignment = viewkit::VerticalAlignment::center;

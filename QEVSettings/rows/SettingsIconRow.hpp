@@ -9,11 +9,11 @@
 
 namespace QEVSettings {
 
-// An icon of fixed width before any content; the row tints itself while the pointer is over it.
+// A row with an icon of fixed width before its content. It is tinted while the pointer is over it.
 struct SettingsIconRow {
   viewkit::SymbolName symbol;
   viewkit::VerticalAlignment alignment = viewkit::VerticalAlignment::center;
-  // Points, both ways.
+  // Width and height, in points.
   double iconSize = 0;
   // Indents the whole row.
   bool leadingInset = false;

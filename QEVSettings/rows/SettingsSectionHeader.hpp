@@ -9,7 +9,7 @@ namespace QEVSettings {
 
 // The title of a section: an icon and a caption in capitals, both in the accent colour.
 struct SettingsSectionHeader {
-  // Looked up in the module's string table.
+  // A localisation key.
   std::string titleKey;
   viewkit::SymbolName systemImage;
 

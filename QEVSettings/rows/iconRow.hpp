@@ -7,20 +7,20 @@
 
 namespace QEVSettings {
 
-// What the rows with an icon share: an icon in the accent colour, the content after it, and a tint
-// behind both while the pointer is over the row. Lengths are in points.
+// The shared part of OptionRow and SettingsIconRow: an icon in the accent colour, then the content,
+// and a tint behind both while the pointer is over the row. Lengths are in points.
 struct IconRowLayout {
   viewkit::SymbolName symbol;
   viewkit::VerticalAlignment alignment = viewkit::VerticalAlignment::center;
-  // Both ways.
+  // Width and height of the icon.
   double iconSize = 0;
-  // The icon stands in the middle of this width.
+  // The icon is centred in this width.
   double iconColumn = 0;
-  // Before the row; not tinted.
+  // The space before the row, which is not tinted.
   double leadingInset = 0;
 };
 
-// `hovering` keeps whether the pointer is over the row.
+// `hovering` stores whether the pointer is over the row.
 viewkit::View iconRow(const IconRowLayout& layout, const viewkit::View& content,
                       const viewkit::Binding<bool>& hovering);
 

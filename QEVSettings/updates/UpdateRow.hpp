@@ -9,15 +9,15 @@
 
 namespace QEVSettings {
 
-// A switch for one of the updater's settings; a click on its text turns it as well.
+// A row with a switch for a setting of the updater. A click on the text also turns the switch.
 struct UpdateRow {
   viewkit::SymbolName symbol;
-  // Looked up in the module's string table.
+  // A localisation key.
   std::string textKey;
   viewkit::Binding<bool> isOn;
-  // A disabled row is dimmed and does nothing.
+  // A disabled row is dimmed and ignores clicks.
   bool isEnabled = true;
-  // Called with the new value when it has changed, whatever changed it.
+  // Called after each change of the value, whatever its cause.
   std::function<void(bool)> onChange;
 
   viewkit::View body() const;

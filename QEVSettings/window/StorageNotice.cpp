@@ -32,8 +32,8 @@ View bar(SymbolName symbol, Color color, const std::string& text, const View& bu
                         .scaledToFit()
                         .frame(FixedFrame{.width = kIconSize, .height = kIconSize})
                         .foreground(color),
-                    // Another text is another alert: assistive technology speaks an alert that
-                    // appears.
+                    // A new text is a new view, because assistive technology announces an alert
+                    // when it appears.
                     Text(text)
                         .font(Font::callout())
                         .fixedSize(false, true)

@@ -6,9 +6,9 @@
 
 namespace QEVSettings {
 
-// The bars of the settings window for what StorageNotices has to say: one for a problem, which
-// stays while the problem does, and one for a recovery, with a button that dismisses it. Assistive
-// technology is told of each new text as an alert.
+// The bars of the settings window that show the messages of StorageNotices. The bar of a problem
+// stays as long as the problem. The bar of a recovery has a button that dismisses it. Assistive
+// technology announces each new text as an alert.
 struct StorageNotice {
   viewkit::ObservedObject<StorageNotices> notices;
 

@@ -15,8 +15,8 @@ namespace QEVSettings {
 
 namespace {
 
-// The recoveries that were reported, of all stores of the process. A recovery is known by what its
-// store says of it: a store may be destroyed, and another one made at its address.
+// The recoveries of all stores of the process that the user has seen. They are compared by their
+// contents and not by the address of the store, because another store may reuse an address.
 struct SeenRecoveries {
   std::vector<StoreOpening> recoveries;
   foundation::Announcer changed;
@@ -35,8 +35,9 @@ SeenRecoveries& seenRecoveries() {
   return seen;
 }
 
-// Calls `update` on a later turn of the main queue when the store has announced a change of its
-// storage: the store may do that within a read, and so while the body of a view runs.
+// Calls `update` from the main queue after each change of the store's storage. The store may
+// announce the change during a read, and so while the body of a view runs, which must not be marked
+// then.
 foundation::Subscription observeStorageLater(PreferencesStore& store,
                                              std::function<void()> update) {
   struct Observation {

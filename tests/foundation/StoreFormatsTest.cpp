@@ -3,7 +3,9 @@
 
 #include <sqlite3.h>
 
+#include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -38,6 +40,7 @@ protected:
         "(7, CAST('com_velloquin_qev_dns_checksums' AS BLOB), 1, 0, 7034974200574243877),"
         "(8, CAST('zoom' AS BLOB), 2, 1.25, 7852551923038652538)";
     ASSERT_EQ(sqlite3_exec(database().get(), rows, nullptr, nullptr, nullptr), SQLITE_OK);
+    std::filesystem::permissions(path, std::filesystem::perms(0600));
   }
 
   std::int64_t formatNumber() const {
@@ -50,15 +53,14 @@ protected:
     return number;
   }
 
-  static void expectValues(const UserDefaults& store) {
-    const QEVSettings::PreferenceDictionary expected{
+  static QEVSettings::PreferenceDictionary values() {
+    return {
         {"com_velloquin_zorvantine_prefs_schema_version", 2},
         {"com_velloquin_qev_dns_color", "AQID"},
         {"com_velloquin_qev_dns_protocols", PreferenceValue::Bytes{'[', ']'}},
         {"com_velloquin_qev_dns_checksums", false},
         {"zoom", 1.25},
     };
-    EXPECT_EQ(store.dictionaryRepresentation(), expected);
   }
 };
 
@@ -67,7 +69,7 @@ TEST_F(StoreFormats, Format1IsReadAndVerifiedWithoutBeingChanged) {
   {
     const auto store = UserDefaults::open(path, UserDefaults::Access::readOnly);
     EXPECT_EQ(store->opening().outcome, Outcome::opened);
-    expectValues(*store);
+    EXPECT_EQ(store->dictionaryRepresentation(), values());
   }
   EXPECT_TRUE(verifyPreferences(path).isGood);
   EXPECT_EQ(formatNumber(), 1);
@@ -82,16 +84,21 @@ TEST_F(StoreFormats, FirstWriteMakesFormat2OfFormat1AndKeepsItsRows) {
   EXPECT_EQ(store->opening().outcome, Outcome::opened);
   EXPECT_EQ(store->integerForKey("new"), 5);
   store->removeObject("new");
-  expectValues(*store);
+  EXPECT_EQ(store->dictionaryRepresentation(), values());
 }
 
-TEST_F(StoreFormats, RowsOfADamagedFormat1AreRecovered) {
+TEST_F(StoreFormats, ChangedRowOfFormat1IsNoticedAndTheOthersAreRecovered) {
   makeFormat1();
-  overwriteAt(path, 0, std::string(100, '\x01'));
+  const std::size_t color = contentsOf(path).find("AQID");
+  ASSERT_NE(color, std::string::npos);
+  overwriteAt(path, color, "AQIE");
+  EXPECT_FALSE(verifyPreferences(path).isGood);
   const auto store = open();
   EXPECT_EQ(store->opening().outcome, Outcome::restored) << store->opening().message;
-  EXPECT_EQ(store->opening().lostKeys, 0U);
-  expectValues(*store);
+  EXPECT_EQ(store->opening().lostKeys, 1U);
+  auto expected = values();
+  expected.erase("com_velloquin_qev_dns_color");
+  EXPECT_EQ(store->dictionaryRepresentation(), expected);
   EXPECT_EQ(formatNumber(), 2);
 }
 

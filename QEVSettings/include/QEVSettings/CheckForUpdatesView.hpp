@@ -8,8 +8,8 @@
 
 namespace QEVSettings {
 
-// A button that looks for a newer version of the application, for wherever the host wants it. It
-// cannot be pressed while a check is under way.
+// A button that checks for a newer version of the application. The host places it; the settings
+// window does not show it. The button is disabled during a check. Main thread.
 struct CheckForUpdatesView {
   explicit CheckForUpdatesView(std::shared_ptr<UpdaterViewModel> updaterViewModel);
 

@@ -11,31 +11,31 @@
 
 namespace QEVSettings {
 
-// The steps of the migration for one value: what takes its place, or nothing when the step leaves
-// it alone.
+// The steps of the migration for one value. A step returns the new value, or nothing when the value
+// needs no change.
 //
-// From schema 0 to 1: a colour's bytes become base64 text.
+// From schema 0 to 1: the bytes of a colour become base64 text.
 std::optional<PreferenceValue> colorAsText(std::string_view key, const PreferenceValue& value);
-// From schema 1 to 2: ports that are an array in a record of a protocol list become one string.
+// From schema 1 to 2: the array of ports in a record of a protocol list becomes one string.
 std::optional<PreferenceValue> protocolListWithPortsAsText(std::string_view key,
                                                            const PreferenceValue& value);
 
-// Preferences from elsewhere in the form of the current schema, without a schema version: that one
-// belongs to the store which they are merged into.
+// Imported preferences in the form of the current schema. They have no schema version, because the
+// store that they are merged into has its own.
 struct CurrentPreferences {
   PreferenceDictionary values;
-  std::size_t rewritten = 0;  // how many values were in an older form
+  std::size_t rewritten = 0;  // the number of values that had an older form
 };
 
-// Applies to a list of preferences the steps that its own schema version asks for; a list without a
-// version is of schema 0. Fails for a list of a newer schema, whose forms nobody here knows.
+// Converts a list of preferences from the schema that its version names, 0 without a version. Fails
+// for a newer schema, whose forms are unknown to this release.
 //
 //     const auto current = inCurrentSchema(*readPropertyList(file));
 //     if (current) store.applyAll(current->values);
 foundation::Result<CurrentPreferences> inCurrentSchema(PreferenceDictionary list);
 
-// The keys whose values are in a form older than the current schema's, in order, whatever version
-// the list names.
+// The keys whose values have the form of an older schema, in ascending order. Ignores the version
+// of the list.
 std::vector<std::string> keysInOlderForm(const PreferenceDictionary& preferences);
 
 }  // namespace QEVSettings

@@ -16,28 +16,25 @@ namespace QEVSettings {
 
 // The content of the settings window: a tab view with a page and a help button for each subject.
 //
-// The host makes one each time it opens the window; the selected tab lives no longer than that. All
-// that a person changes is at once in the environment's preferences store, or with the owner of the
-// model concerned.
+// The host creates one each time it opens the window, and chooses the first tab. Each change is
+// written at once: to the environment's preferences store, or to the model that the page shows.
 //
-// While changes cannot be saved, and once after the store was restored from its copy or begun
-// empty, a bar above the tabs says so; see PreferencesStore::storageProblem and
-// PreferencesStore::opening. The host has nothing to do for it.
+// A bar above the tabs appears while changes cannot be saved, and once after the store was restored
+// or had to begin empty. See PreferencesStore::storageProblem and PreferencesStore::opening.
 //
-// Needs the module's string tables: the process stops where they are not installed. Main thread.
+// The process stops when the module's string tables are not installed. Main thread.
 //
-//     View content = QEVSettingsView(updater, delegate, captureModel,
-//     QEVSettingsView::Tabs::general,
+//     using Tabs = QEVSettingsView::Tabs;
+//     View content = QEVSettingsView(updater, delegate, captureModel, Tabs::general,
 //                                    ProxySettingsView(proxyService));
 class QEVSettingsView {
 public:
-  // `appearance` is the Fonts page.
+  // `appearance` selects the Fonts page.
   enum class Tabs : std::uint8_t { general, capture, proxy, analyze, appearance };
 
-  // The view shares the objects with the host; none of them is null. `appDelegate` is called after
-  // a person chose a light or dark appearance and the choice was stored. Without a `proxyTab` there
-  // is no page for the interception proxy; a `selectedTab` whose page is not there shows the first
-  // page.
+  // The host shares the objects with the view; none is null. `appDelegate` is called after the user
+  // chose the light or dark appearance and the choice was stored. Without `proxyTab` there is no
+  // proxy page. A `selectedTab` without a page shows the first page.
   QEVSettingsView(std::shared_ptr<UpdaterViewModel> updater,
                   std::shared_ptr<QEVDependencies::QEVAppDelegateProvider> appDelegate,
                   std::shared_ptr<QEVCoreComponents::QEVCaptureViewModel> captureViewModel,

@@ -8,21 +8,26 @@
 
 namespace QEVSettings {
 
-// What a window has to say of its preferences store, in the person's language. QEVSettingsView
-// shows it by itself; a host that shows it in a window of its own observes this model. Announces
-// each change. Main thread.
+// The messages of a window about its preferences store, in the user's language. QEVSettingsView
+// shows them by itself; a host can show them in a window of its own. The model announces each
+// change. Main thread.
+//
+//     StorageNotices notices(store);
+//     if (const auto problem = notices.problem()) show(*problem);
 class StorageNotices final : public foundation::ObservableObject {
 public:
-  // Looks at the store when it announces a change of its storage, and at no other time.
+  // The store must outlive the model, which reads it only after the store announced a change of its
+  // storage.
   explicit StorageNotices(PreferencesStore& store);
-  // The window is closing: what `recovery` says counts as seen.
+  // Marks the recovery as seen, because its window closes.
   ~StorageNotices() override;
 
-  // Why changes do not reach the file, for as long as they do not.
+  // Why changes cannot be saved at present.
   std::optional<std::string> problem() const;
 
-  // That the store was restored or begun empty. Each such event is reported once in a process:
-  // until `dismissRecovery` is called in any window, or the first window that reported it closes.
+  // The message that the store was restored or had to begin empty. The process shows each such
+  // event once: until `dismissRecovery` is called in any window, or the first window that showed it
+  // closes.
   std::optional<std::string> recovery() const;
   void dismissRecovery();
 

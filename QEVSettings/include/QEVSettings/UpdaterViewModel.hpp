@@ -11,28 +11,26 @@ namespace QEVSettings {
 
 // The settings of the software updater as values that views can show and edit.
 //
-// The host creates one before it opens the settings window, and keeps it as long as updates are to
-// be looked for: the updater starts with it, in the configuration that the host made the standard.
-// Main thread.
+// The host creates one model and keeps it for the run of the application: the updater starts with
+// it, in the standard configuration that the host has set. Main thread.
 //
-// The published values follow the updater and are never written back to it by the model. A view
-// that lets a person change one of them hands the new value to `updaterController().updater()`,
-// once, when the value has changed.
+// The published values follow the updater. The model does not write them back: a view that changes
+// one sets the new value at `updaterController().updater()`.
 class UpdaterViewModel final : public foundation::ObservableObject {
 public:
   UpdaterViewModel();
 
   sparkle::SPUStandardUpdaterController& updaterController() const { return *updaterController_; }
 
-  // Whether a check can begin now.
+  // Whether a check can start now.
   foundation::Published<bool> canCheckForUpdates{*this, false};
   foundation::Published<bool> automaticallyChecksForUpdates{*this, false};
   foundation::Published<bool> automaticallyDownloadUpdates{*this, false};
-  // Whether checks tell an anonymous system profile.
+  // Whether a check sends an anonymous system profile.
   foundation::Published<bool> sendSystemProfile{*this, false};
 
-  // Asks for a check on a later turn of the main queue, and returns at once. Nothing comes of it
-  // when the model is gone by then.
+  // Starts a check on a later turn of the main queue, and returns at once. No check starts if the
+  // model is destroyed before.
   void checkForUpdates();
 
 private:

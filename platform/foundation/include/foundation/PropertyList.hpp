@@ -11,36 +11,36 @@
 
 namespace foundation {
 
-// A list beyond one of these limits is refused, in reading and in writing.
+// The limits of reading and writing: a list beyond one of them is an error.
 //
-// A longer list is not read.
+// The size of a list to read, in bytes.
 inline constexpr std::size_t kMaximumPropertyListBytes = std::size_t{1} << 30;
-// A value under a key of the list has as many levels as a stored one.
+// The nesting of a value under a key of the list; the same as for stored values.
 inline constexpr int kMaximumPropertyListDepth = kMaximumPreferenceDepth;
-// Values in all, those inside others included.
+// The number of values, including those inside arrays and dictionaries.
 inline constexpr std::size_t kMaximumPropertyListValues = std::size_t{1} << 20;
-// A binary list may name an object more than once. Both limits count it as often as it is named;
-// its text and data may take so many bytes more than the list itself.
+// The bytes of text and data that a binary list may have beyond its own size. A binary list may
+// refer to an object several times, and the limits count the object each time.
 inline constexpr std::size_t kMaximumPropertyListRepeatedBytes = std::size_t{64} << 20;
 
 enum class PropertyListFormat { xml, binary };
 
-// Property lists, whose top level is a dictionary, in either format. Every value keeps its type.
+// Property lists in both formats. The top level is a dictionary. Every value keeps its type.
 //
 //     if (const auto old = readPropertyList(path)) store.applyAll(*old);
 //     else report(old.error().message);
 //
-// Reading takes every value as it is or fails; the error names the line (XML) or the object
-// (binary) and the keys that lead there. Refused are values that are not what their type says,
-// integers beyond 64 bits with a sign, types that the store does not have (null, unique
-// identifiers), text with a NUL, documents that declare entities, and what is beyond the limits. Of
-// two values under one key the last counts.
+// Reading returns every value or fails. The error names the line (XML) or the object (binary) and
+// the keys that lead to it. Errors are: a value that does not match its type, an integer beyond 64
+// bits with a sign, a type that the store lacks (null, unique identifier), a text with a NUL, a
+// document that declares entities, and a list beyond the limits. Of two values under one key, the
+// last one is used.
 Result<QEVSettings::PreferenceDictionary> parsePropertyList(std::string_view bytes);
 Result<QEVSettings::PreferenceDictionary> readPropertyList(const std::filesystem::path& path);
 
-// Writing refuses what the format cannot hold: text that is no UTF-8 or has a NUL in it; in XML,
-// text with control characters or U+FFFE or U+FFFF, and dates outside the years 0 to 9999. XML
-// keeps whole seconds of a date, binary all of it.
+// Writing fails for values that the format cannot hold: a text that is not UTF-8 or has a NUL, and
+// in XML a text with control characters, U+FFFE or U+FFFF, and a date outside the years 0 to 9999.
+// XML drops the fraction of a second of a date; the binary format keeps it.
 Result<std::string> propertyListBytes(const QEVSettings::PreferenceDictionary& values,
                                       PropertyListFormat format);
 Outcome writePropertyList(const QEVSettings::PreferenceDictionary& values,

@@ -22,7 +22,7 @@ Error tooLittleMemory() {
   return {"there is too little memory for the property list; close other programs"};
 }
 
-// Counts what a list would hold, so that what is written can be read again.
+// Applies the limits of reading to a list that is to be written.
 class Extent {
 public:
   bool isBounded(const PreferenceDictionary& entries, int depth = 0) {
@@ -41,7 +41,7 @@ private:
   }
 
   bool isBounded(const PreferenceValue& value, int depth) {
-    // The list itself is no level.
+    // The top level does not count as a level.
     if (depth > kMaximumPropertyListDepth + 1) return fail(depthProblem());
     if (++count_ > kMaximumPropertyListValues) return fail(countProblem());
     if (const auto* entries = value.asDictionary()) return isBounded(*entries, depth);

@@ -21,9 +21,9 @@ namespace {
 
 constexpr std::size_t kTrailerBytes = 32;
 
-// Reads the objects of a list. A table of offsets at its end leads to them; arrays and dictionaries
-// name their contents by number. An object that is named more than once is read once, and its value
-// is shared.
+// Reads the objects of a list. A table at its end holds their offsets. Arrays and dictionaries
+// refer to objects by number. An object with several references is read once, and its value is
+// shared.
 class BinaryReader {
 public:
   explicit BinaryReader(std::string_view bytes) : bytes_(bytes) {}
@@ -39,16 +39,16 @@ public:
   }
 
 private:
-  // What counts towards the limits.
+  // The amounts that are limited.
   struct Size {
     std::size_t values = 0;
     std::size_t bytes = 0;
   };
   struct Object {
     std::optional<PreferenceValue> value = std::nullopt;
-    bool isOpen = false;  // being read: whoever names it now is inside it
+    bool isOpen = false;  // being read, so that a reference to it is a cycle
     int height = 0;       // levels of arrays and dictionaries within
-    Size size = {};       // unfolded
+    Size size = {};       // counting each object as often as it is referred to
   };
 
   // The number of the topmost object.
@@ -94,7 +94,7 @@ private:
   bool spend(std::uint64_t index, Size size) {
     spent_.values += size.values;
     spent_.bytes += size.bytes;
-    // The list itself is no value of its own.
+    // The top level does not count as a value.
     if (spent_.values > kMaximumPropertyListValues + 1) fail(index, countProblem());
     if (spent_.bytes > bytes_.size() + kMaximumPropertyListRepeatedBytes) {
       fail(index, "the list unfolds to far more text and data than it holds");
@@ -146,7 +146,7 @@ private:
     return at <= table_ && count <= (table_ - at) / unitBytes;
   }
 
-  // Up to four bytes have no sign. Sixteen bytes are a number of 128 bits.
+  // Integers of up to four bytes are unsigned. Sixteen bytes are an integer of 128 bits.
   std::optional<PreferenceValue> readInteger(std::uint64_t at, unsigned width,
                                              std::uint64_t index) {
     if (width > 4 || !isWithin(at, 1, std::uint64_t{1} << width)) return failAsDamaged(index);
@@ -173,7 +173,7 @@ private:
     return PreferenceValue(kBinaryPropertyListEpoch + PreferenceValue::Date::duration(seconds));
   }
 
-  // How many units the object there has; moves to the first.
+  // Returns the number of units of the object, and moves to the first.
   std::optional<std::uint64_t> readCount(std::uint64_t& at) const {
     const std::uint64_t inMarker = static_cast<std::uint8_t>(bytes_[at++]) & 0xFU;
     if (inMarker != 0xF) return inMarker;
@@ -196,7 +196,7 @@ private:
     if (!spend(index, {.bytes = run.size()})) return std::nullopt;
     if (kind == 0x4) return PreferenceValue(PreferenceValue::Bytes(run.begin(), run.end()));
     std::optional<std::string> text(run);
-    // The mark says the order of the bytes, which would be guessed otherwise.
+    // The byte-order mark is added because the order would be guessed otherwise.
     if (kind == 0x6) text = utf8FromUtf16("\xFE\xFF" + *text);
     if (!text || !isValidUtf8(*text)) return fail(index, "this is no text in Unicode");
     if (text->find('\0') != std::string::npos) return fail(index, "there is a NUL in the text");
@@ -207,7 +207,7 @@ private:
     return this->number(at + number * referenceBytes_, referenceBytes_);
   }
 
-  // The element of an array, or the value of a dictionary, under a key of its own.
+  // An element of an array, or a value of a dictionary with its key.
   std::optional<PreferenceValue> readInside(std::uint64_t container, std::uint64_t index, int depth,
                                             std::string_view key) {
     keys_.push_back(key);
@@ -247,7 +247,7 @@ private:
     return PreferenceValue(std::move(entries));
   }
 
-  // Text, so that reading a key never leads deeper. Its bytes count, but it is no value.
+  // A key must be text, so reading it never recurses. Its bytes are counted, but not as a value.
   std::optional<PreferenceValue> readKey(std::uint64_t index) {
     if (index >= objects_.size()) return fail(index, "there is no such object");
     const std::uint64_t at = offsetOf(index);

@@ -18,7 +18,7 @@ using QEVSettings::PreferenceValue;
 
 namespace {
 
-// In UTF-16, most significant byte first. The text is well-formed UTF-8.
+// The text in UTF-16, most significant byte first. The text must be valid UTF-8.
 std::string utf16(std::string_view text) {
   std::string units;
   const auto append = [&units](std::uint32_t unit) {
@@ -50,8 +50,7 @@ std::size_t bytesFor(std::uint64_t number) {
   return bytes;
 }
 
-// Writes objects in the order in which they are met, contents after their container, then where
-// each begins.
+// Writes each container before its contents, and at the end the table of offsets.
 class BinaryWriter {
 public:
   Result<std::string> list(const PreferenceDictionary& values) {
@@ -107,7 +106,7 @@ private:
     return offsets_.size() - 1;
   }
 
-  // Where references stand that are known only when what they lead to is written.
+  // The offsets of references that are filled in when their objects are written.
   std::size_t leaveReferences(std::uint64_t count) {
     const std::size_t at = bytes_.size();
     bytes_.append(count * referenceBytes_, '\0');
@@ -180,7 +179,7 @@ private:
     return object;
   }
 
-  // A number below 0 takes eight bytes, for fewer have no sign.
+  // A negative number takes eight bytes, because shorter integers are unsigned.
   void appendInteger(std::int64_t integer) {
     const auto number = static_cast<std::uint64_t>(integer);
     const std::size_t bytes = bytesFor(number);

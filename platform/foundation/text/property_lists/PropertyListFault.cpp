@@ -10,7 +10,7 @@ namespace foundation {
 
 namespace {
 
-// A key can be as long as the list.
+// Shortened, because a key can be as long as the list.
 constexpr std::size_t kLongestKeyBytes = 100;
 
 std::string shortened(std::string_view key) {
@@ -22,7 +22,7 @@ std::string shortened(std::string_view key) {
   return std::string(key.substr(0, key.size() - rest.size())) + "…";
 }
 
-// The key at the top level and the one next to the value say enough.
+// Only the first and the last key are named, because a path can be long.
 std::string nameOf(const std::vector<std::string_view>& keys) {
   const auto isNamed = [](std::string_view key) { return !key.empty(); };
   const auto first = std::find_if(keys.begin(), keys.end(), isNamed);

@@ -29,7 +29,7 @@ bool skip(std::string_view& text, std::string_view prefix) {
   return true;
 }
 
-// The number that is the whole text; nothing when it does not fit.
+// The number that the whole text is. Nothing when it is malformed or does not fit.
 template <class Number, class... Form>
 std::optional<Number> wholeNumber(std::string_view text, Form... form) {
   Number number{};
@@ -38,7 +38,7 @@ std::optional<Number> wholeNumber(std::string_view text, Form... form) {
   return result.ec == std::errc() && result.ptr == end ? std::optional(number) : std::nullopt;
 }
 
-// So many digits off the front of the text.
+// Removes that many digits from the front of the text and returns their number.
 std::optional<unsigned> takeDigits(std::string_view& text, std::size_t count) {
   const std::string_view digits = text.substr(0, count);
   if (digits.size() < count || digits.find_first_not_of("0123456789") != std::string_view::npos)
@@ -111,7 +111,7 @@ std::optional<std::string> textOfDate(PreferenceValue::Date date) {
   using namespace std::chrono;
   constexpr PreferenceValue::Date first = sys_days(January / 1 / 0);
   constexpr PreferenceValue::Date end = sys_days(January / 1 / 10000);
-  // Not-a-number is on no side of either.
+  // Written so that NaN is refused.
   const bool hasFourDigits = date >= first && date < end;
   if (!hasFourDigits) return std::nullopt;
   const auto second = floor<seconds>(date);

@@ -9,8 +9,8 @@
 
 namespace foundation {
 
-// The text between the tags of an XML property list, and what it stands for. Blanks around a value
-// do not count. Nothing for a text that is no such value, or that the type cannot hold.
+// Converts between values and the text between the tags of an XML property list. Blanks around a
+// value are ignored. Nothing for a text that is malformed or does not fit the type.
 
 // Decimal or, after "0x", hexadecimal, with a sign or without.
 std::optional<std::int64_t> integerOfText(std::string_view text);
@@ -22,7 +22,7 @@ std::optional<QEVSettings::PreferenceValue::Date> dateOfText(std::string_view te
 std::optional<QEVSettings::PreferenceValue::Bytes> dataOfText(std::string_view text);
 
 std::string textOfReal(double real);
-// Without its fraction of a second. Nothing for a year that has no four digits.
+// Drops the fraction of a second. Nothing for a year without four digits.
 std::optional<std::string> textOfDate(QEVSettings::PreferenceValue::Date date);
 
 }  // namespace foundation

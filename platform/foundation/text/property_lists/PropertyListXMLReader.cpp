@@ -40,7 +40,7 @@ std::optional<Element> elementOfName(std::string_view name) {
   return found != elements.end() ? std::optional(found->second) : std::nullopt;
 }
 
-// The value between the tags; nothing when the text is none of that type.
+// The value of the text between the tags. Nothing when the text does not fit the element.
 std::optional<PreferenceValue> valueOfText(Element element, std::string& text) {
   const auto made = [](auto value) {
     return value ? std::optional<PreferenceValue>(*std::move(value)) : std::nullopt;
@@ -162,7 +162,7 @@ private:
     if (open_.empty() && root_) return stop("there is more than one list");
     if (!open_.empty() && open_.back().isDictionary && !open_.back().key)
       return stop("a value has no key");
-    // The list itself is no level.
+    // The top level does not count as a level.
     if (open_.size() > kMaximumPropertyListDepth + 1) return stop(depthProblem());
     if (!open_.empty() && ++count_ > kMaximumPropertyListValues) return stop(countProblem());
     if (element == Element::dictionary || element == Element::array) {

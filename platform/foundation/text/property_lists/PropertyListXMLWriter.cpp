@@ -14,7 +14,7 @@ using QEVSettings::PreferenceValue;
 
 namespace {
 
-// Characters that no XML text holds, not even as a reference.
+// Characters that XML cannot hold, not even as a character reference.
 bool hasCharacterOutsideXML(std::string_view text) {
   for (const char c : text) {
     if (c >= 0 && c < ' ' && c != '\t' && c != '\n' && c != '\r') return true;

@@ -13,7 +13,7 @@
 
 namespace QEVSettings {
 
-// One value of the preferences store: any property-list type, with its type kept.
+// A value of the preferences store, of any property-list type. The type is kept.
 //
 // A value is immutable and cheap to copy: text, bytes, arrays and dictionaries are shared between
 // copies, so a snapshot of a whole store copies no contents.
@@ -30,7 +30,7 @@ public:
 
   enum class Type { integer, boolean, real, string, data, date, array, dictionary };
 
-  // A Boolean and nothing that converts to one: a pointer or an optional does not compile.
+  // Accepts only bool: a pointer or an optional, which would convert to it, does not compile.
   template <std::same_as<bool> Boolean>
   PreferenceValue(Boolean value) : value_(value) {}
   PreferenceValue(int value) : value_(std::int64_t{value}) {}
@@ -46,8 +46,8 @@ public:
 
   Type type() const { return static_cast<Type>(value_.index()); }
 
-  // The contents when the value has exactly this type, nothing otherwise: no conversions. What the
-  // pointers point to lives as long as any copy of the value.
+  // The contents when the value has exactly this type; nothing or null otherwise. A pointer is
+  // valid as long as any copy of the value exists.
   std::optional<std::int64_t> asInteger() const;
   std::optional<bool> asBoolean() const;
   std::optional<double> asReal() const;
@@ -57,13 +57,12 @@ public:
   const Array* asArray() const;
   const Dictionary* asDictionary() const;
 
-  // The typed reads of a store, with their conversions.
+  // The conversions of a store's typed reads. Nothing for a type that does not convert.
   //
-  // Integer: a Boolean is 0 or 1; a real loses its fraction and stops at the limits of the type;
-  // text is read up to the first character that is no digit ("12 points" is 12, "none" is 0).
-  // Boolean: a number is true when it is not 0; text is true when, after blanks, a sign and zeros,
-  // it begins with one of YyTt1-9. String: a number or a Boolean in decimal. Any other type reads
-  // as absent.
+  // To an integer: a Boolean is 0 or 1. A real loses its fraction and is clamped to 64 bits. A text
+  // is read up to the first character that is not a digit: "12 points" is 12, "none" is 0.
+  // To a Boolean: a number is true unless it is 0. A text is true if it begins, after blanks, a
+  // sign and zeros, with one of YyTt1-9. To a string: a number or a Boolean in decimal.
   std::optional<std::int64_t> convertedToInteger() const;
   std::optional<bool> convertedToBoolean() const;
   std::optional<std::string> convertedToString() const;

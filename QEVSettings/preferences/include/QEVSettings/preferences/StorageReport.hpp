@@ -8,32 +8,30 @@
 
 namespace QEVSettings {
 
-// How a preferences store came to be open. Holds for as long as the store is open; a store whose
-// file has to be recovered meanwhile replaces it.
+// How a preferences store was opened. A recovery while the store is open replaces this report.
 struct StoreOpening {
   enum class Outcome {
-    opened,      // the file was there and in order
-    created,     // there was no file; one was made
-    restored,    // the file was damaged; its values were recovered, from the good copy among other
-                 // sources
+    opened,      // the file existed and was in order
+    created,     // there was no file; the store created it
+    restored,    // the file was damaged; values were recovered from it, its good copy or memory
     begunEmpty,  // the file and its good copy were damaged, and no value could be recovered
-    inMemory,    // the file cannot be used; values live as long as the process
+    inMemory,    // the file cannot be used; values are lost when the process ends
   };
 
   Outcome outcome = Outcome::opened;
 
-  // One line for a person: what was done, why, and what could not be recovered. Empty when the file
-  // was opened or created.
+  // One line for the user: what was done, why, and what could not be recovered. Empty for `opened`
+  // and `created`.
   std::string message;
 
-  // When the good copy was made that values were restored from.
+  // The time of the good copy from which values were restored.
   std::optional<PreferenceValue::Date> copyTime;
 
-  // How many keys are known to be lost, or known to be older than what was written last.
+  // The number of keys that are known to be lost or to have an older value than the last one.
   std::size_t lostKeys = 0;
 };
 
-// Why the changes that a store holds in memory do not reach its file.
+// Why a store cannot save changes to its file.
 enum class StorageProblem {
   diskFull,
   notWritable,  // no permission for the file, its folder or its file system

@@ -5,8 +5,9 @@
 
 namespace QEVSettings {
 
-// The right to be told about something, held by whoever wants to be told. Destroying it, or
-// assigning another to it, ends the telling; a source that dies first leaves it harmless.
+// Keeps an observer registered. Destroying the subscription, or assigning another one to it,
+// removes the observer. A subscription may outlive the object that is observed. An empty one does
+// nothing.
 //
 //     Subscription token = store.observe(key, [](std::string_view) { … });
 class Subscription {
