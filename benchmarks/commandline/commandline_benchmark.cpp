@@ -19,6 +19,9 @@
 namespace {
 
 constexpr const char* kSchema = "com.velloquin.benchmark";
+// A key of the sample.
+constexpr const char* kSampleKey = "com_velloquin_qev_bgp_colors_packets";
+// The first measurements are of the two programs that ours are compared with.
 constexpr std::size_t kPeers = 2;
 
 void useFolder(const std::filesystem::path& folder) {
@@ -40,27 +43,40 @@ void makePeerStores(const std::filesystem::path& folder) {
   if (std::system(command.c_str()) != 0) std::exit(EXIT_FAILURE);
 }
 
+// A command that stores something is preceded by one that stores something else, because storing
+// what is there already writes nothing.
 std::vector<Measurement> measurements(const std::string& program, const std::string& sample,
                                       const std::string& folder) {
   const auto prefs = [&](std::vector<std::string> words) {
     words.insert(words.begin(), {program, "prefs"});
     return words;
   };
-  const auto setKey = prefs({"set", "benchmark key", "--int", "1"});
+  const auto setKey = [&](const char* value) {
+    return prefs({"set", "benchmark key", "--int", value});
+  };
+  const std::vector<std::string> entry{"--file", "benchmarkrc", "--group", "Group", "--key", "key"};
+  const auto entryWith = [&](std::vector<std::string> words, const char* value) {
+    words.insert(words.end(), entry.begin(), entry.end());
+    if (value != nullptr) words.emplace_back(value);
+    return words;
+  };
   return {
       {"gsettings get", {"gsettings", "get", kSchema, "key"}},
-      {"kreadconfig5",
-       {"kreadconfig5", "--file", "benchmarkrc", "--group", "Group", "--key", "key"}},
+      {"kreadconfig5", entryWith({"kreadconfig5"}, nullptr)},
+      {"gsettings set",
+       {"gsettings", "set", kSchema, "key", "3"},
+       {"gsettings", "set", kSchema, "key", "2"}},
+      {"kwriteconfig5", entryWith({"kwriteconfig5"}, "3"), entryWith({"kwriteconfig5"}, "2")},
       {"an empty program", {"true"}},
-      {"prefs get", prefs({"get", "benchmark key"}), setKey},
+      {"prefs get", prefs({"get", "benchmark key"}), setKey("1")},
       {"prefs list", prefs({"list"})},
       {"prefs list --format json", prefs({"list", "--format", "json"})},
       {"prefs export", prefs({"export", folder + "/exported.plist"})},
       {"prefs verify", prefs({"verify"})},
-      {"prefs set", setKey},
-      {"prefs delete", prefs({"delete", "benchmark key"}), setKey},
-      {"prefs import", prefs({"import", sample})},
-      {"prefs migrate", prefs({"migrate"})},
+      {"prefs migrate, nothing to do", prefs({"migrate"})},
+      {"prefs set", setKey("3"), setKey("2")},
+      {"prefs delete", prefs({"delete", "benchmark key"}), setKey("1")},
+      {"prefs import", prefs({"import", sample}), prefs({"set", kSampleKey, "--int", "1"})},
   };
 }
 

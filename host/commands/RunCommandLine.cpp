@@ -54,7 +54,7 @@ Failed openStore(const Options& options, Messages& messages) {
   }
   if (!opensStore(options.storeUse)) return std::nullopt;
   messages.say(Console::store().opening().message);
-  const auto failure = storeFailure(Console::store());
+  auto failure = storeFailure(Console::store());
   if (!failure || options.storeUse != StoreUse::shows) return failure;
   messages.say(failure->message);
   return std::nullopt;
