@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """Installs the library into a folder of its own, then configures, builds and runs projects that use it.
 
-    consumer_test.py BUILD SCRATCH CXX_COMPILER CXX_FLAGS [QT_HOST OPEN_EXAMPLE]
+    consumer_test.py BUILD SCRATCH CXX_COMPILER CXX_FLAGS COMPONENTS [QT_HOST OPEN_EXAMPLE]
 
-QT_HOST is the folder of a project with a QApplication of its own, and OPEN_EXAMPLE the script that starts it; both are
-left out of a build without Qt.
+COMPONENTS are those to install, with commas between them; shared libraries are in `runtime`. QT_HOST is the folder of a
+project with a QApplication of its own, and OPEN_EXAMPLE the script that starts it; both are left out of a build without
+Qt.
 """
 
 import os
@@ -48,7 +49,7 @@ def main():
     installed, moved, project = scratch / "installed", scratch / "moved", scratch / "project"
     environment = dict(os.environ, XDG_CONFIG_HOME=str(scratch / "config"), LC_ALL="C.UTF-8")
 
-    for component in ["dev", "runtime"]:
+    for component in sys.argv[5].split(","):
         run("cmake", "--install", build_folder, "--prefix", installed, "--component", component)
     # An installed tree is good wherever it is put.
     installed.rename(moved)
@@ -71,8 +72,8 @@ def main():
     expect(stopped.returncode != 0, "a failure without the bundle")
     expect("unable to find bundle named QEVSettings_QEVSettings" in stopped.stderr, f"its reason, not:\n{stopped.stderr}")
 
-    if len(sys.argv) > 5:
-        host, open_example = Path(sys.argv[5]), Path(sys.argv[6])
+    if len(sys.argv) > 6:
+        host, open_example = Path(sys.argv[6]), Path(sys.argv[7])
         build(host, scratch / "qt_host", moved, compiler, flags)
         run(sys.executable, "-B", open_example, scratch / "qt_host" / "packet_viewer")
     shutil.rmtree(scratch)
