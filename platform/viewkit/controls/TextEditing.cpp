@@ -1,7 +1,7 @@
 #include "controls/TextEditing.hpp"
 
 #include "controls/ControlNode.hpp"
-#include "passes/Runtime.hpp"
+#include "tree/NodeServices.hpp"
 
 #include <utility>
 #include <variant>
@@ -23,9 +23,6 @@ public:
 };
 
 class TextFieldNode final : public ControlNode {
-public:
-  TextEditing* textEditing() override { return editing_.get(); }
-
 protected:
   Control presentedControl() override {
     editing_->describe(view());
@@ -35,7 +32,7 @@ protected:
   void activeChanged() override {
     editing_->setActive(isActive());
     if (isActive() || !editing_->hasChanged()) return;
-    runtime().beforeDisappearing([editing = editing_] { editing->endEditing(); });
+    services().callFirstAfterLayout([editing = editing_] { editing->endEditing(); });
   }
 
 private:

@@ -48,15 +48,15 @@ std::pmr::vector<Measurement> measureAll(Axis axis, std::span<Node* const> child
     const double most = along(axis, children[i]->sizeThatFits(proposed(axis, kUnlimited, breadth)));
     const double least = along(axis, children[i]->sizeThatFits(proposed(axis, 0, breadth)));
     flexibility[i] = most - least;
-    if (children[i]->givesWay()) {
+    if (children[i]->takesLeftoverSpace()) {
       setAside += least;
     } else {
       ++sharing;
     }
   }
   std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
-    return std::tuple(children[a]->givesWay(), flexibility[a], a) <
-           std::tuple(children[b]->givesWay(), flexibility[b], b);
+    return std::tuple(children[a]->takesLeftoverSpace(), flexibility[a], a) <
+           std::tuple(children[b]->takesLeftoverSpace(), flexibility[b], b);
   });
   left -= setAside;
   for (std::size_t done = 0; done < order.size(); ++done) {
@@ -86,12 +86,12 @@ Measurement StackLayout::layOut(std::span<Node* const> children, const ProposedS
   double line = 0;
   for (const Measurement& child : measurements) {
     breadth = std::max(breadth, across(axis, child.size));
-    line = std::max(line, child.line());
+    line = std::max(line, child.alignmentLine());
   }
   if (byBaseline) {
     breadth = 0;
     for (const Measurement& child : measurements) {
-      breadth = std::max(breadth, line - child.line() + child.size.height);
+      breadth = std::max(breadth, line - child.alignmentLine() + child.size.height);
     }
   }
 
@@ -102,7 +102,7 @@ Measurement StackLayout::layOut(std::span<Node* const> children, const ProposedS
     Rect frame{{}, child.size};
     if (horizontal) {
       frame.origin = {position,
-                      byBaseline ? line - child.line()
+                      byBaseline ? line - child.alignmentLine()
                                  : aligned(child.size, {child.size.width, breadth}, alignment).y};
     } else {
       frame.origin = {aligned(child.size, {breadth, child.size.height}, alignment).x, position};
