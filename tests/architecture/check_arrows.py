@@ -35,6 +35,21 @@ ROOMS = {
     "fuzz": ("fuzz", {"QEVSettings", "headless"}),
 }
 
+# room: {a folder inside of it: the other folders inside of it that it may use}. Every folder may use itself and the
+# public headers, which may use only one another. A room that is not named here has no inner arrows.
+INNER = {
+    "viewkit": {
+        "tree": set(),
+        "layout": {"tree"},
+        "leaves": {"tree"},
+        "controls": {"tree"},
+        "modifiers": {"tree"},
+        "containers": {"tree", "layout", "controls"},
+        "passes": {"tree"},
+    },
+}
+PUBLIC = "include"
+
 POSIX = r"(sys/\w+|unistd|fcntl|poll|pwd|signal|dlfcn|termios)\.h"
 NETWORK = r"(arpa/inet|ifaddrs|net/if|netinet/in)\.h"
 QT = r"Qt|Q[A-Z]\w*(/\w+)?"
@@ -80,29 +95,56 @@ def room_of(path):
     return max(holding)[1] if holding else None
 
 
-def included_room(root, source, room, target):
-    """The room that an include leads to; None when it leads out of the house."""
+def inner_folder(room, path):
+    """The folder inside of a room that holds a path; None for a file at the room's top."""
+    parts = path.relative_to(ROOMS[room][0]).parts
+    return parts[0] if len(parts) > 1 else None
+
+
+def included_file(root, source, room, target):
+    """The room and the file that an include leads to, as far as they are known."""
     for folder in (source.parent, Path(ROOMS[room][0])):
         if (root / folder / target).is_file():
-            return room_of(folder / target)
+            return room_of(folder / target), folder / target
     # A fuzz target may reach behind the public headers, by the path from the root.
     if room == "fuzz" and (root / target).is_file():
-        return room_of(Path(target))
+        return room_of(Path(target)), Path(target)
     for other, (folder, _) in ROOMS.items():
-        if (root / folder / "include" / target).is_file():
-            return other
-    # What the build generates exists nowhere yet: its first folder says where it belongs.
+        if (root / folder / PUBLIC / target).is_file():
+            return other, Path(folder, PUBLIC, target)
+    # A header that the build generates does not exist yet: its first folder names its room.
     parts = Path(target).parts
     if parts[:2] == ("QEVSettings", "preferences"):
-        return "preferences"
-    return parts[0] if len(parts) > 1 and parts[0] in ROOMS else None
+        return "preferences", None
+    return (parts[0] if len(parts) > 1 and parts[0] in ROOMS else None), None
+
+
+def check_inner_include(source, room, target, file):
+    """What is wrong with an include from a room into itself, or None."""
+    arrows = INNER.get(room)
+    if arrows is None or file is None:
+        return None
+    here, there = inner_folder(room, source), inner_folder(room, file)
+    if there in (here, PUBLIC) or there in arrows.get(here, set()):
+        return None
+    return f"includes {target}, but {room}/{here} may not use {room}/{there}"
+
+
+def check_inner_folder(source, room):
+    """What is wrong with the folder of a source inside of its room, or None."""
+    arrows = INNER.get(room)
+    if arrows is None or inner_folder(room, source) in arrows.keys() | {PUBLIC}:
+        return None
+    return f"stands in no inner folder of {room}"
 
 
 def check_include(root, source, room, target):
     """What is wrong with one include, or None."""
     if ".." in Path(target).parts:
         return f'includes "{target}" through "..": name it from its room'
-    other = included_room(root, source, room, target)
+    other, file = included_file(root, source, room, target)
+    if other == room:
+        return check_inner_include(source, room, target, file)
     if other is not None:
         return None if other in reach(room) else f"includes {target}, but {room} may not use {other}"
     if target.endswith(".moc") or STANDARD.fullmatch(target):
@@ -143,6 +185,8 @@ def check(root):
         if room is None:
             findings.append(f"{source}: stands in no room")
             continue
+        if problem := check_inner_folder(source, room):
+            findings.append(f"{source}: {problem}")
         if source.suffix == ".cpp" and (problem := check_built(root, source)):
             findings.append(f"{source}: {problem}")
         for directive in DIRECTIVE.findall((root / source).read_text(encoding="utf-8")):
