@@ -72,7 +72,7 @@ void TextEditing::change(std::string text) {
   const bool wasStored = !hasChanged_ && field().problem.empty();
   if (wasStored || !before_) before_ = field().text;
   hasChanged_ = true;
-  // The call may replace the description.
+  // Kept alive: the call may replace the description.
   const View description = description_;
   if (field().change) field().change(std::move(text));
 }
@@ -93,7 +93,7 @@ bool TextEditing::revert() {
   const auto before = std::exchange(before_, std::nullopt);
   const bool isOther = hadChanged && before != field().text;
   if (!isRefused && !isOther) return false;
-  // The call may replace the description.
+  // Kept alive: the call may replace the description.
   const View description = description_;
   const auto& described = static_cast<const TextFieldValue&>(*description.value());
   if (described.revert) {

@@ -28,7 +28,7 @@ std::pmr::vector<double> GridLayout::columnWidths(std::span<const Row> rows,
     for (std::size_t i = 0; i < columns; ++i) widths[i] = widest(i, width);
     return widths;
   }
-  // As in a stack: who can give way least is served first.
+  // As in a stack, the least flexible column is measured first.
   std::pmr::vector<double> flexibility(columns, scratch.memory());
   std::pmr::vector<std::size_t> order(columns, scratch.memory());
   std::iota(order.begin(), order.end(), std::size_t{0});

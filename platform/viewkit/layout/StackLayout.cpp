@@ -31,15 +31,15 @@ std::pmr::vector<Measurement> measureAll(Axis axis, std::span<Node* const> child
       measurements[i] = children[i]->measured(proposed(axis, share, breadth));
     }
   };
-  // Without a length, or with all the space there is, nobody has to give way.
+  // Where the length is open, or there is one child, each child is proposed all of it.
   if (!length || *length == kUnlimited || children.size() == 1) {
     measureEach(length);
     return measurements;
   }
 
   double left = *length - spacing * static_cast<double>(children.size() - 1);
-  // What those that give way keep in any case, set aside until their turn.
-  double setAside = 0;
+  // The minimum of the children that take leftover space, reserved until the others are measured.
+  double reserved = 0;
   std::size_t sharing = 0;
   std::pmr::vector<double> flexibility(children.size(), scratch.memory());
   std::pmr::vector<std::size_t> order(children.size(), scratch.memory());
@@ -49,7 +49,7 @@ std::pmr::vector<Measurement> measureAll(Axis axis, std::span<Node* const> child
     const double least = along(axis, children[i]->sizeThatFits(proposed(axis, 0, breadth)));
     flexibility[i] = most - least;
     if (children[i]->takesLeftoverSpace()) {
-      setAside += least;
+      reserved += least;
     } else {
       ++sharing;
     }
@@ -58,12 +58,12 @@ std::pmr::vector<Measurement> measureAll(Axis axis, std::span<Node* const> child
     return std::tuple(children[a]->takesLeftoverSpace(), flexibility[a], a) <
            std::tuple(children[b]->takesLeftoverSpace(), flexibility[b], b);
   });
-  left -= setAside;
+  left -= reserved;
   for (std::size_t done = 0; done < order.size(); ++done) {
     const std::size_t i = order[done];
-    if (done == sharing) left += setAside;
-    const std::size_t waiting = (done < sharing ? sharing : order.size()) - done;
-    const double share = std::max(0.0, left / static_cast<double>(waiting));
+    if (done == sharing) left += reserved;
+    const std::size_t remaining = (done < sharing ? sharing : order.size()) - done;
+    const double share = std::max(0.0, left / static_cast<double>(remaining));
     measurements[i] = children[i]->measured(proposed(axis, share, breadth));
     left -= along(axis, measurements[i].size);
   }
