@@ -1,7 +1,7 @@
 #include "passes/Animation.hpp"
 
 #include "passes/Present.hpp"
-#include "passes/Setting.hpp"
+#include "passes/ScopedFlag.hpp"
 #include "viewkit/Animation.hpp"
 
 #include <algorithm>
@@ -34,7 +34,7 @@ void setFade(Node& node, double fade) {
 }  // namespace
 
 void withAnimation(const std::function<void()>& changes) {
-  const Setting animation(withinAnimation, true);
+  const ScopedFlag animation(withinAnimation, true);
   changes();
 }
 
