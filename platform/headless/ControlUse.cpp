@@ -11,7 +11,7 @@ bool takesClicks(const Control& control) {
 }
 
 void operate(const Control& control) {
-  // A copy: acting may take the control away.
+  // A copy: the action may remove the control.
   const Control pressed = control;
   if (const auto* button = std::get_if<ButtonControl>(&pressed)) button->action();
   if (const auto* plain = std::get_if<PlainButtonControl>(&pressed)) plain->action();

@@ -6,10 +6,10 @@
 
 namespace headless {
 
-// Whether a click on the control is the control's own.
+// Whether the control takes a click itself, instead of leaving it to the view under it.
 bool takesClicks(const viewkit::Control& control);
 
-// Does what a click on the control does without any choice to be made.
+// Does what a click does to a button or a switch. Other controls need a choice and ignore it.
 void operate(const viewkit::Control& control);
 
 template <class ControlType>
@@ -18,7 +18,7 @@ const ControlType* controlOf(const viewkit::PresentationNode* node) {
   return control ? std::get_if<ControlType>(control) : nullptr;
 }
 
-// The node and everything in it, in the order of painting; not what is fading away.
+// Visits the node and its descendants in the order of painting. Pictures that fade out are skipped.
 void visitTree(const viewkit::PresentationNode& node,
                const std::function<void(const viewkit::PresentationNode&)>& visit);
 

@@ -8,10 +8,10 @@ namespace {
 
 std::string number(double value) { return foundation::JSONWriter().real(value).text(); }
 
-// On one line, whatever is in the text.
+// As a JSON string, which is always one line.
 std::string quoted(const std::string& text) { return foundation::JSONWriter().string(text).text(); }
 
-// The same without the quotation marks around it.
+// The same without the surrounding quotation marks.
 std::string quotedInside(const std::string& text) {
   const std::string whole = quoted(text);
   return whole.substr(1, whole.size() - 2);

@@ -9,7 +9,7 @@
 
 namespace headless {
 
-// Searches a branch of what is on the screen, in the order in which it is read.
+// Searches a branch of the presentation tree in the order of painting, which is that of reading.
 class Finder {
 public:
   Finder(const Window& window, const viewkit::PresentationNode& branch)
@@ -30,7 +30,7 @@ private:
   const viewkit::PresentationNode& branch_;
 };
 
-// How an element is called: its label, or else its help text.
+// The name of an element: its label, or its help text if it has no label.
 const std::string& nameOf(const viewkit::Accessibility& accessibility);
 
 }  // namespace headless

@@ -65,7 +65,7 @@ void Keyboard::move(int step) {
   if (ids.empty()) return;
   const auto count = static_cast<std::ptrdiff_t>(ids.size());
   const auto current = std::find(ids.begin(), ids.end(), id_);
-  // From nowhere the way leads to the first, backwards to the last.
+  // Without a focus the next control is the first, and the previous one the last.
   const std::ptrdiff_t start =
       current != ids.end() ? current - ids.begin() : (step > 0 ? -1 : count);
   moveTo(ids[static_cast<std::size_t>((start + step + count) % count)]);
@@ -148,7 +148,7 @@ void Keyboard::replace(std::size_t from, std::size_t to, std::string_view text) 
   if (after == edited.text) return;
   if (edited.change) edited.change(after);
   window_.settle();
-  // The view may have made another text of it.
+  // The view may have replaced the text.
   const TextFieldControl* shown = field();
   if (shown && shown->text != after) caret_ = characters(shown->text).size();
 }

@@ -13,28 +13,28 @@ namespace headless {
 
 class Window;
 
-// What has the keyboard in a window, and the editing of text. A text field's own text is the only
-// copy: the caret alone is kept here.
+// The keyboard focus of a window, and the editing of text in the focused field. The text itself is
+// read from the field each time; only the caret and the selection are kept here.
 class Keyboard {
 public:
   // The window outlives the keyboard.
   explicit Keyboard(Window& window) : window_(window) {}
 
-  // Nothing when no control has the keyboard.
+  // Null when no control has the focus.
   const viewkit::PresentationNode* focused() const;
   appkit::Responder* responder() const { return focused() ? responder_.get() : nullptr; }
 
-  // Takes the keyboard from whatever has it, and gives it to the control if it can be used.
+  // Takes the focus from the control that has it, and gives it to this one if it is usable.
   void moveTo(viewkit::NodeId id);
-  // To the next control that can be used, or with -1 the one before.
+  // Moves the focus to the next usable control, or with -1 to the previous one.
   void move(int step);
-  // Takes it from every control: the editing of a text ends.
+  // Takes the focus from every control, which ends the editing of a text.
   void resign();
-  // After an update: ends what was going on in a control that is gone or can no longer be used.
-  // Whether there was any.
+  // Called after an update. Takes the focus from a control that is gone or no longer usable, and
+  // returns whether it did.
   bool resignIfUnusable();
 
-  // What a key does once it gets to the control.
+  // Does what the key does in the focused control.
   void handle(const appkit::Event& event);
   void selectAll();
 
@@ -48,7 +48,7 @@ private:
 
   viewkit::NodeId id_ = 0;
   std::unique_ptr<appkit::Responder> responder_;
-  // In characters.
+  // Counted in characters.
   std::size_t caret_ = 0;
   bool isAllSelected_ = false;
 };

@@ -18,7 +18,7 @@ using viewkit::TextVisual;
 
 namespace {
 
-// Widths and heights as parts of the font's size.
+// Widths and heights, as fractions of the font's point size.
 constexpr double kAscent = 0.95;
 constexpr double kDescent = 0.25;
 constexpr double kFixedPitch = 0.6;
@@ -50,7 +50,7 @@ double advanceOf(char32_t c, bool fixedPitch) {
   return 0.55;
 }
 
-// The lines of a text: how wide each is when the text is broken at a width.
+// Breaks a text into lines at a width, and measures the lines.
 class LineBreaker {
 public:
   LineBreaker(const TextVisual& text, double pointSize, std::optional<double> maxWidth,
@@ -91,7 +91,7 @@ private:
     word_ += width;
   }
 
-  // On its last line a text with a limit is cut, not broken.
+  // The last line that the limit allows is cut, not broken.
   bool mayBreak() const { return lineLimit_ == 0 || count_ + 1 < lineLimit_; }
 
   void finishLine(double width) {
@@ -104,8 +104,8 @@ private:
   bool fixedPitch_;
   double maxWidth_;
   int lineLimit_;
-  // The words already on the line with the blanks between and after them, the word being read, and
-  // the blank last read.
+  // The widths of the complete words on the line with their blanks, of the word being read, and of
+  // the last blank.
   double line_ = 0;
   double word_ = 0;
   double space_ = 0;
@@ -136,8 +136,7 @@ TextMetrics Metrics::measureText(const TextVisual& text, std::optional<double> m
   const double ascent = std::round(kAscent * pointSize);
   const double lineHeight = ascent + std::round(kDescent * pointSize);
   const LineBreaker lines(text, pointSize, maxWidth, text.lineLimit);
-  // Rounded up, so that the text offered its own width is not broken; but never past what was
-  // offered.
+  // Rounded up, so that a text proposed its own width is not broken, but never beyond the proposal.
   const double width = std::min(std::ceil(lines.widest()), maxWidth.value_or(viewkit::kUnlimited));
   return {.size = {width, lines.count() * lineHeight},
           .firstBaseline = ascent,
@@ -153,7 +152,7 @@ Size Metrics::controlSize(const viewkit::Control& control, ProposedSize proposal
   const auto titled = [&](const std::string& title) {
     return Size{textSize(title).width + 2 * kHorizontalMargin, kControlHeight};
   };
-  // A width that is offered is used as far as it goes.
+  // The proposed width, if it is finite.
   const auto wide = [&](double ideal) {
     const double offered = proposal.width.value_or(ideal);
     return std::isfinite(offered) ? offered : ideal;
@@ -195,7 +194,7 @@ Size Metrics::controlSize(const viewkit::Control& control, ProposedSize proposal
       [&](const viewkit::SelectableTextControl& text) {
         return measureText(text.text, proposal.width).size;
       },
-      // These show their children, and are as large as those.
+      // Controls that show their children have the size of those.
       [](const viewkit::PlainButtonControl&) { return Size{}; },
       [](const viewkit::ScrollControl&) { return Size{}; },
       [](const viewkit::PopoverControl&) { return Size{}; },

@@ -13,7 +13,7 @@ using viewkit::Size;
 namespace {
 
 constexpr std::string_view kPngSignature = "\x89PNG\r\n\x1A\n";
-// Where the size stands: two numbers of four bytes, the highest first.
+// The offset of the width and the height, each a big-endian number of four bytes.
 constexpr std::size_t kPngSizeOffset = 16;
 constexpr std::size_t kBytesToRead = 2048;
 

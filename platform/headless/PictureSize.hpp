@@ -6,7 +6,8 @@
 
 namespace headless {
 
-// The size that a PNG or SVG file says its picture has; empty when it says none.
+// The size of a picture in points, read from the header of its PNG or SVG file. Empty if the file
+// gives none.
 viewkit::Size pictureSize(const std::string& path);
 
 }  // namespace headless

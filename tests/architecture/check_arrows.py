@@ -35,21 +35,30 @@ ROOMS = {
     "fuzz": ("fuzz", {"QEVSettings", "headless"}),
 }
 
-# room: {a folder in it: the folders that it may include}. Listed here are folders right below the room's own;
-# "include" holds the public headers.
+# room: {a folder inside of it: the other folders inside of it that it may use}. Every folder may use itself and the
+# public headers, which may use only one another. A room that is not named here has no inner arrows.
 INNER = {
+    "viewkit": {
+        "tree": set(),
+        "layout": {"tree"},
+        "leaves": {"tree"},
+        "controls": {"tree"},
+        "modifiers": {"tree"},
+        "containers": {"tree", "layout", "controls"},
+        "passes": {"tree"},
+    },
     "qt": {
-        "include": set(),
         "bridge": set(),
         "desktop": set(),
         "paint": {"bridge"},
         "controls": {"bridge", "paint"},
         "accessibility": {"bridge", "controls"},
         "mirror": {"bridge", "paint", "controls"},
-        "updates": {"include", "paint"},
-        "window": {"include", "bridge", "desktop", "paint", "controls", "accessibility", "mirror"},
+        "updates": {"paint"},
+        "window": {"bridge", "desktop", "paint", "controls", "accessibility", "mirror"},
     },
 }
+PUBLIC = "include"
 
 POSIX = r"(sys/\w+|unistd|fcntl|poll|pwd|signal|spawn|dlfcn|termios)\.h"
 NETWORK = r"(arpa/inet|ifaddrs|net/if|netinet/in)\.h"
@@ -96,63 +105,60 @@ def room_of(path):
     return max(holding)[1] if holding else None
 
 
-def included_file(root, source, room, target):
-    """The file that an include names by its path from the source, the room or the room's public headers, from the
-    root; None when it names none of them."""
-    room_folder = Path(ROOMS[room][0])
-    for folder in (source.parent, room_folder, room_folder / "include"):
-        if (root / folder / target).is_file():
-            return folder / target
-    return None
-
-
-def inner_folder(path, room):
-    """The folder right below the room's own that holds a path; None for a file of the room's own folder."""
+def inner_folder(room, path):
+    """The folder inside of a room that holds a path; None for a file at the room's top."""
     parts = path.relative_to(ROOMS[room][0]).parts
     return parts[0] if len(parts) > 1 else None
 
 
-def check_inner(root, source, room, target):
-    """What is wrong with one include between the folders of a room, or None."""
-    file = included_file(root, source, room, target)
-    if room not in INNER or file is None or room_of(file) != room:
-        return None
-    own, other = inner_folder(source, room), inner_folder(file, room)
-    for folder in (own, other):
-        if folder not in INNER[room]:
-            return f"includes {target}, but INNER does not say what {room}/{folder or ''} may use"
-    if own == other or other in INNER[room][own]:
-        return None
-    return f"includes {target}, but {room}/{own} may not use {room}/{other}"
-
-
-def included_room(root, source, room, target):
-    """The room of an included file; None when the file is not ours."""
-    file = included_file(root, source, room, target)
-    if file is not None:
-        return room_of(file)
-    # A fuzz target may include private headers, by their path from the root.
+def included_file(root, source, room, target):
+    """The room and the file that an include leads to, as far as they are known."""
+    for folder in (source.parent, Path(ROOMS[room][0])):
+        if (root / folder / target).is_file():
+            return room_of(folder / target), folder / target
+    # A fuzz target may reach behind the public headers, by the path from the root.
     if room == "fuzz" and (root / target).is_file():
-        return room_of(Path(target))
+        return room_of(Path(target)), Path(target)
     for other, (folder, _) in ROOMS.items():
-        if (root / folder / "include" / target).is_file():
-            return other
+        if (root / folder / PUBLIC / target).is_file():
+            return other, Path(folder, PUBLIC, target)
     # A generated header may not exist yet. Its first folder names its room.
     parts = Path(target).parts
     if parts[:2] == ("QEVSettings", "preferences"):
-        return "preferences"
-    return parts[0] if len(parts) > 1 and parts[0] in ROOMS else None
+        return "preferences", None
+    return (parts[0] if len(parts) > 1 and parts[0] in ROOMS else None), None
+
+
+def check_inner_include(source, room, target, file):
+    """What is wrong with an include from a room into itself, or None."""
+    arrows = INNER.get(room)
+    if arrows is None or file is None:
+        return None
+    here, there = inner_folder(room, source), inner_folder(room, file)
+    if there in (here, PUBLIC) or there in arrows.get(here, set()):
+        return None
+    return f"includes {target}, but {room}/{here} may not use {room}/{there}"
+
+
+def check_inner_folder(source, room):
+    """What is wrong with the folder of a source inside of its room, or None."""
+    arrows = INNER.get(room)
+    if arrows is None or inner_folder(room, source) in arrows.keys() | {PUBLIC}:
+        return None
+    return f"stands in no inner folder of {room}"
 
 
 def check_include(root, source, room, target):
     """The problem with one include, or None."""
     if ".." in Path(target).parts:
         return f'includes "{target}" through "..": name it from its room'
-    other = included_room(root, source, room, target)
+    other, file = included_file(root, source, room, target)
+    if other == room:
+        return check_inner_include(source, room, target, file)
     if other is not None:
         if other not in reach(room):
             return f"includes {target}, but {room} may not use {other}"
-        return check_inner(root, source, room, target)
+        return None
     if target.endswith(".moc") or STANDARD.fullmatch(target):
         return None
     allowed = OUTSIDE.get(room, [])
@@ -191,6 +197,8 @@ def check(root):
         if room is None:
             findings.append(f"{source}: stands in no room")
             continue
+        if problem := check_inner_folder(source, room):
+            findings.append(f"{source}: {problem}")
         if source.suffix == ".cpp" and (problem := check_built(root, source)):
             findings.append(f"{source}: {problem}")
         for directive in DIRECTIVE.findall((root / source).read_text(encoding="utf-8")):

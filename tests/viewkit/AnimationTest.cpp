@@ -24,7 +24,7 @@ View swapping(const std::shared_ptr<testing::Switch>& control) {
       control};
 }
 
-TEST(Animation, FadesInWhatComesAndOutWhatGoes) {
+TEST(Animation, NewViewFadesInAndAPictureOfTheOldOneFadesOut) {
   const auto control = std::make_shared<testing::Switch>();
   headless::Window window = openStepped(swapping(control));
   withAnimation([&] { control->set(true); });
@@ -46,7 +46,7 @@ TEST(Animation, FadesInWhatComesAndOutWhatGoes) {
   EXPECT_EQ(window.host().presentation().children.size(), 1U);
 }
 
-TEST(Animation, IsLeftOutWithReducedMotionAndWithoutBeingAskedFor) {
+TEST(Animation, NoFadeWithReducedMotionOrOutsideOfWithAnimation) {
   const auto control = std::make_shared<testing::Switch>();
   headless::Window reduced = openStepped(swapping(control), true);
   withAnimation([&] { control->set(true); });
@@ -60,7 +60,7 @@ TEST(Animation, IsLeftOutWithReducedMotionAndWithoutBeingAskedFor) {
   EXPECT_FALSE(plain.host().isAnimating());
 }
 
-TEST(Animation, WhatFadesMayGoAtAnyTime) {
+TEST(Animation, ViewMayBeRemovedWhileItFades) {
   const auto control = std::make_shared<testing::Switch>();
   const auto outer = std::make_shared<testing::Switch>();
   headless::Window window =
@@ -81,7 +81,7 @@ TEST(Animation, WhatFadesMayGoAtAnyTime) {
   EXPECT_EQ(window.host().presentation().children.size(), 1U);
 }
 
-TEST(Animation, ATransitionFadesInWhenItIsFirstShown) {
+TEST(Animation, OpacityTransitionFadesInWhenFirstShown) {
   headless::Window window = openStepped(Text("root").opacityTransition());
   EXPECT_TRUE(window.host().isAnimating());
   window.host().finishAnimations();

@@ -19,7 +19,7 @@ View fragile(const std::shared_ptr<testing::Switch>& control) {
                           control};
 }
 
-TEST(Exceptions, WindowGoesOnAfterABodyThrew) {
+TEST(Exceptions, LaterUpdateWorksAfterABodyHasThrown) {
   const auto first = std::make_shared<testing::Switch>();
   const auto second = std::make_shared<testing::Switch>();
   headless::Window window = testing::open(
@@ -36,7 +36,7 @@ TEST(Exceptions, WindowGoesOnAfterABodyThrew) {
   EXPECT_TRUE(window.findText("whole").exists());
 }
 
-TEST(Exceptions, AnimationEndsWithTheChangesThatThrew) {
+TEST(Exceptions, WithAnimationEndsWhenItsArgumentThrows) {
   const auto control = std::make_shared<testing::Switch>();
   headless::Window window{
       testing::Flagged{
@@ -50,7 +50,7 @@ TEST(Exceptions, AnimationEndsWithTheChangesThatThrew) {
   EXPECT_FALSE(window.host().isAnimating());
 }
 
-TEST(Exceptions, BoundaryShowsItsViewInPlaceOfABodyThatThrows) {
+TEST(Exceptions, BoundaryReplacesABodyThatThrows) {
   const auto control = std::make_shared<testing::Switch>();
   headless::Window window = testing::open(
       VStack({}, {Text("beside"),

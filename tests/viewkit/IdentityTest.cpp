@@ -1,13 +1,10 @@
+#include "Counter.hpp"
 #include "Support.hpp"
 #include "viewkit/Controls.hpp"
-#include "viewkit/Shape.hpp"
 #include "viewkit/Stacks.hpp"
-#include "viewkit/StoredPreference.hpp"
-#include "viewkit/TabView.hpp"
 
 #include <gmock/gmock.h>
 
-#include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
@@ -16,36 +13,16 @@
 namespace viewkit {
 namespace {
 
+using testing::Counter;
 using ::testing::ElementsAre;
 using testing::Flagged;
+using ::testing::HasSubstr;
+using testing::Log;
+using testing::logged;
 using testing::Switch;
+using testing::titles;
 
-using Log = std::vector<std::string>;
-
-View logged(const View& content, const std::string& name, const std::shared_ptr<Log>& log) {
-  return content.onAppear([name, log] { log->push_back("+" + name); }).onDisappear([name, log] {
-    log->push_back("-" + name);
-  });
-}
-
-// Counts its own clicks: state that can be seen.
-struct Counter {
-  std::string name;
-  State<int> count = 0;
-
-  View body() const {
-    return Button(name + " " + std::to_string(count),
-                  [self = *this] { self.count.set(self.count + 1); });
-  }
-};
-
-std::string titles(const headless::Window& window) {
-  std::string all;
-  for (const headless::Element& button : window.findAll(Role::button)) all += button.label() + ",";
-  return all;
-}
-
-TEST(Identity, StateFollowsTheIdAndNotThePosition) {
+TEST(Identity, StateFollowsTheIdOfAReorderedChild) {
   const auto control = std::make_shared<Switch>();
   const auto list = [](bool reversed) -> View {
     const std::vector<std::string> names = reversed ? std::vector<std::string>{"c", "b", "new", "a"}
@@ -63,7 +40,7 @@ TEST(Identity, StateFollowsTheIdAndNotThePosition) {
   EXPECT_EQ(titles(window), "c 2,b 0,new 0,a 1,");
 }
 
-TEST(Identity, WhatStandsInOnePlaceDoesNotDisturbTheOthers) {
+TEST(Identity, ChildInsertedBeforeKeepsTheStateOfTheNext) {
   const auto control = std::make_shared<Switch>();
   headless::Window window = testing::open(
       Flagged{[](bool more) -> View {
@@ -76,7 +53,7 @@ TEST(Identity, WhatStandsInOnePlaceDoesNotDisturbTheOthers) {
   EXPECT_EQ(titles(window), "first 0,second 1,");
 }
 
-TEST(Identity, ANewIdIsANewView) {
+TEST(Identity, NewIdResetsTheState) {
   const auto control = std::make_shared<Switch>();
   headless::Window window = testing::open(
       Flagged{[](bool other) { return View(Counter{"it"}).id(other ? 2 : 1); }, control});
@@ -86,7 +63,7 @@ TEST(Identity, ANewIdIsANewView) {
   EXPECT_EQ(titles(window), "it 0,");
 }
 
-TEST(Identity, AppearancesPairUpWhateverGoes) {
+TEST(Identity, EachAppearanceIsFollowedByOneDisappearance) {
   const auto log = std::make_shared<Log>();
   const auto control = std::make_shared<Switch>();
   const auto inner = std::make_shared<Switch>();
@@ -122,7 +99,7 @@ TEST(Identity, AppearancesPairUpWhateverGoes) {
   for (const auto& [name, count] : present) EXPECT_EQ(count, 0) << name;
 }
 
-TEST(Identity, WhatIsNeverUpdatedStillPairsUp) {
+TEST(Identity, HostDestroyedBeforeItsFirstUpdateStillPairsAppearances) {
   const auto log = std::make_shared<Log>();
   {
     const headless::Metrics metrics;
@@ -131,98 +108,23 @@ TEST(Identity, WhatIsNeverUpdatedStillPairsUp) {
   EXPECT_THAT(*log, ElementsAre("+a", "-a"));
 }
 
-enum class Page { first, second, third };
-
-struct Pages {
-  std::shared_ptr<Log> log;
-  bool withSecond = true;
-  State<Page> page = Page::first;
-
-  View body() const {
-    std::vector<Tab<Page>> tabs{
-        {Page::first, "First", "clock", logged(Counter{"one"}, "one", log)}};
-    if (withSecond)
-      tabs.push_back({Page::second, "Second", "cpu", logged(Counter{"two"}, "two", log)});
-    tabs.push_back({Page::third, "Third", "bolt", logged(Text("three"), "three", log)});
-    return TabView(page.binding(), std::move(tabs));
-  }
-};
-
-TEST(TabView, KeepsPagesAndTheirStateButShowsOne) {
-  const auto log = std::make_shared<Log>();
-  {
-    headless::Window window = testing::open(Pages{log});
-    EXPECT_THAT(*log, ElementsAre("+one"));
-    window.click(window.find(Role::button, "one 0"));
-    window.selectTab("Second");
-    EXPECT_EQ(titles(window), "two 0,");
-    window.selectTab("Second");
-    window.selectTab("First");
-    EXPECT_EQ(titles(window), "one 1,");
-    EXPECT_THAT(*log, ElementsAre("+one", "-one", "+two", "-two", "+one"));
-    log->clear();
-  }
-  EXPECT_THAT(*log, ElementsAre("-one"));
-}
-
-TEST(TabView, ShowsTheFirstPageWhereTheSelectedOneIsMissing) {
-  const auto log = std::make_shared<Log>();
+TEST(Identity, ChildrenWithTheSameIdAreReportedAndToldApartByPosition) {
+  ::testing::internal::CaptureStderr();
+  const std::vector<int> twins{1, 1, 2};
   headless::Window window =
-      testing::open(Pages{.log = log, .withSecond = false, .page = Page::second});
-  EXPECT_EQ(titles(window), "one 0,");
-  EXPECT_EQ(std::get<TabBarControl>(*window.find(Role::tabList).content().control()).selected, 0);
-  window.selectTab("Third");
-  EXPECT_TRUE(window.findText("three").exists());
+      testing::open(VStack({}, {forEach(
+                                   twins, [](int i) { return i; },
+                                   [](int i) { return Text("row " + std::to_string(i)); })}));
+  EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("have the id 1"));
+  EXPECT_EQ(window.findAll(Role::text).size(), 3U);
 }
 
-TEST(TabView, HeaderComesAndGoesAboveTheBarWhileThePageKeepsItsState) {
-  struct WithHeader {
-    State<Page> page = Page::first;
-    StoredPreference<std::string> header{"tab_view_header", ""};
-    View body() const {
-      const std::string text = header;
-      return TabView(page.binding(),
-                     std::vector<Tab<Page>>{{Page::first, "First", "clock", Counter{"one"}}},
-                     text.empty() ? View() : Text(text));
-    }
-  };
-  headless::Window window = testing::open(WithHeader{});
-  const auto bar = window.find(Role::tabList);
-  const double top = bar.frame().origin.y;
-  window.click(window.find(Role::button, "one 0"));
-  testing::store().setObject("above", "tab_view_header");
-  window.settle();
-  EXPECT_EQ(window.findText("above").frame().origin.y, top);
-  EXPECT_EQ(bar.frame().origin.y, top + window.findText("above").frame().size.height + 8);
-  EXPECT_EQ(titles(window), "one 1,");
-  testing::store().removeObject("tab_view_header");
-  window.settle();
-  EXPECT_EQ(bar.frame().origin.y, top);
-  EXPECT_EQ(titles(window), "one 1,");
+#ifndef NDEBUG
+TEST(IdentityDeathTest, StateOutsideOfAViewStopsADebugBuild) {
+  const State<int> loose = 0;
+  EXPECT_DEATH(static_cast<void>(loose.get()), "State is used outside of the view");
 }
-
-TEST(TabView, HiddenPagesSleepAndWakeUpToDate) {
-  struct Reader {
-    StoredPreference<std::string> text{"hidden_page_text", "none"};
-    View body() const { return Text(text); }
-  };
-  struct TwoPages {
-    State<Page> page = Page::first;
-    View body() const {
-      return TabView(page.binding(),
-                     std::vector<Tab<Page>>{{Page::first, "First", "clock", Reader{}},
-                                            {Page::second, "Second", "cpu", Text("x")}});
-    }
-  };
-  headless::Window window = testing::open(TwoPages{});
-  window.selectTab("Second");
-  window.host().counters() = {};
-  testing::store().setObject("new", "hidden_page_text");
-  window.settle();
-  EXPECT_EQ(window.host().counters().bodiesRun, 0U);
-  window.selectTab("First");
-  EXPECT_TRUE(window.findText("new").exists());
-}
+#endif
 
 }  // namespace
 }  // namespace viewkit

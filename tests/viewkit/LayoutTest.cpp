@@ -13,12 +13,12 @@
 namespace viewkit {
 namespace {
 
-// A box of a fixed size: its frame in the window is what a fixture looks at.
+// A box of a fixed size. Fixtures compare its frame in the window.
 View box(double width, double height) {
   return RoundedRectangle().frame({.width = width, .height = height});
 }
 
-// As much of everything as there is.
+// A box that takes all the space that it is proposed.
 View filler() { return RoundedRectangle(); }
 
 struct Fixture {
@@ -73,6 +73,9 @@ std::vector<Fixture> fixtures() {
       {"an overlay is placed within the view and changes nothing about it",
        box(100, 50).overlay(box(10, 10), Alignment::topLeading()).padding(1),
        {{{1, 1}, {100, 50}}, {{1, 1}, {10, 10}}}},
+      {"a function is applied as a modifier",
+       box(10, 10).modified([](const View& view) { return view.padding(Edges::leading, 7); }),
+       {{{7, 0}, {10, 10}}}},
       {"a frame centres what is smaller",
        box(10, 10).frame({.width = 100, .height = 40}),
        {{{45, 15}, {10, 10}}}},
@@ -114,7 +117,7 @@ std::vector<Fixture> fixtures() {
   };
 }
 
-TEST(Layout, PlacesEveryFixture) {
+TEST(Layout, EachFixtureIsPlacedAsExpected) {
   for (const Fixture& fixture : fixtures()) {
     SCOPED_TRACE(fixture.name);
     const headless::Window window = testing::open(fixture.root);
@@ -124,14 +127,14 @@ TEST(Layout, PlacesEveryFixture) {
   }
 }
 
-TEST(Layout, AsksForAsMuchAsTheContentNeeds) {
+TEST(Layout, HostReportsTheIdealSizeOfItsView) {
   headless::Metrics metrics;
   ViewHost host(HStack({.spacing = 4}, {box(30, 10), Spacer(6), box(20, 40)}),
                 {.defaultStore = testing::store()}, metrics);
   EXPECT_EQ(host.sizeThatFits({}), (Size{64, 40}));
 }
 
-TEST(Layout, ChangeInsideMovesWhatComesAfter) {
+TEST(Layout, LargerChildMovesTheNextOne) {
   const auto control = std::make_shared<testing::Switch>();
   headless::Window window = testing::open(VStack(
       {.alignment = HorizontalAlignment::leading, .spacing = 0},
@@ -144,8 +147,7 @@ TEST(Layout, ChangeInsideMovesWhatComesAfter) {
   EXPECT_THAT(frames, ::testing::ElementsAre(Rect{{1, 1}, {10, 50}}, Rect{{0, 52}, {10, 10}}));
 }
 
-// What is asked of a view that does not change in size, though its inside does.
-TEST(Layout, ChangeInsideAFrameOfTheSameSizeIsPlaced) {
+TEST(Layout, LargerChildOfAFixedFrameIsPlacedAgain) {
   const auto control = std::make_shared<testing::Switch>();
   const View flagged = testing::Flagged{[](bool wide) { return box(wide ? 30 : 10, 10); }, control};
   headless::Window window = testing::open(flagged.padding(2).frame({.width = 100, .height = 50}));
@@ -156,7 +158,7 @@ TEST(Layout, ChangeInsideAFrameOfTheSameSizeIsPlaced) {
   EXPECT_THAT(frames, ::testing::ElementsAre(Rect{{35, 20}, {30, 10}}));
 }
 
-TEST(Layout, FollowsTheWindow) {
+TEST(Layout, ResizedWindowIsLaidOutAgain) {
   headless::Window window = testing::open(HStack({.spacing = 0}, {fixed("aa"), filler()}));
   for (double width = 390; width > 100; width -= 10) window.setSize({width, 50});
   std::vector<Rect> frames;

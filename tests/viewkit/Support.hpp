@@ -22,19 +22,19 @@ inline headless::Window open(const View& root, Size size = {400, 300}) {
   return {root, Environment{.defaultStore = store()}, {.size = size}};
 }
 
-// A flag of the view's own, and the means to turn it from outside.
+// Sets the flag of a Flagged view from outside.
 struct Switch {
   std::function<void(bool)> set;
 };
 
-// Shows what `content` makes of a flag.
+// Shows the view that `content` returns for the flag.
 struct Flagged {
   std::function<View(bool)> content;
   std::shared_ptr<Switch> control;
   State<bool> flag = false;
 
   View body() const {
-    // Only the flag: the view holds the switch, which must not hold the view.
+    // Captures the flag only: capturing the view, which owns the switch, would be a cycle.
     control->set = [flag = flag.binding()](bool value) { flag.set(value); };
     return content(flag);
   }

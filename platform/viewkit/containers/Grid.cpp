@@ -41,7 +41,7 @@ public:
   using ContainerNode::children;
 
   // Whatever changes in a row may change the columns of all.
-  bool answersForItself() const override { return false; }
+  bool cachesMeasurements() const override { return false; }
 
   void placeCells(std::span<const Rect> frames) {
     for (std::size_t i = 0; i < frames.size(); ++i)

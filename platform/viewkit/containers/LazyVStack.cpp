@@ -1,9 +1,8 @@
 #include "viewkit/LazyVStack.hpp"
 
-#include "containers/ScrollNode.hpp"
 #include "layout/RowHeights.hpp"
-#include "passes/Runtime.hpp"
 #include "tree/Node.hpp"
+#include "tree/ScrollRegion.hpp"
 
 #include <algorithm>
 #include <cstddef>
@@ -11,6 +10,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <utility>
 #include <variant>
 
@@ -18,12 +18,12 @@ namespace viewkit {
 
 namespace {
 
-// Rows that are kept beyond both ends of what is in sight, so that a small step builds nothing.
+// Rows kept beyond both ends of what is in sight, so that scrolling a little builds nothing.
 constexpr std::size_t kRowsBeyond = 2;
-// Rows in sight turn out lower than guessed: how often more of them are built at once.
+// How often more rows are built in one placement because those in sight were lower than estimated.
 constexpr int kRounds = 16;
 
-// A view of its own, so that what making the row reads is recorded.
+// A view of its own, so that what `make` reads is recorded as read by a body.
 struct LazyRow {
   std::function<View(std::size_t)> make;
   std::size_t index;
@@ -46,19 +46,19 @@ public:
 class LazyNode final : public Node {
 public:
   ~LazyNode() override {
-    if (scroll_) scroll_->removeLazy(*this);
+    if (scroll_) scroll_->removeDependent(*this);
   }
 
   void visitChildren(const Visitor& visit) override {
     for (const auto& row : rows_) visit(*row);
   }
 
-  Found find(const ViewId& id) override {
+  std::optional<Rect> frameOf(const ViewId& id) const override {
     const auto* row = std::get_if<std::int64_t>(&id);
     if (!row || *row < 0 || static_cast<std::size_t>(*row) >= heights_->count())
-      return Node::find(id);
+      return std::nullopt;
     const auto index = static_cast<std::size_t>(*row);
-    return {this, {{0, heights_->top(index)}, {size().width, heights_->height(index)}}};
+    return Rect{{0, heights_->top(index)}, {size().width, heights_->height(index)}};
   }
 
 protected:
@@ -69,8 +69,8 @@ protected:
     }
     if (!last) {
       for (Node* node = parent(); node && !scroll_; node = node->parent())
-        scroll_ = node->asScrollNode();
-      if (scroll_) scroll_->addLazy(*this);
+        scroll_ = node->scrollRegion();
+      if (scroll_) scroll_->addDependent(*this);
     }
     const std::size_t count = value().rows.count;
     const bool isAnotherCount = count != heights_->count();
@@ -78,7 +78,7 @@ protected:
     while (!rows_.empty() && first_ + rows_.size() > count) removeRow(rows_.size() - 1);
     for (std::size_t i = 0; i < rows_.size(); ++i)
       rows_[i]->become(describeRow(first_ + i), inheritedByChildren());
-    // One row at the least says how wide and how high a row is.
+    // At least one row is built: it gives the width, and the first estimate of the height.
     if (rows_.empty() && count > 0) {
       first_ = 0;
       addRow(0);
@@ -114,9 +114,11 @@ protected:
       placeChild(*rows_[i], {x, heights_->top(first_ + i)}, row);
     }
     if (heights_->total() != before) layoutChanged();
-    // Rows above turned out higher or lower than guessed: what is in sight stays.
+    // The rows above turned out higher or lower than estimated. Content and offset move by the same
+    // distance, so that what is in sight stays where it is.
     const double moved = heights_->top(anchor) - anchorTop;
-    if (scroll_ && moved != 0 && sight.origin.y > 0) scroll_->shift(moved);
+    if (scroll_ && moved != 0 && sight.origin.y > 0)
+      scroll_->scrollTo(scroll_->visibleRect().origin + Point{0, moved});
   }
 
 private:
@@ -149,7 +151,7 @@ private:
     shownChildrenChanged();
   }
 
-  // Whether any row turned out to be of another height than was thought.
+  // Returns whether any row has another height than was estimated.
   bool buildRowsInSight(const Rect& sight) {
     const std::size_t last =
         std::min(heights_->rowAt(sight.maxY()) + kRowsBeyond, heights_->count() - 1);
@@ -163,22 +165,18 @@ private:
     }
     while (first_ > first) addRow(first_ - 1);
     while (first_ + rows_.size() <= last) addRow(first_ + rows_.size());
-    bool surprised = false;
+    bool isOther = false;
     for (std::size_t i = 0; i < rows_.size(); ++i) {
       const double height = rows_[i]->sizeThatFits({size().width, std::nullopt}).height;
-      if (height == heights_->height(first_ + i)) {
-        heights_->setHeight(first_ + i, height);
-        continue;
-      }
+      isOther = isOther || height != heights_->height(first_ + i);
       heights_->setHeight(first_ + i, height);
-      surprised = true;
     }
-    return surprised;
+    return isOther;
   }
 
-  ScrollNode* scroll_ = nullptr;
+  ScrollRegion* scroll_ = nullptr;
   std::unique_ptr<RowHeights> heights_;
-  // The rows that are built follow one another; the index of the first.
+  // The rows that are built are consecutive; `first_` is the index of the first.
   std::size_t first_ = 0;
   std::deque<std::unique_ptr<Node>> rows_;
 };

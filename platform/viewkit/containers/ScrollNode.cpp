@@ -46,10 +46,9 @@ public:
 }  // namespace
 
 void ScrollNode::apply(const ViewValue* before) {
-  PresentationNode& node = present();
-  node.clipRadius = 0;
+  present().setClipRadius(0);
   reconcile(content_, valueAs<ScrollValue>().content, inheritedByChildren());
-  setAccessibility({.role = Role::scrollArea});
+  present().setAccessibility({.role = Role::scrollArea});
   if (!before || static_cast<const ScrollValue*>(before)->options.showsIndicators !=
                      valueAs<ScrollValue>().options.showsIndicators) {
     showOffset();
@@ -63,16 +62,16 @@ Measurement ScrollNode::measure(const ProposedSize& proposal) {
 
 void ScrollNode::placeChildren() {
   contentSize_ = content_->sizeThatFits({size().width, std::nullopt});
-  // Content that is narrower or lower than the view still starts where the view does.
+  // Content that is smaller than the view is not scrolled.
   offset_ = clamped(offset_);
   placeChild(*content_, Point{} - offset_, contentSize_);
   // NOLINTNEXTLINE(modernize-loop-convert): placing rows may make lists within them
-  for (std::size_t i = 0; i < lazies_.size(); ++i) lazies_[i]->placeAgain();
+  for (std::size_t i = 0; i < dependents_.size(); ++i) dependents_[i]->placeAgain();
   showOffset();
 }
 
 void ScrollNode::showOffset() {
-  setContent(Control(ScrollControl{
+  present().setContent(Control(ScrollControl{
       .contentSize = contentSize_,
       .offset = offset_,
       .showsIndicators = valueAs<ScrollValue>().options.showsIndicators,
@@ -87,12 +86,12 @@ Point ScrollNode::clamped(Point offset) const {
 
 void ScrollNode::scrollTo(Point offset) {
   if (offset == offset_) return;
-  // Kept within bounds when it is placed: the content may be about to grow.
+  // `placeChildren` keeps it within bounds; the content may be about to grow.
   offset_ = offset;
   placementChanged();
 }
 
-bool ScrollNode::revealInContent(const Rect& rect) {
+bool ScrollNode::reveal(const Rect& rect) {
   const auto nearest = [](double offset, double length, double start, double end) {
     if (start < offset || end - start > length) return start;
     return end > offset + length ? end - length : offset;
@@ -101,21 +100,6 @@ bool ScrollNode::revealInContent(const Rect& rect) {
   scrollTo(clamped({nearest(offset_.x, size().width, rect.origin.x, rect.maxX()),
                     nearest(offset_.y, size().height, rect.origin.y, rect.maxY())}));
   return offset_ != before;
-}
-
-bool ScrollNode::reveal(Node& node, Rect part) {
-  bool moved = false;
-  Node* from = &node;
-  for (Node* outer = node.parent(); outer; outer = outer->parent()) {
-    ScrollNode* scroll = outer->asScrollNode();
-    if (!scroll) continue;
-    const Rect inContent =
-        from == scroll->content_.get() ? part : part.movedBy(from->originWithin(*scroll->content_));
-    moved = scroll->revealInContent(inContent) || moved;
-    part = inContent.movedBy(Point{} - scroll->offset_);
-    from = scroll;
-  }
-  return moved;
 }
 
 View ScrollView(const ScrollViewOptions& options, const View& content) {

@@ -1,33 +1,25 @@
 #pragma once
 
 #include "tree/Node.hpp"
+#include "tree/ScrollRegion.hpp"
 
 #include <memory>
 #include <vector>
 
 namespace viewkit {
 
-// The node of a scroll view. What it shows stands in a presentation of its own, which scrolling
-// moves.
-class ScrollNode final : public Node {
+// The node of a scroll view. Its content has a presentation of its own, which scrolling moves.
+class ScrollNode final : public Node, public ScrollRegion {
 public:
   void visitChildren(const Visitor& visit) override { visit(*content_); }
-  ScrollNode* asScrollNode() override { return this; }
+  ScrollRegion* scrollRegion() override { return this; }
 
-  // The part of the content in sight, in the content's coordinates.
-  Rect visibleRect() const { return {offset_, size()}; }
-  const Node& content() const { return *content_; }
-  void scrollTo(Point offset);
-  // Moves content and offset by as much, so that what is in sight stays where it is.
-  void shift(double distance) { scrollTo({offset_.x, offset_.y + distance}); }
-
-  // Those that build only what is in sight are placed again whenever that changes.
-  void addLazy(Node& lazy) { lazies_.push_back(&lazy); }
-  void removeLazy(Node& lazy) { std::erase(lazies_, &lazy); }
-
-  // Scrolls every scroll view around the node as little as it takes to bring the part of the node
-  // into sight. Whether anything moved.
-  static bool reveal(Node& node, Rect part);
+  const Node& content() const override { return *content_; }
+  Rect visibleRect() const override { return {offset_, size()}; }
+  void scrollTo(Point offset) override;
+  bool reveal(const Rect& rect) override;
+  void addDependent(Node& node) override { dependents_.push_back(&node); }
+  void removeDependent(Node& node) override { std::erase(dependents_, &node); }
 
 protected:
   void apply(const ViewValue* before) override;
@@ -37,10 +29,9 @@ protected:
 private:
   void showOffset();
   Point clamped(Point offset) const;
-  bool revealInContent(const Rect& rect);
 
-  // Outlives the content, whose nodes take themselves off the list.
-  std::vector<Node*> lazies_;
+  // Declared before the content, whose nodes take themselves off the list when they are destroyed.
+  std::vector<Node*> dependents_;
   std::unique_ptr<Node> content_;
   Size contentSize_;
   Point offset_;

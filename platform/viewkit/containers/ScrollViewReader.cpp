@@ -1,6 +1,6 @@
-#include "containers/ScrollTarget.hpp"
-#include "passes/Runtime.hpp"
-#include "tree/ModifierNode.hpp"
+#include "tree/Node.hpp"
+#include "tree/NodeServices.hpp"
+#include "tree/ScrollTarget.hpp"
 #include "viewkit/ScrollView.hpp"
 
 #include <functional>
@@ -13,7 +13,7 @@ namespace {
 
 using MakeContent = std::function<View(ScrollProxy)>;
 
-// A view of its own, so that what making the content reads is recorded.
+// A view of its own, so that what `make` reads is recorded as read by a body.
 struct ScrollViewReaderContent {
   MakeContent make;
   ScrollProxy proxy;
@@ -34,11 +34,11 @@ public:
 class ReaderNode final : public Node {
 public:
   void visitChildren(const Visitor& visit) override { visit(*content_); }
-  bool answersForItself() const override { return false; }
+  bool cachesMeasurements() const override { return false; }
 
 protected:
   void apply(const ViewValue* before) override {
-    if (!before) target_ = std::make_shared<ScrollProxy::Target>(runtime(), *this);
+    if (!before) target_ = std::make_shared<ScrollProxy::Target>(services(), *this);
     reconcile(content_, ScrollViewReaderContent{valueAs<ReaderValue>().make, ScrollProxy(target_)},
               inheritedPtr());
   }
@@ -48,7 +48,7 @@ protected:
   void placeChildren() override { placeChild(*content_, {}, size()); }
 
 private:
-  // Dies with the node, and the proxies' handles with it.
+  // The proxies hold it weakly, so they do nothing once the node is gone.
   std::shared_ptr<ScrollProxy::Target> target_;
   std::unique_ptr<Node> content_;
 };
@@ -58,7 +58,8 @@ std::unique_ptr<Node> ReaderValue::makeNode() const { return std::make_unique<Re
 }  // namespace
 
 void ScrollProxy::scrollTo(ViewId id) const {
-  if (const auto target = target_.lock()) target->runtime.scrollAfterLayout(target_, std::move(id));
+  if (const auto target = target_.lock())
+    target->services.scrollAfterLayout(target_, std::move(id));
 }
 
 View ScrollViewReader(std::function<View(ScrollProxy)> content) {

@@ -117,8 +117,8 @@ public:
 
 class SpacerNode final : public Node {
 public:
-  bool answersForItself() const override { return false; }
-  bool givesWay() const override { return true; }
+  bool cachesMeasurements() const override { return false; }
+  bool takesLeftoverSpace() const override { return true; }
 
 protected:
   void apply(const ViewValue* before) override {

@@ -1,7 +1,6 @@
 #include "viewkit/TabView.hpp"
 
 #include "controls/ControlNode.hpp"
-#include "passes/Runtime.hpp"
 #include "tree/Node.hpp"
 
 #include <algorithm>

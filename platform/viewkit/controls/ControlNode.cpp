@@ -1,6 +1,7 @@
 #include "controls/ControlNode.hpp"
 
-#include "passes/Runtime.hpp"
+#include "tree/NodeServices.hpp"
+#include "tree/Speech.hpp"
 #include "viewkit/PlatformMetrics.hpp"
 
 #include <algorithm>
@@ -12,7 +13,7 @@ namespace viewkit {
 
 namespace {
 
-// Whether both have the same size, whatever they show.
+// Whether the two controls, of the same kind, have the same size.
 bool measuresLike(const Control& a, const Control& b) {
   if (std::holds_alternative<ColorWellControl>(a)) return true;
   if (const auto* toggle = std::get_if<ToggleControl>(&a))
@@ -34,40 +35,46 @@ bool ControlNode::hasSameIdentity(const ViewValue& next) const {
 void ControlNode::apply(const ViewValue* before) {
   const auto* last = static_cast<const ControlValue*>(before);
   if (last && !measuresLike(last->control, value().control)) layoutChanged();
-  setContent(presentedControl());
+  present().setContent(presentedControl());
   ModifierNode::apply(before);
-  say();
+  updateAccessibility();
 }
 
 Measurement ControlNode::measure(const ProposedSize& proposal) {
   if (content()) return content()->measured(proposal);
-  const Size size = runtime().metrics().controlSize(value().control, proposal);
+  const Size size = services().metrics.controlSize(value().control, proposal);
   return {size, firstBaseline(size.height)};
 }
 
 const InheritedPtr& ControlNode::inheritedByContent() {
-  return handedOn_.from(inheritedPtr(), [](Inherited& next) {
-    next.forOne = {};
+  return inheritedByContent_.of(inheritedPtr(), [](Inherited& next) {
+    next.forNearest = {};
     next.spokenFor = Inherited::SpokenFor::everything;
   });
 }
 
-// A control's line of text stands in its middle; a field may have grown to several, with the same
-// space around them all.
-double ControlNode::firstBaseline(double height) {
-  const TextMetrics line = runtime().metrics().measureText({.text = "x"}, std::nullopt);
+// The text stands in the middle of the control, one line of it or, in a field that has grown,
+// several.
+double ControlNode::firstBaseline(double height) const {
+  const TextMetrics line = services().metrics.measureText({.text = "x"}, std::nullopt);
   const bool grows = std::holds_alternative<TextFieldControl>(value().control);
   const double lines = grows ? std::max(1.0, std::floor(height / line.size.height)) : 1;
   return (height - lines * line.size.height) / 2 + line.firstBaseline;
 }
 
-void ControlNode::say() {
+void ControlNode::updateAccessibility() {
   Accessibility accessibility = value().accessibility;
-  // What a menu shows is its value; its name comes from elsewhere.
+  // A control with a value, such as a menu, shows the value: its contents are not its name.
   if (accessibility.label.empty() && accessibility.value.empty())
-    accessibility.label = spokenContents();
-  if (accessibility.label.empty()) accessibility.label = inherited().forOne.help;
-  setAccessibility(std::move(accessibility));
+    accessibility.label = spokenContents(*this);
+  if (accessibility.label.empty()) accessibility.label = inherited().forNearest.help;
+  present().setAccessibility(std::move(accessibility));
+}
+
+bool ControlNode::refreshSpokenContents() {
+  if (!content()) return false;
+  updateAccessibility();
+  return true;
 }
 
 std::unique_ptr<Node> ControlValue::makeNode() const { return std::make_unique<ControlNode>(); }

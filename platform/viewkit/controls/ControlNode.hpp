@@ -9,8 +9,8 @@
 
 namespace viewkit {
 
-// The description of a control, around a view where the control shows one instead of a look of its
-// own.
+// The description of a control. `content` is the view that the control shows in place of a look of
+// its own, if it has one.
 class ControlValue : public ModifierValue {
 public:
   ControlValue(const char* name, Control control, Accessibility accessibility, View content = {})
@@ -29,13 +29,12 @@ public:
 
 class ControlNode : public ModifierNode {
 public:
-  bool answersForItself() const override { return content() == nullptr; }
-  // No control is higher because there is room.
-  ProposedSize heeded(const ProposedSize& offer) const override {
-    return {offer.width, std::nullopt};
+  bool cachesMeasurements() const override { return content() == nullptr; }
+  // The height of a control never depends on the height that is proposed.
+  ProposedSize relevantPart(const ProposedSize& proposal) const override {
+    return {proposal.width, std::nullopt};
   }
-  bool speaksForContents() const override { return content() != nullptr; }
-  void contentsChanged() override { say(); }
+  bool refreshSpokenContents() override;
 
 protected:
   bool hasSameIdentity(const ViewValue& next) const override;
@@ -44,14 +43,15 @@ protected:
   const InheritedPtr& inheritedByContent() override;
 
   const ControlValue& value() const { return valueAs<ControlValue>(); }
-  // What the back end is given. It may call the functions of it after the node is gone.
+  // The control that the back end gets. It may call the control's functions after the node is gone.
   virtual Control presentedControl() { return value().control; }
 
 private:
-  double firstBaseline(double height);
-  void say();
+  // `height` is the height of the control.
+  double firstBaseline(double height) const;
+  void updateAccessibility();
 
-  HandedOn handedOn_;
+  InheritedOverride inheritedByContent_;
 };
 
 View makeControl(const char* name, Control control, Accessibility accessibility,

@@ -1,7 +1,7 @@
 #include "controls/TextEditing.hpp"
 
 #include "controls/ControlNode.hpp"
-#include "passes/Runtime.hpp"
+#include "tree/NodeServices.hpp"
 
 #include <utility>
 #include <variant>
@@ -23,9 +23,6 @@ public:
 };
 
 class TextFieldNode final : public ControlNode {
-public:
-  TextEditing* textEditing() override { return editing_.get(); }
-
 protected:
   Control presentedControl() override {
     editing_->describe(view());
@@ -35,7 +32,7 @@ protected:
   void activeChanged() override {
     editing_->setActive(isActive());
     if (isActive() || !editing_->hasChanged()) return;
-    runtime().beforeDisappearing([editing = editing_] { editing->endEditing(); });
+    services().callFirstAfterLayout([editing = editing_] { editing->endEditing(); });
   }
 
 private:
@@ -75,7 +72,7 @@ void TextEditing::change(std::string text) {
   const bool wasStored = !hasChanged_ && field().problem.empty();
   if (wasStored || !before_) before_ = field().text;
   hasChanged_ = true;
-  // The call may replace the description.
+  // Kept alive: the call may replace the description.
   const View description = description_;
   if (field().change) field().change(std::move(text));
 }
@@ -96,7 +93,7 @@ bool TextEditing::revert() {
   const auto before = std::exchange(before_, std::nullopt);
   const bool isOther = hadChanged && before != field().text;
   if (!isRefused && !isOther) return false;
-  // The call may replace the description.
+  // Kept alive: the call may replace the description.
   const View description = description_;
   const auto& described = static_cast<const TextFieldValue&>(*description.value());
   if (described.revert) {

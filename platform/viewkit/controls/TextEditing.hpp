@@ -10,24 +10,24 @@
 
 namespace viewkit {
 
-// The editing of one text field, for as long as the field's identity lasts: it knows whether the
-// text was committed, and which text stood there before. A back end may call it after the field is
-// gone.
+// The editing of one text field: whether its text was committed, and which text it had before. The
+// field's node owns it; the functions of the control that the back end gets own it too, because the
+// back end may call them after the node is gone.
 class TextEditing : public std::enable_shared_from_this<TextEditing> {
 public:
-  // The field's newest description, a text field's view.
+  // Takes the newest description of the field.
   void describe(const View& field) { description_ = field; }
-  // The field for the back end, with functions that go through here.
+  // The control for the back end. Its functions call this object.
   TextFieldControl control();
 
-  // A field that is not on the screen takes no changes.
+  // An inactive field ignores changes.
   void setActive(bool isActive) { isActive_ = isActive; }
   // Whether the text was changed since it was last committed.
   bool hasChanged() const { return hasChanged_; }
   // Commits the text if it has changed.
   void endEditing();
 
-  // As the view describes it.
+  // The control as the view describes it.
   const TextFieldControl& field() const;
 
 private:
@@ -42,8 +42,8 @@ private:
   std::optional<std::string> before_;
 };
 
-// A text field. `revert`, which may be empty, takes the place of writing the text before the
-// change.
+// A text field. `revert`, if it is not empty, is called to bring the stored text back; otherwise
+// the earlier text is written.
 View makeTextField(TextFieldControl control, std::function<void(const std::string& before)> revert,
                    Accessibility accessibility);
 

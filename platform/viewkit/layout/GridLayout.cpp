@@ -28,7 +28,7 @@ std::pmr::vector<double> GridLayout::columnWidths(std::span<const Row> rows,
     for (std::size_t i = 0; i < columns; ++i) widths[i] = widest(i, width);
     return widths;
   }
-  // As in a stack: who can give way least is served first.
+  // As in a stack, the least flexible column is measured first.
   std::pmr::vector<double> flexibility(columns, scratch.memory());
   std::pmr::vector<std::size_t> order(columns, scratch.memory());
   std::iota(order.begin(), order.end(), std::size_t{0});
@@ -68,13 +68,13 @@ Measurement GridLayout::layOut(std::span<const Row> rows, const ProposedSize& pr
     for (std::size_t i = 0; i < row.cells.size(); ++i) {
       cells.push_back(row.cells[i]->measured({widths[i], std::nullopt}));
       height = std::max(height, cells[i].size.height);
-      line = std::max(line, cells[i].line());
+      line = std::max(line, cells[i].alignmentLine());
     }
     const bool byBaseline = options.verticalAlignment == VerticalAlignment::firstTextBaseline;
     if (byBaseline) {
       height = 0;
       for (const Measurement& cell : cells)
-        height = std::max(height, line - cell.line() + cell.size.height);
+        height = std::max(height, line - cell.alignmentLine() + cell.size.height);
     }
 
     const Rect frame{{0, y}, {width, height + 2 * row.verticalPadding}};
@@ -82,7 +82,7 @@ Measurement GridLayout::layOut(std::span<const Row> rows, const ProposedSize& pr
     for (std::size_t i = 0; i < cells.size(); ++i) {
       const Alignment alignment{options.horizontalAlignment, options.verticalAlignment};
       Point origin = aligned(cells[i].size, {widths[i], height}, alignment);
-      if (byBaseline) origin.y = line - cells[i].line();
+      if (byBaseline) origin.y = line - cells[i].alignmentLine();
       frames.push_back({{x + origin.x, row.verticalPadding + origin.y}, cells[i].size});
       if (!firstBaseline && cells[i].firstBaseline) {
         firstBaseline = y + frames[i].origin.y + *cells[i].firstBaseline;

@@ -12,7 +12,8 @@
 
 namespace viewkit {
 
-// Cells in rows and columns.
+// The layout of a grid: measures and places cells in rows and columns. It keeps nothing between two
+// calls.
 struct GridLayout {
   GridOptions options;
 
@@ -20,7 +21,8 @@ struct GridLayout {
     std::span<Node* const> cells;
     double verticalPadding = 0;
   };
-  // Is told where each row goes, by its position, and its cells in the coordinates of the row.
+  // Called with the position of each row, its frame, and the frames of its cells in the row's
+  // coordinates.
   using Place =
       std::function<void(std::size_t row, const Rect& frame, std::span<const Rect> cells)>;
   Measurement layOut(std::span<const Row> rows, const ProposedSize& proposal,

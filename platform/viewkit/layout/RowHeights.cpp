@@ -6,15 +6,15 @@ namespace viewkit {
 
 namespace {
 
-// A line of text with a little room, until the first row is known.
-constexpr double kFirstGuess = 24;
+// The estimate while no row is known: a line of text with some space around it.
+constexpr double kFirstEstimate = 24;
 constexpr float kUnknown = -1;
 
 }  // namespace
 
 void RowHeights::setCount(std::size_t count) {
   if (count == count_) return;
-  // Rows that are dropped are no longer known.
+  // The heights of removed rows are forgotten.
   for (std::size_t row = count; row < count_; ++row) {
     const std::size_t next = (row / kBlock + 1) * kBlock;
     Block* block = blocks_[row / kBlock].get();
@@ -28,7 +28,7 @@ void RowHeights::setCount(std::size_t count) {
   }
   count_ = count;
   blocks_.resize((count + kBlock - 1) / kBlock);
-  // A Fenwick tree of another size has other sums in it.
+  // The sums in a Fenwick tree depend on its size, so it is built again.
   tree_.assign(blocks_.size() + 1, {});
   all_ = {};
   for (std::size_t i = 0; i < blocks_.size(); ++i) {
@@ -66,7 +66,7 @@ void RowHeights::setHeight(std::size_t row, double height) {
 }
 
 double RowHeights::average() const {
-  return all_.known == 0 ? kFirstGuess : all_.heights / static_cast<double>(all_.known);
+  return all_.known == 0 ? kFirstEstimate : all_.heights / static_cast<double>(all_.known);
 }
 
 double RowHeights::extent(const Sum& sum, std::size_t rows) const {
@@ -103,7 +103,7 @@ std::size_t RowHeights::rowAt(double distance) const {
   std::size_t step = 1;
   while (step * 2 < tree_.size()) step *= 2;
   for (; step > 0; step /= 2) {
-    // The last block may not be full; nothing is skipped by skipping it.
+    // The last block may not be full, and no row lies beyond it.
     if (block + step >= tree_.size() - 1) continue;
     const Sum sum{before.heights + tree_[block + step].heights,
                   before.known + tree_[block + step].known};

@@ -6,13 +6,14 @@
 
 namespace viewkit {
 
-// What layout needs for a while: on the stack, for as many children as most containers have.
+// Memory for the temporary arrays of one layout. It is on the stack, and large enough for the
+// number of children of most containers.
 class Scratch {
 public:
   std::pmr::memory_resource* memory() { return &memory_; }
 
 private:
-  // Nobody reads what nobody wrote, and layout comes here too often to clear it.
+  // Not cleared, because layout creates one of these for every container that it measures.
   std::array<std::byte, 1024> room_;  // NOLINT(cppcoreguidelines-pro-type-member-init)
   std::pmr::monotonic_buffer_resource memory_{room_.data(), room_.size()};
 };

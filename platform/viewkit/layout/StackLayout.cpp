@@ -31,15 +31,15 @@ std::pmr::vector<Measurement> measureAll(Axis axis, std::span<Node* const> child
       measurements[i] = children[i]->measured(proposed(axis, share, breadth));
     }
   };
-  // Without a length, or with all the space there is, nobody has to give way.
+  // Where the length is open, or there is one child, each child is proposed all of it.
   if (!length || *length == kUnlimited || children.size() == 1) {
     measureEach(length);
     return measurements;
   }
 
   double left = *length - spacing * static_cast<double>(children.size() - 1);
-  // What those that give way keep in any case, set aside until their turn.
-  double setAside = 0;
+  // The minimum of the children that take leftover space, reserved until the others are measured.
+  double reserved = 0;
   std::size_t sharing = 0;
   std::pmr::vector<double> flexibility(children.size(), scratch.memory());
   std::pmr::vector<std::size_t> order(children.size(), scratch.memory());
@@ -48,22 +48,22 @@ std::pmr::vector<Measurement> measureAll(Axis axis, std::span<Node* const> child
     const double most = along(axis, children[i]->sizeThatFits(proposed(axis, kUnlimited, breadth)));
     const double least = along(axis, children[i]->sizeThatFits(proposed(axis, 0, breadth)));
     flexibility[i] = most - least;
-    if (children[i]->givesWay()) {
-      setAside += least;
+    if (children[i]->takesLeftoverSpace()) {
+      reserved += least;
     } else {
       ++sharing;
     }
   }
   std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
-    return std::tuple(children[a]->givesWay(), flexibility[a], a) <
-           std::tuple(children[b]->givesWay(), flexibility[b], b);
+    return std::tuple(children[a]->takesLeftoverSpace(), flexibility[a], a) <
+           std::tuple(children[b]->takesLeftoverSpace(), flexibility[b], b);
   });
-  left -= setAside;
+  left -= reserved;
   for (std::size_t done = 0; done < order.size(); ++done) {
     const std::size_t i = order[done];
-    if (done == sharing) left += setAside;
-    const std::size_t waiting = (done < sharing ? sharing : order.size()) - done;
-    const double share = std::max(0.0, left / static_cast<double>(waiting));
+    if (done == sharing) left += reserved;
+    const std::size_t remaining = (done < sharing ? sharing : order.size()) - done;
+    const double share = std::max(0.0, left / static_cast<double>(remaining));
     measurements[i] = children[i]->measured(proposed(axis, share, breadth));
     left -= along(axis, measurements[i].size);
   }
@@ -86,12 +86,12 @@ Measurement StackLayout::layOut(std::span<Node* const> children, const ProposedS
   double line = 0;
   for (const Measurement& child : measurements) {
     breadth = std::max(breadth, across(axis, child.size));
-    line = std::max(line, child.line());
+    line = std::max(line, child.alignmentLine());
   }
   if (byBaseline) {
     breadth = 0;
     for (const Measurement& child : measurements) {
-      breadth = std::max(breadth, line - child.line() + child.size.height);
+      breadth = std::max(breadth, line - child.alignmentLine() + child.size.height);
     }
   }
 
@@ -102,7 +102,7 @@ Measurement StackLayout::layOut(std::span<Node* const> children, const ProposedS
     Rect frame{{}, child.size};
     if (horizontal) {
       frame.origin = {position,
-                      byBaseline ? line - child.line()
+                      byBaseline ? line - child.alignmentLine()
                                  : aligned(child.size, {child.size.width, breadth}, alignment).y};
     } else {
       frame.origin = {aligned(child.size, {breadth, child.size.height}, alignment).x, position};

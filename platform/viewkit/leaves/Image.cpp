@@ -1,8 +1,8 @@
 #include "viewkit/Image.hpp"
 
 #include "foundation/Bundle.hpp"
-#include "passes/Runtime.hpp"
 #include "tree/Node.hpp"
+#include "tree/NodeServices.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -13,7 +13,7 @@ namespace viewkit {
 
 namespace {
 
-// Of a resizable symbol that is offered nothing.
+// The length of a resizable symbol that is proposed no length.
 constexpr double kIdealLength = 16;
 
 struct ImageDescription {
@@ -45,14 +45,15 @@ protected:
     }
     font_ = inherited().font;
     if (description.symbol) {
-      setContent(SymbolVisual{.name = *description.symbol, .color = inherited().foreground});
+      present().setContent(
+          SymbolVisual{.name = *description.symbol, .color = inherited().foreground});
     } else {
-      setContent(ImageVisual{.path = description.path, .mode = description.mode});
+      present().setContent(ImageVisual{.path = description.path, .mode = description.mode});
     }
-    // A picture without a name is an ornament.
+    // Assistive technology is not told of a picture without a name.
     const bool isNamed =
-        !inherited().forOne.accessibilityLabel.empty() || !inherited().forOne.help.empty();
-    setAccessibility({.role = isNamed ? Role::image : Role::none});
+        !inherited().forNearest.accessibilityLabel.empty() || !inherited().forNearest.help.empty();
+    present().setAccessibility({.role = isNamed ? Role::image : Role::none});
   }
 
   Measurement measure(const ProposedSize& proposal) override {
@@ -75,12 +76,12 @@ protected:
 private:
   Size idealSize() const {
     const ImageDescription& description = valueAs<ImageValue>().description;
-    // A symbol that takes what it is offered is asked for its shape only.
+    // Of a resizable symbol only the aspect ratio counts, and all are square.
     if (description.symbol && description.resizable) return {kIdealLength, kIdealLength};
     if (!description.symbol)
-      return description.path.empty() ? Size{} : runtime().metrics().imageSize(description.path);
+      return description.path.empty() ? Size{} : services().metrics.imageSize(description.path);
     const TextVisual line{.text = "X", .font = inherited().font};
-    const double height = runtime().metrics().measureText(line, std::nullopt).size.height;
+    const double height = services().metrics.measureText(line, std::nullopt).size.height;
     return {height, height};
   }
 

@@ -8,7 +8,7 @@ namespace viewkit {
 
 namespace {
 
-// Where nobody says how large a shape is to be.
+// The length of a shape that is proposed no length.
 constexpr double kIdealLength = 10;
 
 class ShapeValue final : public ViewValue {
@@ -23,13 +23,13 @@ public:
 
 class ShapeNode final : public Node {
 public:
-  bool answersForItself() const override { return false; }
+  bool cachesMeasurements() const override { return false; }
 
 protected:
   void apply(const ViewValue* before) override {
     static_cast<void>(before);
-    setContent(valueAs<ShapeValue>().visual);
-    setAccessibility({});
+    present().setContent(valueAs<ShapeValue>().visual);
+    present().setAccessibility({});
   }
 
   Measurement measure(const ProposedSize& proposal) override {

@@ -1,8 +1,8 @@
 #include "viewkit/Text.hpp"
 
 #include "foundation/Unicode.hpp"
-#include "passes/Runtime.hpp"
 #include "tree/Node.hpp"
+#include "tree/NodeServices.hpp"
 
 #include <memory>
 #include <utility>
@@ -11,7 +11,7 @@ namespace viewkit {
 
 namespace {
 
-// A text that is offered its own width must not be broken because of a rounding error.
+// A text that is proposed its own width must not be broken because of a rounding error.
 constexpr double kTolerance = 0.01;
 
 struct TextDescription {
@@ -36,8 +36,8 @@ public:
 
 class TextNode final : public Node {
 public:
-  ProposedSize heeded(const ProposedSize& offer) const override {
-    return {offer.width == kUnlimited ? std::nullopt : offer.width, std::nullopt};
+  ProposedSize relevantPart(const ProposedSize& proposal) const override {
+    return {proposal.width == kUnlimited ? std::nullopt : proposal.width, std::nullopt};
   }
 
 protected:
@@ -57,26 +57,26 @@ protected:
     }
     visual_ = std::move(next);
     if (description.selectable) {
-      setContent(Control(SelectableTextControl{.text = visual_}));
+      present().setContent(Control(SelectableTextControl{.text = visual_}));
     } else {
-      setContent(visual_);
+      present().setContent(visual_);
     }
-    setAccessibility({.role = Role::text, .label = description.text});
+    present().setAccessibility({.role = Role::text, .label = description.text});
   }
 
   Measurement measure(const ProposedSize& proposal) override {
     if (!proposal.width) return measuredWithin(std::nullopt);
     const Measurement ideal = measured({});
     if (*proposal.width >= ideal.size.width - kTolerance) return ideal;
-    // How narrow a text can be is only asked to find out who gives way; it is not worth breaking
-    // lines.
+    // A stack proposes 0 to learn how far a child can shrink. Breaking the lines for it is not
+    // worth the time.
     if (*proposal.width <= 0) return {{0, ideal.size.height}, ideal.firstBaseline};
     return measuredWithin(proposal.width);
   }
 
 private:
   Measurement measuredWithin(std::optional<double> width) const {
-    const TextMetrics metrics = runtime().metrics().measureText(visual_, width);
+    const TextMetrics metrics = services().metrics.measureText(visual_, width);
     return {metrics.size, metrics.firstBaseline};
   }
 

@@ -1,7 +1,7 @@
 #include "viewkit/TextWidth.hpp"
 
-#include "passes/Runtime.hpp"
 #include "tree/CompositeNode.hpp"
+#include "viewkit/PlatformMetrics.hpp"
 
 #include <optional>
 

@@ -1,4 +1,6 @@
 #include "tree/ModifierNode.hpp"
+#include "tree/PointerRegion.hpp"
+#include "tree/Speech.hpp"
 
 #include <algorithm>
 #include <memory>
@@ -7,15 +9,15 @@ namespace viewkit {
 
 namespace {
 
-// Roles of things that hold others, each of which has a word of its own to say.
-bool holdsOthers(Role role) {
+// Whether a view of this role contains others that assistive technology is told one by one.
+bool isContainer(Role role) {
   return role == Role::group || role == Role::list || role == Role::scrollArea ||
          role == Role::popover || role == Role::tabList;
 }
 
 Inherited::SpokenFor spokenForBy(Role role) {
-  if (holdsOthers(role)) return Inherited::SpokenFor::nothing;
-  // A row of a list is read in one go, and what can be used in it is still reached.
+  if (isContainer(role)) return Inherited::SpokenFor::nothing;
+  // A row of a list is read as a whole, but the controls in it are still reached.
   return role == Role::listItem ? Inherited::SpokenFor::allButControls
                                 : Inherited::SpokenFor::everything;
 }
@@ -32,21 +34,23 @@ public:
 
 class RoleNode final : public ModifierNode {
 public:
-  bool speaksForContents() const override {
-    return !holdsOthers(role()) && inherited().spokenFor == Inherited::SpokenFor::nothing;
+  bool refreshSpokenContents() override {
+    const bool speaksForContents =
+        !isContainer(role()) && inherited().spokenFor == Inherited::SpokenFor::nothing;
+    if (speaksForContents) updateAccessibility();
+    return speaksForContents;
   }
-  void contentsChanged() override { say(); }
 
 protected:
   void apply(const ViewValue* before) override {
     present();
     ModifierNode::apply(before);
-    say();
+    updateAccessibility();
   }
 
   const InheritedPtr& inheritedByContent() override {
-    return handedOn_.from(inheritedPtr(), [this](Inherited& next) {
-      next.forOne = {};
+    return inheritedByContent_.of(inheritedPtr(), [this](Inherited& next) {
+      next.forNearest = {};
       next.spokenFor = std::max(next.spokenFor, spokenForBy(role()));
     });
   }
@@ -54,16 +58,17 @@ protected:
 private:
   Role role() const { return valueAs<RoleValue>().role; }
 
-  void say() {
-    if (role() == Role::none) return setAccessibility({});
-    setAccessibility({
+  void updateAccessibility() {
+    if (role() == Role::none) return present().setAccessibility({});
+    present().setAccessibility({
         .role = role(),
-        .label = holdsOthers(role()) ? std::string() : spokenContents(),
-        .pressable = inherited().enabled && !holdsOthers(role()) && clickRegion() != nullptr,
+        .label = isContainer(role()) ? std::string() : spokenContents(*this),
+        .pressable =
+            inherited().enabled && !isContainer(role()) && nodeClickedByPressing(*this) != nullptr,
     });
   }
 
-  HandedOn handedOn_;
+  InheritedOverride inheritedByContent_;
 };
 
 std::unique_ptr<Node> RoleValue::makeNode() const { return std::make_unique<RoleNode>(); }

@@ -1,5 +1,5 @@
-#include "passes/Runtime.hpp"
 #include "tree/ModifierNode.hpp"
+#include "tree/NodeServices.hpp"
 
 #include <functional>
 #include <memory>
@@ -33,7 +33,7 @@ protected:
   void activeChanged() override {
     const auto& value = valueAs<AppearValue>();
     const auto& action = isActive() ? value.appear : value.disappear;
-    if (action) runtime().afterLayout(ViewHost::Runtime::CallKind::appearance, action);
+    if (action) services().callAfterLayout(HandlerKind::event, action);
   }
 };
 

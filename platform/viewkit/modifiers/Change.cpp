@@ -1,5 +1,5 @@
-#include "passes/Runtime.hpp"
 #include "tree/ModifierNode.hpp"
+#include "tree/NodeServices.hpp"
 
 #include <any>
 #include <functional>
@@ -40,7 +40,7 @@ protected:
     const auto& value = valueAs<ChangeValue>();
     if (!before || value.isEqual(static_cast<const ChangeValue*>(before)->watched, value.watched))
       return;
-    runtime().afterLayout(ViewHost::Runtime::CallKind::answer, value.action);
+    services().callAfterLayout(HandlerKind::change, value.action);
   }
 };
 

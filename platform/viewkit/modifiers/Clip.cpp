@@ -20,11 +20,7 @@ public:
 class ClipNode final : public ModifierNode {
 protected:
   void apply(const ViewValue* before) override {
-    PresentationNode& node = present();
-    if (node.clipRadius != valueAs<ClipValue>().cornerRadius) {
-      node.clipRadius = valueAs<ClipValue>().cornerRadius;
-      presentationChanged();
-    }
+    present().setClipRadius(valueAs<ClipValue>().cornerRadius);
     ModifierNode::apply(before);
   }
 };

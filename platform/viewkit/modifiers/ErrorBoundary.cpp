@@ -23,13 +23,13 @@ public:
 class ErrorBoundaryNode final : public ModifierNode {
 protected:
   const InheritedPtr& inheritedByContent() override {
-    return handedOn_.from(inheritedPtr(), [this](Inherited& next) {
+    return inheritedByContent_.of(inheritedPtr(), [this](Inherited& next) {
       next.errorView = valueAs<ErrorBoundaryValue>().errorView;
     });
   }
 
 private:
-  HandedOn handedOn_;
+  InheritedOverride inheritedByContent_;
 };
 
 std::unique_ptr<Node> ErrorBoundaryValue::makeNode() const {

@@ -7,7 +7,7 @@ namespace viewkit {
 
 namespace {
 
-// What the content measures, in a frame of this size.
+// The measurement of a frame of this size with the content aligned in it.
 Measurement framed(const Measurement& content, Size size, Alignment alignment) {
   Measurement measurement{size};
   if (content.firstBaseline) {
@@ -29,8 +29,10 @@ public:
 
 class FixedFrameNode final : public ModifierNode {
 public:
-  bool answersForItself() const override { return true; }
-  ProposedSize heeded(const ProposedSize& offer) const override { return inside(offer); }
+  bool cachesMeasurements() const override { return true; }
+  ProposedSize relevantPart(const ProposedSize& proposal) const override {
+    return inside(proposal);
+  }
 
 protected:
   void apply(const ViewValue* before) override {
@@ -100,7 +102,7 @@ double taken(const Limit& offered, double content, const Limit& least, const Lim
 
 class FlexibleFrameNode final : public ModifierNode {
 public:
-  bool answersForItself() const override { return true; }
+  bool cachesMeasurements() const override { return true; }
 
 protected:
   void apply(const ViewValue* before) override {

@@ -1,6 +1,7 @@
 #include "tree/ModifierNode.hpp"
 
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace viewkit {
@@ -19,8 +20,8 @@ public:
 
 class IdNode final : public ModifierNode {
 public:
-  Found find(const ViewId& id) override {
-    return id == valueAs<IdValue>().id ? Found{this, {{}, size()}} : ModifierNode::find(id);
+  std::optional<Rect> frameOf(const ViewId& id) const override {
+    return id == valueAs<IdValue>().id ? std::optional(Rect{{}, size()}) : std::nullopt;
   }
 
 protected:

@@ -7,8 +7,8 @@ namespace viewkit {
 
 namespace {
 
-// Another view behind a view or over it. It is offered the view's size and changes nothing about
-// it.
+// Another view, behind the content or over it. It is proposed the content's size and does not
+// influence it.
 class LayerValue final : public ModifierValue {
 public:
   enum class Side { behind, over };

@@ -1,5 +1,5 @@
-#include "passes/Runtime.hpp"
 #include "tree/ModifierNode.hpp"
+#include "tree/NodeServices.hpp"
 
 #include <memory>
 
@@ -21,7 +21,7 @@ public:
 class OpacityNode final : public ModifierNode {
 protected:
   void apply(const ViewValue* before) override {
-    setOpacity(valueAs<OpacityValue>().opacity);
+    present().setOpacity(valueAs<OpacityValue>().opacity);
     ModifierNode::apply(before);
   }
 };
@@ -41,7 +41,7 @@ protected:
   void apply(const ViewValue* before) override {
     present();
     ModifierNode::apply(before);
-    if (!before) runtime().fadeIn(*this);
+    if (!before) services().fadeIn(*this);
   }
 };
 

@@ -20,7 +20,7 @@ public:
 
 class PaddingNode final : public ModifierNode {
 public:
-  bool answersForItself() const override { return true; }
+  bool cachesMeasurements() const override { return true; }
 
 protected:
   void apply(const ViewValue* before) override {

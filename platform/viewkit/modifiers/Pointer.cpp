@@ -1,5 +1,6 @@
-#include "passes/Runtime.hpp"
 #include "tree/ModifierNode.hpp"
+#include "tree/NodeServices.hpp"
+#include "tree/PointerRegion.hpp"
 
 #include <functional>
 #include <memory>
@@ -20,15 +21,9 @@ public:
   const std::function<void(bool)> action;
 };
 
-class HoverNode final : public ModifierNode {
+class HoverNode final : public ModifierNode, private PointerRegion {
 public:
-  bool wantsHover() const override { return true; }
-
-  void hover(bool inside) override {
-    if (std::exchange(isInside_, inside) == inside) return;
-    runtime().afterLayout(ViewHost::Runtime::CallKind::appearance,
-                          [description = view(), inside] { actionOf(description)(inside); });
-  }
+  PointerRegion* pointerRegion() override { return this; }
 
 protected:
   void activeChanged() override {
@@ -36,6 +31,14 @@ protected:
   }
 
 private:
+  bool wantsHover() const override { return true; }
+
+  void hover(bool inside) override {
+    if (std::exchange(isInside_, inside) == inside) return;
+    services().callAfterLayout(HandlerKind::event,
+                               [description = view(), inside] { actionOf(description)(inside); });
+  }
+
   static const std::function<void(bool)>& actionOf(const View& description) {
     return static_cast<const HoverValue*>(description.value())->action;
   }
@@ -56,8 +59,11 @@ public:
   const std::function<void()> action;
 };
 
-class TapNode final : public ModifierNode {
+class TapNode final : public ModifierNode, private PointerRegion {
 public:
+  PointerRegion* pointerRegion() override { return this; }
+
+private:
   bool wantsClick() const override { return inherited().enabled; }
 
   void click() override {

@@ -1,5 +1,5 @@
-#include "passes/Runtime.hpp"
 #include "tree/ModifierNode.hpp"
+#include "tree/NodeServices.hpp"
 
 #include <functional>
 #include <memory>
@@ -9,7 +9,7 @@ namespace viewkit {
 
 namespace {
 
-// The surface itself: a root for what it shows.
+// The surface, which is the parent of all that it shows.
 class PopoverSurfaceValue final : public ModifierValue {
 public:
   PopoverSurfaceValue(View content, std::function<void()> dismiss)
@@ -24,16 +24,16 @@ public:
 class PopoverSurfaceNode final : public ModifierNode {
 protected:
   void apply(const ViewValue* before) override {
-    setContent(Control(PopoverControl{.dismiss = valueAs<PopoverSurfaceValue>().dismiss}));
-    setAccessibility({.role = Role::popover});
+    present().setContent(
+        Control(PopoverControl{.dismiss = valueAs<PopoverSurfaceValue>().dismiss}));
+    present().setAccessibility({.role = Role::popover});
     ModifierNode::apply(before);
   }
 
-  // A popover that goes with what it stands beside is not there again when that comes back.
+  // A popover that disappears together with its anchor stays closed when the anchor comes back.
   void activeChanged() override {
     if (isActive()) return;
-    runtime().afterLayout(ViewHost::Runtime::CallKind::appearance,
-                          valueAs<PopoverSurfaceValue>().dismiss);
+    services().callAfterLayout(HandlerKind::event, valueAs<PopoverSurfaceValue>().dismiss);
   }
 };
 
@@ -49,7 +49,7 @@ public:
   std::unique_ptr<Node> makeNode() const override;
   std::string kind() const override { return "PopoverAnchor"; }
 
-  // Nothing while it is not presented.
+  // Empty while the popover is closed.
   const View surface;
   const PopoverOptions options;
 };
@@ -66,7 +66,7 @@ protected:
     // The surface stands beside this node's frame.
     present();
     ModifierNode::apply(before);
-    reconcile(surface_, valueAs<PopoverValue>().surface, onSurface());
+    reconcile(surface_, valueAs<PopoverValue>().surface, inheritedBySurface());
     if (before && static_cast<const PopoverValue*>(before)->options.maxWidth != options().maxWidth)
       placementChanged();
   }
@@ -82,13 +82,13 @@ protected:
 private:
   const PopoverOptions& options() const { return valueAs<PopoverValue>().options; }
 
-  // What is said of the view beside it is not said of the surface.
-  const InheritedPtr& onSurface() {
-    return onSurface_.from(
+  // The surface inherits nothing but the environment: it is no part of the view beside it.
+  const InheritedPtr& inheritedBySurface() {
+    return inheritedBySurface_.of(
         inheritedPtr(), [](Inherited& next) { next = Inherited{.environment = next.environment}; });
   }
 
-  HandedOn onSurface_;
+  InheritedOverride inheritedBySurface_;
   std::unique_ptr<Node> surface_;
 };
 

@@ -8,7 +8,7 @@ namespace viewkit {
 
 namespace {
 
-// What a view says for all it contains, or for the first node of it that can carry it.
+// Changes what the content inherits.
 class SurroundingsValue final : public ModifierValue {
 public:
   using Change = std::function<void(Inherited&)>;
@@ -30,18 +30,18 @@ protected:
   }
 
   const InheritedPtr& inheritedByContent() override {
-    return handedOn_.from(inheritedPtr(), valueAs<SurroundingsValue>().change);
+    return inheritedByContent_.of(inheritedPtr(), valueAs<SurroundingsValue>().change);
   }
 
 private:
-  HandedOn handedOn_;
+  InheritedOverride inheritedByContent_;
 };
 
 std::unique_ptr<Node> SurroundingsValue::makeNode() const {
   return std::make_unique<SurroundingsNode>();
 }
 
-View saying(const View& content, const char* name, SurroundingsValue::Change change) {
+View withInherited(const View& content, const char* name, SurroundingsValue::Change change) {
   return modifiedView<SurroundingsValue>(content, name, std::move(change));
 }
 
@@ -55,32 +55,32 @@ constexpr const char* kSelected = "AccessibilitySelected";
 }  // namespace
 
 View modified::byForeground(const View& content, Color color) {
-  return saying(content, kForeground, [color](Inherited& next) { next.foreground = color; });
+  return withInherited(content, kForeground, [color](Inherited& next) { next.foreground = color; });
 }
 
 View modified::byFont(const View& content, const Font& font) {
-  return saying(content, kFont, [font](Inherited& next) { next.font = font; });
+  return withInherited(content, kFont, [font](Inherited& next) { next.font = font; });
 }
 
 View modified::byDisabled(const View& content, bool disabled) {
-  return saying(content, kDisabled,
-                [disabled](Inherited& next) { next.enabled = next.enabled && !disabled; });
+  return withInherited(content, kDisabled,
+                       [disabled](Inherited& next) { next.enabled = next.enabled && !disabled; });
 }
 
 View modified::byHelp(const View& content, std::string help) {
-  return saying(content, kHelp,
-                [help = std::move(help)](Inherited& next) { next.forOne.help = help; });
+  return withInherited(content, kHelp,
+                       [help = std::move(help)](Inherited& next) { next.forNearest.help = help; });
 }
 
 View modified::byAccessibilityLabel(const View& content, std::string label) {
-  return saying(content, kLabel, [label = std::move(label)](Inherited& next) {
-    next.forOne.accessibilityLabel = label;
+  return withInherited(content, kLabel, [label = std::move(label)](Inherited& next) {
+    next.forNearest.accessibilityLabel = label;
   });
 }
 
 View modified::byAccessibilitySelected(const View& content, bool selected) {
-  return saying(content, kSelected,
-                [selected](Inherited& next) { next.forOne.selected = selected; });
+  return withInherited(content, kSelected,
+                       [selected](Inherited& next) { next.forNearest.selected = selected; });
 }
 
 }  // namespace viewkit

@@ -1,13 +1,15 @@
 #include "viewkit/ViewHost.hpp"
 
+#include "passes/Describe.hpp"
+#include "passes/Editing.hpp"
 #include "passes/Runtime.hpp"
 
 #include <utility>
 
 namespace viewkit {
 
-// Whatever may call a handler keeps the runtime until the call is over: the handler may end the
-// host.
+// A handler may destroy the host. Functions that may call one therefore own the runtime until they
+// return.
 
 ViewHost::ViewHost(View root, Environment environment, const PlatformMetrics& metrics)
     : runtime_(std::make_shared<Runtime>(environment, metrics)) {
@@ -42,7 +44,7 @@ void ViewHost::pointerMoved(Point point) {
 
 void ViewHost::pointerLeft() {
   const auto runtime = runtime_;
-  runtime->pointerLeft();
+  runtime->pointerMoved(std::nullopt);
 }
 
 bool ViewHost::click(Point point) {
@@ -62,7 +64,9 @@ void ViewHost::endEditing() {
   runtime->endEditing();
 }
 
-std::vector<RefusedText> ViewHost::refusedTexts() const { return runtime_->refusedTexts(); }
+std::vector<RefusedText> ViewHost::refusedTexts() const {
+  return viewkit::refusedTexts(runtime_->root());
+}
 bool ViewHost::isAnimating() const { return runtime_->isAnimating(); }
 
 void ViewHost::advanceAnimations(std::chrono::duration<double> elapsed) {
@@ -75,7 +79,7 @@ void ViewHost::finishAnimations() {
   runtime->finishAnimations();
 }
 
-NodeDescription ViewHost::describe() const { return runtime_->root().describe({}); }
-PassCounters& ViewHost::counters() { return runtime_->counters(); }
+NodeDescription ViewHost::describe() const { return viewkit::describe(runtime_->root()); }
+PassCounters& ViewHost::counters() { return runtime_->counters; }
 
 }  // namespace viewkit

@@ -1,8 +1,8 @@
 #include "tree/CompositeNode.hpp"
 
 #include "foundation/UserDefaults.hpp"
-#include "passes/Runtime.hpp"
 #include "tree/Diagnostics.hpp"
+#include "tree/NodeServices.hpp"
 #include "viewkit/Dependents.hpp"
 
 #include <algorithm>
@@ -16,7 +16,7 @@ namespace {
 
 CompositeNode* runningNode = nullptr;
 
-// The body that runs, until the block ends, however it ends.
+// Sets the running node until the end of the block, also if the body throws.
 class Running {
 public:
   explicit Running(CompositeNode& node) : outer_(std::exchange(runningNode, &node)) {}
@@ -36,7 +36,7 @@ std::unique_ptr<Node> CompositeViewValue::makeNode() const {
 
 CompositeNode* CompositeNode::running() { return runningNode; }
 
-const PlatformMetrics& CompositeNode::metrics() const { return runtime().metrics(); }
+const PlatformMetrics& CompositeNode::metrics() const { return services().metrics; }
 
 void CompositeNode::apply(const ViewValue* before) {
   static_cast<void>(before);
@@ -50,13 +50,13 @@ void CompositeNode::apply(const ViewValue* before) {
 
 void CompositeNode::runBody() {
   if (!body_) body_ = std::make_shared<Body>(Body{.node = this});
-  ++runtime().counters().bodiesRun;
+  ++services().counters.bodiesRun;
   ++body_->run;
   stale_ = false;
   shown_ = view();
   shownIn_ = inheritedPtr();
   const View next = makeContent();
-  runtime().bodyRan(*this);
+  services().bodyRuns(*this);
   reconcile(content_, next, inheritedPtr());
 }
 
@@ -72,18 +72,19 @@ View CompositeNode::makeContent() {
 
 void CompositeNode::bodyChanged() {
   if (runningNode) {
-    reportMistake("the body of " + runningNode->kind() + " writes a value that the body of " +
-                  kind() + " reads: write it in a handler, bodies only say what is seen");
+    reportMistake("the body of " + runningNode->view().value()->kind() +
+                  " writes a value that the body of " + view().value()->kind() +
+                  " reads: write it in a handler, bodies only say what is seen");
   }
   if (isActive()) {
-    runtime().bodyChanged(*this);
+    services().markBody(*this);
   } else {
     stale_ = true;
   }
 }
 
 void CompositeNode::activeChanged() {
-  if (isActive() && stale_) runtime().bodyChanged(*this);
+  if (isActive() && stale_) services().markBody(*this);
 }
 
 bool CompositeNode::owns(const void* member) const {

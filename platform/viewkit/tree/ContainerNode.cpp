@@ -20,12 +20,11 @@ struct KeyHash {
 }  // namespace
 
 void ContainerNode::reconcileChildren(const std::vector<Children::Child>& next) {
-  // What is said for one node is said for the container as a whole.
-  if (!inherited().forOne.isEmpty()) {
-    present();
-    setAccessibility({.role = Role::group});
+  // A label, help or selection given to the container is told of it as a group.
+  if (!inherited().forNearest.isEmpty()) {
+    present().setAccessibility({.role = Role::group});
   } else if (presented()) {
-    setAccessibility({});
+    present().setAccessibility({});
   }
   const InheritedPtr inherited = inheritedByChildren();
   if (haveSameKeys(next)) {
@@ -52,7 +51,7 @@ bool ContainerNode::haveSameKeys(const std::vector<Children::Child>& next) const
 
 void ContainerNode::replaceChildren(const std::vector<Children::Child>& next,
                                     const InheritedPtr& inherited) {
-  // Several with one key are taken in their order: by position, the last resort.
+  // Children with the same key are matched by their order.
   std::unordered_multimap<ChildKey, std::size_t, KeyHash> places;
   std::vector<Child> before = std::exchange(children_, {});
   for (std::size_t i = before.size(); i-- > 0;) places.emplace(before[i].key, i);

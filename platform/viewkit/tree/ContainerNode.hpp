@@ -8,7 +8,7 @@
 
 namespace viewkit {
 
-// The node of a view with any number of children. It keeps each child's node by the child's key.
+// The node of a view with any number of children. A child's node belongs to the child's key.
 class ContainerNode : public Node {
 public:
   void visitChildren(const Visitor& visit) override {
@@ -17,7 +17,7 @@ public:
 
 protected:
   void reconcileChildren(const std::vector<Children::Child>& next);
-  // The children that there is anything of.
+  // The nodes of the children that are not empty.
   const std::vector<Node*>& children() const { return nodes_; }
 
 private:

@@ -9,14 +9,14 @@ namespace viewkit {
 template <class Signature>
 class FunctionRef;
 
-// Something that can be called, for as long as the call lasts that it is an argument of. Unlike a
-// function object that owns what it calls it is never allocated.
+// A reference to something callable, for a parameter that is called before the function returns. It
+// never allocates, unlike std::function, because it does not own what it calls.
 template <class Result, class... Arguments>
 class FunctionRef<Result(Arguments...)> {
 public:
   template <class Callable>
     requires(!std::is_same_v<std::remove_cvref_t<Callable>, FunctionRef>)
-  // NOLINTNEXTLINE(google-explicit-constructor): a lambda is passed as it stands
+  // NOLINTNEXTLINE(google-explicit-constructor): callers pass a lambda as the argument
   FunctionRef(Callable&& callable)
       : callable_(const_cast<void*>(static_cast<const void*>(std::addressof(callable)))),
         call_([](void* object, Arguments... arguments) -> Result {

@@ -11,34 +11,35 @@
 
 namespace viewkit {
 
-// What a view says for everything inside it. Shared along a branch of the tree and never changed: a
-// modifier that says something makes a copy for what it contains.
+// What a node gets from the nodes around it. A branch of the tree shares one immutable value; a
+// modifier that changes something for its content makes a changed copy, see InheritedOverride.
 struct Inherited {
   Environment environment;
   Color foreground = Color::primary();
   Font font = Font::body();
   bool enabled = true;
-  // What a node above tells assistive technology of itself, instead of the nodes that it contains.
+  // How much of its contents a node around speaks for: assistive technology is told of that node
+  // instead of them.
   enum class SpokenFor { nothing, allButControls, everything };
   SpokenFor spokenFor = SpokenFor::nothing;
 
-  // For the first node below that can carry them, not for everything below that one.
-  struct ForOne {
+  // Applies to the nearest descendant that has a presentation, and stops there.
+  struct ForNearest {
     std::string help;
     std::string accessibilityLabel;
     std::optional<bool> selected;
 
     bool isEmpty() const { return help.empty() && accessibilityLabel.empty() && !selected; }
-    friend bool operator==(const ForOne&, const ForOne&) = default;
+    friend bool operator==(const ForNearest&, const ForNearest&) = default;
   };
-  ForOne forOne = {};
-  // Null where a body that throws ends the update.
+  ForNearest forNearest = {};
+  // Null outside of an error boundary, where a body that throws ends the update.
   ErrorView errorView = nullptr;
 
   friend bool operator==(const Inherited& a, const Inherited& b) {
     return isSame(a.environment, b.environment) && a.foreground == b.foreground &&
            a.font == b.font && a.enabled == b.enabled && a.spokenFor == b.spokenFor &&
-           a.forOne == b.forOne && a.errorView == b.errorView;
+           a.forNearest == b.forNearest && a.errorView == b.errorView;
   }
 
 private:
@@ -50,22 +51,22 @@ private:
 
 using InheritedPtr = std::shared_ptr<const Inherited>;
 
-// What one node hands on in place of what it was given. It stays the same handle as long as it says
-// the same, so that nothing below notices.
-class HandedOn {
+// The changed copy that one node gives its content. Nodes compare what they inherit by address, so
+// the copy is replaced only when its value changes.
+class InheritedOverride {
 public:
   // `change` is applied to a copy of what came from above.
   template <class Change>
-  const InheritedPtr& from(const InheritedPtr& above, Change change) {
+  const InheritedPtr& of(const InheritedPtr& above, Change change) {
     Inherited next = *above;
     change(next);
-    if (!handedOn_ || !(next == *handedOn_))
-      handedOn_ = std::make_shared<const Inherited>(std::move(next));
-    return handedOn_;
+    if (!changed_ || !(next == *changed_))
+      changed_ = std::make_shared<const Inherited>(std::move(next));
+    return changed_;
   }
 
 private:
-  InheritedPtr handedOn_;
+  InheritedPtr changed_;
 };
 
 }  // namespace viewkit

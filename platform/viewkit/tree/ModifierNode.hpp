@@ -7,7 +7,7 @@
 
 namespace viewkit {
 
-// The description of a view that is one other view with something added.
+// The description of a modified view: its content with something added.
 class ModifierValue : public ViewValue {
 public:
   explicit ModifierValue(View content) : content(std::move(content)) {}
@@ -15,15 +15,15 @@ public:
   const View content;
 };
 
-// The node of such a view. As it stands it lets its content be measured and placed as if there were
-// nothing around it; each modifier says only what it does otherwise.
+// The node of a modified view. It measures and places its content as if it were not there; each
+// modifier overrides what it does otherwise.
 class ModifierNode : public Node {
 public:
   void visitChildren(const Visitor& visit) override {
     if (content_) visit(*content_);
   }
-  // Its answers are its content's, unless the modifier measures otherwise.
-  bool answersForItself() const override { return false; }
+  // The measurements are those of the content; a modifier that changes them overrides this.
+  bool cachesMeasurements() const override { return false; }
 
 protected:
   void apply(const ViewValue* before) override {
@@ -40,7 +40,7 @@ protected:
     if (content_) placeChild(*content_, {}, size());
   }
 
-  // What the content inherits: what this node did, unless the modifier changes it.
+  // What the content inherits: the same as this node, unless the modifier changes it.
   virtual const InheritedPtr& inheritedByContent() { return inheritedPtr(); }
 
   Node* content() const { return content_.get(); }
@@ -49,7 +49,7 @@ private:
   std::unique_ptr<Node> content_;
 };
 
-// A view of a modifier, unless there is nothing to modify.
+// The content with the modifier `Value`, made from the arguments; empty if the content is empty.
 template <class Value, class... Arguments>
 View modifiedView(const View& content, Arguments&&... arguments) {
   return content.isEmpty()

@@ -4,7 +4,7 @@
 
 namespace viewkit {
 
-// The window's own view around the root view: it always has a presentation.
+// The node around the root view. It always has a presentation, and is as large as the window.
 class RootValue final : public ModifierValue {
 public:
   using ModifierValue::ModifierValue;

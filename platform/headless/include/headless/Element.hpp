@@ -12,27 +12,27 @@ namespace headless {
 
 class Window;
 
-// Something was asked of an element that is not in the window. The message says what was looked
-// for, and what there is instead.
+// Thrown when an element that is not in the window is used. The message says what was searched for
+// and what the window has instead.
 class NoSuchElement : public std::runtime_error {
 public:
   using std::runtime_error::runtime_error;
 };
 
-// One thing in a window, as assistive technology knows it: a handle by value, valid as long as its
-// window lives, that always tells what the thing is at this moment.
+// An element of a window as assistive technology knows it. It is a handle by value that reads the
+// current state of the window at each call; the window outlives it.
 //
-// A search that finds nothing, or several where one was meant, gives an element that does not
-// exist; so is one whose view has gone. Asking such an element for anything but `exists`, `problem`
-// and `id` throws NoSuchElement, which a test need not catch.
+// A search that finds nothing, or several elements where one is expected, returns an element that
+// does not exist. An element stops existing when its view is removed. On such an element every call
+// but `exists`, `problem` and `id` throws NoSuchElement.
 class Element {
 public:
   bool exists() const { return problem().empty(); }
-  // Why it does not exist; empty when it does.
+  // Why the element does not exist. Empty if it does.
   std::string problem() const;
 
   viewkit::Role role() const;
-  // Its accessibility label; where it has none, its help text.
+  // The accessibility label, or the help text if there is no label.
   std::string label() const;
   std::string value() const;
   std::string help() const;
@@ -67,7 +67,7 @@ private:
 
   const Window* window_;
   viewkit::NodeId id_ = 0;
-  // What it was when it was found; for one that was not found, why.
+  // The description of the element when it was found, or why it was not found.
   std::string text_;
 };
 

@@ -8,8 +8,8 @@ namespace viewkit {
 // How long the default animation takes.
 inline constexpr std::chrono::duration<double> kDefaultAnimationDuration{0.25};
 
-// What the changes made meanwhile bring into view or take out of it fades, in the update that shows
-// them. With reduced motion it is there, or gone, at once.
+// Calls `changes`. The views that these changes insert or remove fade in or out in the update that
+// shows them; with reduced motion they do so at once.
 void withAnimation(const std::function<void()>& changes);
 
 }  // namespace viewkit

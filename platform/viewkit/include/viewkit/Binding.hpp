@@ -6,8 +6,8 @@
 
 namespace viewkit {
 
-// A value that lives elsewhere, to be read and written. Reading it in a body makes the body depend
-// on what it reads. Copies share the two functions.
+// Read and write access to a value that is stored elsewhere. A body that reads it runs again when
+// the value changes. Copies share the two functions.
 template <class T>
 class Binding {
 public:

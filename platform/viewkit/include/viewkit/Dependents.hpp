@@ -8,14 +8,14 @@ namespace viewkit {
 
 struct Body;
 
-// The bodies that read a value, each in its last run. Whatever holds a value that bodies read holds
-// one of these.
+// The bodies that have read a value in their last run. Every holder of a value that bodies read has
+// one. Main thread only.
 class Dependents {
 public:
-  // The body that is running now reads the value. Outside of a body this does nothing.
+  // Records that the running body reads the value. Does nothing outside of a body.
   void recordRead();
 
-  // The value changed: every body that read it is marked to run again.
+  // To be called after the value has changed: marks every body that read it to run again.
   void markAll();
 
 private:
@@ -25,7 +25,7 @@ private:
     std::uint64_t run = 0;
   };
 
-  // By the address of the body, which no other one takes as long as the reader is here.
+  // Sorted by the body; a weak pointer keeps the identity of an expired body unique.
   std::vector<Reader> readers_;
 };
 

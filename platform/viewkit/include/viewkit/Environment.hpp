@@ -7,7 +7,7 @@
 
 namespace viewkit {
 
-// What surrounds a view: the same for a whole window.
+// The settings that all views of a window share.
 struct Environment {
   // The preferences store that stored preferences are bound to. It outlives every view.
   std::reference_wrapper<QEVSettings::PreferencesStore> defaultStore;

@@ -6,14 +6,14 @@ namespace viewkit {
 
 class View;
 
-// Makes the view that stands in for one whose body threw.
+// Makes the view that replaces one whose body threw.
 using ErrorView = View (*)(const std::exception_ptr& thrown);
 
-// The content, in which `errorView` stands in for each view whose body throws. Outside of such a
-// boundary the exception ends the update and reaches whoever asked for it.
+// The content, with `errorView` in place of each view inside whose body throws. Outside of a
+// boundary the exception ends the update and reaches the caller of ViewHost::update.
 //
-//     errorBoundary(plugIn.controls(), [](const std::exception_ptr&) { return View(Text("Error"));
-//     })
+//     errorBoundary(plugIn.controls(),
+//                   [](const std::exception_ptr&) { return View(Text("Error")); })
 View errorBoundary(const View& content, ErrorView errorView);
 
 }  // namespace viewkit

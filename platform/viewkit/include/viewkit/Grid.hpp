@@ -12,7 +12,7 @@ struct GridRow {
   Children cells;
   // Above and below the cells of the row, inside of it.
   double verticalPadding = 0;
-  // Where rows come and go: what tells one from another.
+  // Identifies the row where rows are inserted and removed.
   std::optional<ViewId> id = std::nullopt;
 };
 
@@ -23,8 +23,8 @@ struct GridOptions {
   double verticalSpacing = 8;
 };
 
-// Cells in rows and columns: each column as wide as its widest cell needs, each row as high as its
-// highest. Where there is width to spare it goes to the columns whose cells can use it.
+// Cells in rows and columns. A column is as wide as its widest cell, a row as high as its highest.
+// Spare width goes to the columns whose cells can use it.
 View Grid(const GridOptions& options, std::vector<GridRow> rows);
 
 }  // namespace viewkit

@@ -6,27 +6,27 @@
 
 namespace viewkit {
 
-// What became of a key press. `closesWindow` asks the back end to close the window.
+// The result of a key press. `closesWindow` asks the back end to close the window.
 enum class KeyOutcome { passedOn, handled, closesWindow };
 
-// Decides what a key does in a window, the same in every back end. A back end asks after the
-// application's monitors and before the control that has the keyboard, which gets what is passed
-// on.
+// Decides what a key press does in a window, the same in every back end. A back end calls it after
+// the application's monitors and before the control that has the focus, which gets the key if it is
+// passed on.
 //
-//     Escape                          the topmost popover closes; else a text that was not
-//     committed, or
-//                                     was refused, is replaced by the stored one; else the window
-//                                     closes
-//     F1                              the first help button is pressed
-//     Ctrl+Tab, Ctrl+Page Down        the next tab of the first tab view, with Shift or Page Up the
-//     last Ctrl+W                          the window closes
+//     Escape                   closes the topmost popover; else restores the stored text of the
+//                              focused field, if it was not committed or was refused; else closes
+//                              the window
+//     F1                       presses the first help button
+//     Ctrl+Tab, Ctrl+PageDown  selects the next tab of the first tab view
+//     Ctrl+Shift+Tab, Ctrl+PageUp  selects the previous one
+//     Ctrl+W                   closes the window
 //
-// `focused` is the node that has the keyboard, 0 for none. A text field inside of the popover comes
-// before the popover. Views that wait to be updated are updated first. Main thread.
+// `focused` is the node that has the focus, 0 for none. A field inside of the popover is restored
+// before the popover closes. A pending update of the views is run first. Main thread only.
 KeyOutcome routeKey(ViewHost& host, const appkit::Event& press, NodeId focused);
 
-// Whether the key opens a closed menu that has the keyboard: Space, Return, Alt+Down and F4. A
-// plain arrow key does not. A back end hands such a key to the menu, and to no monitor.
+// Whether the key opens the focused menu: Space, Return, Alt+Down and F4 do, a plain arrow key does
+// not. A back end hands such a key to the menu, and to no monitor.
 bool opensMenu(const appkit::Event& press);
 
 }  // namespace viewkit

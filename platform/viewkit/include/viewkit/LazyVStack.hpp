@@ -8,15 +8,15 @@
 
 namespace viewkit {
 
-// The rows of a lazy stack: how many, and each when it is needed. Row i has the id i.
+// The number of rows, and a function that makes a row when it is needed. Row i has the id i.
 struct LazyRows {
   std::size_t count = 0;
   std::function<View(std::size_t)> row;
 };
 
-// Rows one under the other, of which only those in sight of the surrounding scroll view are built,
-// a few more at both ends: ten rows and ten thousand cost the same. Rows not seen yet count as high
-// as the average of those that were.
+// Rows one under the other. Only the rows in sight of the surrounding scroll view are built, and a
+// few more at both ends, so the cost does not depend on the number of rows. The height of a row
+// that was never built is estimated as the average of the others.
 View LazyVStack(const VStackOptions& options, LazyRows rows);
 
 }  // namespace viewkit

@@ -22,18 +22,18 @@ using appkit::Color;
 
 class View;
 
-// What tells one of several like views from another; unique among its siblings.
+// Identifies one of several views of the same type; unique among its siblings.
 using ViewId = std::variant<std::int64_t, std::string>;
 
-// A frame of fixed lengths; a length left out is the content's own.
+// A frame of fixed lengths. A length that is left out is that of the content.
 struct FixedFrame {
   std::optional<double> width = std::nullopt;
   std::optional<double> height = std::nullopt;
   Alignment alignment = {};
 };
 
-// A frame that takes what it is offered, within limits; a limit left out is the content's own
-// length.
+// A frame that takes the length that it is proposed, within limits. A limit that is left out is the
+// length of the content.
 struct FlexibleFrame {
   std::optional<double> minWidth = std::nullopt;
   std::optional<double> maxWidth = std::nullopt;
@@ -85,8 +85,10 @@ View byPopover(const View& content, const Binding<bool>& isPresented, std::funct
 EdgeInsets insets(Edges edges, double length);
 }  // namespace modified
 
-// What can be said of every view. Each modifier gives a view around the one that it is said of, so
-// the order matters: padding before a background lies inside it. Lengths are in points.
+// The modifiers of every view. Each returns a new view that contains this one, so the order
+// matters: padding before a background lies inside of it. Lengths are in points.
+//
+//     Text("Filters").padding(8).background(Color::groupBackground()).onTap(open)
 template <class Self>
 class Modifiers {
 public:
@@ -98,7 +100,7 @@ public:
   View padding(Step step) const;
   template <SpacingStep Step>
   View padding(Edges edges, Step step) const;
-  // Keeps the content at its ideal size instead of what it is offered.
+  // Keeps the content at its ideal size, whatever size is proposed.
   View fixedSize(bool horizontal = true, bool vertical = true) const;
   View background(const View& background, Alignment alignment = {}) const;
   View background(Color color) const;
@@ -109,25 +111,26 @@ public:
   // Fades in when the view is first shown.
   View opacityTransition() const;
 
-  // For this view and what it contains, unless it says otherwise itself.
+  // Apply to this view and all that it contains, where a view inside does not set its own.
   View foreground(Color color) const;
   View font(const Font& font) const;
   View disabled(bool disabled) const;
 
-  // Shown when the pointer rests on the view, and told to assistive technology.
+  // The tool tip, which assistive technology is told as well.
   View help(std::string text) const;
   View accessibilityLabel(std::string label) const;
-  // What the view is to assistive technology, together with all that it contains; the controls in a
-  // list item are told besides.
+  // Presents the view and all that it contains to assistive technology as one element of this role,
+  // labelled with the texts inside. The controls in a list item remain elements of their own.
   View accessibilityRole(Role role) const;
   View accessibilitySelected(bool selected) const;
 
-  // Called with true when the pointer enters the view's frame, with false when it leaves it or the
-  // view goes away under it.
+  // Called with true when the pointer enters the view's frame, and with false when it leaves the
+  // frame or the view disappears.
   View onHover(std::function<void(bool)> action) const;
-  // A click in the view's frame that no control and no view inside it took.
+  // Called at a click in the view's frame that no control and no view inside has taken.
   View onTap(std::function<void()> action) const;
-  // Each appearance is followed by exactly one disappearance, at the latest when the window closes.
+  // Called after the view has appeared, or disappeared. Each appearance is followed by exactly one
+  // disappearance, at the latest when the window closes.
   View onAppear(std::function<void()> action) const;
   View onDisappear(std::function<void()> action) const;
 
@@ -136,7 +139,7 @@ public:
   template <std::equality_comparable T>
   View onChange(T value, std::function<void(const T&)> action) const;
 
-  // A surface above the window, beside this view, while the binding is true.
+  // Shows the content on a surface above the window, beside this view, while the binding is true.
   View popover(const Binding<bool>& isPresented, std::function<View()> content,
                PopoverOptions options = {}) const;
 
@@ -146,8 +149,16 @@ public:
   template <class Modifier>
   View modifier(const Modifier& modifier) const;
 
-  // A new id is a new view: state starts afresh.
+  // The identity of the view. A view with another id is another view, and its state is reset.
   View id(ViewId id) const;
+
+  // The view that the function makes of this one. A modifier that is such a function needs no
+  // member here:
+  //
+  //     View framed(const View& content) { return content.padding(4).background(…); }
+  //     Text("Filters").modified(framed)
+  template <std::invocable<const View&> Modifier>
+  View modified(Modifier&& modifier) const;
 
 private:
   const Self& self() const { return static_cast<const Self&>(*this); }

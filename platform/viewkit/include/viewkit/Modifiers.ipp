@@ -151,4 +151,10 @@ View Modifiers<Self>::id(ViewId id) const {
   return modified::byId(self(), std::move(id));
 }
 
+template <class Self>
+template <std::invocable<const View&> Modifier>
+View Modifiers<Self>::modified(Modifier&& modifier) const {
+  return std::forward<Modifier>(modifier)(View(self()));
+}
+
 }  // namespace viewkit

@@ -16,8 +16,9 @@ struct TextMetrics {
   double lastBaseline = 0;
 };
 
-// What layout has to ask the platform: how large things are there. Pure: the same question has the
-// same answer until the host's environment changes.
+// The sizes that layout needs from the platform. The functions are pure: the same arguments give
+// the same answer until ViewHost::setEnvironment is called. Lengths are in points. Main thread
+// only.
 class PlatformMetrics {
 public:
   virtual ~PlatformMetrics() = default;

@@ -11,28 +11,28 @@ struct ScrollViewOptions {
   bool showsIndicators = true;
 };
 
-// A view onto content of any height, which is offered the scroll view's width. It takes the height
-// that it is offered, and starts at the top.
+// Shows a part of content of any height. The content is proposed the width of the scroll view. The
+// scroll view takes the height that it is proposed, and starts at the top.
 View ScrollView(const ScrollViewOptions& options, const View& content);
 
-// Scrolls the scroll views inside a ScrollViewReader. A copy may be kept and used as long as one
-// likes; when the reader is gone it does nothing.
+// Scrolls the scroll views inside a ScrollViewReader. A copy may outlive the reader, and does
+// nothing then.
 class ScrollProxy {
 public:
   class Target;
 
   explicit ScrollProxy(std::weak_ptr<Target> target) : target_(std::move(target)) {}
 
-  // The least scrolling that brings the view with this id into sight, at the end of the coming
-  // update: a view that this update makes is found too, a row of a lazy stack that was never built
-  // likewise.
+  // Scrolls as little as brings the view with this id into sight, after the layout of the coming
+  // update. The view may be one that this update makes, or a row of a lazy stack that was never
+  // built.
   void scrollTo(ViewId id) const;
 
 private:
   std::weak_ptr<Target> target_;
 };
 
-// Hands its content the means to scroll what is inside it.
+// Gives its content a proxy that scrolls what is inside.
 View ScrollViewReader(std::function<View(ScrollProxy)> content);
 
 }  // namespace viewkit

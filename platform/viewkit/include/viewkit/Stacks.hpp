@@ -9,16 +9,16 @@
 
 namespace viewkit {
 
-// A view's place among its siblings: its position as written, and its id where one place holds
-// many.
+// Identifies a child among its siblings: its position in the list as written, and its id where one
+// position holds several views.
 struct ChildKey {
   int position = 0;
   std::optional<ViewId> id = std::nullopt;
   friend bool operator==(const ChildKey&, const ChildKey&) = default;
 };
 
-// The children of a container in order. A place may hold a view, nothing, or the many views of a
-// `forEach`; what stands in one place never disturbs the identity of the others.
+// The children of a container in order. A place holds one view, an empty view, or the views of a
+// `forEach`. A change in one place does not affect the identity of the views in the others.
 class Children {
 public:
   struct Child {
@@ -36,7 +36,7 @@ public:
 
   private:
     friend class Children;
-    // The one view, or the many.
+    // One of the two is used.
     View view_;
     std::vector<Child> views_;
   };

@@ -31,8 +31,8 @@ struct StateSlot : Slot {
   Dependents dependents;
 };
 
-// A value that a view keeps for itself as long as it is on the screen. The value given at first
-// counts when the view appears and not again.
+// A value that a view keeps for itself as long as its identity lasts. The initial value is used
+// once, when the view is first shown.
 //
 //     struct Row {
 //       State<bool> hovering = false;
@@ -52,7 +52,7 @@ public:
   const T& get() const { return this->slot().read(); }
   operator const T&() const { return get(); }
 
-  // An equal value changes nothing; any other marks the bodies that read this one.
+  // Marks the bodies that read the value, unless it is equal.
   void set(T value) const { this->slot().write(std::move(value)); }
 
   Binding<T> binding() const {

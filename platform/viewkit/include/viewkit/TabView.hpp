@@ -29,13 +29,13 @@ View makeTabView(std::vector<TabPage> pages, std::int64_t selected,
                  std::function<void(std::int64_t)> select, View header);
 }  // namespace detail
 
-// Pages of which one is seen, under a bar of tabs. A page is built when it is first selected and
-// keeps its state as long as the tab view is there; it appears and disappears with its selection.
-// While the selection names no page that is there, the first page is seen, and the selection stays
-// as it is. Tags are values of an enumeration.
+// A bar of tabs with the selected page under it. A page is built when it is first selected and
+// keeps its state as long as the tab view exists; it appears and disappears with its selection. If
+// no page has the selected tag, the first page is shown and the selection stays as it is. Tags are
+// values of an enumeration.
 //
-// The header, if there is one, stands above the bar whichever page is seen, and is as wide as the
-// tab view. It may come and go while the pages keep their state.
+// The header, if it is not empty, is shown above the bar on every page, as wide as the tab view. It
+// may come and go while the pages keep their state.
 template <class Tag>
 View TabView(const Binding<Tag>& selection, std::vector<Tab<Tag>> tabs, View header = {}) {
   std::vector<detail::TabPage> pages;

@@ -13,22 +13,23 @@ namespace viewkit {
 
 class View;
 
-// Anything that says what it looks like.
+// A type with a body is a view.
 //
 //     struct Greeting {
 //       std::string name;
 //       View body() const { return Text("Hello, " + name).padding(8); }
 //     };
 //
-// A view's body reads the view's own members, its state and the objects it observes, and nothing
-// else that changes. Handlers that outlive the body take a copy of the view with them: `[self =
+// A body may read the view's own members, its state and the objects that it observes, and nothing
+// else that changes. Handlers outlive the body, so they capture a copy of the view: `[self =
 // *this]`.
 template <class V>
 concept Composite = requires(const V& view) {
   { view.body() } -> std::same_as<View>;
 };
 
-// A cheap handle to any view; without a view in it, it is nothing and takes no space.
+// A handle to any view, as cheap to copy as a shared pointer. An empty handle shows nothing and
+// takes no space.
 //
 //     error.empty() ? View{} : Text(error).foreground(Color::systemRed())
 class View : public Modifiers<View> {

@@ -34,9 +34,9 @@ struct PassCounters {
   std::uint64_t nodesChanged = 0;
 };
 
-// A text that its view refused, which is therefore not stored.
+// A text that its view has refused, and that is therefore not stored.
 struct RefusedText {
-  // The field's name to assistive technology.
+  // The accessibility label of the field.
   std::string label;
   std::string text;
   // Why it was refused, in the person's language.
@@ -45,7 +45,7 @@ struct RefusedText {
   friend bool operator==(const RefusedText&, const RefusedText&) = default;
 };
 
-// A tree of views at work in a window: it keeps what is on the screen equal to the root view.
+// The tree of views of one window. It keeps the presentation tree equal to the root view.
 //
 // Three passes make one update: *rebuild* runs the bodies that a write has marked, *layout*
 // measures and places what their change reaches, *present* tells the observer the difference.
@@ -59,20 +59,20 @@ public:
   ViewHost(const ViewHost&) = delete;
   ViewHost& operator=(const ViewHost&) = delete;
 
-  // The space that the window offers the root view, points. Takes effect at the next update.
+  // The size that the window proposes to the root view, in points. Takes effect at the next update.
   void setSize(Size size);
-  // What the root view takes when it is offered `proposal`.
+  // The size of the root view for this proposal.
   Size sizeThatFits(ProposedSize proposal);
 
-  // A new environment, or metrics that answer differently from now on: everything is rebuilt.
+  // Rebuilds everything. Also to be called when the metrics give other answers than before.
   void setEnvironment(Environment environment);
   const Environment& environment() const;
 
-  // Runs what is marked now instead of on the next turn.
+  // Runs the pending update now instead of on the next turn of the main queue.
   void update();
 
-  // Tells the observer of each difference, right after the update that made it. Nothing takes the
-  // observer away.
+  // The observer is called at the end of each update that changed the presentation. An empty
+  // function removes it.
   using Observer = std::function<void(const PresentationChanges&)>;
   void setObserver(Observer observer);
   const PresentationNode& presentation() const;
@@ -84,36 +84,35 @@ public:
   // on one does not come here; the pointer's movements over one do.
   void pointerMoved(Point point);
   void pointerLeft();
-  // Whether anything wanted it.
+  // Returns whether a region took the click.
   bool click(Point point);
 
-  // What a click on the node would do, for assistive technology: the node is found by id, a region
-  // that wants clicks takes it. Whether anything wanted it.
+  // Does what a click on the node would do, for assistive technology. Returns whether a region took
+  // it.
   bool press(NodeId id);
 
-  // Scrolls whatever the node stands in, as little as it takes to bring the node into sight.
+  // Scrolls every scroll view around the node as little as brings the node into sight.
   void reveal(NodeId id);
 
   // Commits each text that was changed and not committed, and brings the views up to date. A back
   // end calls it before it closes the window, and when the person's session ends.
   void endEditing();
-  // The texts that stand refused in their fields, those of hidden pages too.
+  // The refused texts that are still in their fields, on hidden pages too.
   std::vector<RefusedText> refusedTexts() const;
 
-  // Fades in progress move on by this much time. A back end calls it for each frame while
-  // `isAnimating`.
+  // Advances the fades by this much time. A back end calls it for each frame while `isAnimating`.
   bool isAnimating() const;
   void advanceAnimations(std::chrono::duration<double> elapsed);
   void finishAnimations();
 
-  // For tests and for people: the whole laid-out tree, the work done.
+  // The laid-out tree in words, and the work done. For tests and for diagnosis.
   NodeDescription describe() const;
   PassCounters& counters();
 
   class Runtime;
 
 private:
-  // Shared with the calls that are under way: a handler may destroy the host.
+  // Functions that call handlers share it until they return: a handler may destroy the host.
   std::shared_ptr<Runtime> runtime_;
 };
 

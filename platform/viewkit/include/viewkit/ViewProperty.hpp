@@ -12,23 +12,21 @@ struct Slot {
   virtual ~Slot() = default;
 };
 
-// The slot of the member at this address, made when it is first asked for; nothing when the body
-// that is running, if any, is not of the view that the member belongs to.
+// The slot of the member at this address, made on the first call. Null if no body is running, or
+// the body of a view that the member does not belong to.
 std::shared_ptr<Slot> slotInRunningBody(const void* member,
                                         const std::function<std::shared_ptr<Slot>()>& make);
 
-// Whether the member is of the view whose body is running.
+// Whether the member belongs to the view whose body is running.
 bool belongsToRunningBody(const void* member);
 
-// Stops a debug build: a property was used that belongs to no view on the screen. Returns in
-// others.
+// Reports that a property was used outside of its view. Aborts in a debug build, returns in others.
 void reportUnlinkedProperty(const std::type_info& property);
 
-// A member of a view whose contents live with the view's place on the screen, not with the view
-// value, which is made anew all the time. It finds its contents when the view's body runs, by where
-// it lies in the view, so there is nothing to register and nothing to forget. A copy made while the
-// body runs stays tied to the same contents: that is what handlers take along with `[self =
-// *this]`.
+// A member of a view whose contents live as long as the view's identity; the view value itself is
+// made anew by every body. It finds its contents while the view's body runs, by its offset in the
+// view, so there is nothing to register. A copy made while the body runs keeps the same contents:
+// handlers capture one with `[self = *this]`.
 template <class SlotType>
 class ViewProperty {
 public:
@@ -38,7 +36,7 @@ public:
   ViewProperty& operator=(ViewProperty&&) = delete;
   virtual ~ViewProperty() = default;
 
-  // Where the contents live is no part of a view's value.
+  // The contents are no part of the view's value.
   friend bool operator==(const ViewProperty&, const ViewProperty&) { return true; }
 
 protected:

@@ -10,8 +10,8 @@ namespace viewkit {
 class Node;
 class View;
 
-// What a view handle points to: an immutable description, and how to make the node that works for
-// it. Authors of views never see one; authors of new kinds of nodes derive from it.
+// The immutable description behind a View, and the factory of its node. Authors of views do not
+// need it; each kind of node derives its description from it.
 class ViewValue {
 public:
   ViewValue() = default;
@@ -20,7 +20,7 @@ public:
   virtual ~ViewValue() = default;
 
   virtual std::unique_ptr<Node> makeNode() const = 0;
-  // The view's type as a person would say it: "Text", "SettingsIconRow".
+  // The name of the view's type for people: "Text", "SettingsIconRow".
   virtual std::string kind() const = 0;
 };
 
@@ -29,9 +29,9 @@ class CompositeViewValue : public ViewValue {
 public:
   std::unique_ptr<Node> makeNode() const final;
   virtual View body() const = 0;
-  // The memory of the view: what lies in it belongs to the view, its state above all.
+  // The memory of the view, to find out which properties are its members.
   virtual std::span<const std::byte> extent() const = 0;
-  // Whether the other, of the same type, is known to have the same body.
+  // Whether the other, of the same type, is known to have the same body. False if it is unknown.
   virtual bool equals(const CompositeViewValue& other) const = 0;
 };
 

@@ -1,4 +1,5 @@
 #include "Support.hpp"
+#include "Work.hpp"
 #include "foundation/MainQueue.hpp"
 #include "foundation/ObservableObject.hpp"
 #include "support/TemporaryFolder.hpp"
@@ -19,7 +20,9 @@ namespace viewkit {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using testing::Work;
 
 struct Row {
   std::string title;
@@ -44,31 +47,7 @@ struct Rows {
   }
 };
 
-// The work of what happens between making one and asking it.
-class Work {
-public:
-  explicit Work(headless::Window& window) : window_(window) {
-    window.host().counters() = {};
-    window.host().setObserver([this](const PresentationChanges& changes) {
-      damage_.insert(damage_.end(), changes.damage.begin(), changes.damage.end());
-    });
-  }
-  ~Work() { window_.host().setObserver({}); }
-  Work(const Work&) = delete;
-  Work& operator=(const Work&) = delete;
-
-  std::vector<std::uint64_t> done() const {
-    const PassCounters& counters = window_.host().counters();
-    return {counters.bodiesRun, counters.nodesLaidOut, counters.nodesChanged};
-  }
-  const std::vector<Rect>& damage() const { return damage_; }
-
-private:
-  headless::Window& window_;
-  std::vector<Rect> damage_;
-};
-
-TEST(Invalidation, HoveringARowRunsItsBodyAndPaintsItAlone) {
+TEST(Rebuild, HoverRunsTheBodyOfOneRowAndPaintsThatRow) {
   for (const int count : {10, 1000}) {
     headless::Window window = testing::open(Rows{count}, {200, 60000});
     const Rect row{{0, 46}, {200, 23}};
@@ -85,7 +64,7 @@ TEST(Invalidation, HoveringARowRunsItsBodyAndPaintsItAlone) {
   }
 }
 
-TEST(Invalidation, GoingFromRowToRowRunsTwoBodies) {
+TEST(Rebuild, HoverFromRowToRowRunsTwoBodies) {
   headless::Window window = testing::open(Rows{10}, {200, 300});
   window.movePointer({10, 5});
   const Work work(window);
@@ -109,7 +88,7 @@ struct Preferences {
   }
 };
 
-TEST(Invalidation, ASwitchRunsTheBodiesThatReadItsKey) {
+TEST(Rebuild, StoredChangeRunsTheBodiesThatReadItsKey) {
   testing::store().setBool(false, "one");
   testing::store().setBool(false, "two");
   headless::Window window = testing::open(Preferences{});
@@ -142,7 +121,7 @@ struct OneOfTwoKeys {
   }
 };
 
-TEST(Invalidation, AViewOfAnotherKeyShowsAndWritesThatKey) {
+TEST(Rebuild, ViewWithAnotherKeyShowsAndWritesThatKey) {
   testing::store().setBool(false, "one");
   testing::store().setBool(true, "two");
   headless::Window window = testing::open(OneOfTwoKeys{});
@@ -157,7 +136,7 @@ TEST(Invalidation, AViewOfAnotherKeyShowsAndWritesThatKey) {
   EXPECT_TRUE(window.findText("off").exists());
 }
 
-TEST(Invalidation, AWriteByAnotherOwnerOfTheFileRunsTheBodiesThatReadItsKey) {
+TEST(Rebuild, WriteThroughAnotherStoreObjectRunsTheBodiesThatReadItsKey) {
   const support::TemporaryFolder folder;
   const auto ours = foundation::UserDefaults::open(folder.path() / "preferences.sqlite");
   const auto theirs = foundation::UserDefaults::open(folder.path() / "preferences.sqlite");
@@ -170,7 +149,7 @@ TEST(Invalidation, AWriteByAnotherOwnerOfTheFileRunsTheBodiesThatReadItsKey) {
   }
 }
 
-TEST(Invalidation, AWriteOfTheSameValueDoesNothing) {
+TEST(Rebuild, WriteOfTheSameValueDoesNoWork) {
   const auto control = std::make_shared<testing::Switch>();
   headless::Window window =
       testing::open(testing::Flagged{[](bool flag) { return Text(flag ? "on" : "off"); }, control});
@@ -181,7 +160,7 @@ TEST(Invalidation, AWriteOfTheSameValueDoesNothing) {
   EXPECT_THAT(work.damage(), IsEmpty());
 }
 
-TEST(Invalidation, ATextOfTheSameSizeIsPaintedAndNothingElseIsLaidOut) {
+TEST(Rebuild, TextOfTheSameSizeIsMeasuredAndPaintedAlone) {
   const auto control = std::make_shared<testing::Switch>();
   headless::Window window = testing::open(VStack(
       {}, {Text("before"),
@@ -214,14 +193,14 @@ struct Owning {
   }
 };
 
-TEST(Invalidation, ModelsAreSeenAfterTheyChanged) {
+TEST(Rebuild, ChangeOfAModelIsShown) {
   headless::Window window = testing::open(Owning{});
   window.click(window.find(Role::button, "more"));
   window.click(window.find(Role::button, "more"));
   EXPECT_TRUE(window.findText("number 3").exists());
 }
 
-TEST(Invalidation, AnotherModelIsWatchedInsteadOfTheFirst) {
+TEST(Rebuild, ViewWithAnotherModelNoLongerObservesTheFirst) {
   const auto first = std::make_shared<Model>();
   const auto second = std::make_shared<Model>();
   const auto control = std::make_shared<testing::Switch>();
@@ -238,61 +217,21 @@ TEST(Invalidation, AnotherModelIsWatchedInsteadOfTheFirst) {
   EXPECT_TRUE(window.findText("number 8").exists());
 }
 
-TEST(Invalidation, OnChangeIsToldOfDifferencesOnly) {
-  std::vector<int> told;
-  const auto model = std::make_shared<Model>();
-  struct Telling {
-    ObservedObject<Model> model;
-    std::vector<int>* told;
-    View body() const {
-      return Text(std::to_string(model->other))
-          .onChange<int>(model->number, [told = told](const int& n) { told->push_back(n); });
-    }
-  };
-  headless::Window window = testing::open(Telling{model, &told});
-  EXPECT_THAT(told, IsEmpty());
-  model->other = 5;
-  window.settle();
-  model->number = 2;
-  model->number = 3;
-  window.settle();
-  EXPECT_THAT(told, ElementsAre(3));
-}
+struct WritingBody {
+  State<int> count = 0;
+  View body() const {
+    if (count < 3) count.set(count + 1);
+    return Text("count " + std::to_string(count));
+  }
+};
 
-TEST(Invalidation, AnswersToAChangeAreShownInTheSameUpdate) {
-  struct Echo {
-    State<int> source = 0;
-    State<int> echo = 0;
-    View body() const {
-      return VStack({}, {Button("go", [self = *this] { self.source.set(4); }),
-                         Text("echo " + std::to_string(echo))})
-          .onChange<int>(source, [self = *this](const int& value) { self.echo.set(value); });
-    }
-  };
-  headless::Window window = testing::open(Echo{});
-  int updates = 0;
-  window.host().setObserver([&](const PresentationChanges&) { ++updates; });
-  window.click(window.find(Role::button, "go"));
-  EXPECT_TRUE(window.findText("echo 4").exists());
-  EXPECT_EQ(updates, 1);
-  window.host().setObserver({});
-}
-
-TEST(Invalidation, DamageCoversWhatWasAndWhatIs) {
-  const auto control = std::make_shared<testing::Switch>();
-  headless::Window window = testing::open(testing::Flagged{
-      [](bool moved) {
-        return RoundedRectangle()
-            .fill(Color::accent())
-            .frame({.width = 10, .height = 10})
-            .padding(Edges::leading, moved ? 100 : 20)
-            .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::topLeading()});
-      },
-      control});
-  const Work work(window);
-  control->set(true);
+TEST(Rebuild, WriteInABodyIsReportedAndShownByTheNextUpdate) {
+  ::testing::internal::CaptureStderr();
+  headless::Window window = testing::open(WritingBody{});
   window.settle();
-  EXPECT_THAT(work.damage(), ElementsAre(Rect{{20, 0}, {10, 10}}, Rect{{100, 0}, {10, 10}}));
+  EXPECT_THAT(::testing::internal::GetCapturedStderr(),
+              HasSubstr("the body of WritingBody writes"));
+  EXPECT_TRUE(window.findText("count 3").exists());
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ const ScrollControl& scrolled(const headless::Window& window) {
   return std::get<ScrollControl>(*window.find(Role::scrollArea).content().control());
 }
 
-TEST(LazyVStack, BuildsWhatIsInSightHoweverManyRowsThereAre) {
+TEST(LazyVStack, WorkDoesNotDependOnTheNumberOfRows) {
   PassCounters first;
   for (const std::size_t count : {100U, 10000U}) {
     headless::Window window = testing::open(List{.count = count}, {120, 220});
@@ -65,7 +65,7 @@ TEST(LazyVStack, BuildsWhatIsInSightHoweverManyRowsThereAre) {
   }
 }
 
-TEST(LazyVStack, FindsRowsThatWereNeverBuilt) {
+TEST(Scroll, RowThatWasNeverBuiltIsScrolledIntoSight) {
   const List list{.count = 10000,
                   .height = [](std::size_t i) { return 20.0 + static_cast<double>(i % 7) * 5; }};
   headless::Window window = testing::open(list, {120, 220});
@@ -79,7 +79,7 @@ TEST(LazyVStack, FindsRowsThatWereNeverBuilt) {
   }
 }
 
-TEST(LazyVStack, ScrollsByLeastToShowARow) {
+TEST(Scroll, RowIsScrolledIntoSightByTheLeastDistance) {
   const List list{.count = 100};
   headless::Window window = testing::open(list, {120, 220});
   (*list.scrollTo)(std::int64_t{12});
@@ -90,7 +90,7 @@ TEST(LazyVStack, ScrollsByLeastToShowARow) {
   EXPECT_EQ(scrolled(window).offset.y, 12 * 22 + 20 - 220);
 }
 
-TEST(LazyVStack, RowsInSightStayWhereTheyAreWhenThoseAboveAreMeasured) {
+TEST(LazyVStack, MeasuringRowsAboveDoesNotMoveTheRowsInSight) {
   const List list{.count = 1000, .height = [](std::size_t i) { return i < 500 ? 60.0 : 20.0; }};
   headless::Window window = testing::open(list, {120, 220});
   (*list.scrollTo)(std::int64_t{700});
@@ -105,7 +105,7 @@ TEST(LazyVStack, RowsInSightStayWhereTheyAreWhenThoseAboveAreMeasured) {
   }
 }
 
-TEST(LazyVStack, FollowsTheNumberOfRows) {
+TEST(LazyVStack, FewerRowsMoveTheOffsetBackIntoBounds) {
   const auto control = std::make_shared<testing::Switch>();
   headless::Window window = testing::open(
       testing::Flagged{[](bool few) -> View { return List{.count = few ? 3U : 1000U}; }, control},
@@ -120,7 +120,7 @@ TEST(LazyVStack, FollowsTheNumberOfRows) {
   EXPECT_TRUE(window.findText("row 4").exists());
 }
 
-TEST(ScrollView, StaysWithinItsContent) {
+TEST(ScrollView, OffsetStaysWithinTheContent) {
   headless::Window window = testing::open(
       ScrollView({}, RoundedRectangle().frame({.width = 50, .height = 500})), {100, 200});
   window.scroll(window.find(Role::scrollArea), 1000);
@@ -131,7 +131,7 @@ TEST(ScrollView, StaysWithinItsContent) {
   EXPECT_EQ(scrolled(window).offset.y, 0);
 }
 
-TEST(ScrollView, RevealsWhatIsOutOfSightThroughEveryScrollViewAroundIt) {
+TEST(Scroll, RevealScrollsEveryScrollViewAroundTheNode) {
   const View inner =
       ScrollView({}, VStack({.spacing = 0},
                             {RoundedRectangle().frame({.width = 50, .height = 300}), Text("deep")}))
@@ -147,7 +147,7 @@ TEST(ScrollView, RevealsWhatIsOutOfSightThroughEveryScrollViewAroundIt) {
   EXPECT_LE(frame.maxY(), 200);
 }
 
-TEST(ScrollProxy, DoesNothingWhenItsReaderIsGone) {
+TEST(Scroll, ProxyDoesNothingAfterItsReaderIsGone) {
   const List list{.count = 10};
   { const headless::Window window = testing::open(list); }
   (*list.scrollTo)(std::int64_t{3});

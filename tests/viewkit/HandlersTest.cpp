@@ -1,12 +1,13 @@
 #include "Support.hpp"
 #include "foundation/MainQueue.hpp"
+#include "foundation/ObservableObject.hpp"
 #include "viewkit/Controls.hpp"
+#include "viewkit/ObservedObject.hpp"
 #include "viewkit/Stacks.hpp"
 
 #include <gmock/gmock.h>
 
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,8 +16,53 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using ::testing::IsEmpty;
 
-// What a view's author gets wrong must neither crash nor hang, and is said.
+class Model : public foundation::ObservableObject {
+public:
+  foundation::Published<int> number{*this, 1};
+  foundation::Published<int> other{*this, 1};
+};
+
+TEST(Handlers, OnChangeIsCalledOncePerUpdateThatChangesTheValue) {
+  std::vector<int> told;
+  const auto model = std::make_shared<Model>();
+  struct Telling {
+    ObservedObject<Model> model;
+    std::vector<int>* told;
+    View body() const {
+      return Text(std::to_string(model->other))
+          .onChange<int>(model->number, [told = told](const int& n) { told->push_back(n); });
+    }
+  };
+  headless::Window window = testing::open(Telling{model, &told});
+  EXPECT_THAT(told, IsEmpty());
+  model->other = 5;
+  window.settle();
+  model->number = 2;
+  model->number = 3;
+  window.settle();
+  EXPECT_THAT(told, ElementsAre(3));
+}
+
+TEST(Handlers, WriteInAChangeHandlerIsShownInTheSameUpdate) {
+  struct Echo {
+    State<int> source = 0;
+    State<int> echo = 0;
+    View body() const {
+      return VStack({}, {Button("go", [self = *this] { self.source.set(4); }),
+                         Text("echo " + std::to_string(echo))})
+          .onChange<int>(source, [self = *this](const int& value) { self.echo.set(value); });
+    }
+  };
+  headless::Window window = testing::open(Echo{});
+  int updates = 0;
+  window.host().setObserver([&](const PresentationChanges&) { ++updates; });
+  window.click(window.find(Role::button, "go"));
+  EXPECT_TRUE(window.findText("echo 4").exists());
+  EXPECT_EQ(updates, 1);
+  window.host().setObserver({});
+}
 
 struct Chasing {
   State<int> count = 0;
@@ -26,7 +72,7 @@ struct Chasing {
   }
 };
 
-TEST(Mistakes, HandlersThatChangeWhatTheyAreToldOfAreStopped) {
+TEST(Handlers, ChangeHandlersThatCauseEachOtherWithoutEndAreStopped) {
   headless::Window window = testing::open(Chasing{});
   ::testing::internal::CaptureStderr();
   window.click(window.find(Role::button));
@@ -35,43 +81,6 @@ TEST(Mistakes, HandlersThatChangeWhatTheyAreToldOfAreStopped) {
   EXPECT_FALSE(foundation::MainQueue::mainQueue().drain());
   EXPECT_EQ(window.find(Role::button).label(), "go 1");
 }
-
-struct WritingBody {
-  State<int> count = 0;
-  View body() const {
-    if (count < 3) count.set(count + 1);
-    return Text("count " + std::to_string(count));
-  }
-};
-
-TEST(Mistakes, AWriteInABodyIsSeenLaterAndReported) {
-  ::testing::internal::CaptureStderr();
-  headless::Window window = testing::open(WritingBody{});
-  window.settle();
-  EXPECT_THAT(::testing::internal::GetCapturedStderr(),
-              HasSubstr("the body of WritingBody writes"));
-  EXPECT_TRUE(window.findText("count 3").exists());
-}
-
-TEST(Mistakes, TwoWithOneIdAreToldApartByPosition) {
-  ::testing::internal::CaptureStderr();
-  const std::vector<int> twins{1, 1, 2};
-  headless::Window window =
-      testing::open(VStack({}, {forEach(
-                                   twins, [](int i) { return i; },
-                                   [](int i) { return Text("row " + std::to_string(i)); })}));
-  EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("have the id 1"));
-  EXPECT_EQ(window.findAll(Role::text).size(), 3U);
-}
-
-#ifndef NDEBUG
-TEST(MistakesDeathTest, StateOutsideOfAViewStops) {
-  const State<int> loose = 0;
-  EXPECT_DEATH(static_cast<void>(loose.get()), "State is used outside of the view");
-}
-#endif
-
-// What a handler may do to the tree that it was called from.
 
 struct Vanishing {
   State<bool> there = true;
@@ -87,7 +96,7 @@ struct Vanishing {
   }
 };
 
-TEST(Handlers, MayTakeAwayTheirOwnControl) {
+TEST(Handlers, HandlerMayRemoveItsOwnControl) {
   headless::Window* reached = nullptr;
   headless::Window window = testing::open(Vanishing{.also = [&] { reached->host().update(); }});
   reached = &window;
@@ -95,7 +104,7 @@ TEST(Handlers, MayTakeAwayTheirOwnControl) {
   EXPECT_TRUE(window.findText("gone").exists());
 }
 
-TEST(Handlers, MayTakeAwayTheRegionThatWasClicked) {
+TEST(Handlers, HandlerMayRemoveTheClickedRegion) {
   headless::Window* reached = nullptr;
   struct Region {
     State<bool> there = true;
@@ -115,7 +124,7 @@ TEST(Handlers, MayTakeAwayTheRegionThatWasClicked) {
   EXPECT_TRUE(window.findText("gone").exists());
 }
 
-TEST(Handlers, MayEndTheHost) {
+TEST(Handlers, HandlerMayDestroyTheHost) {
   const headless::Metrics metrics;
   std::vector<std::string> log;
   std::unique_ptr<ViewHost> host;
@@ -128,35 +137,6 @@ TEST(Handlers, MayEndTheHost) {
   foundation::MainQueue::mainQueue().drainAll();
   EXPECT_EQ(host, nullptr);
   EXPECT_THAT(log, ElementsAre("+b", "-a", "-b"));
-}
-
-TEST(Handlers, ThePointerLeavesWhatVanishesUnderIt) {
-  std::vector<bool> told;
-  const auto control = std::make_shared<testing::Switch>();
-  headless::Window window = testing::open(testing::Flagged{
-      [&](bool gone) {
-        return gone ? View(Text("other"))
-                    : Text("hovered").onHover([&](bool inside) { told.push_back(inside); });
-      },
-      control});
-  window.movePointer({5, 5});
-  control->set(true);
-  window.settle();
-  EXPECT_THAT(told, ElementsAre(true, false));
-}
-
-TEST(Handlers, ARegionThatFleesThePointerDoesNotHang) {
-  struct Fleeing {
-    State<bool> away = false;
-    View body() const {
-      return Text("flee")
-          .onHover([self = *this](bool inside) { self.away.set(inside); })
-          .padding(Edges::leading, away ? 300 : 0);
-    }
-  };
-  headless::Window window = testing::open(Fleeing{});
-  window.movePointer({5, 5});
-  EXPECT_FALSE(foundation::MainQueue::mainQueue().drain());
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "tree/VisualDescription.hpp"
+#include "passes/VisualDescription.hpp"
 
 #include <array>
 #include <charconv>

@@ -1,0 +1,119 @@
+#include "passes/Animation.hpp"
+
+#include "passes/Present.hpp"
+#include "passes/ScopedFlag.hpp"
+#include "viewkit/Animation.hpp"
+
+#include <algorithm>
+#include <utility>
+#include <variant>
+
+namespace viewkit {
+
+namespace {
+
+bool withinAnimation = false;
+
+// The part of a fade that is done, slow at both ends.
+double progress(double seconds) {
+  const double t = std::clamp(seconds / kDefaultAnimationDuration.count(), 0.0, 1.0);
+  return t * t * (3 - 2 * t);
+}
+
+bool isOver(double seconds) { return seconds >= kDefaultAnimationDuration.count(); }
+
+// A node without a presentation fades by the presentations within it.
+void setFade(Node& node, double fade) {
+  if (Presented* presented = node.presented()) {
+    presented->setFade(fade);
+  } else {
+    node.visitShownChildren([&](Node& child) { setFade(child, fade); });
+  }
+}
+
+}  // namespace
+
+void withAnimation(const std::function<void()>& changes) {
+  const ScopedFlag animation(withinAnimation, true);
+  changes();
+}
+
+bool isWithinAnimation() { return withinAnimation; }
+
+void AnimationPass::childInserted(Node& child) {
+  if (isAnimated_) fadeIn(child);
+}
+
+void AnimationPass::childRemoved(Node& child, Node& presenting) {
+  if (!isAnimated_ || reducedMotion_ || !child.isActive()) return;
+  FadeOut out{.presenting = &presenting, .pictures = {}};
+  std::vector<Presented*> leaving;
+  if (child.presented()) {
+    leaving.push_back(child.presented());
+  } else {
+    collectPresented(child, leaving);
+  }
+  for (const Presented* each : leaving) {
+    if (each->screen.isShown) takePicture(out, each->node, &presenting.presented()->node);
+  }
+  if (!out.pictures.empty()) out_.push_back(std::move(out));
+}
+
+PresentationNode& AnimationPass::takePicture(FadeOut& out, const PresentationNode& original,
+                                             const PresentationNode* parent) {
+  PresentationNode& picture =
+      *out.pictures.emplace_back(std::make_unique<PresentationNode>(original));
+  picture.id = 0;
+  picture.parent = parent;
+  picture.accessibility = {};
+  picture.tooltip.clear();
+  picture.children.clear();
+  if (picture.control()) picture.content = std::monostate();
+  for (const PresentationNode* child : original.children) {
+    if (child->id != 0) picture.children.push_back(&takePicture(out, *child, &picture));
+  }
+  return picture;
+}
+
+void AnimationPass::fadeIn(Node& node) {
+  if (reducedMotion_) return;
+  setFade(node, 0);
+  in_.push_back({.node = &node});
+}
+
+void AnimationPass::advance(std::chrono::duration<double> elapsed, PresentPass& present) {
+  for (FadeIn& in : in_) {
+    in.elapsed += elapsed.count();
+    setFade(*in.node, progress(in.elapsed));
+  }
+  std::erase_if(in_, [](const FadeIn& in) { return isOver(in.elapsed); });
+  for (FadeOut& out : out_) {
+    out.elapsed += elapsed.count();
+    for (const auto& picture : out.pictures) {
+      if (picture->parent == &out.presenting->presented()->node)
+        picture->opacity = 1 - progress(out.elapsed);
+      present.addDamage(visibleFrame(*picture));
+    }
+    if (isOver(out.elapsed) && !std::exchange(out.presenting->marks.children, true))
+      present.markChildren(*out.presenting);
+  }
+  std::erase_if(out_, [](const FadeOut& out) { return isOver(out.elapsed); });
+}
+
+void AnimationPass::nodeGone(const Node& node) {
+  if (!isRunning()) return;
+  std::erase_if(in_, [&](const FadeIn& in) { return in.node == &node; });
+  std::erase_if(out_, [&](const FadeOut& out) { return out.presenting == &node; });
+}
+
+void AnimationPass::appendPicturesIn(const Node& presenting,
+                                     std::vector<const PresentationNode*>& into) const {
+  for (const FadeOut& out : out_) {
+    if (out.presenting != &presenting) continue;
+    for (const auto& picture : out.pictures) {
+      if (picture->parent == &presenting.presented()->node) into.push_back(picture.get());
+    }
+  }
+}
+
+}  // namespace viewkit
