@@ -265,14 +265,15 @@ void RandomWalk::typeInField(SettingsWindow& window) {
   const auto element = window->find(Role::textField, field.label);
   if (!field.isEnabled(values)) return;
   const auto& text = oneOf(field.texts);
-  const std::string before = element.value();
   taken_.back() += std::string(": ") + field.label + " \"" + text.typed + '"';
   window->click(element);
   commit(window);
   window->selectAll();
   if (*text.typed == '\0') window->press(Key::deleteBackward);
   window->type(text.typed);
-  if (before != text.typed) window.typed[field.label] = text.typed;
+  window.typed.erase(field.label);
+  // A text like the stored one is nothing to commit.
+  if (field.shown(values) != text.typed) window.typed[field.label] = text.typed;
   window.typing = field.label;
   meanwhile([this] { changeElsewhere(); });
   if (!window.typed.contains(field.label)) return;
