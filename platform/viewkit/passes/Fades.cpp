@@ -26,23 +26,26 @@ void Fades::fadeIn(Node& node) {
   in_.push_back({.node = &node});
 }
 
-PresentationNode& Fades::takePicture(Out& out, const PresentationNode& original,
-                                     const PresentationNode* parent) {
+PresentationNode& Fades::takePicture(Out& out, const Node::Presented& original,
+                                     const PresentationNode* parent, const Presenter& presenter) {
   PresentationNode& picture =
-      *out.pictures.emplace_back(std::make_unique<PresentationNode>(original));
+      *out.pictures.emplace_back(std::make_unique<PresentationNode>(original.node));
   picture.id = 0;
   picture.parent = parent;
   picture.accessibility = {};
   picture.tooltip.clear();
   picture.children.clear();
   if (picture.control()) picture.content = std::monostate();
-  for (const PresentationNode* child : original.children) {
-    if (child->id != 0) picture.children.push_back(&takePicture(out, *child, &picture));
+  // Children may have gone since they were presented; then `original.node.children` dangles.
+  for (const NodeId id : original.shownChildren) {
+    const Node* child = presenter.shownNode(id);
+    if (child && child->presented()->node.parent == &original.node)
+      picture.children.push_back(&takePicture(out, *child->presented(), &picture, presenter));
   }
   return picture;
 }
 
-void Fades::fadeOut(Node& node, Node& presenting) {
+void Fades::fadeOut(Node& node, Node& presenting, const Presenter& presenter) {
   Out out{.presenting = &presenting, .pictures = {}};
   std::vector<Node::Presented*> leaving;
   if (node.presented()) {
@@ -51,7 +54,7 @@ void Fades::fadeOut(Node& node, Node& presenting) {
     node.collectPresentations(leaving);
   }
   for (const Node::Presented* each : leaving) {
-    if (each->isShown) takePicture(out, each->node, &presenting.presented()->node);
+    if (each->isShown) takePicture(out, *each, &presenting.presented()->node, presenter);
   }
   if (!out.pictures.empty()) out_.push_back(std::move(out));
 }

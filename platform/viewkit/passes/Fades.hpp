@@ -17,7 +17,7 @@ class Fades {
 public:
   void fadeIn(Node& node);
   // `presenting` goes on showing the picture of the node where it was.
-  void fadeOut(Node& node, Node& presenting);
+  void fadeOut(Node& node, Node& presenting, const Presenter& presenter);
   bool isEmpty() const { return in_.empty() && out_.empty(); }
   void advance(std::chrono::duration<double> elapsed, Presenter& presenter);
   void nodeGone(const Node& node);
@@ -35,8 +35,8 @@ private:
     double elapsed = 0;
   };
 
-  static PresentationNode& takePicture(Out& out, const PresentationNode& original,
-                                       const PresentationNode* parent);
+  static PresentationNode& takePicture(Out& out, const Node::Presented& original,
+                                       const PresentationNode* parent, const Presenter& presenter);
 
   std::vector<In> in_;
   std::vector<Out> out_;

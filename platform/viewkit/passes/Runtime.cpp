@@ -347,7 +347,7 @@ void ViewHost::Runtime::fadeIn(Node& node) {
 
 void ViewHost::Runtime::removing(Node& child, Node& presenting) {
   if (!animated_ || environment_.reducedMotion || !child.isActive()) return;
-  fades_.fadeOut(child, presenting);
+  fades_.fadeOut(child, presenting, presenter_);
 }
 
 void ViewHost::Runtime::advanceAnimations(std::chrono::duration<double> elapsed) {
