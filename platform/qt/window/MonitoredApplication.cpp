@@ -25,9 +25,9 @@ bool isForPlatform() {
          qobject_cast<const QDialog*>(QApplication::activeWindow());
 }
 
-bool opensFocusedMenu(const QKeyEvent& press) {
+bool isOfFocusedMenu(const QKeyEvent& press) {
   return dynamic_cast<const MenuOpener*>(QApplication::focusWidget()) &&
-         viewkit::opensMenu(eventFrom(press));
+         viewkit::isOfMenuAlone(eventFrom(press));
 }
 
 }  // namespace
@@ -37,7 +37,7 @@ bool MonitoredApplication::notify(QObject* receiver, QEvent* event) {
   const bool isNewTheme = event->type() == QEvent::ThemeChange && receiver->isWindowType();
   if ((isNewPalette || isNewTheme) && newColors_) newColors_();
   const bool isNewPress = event->type() == QEvent::KeyPress && event != passing_ &&
-                          !isForPlatform() && !opensFocusedMenu(*static_cast<QKeyEvent*>(event));
+                          !isForPlatform() && !isOfFocusedMenu(*static_cast<QKeyEvent*>(event));
   return isNewPress ? notifyOfPress(receiver, event) : QApplication::notify(receiver, event);
 }
 
