@@ -328,6 +328,16 @@ TEST_F(FontPickerTest, OpensOnTheStoredFontAndFollowsIt) {
   EXPECT_EQ(*picker.size, 20);
 }
 
+TEST_F(FontPickerTest, FontWithoutAStyleOpensInTheStyleThatItIsDrawnIn) {
+  QFontDialog& dialog = openDialog();
+  EXPECT_EQ(dialog.currentFont().styleName(), QFontInfo(QFont("DejaVu Sans")).styleName());
+  EXPECT_FALSE(dialog.currentFont().italic());
+  QFont larger = dialog.currentFont();
+  larger.setPointSize(20);
+  pick(dialog, larger);
+  EXPECT_EQ(stored("picker_style"), "") << "only the size was chosen";
+}
+
 TEST_F(FontPickerTest, FamilyAndStyleLeaveTheSizeAlone) {
   QFontDialog& dialog = openDialog();
   QFont other = dialog.currentFont();
