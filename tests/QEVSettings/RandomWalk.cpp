@@ -275,12 +275,14 @@ void RandomWalk::typeInField(SettingsWindow& window) {
   // A text like the stored one is nothing to commit.
   if (field.shown(values) != text.typed) window.typed[field.label] = text.typed;
   window.typing = field.label;
-  meanwhile([this] { changeElsewhere(); });
-  if (!window.typed.contains(field.label)) return;
-  switch (random(3)) {
+  if (perhaps()) changeElsewhere();
+  const std::size_t next = random(3);
+  // The change may disable the field, which then takes no key.
+  if (next != 2 || perhaps()) hear();
+  if (window.typing.empty() || !window.typed.contains(field.label)) return;
+  switch (next) {
     case 0: window->press(Key::enter); return commit(window);
     case 1:
-      if (window.typing.empty()) return;
       window->press(Key::escape);
       window.typing.clear();
       window.typed.erase(field.label);
