@@ -319,7 +319,7 @@ void Window::pressKey(const Event& event) {
     return;
   }
   if (const auto* menu = keyboard_->focused();
-      controlOf<viewkit::MenuControl>(menu) && viewkit::opensMenu(event)) {
+      controlOf<viewkit::MenuControl>(menu) && viewkit::isOfMenuAlone(event)) {
     openMenuOf(*menu);
     settle();
     return;
@@ -331,7 +331,12 @@ void Window::pressKey(const Event& event) {
   switch (viewkit::routeKey(*host_, *passedOn, node ? node->id : 0)) {
     case viewkit::KeyOutcome::closesWindow: close(); break;
     case viewkit::KeyOutcome::handled: break;
-    case viewkit::KeyOutcome::passedOn: keyboard_->handle(*passedOn);
+    case viewkit::KeyOutcome::passedOn:
+      if (controlOf<viewkit::MenuControl>(node) && viewkit::opensMenu(*passedOn)) {
+        openMenuOf(*node);
+      } else {
+        keyboard_->handle(*passedOn);
+      }
   }
   settle();
 }

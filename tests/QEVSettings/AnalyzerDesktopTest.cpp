@@ -40,8 +40,9 @@ constexpr const char* kUsesColorKey = "com_velloquin_qev_test_usesColor";
 constexpr const char* kOptionKey = "com_velloquin_qev_test_checksums";
 constexpr const char* kOption = "Compute checksums";
 
-// The Analyzer page in a real window, used with the mouse and the keyboard. The journal tells the
-// calls of the ports controller, the writes of the list and the notifications in one order.
+// The Analyzer page in a real window, used with mouse and keyboard. The journal records the calls
+// of the ports controller, the writes of the list and the notifications in the order in which they
+// happen.
 class AnalyzerDesktopTest : public qt::WindowFixture, protected HostParts {
 protected:
   void SetUp() override {
@@ -72,7 +73,6 @@ protected:
     return titles;
   }
 
-  // Shown values and stored ones.
   QAccessibleInterface& field(std::size_t row) const {
     return *findAll(QAccessible::EditableText).at(row);
   }
@@ -115,7 +115,7 @@ private:
       [this](std::string_view) { journal.push_back("notify 3"); });
 };
 
-TEST_F(AnalyzerDesktopTest, SelectsByArrowsAndByClick) {
+TEST_F(AnalyzerDesktopTest, ArrowsAndClicksMoveTheSelection) {
   EXPECT_EQ(selected(), "Web");
   for (const auto& [key, title] : {std::pair{Qt::Key_Down, "Bare"},
                                    {Qt::Key_Down, "Third"},
@@ -128,16 +128,15 @@ TEST_F(AnalyzerDesktopTest, SelectsByArrowsAndByClick) {
   click(find(QAccessible::ListItem, "Third"));
   EXPECT_EQ(selected(), "Third");
   EXPECT_EQ(store.underneath().integerForKey(kSelectionKey), 2);
-  EXPECT_FALSE(has(QAccessible::EditableText))
-      << "the details are those of the analyzer that is selected";
+  EXPECT_FALSE(has(QAccessible::EditableText)) << "an analyzer without ports";
 
   click(find(QAccessible::ListItem, "Web"));
   click(field(0));
   press(Qt::Key_Down);
-  EXPECT_EQ(selected(), "Web") << "in a text the arrows move the caret";
+  EXPECT_EQ(selected(), "Web") << "in a text field the arrows move the caret";
 }
 
-TEST_F(AnalyzerDesktopTest, AnOptionIsSwitchedByItsTextItsSwitchAndTheKeyboard) {
+TEST_F(AnalyzerDesktopTest, OptionIsSwitchedByTextSwitchAndKeyboard) {
   click(find(QAccessible::StaticText, kOption));
   EXPECT_THAT(store.changes(), ElementsAre(wrote(kOptionKey, true)));
   EXPECT_TRUE(find(QAccessible::CheckBox, kOption).state().checked);
@@ -151,7 +150,7 @@ TEST_F(AnalyzerDesktopTest, AnOptionIsSwitchedByItsTextItsSwitchAndTheKeyboard) 
   EXPECT_EQ(store.changes().size(), 3U);
 }
 
-// What is painted of a window from now on.
+// Collects the region of a window that is painted while this lives.
 class PaintWatch : public QObject {
 public:
   explicit PaintWatch(const QWidget& window) : window_(window) { qApp->installEventFilter(this); }
@@ -172,8 +171,8 @@ private:
   QRegion painted_;
 };
 
-TEST_F(AnalyzerDesktopTest, NothingIsPaintedBesideWhatChanges) {
-  // Letters and rings may hang over their frame.
+TEST_F(AnalyzerDesktopTest, OnlyTheChangedControlIsRepainted) {
+  // Glyphs and focus rings are painted outside of their frame.
   constexpr QMargins overhang(8, 8, 8, 8);
   const auto placeOf = [&](const QAccessibleInterface& shown) {
     return QRect(topLevel().mapFromGlobal(shown.rect().topLeft()), shown.rect().size()) + overhang;
@@ -209,7 +208,7 @@ TEST_F(AnalyzerDesktopTest, NothingIsPaintedBesideWhatChanges) {
   }
 }
 
-TEST_F(AnalyzerDesktopTest, APickedColourIsStoredAtOnce) {
+TEST_F(AnalyzerDesktopTest, PickedColourIsStoredAtOnce) {
   click(find(QAccessible::PushButton, "Packet coloring"));
   auto* dialog = qobject_cast<QColorDialog*>(QApplication::activeWindow());
   ASSERT_NE(dialog, nullptr);
@@ -226,14 +225,57 @@ TEST_F(AnalyzerDesktopTest, APickedColourIsStoredAtOnce) {
   EXPECT_NEAR(color->green, 0.4, 0.01);
   EXPECT_NEAR(color->blue, 0.6, 0.01);
   EXPECT_FALSE(store.underneath().objectForKey(kUsesColorKey))
-      << "whether it is used is another matter";
+      << "choosing a colour does not turn colouring on";
   dialog->close();
 
   click(find(QAccessible::StaticText, "Packet coloring"));
   EXPECT_TRUE(store.underneath().boolForKey(kUsesColorKey));
 }
 
-TEST_F(AnalyzerDesktopTest, PortsAreCommittedByReturnAndPutRight) {
+TEST_F(AnalyzerDesktopTest, EscapeInTheColourChooserLeavesTheStoreAsItWas) {
+  const auto escapeFromChooser = [this](const char* typed) {
+    click(find(QAccessible::PushButton, "Packet coloring"));
+    auto* dialog = qobject_cast<QColorDialog*>(QApplication::activeWindow());
+    ASSERT_NE(dialog, nullptr);
+    auto* hex = dialog->findChild<QLineEdit*>();
+    if (*typed != '\0') {
+      hex->selectAll();
+      QTest::keyClicks(hex, typed);
+      settle();
+      EXPECT_FALSE(store.changes().empty());
+    }
+    QTest::keyClick(dialog, Qt::Key_Escape);
+    settle();
+  };
+  escapeFromChooser("");
+  EXPECT_THAT(store.changes(), IsEmpty());
+  escapeFromChooser("#336699");
+  EXPECT_FALSE(store.underneath().objectForKey(kColorKey)) << "no colour was stored before";
+
+  store.underneath().setObject("no colour", kColorKey);
+  settle();
+  escapeFromChooser("#336699");
+  EXPECT_EQ(store.underneath().stringForKey(kColorKey), "no colour");
+}
+
+TEST_F(AnalyzerDesktopTest, KeyThatOpensAMenuLeavesTheSelectionAlone) {
+  for (const auto& [key, modifiers] :
+       {std::pair{Qt::Key_Down, Qt::KeyboardModifiers(Qt::AltModifier)}, {Qt::Key_F4, {}}}) {
+    widget(QAccessible::ButtonMenu, "Source").setFocus();
+    press(key, modifiers);
+    QWidget* const popup = QApplication::activePopupWidget();
+    ASSERT_NE(popup, nullptr);
+    EXPECT_EQ(selected(), "Web");
+    popup->close();
+    settle();
+  }
+  widget(QAccessible::ButtonMenu, "Source").setFocus();
+  press(Qt::Key_Down);
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+  EXPECT_EQ(selected(), "Bare");
+}
+
+TEST_F(AnalyzerDesktopTest, ReturnCommitsPortsInTheirNormalForm) {
   write(0, "81, x, 70000, 81");
   EXPECT_THAT(journal, IsEmpty());
   EXPECT_THAT(stored(), IsEmpty());
@@ -253,7 +295,7 @@ TEST_F(AnalyzerDesktopTest, PortsAreCommittedByReturnAndPutRight) {
   EXPECT_THAT(said(), IsEmpty());
 }
 
-TEST_F(AnalyzerDesktopTest, ANameAndATransportArePickedFromTheirMenus) {
+TEST_F(AnalyzerDesktopTest, NameAndSourceArePickedFromTheirMenus) {
   const auto pick = [this](const char* menu, Qt::Key key) {
     click(find(QAccessible::ButtonMenu, menu));
     QWidget* popup = QApplication::activePopupWidget();
@@ -273,7 +315,7 @@ TEST_F(AnalyzerDesktopTest, ANameAndATransportArePickedFromTheirMenus) {
   EXPECT_THAT(stored(), ElementsAre("Proxy 80", "Proxy 3128"));
 }
 
-TEST_F(AnalyzerDesktopTest, WhatCannotBeDoneIsSaidAndTheTextKept) {
+TEST_F(AnalyzerDesktopTest, RefusedPortsStayWithTheirError) {
   write(0, "none");
   press(Qt::Key_Return);
   EXPECT_THAT(said(), ElementsAre(StartsWith("Error")));
@@ -288,7 +330,7 @@ TEST_F(AnalyzerDesktopTest, WhatCannotBeDoneIsSaidAndTheTextKept) {
   EXPECT_THAT(stored(), IsEmpty());
 }
 
-TEST_F(AnalyzerDesktopTest, ResetBringsTheFactoryListBack) {
+TEST_F(AnalyzerDesktopTest, ResetStoresTheFactoryList) {
   write(0, "90");
   press(Qt::Key_Return);
   journal.clear();
@@ -300,7 +342,7 @@ TEST_F(AnalyzerDesktopTest, ResetBringsTheFactoryListBack) {
   EXPECT_THAT(stored(), ElementsAre("HTTP 80", "Proxy 3128"));
 }
 
-TEST_F(AnalyzerDesktopTest, WhatWasTypedIsCommittedOnceHoweverThePageIsLeft) {
+TEST_F(AnalyzerDesktopTest, TypedPortsAreCommittedOnceHoweverThePageIsLeft) {
   const std::vector<std::pair<std::string, std::function<void()>>> ways{
       {"another analyzer", [this] { click(find(QAccessible::ListItem, "Bare")); }},
       {"another tab", [this] { press(Qt::Key_Tab, Qt::ControlModifier); }},
@@ -321,7 +363,7 @@ TEST_F(AnalyzerDesktopTest, WhatWasTypedIsCommittedOnceHoweverThePageIsLeft) {
   }
 }
 
-TEST_F(AnalyzerDesktopTest, AMillionPastedCharactersAreValidatedWhole) {
+TEST_F(AnalyzerDesktopTest, MillionPastedCharactersAreAllValidated) {
   std::string ports;
   while (ports.size() < 1'000'000) ports += "x" + std::to_string(ports.size()) + ", 443 ";
   QGuiApplication::clipboard()->setText(QString::fromStdString(ports + "8443"));

@@ -92,10 +92,7 @@ FieldOnPage upstreamPortField() {
   FieldOnPage field = addressField("Upstream port", "upstream", {}, &AddressParts::port,
                                    {{"3128", "3128"}, {"80", "80"}, {"70000", std::nullopt}});
   field.isEnabled = [key](const StoredValues& values) { return !textAt(values, key).empty(); };
-  field.store = [store = field.store, isEnabled = field.isEnabled](StoredValues& values,
-                                                                   const std::string& text) {
-    if (isEnabled(values)) store(values, text);
-  };
+  field.dropsTextWhenDisabled = true;
   return field;
 }
 

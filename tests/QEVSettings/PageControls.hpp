@@ -48,6 +48,8 @@ struct FieldOnPage {
   std::function<std::string(const StoredValues&)> shown;
   std::function<void(StoredValues&, const std::string& text)> store;
   std::function<bool(const StoredValues&)> isEnabled = [](const StoredValues&) { return true; };
+  // Whether a text that is not committed goes when the field is disabled, refused or not.
+  bool dropsTextWhenDisabled = false;
 };
 
 const std::vector<SwitchOnPage>& switchesOfCaptureAndProxy();

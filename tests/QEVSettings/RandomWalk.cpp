@@ -265,21 +265,24 @@ void RandomWalk::typeInField(SettingsWindow& window) {
   const auto element = window->find(Role::textField, field.label);
   if (!field.isEnabled(values)) return;
   const auto& text = oneOf(field.texts);
-  const std::string before = element.value();
   taken_.back() += std::string(": ") + field.label + " \"" + text.typed + '"';
   window->click(element);
   commit(window);
   window->selectAll();
   if (*text.typed == '\0') window->press(Key::deleteBackward);
   window->type(text.typed);
-  if (before != text.typed) window.typed[field.label] = text.typed;
+  window.typed.erase(field.label);
+  // A text like the stored one is nothing to commit.
+  if (field.shown(values) != text.typed) window.typed[field.label] = text.typed;
   window.typing = field.label;
-  meanwhile([this] { changeElsewhere(); });
-  if (!window.typed.contains(field.label)) return;
-  switch (random(3)) {
+  if (perhaps()) changeElsewhere();
+  const std::size_t next = random(3);
+  // The change may disable the field, which then takes no key.
+  if (next != 2 || perhaps()) hear();
+  if (window.typing.empty() || !window.typed.contains(field.label)) return;
+  switch (next) {
     case 0: window->press(Key::enter); return commit(window);
     case 1:
-      if (window.typing.empty()) return;
       window->press(Key::escape);
       window.typing.clear();
       window.typed.erase(field.label);

@@ -130,8 +130,11 @@ void TwoWindows::storeElsewhere(const std::string& key, const PreferenceValue& v
 }
 
 void TwoWindows::hear() {
-  for (SettingsWindow& each : windows) each.store->readChanges();
-  for (SettingsWindow& each : windows) each->settle();
+  // What one window hears may make it commit a text, which the other hears in the second round.
+  for (int round = 0; round < 2; ++round) {
+    for (SettingsWindow& each : windows) each.store->readChanges();
+    for (SettingsWindow& each : windows) each->settle();
+  }
   // A field that is disabled loses the keyboard.
   for (SettingsWindow& each : windows) {
     const auto& fields = fieldsOfCaptureAndProxy();
@@ -148,8 +151,9 @@ void TwoWindows::commit(SettingsWindow& window) {
   const auto field = std::ranges::find(fields, what, &FieldOnPage::label);
   if (field != fields.end()) {
     const auto text = std::ranges::find(field->texts, typed->second, &FieldOnPage::Text::typed);
-    if (!text->stored) return;
-    field->store(values, *text->stored);
+    const bool isDropped = field->dropsTextWhenDisabled && !field->isEnabled(values);
+    if (!text->stored && !isDropped) return;
+    if (!isDropped) field->store(values, *text->stored);
   } else {
     const std::string ports = QEVModels::validatedPorts(typed->second).ports;
     Record* changed = record(what);

@@ -320,6 +320,28 @@ TEST_P(BothWindowsTest, ArrowKeysWithoutModifierDoNotOpenMenu) {
   }
 }
 
+TEST_P(BothWindowsTest, AltDownOnAMenuReachesNoMonitor) {
+  int presses = 0;
+  const auto monitor = Event::addLocalMonitorForEventsMatchingMask(
+      Event::kKeyDownMask, [&](const Event& event) -> std::optional<Event> {
+        if (event.keyCode != Event::kDownArrow) return event;
+        ++presses;
+        form->page = Page::second;
+        return event;
+      });
+  show();
+  focus(Role::menuButton);
+  key(Key::downArrow, Event::option);
+  EXPECT_EQ(presses, 0);
+  EXPECT_TRUE(menuIsOpen());
+  key(Key::escape);
+  EXPECT_FALSE(menuIsOpen());
+  key(Key::downArrow);
+  EXPECT_EQ(presses, 1) << "a plain arrow does";
+  EXPECT_EQ(form->page.get(), Page::second);
+  Event::removeMonitor(monitor);
+}
+
 TEST_P(BothWindowsTest, MenuAndPopoverCloseWithTheirControl) {
   show();
   focus(Role::menuButton);

@@ -111,6 +111,16 @@ TEST_F(FontPickerTest, OpensAtStoredFontAndFollowsChanges) {
   EXPECT_EQ(*picker.size, 20);
 }
 
+TEST_F(FontPickerTest, FontWithoutStyleOpensInTheStyleThatItIsDrawnIn) {
+  QFontDialog& dialog = openDialog();
+  EXPECT_EQ(dialog.currentFont().styleName(), QFontInfo(QFont("DejaVu Sans")).styleName());
+  EXPECT_FALSE(dialog.currentFont().italic());
+  QFont larger = dialog.currentFont();
+  larger.setPointSize(20);
+  pick(dialog, larger);
+  EXPECT_EQ(stored("picker_style"), "") << "only the size was chosen";
+}
+
 TEST_F(FontPickerTest, ChoosingFamilyOrStyleKeepsSize) {
   QFontDialog& dialog = openDialog();
   QFont other = dialog.currentFont();

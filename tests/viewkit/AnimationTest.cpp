@@ -5,7 +5,10 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace viewkit {
 namespace {
@@ -58,6 +61,40 @@ TEST(Animation, NoFadeWithReducedMotionOrOutsideOfWithAnimation) {
   control->set(true);
   plain.settle();
   EXPECT_FALSE(plain.host().isAnimating());
+}
+
+// A row whose label goes when it is told to; the row itself goes, with an animation, right after.
+struct GoingRow {
+  State<bool> hasLabel = true;
+  State<bool> isThere = true;
+  std::shared_ptr<std::function<void()>> removeLabel;
+
+  View body() const {
+    *removeLabel = [self = *this] { self.hasLabel.set(false); };
+    const View label = hasLabel ? Text("a label that is too long for a short string") : View();
+    const View row = VStack({}, {label, Text("text")})
+                         .opacity(0.5)
+                         .onChange<bool>(hasLabel, [self = *this](bool) {
+                           withAnimation([&] { self.isThere.set(false); });
+                         });
+    return isThere ? row : View(Text("rest"));
+  }
+};
+
+TEST(Animation, RowFadesOutAfterAPartOfItWentInTheSameUpdate) {
+  const auto removeLabel = std::make_shared<std::function<void()>>();
+  headless::Window window = openStepped(View(GoingRow{.removeLabel = removeLabel}));
+  (*removeLabel)();
+  window.settle();
+  ASSERT_TRUE(window.host().isAnimating());
+  std::vector<std::string> pictures;
+  const std::function<void(const PresentationNode&)> visit = [&](const PresentationNode& node) {
+    const auto* text = std::get_if<TextVisual>(&node.content);
+    if (node.id == 0 && text) pictures.push_back(text->text);
+    for (const PresentationNode* child : node.children) visit(*child);
+  };
+  visit(window.host().presentation());
+  EXPECT_THAT(pictures, ::testing::ElementsAre("text"));
 }
 
 TEST(Animation, ViewMayBeRemovedWhileItFades) {

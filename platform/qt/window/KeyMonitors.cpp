@@ -23,7 +23,7 @@ bool areAlike(const appkit::Event& a, const appkit::Event& b) {
 
 bool opensFocusedMenu(const QKeyEvent& press) {
   return dynamic_cast<const MenuOpener*>(QApplication::focusWidget()) &&
-         viewkit::opensMenu(eventFrom(press));
+         viewkit::isOfMenuAlone(eventFrom(press));
 }
 
 // Whether Qt hands a press that this receiver leaves alone to the receiver's parent.

@@ -44,7 +44,7 @@ void AnimationPass::childInserted(Node& child) {
   if (isAnimated_) fadeIn(child);
 }
 
-void AnimationPass::childRemoved(Node& child, Node& presenting) {
+void AnimationPass::childRemoved(Node& child, Node& presenting, const PresentPass& present) {
   if (!isAnimated_ || reducedMotion_ || !child.isActive()) return;
   FadeOut out{.presenting = &presenting, .pictures = {}};
   std::vector<Presented*> leaving;
@@ -54,23 +54,27 @@ void AnimationPass::childRemoved(Node& child, Node& presenting) {
     collectPresented(child, leaving);
   }
   for (const Presented* each : leaving) {
-    if (each->screen.isShown) takePicture(out, each->node, &presenting.presented()->node);
+    if (each->screen.isShown) takePicture(out, *each, &presenting.presented()->node, present);
   }
   if (!out.pictures.empty()) out_.push_back(std::move(out));
 }
 
-PresentationNode& AnimationPass::takePicture(FadeOut& out, const PresentationNode& original,
-                                             const PresentationNode* parent) {
+PresentationNode& AnimationPass::takePicture(FadeOut& out, const Presented& original,
+                                             const PresentationNode* parent,
+                                             const PresentPass& present) {
   PresentationNode& picture =
-      *out.pictures.emplace_back(std::make_unique<PresentationNode>(original));
+      *out.pictures.emplace_back(std::make_unique<PresentationNode>(original.node));
   picture.id = 0;
   picture.parent = parent;
   picture.accessibility = {};
   picture.tooltip.clear();
   picture.children.clear();
   if (picture.control()) picture.content = std::monostate();
-  for (const PresentationNode* child : original.children) {
-    if (child->id != 0) picture.children.push_back(&takePicture(out, *child, &picture));
+  // Children may have gone since they were presented; then `original.node.children` dangles.
+  for (const NodeId id : original.screen.children) {
+    const Node* child = present.shownNode(id);
+    if (child && child->presented()->node.parent == &original.node)
+      picture.children.push_back(&takePicture(out, *child->presented(), &picture, present));
   }
   return picture;
 }

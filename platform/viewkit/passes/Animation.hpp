@@ -27,7 +27,7 @@ public:
   void rebuildIsOver() { isAnimated_ = false; }
   // A node that the rebuild has made, or is about to remove from what `presenting` shows.
   void childInserted(Node& child);
-  void childRemoved(Node& child, Node& presenting);
+  void childRemoved(Node& child, Node& presenting, const PresentPass& present);
 
   // At once, unless motion is reduced.
   void fadeIn(Node& node);
@@ -51,8 +51,8 @@ private:
     double elapsed = 0;
   };
 
-  static PresentationNode& takePicture(FadeOut& out, const PresentationNode& original,
-                                       const PresentationNode* parent);
+  static PresentationNode& takePicture(FadeOut& out, const Presented& original,
+                                       const PresentationNode* parent, const PresentPass& present);
 
   bool reducedMotion_;
   bool isAnimated_ = false;

@@ -111,4 +111,8 @@ bool opensMenu(const Event& press) {
   return press.keyCode == Event::kF4 || press.characters == " " || press.characters == "\r";
 }
 
+bool isOfMenuAlone(const Event& press) {
+  return press.keyCode == Event::kDownArrow && opensMenu(press);
+}
+
 }  // namespace viewkit

@@ -61,7 +61,7 @@ private:
   void nodeGone(Node& node) override;
   void childInserted(Node& child) override { animation_.childInserted(child); }
   void childRemoved(Node& child, Node& presenting) override {
-    animation_.childRemoved(child, presenting);
+    animation_.childRemoved(child, presenting, present_);
   }
   void fadeIn(Node& node) override { animation_.fadeIn(node); }
   void callAfterLayout(HandlerKind kind, std::function<void()> handler) override;

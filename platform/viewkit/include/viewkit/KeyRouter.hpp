@@ -26,7 +26,11 @@ enum class KeyOutcome { passedOn, handled, closesWindow };
 KeyOutcome routeKey(ViewHost& host, const appkit::Event& press, NodeId focused);
 
 // Whether the key opens the focused menu: Space, Return, Alt+Down and F4 do, a plain arrow key does
-// not. A back end hands such a key to the menu, and to no monitor.
+// not.
 bool opensMenu(const appkit::Event& press);
+
+// Whether a back end hands the key to the closed menu that has the keyboard before any monitor sees
+// it: Alt+Down. Monitors may give the arrow keys, with whatever modifiers, a meaning of their own.
+bool isOfMenuAlone(const appkit::Event& press);
 
 }  // namespace viewkit
