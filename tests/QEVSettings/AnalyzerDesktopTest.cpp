@@ -3,6 +3,7 @@
 #include "QEVDependencies/QEVError.hpp"
 #include "QEVDependencies/QEVProtocolKonstants.hpp"
 #include "QEVModels/AnalyzerPortsStore.hpp"
+#include "QEVSettings/preferences/PreferenceKeys.hpp"
 #include "TestAnalyzers.hpp"
 #include "foundation/NotificationCenter.hpp"
 #include "qt/WindowFixture.hpp"

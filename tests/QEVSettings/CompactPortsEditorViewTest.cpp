@@ -1,5 +1,6 @@
 #include "PortsEditorTest.hpp"
 #include "QEVDependencies/QEVError.hpp"
+#include "QEVSettings/preferences/PreferenceKeys.hpp"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,6 @@
 #include "AnalyzerWindowTest.hpp"
 #include "QEVModels/AnalyzerPortsStore.hpp"
+#include "QEVSettings/preferences/PreferenceKeys.hpp"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,6 @@
 #include "AnalyzerWindowTest.hpp"
 #include "QEVDependencies/QEVError.hpp"
+#include "QEVSettings/preferences/PreferenceKeys.hpp"
 #include "appkit/Event.hpp"
 #include "support/LogCapture.hpp"
 #include "viewkit/Text.hpp"
