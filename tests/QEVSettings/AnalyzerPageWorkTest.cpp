@@ -3,6 +3,7 @@
 
 #include "AllocationCount.hpp"
 #include "QEVSettings/analyzers/QEVAnalyzerSettingsView.hpp"
+#include "QEVSettings/preferences/PreferenceKeys.hpp"
 #include "TestAnalyzers.hpp"
 #include "foundation/Bundle.hpp"
 #include "foundation/UserDefaults.hpp"
