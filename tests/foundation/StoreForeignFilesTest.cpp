@@ -1,3 +1,4 @@
+#include "QEVSettings/preferences/HostIdentity.hpp"
 #include "StoreFixture.hpp"
 
 #include <gmock/gmock.h>
@@ -124,6 +125,7 @@ TEST_F(StoreForeignFiles, FolderThatIsALinkKeepsTheModeOfItsTarget) {
   std::filesystem::create_directory_symlink(target, folder / "zorvantine");
   Child child([&] {
     ::setenv("XDG_CONFIG_HOME", folder.c_str(), 1);
+    QEVSettings::HostIdentity::set({.id = "zorvantine"});
     UserDefaults::standardUserDefaults().setInteger(1, "key");
     return UserDefaults::standardUserDefaults().status() ? 1 : 0;
   });
