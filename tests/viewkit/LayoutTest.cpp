@@ -74,7 +74,7 @@ std::vector<Fixture> fixtures() {
        box(100, 50).overlay(box(10, 10), Alignment::topLeading()).padding(1),
        {{{1, 1}, {100, 50}}, {{1, 1}, {10, 10}}}},
       {"a function is applied as a modifier",
-       box(10, 10).modified([](const View& view) { return view.padding(Edges::leading, 7); }),
+       box(10, 10).modifier([](const View& view) { return view.padding(Edges::leading, 7); }),
        {{{7, 0}, {10, 10}}}},
       {"a frame centres what is smaller",
        box(10, 10).frame({.width = 100, .height = 40}),

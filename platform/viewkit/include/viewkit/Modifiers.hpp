@@ -143,22 +143,17 @@ public:
   View popover(const Binding<bool>& isPresented, std::function<View()> content,
                PopoverOptions options = {}) const;
 
-  // What a modifier of the caller makes of this view: `modifier` is called with it.
+  // The view that `modifier` makes of this one. A modifier that is a function or has a call
+  // operator needs no member here:
   //
+  //     View framed(const View& content) { return content.padding(4).background(…); }
+  //     Text("Filters").modifier(framed)
   //     Image::named("Portrait").modifier(CornerRadius{.radius = 9})
-  template <class Modifier>
+  template <std::invocable<const View&> Modifier>
   View modifier(const Modifier& modifier) const;
 
   // The identity of the view. A view with another id is another view, and its state is reset.
   View id(ViewId id) const;
-
-  // The view that the function makes of this one. A modifier that is such a function needs no
-  // member here:
-  //
-  //     View framed(const View& content) { return content.padding(4).background(…); }
-  //     Text("Filters").modified(framed)
-  template <std::invocable<const View&> Modifier>
-  View modified(Modifier&& modifier) const;
 
 private:
   const Self& self() const { return static_cast<const Self&>(*this); }

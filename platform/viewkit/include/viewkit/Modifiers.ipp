@@ -141,20 +141,14 @@ View Modifiers<Self>::popover(const Binding<bool>& isPresented, std::function<Vi
 }
 
 template <class Self>
-template <class Modifier>
+template <std::invocable<const View&> Modifier>
 View Modifiers<Self>::modifier(const Modifier& modifier) const {
-  return modifier(self());
+  return modifier(View(self()));
 }
 
 template <class Self>
 View Modifiers<Self>::id(ViewId id) const {
   return modified::byId(self(), std::move(id));
-}
-
-template <class Self>
-template <std::invocable<const View&> Modifier>
-View Modifiers<Self>::modified(Modifier&& modifier) const {
-  return std::forward<Modifier>(modifier)(View(self()));
 }
 
 }  // namespace viewkit
