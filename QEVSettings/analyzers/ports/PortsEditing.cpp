@@ -4,6 +4,7 @@
 #include "QEVDependencies/QEVProtocolKonstants.hpp"
 #include "analyzers/AnalyzerError.hpp"
 #include "foundation/NotificationCenter.hpp"
+#include "foundation/ScopedFlag.hpp"
 
 #include <algorithm>
 #include <cstddef>
@@ -47,19 +48,6 @@ bool attempt(const Protocol& protocol, const std::function<void()>& steps) {
   if (failure) showErrorState(*failure, *protocol);
   return !failure;
 }
-
-// Marks a session as acting until the block ends.
-class Acting {
-public:
-  explicit Acting(bool& flag) : flag_(flag), outer_(std::exchange(flag, true)) {}
-  Acting(const Acting&) = delete;
-  Acting& operator=(const Acting&) = delete;
-  ~Acting() { flag_ = outer_; }
-
-private:
-  bool& flag_;
-  bool outer_;
-};
 
 }  // namespace
 
@@ -182,7 +170,7 @@ void PortsEditing::act(const std::function<void()>& steps) const {
   if (!session) return;
   follow();
   {
-    const Acting acting(session->isActing);
+    const foundation::ScopedFlag acting(session->isActing, true);
     steps();
   }
   follow();

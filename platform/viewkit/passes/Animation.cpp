@@ -1,7 +1,7 @@
 #include "passes/Animation.hpp"
 
+#include "foundation/ScopedFlag.hpp"
 #include "passes/Present.hpp"
-#include "passes/ScopedFlag.hpp"
 #include "viewkit/Animation.hpp"
 
 #include <algorithm>
@@ -34,7 +34,7 @@ void setFade(Node& node, double fade) {
 }  // namespace
 
 void withAnimation(const std::function<void()>& changes) {
-  const ScopedFlag animation(withinAnimation, true);
+  const foundation::ScopedFlag animation(withinAnimation, true);
   changes();
 }
 
@@ -70,7 +70,8 @@ PresentationNode& AnimationPass::takePicture(FadeOut& out, const Presented& orig
   picture.tooltip.clear();
   picture.children.clear();
   if (picture.control()) picture.content = std::monostate();
-  // Children may have gone since they were presented; then `original.node.children` dangles.
+  // A child may have been destroyed since the last present pass, so the pointers in
+  // `original.node.children` are not followed.
   for (const NodeId id : original.screen.children) {
     const Node* child = present.shownNode(id);
     if (child && child->presented()->node.parent == &original.node)

@@ -1,8 +1,8 @@
 #include "passes/Runtime.hpp"
 
 #include "foundation/MainQueue.hpp"
+#include "foundation/ScopedFlag.hpp"
 #include "passes/Editing.hpp"
-#include "passes/ScopedFlag.hpp"
 #include "tree/PointerRegion.hpp"
 #include "tree/RootNode.hpp"
 #include "viewkit/Animation.hpp"
@@ -30,7 +30,7 @@ ViewHost::Runtime::~Runtime() { root_.reset(); }
 void ViewHost::Runtime::open(const View& root) {
   const View window(std::make_shared<const RootValue>(root));
   {
-    const ScopedFlag pass(inPass_, true);
+    const foundation::ScopedFlag pass(inPass_, true);
     root_ = window.value()->makeNode();
     root_->mount(*this, nullptr, window,
                  std::make_shared<const Inherited>(Inherited{.environment = environment_}));
@@ -56,7 +56,7 @@ Size ViewHost::Runtime::sizeThatFits(const ProposedSize& proposal) {
   if (inPass_) return root_->sizeThatFits(proposal);
   Size size;
   {
-    const ScopedFlag pass(inPass_, true);
+    const foundation::ScopedFlag pass(inPass_, true);
     layout_.begin();
     rebuild_.run();
     layout_.remeasure();
@@ -123,7 +123,7 @@ void ViewHost::Runtime::runUpdate() {
 }
 
 void ViewHost::Runtime::rebuildAndLayOut() {
-  const ScopedFlag pass(inPass_, true);
+  const foundation::ScopedFlag pass(inPass_, true);
   layout_.begin();
   rebuild_.run();
   animation_.rebuildIsOver();
@@ -134,7 +134,7 @@ void ViewHost::Runtime::rebuildAndLayOut() {
 void ViewHost::Runtime::present() {
   if (!present_.isMarked()) return;
   const PresentationChanges changes = [this] {
-    const ScopedFlag pass(inPass_, true);
+    const foundation::ScopedFlag pass(inPass_, true);
     return present_.run(*root_, animation_);
   }();
   if (changes.changed.empty() && changes.removed.empty() && changes.damage.empty()) return;

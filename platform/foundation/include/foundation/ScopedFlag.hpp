@@ -2,9 +2,10 @@
 
 #include <utility>
 
-namespace viewkit {
+namespace foundation {
 
-// Sets a flag until the end of the block, also if an exception leaves it.
+// Sets a flag until the end of the block, and then restores its former value, also when an
+// exception leaves the block.
 class ScopedFlag {
 public:
   ScopedFlag(bool& flag, bool value) : flag_(flag), before_(std::exchange(flag, value)) {}
@@ -17,4 +18,4 @@ private:
   bool before_;
 };
 
-}  // namespace viewkit
+}  // namespace foundation
