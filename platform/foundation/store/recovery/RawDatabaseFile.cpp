@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <memory>
 #include <string>
 
@@ -82,10 +83,11 @@ std::optional<FileBytes> readRawDatabaseFile(const std::filesystem::path& path, 
 Result<FileBytes> readRawDatabaseFileIfThere(const std::filesystem::path& path, std::size_t most) {
   struct stat found {};
   const bool isFound = ::lstat(path.c_str(), &found) == 0;
+  if (!isFound && errno == ENOENT) return FileBytes();
   if (isFound && (!S_ISREG(found.st_mode) || found.st_uid != ::geteuid())) return FileBytes();
   auto bytes = isFound ? readRawDatabaseFile(path, most) : std::nullopt;
   if (bytes) return *std::move(bytes);
-  // Another process may have removed it after the look.
+  // Another process may have removed the file meanwhile.
   if (presenceOf(path) == Presence::absent) return FileBytes();
   return unreadable(path);
 }
