@@ -1,7 +1,7 @@
 #include "commandline/PreferenceJSON.hpp"
 #include "commands/Commands.hpp"
 #include "commands/Interruption.hpp"
-#include "commands/PreferenceLine.hpp"
+#include "commands/preferences/PreferenceLine.hpp"
 #include "foundation/JSONWriter.hpp"
 #include "foundation/MainQueue.hpp"
 

@@ -4,15 +4,18 @@
 
 namespace zorvantine {
 
-Failed run(const SettingsCommand&, Console&) {
+namespace {
+
+Failed noWindow() {
   return Failure{
       .message = "this build has no window; use describe and prefs, or build zorvantine with Qt"};
 }
 
-Failed run(const RunCommand&, Console&) {
-  return Failure{
-      .message = "this build has no window; use describe and prefs, or build zorvantine with Qt"};
-}
+}  // namespace
+
+Failed run(const SettingsCommand&, Console&) { return noWindow(); }
+
+Failed run(const RunCommand&, Console&) { return noWindow(); }
 
 Failed run(const SnapshotCommand&, Console&) {
   return Failure{

@@ -1,7 +1,7 @@
 #include "commandline/PreferenceJSON.hpp"
 #include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
-#include "commands/PreferenceLine.hpp"
+#include "commands/preferences/PreferenceLine.hpp"
 #include "foundation/JSONWriter.hpp"
 
 #include <algorithm>

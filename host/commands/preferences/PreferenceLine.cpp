@@ -1,4 +1,4 @@
-#include "commands/PreferenceLine.hpp"
+#include "commands/preferences/PreferenceLine.hpp"
 
 #include "commandline/TextForm.hpp"
 
