@@ -121,7 +121,8 @@ Gate& gateAtExit() {
 
 TEST_F(StoreWatch, ProcessThatEndsWhileTheThreadQueuesWorkEndsInOrder) {
   Child child([&] {
-    // A process of its own writes: in this one the writer's thread could be the one that is held.
+    // Another process writes. A second store in this process would have a thread that may arrive at
+    // the gate first, and closing the store would wait for it.
     std::array<int, 2> isWatching{};
     if (pipe(isWatching.data()) != 0) return 3;
     Child writer([&] {

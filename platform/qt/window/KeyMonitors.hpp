@@ -12,7 +12,7 @@ namespace qt {
 // out.
 class KeyMonitors final : public QObject {
 public:
-  // A widget whose presses are monitored also where it is a part of a dialog.
+  // Presses in a dialog that contains `page` are shown to the monitors too.
   void add(const QWidget& page);
   void remove(const QWidget& page) { std::erase(pages_, &page); }
 
@@ -23,7 +23,7 @@ private:
   void deliver(QObject& receiver, QEvent& press);
 
   std::vector<const QWidget*> pages_;
-  // The press on its way from one receiver to the next: the monitors see it once.
+  // The press that is being delivered. The monitors have seen it.
   const QEvent* passing_ = nullptr;
   // A press that nobody accepted, which Qt hands on to the ancestors of its first receiver.
   const QEvent* ignored_ = nullptr;

@@ -92,7 +92,7 @@ Runtime::Runtime(Origin origin, bool followsDesktop) : application_(qApp), origi
   auto& shared = appkit::Application::sharedApplication();
   hostHasPalette_ = QCoreApplication::testAttribute(Qt::AA_SetPalette);
   hostPalette_ = QApplication::palette();
-  // What the desktop wants is known only until we set colours of our own.
+  // The palette tells what the desktop prefers only until we set colours of our own.
   ownAppearance_ = appearanceOf(hostPalette_);
   if (followsDesktop) desktop_ = std::make_unique<DesktopPreferences>([this] { followDesktop(); });
   followDesktop();
@@ -151,11 +151,11 @@ void Runtime::applyAppearance() {
   ownPalette_ = QApplication::palette();
 }
 
-// The platform has new colours, not we.
+// Called when the platform, not this class, changed the colours.
 void Runtime::platformChanged() {
   {
     const QScopedValueRollback guard(isSettingColors_, true);
-    // Behind ours, those of a new theme are not seen.
+    // Our palette hides that of a new theme, so it is taken away to read the theme's.
     if (QApplication::palette() == ownPalette_) QApplication::setPalette(QPalette());
     ownAppearance_ = appearanceOf(QApplication::palette());
   }
@@ -163,7 +163,7 @@ void Runtime::platformChanged() {
   applyAppearance();
 }
 
-// On any thread.
+// Any thread.
 void Runtime::wake() {
   QMetaObject::invokeMethod(
       this, [this] { drain(); }, Qt::QueuedConnection);

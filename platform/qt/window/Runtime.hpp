@@ -16,8 +16,9 @@ class QStyle;
 
 namespace qt {
 
-// What all windows of the process share in its QApplication: turns of the main queue, appearance,
-// fonts, key monitors and accessibility. It lives as long as somebody holds it. Main thread.
+// Connects the QApplication of the process to the layer, for all windows together: turns of the
+// main queue, appearance, fonts, key monitors and accessibility. The connection ends with its last
+// owner. Main thread only.
 class Runtime final : public QObject {
 public:
   // `owned` is an application that the layer made: it gets the layer's style and fonts as well.
@@ -52,15 +53,15 @@ private:
   Origin origin_;
   KeyMonitors keyMonitors_;
   QStyle* widgetStyle_ = nullptr;  // the application's child
-  // Without a portal: what the platform gives Qt.
+  // The appearance of the platform's palette, used where there is no portal.
   appkit::Appearance ownAppearance_ = appkit::Appearance::light;
   QPalette hostPalette_;
   bool hostHasPalette_ = false;
   QPalette ownPalette_;
   bool isSettingColors_ = false;
-  // Several windows hear of one change.
+  // Every window reports the same change; the timer handles it once.
   QTimer platformChanged_;
-  // The next repeated work of the main queue.
+  // Fires when repeated work of the main queue is due.
   QTimer repeated_;
   std::unique_ptr<DesktopPreferences> desktop_;
   foundation::Subscription appearance_;
