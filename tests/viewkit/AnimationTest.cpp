@@ -67,7 +67,7 @@ TEST(Animation, NoFadeWithReducedMotionOrOutsideOfWithAnimation) {
 struct GoingRow {
   State<bool> hasLabel = true;
   State<bool> isThere = true;
-  std::shared_ptr<std::function<void()>> removeLabel;
+  std::function<void()>* removeLabel;
 
   View body() const {
     *removeLabel = [self = *this] { self.hasLabel.set(false); };
@@ -82,9 +82,9 @@ struct GoingRow {
 };
 
 TEST(Animation, RowFadesOutAfterAPartOfItWentInTheSameUpdate) {
-  const auto removeLabel = std::make_shared<std::function<void()>>();
-  headless::Window window = openStepped(View(GoingRow{.removeLabel = removeLabel}));
-  (*removeLabel)();
+  std::function<void()> removeLabel;
+  headless::Window window = openStepped(View(GoingRow{.removeLabel = &removeLabel}));
+  removeLabel();
   window.settle();
   ASSERT_TRUE(window.host().isAnimating());
   std::vector<std::string> pictures;
