@@ -119,7 +119,12 @@ TEST(FontPreferencesTest, StoresOnlyWhatAGetterGivesBack) {
 
 TEST(PlainTextTest, TrimsEveryKindOfWhiteSpace) {
   EXPECT_EQ(trimmed("\n\t a b\u00A0\u3000\r\n"), "a b");
-  EXPECT_EQ(trimmed(" \u2028 "), "");
+  for (const char* space : {" ", "\t", "\v", "\f", "\u0085", "\u1680", "\u2000", "\u200A", "\u2028",
+                            "\u2029", "\u202F", "\u205F", "\u3000"}) {
+    EXPECT_EQ(trimmed(std::string(space) + "a" + space + space), "a");
+    EXPECT_EQ(trimmed(space), "");
+  }
+  EXPECT_EQ(trimmed("\u2060a\u202E"), "\u2060a\u202E");
 }
 
 TEST(PlainTextTest, FillsPlacesInTheirOrderOrInTheOneGiven) {

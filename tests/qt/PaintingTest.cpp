@@ -2,6 +2,7 @@
 
 #include "foundation/Bundle.hpp"
 #include "support/TemporaryFolder.hpp"
+#include "viewkit/Controls.hpp"
 #include "viewkit/Image.hpp"
 #include "viewkit/Modifiers.hpp"
 #include "viewkit/Shape.hpp"
@@ -127,6 +128,19 @@ TEST_F(PaintingTest, RoundCornersAreAntialiasedAtEveryScale) {
       EXPECT_LE(difference(picture(window.devicePixelRatio()), expected), 4)
           << each.what << " at " << window.devicePixelRatio();
     }
+    destroyWindow();
+  }
+}
+
+TEST_F(PaintingTest, SwitchIsMirroredInARightToLeftLayout) {
+  for (const bool isOn : {false, true}) {
+    const viewkit::Binding<bool> binding([isOn] { return isOn; }, [](bool) {});
+    const View toggle = viewkit::Toggle(binding, viewkit::ToggleControl::Size::regular);
+    open(toggle);
+    const QImage expected = picture(1).mirrored(true, false);
+    destroyWindow();
+    open(toggle, viewkit::LayoutDirection::rightToLeft);
+    EXPECT_LE(difference(picture(1), expected), 40) << "on: " << isOn;
     destroyWindow();
   }
 }

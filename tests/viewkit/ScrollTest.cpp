@@ -147,6 +147,18 @@ TEST(Scroll, RevealScrollsEveryScrollViewAroundTheNode) {
   EXPECT_LE(frame.maxY(), 200);
 }
 
+TEST(Scroll, RevealShowsTheStartOfANodeThatIsLargerThanTheView) {
+  headless::Window window = testing::open(
+      ScrollView({}, VStack({.spacing = 0}, {RoundedRectangle().frame({.width = 50, .height = 300}),
+                                             VStack({}, {Text("inside")})
+                                                 .frame({.width = 50, .height = 400})
+                                                 .accessibilityRole(Role::group)})),
+      {100, 200});
+  window.host().reveal(window.find(Role::group).id());
+  window.settle();
+  EXPECT_EQ(window.find(Role::group).frame().origin.y, 0);
+}
+
 TEST(Scroll, ProxyDoesNothingAfterItsReaderIsGone) {
   const List list{.count = 10};
   { const headless::Window window = testing::open(list); }
