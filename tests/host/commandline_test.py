@@ -177,6 +177,15 @@ class CommandLine(unittest.TestCase):
         self.assertIn(str(self.store), done.stdout)
         self.assertRegex(done.stderr, r"\Azorvantine: [^\n]+\n\Z")
 
+    def test_folder_of_the_store_is_closed_to_other_users(self):
+        folder = self.folder / "config" / "zorvantine"
+        folder.mkdir(parents=True)
+        for mode in (0o755, 0o770, 0o701):
+            folder.chmod(mode)
+            environment = os.environ | {"XDG_CONFIG_HOME": str(folder.parent)}
+            subprocess.run([PROGRAM, "prefs", "set", "key", "--int", "1"], env=environment, check=True)
+            self.assertEqual(oct(folder.stat().st_mode & 0o777), "0o700")
+
     def files(self):
         """The mode and the hash of every file of the folder."""
         return {

@@ -139,5 +139,24 @@ TEST(Handlers, HandlerMayDestroyTheHost) {
   EXPECT_THAT(log, ElementsAre("+b", "-a", "-b"));
 }
 
+TEST(Handlers, ChangeHandlersAreNotCalledAfterTheHostIsDestroyed) {
+  const headless::Metrics metrics;
+  const auto control = std::make_shared<testing::Switch>();
+  std::unique_ptr<ViewHost> host;
+  int calls = 0;
+  const View root = testing::Flagged{
+      [&](bool flag) {
+        return VStack({}, {Text("a").onChange<bool>(flag, [&](bool) { host.reset(); }),
+                           Text("b").onChange<bool>(flag, [&](bool) { ++calls; })});
+      },
+      control};
+  host = std::make_unique<ViewHost>(root, Environment{.defaultStore = testing::store()}, metrics);
+  host->update();
+  control->set(true);
+  foundation::MainQueue::mainQueue().drainAll();
+  EXPECT_EQ(host, nullptr);
+  EXPECT_EQ(calls, 0);
+}
+
 }  // namespace
 }  // namespace viewkit

@@ -1,7 +1,7 @@
 #include "passes/Present.hpp"
 
 #include "passes/Animation.hpp"
-#include "passes/Speech.hpp"
+#include "passes/SpokenLabels.hpp"
 
 #include <algorithm>
 #include <utility>

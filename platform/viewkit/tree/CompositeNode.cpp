@@ -1,9 +1,7 @@
 #include "tree/CompositeNode.hpp"
 
-#include "foundation/UserDefaults.hpp"
 #include "tree/Diagnostics.hpp"
 #include "tree/NodeServices.hpp"
-#include "viewkit/Dependents.hpp"
 
 #include <algorithm>
 #include <cstdio>
@@ -125,36 +123,6 @@ void reportUnlinkedProperty(const std::type_info& property) {
 #else
   static_cast<void>(property);
 #endif
-}
-
-void Dependents::recordRead() {
-  if (!runningNode) return;
-  const std::shared_ptr<Body>& body = runningNode->body();
-  const auto isBefore = [](const Reader& reader, const std::shared_ptr<Body>& other) {
-    return reader.body.owner_before(other);
-  };
-  auto place = std::lower_bound(readers_.begin(), readers_.end(), body, isBefore);
-  if (place != readers_.end() && !body.owner_before(place->body)) {
-    place->run = body->run;
-    return;
-  }
-  if (readers_.size() == readers_.capacity()) {
-    std::erase_if(readers_, [](const Reader& reader) { return reader.body.expired(); });
-    place = std::lower_bound(readers_.begin(), readers_.end(), body, isBefore);
-  }
-  readers_.insert(place, Reader{.body = body, .run = body->run});
-}
-
-void Dependents::markAll() {
-  for (const Reader& reader : readers_) {
-    const auto body = reader.body.lock();
-    if (body && body->run == reader.run) body->node->bodyChanged();
-  }
-}
-
-Environment Environment::current() {
-  if (const CompositeNode* node = CompositeNode::running()) return node->environment();
-  return {.defaultStore = foundation::UserDefaults::standardUserDefaults()};
 }
 
 }  // namespace viewkit

@@ -36,17 +36,7 @@ struct Inherited {
   // Null outside of an error boundary, where a body that throws ends the update.
   ErrorView errorView = nullptr;
 
-  friend bool operator==(const Inherited& a, const Inherited& b) {
-    return isSame(a.environment, b.environment) && a.foreground == b.foreground &&
-           a.font == b.font && a.enabled == b.enabled && a.spokenFor == b.spokenFor &&
-           a.forNearest == b.forNearest && a.errorView == b.errorView;
-  }
-
-private:
-  static bool isSame(const Environment& a, const Environment& b) {
-    return &a.defaultStore.get() == &b.defaultStore.get() &&
-           a.layoutDirection == b.layoutDirection && a.reducedMotion == b.reducedMotion;
-  }
+  friend bool operator==(const Inherited&, const Inherited&) = default;
 };
 
 using InheritedPtr = std::shared_ptr<const Inherited>;

@@ -19,8 +19,8 @@ public:
   using std::runtime_error::runtime_error;
 };
 
-// An element of a window as assistive technology knows it. It is a handle by value that reads the
-// current state of the window at each call; the window outlives it.
+// An element of a window with what assistive technology is told of it. It is a handle by value that
+// reads the current state of the window at each call; the window outlives it.
 //
 // A search that finds nothing, or several elements where one is expected, returns an element that
 // does not exist. An element stops existing when its view is removed. On such an element every call

@@ -18,6 +18,12 @@ struct Environment {
   // The environment of the view whose body is running; outside of a body, one over the standard
   // preferences store.
   static Environment current();
+
+  // Equal with the same store object and the same settings.
+  friend bool operator==(const Environment& a, const Environment& b) {
+    return &a.defaultStore.get() == &b.defaultStore.get() &&
+           a.layoutDirection == b.layoutDirection && a.reducedMotion == b.reducedMotion;
+  }
 };
 
 }  // namespace viewkit

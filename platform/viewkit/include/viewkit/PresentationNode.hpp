@@ -41,6 +41,9 @@ std::string_view nameOf(Role role);
 
 // What assistive technology is told of a node. A node with the role `none` is not told at all, its
 // children are.
+//
+// Back ends also draw and operate a control by it: a disabled node takes no input, a menu shows its
+// value, and a chooser has the label as its title.
 struct Accessibility {
   Role role = Role::none;
   std::string label = {};

@@ -1,4 +1,4 @@
-#include "passes/Speech.hpp"
+#include "passes/SpokenLabels.hpp"
 
 #include "tree/Node.hpp"
 
