@@ -129,6 +129,18 @@ TEST_F(QEVCaptureSettingsViewTest, KeepsRefusedTextWithItsErrorAndTellsItWhenThe
   EXPECT_EQ(captureModel->snapshotLength(), 262144);
 }
 
+TEST_F(QEVCaptureSettingsViewTest, FilterWithoutMatchingParenthesesIsRefused) {
+  headless::Window& window = open(Tabs::capture);
+  for (const char* filter : {"(tcp", "tcp)", ")tcp(", "(udp))("}) {
+    enter(window, "Capture filter", filter);
+    EXPECT_TRUE(window.find(Role::alert).exists()) << filter;
+  }
+  EXPECT_EQ(captureModel->captureFilter(), "");
+  enter(window, "Capture filter", "(tcp port 80) or ((udp))");
+  EXPECT_FALSE(window.find(Role::alert).exists());
+  EXPECT_EQ(captureModel->captureFilter(), "(tcp port 80) or ((udp))");
+}
+
 TEST_F(QEVCaptureSettingsViewTest, EscapeBringsTheStoredNumberBackAndTakesTheErrorAway) {
   headless::Window& window = open(Tabs::capture);
   enter(window, "Snapshot length (bytes)", "12");

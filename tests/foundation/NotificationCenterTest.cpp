@@ -32,5 +32,15 @@ TEST(NotificationCenter, TellsThoseWhoAskedInOrder) {
   EXPECT_THAT(heard, ElementsAre("first a", "b", "second", "first a", "b"));
 }
 
+TEST(NotificationCenter, ObserverThatEndsDuringAPostIsNotCalled) {
+  NotificationCenter center;
+  int calls = 0;
+  Subscription later;
+  const Subscription first = center.observe("a", [&](std::string_view) { later.cancel(); });
+  later = center.observe("a", [&](std::string_view) { ++calls; });
+  center.post("a");
+  EXPECT_EQ(calls, 0);
+}
+
 }  // namespace
 }  // namespace foundation

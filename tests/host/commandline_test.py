@@ -320,19 +320,19 @@ class CommandLine(unittest.TestCase):
 
     def test_verification_names_keys_in_the_form_of_an_older_release(self):
         names = [f"{PREFIX}a_color", f"{PREFIX}b_protocols"]
-        self.run_host("prefs", "set", names[0], "--data", "AQID")
-        self.run_host("prefs", "set", names[1], "--data", base64.b64encode(b'[{"protocolPorts":[80]}]').decode())
-        report = self.run_host("prefs", "verify")
-        self.assertEqual(re.findall("^  (.*)$", report, re.MULTILINE), names)
-        self.assertIn("next start", report)
-        self.run_host("prefs", "set", VERSION_KEY, "--int", "2")
-        report = self.run_host("prefs", "verify")
-        self.assertEqual(re.findall("^  (.*)$", report, re.MULTILINE), names)
-        # The commands that the report names bring the keys up to date.
-        for command in re.findall("“zorvantine (.*?)”", report):
-            subprocess.run(self.command(*command.split()), check=True, capture_output=True)
-        self.assertNotIn("older release", self.run_host("prefs", "verify"))
-        self.assertEqual(self.listed()[names[0]], {"type": "string", "value": "AQID"})
+        ports = base64.b64encode(b'[{"protocolPorts":[80]}]').decode()
+        for version, hint in (("0", "next start"), ("1", "run “zorvantine"), ("2", "run “zorvantine")):
+            self.run_host("prefs", "set", names[0], "--data", "AQID")
+            self.run_host("prefs", "set", names[1], "--data", ports)
+            self.run_host("prefs", "set", VERSION_KEY, "--int", version)
+            report = self.run_host("prefs", "verify")
+            self.assertEqual(re.findall("^  (.*)$", report, re.MULTILINE), names)
+            self.assertIn(hint, report)
+            # The commands that the report names bring the keys up to date.
+            for command in re.findall("“zorvantine (.*?)”", report):
+                subprocess.run(self.command(*command.split()), check=True, capture_output=True)
+            self.assertNotIn("older release", self.run_host("prefs", "verify"))
+            self.assertEqual(self.listed()[names[0]], {"type": "string", "value": "AQID"})
 
     def test_import_is_all_or_nothing(self):
         self.run_host("prefs", "set", "mine", "--string", "stays")

@@ -12,6 +12,7 @@
 #include <QMouseEvent>
 #include <QTabBar>
 #include <QTest>
+#include <QWheelEvent>
 #include <memory>
 #include <string>
 #include <vector>
@@ -145,6 +146,36 @@ TEST_F(ControlsTest, FocusScrollsControlIntoView) {
   settle();
   EXPECT_TRUE(last.hasFocus());
   EXPECT_EQ(last.visibleRegion().boundingRect(), last.rect());
+}
+
+TEST_F(ControlsTest, WheelAtTheEndOfAnInnerAreaScrollsTheOuterOne) {
+  const auto tall = [](const char* name) {
+    return viewkit::Button(name, [] {})
+        .frame(viewkit::FixedFrame{.height = 600, .alignment = viewkit::Alignment::top()});
+  };
+  open(viewkit::ScrollView({}, viewkit::VStack({}, {viewkit::ScrollView({}, tall("inner"))
+                                                        .frame(viewkit::FixedFrame{.height = 200}),
+                                                    tall("outer")}))
+           .frame(viewkit::FixedFrame{.width = 200, .height = 300}));
+  const QWidget& inner = widget(QAccessible::PushButton, "inner");
+  const QPointF at = inner.mapTo(&topLevel(), inner.rect().center());
+  const auto turnWheel = [&] {
+    QWheelEvent wheel(at, topLevel().mapToGlobal(at), {0, -600}, {0, -120}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QWidget* receiver = topLevel().childAt(at.toPoint());
+    while (receiver && (QApplication::sendEvent(receiver, &wheel), !wheel.isAccepted()))
+      receiver = receiver->parentWidget();
+    settle();
+  };
+  const auto topOf = [&](const char* name) {
+    const QWidget& button = widget(QAccessible::PushButton, name);
+    return button.mapTo(&topLevel(), QPoint()).y();
+  };
+  const int outer = topOf("outer");
+  turnWheel();
+  EXPECT_EQ(topOf("outer"), outer);
+  turnWheel();
+  EXPECT_LT(topOf("outer"), outer);
 }
 
 }  // namespace
