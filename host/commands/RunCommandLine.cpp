@@ -49,6 +49,8 @@ Failed openStore(const Options& options, Messages& messages) {
   const bool changesNothing =
       options.storeUse == StoreUse::reads || options.storeUse == StoreUse::inspects;
   if (changesNothing) UserDefaults::setStandardAccess(UserDefaults::Access::readOnly);
+  if (options.storeUse == StoreUse::writes)
+    UserDefaults::setStandardAccess(UserDefaults::Access::shortLived);
   if (changesNothing || options.storeUse == StoreUse::follows) {
     if (auto failure = missingStore(options)) return failure;
   }
@@ -58,6 +60,13 @@ Failed openStore(const Options& options, Messages& messages) {
   if (!failure || options.storeUse != StoreUse::shows) return failure;
   messages.say(failure->message);
   return std::nullopt;
+}
+
+// Waits until what the command stored is on the disk.
+Failed waitForDisk() {
+  const auto outcome = Console::store().synchronize();
+  if (outcome) return std::nullopt;
+  return Failure{.code = ExitCode::unavailable, .message = outcome.error().message};
 }
 
 // In an installed tree the other programs are in libexec, and share the resources of zorvantine.
@@ -76,6 +85,7 @@ Failed carryOut(const Options& options, Messages& messages, Program program) {
   if (options.runsUntilEnded) messages.logDiagnosticsAsTheyCome();
   Console console{.in = std::cin, .out = std::cout, .outIsTerminal = ::isatty(STDOUT_FILENO) == 1};
   failed = options.invocation.run(console);
+  if (!failed && !isHandedOver && options.storeUse == StoreUse::writes) failed = waitForDisk();
   // The store may have been recovered, and so opened anew, while the command ran.
   if (opensStore(options.storeUse)) messages.say(Console::store().opening().message);
   // The message of a failed command replaces the diagnostics.

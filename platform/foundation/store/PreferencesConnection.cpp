@@ -51,6 +51,7 @@ Outcome PreferencesFile::open() {
     return fail(State::unusable, StorageProblem::failing,
                 unreadable(path_.string() + "-wal").message);
   }
+  wasLogEmpty_ = log.st_size == 0;
   if (auto outcome = connect(false); !outcome) return outcome;
   identity_.remember(path_);
   auto outcome = checkLog(static_cast<std::uintmax_t>(log.st_size));
@@ -85,7 +86,7 @@ Outcome PreferencesFile::openSnapshot() {
       SQLITE_OK) {
     return failure("read");
   }
-  if (auto outcome = identify(objectCount()); !outcome) return outcome;
+  if (auto outcome = identify(readMarks()); !outcome) return outcome;
   return prepareToRead();
 }
 
@@ -115,14 +116,14 @@ Outcome PreferencesFile::connect(bool forReading) {
   if (code != SQLITE_OK) return failure("open");
   sqlite3_busy_handler(database_.get(), &PreferencesFile::wait, this);
   readOnly_ = forReading || sqlite3_db_readonly(database_.get(), "main") == 1;
-  const auto objects = objectCount();
-  if (!objects) {
+  const auto marks = readMarks();
+  if (!marks) {
     // If SQLite cannot create its files there, no other process can be writing.
     const int problem = sqlite3_errcode(database_.get()) & 0xFF;
     if (problem == SQLITE_CANTOPEN || problem == SQLITE_READONLY || problem == SQLITE_PERM)
       return openSnapshot();
   }
-  if (auto outcome = identify(objects); !outcome) return outcome;
+  if (auto outcome = identify(marks); !outcome) return outcome;
   return prepareToRead();
 }
 
@@ -165,37 +166,42 @@ Outcome PreferencesFile::useWriteAheadLog() {
   return done();
 }
 
-// The number of tables, indices and the like. SQLite reads the file only now.
-std::optional<std::int64_t> PreferencesFile::objectCount() {
+// What identifies the file. SQLite reads the file only now. One transaction, because each takes and
+// releases a lock.
+std::optional<PreferencesFile::Marks> PreferencesFile::readMarks() {
   sqlite3_db_config(database_.get(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-  execute(
+  execute(database_, ("PRAGMA cell_size_check = ON; PRAGMA cache_size = " +
+                      std::to_string(kPagesToRead) + "; BEGIN")
+                         .c_str());
+  const RollBackAtEnd transaction(database_.get());
+  const Statement statement = prepare(
       database_,
-      ("PRAGMA cell_size_check = ON; PRAGMA cache_size = " + std::to_string(kPagesToRead)).c_str());
-  return number("SELECT count(*) FROM sqlite_schema");
+      "SELECT count(*), count(*) FILTER (WHERE type NOT IN ('table', 'index')) FROM sqlite_schema");
+  if (!statement || sqlite3_step(statement.get()) != SQLITE_ROW) return std::nullopt;
+  return Marks{.objects = sqlite3_column_int64(statement.get(), 0),
+               .otherObjects = sqlite3_column_int64(statement.get(), 1),
+               .isOurs = number("PRAGMA application_id") == kApplicationId,
+               .formatVersion = number("PRAGMA user_version").value_or(0)};
 }
 
 // Checks whether the file is a store, and makes one of an empty file.
-Outcome PreferencesFile::identify(std::optional<std::int64_t> objects) {
-  if (!objects) return failure("read");
-  const bool isMarked = number("PRAGMA application_id") == kApplicationId;
-  if (*objects > 0 && !isMarked) return damage();
-  if (isMarked && number("PRAGMA user_version").value_or(0) > kFormatVersion) {
+Outcome PreferencesFile::identify(const std::optional<Marks>& marks) {
+  if (!marks) return failure("read");
+  if (marks->objects > 0 && !marks->isOurs) return damage();
+  if (marks->isOurs && marks->formatVersion > kFormatVersion) {
     return fail(State::unusable, StorageProblem::unusable,
                 path_.string() +
                     " was written by a newer release; update this program, or choose another file");
   }
   // A store has its table before it gets its name, so that one without a table is damaged, unless
   // somebody made an empty file.
-  if (*objects == 0 && (readOnly_ || isMarked)) return damage();
+  if (marks->objects == 0 && (readOnly_ || marks->isOurs)) return damage();
   if (!readOnly_) {
     if (auto outcome = useWriteAheadLog(); !outcome) return outcome;
   }
   // A view could take the table's name and return rows without end.
-  if (number("SELECT count(*) FROM sqlite_schema WHERE type NOT IN ('table', 'index')")
-          .value_or(0) > 0) {
-    return damage();
-  }
-  return *objects > 0 ? done() : setUp();
+  if (marks->otherObjects > 0) return damage();
+  return marks->objects > 0 ? done() : setUp();
 }
 
 Outcome PreferencesFile::setUp() {
@@ -235,10 +241,9 @@ Outcome PreferencesFile::prepareToWrite() {
   begin_ = prepare(database_, "BEGIN IMMEDIATE");
   commit_ = prepare(database_, "COMMIT");
   insert_ = prepare(database_, kInsertChange);
-  update_ = prepare(database_,
-                    "UPDATE preferences SET change = ?1, type = ?3, value = ?4, sum = ?5 WHERE "
-                    "change = ?6 AND key = ?2");
-  return begin_ && commit_ && insert_ && update_ ? done() : Outcome(failure("write"));
+  // Followed by an insertion, which together is faster than an UPDATE of the row's number.
+  delete_ = prepare(database_, "DELETE FROM preferences WHERE change = ?1 AND key = ?2");
+  return begin_ && commit_ && insert_ && delete_ ? done() : Outcome(failure("write"));
 }
 
 // In WAL mode every commit ends by rewriting a header in memory that all processes share. The last

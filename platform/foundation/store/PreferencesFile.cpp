@@ -22,15 +22,16 @@ void cueWatchers(const std::filesystem::path& store) {
   ::utimensat(AT_FDCWD, store.c_str(), nullptr, AT_SYMLINK_NOFOLLOW);
 }
 
-std::optional<Error> PreferencesFile::refusalOf(const PreferenceChange& change) {
+std::optional<Error> PreferencesFile::refusalOf(std::string_view key,
+                                                const QEVSettings::PreferenceValue* value) {
   // The limit of a row in SQLite is 1,000,000,000 bytes, which includes a few of its own.
   constexpr std::uint64_t maximumRowBytes = 999'000'000;
-  std::uint64_t bytes = change.key.size();
-  if (change.value) {
-    if (const auto* text = change.value->asString()) bytes += text->size();
-    if (const auto* data = change.value->asData()) bytes += data->size();
-    if (change.value->asArray() != nullptr || change.value->asDictionary() != nullptr) {
-      const auto encoded = encodedPreference(*change.value);
+  std::uint64_t bytes = key.size();
+  if (value != nullptr) {
+    if (const auto* text = value->asString()) bytes += text->size();
+    if (const auto* data = value->asData()) bytes += data->size();
+    if (value->asArray() != nullptr || value->asDictionary() != nullptr) {
+      const auto encoded = encodedPreference(*value);
       if (!encoded) {
         return Error{"a value is nested deeper than " + std::to_string(kMaximumPreferenceDepth) +
                      " levels; store it in fewer"};
@@ -155,26 +156,27 @@ Outcome PreferencesFile::bringAlong(PreferenceChange& change, std::int64_t& last
 // Replaces the row that holds the key. `row` is its number, or 0 for a key that should be new.
 Outcome PreferencesFile::replaceRow(const PreferenceChange& change, std::int64_t number,
                                     std::int64_t row) {
-  bool isFound = false;
   if (row != 0) {
-    if (auto outcome = updateRow(change, number, row, isFound); !outcome || isFound) return outcome;
+    if (auto removed = removeRow(change.key, row); !removed) return removed.error();
   }
-  const int code = runWithChange(insert_, change, number);
+  int code = runWithChange(insert_, change, number);
   if (code == SQLITE_DONE) return done();
   if ((code & 0xFF) != SQLITE_CONSTRAINT) return failure("write");
   // The index has the key. Its entry must lead to the key's own row.
-  row = rowInIndex(change.key);
-  if (row == 0) return damage();
-  auto outcome = updateRow(change, number, row, isFound);
-  return outcome && !isFound ? Outcome(damage()) : outcome;
+  const auto removed = removeRow(change.key, rowInIndex(change.key));
+  if (!removed) return removed.error();
+  if (!*removed) return damage();
+  code = runWithChange(insert_, change, number);
+  return code == SQLITE_DONE ? done() : Outcome(failure("write"));
 }
 
-Outcome PreferencesFile::updateRow(const PreferenceChange& change, std::int64_t number,
-                                   std::int64_t row, bool& isFound) {
-  sqlite3_bind_int64(update_.get(), 6, row);
-  if (runWithChange(update_, change, number) != SQLITE_DONE) return failure("write");
-  isFound = sqlite3_changes(database_.get()) == 1;
-  return done();
+// Removes the row with this number if it holds the key; returns whether it did.
+Result<bool> PreferencesFile::removeRow(std::string_view key, std::int64_t row) {
+  sqlite3_bind_int64(delete_.get(), 1, row);
+  // SQLite binds NULL for a null pointer, which an empty key may have.
+  sqlite3_bind_blob64(delete_.get(), 2, key.empty() ? "" : key.data(), key.size(), SQLITE_STATIC);
+  if (foundation::run(delete_) != SQLITE_DONE) return failure("write");
+  return sqlite3_changes(database_.get()) == 1;
 }
 
 std::int64_t PreferencesFile::rowInIndex(std::string_view key) {
@@ -194,6 +196,23 @@ Outcome PreferencesFile::synchronize() {
     return fail(State::unusable, isFull ? StorageProblem::diskFull : StorageProblem::failing,
                 "cannot write " + path_.string() + " (" + textOfError(errno) + "); check the disk");
   }
+  isSynchronized_ = true;
+  cueWatchers(path_);
+  return done();
+}
+
+Outcome PreferencesFile::checkpoint() {
+  if (isSynchronized_) return done();
+  // A log that was in use before is left to the process that uses it.
+  if (!wasLogEmpty_ || !isLogWhole_ || isIndexCut() || isReplaced()) return synchronize();
+  int frames = 0;
+  int copied = 0;
+  // Syncs the log before it writes to the file, and then the file.
+  const int code = sqlite3_wal_checkpoint_v2(database_.get(), "main", SQLITE_CHECKPOINT_PASSIVE,
+                                             &frames, &copied);
+  // After a sync that failed, the next one may succeed although the disk has lost writes.
+  if ((code & 0xFF) == SQLITE_IOERR) return failure("write");
+  if (code != SQLITE_OK || copied < frames) return synchronize();
   isSynchronized_ = true;
   cueWatchers(path_);
   return done();

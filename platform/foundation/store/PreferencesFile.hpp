@@ -75,8 +75,9 @@ public:
   // another process.
   void dontWait() { isStuck_ = true; }
 
-  // Why the change can never be stored; nothing when it can.
-  static std::optional<Error> refusalOf(const PreferenceChange& change);
+  // Why the value, or the removal if there is none, can never be stored; nothing when it can.
+  static std::optional<Error> refusalOf(std::string_view key,
+                                        const QEVSettings::PreferenceValue* value);
 
   // The state after the last operation, and the problem when it failed.
   State state() const { return state_; }
@@ -131,6 +132,11 @@ public:
   // does no other harm.
   Outcome synchronize();
 
+  // As `synchronize`, and copies the log into the file unless another process uses the log. For the
+  // last writes before the file is closed: at close, SQLite would copy the log and wait for the
+  // disk once more.
+  Outcome checkpoint();
+
   // Copies all rows into a new store at another path, marked as a good copy. On success the new
   // store is complete and on the disk; otherwise there is none.
   Outcome copyTo(const std::filesystem::path& path);
@@ -139,10 +145,18 @@ public:
   std::vector<std::string> faults();
 
 private:
+  // What tells a store from other databases.
+  struct Marks {
+    std::int64_t objects = 0;       // tables, indices and the like
+    std::int64_t otherObjects = 0;  // neither tables nor indices
+    bool isOurs = false;
+    std::int64_t formatVersion = 0;
+  };
+
   Outcome connect(bool forReading);
   Outcome makeUnshared();
-  std::optional<std::int64_t> objectCount();
-  Outcome identify(std::optional<std::int64_t> objects);
+  std::optional<Marks> readMarks();
+  Outcome identify(const std::optional<Marks>& marks);
   Outcome setUp();
   Outcome useWriteAheadLog();
   Outcome prepareToRead();
@@ -154,8 +168,7 @@ private:
   Outcome writeOne(PreferenceChange& change, std::int64_t& last, const RowNumbers& rows);
   Outcome bringAlong(PreferenceChange& change, std::int64_t& last);
   Outcome replaceRow(const PreferenceChange& change, std::int64_t number, std::int64_t row);
-  Outcome updateRow(const PreferenceChange& change, std::int64_t number, std::int64_t row,
-                    bool& isFound);
+  Result<bool> removeRow(std::string_view key, std::int64_t row);
   std::int64_t rowInIndex(std::string_view key);
   Outcome succeed();
   Error fail(State state, QEVSettings::StorageProblem problem, std::string message);
@@ -169,14 +182,15 @@ private:
   Statement begin_;
   Statement select_;
   Statement insert_;
-  Statement update_;
+  Statement delete_;
   Statement commit_;
   State state_ = State::closed;
   QEVSettings::StorageProblem problem_ = QEVSettings::StorageProblem::failing;
   bool readOnly_ = false;
   bool unchanging_ = false;
   bool usesLog_ = false;
-  bool isLogWhole_ = false;  // nothing in the log was left out when SQLite opened it
+  bool wasLogEmpty_ = false;  // when it was opened
+  bool isLogWhole_ = false;   // nothing in the log was left out when SQLite opened it
   bool isSynchronized_ = true;
   bool hasOlderChanges_ = false;
   bool isStuck_ = false;  // the last wait for another process was in vain

@@ -45,11 +45,12 @@ std::int64_t nanoseconds(const timespec& time) {
   return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
 }
 
-// Refuses what neither a store nor a file next to it may be.
-Outcome refuse(const std::filesystem::path& path) {
+// The size of the file, or nothing when it is missing. Refuses what neither a store nor a file next
+// to it may be.
+Result<std::optional<off_t>> sizeUnlessRefused(const std::filesystem::path& path) {
   struct stat found {};
   if (::lstat(path.c_str(), &found) != 0) {
-    if (errno == ENOENT) return done();
+    if (errno == ENOENT) return std::optional<off_t>();
     return Error{"cannot read " + path.string() + " (" + std::generic_category().message(errno) +
                  "); check its name and its permissions"};
   }
@@ -61,7 +62,7 @@ Outcome refuse(const std::filesystem::path& path) {
     return Error{path.string() + " is a symbolic link; choose the file that it leads to"};
   if (S_ISDIR(found.st_mode)) return Error{path.string() + " is a folder; choose a file"};
   if (!S_ISREG(found.st_mode)) return Error{path.string() + " is no regular file; choose another"};
-  return done();
+  return std::optional(found.st_size);
 }
 
 }  // namespace
@@ -76,7 +77,8 @@ std::optional<FileIdentity> FileIdentity::of(const std::filesystem::path& path) 
 }
 
 void StoreIdentity::remember(const std::filesystem::path& store) {
-  folder_ = FileIdentity::of(store.parent_path());
+  folderPath_ = store.parent_path();
+  folder_ = FileIdentity::of(folderPath_);
   file_ = FileIdentity::of(store);
   log_ = FileIdentity::of(store.string() + "-wal");
   index_ = FileIdentity::of(store.string() + "-shm");
@@ -85,7 +87,7 @@ void StoreIdentity::remember(const std::filesystem::path& store) {
 
 bool StoreIdentity::isReplaced(const std::filesystem::path& store) {
   struct stat found {};
-  if (::lstat(store.parent_path().c_str(), &found) != 0) return errno == ENOENT;
+  if (::lstat(folderPath_.c_str(), &found) != 0) return errno == ENOENT;
   const bool isSameFolder = FileIdentity{.device = found.st_dev, .node = found.st_ino} == folder_;
   const std::int64_t changed = nanoseconds(found.st_mtim);
   const bool isSameTime = changed == folderChanged_;
@@ -118,14 +120,13 @@ bool StoreIdentity::isFolderReplaced(const std::filesystem::path& store) const {
 }
 
 Result<StoreKind> kindOfStore(const std::filesystem::path& store) {
-  if (auto outcome = refuse(store); !outcome) return outcome.error();
+  const auto size = sizeUnlessRefused(store);
+  if (!size) return size.error();
   for (const char* ending : {"-wal", "-shm", "-journal"}) {
-    if (auto outcome = refuse(store.string() + ending); !outcome) return outcome.error();
+    if (auto other = sizeUnlessRefused(store.string() + ending); !other) return other.error();
   }
-  struct stat found {};
-  if (::lstat(store.c_str(), &found) != 0)
-    return errno == ENOENT ? Result(StoreKind::missing) : unreadable(store);
-  if (found.st_size == 0) return StoreKind::empty;
+  if (!*size) return StoreKind::missing;
+  if (**size == 0) return StoreKind::empty;
   const auto header = readRawDatabaseFile(store, kHeaderBytes);
   if (!header) {
     return Error{"cannot read " + store.string() +

@@ -32,6 +32,7 @@ public:
   bool isFolderReplaced(const std::filesystem::path& store) const;
 
 private:
+  std::filesystem::path folderPath_;
   std::optional<FileIdentity> folder_;
   std::optional<FileIdentity> file_;
   std::optional<FileIdentity> log_;

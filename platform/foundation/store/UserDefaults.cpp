@@ -68,7 +68,7 @@ UserDefaults::UserDefaults()
 UserDefaults& UserDefaults::standardUserDefaults() {
   static const std::unique_ptr<UserDefaults> store = [] {
     const auto file = standardFile();
-    const bool mayChange = chosenStandardAccess() == Access::readWrite;
+    const bool mayChange = chosenStandardAccess() != Access::readOnly;
     if (mayChange && !chosenStandardFile() && !file.empty()) makePrivate(file.parent_path());
     if (!file.empty()) {
       auto opened = open(file, chosenStandardAccess());
@@ -108,6 +108,7 @@ std::unique_ptr<UserDefaults> UserDefaults::open(const std::filesystem::path& pa
   auto store = inMemory();
   std::error_code error;
   store->path_ = std::filesystem::absolute(path, error);
+  store->isShortLived_ = access == Access::shortLived;
   FileLimitSignal::lookUpLimit();
   const auto connected = withinLimits([&] {
     access == Access::readOnly ? store->connectForReading() : store->connect();
@@ -155,7 +156,12 @@ void UserDefaults::write(std::string_view key, std::optional<PreferenceValue> va
   catchUp();
   const auto outcome = withinMemory([&] {
     ownKey = key;
-    changed = put({.key = ownKey, .value = std::move(value)});
+    refusal_ = PreferencesFile::refusalOf(ownKey, value ? &*value : nullptr);
+    if (refusal_) {
+      reportDiagnostic("preferences: " + refusal_->message);
+    } else {
+      changed = put(ownKey, std::move(value));
+    }
     return done();
   });
   if (!outcome) setStatus(outcome.error(), QEVSettings::StorageProblem::failing);
@@ -165,46 +171,47 @@ void UserDefaults::write(std::string_view key, std::optional<PreferenceValue> va
 }
 
 Outcome UserDefaults::applyAll(const PreferenceDictionary& values) {
-  std::vector<std::string> changed;
+  std::vector<std::string> changed;  // as far as anybody observes
+  bool isChanged = false;
+  const bool isObserved = !observers_->isEmpty();
   closeCutFile();
   catchUp();
   const auto outcome = withinMemory([&]() -> Outcome {
     for (const auto& [key, value] : values) {
-      if (auto refusal = PreferencesFile::refusalOf({.key = key, .value = value}))
-        return *std::move(refusal);
+      if (auto refusal = PreferencesFile::refusalOf(key, &value)) return *std::move(refusal);
     }
+    if (!values.empty()) refusal_.reset();
     for (const auto& [key, value] : values) {
-      if (put({.key = key, .value = value})) changed.push_back(key);
+      if (!put(key, value)) continue;
+      isChanged = true;
+      if (isObserved) changed.push_back(key);
     }
     return done();
   });
-  if (!outcome && changed.empty()) return outcome;
-  if (!changed.empty() || !unsaved_.empty()) save();
+  if (!outcome && !isChanged) return outcome;
+  if (isChanged || !unsaved_.empty()) save();
   for (const std::string& key : changed) observers_->announce(key);
   return status_ ? Outcome(*status_) : done();
 }
 
-// Puts a change into the image and among the unsaved ones; returns whether it changes anything.
-bool UserDefaults::put(PreferenceChange change) {
-  refusal_ = PreferencesFile::refusalOf(change);
-  if (refusal_) {
-    reportDiagnostic("preferences: " + refusal_->message);
-    return false;
-  }
-  const auto found = image_.find(change.key);
-  if (found == image_.end() ? !change.value : change.value == found->second.value) return false;
+// Puts a change that is not refused into the image and among the unsaved ones; returns whether it
+// changes anything.
+bool UserDefaults::put(const std::string& key, std::optional<PreferenceValue> value) {
+  const auto found = image_.find(key);
+  if (found == image_.end() ? !value : value == found->second.value) return false;
   // Before the image, so that a lack of memory cannot leave a change in the image that is never
   // written.
-  if (!path_.empty()) unsaved_.insert_or_assign(change.key, Pending{.value = change.value});
-  if (!change.value) {
-    removed_[change.key] = found->second.number;
+  if (!path_.empty()) unsaved_.insert_or_assign(key, Pending{.value = value});
+  if (!value) {
+    removed_[key] = found->second.number;
     image_.erase(found);
   } else if (found != image_.end()) {
-    found->second.value = *change.value;
+    found->second.value = *std::move(value);
   } else {
-    const std::int64_t number = numberOf(change.key);
-    removed_.erase(change.key);
-    image_.emplace(change.key, Kept{.value = *change.value, .number = number});
+    const auto removed = removed_.find(key);
+    const std::int64_t number = removed != removed_.end() ? removed->second : 0;
+    image_.emplace(key, Kept{.value = *std::move(value), .number = number});
+    if (removed != removed_.end()) removed_.erase(removed);
   }
   return true;
 }

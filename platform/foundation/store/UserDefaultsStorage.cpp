@@ -48,6 +48,7 @@ UserDefaults::~UserDefaults() {
   if (!file_) return;
   const auto lastOfCopy = lastChangeOfGoodCopy(path_);
   if (lastOfCopy && *lastOfCopy == lowBitsOfChange(file_->lastChange())) return;
+  if (isShortLived_ && isGoodCopyRecent(path_, file_->lastChange())) return;
   static_cast<void>(withinLimits([this] {
     if (auto recovery = keepGoodCopy(path_)) didRecover(*std::move(recovery));
     return done();
@@ -61,10 +62,10 @@ void UserDefaults::connect() {
   image_.reserve(opened.contents.size());
   // Copies of the keys lie next to each other, which look-ups feel: the keys as read lie between
   // the values.
-  for (const PreferenceChange& change : opened.contents) {
+  for (PreferenceChange& change : opened.contents) {
     if (change.value) {
       image_.insert_or_assign(std::string(change.key),
-                              Kept{.value = *change.value, .number = change.number});
+                              Kept{.value = *std::move(change.value), .number = change.number});
     } else {
       removed_.insert_or_assign(std::string(change.key), change.number);
     }
@@ -233,8 +234,9 @@ Outcome UserDefaults::synchronize() {
     save();
   }
   if (file_ && unsaved_.empty()) {
-    if (auto outcome = withinLimits([this] { return file_->synchronize(); }); !outcome)
-      return outcome;
+    auto outcome =
+        withinLimits([this] { return isShortLived_ ? file_->checkpoint() : file_->synchronize(); });
+    if (!outcome) return outcome;
     if (watch_) watch_->didSynchronize();
   }
   return status_ ? Outcome(*status_) : done();
@@ -247,7 +249,7 @@ void UserDefaults::saveUnlessJustFailed() {
 // `closeCutFile` must have been called before.
 void UserDefaults::save() {
   if (path_.empty()) return;
-  startWatch();
+  if (!isShortLived_) startWatch();
   const auto attempt = [this](Suspicion suspicion) {
     return withinLimits([&] { return saveOnce(suspicion); });
   };
@@ -257,12 +259,14 @@ void UserDefaults::save() {
   }
   if (outcome) {
     setStatus(std::nullopt, std::nullopt);
-    watch_->didSucceed();
-    watch_->didWrite();
+    if (watch_) {
+      watch_->didSucceed();
+      watch_->didWrite();
+    }
   } else {
     failed_ = Clock::now();
     setStatus(outcome.error(), file_ ? std::optional(file_->problem()) : problem_);
-    watch_->retryLater();
+    if (watch_) watch_->retryLater();
   }
 }
 
@@ -296,6 +300,7 @@ void UserDefaults::didWrite(const std::vector<PreferenceChange>& changes) {
 
 Outcome UserDefaults::synchronizeOrLater() {
   auto outcome = done();
+  if (isShortLived_) return outcome;
   const bool isBurst = Clock::now() - written_ < kBurst;
   if (!isBurst || !watch_->synchronizeLater(kBurst)) outcome = file_->synchronize();
   // Everything is written again: after a failed sync, the disk may have lost writes that it

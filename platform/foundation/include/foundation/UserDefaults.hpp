@@ -44,9 +44,18 @@ enum class Suspicion;
 // such event is one line of diagnostics. Main thread.
 class UserDefaults final : public QEVSettings::PreferencesStore {
 public:
-  // Whether a store may touch its file. A store for reading creates and writes nothing on disk, not
-  // even files next to its own; its own changes stay in memory.
-  enum class Access { readWrite, readOnly };
+  // How a store uses its file.
+  enum class Access {
+    readWrite,
+    // As readWrite, for a process that ends after a few writes. Keeps no thread unless the store is
+    // observed. A write survives a power cut when `synchronize` has returned, which waits for the
+    // disk once for all of them. Renews the good copy only when that lacks 32 changes or is a day
+    // old.
+    shortLived,
+    // Creates and writes nothing on disk, not even files next to its own. Its own changes stay in
+    // memory.
+    readOnly
+  };
 
   // The store of this process, opened at first use and closed when the process ends. Its file is
   // ID/preferences.sqlite in $XDG_CONFIG_HOME or ~/.config, with the id of
@@ -139,7 +148,7 @@ private:
   void catchUp() const;
   void takeOverChanges();
   void write(std::string_view key, std::optional<QEVSettings::PreferenceValue> value);
-  bool put(PreferenceChange change);
+  bool put(const std::string& key, std::optional<QEVSettings::PreferenceValue> value);
   void saveUnlessJustFailed();
   void save();
   Outcome saveOnce(Suspicion suspicion);
@@ -157,6 +166,7 @@ private:
   std::shared_ptr<PreferenceObservers> observers_;
   std::shared_ptr<PreferenceObservers> storageObservers_;
   std::filesystem::path path_;  // empty for a store in memory
+  bool isShortLived_ = false;
   std::unique_ptr<PreferencesFile> file_;
   // A read takes over first what other processes wrote, and recovers a file that it finds damaged.
   UserDefaults& self_ = *this;

@@ -6,6 +6,9 @@
 #include "store/recovery/DatabaseBytes.hpp"
 #include "store/recovery/PreferencesSalvage.hpp"
 
+#include <sys/stat.h>
+
+#include <ctime>
 #include <string>
 #include <system_error>
 
@@ -52,6 +55,18 @@ bool isBehind(std::int64_t lastChange, std::optional<std::uint32_t> lastOfCopy) 
   const std::uint32_t ahead =
       lastOfCopy ? (*lastOfCopy - lowBitsOfChange(lastChange)) & 0x7FFFFFFFU : 0;
   return ahead != 0 && ahead < 0x40000000U;
+}
+
+bool isGoodCopyRecent(const std::filesystem::path& store, std::int64_t lastChange) {
+  constexpr std::uint32_t fewChanges = 32;
+  constexpr std::time_t day = 24 * 60 * 60;
+  const auto lastOfCopy = lastChangeOfGoodCopy(store);
+  struct stat found {};
+  if (!lastOfCopy || !*lastOfCopy || ::lstat(goodCopyOf(store).c_str(), &found) != 0) return false;
+  const std::uint32_t lacking = (lowBitsOfChange(lastChange) - **lastOfCopy) & 0x7FFFFFFFU;
+  // Negative when the clock went back.
+  const std::time_t age = std::time(nullptr) - found.st_mtime;
+  return lacking < fewChanges && age >= 0 && age < day;
 }
 
 CopyOutcome replaceGoodCopy(const std::filesystem::path& store) {

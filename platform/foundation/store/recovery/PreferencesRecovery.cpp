@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <ctime>
+#include <ranges>
 #include <system_error>
 #include <utility>
 
@@ -134,12 +135,13 @@ Attempt attempt(const std::filesystem::path& store, Patience patience, bool isLo
   return opened;
 }
 
-// Renames the copies of the damaged store to their final names; returns the name of the first.
+// Renames the copies of the damaged store to their final names, the last copy first, so that none
+// is left behind a gap. Returns the name of the first copy.
 std::string nameDamagedCopies(const std::filesystem::path& store) {
   const auto copies = unfinishedCopiesOf(store);
   if (!copies) return {};
   std::string first;
-  for (const auto& copy : *copies) {
+  for (const auto& copy : std::views::reverse(*copies)) {
     const std::string dated =
         store.string() + std::string(kDamaged) + textOfTime(std::time(nullptr), "%Y-%m-%d-%H%M%S");
     std::string name = dated;
@@ -148,9 +150,8 @@ std::string nameDamagedCopies(const std::filesystem::path& store) {
       name = dated + "-" + std::to_string(i);
     // The file last: while it has its old name, file and log count as unfinished.
     ::rename((copy.string() + "-wal").c_str(), (name + "-wal").c_str());
-    if (::rename(copy.c_str(), name.c_str()) == 0 && first.empty()) {
-      first = std::filesystem::path(name).filename().string();
-    }
+    if (::rename(copy.c_str(), name.c_str()) != 0) return {};
+    first = std::filesystem::path(name).filename().string();
   }
   syncFolder(store.parent_path());
   return first;

@@ -1,7 +1,5 @@
 #include "store/recovery/RawDatabaseFile.hpp"
 
-#include "store/FilePresence.hpp"
-
 #include <sqlite3.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -81,14 +79,11 @@ std::optional<FileBytes> readRawDatabaseFile(const std::filesystem::path& path, 
 }
 
 Result<FileBytes> readRawDatabaseFileIfThere(const std::filesystem::path& path, std::size_t most) {
+  if (auto bytes = readRawDatabaseFile(path, most)) return *std::move(bytes);
   struct stat found {};
   const bool isFound = ::lstat(path.c_str(), &found) == 0;
   if (!isFound && errno == ENOENT) return FileBytes();
   if (isFound && (!S_ISREG(found.st_mode) || found.st_uid != ::geteuid())) return FileBytes();
-  auto bytes = isFound ? readRawDatabaseFile(path, most) : std::nullopt;
-  if (bytes) return *std::move(bytes);
-  // Another process may have removed the file meanwhile.
-  if (presenceOf(path) == Presence::absent) return FileBytes();
   return unreadable(path);
 }
 

@@ -80,10 +80,7 @@ bool keepCopy(const std::filesystem::path& store, const FileBytes& file, const F
     if (readRawDatabaseFile(copy) == file && copiedLog && *copiedLog == log) return true;
   }
   if (unfinished->size() >= kMaximumUnfinished) return true;
-  int number = 1;
-  while (std::ranges::find(*unfinished, unfinishedCopy(store, number)) != unfinished->end())
-    ++number;
-  const auto copy = unfinishedCopy(store, number);
+  const auto copy = unfinishedCopy(store, static_cast<int>(unfinished->size()) + 1);
   // The log first: the copy of the file shows that both are complete.
   const std::string logCopy = copy.string() + "-wal";
   ::unlink(logCopy.c_str());
@@ -124,7 +121,9 @@ Result<std::vector<std::filesystem::path>> unfinishedCopiesOf(const std::filesys
     auto copy = unfinishedCopy(store, number);
     const Presence presence = presenceOf(copy);
     if (presence == Presence::unknown) return unreadable(copy);
-    if (presence == Presence::present) copies.push_back(std::move(copy));
+    // The copies are made in this order, and renamed in the opposite one.
+    if (presence == Presence::absent) break;
+    copies.push_back(std::move(copy));
   }
   return copies;
 }

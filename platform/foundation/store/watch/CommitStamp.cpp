@@ -73,9 +73,9 @@ bool CommitStamp::isIndexCut() const { return isAttached_ && (stamp_ == &none_ |
 bool CommitStamp::isCutIndexInUse(const std::filesystem::path& store) {
   const std::scoped_lock lock(registry().mutex);
   const auto& stamps = registry().stamps;
-  return isCut(indexOf(store)) &&
-         std::any_of(stamps.begin(), stamps.end(),
-                     [&](const CommitStamp* stamp) { return stamp->store_ == store; });
+  return std::any_of(stamps.begin(), stamps.end(),
+                     [&](const CommitStamp* stamp) { return stamp->store_ == store; }) &&
+         isCut(indexOf(store));
 }
 
 CommitStamp::News CommitStamp::newsOf(const std::filesystem::path& store) {
