@@ -1,5 +1,7 @@
 #include "commandline/Arguments.hpp"
 
+#include "commandline/Translation.hpp"
+
 #include <algorithm>
 
 namespace zorvantine {
@@ -15,9 +17,9 @@ Outcome takeOperands(std::string_view command, const std::vector<std::string_vie
   const bool repeats = !operands.empty() && operands.back().repeats;
   const std::size_t needed = operands.size() - (repeats ? 1 : 0);
   if (words.size() < needed)
-    return Error{std::string(command) + " needs " + std::string(operands[words.size()].needs)};
+    return Error{translated("%1 needs %2", {command, translated(operands[words.size()].needs)})};
   if (words.size() > needed && !repeats) {
-    return Error{std::string(command) + " has no use for “" + std::string(words[needed]) + "”"};
+    return Error{translated("%1 has no use for “%2”", {command, words[needed]})};
   }
   for (std::size_t at = 0; at < words.size(); ++at) {
     if (auto outcome = operands[std::min(at, operands.size() - 1)].take(words[at]); !outcome)
@@ -47,18 +49,19 @@ Outcome readArguments(std::string_view command, Words words, const Arguments& ar
     const std::size_t equals = word.find('=');
     const std::string name(word.substr(0, equals));
     const auto option = std::ranges::find(arguments.options, name, &Option::name);
-    if (option == arguments.options.end()) return wrong("there is no option " + name + " here");
+    if (option == arguments.options.end())
+      return wrong(translated("there is no option %1 here", {name}));
 
     const bool isJoined = equals != std::string_view::npos;
     std::string_view value;
     if (option->value.empty()) {
-      if (isJoined) return wrong(name + " takes no value");
+      if (isJoined) return wrong(translated("%1 takes no value", {name}));
     } else if (isJoined) {
       value = word.substr(equals + 1);
     } else if (++at < words.size()) {
       value = words[at];
     } else {
-      return wrong(name + " needs a value after it");
+      return wrong(translated("%1 needs a value after it", {name}));
     }
     if (auto outcome = option->take(value); !outcome) return wrong(outcome.error().message);
   }
@@ -67,12 +70,11 @@ Outcome readArguments(std::string_view command, Words words, const Arguments& ar
 }
 
 std::string alternatives(const std::vector<std::string_view>& names) {
+  if (names.empty()) return {};
   std::string text;
-  for (std::size_t at = 0; at < names.size(); ++at) {
-    if (at > 0) text += at + 1 < names.size() ? ", " : " or ";
-    text += names[at];
-  }
-  return text;
+  for (const std::string_view name : std::span(names).first(names.size() - 1))
+    text += (text.empty() ? "" : ", ") + std::string(name);
+  return text.empty() ? std::string(names.back()) : translated("%1 or %2", {text, names.back()});
 }
 
 }  // namespace zorvantine

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commandline/Translation.hpp"
 #include "foundation/Result.hpp"
 
 #include <functional>
@@ -36,7 +37,7 @@ struct Option {
 // A word of a command that belongs to no option.
 struct Operand {
   std::string_view name;   // "KEY"
-  std::string_view needs;  // "a KEY", for the message that it is missing
+  std::string_view needs;  // "a KEY", for the message that it is missing; a key of `translated`
   Take take;
   bool repeats = false;  // stands for zero or more words; allowed for the last operand only
 };
@@ -79,8 +80,8 @@ Option choice(std::string_view name, std::string_view value, std::string_view he
       target = meaning;
       return foundation::done();
     }
-    return foundation::Outcome(foundation::Error{std::string(name) + " is " + alternatives(known) +
-                                                 ", not “" + std::string(word) + "”"});
+    return foundation::Outcome(
+        foundation::Error{translated("%1 is %2, not “%3”", {name, alternatives(known), word})});
   };
   return {.name = name, .value = value, .help = help, .choices = known, .take = take};
 }

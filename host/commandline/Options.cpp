@@ -1,5 +1,6 @@
 #include "commandline/Options.hpp"
 
+#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
 
 #include <algorithm>
@@ -33,8 +34,8 @@ Error noSuchCommand(std::string_view word) {
     if (entry.name.starts_with(std::string(word) + " "))
       known.push_back(entry.name.substr(word.size() + 1));
   }
-  if (known.empty()) return Error{"there is no command “" + std::string(word) + "”"};
-  return Error{std::string(word) + " needs " + alternatives(known) + " after it"};
+  if (known.empty()) return Error{translated("there is no command “%1”", {word})};
+  return Error{translated("%1 needs %2 after it", {word, alternatives(known)})};
 }
 
 // A command without arguments and without a store.
@@ -73,7 +74,8 @@ std::vector<Option> programOptions(ProgramOptions& options) {
                    "XDG_CONFIG_HOME). Commands that change preferences make it when it is missing.",
            .take =
                [&options](std::string_view value) {
-                 if (value.empty()) return Outcome(Error{"--store needs the name of a file"});
+                 if (value.empty())
+                   return Outcome(Error{translated("--store needs the name of a file")});
                  options.store = value;
                  return done();
                }},

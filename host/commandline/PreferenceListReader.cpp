@@ -1,5 +1,6 @@
 #include "commandline/PreferenceListReader.hpp"
 
+#include "commandline/Translation.hpp"
 #include "commandline/ValueReader.hpp"
 #include "foundation/JSON.hpp"
 #include "foundation/PropertyList.hpp"
@@ -46,11 +47,11 @@ std::optional<std::string> typedText(Type type, const JSON& json) {
 Result<PreferenceValue> readTyped(Type type, const JSON& json) {
   if (type == Type::array || type == Type::dictionary) {
     const bool matches = type == Type::array ? json.isArray() : json.isObject();
-    if (!matches) return Error{"the value is not of the type " + std::string(nameOf(type))};
+    if (!matches) return Error{translated("the value is not of the type %1", {nameOf(type)})};
     return preferenceOf(json);
   }
   const auto text = typedText(type, json);
-  if (!text) return Error{"the value is not of the type " + std::string(nameOf(type))};
+  if (!text) return Error{translated("the value is not of the type %1", {nameOf(type)})};
   if (type == Type::real && *text == "nan")
     return PreferenceValue(std::numeric_limits<double>::quiet_NaN());
   return readValue(type, *text);
@@ -61,13 +62,14 @@ Result<PreferenceValue> readEntry(const JSON& entry) {
   const auto value = entry.member("value");
   const auto type = name ? typeNamed(name->asString().value_or("")) : std::nullopt;
   if (!type || !value)
-    return Error{"the entry has no type and value such as prefs list --format json prints"};
+    return Error{
+        translated("the entry has no type and value such as prefs list --format json prints")};
   return readTyped(*type, *value);
 }
 
 Result<PreferenceDictionary> readJSONList(std::string text) {
   const auto list = JSON::parse(std::move(text));
-  if (!list) return Error{"the list is not JSON: " + list.error().message};
+  if (!list) return Error{translated("the list is not JSON: %1", {list.error().message})};
   PreferenceDictionary preferences;
   for (const JSON::Member& member : list->members()) {
     auto value = readEntry(member.value);

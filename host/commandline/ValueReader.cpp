@@ -1,5 +1,6 @@
 #include "commandline/ValueReader.hpp"
 
+#include "commandline/Translation.hpp"
 #include "foundation/Base64.hpp"
 #include "foundation/JSON.hpp"
 #include "foundation/Unicode.hpp"
@@ -22,40 +23,45 @@ using QEVSettings::PreferenceValue;
 
 namespace {
 
+// The messages say that the text is no such number, or beyond the limits of one.
 template <class Number>
-Result<PreferenceValue> readNumber(std::string_view text, const char* what) {
+Result<PreferenceValue> readNumber(std::string_view text, const char* noNumber,
+                                   const char* beyondLimits) {
   Number number{};
   const char* const end = text.data() + text.size();
   const auto [stop, error] = std::from_chars(text.data(), end, number);
-  if (error == std::errc::result_out_of_range)
-    return Error{"“" + std::string(text) + "” is beyond the limits of " + what};
-  if (error != std::errc() || stop != end)
-    return Error{"“" + std::string(text) + "” is not " + what};
+  if (error == std::errc::result_out_of_range) return Error{translated(beyondLimits, {text})};
+  if (error != std::errc() || stop != end) return Error{translated(noNumber, {text})};
   return PreferenceValue(number);
 }
 
+constexpr const char* kNoInteger = "“%1” is not a whole number of 64 bits";
+constexpr const char* kIntegerBeyondLimits =
+    "“%1” is beyond the limits of a whole number of 64 bits";
+constexpr const char* kNoReal = "“%1” is not a real number";
+constexpr const char* kRealBeyondLimits = "“%1” is beyond the limits of a real number";
+
 Result<PreferenceValue> readReal(std::string_view text) {
-  auto value = readNumber<double>(text, "a real number");
-  if (value && std::isnan(value->asReal().value_or(0)))
-    return Error{"“" + std::string(text) + "” is not a real number"};
+  auto value = readNumber<double>(text, kNoReal, kRealBeyondLimits);
+  if (value && std::isnan(value->asReal().value_or(0))) return Error{translated(kNoReal, {text})};
   return value;
 }
 
 Result<PreferenceValue> readBoolean(std::string_view text) {
   if (text == "true") return PreferenceValue(true);
   if (text == "false") return PreferenceValue(false);
-  return Error{"“" + std::string(text) + "” is neither true nor false"};
+  return Error{translated("“%1” is neither true nor false", {text})};
 }
 
 Result<PreferenceValue> readText(std::string_view text) {
   if (!foundation::isValidUtf8(text))
-    return Error{"the text is not UTF-8; use --data for other bytes"};
+    return Error{translated("the text is not UTF-8; use --data for other bytes")};
   return PreferenceValue(text);
 }
 
 Result<PreferenceValue> readData(std::string_view text) {
   auto bytes = foundation::base64Decoded(text);
-  if (!bytes) return Error{"“" + std::string(text) + "” is not base64"};
+  if (!bytes) return Error{translated("“%1” is not base64", {text})};
   return PreferenceValue(*std::move(bytes));
 }
 
@@ -111,7 +117,7 @@ std::optional<PreferenceValue::Date> dateOf(std::string_view text) {
 
 Result<PreferenceValue> readDate(std::string_view text) {
   if (const auto date = dateOf(text)) return PreferenceValue(*date);
-  return Error{"“" + std::string(text) + "” is no date such as 2026-03-01T12:30:00Z"};
+  return Error{translated("“%1” is no date such as 2026-03-01T12:30:00Z", {text})};
 }
 
 Result<PreferenceValue> arrayOf(const JSON& json) {
@@ -150,22 +156,21 @@ Result<PreferenceValue> preferenceOf(const JSON& json) {
         if (const auto integer = json.asInteger()) return PreferenceValue(*integer);
       }
       if (const auto real = json.asReal()) return PreferenceValue(*real);
-      return Error{"the number " + std::string(*json.numberText()) +
-                   " is beyond the limits of a real number"};
+      return Error{translated(kRealBeyondLimits, {*json.numberText()})};
   }
-  return Error{"null is no value of a preference; use prefs delete to remove a key"};
+  return Error{translated("null is no value of a preference; use prefs delete to remove a key")};
 }
 
 Result<PreferenceValue> readJSONValue(std::string_view text) {
   const auto json = JSON::parse(std::string(text));
-  if (!json) return Error{"the value is not JSON: " + json.error().message};
+  if (!json) return Error{translated("the value is not JSON: %1", {json.error().message})};
   return preferenceOf(*json);
 }
 
 Result<PreferenceValue> readValue(PreferenceValue::Type type, std::string_view text) {
   using Type = PreferenceValue::Type;
   switch (type) {
-    case Type::integer: return readNumber<std::int64_t>(text, "a whole number of 64 bits");
+    case Type::integer: return readNumber<std::int64_t>(text, kNoInteger, kIntegerBeyondLimits);
     case Type::real: return readReal(text);
     case Type::boolean: return readBoolean(text);
     case Type::string: return readText(text);
@@ -174,7 +179,7 @@ Result<PreferenceValue> readValue(PreferenceValue::Type type, std::string_view t
     case Type::array:
     case Type::dictionary: break;
   }
-  return Error{"an array or a dictionary is given as JSON; use --json"};
+  return Error{translated("an array or a dictionary is given as JSON; use --json")};
 }
 
 }  // namespace zorvantine

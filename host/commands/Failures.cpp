@@ -1,4 +1,5 @@
 #include "commandline/TextForm.hpp"
+#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
 
 namespace zorvantine {
@@ -13,9 +14,9 @@ Failed storeFailure(const foundation::UserDefaults& store) {
 }
 
 Failure noSuchKey(std::string_view key) {
-  return {.code = ExitCode::noSuchKey,
-          .message =
-              "there is no key “" + std::string(key) + "”; prefs list shows those that there are"};
+  return {
+      .code = ExitCode::noSuchKey,
+      .message = translated("there is no key “%1”; prefs list shows those that there are", {key})};
 }
 
 }  // namespace zorvantine

@@ -1,6 +1,7 @@
 #include "commandline/Help.hpp"
 
 #include "commandline/Completions.hpp"
+#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
 
 #include <ostream>
@@ -31,9 +32,10 @@ Failed run(const HelpCommand& command, Console& console) {
     text += helpText(entry);
   }
   if (text.empty()) {
-    return Failure{.code = ExitCode::usage,
-                   .message = "there is no command “" + command.topic +
-                              "”; zorvantine --help shows what there is"};
+    return Failure{
+        .code = ExitCode::usage,
+        .message = translated("%1; zorvantine --help shows what there is",
+                              {translated("there is no command “%1”", {command.topic})})};
   }
   console.out << text;
   return std::nullopt;

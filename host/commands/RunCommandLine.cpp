@@ -5,6 +5,7 @@
 #include "commandline/Help.hpp"
 #include "commandline/Messages.hpp"
 #include "commandline/Options.hpp"
+#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
 #include "foundation/Bundle.hpp"
 #include "foundation/UserDefaults.hpp"
@@ -39,8 +40,10 @@ Failed missingStore(const Options& options) {
                             std::filesystem::file_type::not_found) {
     return std::nullopt;
   }
-  return Failure{.message = "there is no store " + options.store->string() +
-                            "; check its name, or make it with prefs set or prefs import"};
+  return Failure{
+      .message = translated(
+          "there is no store %1; check its name, or make it with prefs set or prefs import",
+          {options.store->string()})};
 }
 
 // Opens the store in the way that the command uses it, and reports how that went.
@@ -106,13 +109,15 @@ int runCommandLine(int argc, char** argv, Program program) {
   const auto options = parseOptions(words);
   if (!options) {
     return report({.code = ExitCode::usage,
-                   .message = options.error().message + "; zorvantine --help shows what there is"},
+                   .message = translated("%1; zorvantine --help shows what there is",
+                                         {options.error().message})},
                   messages);
   }
   if (const auto failure = carryOut(*options, messages, program)) return report(*failure, messages);
   if (!std::cout.flush()) {
-    return report({.message = "the result could not be written; make room for it, and try again"},
-                  messages);
+    return report(
+        {.message = translated("the result could not be written; make room for it, and try again")},
+        messages);
   }
   return EXIT_SUCCESS;
 }

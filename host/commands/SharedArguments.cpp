@@ -1,5 +1,6 @@
 #include "commands/SharedArguments.hpp"
 
+#include "commandline/Translation.hpp"
 #include "foundation/Unicode.hpp"
 
 #include <array>
@@ -38,8 +39,8 @@ Option analyzersOption(WindowOptions& window) {
     const char* const end = value.data() + value.size();
     const auto [stop, error] = std::from_chars(value.data(), end, count);
     if (error != std::errc() || stop != end || count > kMostSyntheticAnalyzers) {
-      return Outcome(
-          Error{"--analyzers is a number from 0 to " + std::to_string(kMostSyntheticAnalyzers)});
+      return Outcome(Error{translated("--analyzers is a number from 0 to %1",
+                                      {std::to_string(kMostSyntheticAnalyzers)})});
     }
     window.syntheticAnalyzers = count;
     return done();
@@ -59,8 +60,8 @@ Option languageOption(WindowOptions& window) {
       return done();
     }
     return Outcome(
-        Error{"--language is a code: " + alternatives({kLanguages.begin(), kLanguages.end()}) +
-              ", not “" + std::string(value) + "”"});
+        Error{translated("--language is a code: %1, not “%2”",
+                         {alternatives({kLanguages.begin(), kLanguages.end()}), value})});
   };
   return {.name = "--language",
           .value = "CODE",
@@ -82,7 +83,7 @@ Option formatOption(OutputFormat& format) {
 
 Result<std::string> readKey(std::string_view word) {
   if (word.empty() || !foundation::isValidUtf8(word)) {
-    return Error{"a key is text of at least one character, in UTF-8"};
+    return Error{translated("a key is text of at least one character, in UTF-8")};
   }
   return std::string(word);
 }
@@ -120,7 +121,7 @@ void addWindowOptions(std::vector<Option>& options, WindowOptions& window) {
 
 Outcome checkTab(std::optional<Tab> tab, const WindowOptions& window) {
   if (tab == Tab::proxy && !window.hasProxyTab)
-    return Error{"--no-proxy leaves no proxy tab to show"};
+    return Error{translated("--no-proxy leaves no proxy tab to show")};
   return done();
 }
 

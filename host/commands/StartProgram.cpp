@@ -1,5 +1,6 @@
 #include "commands/StartProgram.hpp"
 
+#include "commandline/Translation.hpp"
 #include "commands/ReplaceProcess.hpp"
 #include "foundation/Bundle.hpp"
 
@@ -14,8 +15,10 @@ Failed startProgram(const std::string& name) {
   const auto installed = (folder / ZORVANTINE_PROGRAMS / name).lexically_normal();
   std::error_code error;
   replaceProcess(std::filesystem::exists(installed, error) ? installed : folder / name);
-  return Failure{.message = "the program " + installed.string() + " cannot be started (" +
-                            std::generic_category().message(errno) + "); install zorvantine again"};
+  const std::string reason = std::generic_category().message(errno);
+  return Failure{.message =
+                     translated("the program %1 cannot be started (%2); install zorvantine again",
+                                {installed.string(), reason})};
 }
 
 }  // namespace zorvantine

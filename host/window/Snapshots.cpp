@@ -1,6 +1,7 @@
 #include "window/Snapshots.hpp"
 
 #include "appkit/Application.hpp"
+#include "commandline/Translation.hpp"
 #include "window/DesktopHost.hpp"
 
 #include <array>
@@ -27,8 +28,8 @@ std::optional<Failure> takeSnapshots(const SnapshotCommand& command,
   std::error_code error;
   std::filesystem::create_directories(command.folder, error);
   if (error) {
-    return Failure{.message = "cannot make the folder " + command.folder.string() + " (" +
-                              error.message() + "); choose another"};
+    return Failure{.message = translated("cannot make the folder %1 (%2); choose another",
+                                         {command.folder.string(), error.message()})};
   }
   const DesktopHost desktop(command.window, store, qt::Application::Display::offscreen);
   if (command.appearance) {

@@ -1,7 +1,7 @@
 #include "QEVModels/PortsValidator.hpp"
 #include "commandline/TextForm.hpp"
+#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
-#include "foundation/Bundle.hpp"
 #include "foundation/JSONWriter.hpp"
 
 #include <algorithm>
@@ -39,9 +39,8 @@ Failed run(const ValidatePortsCommand& command, Console& console) {
   std::string text = command.text;
   if (text == "-") text.assign(std::istreambuf_iterator(console.in), {});
   if (console.in.bad())
-    return Failure{.message = "standard input could not be read; give the ports as an argument"};
-  // The command line speaks English.
-  foundation::Bundle::setPreferredLanguages({"en"});
+    return Failure{
+        .message = translated("standard input could not be read; give the ports as an argument")};
   const PortValidationResult result = QEVModels::validatedPorts(text);
   command.format == OutputFormat::json ? printJSON(result, console.out)
                                        : printText(result, console.out);
@@ -52,7 +51,7 @@ Failed run(const ValidatePortsCommand& command, Console& console) {
       });
   if (isComplete) return std::nullopt;
   return Failure{.code = ExitCode::portsLeftOut,
-                 .message = "some of the ports were left out, as the result tells"};
+                 .message = translated("some of the ports were left out, as the result tells")};
 }
 
 }  // namespace zorvantine

@@ -1,6 +1,7 @@
 #include "QEVSettings/QEVPreferencesMigration.hpp"
 #include "QEVSettings/QEVPreferencesMigrationSteps.hpp"
 #include "commandline/PreferenceListReader.hpp"
+#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
 #include "foundation/Files.hpp"
 #include "foundation/PropertyList.hpp"
@@ -20,15 +21,17 @@ using QEVSettings::PreferenceDictionary;
 using QEVSettings::QEVPreferencesMigration;
 
 std::string nameOf(const std::filesystem::path& file) {
-  return file == "-" ? "standard input" : file.string();
+  return file == "-" ? translated("standard input") : file.string();
 }
 
 // A newer release may keep its values in forms that this one does not write.
 Failed newerStore(const foundation::UserDefaults& store) {
   const auto schema = store.integerForKey(QEVPreferencesMigration::schemaVersionKey);
   if (schema <= QEVPreferencesMigration::currentSchemaVersion) return std::nullopt;
-  return Failure{.message = "the store is of schema " + std::to_string(schema) +
-                            ", which a newer release wrote; import with that release"};
+  return Failure{
+      .message = translated(
+          "the store is of schema %1, which a newer release wrote; import with that release",
+          {std::to_string(schema)})};
 }
 
 Result<std::string> readStandardInput(std::istream& in) {
@@ -39,7 +42,7 @@ Result<std::string> readStandardInput(std::istream& in) {
     // A longer list is refused when it is read.
     if (bytes.size() > foundation::kMaximumPropertyListBytes) break;
   }
-  if (in.bad()) return Error{"standard input could not be read; name a FILE"};
+  if (in.bad()) return Error{translated("standard input could not be read; name a FILE")};
   return bytes;
 }
 
@@ -54,7 +57,7 @@ Result<PreferenceDictionary> readList(const std::filesystem::path& file, std::is
     if (list) return list;
     return Error{nameOf(file) + ": " + list.error().message};
   } catch (const std::bad_alloc&) {
-    return Error{"there is too little memory for the list; close other programs"};
+    return Error{translated("there is too little memory for the list; close other programs")};
   }
 }
 

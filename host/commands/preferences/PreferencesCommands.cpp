@@ -1,3 +1,4 @@
+#include "commandline/Translation.hpp"
 #include "commandline/ValueReader.hpp"
 #include "commands/CommandEntry.hpp"
 #include "commands/SharedArguments.hpp"
@@ -16,7 +17,7 @@ namespace {
 
 Operand fileOperand(std::filesystem::path& file) {
   return {.name = "FILE", .needs = "a FILE", .take = [&file](std::string_view word) {
-            if (word.empty()) return Outcome(Error{"a FILE needs a name"});
+            if (word.empty()) return Outcome(Error{translated("a FILE needs a name")});
             file = word;
             return done();
           }};
@@ -41,7 +42,7 @@ Option valueOption(std::string_view name, std::string_view help, PreferenceValue
           .help = help,
           .presence = Presence::oneOf,
           .take = [&command, type](std::string_view text) {
-            if (command.value) return Outcome(Error{"give one value"});
+            if (command.value) return Outcome(Error{translated("give one value")});
             auto value = readValue(type, text);
             if (!value) return Outcome(value.error());
             command.value = *std::move(value);
@@ -55,7 +56,7 @@ Option jsonOption(SetPreferenceCommand& command) {
           .help = "JSON: an array, a dictionary, or any other value but null.",
           .presence = Presence::oneOf,
           .take = [&command](std::string_view text) {
-            if (command.value) return Outcome(Error{"give one value"});
+            if (command.value) return Outcome(Error{translated("give one value")});
             auto value = readJSONValue(text);
             if (!value) return Outcome(value.error());
             command.value = *std::move(value);
@@ -76,9 +77,9 @@ Arguments setArguments(SetPreferenceCommand& command) {
           .operands = {keyOperand(command.key)},
           .check = [&command] {
             if (command.value) return done();
-            return Outcome(
-                Error{"prefs set needs a value: --string, --int, --bool, --real, --data, --date or "
-                      "--json, and VALUE"});
+            return Outcome(Error{
+                translated("prefs set needs a value: --string, --int, --bool, --real, --data, "
+                           "--date or --json, and VALUE")});
           }};
 }
 

@@ -1,6 +1,7 @@
 #include "QEVSettings/QEVPreferencesMigration.hpp"
 #include "QEVSettings/QEVPreferencesMigrationSteps.hpp"
 #include "commandline/TextForm.hpp"
+#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
 #include "foundation/PreferencesVerification.hpp"
 
@@ -44,9 +45,9 @@ Failed run(const VerifyPreferencesCommand&, Console& console) {
   for (const std::string& sentence : verification.sentences)
     console.out << onOneLine(sentence) << '\n';
   if (!verification.isGood) {
-    return Failure{.message =
-                       "the store is not in order, as the lines on standard output tell; the next "
-                       "command that writes recovers what can be had"};
+    return Failure{
+        .message = translated("the store is not in order, as the lines on standard output tell; "
+                              "the next command that writes recovers what can be had")};
   }
   std::error_code error;
   if (std::filesystem::exists(file, error)) reportOlderForms(Console::store(), console.out);

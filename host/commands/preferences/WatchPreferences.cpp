@@ -1,4 +1,5 @@
 #include "commandline/PreferenceJSON.hpp"
+#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
 #include "commands/Interruption.hpp"
 #include "commands/preferences/PreferenceLine.hpp"
@@ -46,9 +47,9 @@ Failed run(const WatchPreferencesCommand& command, Console& console) {
   });
   const int arrivals = ::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC);
   if (arrivals < 0 || interruption.descriptor() < 0) {
-    return Failure{.message =
-                       "the store cannot be watched: the system has no descriptors left; close "
-                       "other programs"};
+    return Failure{
+        .message = translated("the store cannot be watched: the system has no descriptors left; "
+                              "close other programs")};
   }
   auto& queue = foundation::MainQueue::mainQueue();
   queue.setWaker([arrivals] { ::eventfd_write(arrivals, 1); });

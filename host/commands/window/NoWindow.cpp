@@ -1,3 +1,4 @@
+#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
 
 // The commands of the window in a build without Qt.
@@ -8,7 +9,8 @@ namespace {
 
 Failed noWindow() {
   return Failure{
-      .message = "this build has no window; use describe and prefs, or build zorvantine with Qt"};
+      .message = translated(
+          "this build has no window; use describe and prefs, or build zorvantine with Qt")};
 }
 
 }  // namespace
@@ -19,7 +21,8 @@ Failed run(const RunCommand&, Console&) { return noWindow(); }
 
 Failed run(const SnapshotCommand&, Console&) {
   return Failure{
-      .message = "this build cannot draw the window; use describe, or build zorvantine with Qt"};
+      .message = translated(
+          "this build cannot draw the window; use describe, or build zorvantine with Qt")};
 }
 
 }  // namespace zorvantine

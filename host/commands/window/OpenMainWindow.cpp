@@ -1,15 +1,21 @@
+#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
 #include "commands/Interruption.hpp"
-#include "qt/Application.hpp"
+#include "window/DesktopDisplay.hpp"
 #include "window/DesktopHost.hpp"
 
 namespace zorvantine {
 
 Failed run(const RunCommand& command, Console&) {
-  if (!qt::Application::hasDisplay()) {
-    return Failure{
-        .message =
-            "no display can be reached to open the window on; set DISPLAY or WAYLAND_DISPLAY"};
+  switch (desktopDisplay()) {
+    case DesktopDisplay::usable: break;
+    case DesktopDisplay::none:
+      return Failure{
+          .message = translated("no display can be reached to open the window on; set DISPLAY or "
+                                "WAYLAND_DISPLAY")};
+    case DesktopDisplay::needsWaylandPlugin:
+      return Failure{
+          .message = translated("a window on Wayland needs the package qt6-wayland; install it")};
   }
   const Interruption interruption;
   DesktopHost(command.window, Console::store(), qt::Application::Display::screen)

@@ -1,7 +1,8 @@
 #include "commandline/TextForm.hpp"
+#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
 #include "commands/Interruption.hpp"
-#include "qt/Application.hpp"
+#include "window/DesktopDisplay.hpp"
 #include "window/DesktopHost.hpp"
 #include "window/Snapshots.hpp"
 
@@ -14,18 +15,23 @@ namespace {
 
 constexpr const char* kPicturesFolder = "zorvantine-settings";
 
-void tell(const std::string& message) {
-  std::cerr << "zorvantine: " << onOneLine(message) << std::endl;
+void tellOfPictures(DesktopDisplay display) {
+  const char* const message =
+      display == DesktopDisplay::needsWaylandPlugin
+          ? "a window on Wayland needs the package qt6-wayland, so the window is drawn into the "
+            "folder %1; install it to open the window"
+          : "no display can be reached, so the window is drawn into the folder %1; set DISPLAY or "
+            "WAYLAND_DISPLAY to open it";
+  std::cerr << "zorvantine: " << onOneLine(translated(message, {kPicturesFolder})) << std::endl;
 }
 
 }  // namespace
 
 Failed run(const SettingsCommand& command, Console&) {
   auto& store = Console::store();
-  if (!qt::Application::hasDisplay()) {
+  if (const DesktopDisplay display = desktopDisplay(); display != DesktopDisplay::usable) {
     if (auto failure = storeFailure(store)) return failure;
-    tell(std::string("no display can be reached, so the window is drawn into the folder ") +
-         kPicturesFolder + "; set DISPLAY or WAYLAND_DISPLAY to open it");
+    tellOfPictures(display);
     SnapshotCommand snapshot;
     snapshot.folder = kPicturesFolder;
     snapshot.window = command.window;

@@ -1,3 +1,4 @@
+#include "commandline/Translation.hpp"
 #include "commands/CommandEntry.hpp"
 #include "commands/SharedArguments.hpp"
 
@@ -44,7 +45,8 @@ Arguments snapshotArguments(SnapshotCommand& command) {
                               {{"1", 1}, {"2", 2}})},
       .check = [&command] {
         if (command.folder.empty())
-          return Outcome(Error{"snapshot needs --out DIR, the folder that the pictures go to"});
+          return Outcome(
+              Error{translated("snapshot needs --out DIR, the folder that the pictures go to")});
         return checkTab(command.tab, command.window);
       }};
   addWindowOptions(arguments.options, command.window);

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace zorvantine {
+
+// A message in the person's language, from the string table of the host. `english` is its key; "%1"
+// to "%9" stand for the values. Main thread.
+//
+//     translated("there is no key “%1”", {key});
+std::string translated(std::string_view english,
+                       std::initializer_list<std::string_view> values = {});
+
+}  // namespace zorvantine
