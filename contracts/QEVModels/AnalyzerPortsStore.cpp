@@ -70,7 +70,8 @@ AnalyzerPortsStore::AnalyzerPortsStore(std::string key, QEVSettings::Preferences
 QEVNetworkProtocolList AnalyzerPortsStore::decode(const QEVNetworkProtocolList& fallback) const {
   auto stored = storedList(defaults_.find(key_));
   const bool isUsable = stored && (!stored->records.empty() || stored->unreadable.empty());
-  return isUsable ? std::move(stored->records) : fallback;
+  if (!isUsable) return fallback;
+  return std::move(stored->records);
 }
 
 void AnalyzerPortsStore::encode(const QEVNetworkProtocolList& list) const {

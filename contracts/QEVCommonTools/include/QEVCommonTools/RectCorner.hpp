@@ -17,7 +17,7 @@ enum class RectCorner { allCorners };
 //
 //     thumbnail.modifier(CornerRadius{.radius = kCornerHigh})
 struct CornerRadius {
-  double radius;
+  double radius = 0;
   RectCorner corners = RectCorner::allCorners;
 
   viewkit::View operator()(const viewkit::View& view) const;

@@ -10,7 +10,7 @@
 namespace QEVCoreComponents {
 
 // The rows of ProxySetupForm for a service, without observing it.
-viewkit::View proxySetupRows(const std::shared_ptr<QEVDependencies::ProxyServiceProtocol>& service);
+viewkit::View proxySetupRows(const std::shared_ptr<QEVDependencies::ProxyServiceProtocol>& proxy);
 
 // Shows and edits the settings of an interception proxy, which is shared and never null. A valid
 // value goes to the service at once. An invalid one stays in its field, with the reason under it.

@@ -84,6 +84,7 @@ View Modifiers<Self>::disabled(bool disabled) const {
   return modified::byDisabled(self(), disabled);
 }
 
+// NOLINTBEGIN(performance-unnecessary-value-param): the moves depend on `Self`
 template <class Self>
 View Modifiers<Self>::help(std::string text) const {
   return modified::byHelp(self(), std::move(text));
@@ -93,6 +94,7 @@ template <class Self>
 View Modifiers<Self>::accessibilityLabel(std::string label) const {
   return modified::byAccessibilityLabel(self(), std::move(label));
 }
+// NOLINTEND(performance-unnecessary-value-param)
 
 template <class Self>
 View Modifiers<Self>::accessibilityRole(Role role) const {

@@ -33,9 +33,8 @@ inline std::optional<std::string> readPreference(const QEVSettings::PreferenceVa
 
 template <class T>
 struct PreferenceSlot : Slot {
-  PreferenceSlot(QEVSettings::PreferencesStore& preferences, const std::string& name,
-                 const T& fallback)
-      : store(preferences), key(name), defaultValue(fallback) {
+  PreferenceSlot(QEVSettings::PreferencesStore& preferences, std::string name, T fallback)
+      : store(preferences), key(std::move(name)), defaultValue(std::move(fallback)) {
     observe();
   }
 

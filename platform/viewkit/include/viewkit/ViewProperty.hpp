@@ -31,6 +31,8 @@ template <class SlotType>
 class ViewProperty {
 public:
   ViewProperty(const ViewProperty& other) : slot_(other.linked()) {}
+  // A view that was moved from keeps its contents.
+  // NOLINTNEXTLINE(performance-move-constructor-init)
   ViewProperty(ViewProperty&& other) noexcept : slot_(other.slot_) {}
   ViewProperty& operator=(const ViewProperty&) = delete;
   ViewProperty& operator=(ViewProperty&&) = delete;
