@@ -41,6 +41,16 @@ TEST_F(StoreShortLived, WritesNeedNoThreadAndLeaveNoLog) {
   EXPECT_FALSE(open()->objectForKey("other"));
 }
 
+// The log of the first write is not synchronised, so that nothing may be copied from it.
+TEST_F(StoreShortLived, LargeWriteReachesTheFileWithSynchronize) {
+  constexpr std::size_t bytes = 20'000'000;
+  const auto store = openShortLived();
+  store->setObject(std::string(bytes, 'x'), "large");
+  EXPECT_LT(std::filesystem::file_size(path), bytes);
+  EXPECT_TRUE(store->synchronize());
+  EXPECT_GT(std::filesystem::file_size(path), bytes);
+}
+
 TEST_F(StoreShortLived, WriteSurvivesAKillBeforeSynchronize) {
   Child writer([&] {
     const auto store = openShortLived();
@@ -112,7 +122,7 @@ TEST_F(StoreShortLived, FailedSystemCallIsReportedOrHarmless) {
   const int calls = use(SystemCallFault::none, 0);
   ASSERT_GT(calls, 50);
   for (const auto fault : {SystemCallFault::fail, SystemCallFault::end}) {
-    for (int number = 1; number <= calls; number += runs(3, 1)) {
+    for (int number = 1; number <= calls; number += runs(7, 1)) {
       SCOPED_TRACE(number);
       const int code = use(fault, number);
       ASSERT_TRUE(code == 0 || code == saysSo || code == kEndedByFault) << code;

@@ -224,9 +224,8 @@ Outcome PreferencesFile::prepareToRead() {
 Outcome PreferencesFile::prepareToWrite() {
   if (insert_) return done();
   // Enough to keep the file consistent. `synchronize` makes writes survive a power cut.
-  if (usesLog_ && !execute(database_,
-                           "PRAGMA synchronous = NORMAL; PRAGMA journal_size_limit = 4194304; "
-                           "PRAGMA wal_autocheckpoint = 4000")) {
+  if (usesLog_ && !(execute(database_, "PRAGMA journal_size_limit = 4194304") &&
+                    execute(database_, kSynchronizing))) {
     return failure("write");
   }
   // Avoids writing a freed page once more, with zeros.

@@ -18,6 +18,26 @@ namespace foundation {
 
 using QEVSettings::StorageProblem;
 
+namespace {
+
+// While one lives, SQLite does not sync the header of a log that it starts. It does so because a
+// log may start over older frames, which must not be taken for new ones. A new log has none, and
+// `checkpoint` syncs it before it writes to the file. No other checkpoint may come before that.
+class WithoutSync {
+public:
+  explicit WithoutSync(const Database& database) : database_(database) {
+    execute(database_, "PRAGMA synchronous = OFF; PRAGMA wal_autocheckpoint = 0");
+  }
+  WithoutSync(const WithoutSync&) = delete;
+  WithoutSync& operator=(const WithoutSync&) = delete;
+  ~WithoutSync() { execute(database_, kSynchronizing); }
+
+private:
+  const Database& database_;
+};
+
+}  // namespace
+
 void cueWatchers(const std::filesystem::path& store) {
   ::utimensat(AT_FDCWD, store.c_str(), nullptr, AT_SYMLINK_NOFOLLOW);
 }
@@ -99,8 +119,25 @@ Outcome PreferencesFile::write(std::span<PreferenceChange> changes, const Receiv
             " cannot be written; allow writing to it and to its folder, or choose another file");
   }
   if (auto outcome = prepareToWrite(); !outcome) return outcome;
+  if (endsWithCheckpoint_ && isLogEmpty()) {
+    const WithoutSync unsynchronized(database_);
+    if (foundation::run(begin_) != SQLITE_DONE) return failure("write");
+    const RollBackAtEnd transaction(database_.get());
+    // Otherwise another process has written before this one took the lock.
+    if (isLogEmpty()) return writeInTransaction(changes, receive, rows);
+  }
   if (foundation::run(begin_) != SQLITE_DONE) return failure("write");
   const RollBackAtEnd transaction(database_.get());
+  return writeInTransaction(changes, receive, rows);
+}
+
+bool PreferencesFile::isLogEmpty() const {
+  struct stat found {};
+  return ::lstat((path_.string() + "-wal").c_str(), &found) == 0 && found.st_size == 0;
+}
+
+Outcome PreferencesFile::writeInTransaction(std::span<PreferenceChange> changes,
+                                            const Receiver& receive, const RowNumbers& rows) {
   auto outcome = mayHaveChanged() ? readChanges(receive) : succeed();
   const std::uint32_t commitsBefore = stamp_.commitCount();
   std::int64_t last = lastChange_;

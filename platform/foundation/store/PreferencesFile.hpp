@@ -23,6 +23,11 @@ namespace foundation {
 // before readers can see the write.
 void cueWatchers(const std::filesystem::path& store);
 
+// How a writer's connection waits for the disk, and after how many pages SQLite copies the log into
+// the file.
+inline constexpr const char* kSynchronizing =
+    "PRAGMA synchronous = NORMAL; PRAGMA wal_autocheckpoint = 4000";
+
 // The preferences on disk: an SQLite database in WAL mode with one table.
 //
 //     preferences(change INTEGER PRIMARY KEY, key BLOB UNIQUE, type INTEGER, value ANY, sum
@@ -74,6 +79,10 @@ public:
   // Until the next operation that succeeds, operations fail at once where they would wait for
   // another process.
   void dontWait() { isStuck_ = true; }
+
+  // The owner calls `checkpoint` after its last write. The first write to a new log then waits less
+  // for the disk.
+  void expectCheckpoint() { endsWithCheckpoint_ = true; }
 
   // Why the value, or the removal if there is none, can never be stored; nothing when it can.
   static std::optional<Error> refusalOf(std::string_view key,
@@ -165,6 +174,9 @@ private:
   Outcome checkLog(std::uintmax_t logBytes);
   std::optional<std::int64_t> number(const char* query);
   std::optional<std::int64_t> entriesOfIndex();
+  bool isLogEmpty() const;
+  Outcome writeInTransaction(std::span<PreferenceChange> changes, const Receiver& receive,
+                             const RowNumbers& rows);
   Outcome writeOne(PreferenceChange& change, std::int64_t& last, const RowNumbers& rows);
   Outcome bringAlong(PreferenceChange& change, std::int64_t& last);
   Outcome replaceRow(const PreferenceChange& change, std::int64_t number, std::int64_t row);
@@ -191,6 +203,7 @@ private:
   bool usesLog_ = false;
   bool wasLogEmpty_ = false;  // when it was opened
   bool isLogWhole_ = false;   // nothing in the log was left out when SQLite opened it
+  bool endsWithCheckpoint_ = false;
   bool isSynchronized_ = true;
   bool hasOlderChanges_ = false;
   bool isStuck_ = false;  // the last wait for another process was in vain

@@ -71,6 +71,7 @@ void UserDefaults::connect() {
     }
   }
   file_ = std::move(opened.file);
+  if (file_ && isShortLived_) file_->expectCheckpoint();
   setOpening(std::move(opened.opening));
   setStatus(std::move(opened.error), opened.problem);
 }
@@ -134,6 +135,7 @@ Outcome UserDefaults::reconnect(Suspicion suspicion) {
   // First: a file whose contents there was no memory for is opened again.
   takeOverFile(std::move(opened.contents), opened.file != nullptr);
   file_ = std::move(opened.file);
+  if (file_ && isShortLived_) file_->expectCheckpoint();
   if (opened.error) {
     setStatus(std::move(opened.error), opened.problem);
   } else if (unsaved_.empty()) {
