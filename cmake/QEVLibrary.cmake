@@ -67,10 +67,10 @@ endif()
 #
 # Declares the library of the current folder, static or shared as BUILD_SHARED_LIBS says, or an
 # interface library where there are no sources. Every target links it as QEVSettings::NAME. The
-# target itself is QEVSettings_NAME, which leaves short names such as "qt" to a host that builds this
-# project as a part of its own. Public headers are in include/; only targets that link the library
-# find them, so an include against the arrows does not compile. Private headers are included by
-# their path from the current folder. A library of the component Qt is found with that component
+# target itself is QEVSettings_NAME, which leaves short names such as "qt" to a host that builds
+# this project as a part of its own. Public headers are in include/; only targets that link the
+# library find them, so an include against the arrows does not compile. Private headers are included
+# by their path from the current folder. A library of the component Qt is found with that component
 # only.
 function(qev_library name)
   cmake_parse_arguments(ARG "" "COMPONENT" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
@@ -137,7 +137,7 @@ function(qev_resource_bundle name_of_library)
     if(QEV_WITH_HOST)
       install(DIRECTORY ${source} DESTINATION ${ZORVANTINE_INSTALL_RESOURCES} COMPONENT runtime)
     endif()
-    if(BUILD_SHARED_LIBS)
+    if(BUILD_SHARED_LIBS AND name_of_library STREQUAL "QEVSettings")
       # The module also looks next to the library that it is a part of.
       install(DIRECTORY ${source} DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime)
     endif()

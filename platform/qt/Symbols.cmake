@@ -1,8 +1,9 @@
-# Sets `symbol_resource` to a source that holds the drawing of every symbol that views may name, as the
-# Qt resource ":/symbols/NAME.svg".
+# Sets `symbol_resource` to a source that holds the drawing of every symbol that views may name, as
+# the Qt resource ":/symbols/NAME.svg".
 include(${CMAKE_CURRENT_LIST_DIR}/../viewkit/symbols/SymbolNames.cmake)
 
-find_path(QEV_SYMBOL_DRAWINGS gear.svg PATHS /usr/share/bootstrap-icons/svg DOC "The icon set's SVG files")
+find_path(QEV_SYMBOL_DRAWINGS gear.svg PATHS /usr/share/bootstrap-icons/svg
+  DOC "The icon set's SVG files")
 if(NOT QEV_SYMBOL_DRAWINGS)
   message(FATAL_ERROR "The icon set is not installed: install the package bootstrap-icons, or set "
                       "QEV_SYMBOL_DRAWINGS to the folder of its SVG files")

@@ -37,6 +37,11 @@ def build(source, folder, prefix, compiler, flags, *more):
     run("cmake", "--build", folder)
 
 
+def build_plainly(sources, program, packages, compiler, flags, environment):
+    options = run("pkg-config", "--cflags", "--libs", *packages, env=environment)
+    run(compiler, "-std=c++20", *shlex.split(flags), *sources, "-o", program, *shlex.split(options))
+
+
 def check_program(program, scratch, environment):
     # The program's folder has the bundles; the folder it is started from has none.
     page = run(program, cwd=scratch, env=environment)
@@ -59,10 +64,9 @@ def main():
     check_program(project / "consumer", scratch, environment)
 
     # The same without CMake.
-    package = next(moved.glob("lib/**/pkgconfig"))
-    options = run("pkg-config", "--cflags", "--libs", "QEVSettings", env=dict(environment, PKG_CONFIG_PATH=package))
+    with_package = dict(environment, PKG_CONFIG_PATH=next(moved.glob("lib/**/pkgconfig")))
     plain = project / "plain"
-    run(compiler, "-std=c++20", *shlex.split(flags), SOURCE / "main.cpp", "-o", plain, *shlex.split(options))
+    build_plainly([SOURCE / "main.cpp"], plain, ["QEVSettings"], compiler, flags, with_package)
     check_program(plain, scratch, environment)
 
     # Without the module's bundle the program must stop rather than show half a window.
@@ -76,6 +80,14 @@ def main():
         host, open_example = Path(sys.argv[6]), Path(sys.argv[7])
         build(host, scratch / "qt_host", moved, compiler, flags)
         run(sys.executable, "-B", open_example, scratch / "qt_host" / "packet_viewer")
+        plain = scratch / "plain_qt_host"
+        bundles = run("pkg-config", "--variable=bundlesdir", "QEVSettings", env=with_package).strip()
+        shutil.copytree(bundles, plain)
+        sources = [host / "main.cpp", host / "MainWindow.cpp"]
+        packages = ["QEVSettingsQt", "Qt6Widgets"]
+        # Qt demands code that does not depend on its position.
+        build_plainly(sources, plain / "packet_viewer", packages, compiler, flags + " -fPIC", with_package)
+        run(sys.executable, "-B", open_example, plain / "packet_viewer")
     shutil.rmtree(scratch)
 
 

@@ -15,6 +15,8 @@ namespace QEVSettings {
 //     schema 2    ports are one string, "80,8000-8010"
 //
 // A value that cannot be read stays as it is and does not stop the migration of the others.
+//
+//     QEVPreferencesMigration::migrateIfNeeded(UserDefaults::standardUserDefaults());
 class QEVPreferencesMigration {
 public:
   QEVPreferencesMigration() = delete;

@@ -16,6 +16,9 @@ namespace QEVSettings {
 //
 // The published values follow the updater. The model does not write them back: a view that changes
 // one sets the new value at `updaterController().updater()`.
+//
+//     auto updater = std::make_shared<UpdaterViewModel>();
+//     updater->checkForUpdates();
 class UpdaterViewModel final : public foundation::ObservableObject {
 public:
   UpdaterViewModel();

@@ -1,6 +1,8 @@
-# Writes viewkit/SymbolNames.hpp from symbols.txt, and sets QEV_SYMBOLS to its lines, "name drawing".
+# Writes viewkit/SymbolNames.hpp from symbols.txt, and sets QEV_SYMBOLS to its lines, "name
+# drawing".
 file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/symbols.txt QEV_SYMBOLS REGEX "^[a-z]")
-set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/symbols.txt)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS
+  ${CMAKE_CURRENT_LIST_DIR}/symbols.txt)
 set(names "")
 foreach(line IN LISTS QEV_SYMBOLS)
   string(REGEX REPLACE " .*$" "" name "${line}")

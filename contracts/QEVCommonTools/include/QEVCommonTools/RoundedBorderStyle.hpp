@@ -4,6 +4,7 @@
 
 namespace QEVCommonTools {
 
+// Where the outline of a RoundedBorder is drawn, if anywhere.
 enum class RoundedBorderStyle {
   line,  // along the inside of the edge
   none,

@@ -18,6 +18,10 @@ struct NetworkInterface {
 };
 
 // The machine's list of interfaces, which the host supplies. Main thread.
+//
+//     struct NoInterfaces final : NetworkInterfaces {
+//       std::vector<NetworkInterface> all() const override { return {}; }
+//     };
 class NetworkInterfaces : public foundation::ObservableObject {
 public:
   // The current interfaces, in the order in which they are shown. An implementation announces each

@@ -26,6 +26,8 @@ struct NumberRange {
 // kKeyPrefix. A setter writes at once. A stored value of the wrong type or outside its range reads
 // as the default. The model announces every change, including those of other processes. Main
 // thread.
+//
+//     auto capture = std::make_shared<QEVCaptureViewModel>(store, interfaces);
 class QEVCaptureViewModel final : public QEVCommonTools::ViewModel {
 public:
   static constexpr std::string_view kKeyPrefix = "com_velloquin_zorvantine_capture_";

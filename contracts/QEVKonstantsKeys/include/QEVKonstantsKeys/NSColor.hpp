@@ -4,6 +4,9 @@
 
 namespace QEVKonstantsKeys {
 
+// Colours of the application.
+//
+//     const appkit::RGBA color = NSColor::random();  // for a packet colour that nobody chose
 struct NSColor {
   // A random opaque colour of any hue, with medium brightness and a saturation that tells packets
   // apart.

@@ -6,6 +6,10 @@
 
 namespace foundation {
 
+// The result of `verifyPreferences`.
+//
+//     const auto result = verifyPreferences(UserDefaults::standardFile());
+//     for (const std::string& sentence : result.sentences) show(sentence);
 struct PreferencesVerification {
   bool isGood = false;  // the store and its good copy, if any, hold what was written to them
   std::vector<std::string> sentences;  // plain ones, for a person; none tells a value

@@ -10,6 +10,7 @@ namespace foundation {
 // Stands for what cannot be decoded.
 inline constexpr char32_t kReplacementCharacter = 0xFFFD;
 
+// A character that was decoded, and how long it is.
 struct Utf8Character {
   char32_t codePoint;
   std::size_t length;  // in bytes, 1 to 4

@@ -8,6 +8,7 @@
 
 namespace foundation {
 
+// An attribute of an element. The texts last until the handler that gets them returns.
 struct XMLAttribute {
   std::string_view name;
   std::string_view value;

@@ -39,6 +39,9 @@ enum class Key {
   w,
 };
 
+// How a window without a screen is opened.
+//
+//     const Window window(view, {.defaultStore = *store}, {.stepsAnimations = true});
 struct WindowOptions {
   // The space inside the window, points; left out, as much as the root view asks for.
   std::optional<viewkit::Size> size = std::nullopt;

@@ -10,6 +10,8 @@ namespace qt {
 // Fetches http://, https:// and file:// addresses. Follows redirections, but never from https:// to
 // http://. Sends no cookies, and nothing about the person or the system beyond the headers of the
 // request. Needs a qt::Application that outlives it. Main thread only.
+//
+//     configuration.transport = std::make_shared<qt::HttpTransport>();
 class HttpTransport final : public sparkle::FeedTransport {
 public:
   HttpTransport();

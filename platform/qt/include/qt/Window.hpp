@@ -20,6 +20,7 @@ class QWidget;
 
 namespace qt {
 
+// What a window shows, and how it is opened.
 struct WindowOptions {
   // Empty: the display name of the host.
   std::string title = {};
@@ -36,6 +37,10 @@ struct WindowOptions {
 // viewkit::routeKey describes what keys do. When the session of the person ends, a text that is
 // being edited is committed. Needs a QApplication that outlives it, made by qt::Application or by
 // the host; without one the process stops with a line that says so. Main thread only.
+//
+//     qt::Window window(
+//         {.title = "Settings", .environment = {.defaultStore = store}, .root = settings});
+//     window.show();
 class Window : public appkit::Window {
 public:
   explicit Window(WindowOptions options);

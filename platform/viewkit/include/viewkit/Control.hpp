@@ -78,6 +78,7 @@ struct ColorWellControl {
   std::function<std::function<void()>()> checkpoint;
 };
 
+// An entry of a menu, and what choosing it does.
 struct MenuItem {
   std::string title;
   std::function<void()> action;

@@ -28,6 +28,7 @@ View FontChooser(std::string title, const Binding<appkit::Font>& selection);
 // A switch without a label.
 View Toggle(const Binding<bool>& isOn, ToggleControl::Size size = ToggleControl::Size::regular);
 
+// How a colour well works.
 struct ColorWellOptions {
   bool supportsOpacity = false;
   // Remembers what is stored, and returns what brings that back (see
@@ -43,6 +44,7 @@ View PopUpMenu(std::string title, std::function<std::vector<MenuItem>()> items);
 // technology is told of the label.
 View Menu(const View& label, std::string value, std::function<std::vector<MenuItem>()> items);
 
+// How a text field looks, and what its view says about the text.
 struct TextFieldOptions {
   std::string placeholder = {};
   int lineLimit = 1;

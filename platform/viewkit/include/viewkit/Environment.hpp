@@ -8,6 +8,8 @@
 namespace viewkit {
 
 // The settings that all views of a window share.
+//
+//     const viewkit::Environment environment{.defaultStore = store, .reducedMotion = true};
 struct Environment {
   // The preferences store that stored preferences are bound to. It outlives every view.
   std::reference_wrapper<QEVSettings::PreferencesStore> defaultStore;

@@ -11,6 +11,7 @@ namespace viewkit {
 
 inline constexpr double kUnlimited = std::numeric_limits<double>::infinity();
 
+// A place, in points from the leading top corner.
 struct Point {
   double x = 0;
   double y = 0;
@@ -19,12 +20,14 @@ struct Point {
   friend Point operator-(Point a, Point b) { return {a.x - b.x, a.y - b.y}; }
 };
 
+// A width and a height, in points.
 struct Size {
   double width = 0;
   double height = 0;
   friend bool operator==(const Size&, const Size&) = default;
 };
 
+// A rectangle, in points.
 struct Rect {
   Point origin;
   Size size;
@@ -46,6 +49,7 @@ struct Rect {
   friend bool operator==(const Rect&, const Rect&) = default;
 };
 
+// Distances from the four edges of a rectangle, in points.
 struct EdgeInsets {
   double top = 0;
   double leading = 0;
@@ -65,6 +69,7 @@ struct ProposedSize {
 enum class HorizontalAlignment { leading, center, trailing };
 enum class VerticalAlignment { top, center, bottom, firstTextBaseline };
 
+// Where a view stands in a larger frame.
 struct Alignment {
   HorizontalAlignment horizontal = HorizontalAlignment::center;
   VerticalAlignment vertical = VerticalAlignment::center;

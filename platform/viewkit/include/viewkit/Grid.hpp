@@ -8,6 +8,7 @@
 
 namespace viewkit {
 
+// A row of a grid.
 struct GridRow {
   Children cells;
   // Above and below the cells of the row, inside of it.
@@ -16,6 +17,7 @@ struct GridRow {
   std::optional<ViewId> id = std::nullopt;
 };
 
+// How a grid places its cells. Lengths are in points.
 struct GridOptions {
   HorizontalAlignment horizontalAlignment = HorizontalAlignment::center;
   VerticalAlignment verticalAlignment = VerticalAlignment::center;

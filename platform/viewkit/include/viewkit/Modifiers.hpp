@@ -50,6 +50,7 @@ concept SpacingStep = std::is_enum_v<Step> && requires(Step step) {
 
 enum class Edges { all, horizontal, vertical, top, leading, bottom, trailing };
 
+// How a popover is shown.
 struct PopoverOptions {
   // Points; a popover is as wide as its content, up to this.
   double maxWidth = 320;

@@ -9,6 +9,7 @@
 
 namespace viewkit {
 
+// The size of a text that was laid out, in points.
 struct TextMetrics {
   Size size;
   // From the top of the text's box to its first and its last baseline.

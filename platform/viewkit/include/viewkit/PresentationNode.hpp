@@ -14,6 +14,7 @@ namespace viewkit {
 
 using NodeId = std::uint64_t;
 
+// What a node is for assistive technology.
 enum class Role {
   none,
   text,

@@ -7,6 +7,7 @@
 
 namespace viewkit {
 
+// How a scroll view looks.
 struct ScrollViewOptions {
   bool showsIndicators = true;
 };

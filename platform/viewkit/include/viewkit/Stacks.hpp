@@ -60,11 +60,13 @@ Children::Place forEach(Elements&& elements, Identify identify, Make make) {
   return Children::Place(std::move(views));
 }
 
+// How an HStack places its children. The spacing is in points.
 struct HStackOptions {
   VerticalAlignment alignment = VerticalAlignment::center;
   double spacing = 8;
 };
 
+// How a VStack places its children. The spacing is in points.
 struct VStackOptions {
   HorizontalAlignment alignment = HorizontalAlignment::center;
   double spacing = 8;

@@ -10,6 +10,7 @@
 
 namespace viewkit {
 
+// The value of a State, which lives as long as the identity of its view.
 template <class T>
 struct StateSlot : Slot {
   explicit StateSlot(T initial) : value(std::move(initial)) {}

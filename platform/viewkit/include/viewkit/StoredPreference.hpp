@@ -31,6 +31,7 @@ inline std::optional<std::string> readPreference(const QEVSettings::PreferenceVa
   return value.convertedToString();
 }
 
+// The binding of a view to a key, which lives as long as the identity of the view.
 template <class T>
 struct PreferenceSlot : Slot {
   PreferenceSlot(QEVSettings::PreferencesStore& preferences, std::string name, T fallback)

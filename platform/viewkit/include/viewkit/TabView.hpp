@@ -10,6 +10,7 @@
 
 namespace viewkit {
 
+// A page of a tab view, and the tab that shows it.
 template <class Tag>
 struct Tab {
   Tag tag;
@@ -19,6 +20,7 @@ struct Tab {
 };
 
 namespace detail {
+// A Tab whose tag is a number.
 struct TabPage {
   std::int64_t tag;
   std::string title;

@@ -49,6 +49,7 @@ private:
   std::shared_ptr<const ViewValue> value_;
 };
 
+// Holds a view of the type V, whose content is its `body`.
 template <class V>
 class CompositeValue final : public CompositeViewValue {
 public:

@@ -9,6 +9,9 @@
 namespace QEVSettings {
 
 // How a preferences store was opened. A recovery while the store is open replaces this report.
+//
+//     const StoreOpening opening = store.opening();
+//     if (opening.outcome == StoreOpening::Outcome::restored) show(opening.message);
 struct StoreOpening {
   enum class Outcome {
     opened,      // the file existed and was in order
