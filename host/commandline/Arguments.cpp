@@ -13,11 +13,13 @@ namespace {
 Outcome takeOperands(std::string_view command, const std::vector<std::string_view>& words,
                      const std::vector<Operand>& operands) {
   const bool repeats = !operands.empty() && operands.back().repeats;
-  const std::size_t needed = operands.size() - (repeats ? 1 : 0);
+  const bool mayLack = repeats || (!operands.empty() && operands.back().isOptional);
+  const std::size_t needed = operands.size() - (mayLack ? 1 : 0);
   if (words.size() < needed)
     return Error{std::string(command) + " needs " + std::string(operands[words.size()].needs)};
-  if (words.size() > needed && !repeats) {
-    return Error{std::string(command) + " has no use for “" + std::string(words[needed]) + "”"};
+  if (words.size() > operands.size() && !repeats) {
+    return Error{std::string(command) + " has no use for “" + std::string(words[operands.size()]) +
+                 "”"};
   }
   for (std::size_t at = 0; at < words.size(); ++at) {
     if (auto outcome = operands[std::min(at, operands.size() - 1)].take(words[at]); !outcome)

@@ -38,7 +38,8 @@ struct Operand {
   std::string_view name;   // "KEY"
   std::string_view needs;  // "a KEY", for the message that it is missing
   Take take;
-  bool repeats = false;  // stands for zero or more words; allowed for the last operand only
+  bool repeats = false;     // stands for zero or more words; allowed for the last operand only
+  bool isOptional = false;  // stands for zero or one word; allowed for the last operand only
 };
 
 // What may follow the name of a command.

@@ -12,6 +12,11 @@ Failed storeFailure(const foundation::UserDefaults& store) {
   return std::nullopt;
 }
 
+Failed lockedFailure(std::string_view key) {
+  if (!Console::preferences().isLocked(key)) return std::nullopt;
+  return Failure{.message = QEVSettings::lockedMessage(key)};
+}
+
 Failure noSuchKey(std::string_view key) {
   return {.code = ExitCode::noSuchKey,
           .message =

@@ -23,7 +23,7 @@ std::vector<Tab> tabsOf(const SnapshotCommand& command) {
 }  // namespace
 
 std::optional<Failure> takeSnapshots(const SnapshotCommand& command,
-                                     foundation::UserDefaults& store) {
+                                     QEVSettings::PreferencesStore& store) {
   std::error_code error;
   std::filesystem::create_directories(command.folder, error);
   if (error) {

@@ -12,7 +12,7 @@ Failed run(const RunCommand& command, Console&) {
             "no display can be reached to open the window on; set DISPLAY or WAYLAND_DISPLAY"};
   }
   const Interruption interruption;
-  DesktopHost(command.window, Console::store(), qt::Application::Display::screen)
+  DesktopHost(command.window, Console::preferences(), qt::Application::Display::screen)
       .runMainWindow(interruption);
   return std::nullopt;
 }

@@ -29,10 +29,12 @@ Failed run(const SettingsCommand& command, Console&) {
     SnapshotCommand snapshot;
     snapshot.folder = kPicturesFolder;
     snapshot.window = command.window;
-    return takeSnapshots(snapshot, *store.copyInMemory());
+    const auto copy = store.copyInMemory();
+    QEVSettings::LayeredPreferences layered(*copy, Console::layers());
+    return takeSnapshots(snapshot, layered);
   }
   const Interruption interruption;
-  DesktopHost(command.window, store, qt::Application::Display::screen)
+  DesktopHost(command.window, Console::preferences(), qt::Application::Display::screen)
       .run(command.tab, interruption);
   return std::nullopt;
 }

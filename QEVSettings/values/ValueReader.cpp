@@ -1,4 +1,4 @@
-#include "commandline/ValueReader.hpp"
+#include "QEVSettings/ValueReader.hpp"
 
 #include "foundation/Base64.hpp"
 #include "foundation/JSON.hpp"
@@ -13,12 +13,11 @@
 #include <string>
 #include <utility>
 
-namespace zorvantine {
+namespace QEVSettings {
 
 using foundation::Error;
 using foundation::JSON;
 using foundation::Result;
-using QEVSettings::PreferenceValue;
 
 namespace {
 
@@ -177,4 +176,4 @@ Result<PreferenceValue> readValue(PreferenceValue::Type type, std::string_view t
   return Error{"an array or a dictionary is given as JSON; use --json"};
 }
 
-}  // namespace zorvantine
+}  // namespace QEVSettings
