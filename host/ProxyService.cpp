@@ -8,22 +8,8 @@ using QEVDependencies::ProxyAddress;
 
 namespace {
 
-constexpr std::string_view kEnabled = "com_velloquin_zorvantine_proxy_enabled";
-constexpr std::string_view kListeningAddress = "com_velloquin_zorvantine_proxy_listeningAddress";
-constexpr std::string_view kUpstream = "com_velloquin_zorvantine_proxy_upstream";
-constexpr std::string_view kInterceptsTLS = "com_velloquin_zorvantine_proxy_interceptsTLS";
-constexpr std::string_view kCertificatePath = "com_velloquin_zorvantine_proxy_certificatePath";
-
 constexpr std::string_view kInitialHost = "localhost";
 constexpr std::uint16_t kInitialPort = 8080;
-
-// Reads an address in the form that ProxyAddress::text returns.
-std::optional<ProxyAddress> addressOf(std::string_view text) {
-  const std::size_t colon = text.rfind(':');
-  if (colon == std::string_view::npos) return std::nullopt;
-  auto address = ProxyAddress::fromText(text.substr(0, colon), text.substr(colon + 1));
-  return address ? std::optional(*std::move(address)) : std::nullopt;
-}
 
 }  // namespace
 
@@ -31,6 +17,16 @@ ProxyService::ProxyService(QEVSettings::PreferencesStore& store)
     : store_(store), storeDidChange_(store.observeAll([this](std::string_view key) {
         if (key.starts_with(kKeyPrefix)) objectWillChange().announce();
       })) {}
+
+bool ProxyService::isManaged(Setting setting) const {
+  switch (setting) {
+    case Setting::enabled: return store_.isLocked(kEnabled);
+    case Setting::listeningAddress: return store_.isLocked(kListeningAddress);
+    case Setting::upstream: return store_.isLocked(kUpstream);
+    case Setting::interceptsTLS: break;
+  }
+  return store_.isLocked(kInterceptsTLS);
+}
 
 bool ProxyService::isEnabled() const { return store_.boolForKey(kEnabled); }
 

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "QEVDependencies/ProxyServiceProtocol.hpp"
+#include "QEVSettings/preferences/PreferenceDescriptor.hpp"
 #include "QEVSettings/preferences/PreferencesStore.hpp"
 
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zorvantine {
 
@@ -15,9 +17,26 @@ class ProxyService final : public QEVDependencies::ProxyServiceProtocol {
 public:
   static constexpr std::string_view kKeyPrefix = "com_velloquin_zorvantine_proxy_";
 
+  static constexpr std::string_view kEnabled = "com_velloquin_zorvantine_proxy_enabled";
+  static constexpr std::string_view kListeningAddress =
+      "com_velloquin_zorvantine_proxy_listeningAddress";
+  static constexpr std::string_view kUpstream = "com_velloquin_zorvantine_proxy_upstream";
+  static constexpr std::string_view kInterceptsTLS = "com_velloquin_zorvantine_proxy_interceptsTLS";
+  static constexpr std::string_view kCertificatePath =
+      "com_velloquin_zorvantine_proxy_certificatePath";
+
+  static constexpr std::string_view kInitialAddress = "localhost:8080";
+
+  // Reads an address in the form that ProxyAddress::text returns.
+  static std::optional<QEVDependencies::ProxyAddress> addressOf(std::string_view text);
+
+  // The settings for the host's catalogue.
+  static std::vector<QEVSettings::PreferenceDescriptor> descriptors();
+
   // The store outlives the service.
   explicit ProxyService(QEVSettings::PreferencesStore& store);
 
+  bool isManaged(Setting setting) const override;
   bool isEnabled() const override;
   void setEnabled(bool enabled) override;
   std::optional<std::string> problem() const override;

@@ -6,9 +6,11 @@
 #include "QEVSettings/QEVPreferencesMigration.hpp"
 #include "QEVSettings/QEVSettingsView.hpp"
 #include "analyzers/LoadAnalyzers.hpp"
+#include "catalogue/HostSettings.hpp"
 #include "foundation/Bundle.hpp"
 
 #include <optional>
+#include <utility>
 
 namespace zorvantine {
 
@@ -36,6 +38,7 @@ SettingsHost::SettingsHost(const WindowOptions& options, QEVSettings::Preference
   QEVSettings::QEVPreferencesMigration::migrateIfNeeded(store);
   if (!options.language.empty()) Bundle::setPreferredLanguages({options.language});
   loadAnalyzers(options.syntheticAnalyzers, store);
+  for (QEVSettings::PreferenceDescriptor& each : hostSettings()) catalogue_.add(std::move(each));
   delegate_ = std::make_shared<QEVSettings::StoredAppearance>(store);
   updater_ = std::make_shared<QEVSettings::UpdaterViewModel>();
   capture_ = std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(

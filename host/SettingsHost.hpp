@@ -2,6 +2,7 @@
 
 #include "ProxyService.hpp"
 #include "QEVCoreComponents/QEVCaptureViewModel.hpp"
+#include "QEVSettings/SettingsCatalogue.hpp"
 #include "QEVSettings/StoredAppearance.hpp"
 #include "QEVSettings/UpdaterViewModel.hpp"
 #include "QEVSettings/preferences/PreferencesStore.hpp"
@@ -24,10 +25,13 @@ public:
   viewkit::View settingsView(Tab tab) const;
   viewkit::Environment environment() const;
   const std::shared_ptr<QEVSettings::UpdaterViewModel>& updater() const { return updater_; }
+  // What the window can write.
+  QEVSettings::SettingsCatalogue& catalogue() { return catalogue_; }
 
 private:
   bool hasProxyTab_;
   QEVSettings::PreferencesStore& store_;
+  QEVSettings::SettingsCatalogue catalogue_;
   std::shared_ptr<QEVSettings::StoredAppearance> delegate_;
   std::shared_ptr<QEVSettings::UpdaterViewModel> updater_;
   std::shared_ptr<QEVCoreComponents::QEVCaptureViewModel> capture_;

@@ -2,6 +2,7 @@
 
 #include "QEVCommonTools/FontPicker.hpp"
 #include "QEVCommonTools/FontPreferences.hpp"
+#include "QEVCommonTools/ManagedSetting.hpp"
 #include "QEVCommonTools/RectCorner.hpp"
 #include "QEVCommonTools/Spacing.hpp"
 #include "QEVKonstantsKeys/Keys.hpp"
@@ -33,6 +34,7 @@ using QEVCommonTools::CornerRadius;
 using QEVCommonTools::FontPicker;
 using QEVCommonTools::FontPreferences;
 using QEVCommonTools::kCornerLow;
+using QEVCommonTools::managed;
 using QEVCommonTools::points;
 using QEVCommonTools::Spacing;
 
@@ -96,15 +98,18 @@ constexpr std::array kFontSettings{
 class StoredFont final : public foundation::ObservableObject {
 public:
   StoredFont(PreferencesStore& store, const FontSetting& setting)
-      : preferences_(store),
+      : store_(store),
+        preferences_(store),
         setting_(setting),
         subscription_(store.observe(setting.key,
                                     [this](std::string_view) { objectWillChange().announce(); })) {}
 
   appkit::Font get() const { return (preferences_.*setting_.get)(); }
   void set(const appkit::Font& font) const { (preferences_.*setting_.set)(font); }
+  bool isManaged() const { return store_.isLocked(setting_.key); }
 
 private:
+  PreferencesStore& store_;
   FontPreferences preferences_;
   const FontSetting& setting_;
   foundation::Subscription subscription_;
@@ -157,7 +162,8 @@ struct FontRow {
                 .fixedSize()
                 .frame(FixedFrame{.width = labelWidth, .alignment = Alignment::leading()}),
             preview(),
-            FontPicker{.title = "", .selection = selection()}.body().help(label),
+            managed(FontPicker{.title = "", .selection = selection()}.body().help(label),
+                    stored->isManaged()),
         });
   }
 

@@ -1,6 +1,7 @@
 #include "general/QEVGeneralSettingsView.hpp"
 
 #include "QEVCommonTools/Hairline.hpp"
+#include "QEVCommonTools/ManagedSetting.hpp"
 #include "QEVCommonTools/Spacing.hpp"
 #include "appkit/Application.hpp"
 #include "foundation/TimeZones.hpp"
@@ -20,6 +21,7 @@ namespace QEVSettings {
 
 using namespace viewkit;
 using QEVCommonTools::Hairline;
+using QEVCommonTools::managed;
 using QEVCommonTools::points;
 using QEVCommonTools::Spacing;
 using sparkle::SPUUpdater;
@@ -75,7 +77,8 @@ View QEVGeneralSettingsView::appearanceSection() const {
       {.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
       {
           SettingsSectionHeader{.titleKey = "Appearance", .systemImage = "circle.righthalf.filled"},
-          appearanceSwitch(),
+          managed(appearanceSwitch(),
+                  appearanceName_.isLocked() || appearanceUseSystem_.isLocked()),
       });
 }
 
@@ -139,7 +142,7 @@ View QEVGeneralSettingsView::timeZoneRow() const {
                 {
                     Text(localized("Packet time zone")).font(Font::callout()),
                     Spacer(points(Spacing::s5)),
-                    timeZoneMenu(),
+                    managed(timeZoneMenu(), selectedTimeZone_.isLocked()),
                 });
 }
 
@@ -167,12 +170,14 @@ View QEVGeneralSettingsView::updatesSection() const {
       {
           SettingsSectionHeader{.titleKey = "Updates", .systemImage = "arrow.down.circle"},
           UpdateRow{.symbol = "arrow.triangle.2.circlepath",
+                    .stored = {SPUUpdater::kAutomaticallyChecksKey, false},
                     .textKey = "Automatically check for updates",
                     .isOn = binding(model, &UpdaterViewModel::automaticallyChecksForUpdates),
                     .onChange = writeBack(model, &UpdaterViewModel::automaticallyChecksForUpdates,
                                           &SPUUpdater::automaticallyChecksForUpdates,
                                           &SPUUpdater::setAutomaticallyChecksForUpdates)},
           UpdateRow{.symbol = "arrow.down.circle",
+                    .stored = {SPUUpdater::kAutomaticallyDownloadsKey, false},
                     .textKey = "Automatically download updates",
                     .isOn = binding(model, &UpdaterViewModel::automaticallyDownloadUpdates),
                     .isEnabled = model->automaticallyChecksForUpdates,
@@ -180,6 +185,7 @@ View QEVGeneralSettingsView::updatesSection() const {
                                           &SPUUpdater::automaticallyDownloadsUpdates,
                                           &SPUUpdater::setAutomaticallyDownloadsUpdates)},
           UpdateRow{.symbol = "chart.bar.doc.horizontal",
+                    .stored = {SPUUpdater::kSendsSystemProfileKey, false},
                     .textKey = "Include anonymous system profile",
                     .isOn = binding(model, &UpdaterViewModel::sendSystemProfile),
                     .onChange = writeBack(model, &UpdaterViewModel::sendSystemProfile,

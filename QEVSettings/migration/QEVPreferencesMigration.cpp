@@ -34,7 +34,9 @@ int rewriteValues(PreferencesStore& defaults, MigrationStep step) {
 
 }  // namespace
 
-void QEVPreferencesMigration::migrateIfNeeded(PreferencesStore& defaults) {
+void QEVPreferencesMigration::migrateIfNeeded(PreferencesStore& store) {
+  // What administrators set is converted as it is read, and a lock does not keep an old form alive.
+  PreferencesStore& defaults = store.personLayer();
   const std::int64_t stored = defaults.integerForKey(schemaVersionKey);
   if (stored >= currentSchemaVersion) return;
   if (stored != 1) migrateColorFormatDataToBase64(defaults);

@@ -1,5 +1,6 @@
 #include "updates/UpdateRow.hpp"
 
+#include "QEVCommonTools/ManagedSetting.hpp"
 #include "QEVCommonTools/Spacing.hpp"
 #include "resources/resource_bundle_accessor.hpp"
 #include "rows/SettingsIconRow.hpp"
@@ -10,14 +11,16 @@
 namespace QEVSettings {
 
 using namespace viewkit;
+using QEVCommonTools::managed;
 using QEVCommonTools::points;
 using QEVCommonTools::Spacing;
 
 View UpdateRow::body() const {
-  const auto content = [self = *this] {
+  const bool isManaged = stored.isLocked();
+  const auto content = [self = *this, isManaged] {
     const std::string text = localized(self.textKey);
-    const auto click = [self] {
-      if (self.isEnabled) self.isOn.set(!self.isOn.get());
+    const auto click = [self, isManaged] {
+      if (self.isEnabled && !isManaged) self.isOn.set(!self.isOn.get());
     };
 
     return HStack(
@@ -31,10 +34,11 @@ View UpdateRow::body() const {
                        Spacer(points(Spacing::s5)),
                    })
                 .onTap(click),
-            Toggle(self.isOn, ToggleControl::Size::small)
-                .help(text)
-                .disabled(!self.isEnabled)
-                .onChange<bool>(self.isOn.get(), self.onChange),
+            managed(Toggle(self.isOn, ToggleControl::Size::small)
+                        .help(text)
+                        .disabled(!self.isEnabled)
+                        .onChange<bool>(self.isOn.get(), self.onChange),
+                    isManaged),
         });
   };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "viewkit/Binding.hpp"
+#include "viewkit/StoredPreference.hpp"
 #include "viewkit/SymbolName.hpp"
 #include "viewkit/View.hpp"
 
@@ -12,6 +13,8 @@ namespace QEVSettings {
 // A row with a switch for a setting of the updater. A click on the text also turns the switch.
 struct UpdateRow {
   viewkit::SymbolName symbol;
+  // The setting in the store, which an administrator may have locked.
+  viewkit::StoredPreference<bool> stored;
   // A localisation key.
   std::string textKey;
   viewkit::Binding<bool> isOn;

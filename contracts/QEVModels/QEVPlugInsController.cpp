@@ -30,6 +30,7 @@ void QEVPlugInsController::unregisterPlugIn(foundation::UUID id) {
 }
 
 QEVPlugInsController::PlugIns& QEVPlugInsController::changed() {
+  ++revision_;
   if (plugInStructs_.use_count() > 1) plugInStructs_ = std::make_shared<PlugIns>(*plugInStructs_);
   return *plugInStructs_;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "viewkit/View.hpp"
+#include "QEVSettings/SettingsCatalogue.hpp"
 
-#include <functional>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,6 +34,10 @@ enum class Preferences {
   settingsAndVetoes,  // also refuses other ports than those of its own protocol
 };
 
+// Controls that an analyzer has below its options. A name in place of a view: the command line
+// links the tables of analyzers, and no views.
+enum class ExtraContent { none, keyLogField };
+
 // One analyzer of the host, an entry of a table.
 struct AnalyzerDescription {
   // Its part of every key: "dns" of "com_velloquin_qev_dns_protocols".
@@ -46,8 +50,7 @@ struct AnalyzerDescription {
   bool isColored = true;
   std::vector<OptionDescription> options{};
   std::vector<ProtocolDescription> protocols{};
-  // Controls of its own below its options.
-  std::function<viewkit::View()> extraContent{};
+  ExtraContent extraContent = ExtraContent::none;
   Preferences preferences = Preferences::settingsAndPorts;
 
   std::string key(std::string_view ending) const {
@@ -57,6 +60,9 @@ struct AnalyzerDescription {
 
 // The host's analyzers, from the link layer upwards.
 std::vector<AnalyzerDescription> sampleAnalyzers();
+
+// The settings that an analyzer of this description has. Each call makes new factory records.
+QEVSettings::AnalyzerSettings settingsOf(const AnalyzerDescription& analyzer);
 
 // A synthetic analyzer. The same number always gives the same one.
 AnalyzerDescription syntheticAnalyzer(std::size_t number);

@@ -1,61 +1,25 @@
 #include "analyzers/AnalyzerPreferences.hpp"
 
 #include "QEVDependencies/QEVError.hpp"
-#include "QEVDependencies/kQEVSourceProtocols.hpp"
+#include "analyzers/TLSKeyLogField.hpp"
 
 #include <algorithm>
 #include <utility>
 
 namespace zorvantine {
 
-using QEVDependencies::AnalyzerPortsSpec;
 using QEVDependencies::AnalyzerSettingsConfig;
-using QEVDependencies::kQEVSourceProtocols;
 using QEVDependencies::QEVError;
 using QEVDependencies::QEVNetworkProtocol;
 using QEVDependencies::QEVNetworkProtocolProperty;
 
-namespace {
-
-kQEVSourceProtocols::Case sourceOf(Transport transport) {
-  switch (transport) {
-    case Transport::tcp: return kQEVSourceProtocols::tcp;
-    case Transport::udp: return kQEVSourceProtocols::udp;
-    case Transport::both: return kQEVSourceProtocols::both;
-    case Transport::none: break;
-  }
-  return kQEVSourceProtocols::none;
-}
-
-AnalyzerPortsSpec portsOf(const AnalyzerDescription& analyzer) {
-  AnalyzerPortsSpec spec{.networkProtocolKey = analyzer.key("protocols"),
-                         .defaultProtocolNames = {},
-                         .defaultPorts = {}};
-  for (const auto& [name, ports, transport] : analyzer.protocols) {
-    spec.defaultProtocolNames.push_back(name);
-    spec.defaultPorts.push_back(std::make_shared<QEVNetworkProtocol>(
-        foundation::UUID::random(), name, ports, sourceOf(transport), std::nullopt, std::nullopt,
-        std::nullopt));
-  }
-  return spec;
-}
-
-}  // namespace
-
 AnalyzerSettingsConfig configOf(const AnalyzerDescription& analyzer) {
-  AnalyzerSettingsConfig config;
-  for (const OptionDescription& option : analyzer.options) {
-    config.toggles.push_back({.id = option.name,
-                              .defaultsKey = analyzer.key(option.name),
-                              .defaultValue = option.isOnByDefault,
-                              .labelKey = option.label});
-  }
-  if (analyzer.isColored) {
-    config.color = {.colorKey = analyzer.key("color"),
-                    .usesColorKey = analyzer.key("colors_packets")};
-  }
-  if (!analyzer.protocols.empty()) config.ports = portsOf(analyzer);
-  config.extraContent = analyzer.extraContent;
+  QEVSettings::AnalyzerSettings settings = settingsOf(analyzer);
+  AnalyzerSettingsConfig config{.toggles = std::move(settings.toggles),
+                                .color = std::move(settings.color),
+                                .ports = std::move(settings.ports)};
+  if (analyzer.extraContent == ExtraContent::keyLogField)
+    config.extraContent = [] { return TLSKeyLogField{}; };
   return config;
 }
 

@@ -1,5 +1,6 @@
 #include "analyzers/TLSKeyLogField.hpp"
 
+#include "QEVCommonTools/ManagedSetting.hpp"
 #include "viewkit/Controls.hpp"
 #include "viewkit/Stacks.hpp"
 #include "viewkit/Text.hpp"
@@ -12,7 +13,9 @@ View TLSKeyLogField::body() const {
   const std::string label = "Log of session keys";
   const View field =
       TextField({.placeholder = "The file that SSLKEYLOGFILE names"}, file.binding());
-  return HStack({.spacing = 12}, {Text(label), field.accessibilityLabel(label)});
+  const bool isManaged = file.isLocked();
+  return HStack({.spacing = 12}, {Text(label), isManaged ? QEVCommonTools::managedMark() : View(),
+                                  field.accessibilityLabel(label).disabled(isManaged)});
 }
 
 }  // namespace zorvantine

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue/HostSettings.hpp"
 #include "viewkit/StoredPreference.hpp"
 #include "viewkit/View.hpp"
 
@@ -9,7 +10,7 @@ namespace zorvantine {
 
 // A field for the file in which browsers log their TLS session keys.
 struct TLSKeyLogField {
-  viewkit::StoredPreference<std::string> file{"com_velloquin_qev_tls_key_log", ""};
+  viewkit::StoredPreference<std::string> file{kKeyLogKey, ""};
 
   viewkit::View body() const;
 };

@@ -1,5 +1,4 @@
 #include "analyzers/AnalyzerGroups.hpp"
-#include "analyzers/TLSKeyLogField.hpp"
 
 namespace zorvantine {
 
@@ -66,7 +65,7 @@ std::vector<AnalyzerDescription> transportAnalyzers() {
                         {"POP3S", "995", Transport::tcp},
                         {"SIPS", "5061", Transport::tcp},
                         {"MQTTS", "8883", Transport::tcp}},
-          .extraContent = [] { return TLSKeyLogField{}; },
+          .extraContent = ExtraContent::keyLogField,
       },
   };
 }

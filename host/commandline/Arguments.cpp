@@ -1,6 +1,6 @@
 #include "commandline/Arguments.hpp"
 
-#include "commandline/Translation.hpp"
+#include "foundation/Translation.hpp"
 
 #include <algorithm>
 
@@ -9,17 +9,19 @@ namespace zorvantine {
 using foundation::done;
 using foundation::Error;
 using foundation::Outcome;
+using foundation::translated;
 
 namespace {
 
 Outcome takeOperands(std::string_view command, const std::vector<std::string_view>& words,
                      const std::vector<Operand>& operands) {
   const bool repeats = !operands.empty() && operands.back().repeats;
-  const std::size_t needed = operands.size() - (repeats ? 1 : 0);
+  const bool mayLack = repeats || (!operands.empty() && operands.back().isOptional);
+  const std::size_t needed = operands.size() - (mayLack ? 1 : 0);
   if (words.size() < needed)
     return Error{translated("%1 needs %2", {command, translated(operands[words.size()].needs)})};
-  if (words.size() > needed && !repeats) {
-    return Error{translated("%1 has no use for “%2”", {command, words[needed]})};
+  if (words.size() > operands.size() && !repeats) {
+    return Error{translated("%1 has no use for “%2”", {command, words[operands.size()]})};
   }
   for (std::size_t at = 0; at < words.size(); ++at) {
     if (auto outcome = operands[std::min(at, operands.size() - 1)].take(words[at]); !outcome)

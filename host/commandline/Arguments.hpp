@@ -1,7 +1,7 @@
 #pragma once
 
-#include "commandline/Translation.hpp"
 #include "foundation/Result.hpp"
+#include "foundation/Translation.hpp"
 
 #include <functional>
 #include <span>
@@ -11,6 +11,8 @@
 #include <vector>
 
 namespace zorvantine {
+
+using foundation::translated;
 
 using Words = std::span<const std::string_view>;
 using Take = std::function<foundation::Outcome(std::string_view)>;
@@ -39,7 +41,8 @@ struct Operand {
   std::string_view name;   // "KEY"
   std::string_view needs;  // "a KEY", for the message that it is missing; a key of `translated`
   Take take;
-  bool repeats = false;  // stands for zero or more words; allowed for the last operand only
+  bool repeats = false;     // stands for zero or more words; allowed for the last operand only
+  bool isOptional = false;  // stands for zero or one word; allowed for the last operand only
 };
 
 // What may follow the name of a command.

@@ -10,13 +10,21 @@ namespace {
 
 constexpr std::string_view kCandidates = R"(
 _zorvantine_keys() {
+  zorvantine ${1:+--store} ${1:+"$1"} prefs describe 2>/dev/null | grep -v '^ '
   zorvantine ${1:+--store} ${1:+"$1"} prefs list 2>/dev/null |
     awk '$2 ~ /^(integer|boolean|real|string|data|date|array|dictionary)$/ { print $1 }'
 }
 
+# Prints the values that a setting can have.
+_zorvantine_values_of() {
+  zorvantine prefs describe "$1" 2>/dev/null |
+    sed -n 's/^  type: boolean$/true false/p; s/^  type: string, //p' |
+    sed 's/, / /g; s/ or / /g' | tr ' ' '\n'
+}
+
 # Prints what may follow the words given: words, or FILE or DIR for the names of files or folders.
 _zorvantine_candidates() {
-  local typed='' option='' store='' word
+  local typed='' option='' store='' operand='' word
   for word in "$@"; do
     if [[ -n $option ]]; then
       if [[ $option == --store ]]; then store=$word; fi
@@ -25,14 +33,30 @@ _zorvantine_candidates() {
       if _zorvantine_values "$typed" "$word" >/dev/null; then option=$word; fi
     elif _zorvantine_operands "${typed:+$typed }$word" >/dev/null; then
       typed="${typed:+$typed }$word"
+    else
+      operand=$word
     fi
   done
   if [[ -n $option ]]; then
-    _zorvantine_values "$typed" "$option"
+    word=$(_zorvantine_values "$typed" "$option")
+    if [[ $word == PROFILE ]]; then
+      zorvantine profiles list 2>/dev/null
+    else
+      printf '%s\n' "$word"
+    fi
     return
   fi
-  word=$(_zorvantine_operands "$typed")
-  if [[ $word == KEY ]]; then _zorvantine_keys "$store"; else printf '%s\n' "$word"; fi
+  if [[ $typed == 'prefs set' && -n $operand ]]; then
+    _zorvantine_values_of "$operand"
+  else
+    for word in $(_zorvantine_operands "$typed"); do
+      case $word in
+        KEY) _zorvantine_keys "$store" ;;
+        PROFILE) zorvantine profiles list 2>/dev/null ;;
+        *) printf '%s\n' "$word" ;;
+      esac
+    done
+  fi
   _zorvantine_options "$typed"
 }
 )";

@@ -38,6 +38,7 @@ std::vector<CompletedOption> optionsOf(std::vector<Option> options) {
     if (option.help.empty()) continue;
     std::vector<std::string_view> values = option.choices;
     if (namesFiles(option.value)) values = {option.value};
+    if (option.value == "NAME" && option.name != "--analyzer") values = {"PROFILE"};
     completed.push_back({.name = option.name,
                          .help = option.help,
                          .takesValue = !option.value.empty(),
@@ -54,6 +55,8 @@ Completions completionsOf(const CommandEntry& entry) {
   for (const Operand& operand : arguments.operands) {
     if (operand.name == "FILE" || operand.name == "KEY")
       completions.operands.push_back(operand.name);
+    if (operand.name.starts_with("PROFILE")) completions.operands.push_back("PROFILE");
+    if (operand.name == "PROFILE|FILE") completions.operands.push_back("FILE");
     if (operand.name == "COMMAND") completions.operands = nextWords({});
   }
   return completions;

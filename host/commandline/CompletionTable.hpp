@@ -13,7 +13,7 @@ struct CompletedOption {
   std::string_view name;  // "--format"
   std::string_view help;
   bool takesValue = false;
-  // The values that there are, "FILE" or "DIR"; empty when a value can be anything.
+  // The values that there are, "FILE", "DIR" or "PROFILE"; empty when a value can be anything.
   std::vector<std::string_view> values;
 };
 
@@ -21,7 +21,7 @@ struct CompletedOption {
 struct Completions {
   std::string words;  // "prefs get", "prefs", or nothing for the beginning of the line
   std::vector<CompletedOption> options;
-  // Words, "FILE" or "KEY".
+  // Words, "FILE", "KEY" or "PROFILE".
   std::vector<std::string_view> operands;
 };
 

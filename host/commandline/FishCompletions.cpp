@@ -14,8 +14,22 @@ function __zorvantine_keys
     if set -l at (contains -i -- --store $typed); and test $at -lt (count $typed)
         set store --store $typed[(math $at + 1)]
     end
+    zorvantine $store prefs describe 2>/dev/null | grep -v '^ '
     zorvantine $store prefs list 2>/dev/null |
         awk '$2 ~ /^(integer|boolean|real|string|data|date|array|dictionary)$/ { print $1 }'
+end
+
+# The keys, or after a key the values that the setting can have.
+function __zorvantine_settings
+    set -l typed (commandline -opc)
+    set -l at (contains -i -- set $typed)
+    if test $at -eq (count $typed)
+        __zorvantine_keys
+        return
+    end
+    zorvantine prefs describe $typed[(math $at + 1)] 2>/dev/null |
+        sed -n 's/^  type: boolean$/true false/p; s/^  type: string, //p' |
+        sed 's/, / /g; s/ or / /g' | tr ' ' '\n'
 end
 
 complete -c zorvantine -f
@@ -71,8 +85,10 @@ std::string wordsFunction(const std::vector<Completions>& table) {
          "end\n";
 }
 
-std::string operandText(std::string_view operand) {
+std::string operandText(std::string_view operand, std::string_view command) {
   if (operand == "FILE") return " -F";
+  if (operand == "PROFILE") return " -a '(zorvantine profiles list 2>/dev/null)'";
+  if (operand == "KEY" && command == "prefs set") return " -a '(__zorvantine_settings)'";
   if (operand == "KEY") return " -a '(__zorvantine_keys)'";
   return " -a " + quoted(operand);
 }
@@ -85,6 +101,8 @@ std::string optionText(const CompletedOption& option) {
     const bool isFile = values == " FILE" || values == " DIR";
     if (values == " DIR") {
       text += " -x -a '(__fish_complete_directories)'";
+    } else if (values == " PROFILE") {
+      text += " -x -a '(zorvantine profiles list 2>/dev/null)'";
     } else if (isFile) {
       text += " -r -F";
     } else {
@@ -103,7 +121,7 @@ std::string fishCompletions() {
     const std::string start =
         "complete -c zorvantine -n " + quoted("__zorvantine_words_are " + quoted(each.words));
     for (const std::string_view operand : each.operands)
-      text += start + operandText(operand) + '\n';
+      text += start + operandText(operand, each.words) + '\n';
     for (const CompletedOption& option : each.options) text += start + optionText(option) + '\n';
   }
   return text;

@@ -60,7 +60,7 @@ void appendOptions(std::string& text, const std::vector<Option>& options) {
 
 std::string helpText() {
   std::string text =
-      "Usage: zorvantine [--store FILE] COMMAND\n\n"
+      "Usage: zorvantine [--store FILE | --profile NAME] COMMAND\n\n"
       "The settings of the packet analyzer: in a window, and from the shell.\n";
   for (const auto& [chapter, title] : kChapters) {
     text += '\n' + std::string(title) + '\n';

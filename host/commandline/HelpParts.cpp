@@ -39,10 +39,14 @@ std::string synopsis(const CommandEntry& entry) {
     if (option.presence == Presence::required) text += ' ' + nameAndValue(option);
   }
   for (const Operand& operand : arguments.operands) {
-    text += operand.repeats ? " [" + std::string(operand.name) + "...]"
-                            : ' ' + std::string(operand.name);
+    const std::string name(operand.name);
+    text += operand.repeats      ? " [" + name + "...]"
+            : operand.isOptional ? " [" + name + ']'
+                                 : ' ' + name;
   }
-  if (const std::string choice = oneOf(arguments.options); !choice.empty()) text += ' ' + choice;
+  const bool hasOptional = !arguments.operands.empty() && arguments.operands.back().isOptional;
+  if (const std::string choice = oneOf(arguments.options); !choice.empty())
+    text += hasOptional ? " [" + choice + ']' : ' ' + choice;
   for (const Option& option : arguments.options) {
     if (option.presence == Presence::optional) text += " [" + nameAndValue(option) + ']';
   }

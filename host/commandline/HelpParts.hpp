@@ -12,9 +12,10 @@
 
 namespace zorvantine {
 
-inline constexpr std::array<std::pair<Chapter, std::string_view>, 4> kChapters{
+inline constexpr std::array<std::pair<Chapter, std::string_view>, 5> kChapters{
     {{Chapter::window, "The window"},
      {Chapter::preferences, "The preferences"},
+     {Chapter::profiles, "The profiles"},
      {Chapter::analyzers, "The analyzers"},
      {Chapter::help, "Help"}}};
 

@@ -1,7 +1,8 @@
 #include "commandline/Options.hpp"
 
-#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
+#include "foundation/Translation.hpp"
+#include "profiles/Profiles.hpp"
 
 #include <algorithm>
 #include <cstddef>
@@ -16,14 +17,17 @@ using foundation::done;
 using foundation::Error;
 using foundation::Outcome;
 using foundation::Result;
+using foundation::translated;
 
 namespace {
 
-// The position of the command, which --store FILE may precede.
+// The position of the command, which some options with a value may precede.
 std::size_t commandPosition(Words words) {
   std::size_t at = 0;
-  while (at < words.size() && (words[at] == "--store" || words[at].starts_with("--store="))) {
-    at += words[at] == "--store" ? 2 : 1;
+  while (at < words.size()) {
+    const std::string_view name = words[at].substr(0, words[at].find('='));
+    if (name != "--store" && name != "--profile" && name != "--set") break;
+    at += name.size() == words[at].size() ? 2 : 1;
   }
   return std::min(at, words.size());
 }
@@ -55,8 +59,12 @@ Result<Options> parseCommand(const CommandEntry& entry, Words words, bool isName
   const Outcome outcome = readArguments(entry.name, words, invocation.arguments);
   if (program.wantsHelp) return plain(HelpCommand{.topic = isNamed ? std::string(entry.name) : ""});
   if (!outcome) return outcome.error();
+  if (program.store && !program.profile.empty())
+    return Error{"--store and --profile exclude each other; give one"};
   if (program.wantsVersion) return plain(VersionCommand{});
   return Options{.store = std::move(program.store),
+                 .profile = std::move(program.profile),
+                 .forThisRun = std::move(program.forThisRun),
                  .storeUse = entry.storeUse,
                  .runsUntilEnded = entry.runsUntilEnded,
                  .program = entry.program,
@@ -77,6 +85,27 @@ std::vector<Option> programOptions(ProgramOptions& options) {
                  if (value.empty())
                    return Outcome(Error{translated("--store needs the name of a file")});
                  options.store = value;
+                 return done();
+               }},
+          {.name = "--profile",
+           .value = "NAME",
+           .help = "Use the profile of that name instead of the standard one.",
+           .take =
+               [&options](std::string_view value) {
+                 auto name = checkedProfileName(value);
+                 if (!name) return Outcome(name.error());
+                 options.profile = *std::move(name);
+                 return done();
+               }},
+          {.name = "--set",
+           .value = "KEY=VALUE",
+           .help = "Put a setting in force for this run, unless an administrator locked it. "
+                   "Nothing is stored.",
+           .take =
+               [&options](std::string_view value) {
+                 if (value.find('=') == std::string_view::npos || value.starts_with('='))
+                   return Outcome(Error{"--set needs KEY=VALUE"});
+                 options.forThisRun.emplace_back(value);
                  return done();
                }},
           flag("--help", "Print help on the command, or on everything without one.",

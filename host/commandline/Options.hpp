@@ -6,7 +6,9 @@
 #include <filesystem>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace zorvantine {
 
@@ -14,6 +16,10 @@ namespace zorvantine {
 struct Options {
   // Nothing stands for the person's own store.
   std::optional<std::filesystem::path> store{};
+  // Empty for the standard profile.
+  std::string profile{};
+  // What --set gives: KEY=VALUE.
+  std::vector<std::string> forThisRun{};
   StoreUse storeUse = StoreUse::none;
   bool runsUntilEnded = false;
   Program program = Program::shell;
@@ -23,12 +29,15 @@ struct Options {
 // The values of the options that every command has.
 struct ProgramOptions {
   std::optional<std::filesystem::path> store;
+  std::string profile;
+  std::vector<std::string> forThisRun;
   bool wantsHelp = false;
   bool wantsVersion = false;
 };
 std::vector<Option> programOptions(ProgramOptions& options);
 
-// Reads the words after the program's name. --store may stand before the command too. The error
+// Reads the words after the program's name. --store, --profile and --set may stand before the
+// command too. The error
 // tells the person who typed the words what is wrong with them.
 foundation::Result<Options> parseOptions(Words words);
 

@@ -38,7 +38,7 @@ enum class Program {
 };
 
 // The chapters of help and of the manual.
-enum class Chapter { window, preferences, analyzers, help };
+enum class Chapter { window, preferences, profiles, analyzers, help };
 
 // One use of a command: the arguments that set its values, and what runs with these values.
 struct Invocation {
@@ -76,6 +76,7 @@ const std::vector<CommandEntry>& commandTable();
 
 std::vector<CommandEntry> windowCommands();
 std::vector<CommandEntry> preferencesCommands();
+std::vector<CommandEntry> profileCommands();
 std::vector<CommandEntry> analyzerCommands();
 std::vector<CommandEntry> helpCommands();
 

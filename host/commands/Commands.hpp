@@ -1,5 +1,6 @@
 #pragma once
 
+#include "QEVSettings/LayeredPreferences.hpp"
 #include "QEVSettings/preferences/PreferenceValue.hpp"
 #include "commandline/ExitCode.hpp"
 #include "commandline/WindowOptions.hpp"
@@ -32,6 +33,18 @@ struct Console {
   static foundation::UserDefaults& store() {
     return foundation::UserDefaults::standardUserDefaults();
   }
+
+  // The values in force: what administrators and the command line set, above and below the store.
+  static QEVSettings::LayeredPreferences& preferences();
+
+  // Which files of administrators are not used, and why; nothing before the preferences are used.
+  static std::vector<std::string> layerProblems();
+
+  // How a store is put between these layers.
+  static QEVSettings::LayeredPreferences::Options layers();
+
+  // What --set gives for this run. Before the first use of the preferences.
+  static void setForThisRun(QEVSettings::PreferenceDictionary values);
 };
 
 struct SettingsCommand {
@@ -68,14 +81,26 @@ struct ListPreferencesCommand {
 };
 Failed run(const ListPreferencesCommand& command, Console& console);
 
+struct DescribePreferencesCommand {
+  std::vector<std::string> keys;  // empty for every setting
+  OutputFormat format = OutputFormat::text;
+};
+Failed run(const DescribePreferencesCommand& command, Console& console);
+
 struct GetPreferenceCommand {
+  enum class Part { value, standard, origin };
+
   std::string key;
+  Part part = Part::value;
 };
 Failed run(const GetPreferenceCommand& command, Console& console);
 
 struct SetPreferenceCommand {
   std::string key;
-  std::optional<QEVSettings::PreferenceValue> value;  // set when the arguments have been read
+  // One of the two is set when the arguments have been read.
+  std::optional<QEVSettings::PreferenceValue> value;  // of a type that was named
+  std::optional<std::string> text;                    // of the type of the setting
+  bool isForced = false;
 };
 Failed run(const SetPreferenceCommand& command, Console& console);
 
@@ -83,6 +108,22 @@ struct DeletePreferenceCommand {
   std::string key;
 };
 Failed run(const DeletePreferenceCommand& command, Console& console);
+
+struct ResetPreferencesCommand {
+  // One of the three is given.
+  std::vector<std::string> keys;
+  std::string analyzer;
+  bool resetsAll = false;
+};
+Failed run(const ResetPreferencesCommand& command, Console& console);
+
+struct DiffPreferencesCommand {
+  std::string other;  // a profile or a file; empty for the defaults
+};
+Failed run(const DiffPreferencesCommand& command, Console& console);
+
+struct EditPreferencesCommand {};
+Failed run(const EditPreferencesCommand& command, Console& console);
 
 struct ImportPreferencesCommand {
   std::filesystem::path file;
@@ -107,6 +148,40 @@ Failed run(const WatchPreferencesCommand& command, Console& console);
 struct VerifyPreferencesCommand {};
 Failed run(const VerifyPreferencesCommand& command, Console& console);
 
+struct ListProfilesCommand {
+  OutputFormat format = OutputFormat::text;
+};
+Failed run(const ListProfilesCommand& command, Console& console);
+
+struct CreateProfileCommand {
+  std::string name;
+  std::string from;  // a profile to begin with; empty for none
+};
+Failed run(const CreateProfileCommand& command, Console& console);
+
+struct RenameProfileCommand {
+  std::string name;
+  std::string newName;
+};
+Failed run(const RenameProfileCommand& command, Console& console);
+
+struct DeleteProfileCommand {
+  std::string name;
+};
+Failed run(const DeleteProfileCommand& command, Console& console);
+
+struct ExportProfileCommand {
+  std::string name;
+  std::filesystem::path file;
+};
+Failed run(const ExportProfileCommand& command, Console& console);
+
+struct ImportProfileCommand {
+  std::string name;
+  std::filesystem::path file;
+};
+Failed run(const ImportProfileCommand& command, Console& console);
+
 struct ListAnalyzersCommand {
   OutputFormat format = OutputFormat::text;
 };
@@ -128,6 +203,9 @@ Failed run(const HelpCommand& command, Console& console);
 
 struct VersionCommand {};
 Failed run(const VersionCommand& command, Console& console);
+
+// The failure of a change to a key that an administrator has locked; nothing when it is not locked.
+Failed lockedFailure(std::string_view key);
 
 // The problem that the store reports, as a failure; nothing when there is none.
 Failed storeFailure(const foundation::UserDefaults& store);

@@ -1,8 +1,10 @@
 #include "commandline/TextForm.hpp"
-#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
+#include "foundation/Translation.hpp"
 
 namespace zorvantine {
+
+using foundation::translated;
 
 Failed storeFailure(const foundation::UserDefaults& store) {
   const auto opening = store.opening();
@@ -11,6 +13,11 @@ Failed storeFailure(const foundation::UserDefaults& store) {
   if (const auto status = store.status())
     return Failure{.code = ExitCode::unavailable, .message = status->message};
   return std::nullopt;
+}
+
+Failed lockedFailure(std::string_view key) {
+  if (!Console::preferences().isLocked(key)) return std::nullopt;
+  return Failure{.message = QEVSettings::lockedMessage(key)};
 }
 
 Failure noSuchKey(std::string_view key) {

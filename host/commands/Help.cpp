@@ -1,12 +1,14 @@
 #include "commandline/Help.hpp"
 
 #include "commandline/Completions.hpp"
-#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
+#include "foundation/Translation.hpp"
 
 #include <ostream>
 
 namespace zorvantine {
+
+using foundation::translated;
 
 namespace {
 

@@ -1,14 +1,17 @@
 #include "commands/RunCommandLine.hpp"
 
 #include "QEVSettings/preferences/HostIdentity.hpp"
+#include "catalogue/HostSettings.hpp"
+#include "catalogue/SettingValues.hpp"
 #include "commandline/ExitCode.hpp"
 #include "commandline/Help.hpp"
 #include "commandline/Messages.hpp"
 #include "commandline/Options.hpp"
-#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
 #include "foundation/Bundle.hpp"
+#include "foundation/Translation.hpp"
 #include "foundation/UserDefaults.hpp"
+#include "profiles/Profiles.hpp"
 
 #include <unistd.h>
 
@@ -22,6 +25,7 @@
 
 namespace zorvantine {
 
+using foundation::translated;
 using foundation::UserDefaults;
 
 namespace {
@@ -46,8 +50,42 @@ Failed missingStore(const Options& options) {
           {options.store->string()})};
 }
 
+// Makes the profile that was named the store of the process.
+Failed chooseProfile(const Options& options) {
+  if (options.profile.empty()) return std::nullopt;
+  if (const auto outcome = checkProfile(options.profile); !outcome)
+    return Failure{.message = outcome.error().message};
+  if (options.profile != kStandardProfile)
+    UserDefaults::setStandardFile(profileFile(options.profile));
+  return std::nullopt;
+}
+
+// Puts what --set gives into force, with the types of the settings.
+Failed takeValuesForThisRun(const Options& options) {
+  QEVSettings::PreferenceDictionary values;
+  for (const std::string& each : options.forThisRun) {
+    const std::size_t equals = each.find('=');
+    const std::string key = each.substr(0, equals);
+    const auto* known = hostCatalogue().find(key);
+    if (known == nullptr) {
+      const std::string suggestion = suggestionFor(key);
+      return Failure{.code = ExitCode::usage,
+                     .message = "--set: “" + key + "” is no setting; " +
+                                (suggestion.empty() ? "prefs describe shows all" : suggestion)};
+    }
+    auto value = valueFor(*known, std::string_view(each).substr(equals + 1));
+    if (!value)
+      return Failure{.code = ExitCode::usage, .message = "--set: " + value.error().message};
+    values.insert_or_assign(key, *std::move(value));
+  }
+  if (!values.empty()) Console::setForThisRun(std::move(values));
+  return std::nullopt;
+}
+
 // Opens the store in the way that the command uses it, and reports how that went.
 Failed openStore(const Options& options, Messages& messages) {
+  if (auto failure = chooseProfile(options)) return failure;
+  if (auto failure = takeValuesForThisRun(options)) return failure;
   if (options.store) UserDefaults::setStandardFile(*options.store);
   const bool changesNothing =
       options.storeUse == StoreUse::reads || options.storeUse == StoreUse::inspects;
@@ -89,6 +127,7 @@ Failed carryOut(const Options& options, Messages& messages, Program program) {
   Console console{.in = std::cin, .out = std::cout, .outIsTerminal = ::isatty(STDOUT_FILENO) == 1};
   failed = options.invocation.run(console);
   if (!failed && !isHandedOver && options.storeUse == StoreUse::writes) failed = waitForDisk();
+  for (const std::string& problem : Console::layerProblems()) messages.say(problem);
   // The store may have been recovered, and so opened anew, while the command ran.
   if (opensStore(options.storeUse)) messages.say(Console::store().opening().message);
   // The message of a failed command replaces the diagnostics.

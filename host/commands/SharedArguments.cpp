@@ -1,6 +1,6 @@
 #include "commands/SharedArguments.hpp"
 
-#include "commandline/Translation.hpp"
+#include "foundation/Translation.hpp"
 #include "foundation/Unicode.hpp"
 
 #include <array>
@@ -15,6 +15,7 @@ using foundation::done;
 using foundation::Error;
 using foundation::Outcome;
 using foundation::Result;
+using foundation::translated;
 
 namespace {
 

@@ -1,14 +1,16 @@
 #include "commands/StartProgram.hpp"
 
-#include "commandline/Translation.hpp"
 #include "commands/ReplaceProcess.hpp"
 #include "foundation/Bundle.hpp"
+#include "foundation/Translation.hpp"
 
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
 
 namespace zorvantine {
+
+using foundation::translated;
 
 Failed startProgram(const std::string& name) {
   const auto folder = foundation::Bundle::mainBundle().folder();

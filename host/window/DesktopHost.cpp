@@ -2,8 +2,10 @@
 
 #include "Language.hpp"
 #include "commandline/TextForm.hpp"
+#include "commands/Commands.hpp"
 #include "commands/ReplaceProcess.hpp"
 #include "foundation/Bundle.hpp"
+#include "profiles/Profiles.hpp"
 #include "viewkit/ViewHost.hpp"
 #include "window/DescriptorWatch.hpp"
 #include "window/MainWindow.hpp"
@@ -13,6 +15,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace zorvantine {
@@ -55,12 +58,13 @@ void tellOfRefusedTexts(const std::vector<viewkit::RefusedText>& texts) {
 
 }  // namespace
 
-DesktopHost::DesktopHost(const WindowOptions& options, foundation::UserDefaults& store,
+DesktopHost::DesktopHost(const WindowOptions& options, QEVSettings::PreferencesStore& store,
                          qt::Application::Display display)
-    : application_(preparedFor(messages_, display).count, noArguments().words.data(), display) {
+    : application_(preparedFor(messages_, display).count, noArguments().words.data(), display),
+      options_(options),
+      store_(store) {
   messages_.beforeStop(nullptr);
-  useDesktopForUpdates(store);
-  host_.emplace(options, store);
+  start();
   application_.setLanguage(windowLanguage());
 }
 
@@ -68,6 +72,15 @@ DesktopHost::~DesktopHost() {
   settings_.reset();
   host_.reset();
   forgetDesktopUpdates();
+}
+
+void DesktopHost::start() {
+  useDesktopForUpdates(preferences());
+  host_.emplace(options_, preferences());
+}
+
+QEVSettings::PreferencesStore& DesktopHost::preferences() const {
+  return profile_.preferences ? *profile_.preferences : store_;
 }
 
 viewkit::Environment DesktopHost::environment() const {
@@ -94,17 +107,43 @@ void DesktopHost::run(Tab tab, const Interruption& interruption) {
 }
 
 void DesktopHost::runMainWindow(const Interruption& interruption) {
-  MainWindow main({.environment = environment(),
-                   .updater = host_->updater(),
-                   .openSettings = [this] { openSettings(); },
-                   .closed =
-                       [this] {
-                         if (settings_) settings_->close();
-                         qt::Application::quit();
-                       }});
+  MainWindow main(
+      {.environment = environment(),
+       .updater = host_->updater(),
+       .openSettings = [this] { openSettings(); },
+       .profiles = profiles,
+       .chooseProfile = [this, &main](const std::string& name) { switchTo(name, main); },
+       .closed =
+           [this] {
+             if (settings_) settings_->close();
+             qt::Application::quit();
+           }});
   const DescriptorWatch interrupted(interruption.descriptor(), [&main] { main.close(); });
   main.show();
   application_.run();
+}
+
+// The windows close first, which commits their texts to the store that they belong to. The
+// analyzers of the new host replace those of the former one.
+void DesktopHost::switchTo(const std::string& profile, MainWindow& main) {
+  if (const auto exists = checkProfile(profile); !exists) {
+    std::cerr << "zorvantine: " << onOneLine(exists.error().message) << std::endl;
+    return;
+  }
+  const bool hadSettings = settings_ && settings_->isOpen();
+  if (hadSettings) settings_->close();
+  settings_.reset();
+  main.closeContent();
+  host_.reset();
+  OpenProfile opened;
+  opened.store = foundation::UserDefaults::open(profileFile(profile));
+  opened.preferences =
+      std::make_unique<QEVSettings::LayeredPreferences>(*opened.store, Console::layers());
+  const OpenProfile former = std::exchange(profile_, std::move(opened));
+  start();
+  main.showContent(environment(), host_->updater());
+  main.setProfile(profile);
+  if (hadSettings) openSettings();
 }
 
 void DesktopHost::openSettings() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "QEVSettings/LayeredPreferences.hpp"
 #include "SettingsHost.hpp"
 #include "commandline/WindowOptions.hpp"
 #include "commands/Interruption.hpp"
@@ -10,8 +11,11 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace zorvantine {
+
+class MainWindow;
 
 // The application on a desktop: its event loop and its settings windows. One per process, main
 // thread.
@@ -19,7 +23,7 @@ class DesktopHost {
 public:
   // The store outlives the host. When the display cannot be reached, the program starts again
   // without one.
-  DesktopHost(const WindowOptions& options, foundation::UserDefaults& store,
+  DesktopHost(const WindowOptions& options, QEVSettings::PreferencesStore& store,
               qt::Application::Display display);
   ~DesktopHost();
   DesktopHost(const DesktopHost&) = delete;
@@ -36,11 +40,24 @@ public:
   void runMainWindow(const Interruption& interruption);
 
 private:
+  // The store of a profile, between the layers of administrators and the command line.
+  struct OpenProfile {
+    std::unique_ptr<foundation::UserDefaults> store;
+    std::unique_ptr<QEVSettings::LayeredPreferences> preferences;
+  };
+
   viewkit::Environment environment() const;
+  QEVSettings::PreferencesStore& preferences() const;
   void openSettings();
+  void start();
+  void switchTo(const std::string& profile, MainWindow& main);
 
   QtMessages messages_;
   qt::Application application_;
+  WindowOptions options_;
+  QEVSettings::PreferencesStore& store_;
+  // The profile that was switched to; empty for the store that the process began with.
+  OpenProfile profile_;
   std::optional<SettingsHost> host_;
   // The settings window that the main window opened; null while none is open.
   std::unique_ptr<qt::Window> settings_;

@@ -26,6 +26,14 @@ QString localized(std::string_view key) {
 MainWindow::MainWindow(Parts parts) : parts_(std::move(parts)) {
   setWindowTitle(QStringLiteral("zorvantine"));
   addMenus();
+  showContent(parts_.environment, parts_.updater);
+  resize(kSize);
+}
+
+void MainWindow::showContent(viewkit::Environment environment,
+                             std::shared_ptr<QEVSettings::UpdaterViewModel> updater) {
+  parts_.environment = environment;
+  parts_.updater = std::move(updater);
   content_ = std::make_unique<qt::Window>(qt::WindowOptions{
       .title = {},
       .environment = parts_.environment,
@@ -34,7 +42,13 @@ MainWindow::MainWindow(Parts parts) : parts_(std::move(parts)) {
           .updater = parts_.updater,
           .openSettings = parts_.openSettings}});
   setCentralWidget(&content_->widget());
-  resize(kSize);
+}
+
+void MainWindow::closeContent() {
+  content_->close();
+  parts_.updater.reset();
+  takeCentralWidget();
+  content_.reset();
 }
 
 // The content owns its widget, so it is destroyed before the window that shows the widget.
@@ -45,6 +59,8 @@ void MainWindow::addMenus() {
   file->addAction(localized("Settings…"), QKeySequence(Qt::CTRL | Qt::Key_Comma), this,
                   [this] { parts_.openSettings(); })
       ->setMenuRole(QAction::PreferencesRole);
+  QMenu* const profiles = file->addMenu(localized("Profile"));
+  connect(profiles, &QMenu::aboutToShow, this, [this, profiles] { fillProfiles(*profiles); });
   file->addSeparator();
   file->addAction(localized("Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, [this] { close(); })
       ->setMenuRole(QAction::QuitRole);
@@ -54,6 +70,20 @@ void MainWindow::addMenus() {
                                          [this] { parts_.updater->checkForUpdates(); });
   connect(help, &QMenu::aboutToShow, this,
           [this, check] { check->setEnabled(parts_.updater->canCheckForUpdates); });
+}
+
+void MainWindow::fillProfiles(QMenu& menu) {
+  menu.clear();
+  for (const std::string& name : parts_.profiles()) {
+    // "&" would mark a key.
+    QAction* const action = menu.addAction(QString::fromStdString(name).replace("&", "&&"));
+    action->setCheckable(true);
+    action->setChecked(name == profile_);
+    // The menu is over before windows close.
+    connect(
+        action, &QAction::triggered, this, [this, name] { parts_.chooseProfile(name); },
+        Qt::QueuedConnection);
+  }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

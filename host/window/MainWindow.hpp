@@ -19,6 +19,9 @@ public:
     viewkit::Environment environment;
     std::shared_ptr<QEVSettings::UpdaterViewModel> updater;
     std::function<void()> openSettings;
+    // The names of the profiles, asked for each time the menu opens, and what chooses one.
+    std::function<std::vector<std::string>()> profiles;
+    std::function<void(const std::string&)> chooseProfile;
     // Called when the person closes the window or quits.
     std::function<void()> closed;
   };
@@ -26,13 +29,22 @@ public:
   explicit MainWindow(Parts parts);
   ~MainWindow() override;
 
+  // The content shows a store. It is closed before the store is, and shown again over another one.
+  void closeContent();
+  void showContent(viewkit::Environment environment,
+                   std::shared_ptr<QEVSettings::UpdaterViewModel> updater);
+  // Marks the profile that is shown.
+  void setProfile(std::string name) { profile_ = std::move(name); }
+
 protected:
   void closeEvent(QCloseEvent* event) override;
 
 private:
   void addMenus();
+  void fillProfiles(QMenu& menu);
 
   Parts parts_;
+  std::string profile_;
   std::unique_ptr<qt::Window> content_;
 };
 

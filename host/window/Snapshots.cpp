@@ -1,7 +1,7 @@
 #include "window/Snapshots.hpp"
 
 #include "appkit/Application.hpp"
-#include "commandline/Translation.hpp"
+#include "foundation/Translation.hpp"
 #include "window/DesktopHost.hpp"
 
 #include <array>
@@ -11,6 +11,8 @@
 #include <vector>
 
 namespace zorvantine {
+
+using foundation::translated;
 
 namespace {
 
@@ -24,7 +26,7 @@ std::vector<Tab> tabsOf(const SnapshotCommand& command) {
 }  // namespace
 
 std::optional<Failure> takeSnapshots(const SnapshotCommand& command,
-                                     foundation::UserDefaults& store) {
+                                     QEVSettings::PreferencesStore& store) {
   std::error_code error;
   std::filesystem::create_directories(command.folder, error);
   if (error) {

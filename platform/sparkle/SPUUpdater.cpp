@@ -22,11 +22,6 @@ using foundation::Result;
 using foundation::Subscription;
 using QEVSettings::PreferenceValue;
 
-constexpr std::string_view kAutomaticallyChecksKey = "sparkle_automaticallyChecks";
-constexpr std::string_view kAutomaticallyDownloadsKey = "sparkle_automaticallyDownloads";
-constexpr std::string_view kSendsSystemProfileKey = "sparkle_sendsSystemProfile";
-constexpr std::string_view kLastCheckKey = "sparkle_lastCheck";
-
 constexpr std::chrono::seconds kCheckInterval = 24h;
 // Timers stop while the machine sleeps, so the clock is read more often than a check is due.
 constexpr std::chrono::seconds kLongestWait = 1h;

@@ -514,7 +514,7 @@ class CommandLine(unittest.TestCase):
     def test_help_on_a_command_describes_that_command_alone(self):
         text = self.run_host("prefs", "set", "--help")
         self.assertEqual(text, self.run_host("help", "prefs", "set"))
-        self.assertIn("Usage: zorvantine prefs set KEY (--string|--int", " ".join(text.split()))
+        self.assertIn("Usage: zorvantine prefs set KEY [VALUE] [(--string|--int", " ".join(text.split()))
         self.assertIn("base64", text)
         self.assertNotIn("prefs get", text)
         group = self.run_host("prefs", "--help")

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Fails when the host's sources and its English string table name different messages of the command line.
+"""Fails when the sources of the command line and its English string table name different messages.
 
-    messages_test.py HOST
+    messages_test.py HOST VALUES
 """
 
 import re
@@ -19,7 +19,7 @@ def joined(literals):
 def main():
     host = Path(sys.argv[1])
     used = set()
-    for source in [*host.rglob("*.cpp"), *host.rglob("*.hpp")]:
+    for source in [file for folder in sys.argv[1:] for file in Path(folder).rglob("*.[ch]pp")]:
         # Examples in comments are no uses.
         text = re.sub(r"^ *//.*$", "", source.read_text(encoding="utf-8"), flags=re.M)
         used |= {joined(match[1]) for match in re.finditer(rf"translated\(\s*{LITERALS}", text)}

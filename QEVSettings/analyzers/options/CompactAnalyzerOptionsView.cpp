@@ -1,6 +1,7 @@
 #include "analyzers/options/CompactAnalyzerOptionsView.hpp"
 
 #include "QEVCommonTools/ColorRawValue.hpp"
+#include "QEVCommonTools/ManagedSetting.hpp"
 #include "QEVCommonTools/Spacing.hpp"
 #include "QEVKonstantsKeys/NSColor.hpp"
 #include "QEVSettings/preferences/PreferenceKeys.hpp"
@@ -23,6 +24,7 @@ namespace QEVSettings {
 
 using namespace viewkit;
 using QEVCommonTools::colorFromRawValue;
+using QEVCommonTools::managed;
 using QEVCommonTools::points;
 using QEVCommonTools::rawValue;
 using QEVCommonTools::Spacing;
@@ -46,13 +48,15 @@ Binding<appkit::RGBA> colorBinding(const StoredPreference<std::string>& color) {
       [binding = color.binding()](const appkit::RGBA& chosen) { binding.set(rawValue(chosen)); }};
 }
 
-View optionLabel(const std::string& label, const Binding<bool>& isOn) {
+View optionLabel(const std::string& label, const Binding<bool>& isOn, bool isLocked) {
   return HStack({.spacing = points(Spacing::s5)},
                 {
                     Text(label),
                     Spacer(points(Spacing::s5)),
                 })
-      .onTap([isOn] { isOn.set(!isOn.get()); });
+      .onTap([isOn, isLocked] {
+        if (!isLocked) isOn.set(!isOn.get());
+      });
 }
 
 struct ColoringRow {
@@ -62,6 +66,11 @@ struct ColoringRow {
   View body() const {
     const std::string label = localized("Packet coloring");
     const Binding<bool> isOn = booleanBinding(usesColor);
+    const bool isLocked = usesColor.isLocked();
+    const View well = ColorWell(colorBinding(color),
+                                {.supportsOpacity = true,
+                                 .checkpoint = [color = color] { return color.checkpoint(); }})
+                          .help(label);
 
     return OptionRow{
         .symbol = "swatchpalette",
@@ -69,12 +78,11 @@ struct ColoringRow {
         .content = HStack(
             {.spacing = points(Spacing::s5)},
             {
-                optionLabel(label, isOn),
-                ColorWell(colorBinding(color),
-                          {.supportsOpacity = true,
-                           .checkpoint = [color = color] { return color.checkpoint(); }})
-                    .help(label),
-                Toggle(isOn, ToggleControl::Size::small).accessibilityLabel(label).help(label),
+                optionLabel(label, isOn, isLocked),
+                managed(well, color.isLocked()),
+                managed(
+                    Toggle(isOn, ToggleControl::Size::small).accessibilityLabel(label).help(label),
+                    isLocked),
             })};
   }
 };
@@ -86,6 +94,7 @@ struct ToggleRow {
   View body() const {
     const std::string label = localized(labelKey);
     const Binding<bool> isOn = booleanBinding(option);
+    const bool isLocked = option.isLocked();
 
     return OptionRow{
         .symbol = optionStyle(labelKey).symbol,
@@ -93,8 +102,10 @@ struct ToggleRow {
         .content = HStack(
             {.spacing = points(Spacing::s5)},
             {
-                optionLabel(label, isOn),
-                Toggle(isOn, ToggleControl::Size::small).accessibilityLabel(label).help(label),
+                optionLabel(label, isOn, isLocked),
+                managed(
+                    Toggle(isOn, ToggleControl::Size::small).accessibilityLabel(label).help(label),
+                    isLocked),
             })};
   }
 };

@@ -1,6 +1,7 @@
 #include "analyzers/ports/CompactPortsEditorView.hpp"
 
 #include "QEVCommonTools/Hairline.hpp"
+#include "QEVCommonTools/ManagedSetting.hpp"
 #include "QEVCommonTools/RoundedBorderStyle.hpp"
 #include "QEVCommonTools/Spacing.hpp"
 #include "QEVCoreComponents/ProtocolPortInputField.hpp"
@@ -25,6 +26,7 @@ namespace QEVSettings {
 
 using namespace viewkit;
 using QEVCommonTools::Hairline;
+using QEVCommonTools::managedMark;
 using QEVCommonTools::points;
 using QEVCommonTools::RoundedBorderStyle;
 using QEVCommonTools::Spacing;
@@ -36,23 +38,29 @@ View columnTitle(const std::string& title) {
   return Text(title).font(Font::caption2()).uppercased().foreground(Color::secondary());
 }
 
-GridRow headerRow() {
+View disabledIf(bool isDisabled, const View& control) {
+  return isDisabled ? control.disabled(true) : control;
+}
+
+GridRow headerRow(bool isManaged) {
+  const View ports = columnTitle(localized("Ports"));
   return {.cells = {
               columnTitle(localized("Name")),
-              columnTitle(localized("Ports")),
+              isManaged ? HStack({.spacing = points(Spacing::s4)}, {ports, managedMark()}) : ports,
               columnTitle(localized("Source")),
           }};
 }
 
 GridRow protocolRow(const PortsEditing::Row& row, const std::vector<std::string>& names,
-                    const std::shared_ptr<const PortsEditing>& editing) {
+                    const std::shared_ptr<const PortsEditing>& editing, bool isManaged) {
   return {.cells =
               {
-                  PortNameCell{
-                      .model = row->model(),
-                      .names = names,
-                      .onPick = [editing,
-                                 row](const std::string& name) { editing->pickName(row, name); }},
+                  disabledIf(isManaged, PortNameCell{.model = row->model(),
+                                                     .names = names,
+                                                     .onPick =
+                                                         [editing, row](const std::string& name) {
+                                                           editing->pickName(row, name);
+                                                         }}),
                   View(ProtocolPortInputField{
                            .titleKey = "",
                            .placeholderKey = "Protocol Ports",
@@ -61,13 +69,15 @@ GridRow protocolRow(const PortsEditing::Row& row, const std::vector<std::string>
                            .disableAutocorrection = true,
                            .borderStyle = RoundedBorderStyle::line,
                            .lineLimit = 4,
+                           .isManaged = isManaged,
                            .onCommit = [editing, row] { editing->commitPorts(row); },
                            .onRevert = [editing, row] { editing->revertPorts(row); }})
                       .frame(FlexibleFrame{.minWidth = 120}),
-                  PortSourceCell{
-                      .model = row->model(),
-                      .onPick = [editing,
-                                 row](std::int64_t source) { editing->pickSource(row, source); }},
+                  disabledIf(isManaged, PortSourceCell{.model = row->model(),
+                                                       .onPick =
+                                                           [editing, row](std::int64_t source) {
+                                                             editing->pickSource(row, source);
+                                                           }}),
               },
           .verticalPadding = points(Spacing::s4),
           .id = row->id().text()};
@@ -80,11 +90,12 @@ View CompactPortsEditorView::body() const {
       ports, controller, Environment::current().defaultStore.get(),
       PortsEditing::ViewState{.rows = rows.binding(),
                               .session = session.binding(),
-                              .resetError = resetError.binding()});
+                              .resetError = resetError.binding(),
+                              .isManaged = isManaged.binding()});
 
-  std::vector<GridRow> table{headerRow()};
+  std::vector<GridRow> table{headerRow(isManaged.get())};
   for (const PortsEditing::Row& row : rows.get()) {
-    table.push_back(protocolRow(row, ports.defaultProtocolNames, editing));
+    table.push_back(protocolRow(row, ports.defaultProtocolNames, editing, isManaged.get()));
   }
 
   return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s6)},
@@ -103,9 +114,10 @@ View CompactPortsEditorView::body() const {
                            {
                                analyzerErrorText(resetError),
                                Spacer(),
-                               Button(localized("Reset"), "arrow.counterclockwise",
-                                      [editing] { editing->reset(); })
-                                   .help(localized("Reset to default ports")),
+                               disabledIf(isManaged.get(),
+                                          Button(localized("Reset"), "arrow.counterclockwise",
+                                                 [editing] { editing->reset(); })
+                                              .help(localized("Reset to default ports"))),
                            }),
                 })
       .onAppear([editing] { editing->load(); })

@@ -21,6 +21,7 @@ struct CompactPortsEditorView {
   viewkit::State<PortsEditing::Rows> rows = {};
   viewkit::State<std::shared_ptr<PortsEditing::Session>> session = {};
   viewkit::State<QEVDependencies::ErrorState> resetError = {};
+  viewkit::State<bool> isManaged = {};
 
   viewkit::View body() const;
 };

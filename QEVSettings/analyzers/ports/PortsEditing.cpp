@@ -1,5 +1,6 @@
 #include "analyzers/ports/PortsEditing.hpp"
 
+#include "QEVCommonTools/ManagedSetting.hpp"
 #include "QEVDependencies/QEVError.hpp"
 #include "QEVDependencies/QEVProtocolKonstants.hpp"
 #include "analyzers/AnalyzerError.hpp"
@@ -62,6 +63,7 @@ PortsEditing::PortsEditing(QEVDependencies::AnalyzerPortsSpec ports,
 void PortsEditing::load() const {
   state_.resetError.set({});
   const auto session = std::make_shared<Session>();
+  state_.isManaged.set(isManaged());
   session->followed = defaults_->objectForKey(ports_.networkProtocolKey);
   state_.rows.set(portRows(store().decode(ports_.defaultPorts)));
   session->storedListChanged = defaults_->observe(
@@ -70,6 +72,7 @@ void PortsEditing::load() const {
 }
 
 void PortsEditing::pickName(const Row& row, const std::string& name) const {
+  if (isManaged()) return;
   actOn(row, [&] {
     const Protocol& protocol = row->model();
     const Protocol old = snapshot(*protocol);
@@ -81,6 +84,7 @@ void PortsEditing::pickName(const Row& row, const std::string& name) const {
 }
 
 void PortsEditing::pickSource(const Row& row, std::int64_t source) const {
+  if (isManaged()) return;
   actOn(row, [&] {
     const Protocol& protocol = row->model();
     const Protocol old = snapshot(*protocol);
@@ -92,6 +96,7 @@ void PortsEditing::pickSource(const Row& row, std::int64_t source) const {
 }
 
 void PortsEditing::commitPorts(const Row& row) const {
+  if (isManaged()) return markManaged(row);
   actOn(row, [&] {
     const Protocol& protocol = row->model();
     PortValidationResult result;
@@ -115,6 +120,7 @@ void PortsEditing::revertPorts(const Row& row) const {
 }
 
 void PortsEditing::reset() const {
+  if (isManaged()) return;
   act([this] {
     resetRows();
     std::optional<ErrorState> failure;
@@ -140,6 +146,7 @@ void PortsEditing::resetRows() const {
 }
 
 void PortsEditing::flush() const {
+  if (isManaged()) return state_.session.set(nullptr);
   act([this] {
     const QEVNetworkProtocolList stored = store().decode(ports_.defaultPorts);
     const Rows rows = state_.rows.get();
@@ -154,7 +161,18 @@ void PortsEditing::flush() const {
 
 void PortsEditing::follow() const {
   const auto session = state_.session.get();
+  if (session && state_.isManaged.get() != isManaged()) state_.isManaged.set(isManaged());
   if (session && !session->isActing) bringUpToDate(*session);
+}
+
+bool PortsEditing::isManaged() const { return defaults_->isLocked(ports_.networkProtocolKey); }
+
+// A text that was being typed when the list was locked stays on the screen.
+void PortsEditing::markManaged(const Row& row) const {
+  const Protocol& protocol = row->model();
+  if (protocol->protocolPorts.get() == protocol->lastRegisteredPorts()) return;
+  showErrorState({.errorText = QEVCommonTools::managedText(), .errorDetails = std::nullopt},
+                 *protocol);
 }
 
 void PortsEditing::bringUpToDate(Session& session) const {

@@ -44,6 +44,8 @@ public:
     viewkit::Binding<std::shared_ptr<Session>> session;
     // The error of the last reset as a whole.
     viewkit::Binding<QEVDependencies::ErrorState> resetError;
+    // Whether an administrator has locked the list. No action changes it then.
+    viewkit::Binding<bool> isManaged;
   };
 
   // The store outlives the editing. Without a controller its calls are left out, and all else is
@@ -69,6 +71,8 @@ private:
 
   QEVModels::AnalyzerPortsStore store() const;
   void follow() const;
+  bool isManaged() const;
+  void markManaged(const Row& row) const;
   void bringUpToDate(Session& session) const;
   void act(const std::function<void()>& steps) const;
   void actOn(const Row& row, const std::function<void()>& steps) const;

@@ -1,6 +1,7 @@
 #include "QEVCoreComponents/CaptureCockpitView.hpp"
 
 #include "QEVCommonTools/ColorRawValue.hpp"
+#include "QEVCommonTools/ManagedSetting.hpp"
 #include "QEVCommonTools/PlainText.hpp"
 #include "QEVCommonTools/RectCorner.hpp"
 #include "QEVCommonTools/Spacing.hpp"
@@ -27,6 +28,7 @@ using QEVCommonTools::kCornerLow;
 using QEVCommonTools::kCornerMed;
 using QEVCommonTools::klear;
 using QEVCommonTools::localized;
+using QEVCommonTools::managed;
 using QEVCommonTools::points;
 using QEVCommonTools::Spacing;
 using QEVCommonTools::trimmed;
@@ -111,12 +113,13 @@ std::optional<std::string> setNumber(std::string_view text, const NumberRange& r
   return std::nullopt;
 }
 
-View numberField(const std::string& label, const NumberRange& range, const Model& model,
-                 NumberGetter getter, NumberSetter setter) {
+View numberField(const std::string& label, std::string_view key, const NumberRange& range,
+                 const Model& model, NumberGetter getter, NumberSetter setter) {
   return CheckedTextField{
       .label = label,
       .value = std::to_string(((*model).*getter)()),
       .commit = [=](std::string_view text) { return setNumber(text, range, model, setter); },
+      .isManaged = model->isManaged(key),
       .width = kNumberWidth};
 }
 
@@ -159,20 +162,23 @@ View CaptureCockpitView::interfaceList() const {
     return interfaceRow(each, each.name == effective, model);
   };
 
-  return ScrollView(
-             {}, VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s0)},
-                        {
-                            interfaces.empty()
-                                ? Text(localized("This machine has no network interface"))
-                                      .foreground(Color::secondary())
-                                : View(),
-                            forEach(interfaces, name, row),
-                        })
-                     .padding(Spacing::s3)
-                     .accessibilityRole(Role::list))
-      .frame(FixedFrame{.height = kListHeight})
-      .background(Color::controlBackground())
-      .modifier(CornerRadius{.radius = kCornerLow});
+  const bool isManaged = model->isManaged(QEVCaptureViewModel::kInterfaceKey);
+  const View list =
+      ScrollView(
+          {},
+          VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s0)},
+                 {
+                     interfaces.empty() ? Text(localized("This machine has no network interface"))
+                                              .foreground(Color::secondary())
+                                        : View(),
+                     forEach(interfaces, name, row),
+                 })
+              .padding(Spacing::s3)
+              .accessibilityRole(Role::list))
+          .frame(FixedFrame{.height = kListHeight})
+          .background(Color::controlBackground())
+          .modifier(CornerRadius{.radius = kCornerLow});
+  return managed(list, isManaged);
 }
 
 View CaptureCockpitView::options() const {
@@ -185,36 +191,37 @@ View CaptureCockpitView::options() const {
   const std::string fileCount = localized("Number of files");
   const std::string fileSize = localized("Size of a file (MiB)");
   const bool usesRing = model->usesRingOfFiles();
+  using Capture = QEVCaptureViewModel;
 
   return formGrid({
-      formRow(promiscuous, Toggle(switchBinding(model, &QEVCaptureViewModel::isPromiscuous,
-                                                &QEVCaptureViewModel::setPromiscuous),
-                                  ToggleControl::Size::small)
-                               .accessibilityLabel(promiscuous)),
-      formRow(snapshotLength, numberField(snapshotLength, QEVCaptureViewModel::kSnapshotLength,
-                                          model, &QEVCaptureViewModel::snapshotLength,
-                                          &QEVCaptureViewModel::setSnapshotLength)),
-      formRow(bufferSize,
-              numberField(bufferSize, QEVCaptureViewModel::kBufferSize, model,
-                          &QEVCaptureViewModel::bufferSize, &QEVCaptureViewModel::setBufferSize)),
+      formRow(promiscuous, managed(Toggle(switchBinding(model, &Capture::isPromiscuous,
+                                                        &Capture::setPromiscuous),
+                                          ToggleControl::Size::small)
+                                       .accessibilityLabel(promiscuous),
+                                   model->isManaged(Capture::kPromiscuousKey))),
+      formRow(snapshotLength,
+              numberField(snapshotLength, Capture::kSnapshotLengthKey, Capture::kSnapshotLength,
+                          model, &Capture::snapshotLength, &Capture::setSnapshotLength)),
+      formRow(bufferSize, numberField(bufferSize, Capture::kBufferSizeKey, Capture::kBufferSize,
+                                      model, &Capture::bufferSize, &Capture::setBufferSize)),
       formRow(filter,
               CheckedTextField{
                   .label = filter,
                   .placeholder = localized("all packets"),
                   .value = model->captureFilter(),
-                  .commit = [model](std::string_view text) { return setFilter(text, model); }}),
-      formRow(ring, Toggle(switchBinding(model, &QEVCaptureViewModel::usesRingOfFiles,
-                                         &QEVCaptureViewModel::setUsesRingOfFiles),
-                           ToggleControl::Size::small)
-                        .accessibilityLabel(ring)),
-      formRow(fileCount, numberField(fileCount, QEVCaptureViewModel::kRingFileCount, model,
-                                     &QEVCaptureViewModel::ringFileCount,
-                                     &QEVCaptureViewModel::setRingFileCount)
+                  .commit = [model](std::string_view text) { return setFilter(text, model); },
+                  .isManaged = model->isManaged(Capture::kFilterKey)}),
+      formRow(ring, managed(Toggle(switchBinding(model, &Capture::usesRingOfFiles,
+                                                 &Capture::setUsesRingOfFiles),
+                                   ToggleControl::Size::small)
+                                .accessibilityLabel(ring),
+                            model->isManaged(Capture::kUsesRingKey))),
+      formRow(fileCount, numberField(fileCount, Capture::kRingFileCountKey, Capture::kRingFileCount,
+                                     model, &Capture::ringFileCount, &Capture::setRingFileCount)
                              .disabled(!usesRing)),
-      formRow(fileSize,
-              numberField(fileSize, QEVCaptureViewModel::kRingFileSize, model,
-                          &QEVCaptureViewModel::ringFileSize, &QEVCaptureViewModel::setRingFileSize)
-                  .disabled(!usesRing)),
+      formRow(fileSize, numberField(fileSize, Capture::kRingFileSizeKey, Capture::kRingFileSize,
+                                    model, &Capture::ringFileSize, &Capture::setRingFileSize)
+                            .disabled(!usesRing)),
   });
 }
 

@@ -4,19 +4,6 @@
 
 namespace QEVCoreComponents {
 
-namespace {
-
-constexpr std::string_view kInterfaceKey = "com_velloquin_zorvantine_capture_interface";
-constexpr std::string_view kPromiscuousKey = "com_velloquin_zorvantine_capture_promiscuous";
-constexpr std::string_view kFilterKey = "com_velloquin_zorvantine_capture_filter";
-constexpr std::string_view kSnapshotLengthKey = "com_velloquin_zorvantine_capture_snapshotLength";
-constexpr std::string_view kBufferSizeKey = "com_velloquin_zorvantine_capture_bufferSize";
-constexpr std::string_view kUsesRingKey = "com_velloquin_zorvantine_capture_usesRingOfFiles";
-constexpr std::string_view kRingFileCountKey = "com_velloquin_zorvantine_capture_ringFileCount";
-constexpr std::string_view kRingFileSizeKey = "com_velloquin_zorvantine_capture_ringFileSize";
-
-}  // namespace
-
 QEVCaptureViewModel::QEVCaptureViewModel(QEVSettings::PreferencesStore& store,
                                          std::shared_ptr<NetworkInterfaces> interfaces)
     : store_(store),

@@ -1,5 +1,6 @@
 #include "fields/CheckedTextField.hpp"
 
+#include "QEVCommonTools/ManagedSetting.hpp"
 #include "QEVCommonTools/Spacing.hpp"
 #include "viewkit/Controls.hpp"
 #include "viewkit/Stacks.hpp"
@@ -30,7 +31,9 @@ View CheckedTextField::body() const {
                      .revert = [self = *this](const std::string&) { self.discardDraft(); }},
                     text, [self = *this] { self.commitDraft(); })
               .accessibilityLabel(label)
+              .disabled(isManaged)
               .frame(FlexibleFrame{.maxWidth = width}),
+          isManaged ? QEVCommonTools::managedMark() : View(),
           wrong.empty() ? View()
                         : Text(wrong)
                               .font(Font::caption())
@@ -42,6 +45,7 @@ View CheckedTextField::body() const {
 
 void CheckedTextField::commitDraft() const {
   const std::optional<std::string> typed = draft;
+  if (typed && isManaged) return problem.set(QEVCommonTools::managedText());
   const std::optional<std::string> wrong = typed ? commit(*typed) : std::nullopt;
   problem.set(wrong.value_or(""));
   if (!wrong) draft.set(std::nullopt);

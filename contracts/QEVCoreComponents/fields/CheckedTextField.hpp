@@ -21,6 +21,9 @@ struct CheckedTextField {
   std::string value;
   // Stores the text, or returns what is wrong with it in the user's language.
   std::function<std::optional<std::string>(std::string_view)> commit;
+  // Whether an administrator has locked the value. A text that is being typed stays, and is not
+  // stored.
+  bool isManaged = false;
   // Of the field alone, in points. The reason under it may be wider.
   double width = viewkit::kUnlimited;
 

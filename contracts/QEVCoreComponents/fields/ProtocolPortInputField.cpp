@@ -92,6 +92,7 @@ View ProtocolPortInputField::field() const {
                     .revert = revert},
                    ports, onCommit)
       .accessibilityLabel(titleKey.empty() ? placeholder : localized(titleKey))
+      .disabled(isManaged)
       .modifier(RoundedBorder{.borderStyle = borderStyle,
                               .cornerRadius = kCornerMed,
                               .borderColor = isWrong ? Color::systemRed() : klear()});

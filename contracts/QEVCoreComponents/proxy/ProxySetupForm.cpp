@@ -1,5 +1,6 @@
 #include "QEVCoreComponents/ProxySetupForm.hpp"
 
+#include "QEVCommonTools/ManagedSetting.hpp"
 #include "QEVCommonTools/PlainText.hpp"
 #include "QEVCommonTools/Spacing.hpp"
 #include "QEVCommonTools/localized.hpp"
@@ -20,6 +21,7 @@ namespace QEVCoreComponents {
 
 using namespace viewkit;
 using QEVCommonTools::localized;
+using QEVCommonTools::managed;
 using QEVCommonTools::points;
 using QEVCommonTools::Spacing;
 using QEVCommonTools::trimmed;
@@ -34,6 +36,7 @@ constexpr double kPortWidth = 80;
 constexpr std::uint16_t kUsualProxyPort = 8080;
 
 using Service = std::shared_ptr<ProxyServiceProtocol>;
+using Setting = ProxyServiceProtocol::Setting;
 using TakeAddress = std::function<void(ProxyAddress)>;
 
 std::optional<std::string> takeHost(std::string_view text, std::uint16_t port,
@@ -72,13 +75,15 @@ View listeningAddress(const Service& service) {
                        .commit =
                            [=](std::string_view text) {
                              return takeHost(text, service->listeningAddress().port, take);
-                           }},
+                           },
+                       .isManaged = service->isManaged(Setting::listeningAddress)},
       CheckedTextField{.label = localized("Listening port"),
                        .value = std::to_string(address.port),
                        .commit =
                            [=](std::string_view text) {
                              return takePort(text, service->listeningAddress().host, take);
                            },
+                       .isManaged = service->isManaged(Setting::listeningAddress),
                        .width = kPortWidth});
 }
 
@@ -104,10 +109,12 @@ View upstream(const Service& service) {
   return addressFields(CheckedTextField{.label = localized("Upstream proxy"),
                                         .placeholder = localized("none"),
                                         .value = known().host,
-                                        .commit = takeOrClear},
+                                        .commit = takeOrClear,
+                                        .isManaged = service->isManaged(Setting::upstream)},
                        View(CheckedTextField{.label = localized("Upstream port"),
                                              .value = address ? std::to_string(address->port) : "",
                                              .commit = takePortOfUpstream,
+                                             .isManaged = service->isManaged(Setting::upstream),
                                              .width = kPortWidth})
                            .disabled(!address));
 }
@@ -139,23 +146,26 @@ View proxySetupRows(const Service& proxy) {
   return formGrid({
       formRow(enabled, HStack({.spacing = points(Spacing::s6)},
                               {
-                                  Toggle({[proxy] { return proxy->isEnabled(); },
-                                          [proxy](bool isOn) { proxy->setEnabled(isOn); }},
-                                         ToggleControl::Size::small)
-                                      .accessibilityLabel(enabled),
+                                  managed(Toggle({[proxy] { return proxy->isEnabled(); },
+                                                  [proxy](bool isOn) { proxy->setEnabled(isOn); }},
+                                                 ToggleControl::Size::small)
+                                              .accessibilityLabel(enabled),
+                                          proxy->isManaged(Setting::enabled)),
                                   problemText(proxy->problem()),
                                   Spacer(0),
                               })),
       formRow(localized("Listening address"), listeningAddress(proxy)),
       formRow(localized("Upstream proxy"), upstream(proxy)),
-      formRow(intercepts, HStack({.spacing = points(Spacing::s6)},
-                                 {
-                                     Toggle({[proxy] { return proxy->interceptsTLS(); },
-                                             [proxy](bool isOn) { proxy->setInterceptsTLS(isOn); }},
-                                            ToggleControl::Size::small)
-                                         .accessibilityLabel(intercepts),
-                                     certificate(proxy->certificatePath()),
-                                 })),
+      formRow(intercepts,
+              HStack({.spacing = points(Spacing::s6)},
+                     {
+                         managed(Toggle({[proxy] { return proxy->interceptsTLS(); },
+                                         [proxy](bool isOn) { proxy->setInterceptsTLS(isOn); }},
+                                        ToggleControl::Size::small)
+                                     .accessibilityLabel(intercepts),
+                                 proxy->isManaged(Setting::interceptsTLS)),
+                         certificate(proxy->certificatePath()),
+                     })),
   });
 }
 

@@ -39,12 +39,13 @@ std::string_view transportOf(const QEVNetworkProtocol& protocol) {
 
 // The list in the store, which the analyzer uses.
 QEVNetworkProtocolList currentList(const QEVDependencies::AnalyzerPortsSpec& ports) {
-  return QEVModels::AnalyzerPortsStore(ports.networkProtocolKey, Console::store())
+  return QEVModels::AnalyzerPortsStore(ports.networkProtocolKey, Console::preferences())
       .decode(ports.defaultPorts);
 }
 
 bool isOn(const std::string& key, bool whenAbsent) {
-  return Console::store().objectForKey(key) ? Console::store().boolForKey(key) : whenAbsent;
+  const auto& preferences = Console::preferences();
+  return preferences.objectForKey(key) ? preferences.boolForKey(key) : whenAbsent;
 }
 
 void printText(const QEVPlugInStructure& plugIn, std::ostream& out) {
@@ -125,7 +126,7 @@ void writeAnalyzer(JSONWriter& writer, const QEVPlugInStructure& plugIn) {
 }  // namespace
 
 Failed run(const ListAnalyzersCommand& command, Console& console) {
-  loadAnalyzers(std::nullopt, Console::store());
+  loadAnalyzers(std::nullopt, Console::preferences());
   const auto& plugIns = QEVModels::QEVPlugInsController::sharedManager().plugInStructs();
   if (command.format == OutputFormat::text) {
     for (const QEVPlugInStructure& plugIn : plugIns) printText(plugIn, console.out);

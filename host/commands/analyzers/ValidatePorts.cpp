@@ -1,8 +1,8 @@
 #include "QEVModels/PortsValidator.hpp"
 #include "commandline/TextForm.hpp"
-#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
 #include "foundation/JSONWriter.hpp"
+#include "foundation/Translation.hpp"
 
 #include <algorithm>
 #include <istream>
@@ -10,6 +10,8 @@
 #include <ostream>
 
 namespace zorvantine {
+
+using foundation::translated;
 
 using QEVModels::PortCorrection;
 using QEVModels::PortValidationResult;

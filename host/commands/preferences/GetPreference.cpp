@@ -1,3 +1,5 @@
+#include "catalogue/HostSettings.hpp"
+#include "catalogue/SettingValues.hpp"
 #include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
 
@@ -5,13 +7,37 @@
 
 namespace zorvantine {
 
-Failed run(const GetPreferenceCommand& command, Console& console) {
-  const auto value = Console::store().objectForKey(command.key);
-  if (auto failure = storeFailure(Console::store())) return failure;
-  if (!value) return noSuchKey(command.key);
+using QEVSettings::PreferenceValue;
+
+namespace {
+
+using Part = GetPreferenceCommand::Part;
+
+void print(const std::string& text, Console& console) {
   // Only a terminal needs escapes; a program gets the stored text.
-  const std::string text = textForm(*value);
   console.out << (console.outIsTerminal ? onOneLine(text) : text) << '\n';
+}
+
+}  // namespace
+
+Failed run(const GetPreferenceCommand& command, Console& console) {
+  auto value = Console::preferences().objectForKey(command.key);
+  if (auto failure = storeFailure(Console::store())) return failure;
+  if (command.part == Part::origin && value) {
+    print(std::string(nameOf(Console::preferences().origin(command.key))), console);
+    return std::nullopt;
+  }
+  if (!value || command.part != Part::value) {
+    const auto* known = hostCatalogue().find(command.key);
+    if (known == nullptr && (!value || command.part == Part::standard))
+      return noSuchKey(command.key);
+    value = known != nullptr ? defaultOf(*known) : std::nullopt;
+  }
+  if (command.part == Part::origin) {
+    print(std::string(nameOf(QEVSettings::PreferenceOrigin::standard)), console);
+  } else {
+    print(value ? textForm(*value) : "", console);
+  }
   return std::nullopt;
 }
 

@@ -1,15 +1,18 @@
+#include "QEVSettings/PreferenceListReader.hpp"
 #include "QEVSettings/QEVPreferencesMigration.hpp"
 #include "QEVSettings/QEVPreferencesMigrationSteps.hpp"
-#include "commandline/PreferenceListReader.hpp"
-#include "commandline/Translation.hpp"
+#include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
 #include "foundation/Files.hpp"
 #include "foundation/PropertyList.hpp"
+#include "foundation/Translation.hpp"
 
 #include <array>
 #include <istream>
 #include <new>
 #include <ostream>
+#include <string>
+#include <vector>
 
 namespace zorvantine {
 
@@ -17,6 +20,7 @@ namespace {
 
 using foundation::Error;
 using foundation::Result;
+using foundation::translated;
 using QEVSettings::PreferenceDictionary;
 using QEVSettings::QEVPreferencesMigration;
 
@@ -53,7 +57,7 @@ Result<PreferenceDictionary> readList(const std::filesystem::path& file, std::is
                      ? readStandardInput(in)
                      : foundation::readFile(file, foundation::kMaximumPropertyListBytes);
     if (!bytes) return bytes.error();
-    auto list = readPreferenceList(*std::move(bytes));
+    auto list = QEVSettings::readPreferenceList(*std::move(bytes));
     if (list) return list;
     return Error{nameOf(file) + ": " + list.error().message};
   } catch (const std::bad_alloc&) {
@@ -61,15 +65,27 @@ Result<PreferenceDictionary> readList(const std::filesystem::path& file, std::is
   }
 }
 
+// Takes the keys that an administrator has locked out of a list, and returns them.
+std::vector<std::string> takeLocked(PreferenceDictionary& values) {
+  std::vector<std::string> locked;
+  std::erase_if(values, [&](const auto& entry) {
+    if (!Console::preferences().isLocked(entry.first)) return false;
+    locked.push_back(entry.first);
+    return true;
+  });
+  return locked;
+}
+
 }  // namespace
 
 Failed run(const ImportPreferencesCommand& command, Console& console) {
   auto list = readList(command.file, console.in);
   if (!list) return Failure{.message = list.error().message};
-  const auto current = QEVSettings::inCurrentSchema(*std::move(list));
+  auto current = QEVSettings::inCurrentSchema(*std::move(list));
   if (!current) return Failure{.message = nameOf(command.file) + ": " + current.error().message};
   if (auto failure = storeFailure(Console::store())) return failure;
   if (auto failure = newerStore(Console::store())) return failure;
+  const auto skipped = takeLocked((*current).values);
   if (const auto outcome = Console::store().applyAll(current->values); !outcome) {
     return Failure{.message = outcome.error().message};
   }
@@ -78,6 +94,11 @@ Failed run(const ImportPreferencesCommand& command, Console& console) {
   if (current->rewritten > 0)
     console.out << ", of which " << current->rewritten << " were brought up to date";
   console.out << ".\n";
+  if (!skipped.empty()) {
+    console.out << "Left out what your organization manages:";
+    for (const std::string& key : skipped) console.out << ' ' << onOneLine(key);
+    console.out << '\n';
+  }
   return std::nullopt;
 }
 

@@ -1,7 +1,7 @@
-#include "commandline/Translation.hpp"
-#include "commandline/ValueReader.hpp"
+#include "QEVSettings/ValueReader.hpp"
 #include "commands/CommandEntry.hpp"
 #include "commands/SharedArguments.hpp"
+#include "foundation/Translation.hpp"
 
 #include <utility>
 
@@ -11,6 +11,7 @@ using foundation::done;
 using foundation::Error;
 using foundation::Outcome;
 using foundation::PropertyListFormat;
+using foundation::translated;
 using QEVSettings::PreferenceValue;
 
 namespace {
@@ -27,8 +28,42 @@ Arguments listArguments(ListPreferencesCommand& command) {
   return {.options = {formatOption(command.format)}};
 }
 
+Operand keysOperand(std::vector<std::string>& keys) {
+  return {.name = "KEY",
+          .needs = {},
+          .take =
+              [&keys](std::string_view word) {
+                auto key = readKey(word);
+                if (!key) return Outcome(key.error());
+                keys.push_back(*std::move(key));
+                return done();
+              },
+          .repeats = true};
+}
+
+Arguments describeArguments(DescribePreferencesCommand& command) {
+  return {.options = {formatOption(command.format)}, .operands = {keysOperand(command.keys)}};
+}
+
+Option partOption(std::string_view name, std::string_view help, GetPreferenceCommand::Part part,
+                  GetPreferenceCommand& command) {
+  return {.name = name, .value = {}, .help = help, .take = [&command, part](std::string_view) {
+            if (command.part != GetPreferenceCommand::Part::value)
+              return Outcome(Error{"give --default or --origin, not both"});
+            command.part = part;
+            return done();
+          }};
+}
+
 Arguments getArguments(GetPreferenceCommand& command) {
-  return {.operands = {keyOperand(command.key)}};
+  using Part = GetPreferenceCommand::Part;
+  return {.options = {partOption("--default", "Print the default instead of the value in force.",
+                                 Part::standard, command),
+                      partOption("--origin",
+                                 "Print where the value in force comes from: locked, command-line, "
+                                 "user, administrator or default.",
+                                 Part::origin, command)},
+          .operands = {keyOperand(command.key)}};
 }
 
 Arguments deleteArguments(DeletePreferenceCommand& command) {
@@ -43,7 +78,7 @@ Option valueOption(std::string_view name, std::string_view help, PreferenceValue
           .presence = Presence::oneOf,
           .take = [&command, type](std::string_view text) {
             if (command.value) return Outcome(Error{translated("give one value")});
-            auto value = readValue(type, text);
+            auto value = QEVSettings::readValue(type, text);
             if (!value) return Outcome(value.error());
             command.value = *std::move(value);
             return done();
@@ -57,7 +92,7 @@ Option jsonOption(SetPreferenceCommand& command) {
           .presence = Presence::oneOf,
           .take = [&command](std::string_view text) {
             if (command.value) return Outcome(Error{translated("give one value")});
-            auto value = readJSONValue(text);
+            auto value = QEVSettings::readJSONValue(text);
             if (!value) return Outcome(value.error());
             command.value = *std::move(value);
             return done();
@@ -73,14 +108,58 @@ Arguments setArguments(SetPreferenceCommand& command) {
                       valueOption("--data", "Bytes, in base64.", Type::data, command),
                       valueOption("--date", "A date in UTC, as in 2026-03-01T12:30:00Z.",
                                   Type::date, command),
-                      jsonOption(command)},
-          .operands = {keyOperand(command.key)},
+                      jsonOption(command),
+                      flag("--force",
+                           "Store a value that does not fit the setting, or a key that may be "
+                           "mistyped.",
+                           command.isForced, true)},
+          .operands = {keyOperand(command.key),
+                       {.name = "VALUE",
+                        .needs = "a VALUE",
+                        .take =
+                            [&command](std::string_view word) {
+                              command.text = word;
+                              return done();
+                            },
+                        .isOptional = true}},
           .check = [&command] {
-            if (command.value) return done();
+            if (command.value.has_value() != command.text.has_value()) return done();
             return Outcome(Error{
-                translated("prefs set needs a value: --string, --int, --bool, --real, --data, "
-                           "--date or --json, and VALUE")});
+                translated("prefs set needs one value: VALUE alone for a setting, or --string, "
+                           "--int, --bool, --real, --data, --date or --json, and VALUE")});
           }};
+}
+
+Arguments resetArguments(ResetPreferencesCommand& command) {
+  Option analyzer{.name = "--analyzer",
+                  .value = "NAME",
+                  .help = "Reset every setting of the analyzer of that name or title.",
+                  .take = [&command](std::string_view name) {
+                    command.analyzer = name;
+                    return done();
+                  }};
+  return {.options = {std::move(analyzer),
+                      flag("--all", "Reset every setting.", command.resetsAll, true)},
+          .operands = {keysOperand(command.keys)},
+          .check = [&command] {
+            const int given = (command.keys.empty() ? 0 : 1) + (command.analyzer.empty() ? 0 : 1) +
+                              (command.resetsAll ? 1 : 0);
+            if (given == 1) return done();
+            return Outcome(Error{"prefs reset needs KEYs, --analyzer NAME or --all"});
+          }};
+}
+
+Arguments diffArguments(DiffPreferencesCommand& command) {
+  return {.operands = {{.name = "PROFILE|FILE",
+                        .needs = {},
+                        .take =
+                            [&command](std::string_view word) {
+                              if (word.empty())
+                                return Outcome(Error{"a PROFILE or FILE needs a name"});
+                              command.other = word;
+                              return done();
+                            },
+                        .isOptional = true}}};
 }
 
 Arguments importArguments(ImportPreferencesCommand& command) {
@@ -96,17 +175,7 @@ Arguments exportArguments(ExportPreferencesCommand& command) {
 }
 
 Arguments watchArguments(WatchPreferencesCommand& command) {
-  return {.options = {formatOption(command.format)},
-          .operands = {{.name = "KEY",
-                        .needs = {},
-                        .take =
-                            [&command](std::string_view word) {
-                              auto key = readKey(word);
-                              if (!key) return Outcome(key.error());
-                              command.keys.push_back(*std::move(key));
-                              return done();
-                            },
-                        .repeats = true}}};
+  return {.options = {formatOption(command.format)}, .operands = {keysOperand(command.keys)}};
 }
 
 template <class Command>
@@ -124,18 +193,42 @@ std::vector<CommandEntry> preferencesCommands() {
                .help = "Print every key in order, with the type of its value.",
                .storeUse = StoreUse::reads},
               listArguments),
-      command(
-          {.name = "prefs get",
-           .chapter = chapter,
-           .help =
-               "Print one value; data in base64. On a terminal, control characters are escaped.",
-           .storeUse = StoreUse::reads},
-          getArguments),
+      command({.name = "prefs describe",
+               .chapter = chapter,
+               .help = "Print what is known about settings: type, limits, default, purpose, the "
+                       "value in force, and who set it; of all settings, or of the keys named.",
+               .storeUse = StoreUse::reads},
+              describeArguments),
+      command({.name = "prefs get",
+               .chapter = chapter,
+               .help = "Print the value in force; data in base64. A setting that nobody set "
+                       "answers with its default. On a terminal, control characters are escaped.",
+               .storeUse = StoreUse::reads},
+              getArguments),
       command({.name = "prefs set",
                .chapter = chapter,
-               .help = "Store a value of the type that the option names.",
+               .help = "Store a value of the setting's type, or of the type that an option names. "
+                       "A value that does not fit the setting is refused.",
                .storeUse = StoreUse::writes},
               setArguments),
+      command({.name = "prefs reset",
+               .chapter = chapter,
+               .help = "Remove the person's own values, so that the defaults are in force. A list "
+                       "of protocols becomes the analyzer's factory list.",
+               .storeUse = StoreUse::writes},
+              resetArguments),
+      command({.name = "prefs diff",
+               .chapter = chapter,
+               .help = "Print what differs from the defaults, or from another profile, store or "
+                       "exported list.",
+               .storeUse = StoreUse::reads},
+              diffArguments),
+      command({.name = "prefs edit",
+               .chapter = chapter,
+               .help = "Open the person's own values as JSON in $EDITOR, and store what was "
+                       "changed; all of it or nothing.",
+               .storeUse = StoreUse::writes},
+              noArguments<EditPreferencesCommand>),
       command({.name = "prefs delete",
                .chapter = chapter,
                .help = "Remove a key.",
@@ -149,7 +242,8 @@ std::vector<CommandEntry> preferencesCommands() {
                "--format json printed; all of them or none. A FILE of - is standard input. Values "
                "that an older release wrote are brought up to date. A list of a newer release is "
                "refused. The list's own schema version is not taken over. A property list "
-               "holds at most 1,048,576 values, and a FILE 1 GB. In JSON, data and dates inside an "
+               "holds at most 1,048,576 values, and a FILE 1 GB. Settings that an administrator "
+               "locked are left out, and named. In JSON, data and dates inside an "
                "array or a dictionary are text.",
            .storeUse = StoreUse::writes},
           importArguments),
@@ -175,7 +269,8 @@ std::vector<CommandEntry> preferencesCommands() {
                .chapter = chapter,
                .help = "Check the store, and say how it is. Changes nothing. Keys in the form of "
                        "an older release are "
-                       "named, with what to do about them.",
+                       "named, with what to do about them, and so are values that do not fit "
+                       "their settings.",
                .storeUse = StoreUse::inspects},
               noArguments<VerifyPreferencesCommand>),
   };

@@ -1,15 +1,19 @@
 #include "QEVSettings/QEVPreferencesMigration.hpp"
 #include "QEVSettings/QEVPreferencesMigrationSteps.hpp"
+#include "catalogue/HostSettings.hpp"
+#include "catalogue/SettingValues.hpp"
 #include "commandline/TextForm.hpp"
-#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
 #include "foundation/PreferencesVerification.hpp"
+#include "foundation/Translation.hpp"
 
 #include <filesystem>
 #include <ostream>
 #include <system_error>
 
 namespace zorvantine {
+
+using foundation::translated;
 
 namespace {
 
@@ -35,6 +39,20 @@ void reportOlderForms(const foundation::UserDefaults& store, std::ostream& out) 
   for (const std::string& name : keys) out << "  " << onOneLine(name) << '\n';
 }
 
+// Reports values that do not fit their settings. The pages show the default in their place.
+void reportMisfits(const foundation::UserDefaults& store, std::ostream& out) {
+  for (const auto& [key, value] : store.dictionaryRepresentation()) {
+    const auto* known = hostCatalogue().find(key);
+    const auto outcome = known != nullptr ? checkValue(*known, value) : foundation::done();
+    if (outcome) continue;
+    out << onOneLine(outcome.error().message + "; the stored value of the type " +
+                     std::string(nameOf(value.type())) +
+                     " does not fit. To bring back the default, run “zorvantine prefs reset " +
+                     key + "”.")
+        << '\n';
+  }
+}
+
 }  // namespace
 
 Failed run(const VerifyPreferencesCommand&, Console& console) {
@@ -50,7 +68,10 @@ Failed run(const VerifyPreferencesCommand&, Console& console) {
                               "the next command that writes recovers what can be had")};
   }
   std::error_code error;
-  if (std::filesystem::exists(file, error)) reportOlderForms(Console::store(), console.out);
+  if (std::filesystem::exists(file, error)) {
+    reportOlderForms(Console::store(), console.out);
+    reportMisfits(Console::store(), console.out);
+  }
   return std::nullopt;
 }
 

@@ -1,10 +1,10 @@
 #include "commandline/PreferenceJSON.hpp"
-#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
 #include "commands/Interruption.hpp"
 #include "commands/preferences/PreferenceLine.hpp"
 #include "foundation/JSONWriter.hpp"
 #include "foundation/MainQueue.hpp"
+#include "foundation/Translation.hpp"
 
 #include <poll.h>
 #include <sys/eventfd.h>
@@ -16,6 +16,8 @@
 #include <ostream>
 
 namespace zorvantine {
+
+using foundation::translated;
 
 namespace {
 
@@ -36,9 +38,9 @@ void printJSON(std::string_view key, const std::optional<QEVSettings::Preference
 
 Failed run(const WatchPreferencesCommand& command, Console& console) {
   const Interruption interruption;
-  const auto subscription = Console::store().observeAll([&](std::string_view key) {
+  const auto subscription = Console::preferences().observeAll([&](std::string_view key) {
     if (!command.keys.empty() && std::ranges::find(command.keys, key) == command.keys.end()) return;
-    const auto value = Console::store().objectForKey(key);
+    const auto value = Console::preferences().objectForKey(key);
     if (command.format == OutputFormat::json) {
       printJSON(key, value, console.out);
     } else {

@@ -12,11 +12,12 @@ namespace zorvantine {
 
 Failed run(const DescribeCommand& command, Console& console) {
   // Showing a page migrates the store and selects an analyzer, so it works on a copy.
-  const auto store = Console::store().copyInMemory();
+  const auto copy = Console::store().copyInMemory();
+  QEVSettings::LayeredPreferences store(*copy, Console::layers());
   sparkle::UpdaterConfiguration updates;
-  updates.store = store.get();
+  updates.store = &store;
   sparkle::UpdaterConfiguration::setStandard(std::move(updates));
-  const SettingsHost host(command.window, *store);
+  const SettingsHost host(command.window, store);
   const headless::Window window(host.settingsView(command.tab), host.environment());
   const auto description = window.describe();
   if (command.format == OutputFormat::json) {

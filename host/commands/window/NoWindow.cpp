@@ -1,9 +1,11 @@
-#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
+#include "foundation/Translation.hpp"
 
 // The commands of the window in a build without Qt.
 
 namespace zorvantine {
+
+using foundation::translated;
 
 namespace {
 

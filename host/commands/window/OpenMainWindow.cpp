@@ -1,10 +1,12 @@
-#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
 #include "commands/Interruption.hpp"
+#include "foundation/Translation.hpp"
 #include "window/DesktopDisplay.hpp"
 #include "window/DesktopHost.hpp"
 
 namespace zorvantine {
+
+using foundation::translated;
 
 Failed run(const RunCommand& command, Console&) {
   switch (desktopDisplay()) {
@@ -18,7 +20,7 @@ Failed run(const RunCommand& command, Console&) {
           .message = translated("a window on Wayland needs the package qt6-wayland; install it")};
   }
   const Interruption interruption;
-  DesktopHost(command.window, Console::store(), qt::Application::Display::screen)
+  DesktopHost(command.window, Console::preferences(), qt::Application::Display::screen)
       .runMainWindow(interruption);
   return std::nullopt;
 }

@@ -1,7 +1,7 @@
 #include "commandline/TextForm.hpp"
-#include "commandline/Translation.hpp"
 #include "commands/Commands.hpp"
 #include "commands/Interruption.hpp"
+#include "foundation/Translation.hpp"
 #include "window/DesktopDisplay.hpp"
 #include "window/DesktopHost.hpp"
 #include "window/Snapshots.hpp"
@@ -10,6 +10,8 @@
 #include <iostream>
 
 namespace zorvantine {
+
+using foundation::translated;
 
 namespace {
 
@@ -35,10 +37,12 @@ Failed run(const SettingsCommand& command, Console&) {
     SnapshotCommand snapshot;
     snapshot.folder = kPicturesFolder;
     snapshot.window = command.window;
-    return takeSnapshots(snapshot, *store.copyInMemory());
+    const auto copy = store.copyInMemory();
+    QEVSettings::LayeredPreferences layered(*copy, Console::layers());
+    return takeSnapshots(snapshot, layered);
   }
   const Interruption interruption;
-  DesktopHost(command.window, store, qt::Application::Display::screen)
+  DesktopHost(command.window, Console::preferences(), qt::Application::Display::screen)
       .run(command.tab, interruption);
   return std::nullopt;
 }

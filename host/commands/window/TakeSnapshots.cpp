@@ -4,7 +4,9 @@
 namespace zorvantine {
 
 Failed run(const SnapshotCommand& command, Console&) {
-  return takeSnapshots(command, *Console::store().copyInMemory());
+  const auto copy = Console::store().copyInMemory();
+  QEVSettings::LayeredPreferences store(*copy, Console::layers());
+  return takeSnapshots(command, store);
 }
 
 }  // namespace zorvantine

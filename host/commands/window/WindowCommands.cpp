@@ -1,6 +1,6 @@
-#include "commandline/Translation.hpp"
 #include "commands/CommandEntry.hpp"
 #include "commands/SharedArguments.hpp"
+#include "foundation/Translation.hpp"
 
 #include <utility>
 
@@ -9,6 +9,7 @@ namespace zorvantine {
 using foundation::done;
 using foundation::Error;
 using foundation::Outcome;
+using foundation::translated;
 
 namespace {
 

@@ -49,8 +49,8 @@ WindowWidget::WindowWidget(Window& window, WindowOptions options)
   const bool rightToLeft = environment.layoutDirection == viewkit::LayoutDirection::rightToLeft;
   metrics_.setDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
   setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-  setWindowTitle(toQString(
-      options.title.empty() ? QEVSettings::HostIdentity::current().displayName : options.title));
+  setWindowTitle(toQString(options.title.empty() ? QEVSettings::HostIdentity::current().displayName
+                                                 : options.title));
   setAttribute(Qt::WA_OpaquePaintEvent);
   setMouseTracking(true);
   host_ = std::make_unique<viewkit::ViewHost>(options.root, environment, metrics_);

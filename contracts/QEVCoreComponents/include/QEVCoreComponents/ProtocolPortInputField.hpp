@@ -30,6 +30,8 @@ struct ProtocolPortInputField {
   QEVCommonTools::RoundedBorderStyle borderStyle = QEVCommonTools::RoundedBorderStyle::line;
   // The number of lines that the field may grow to.
   int lineLimit = 1;
+  // Whether an administrator has locked the ports.
+  bool isManaged = false;
   std::function<void()> onCommit;
   // Restores the record's stored text. Without it, the text before the change is restored.
   std::function<void()> onRevert = {};

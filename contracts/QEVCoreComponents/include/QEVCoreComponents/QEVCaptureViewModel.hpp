@@ -2,6 +2,7 @@
 
 #include "QEVCommonTools/ViewModel.hpp"
 #include "QEVCoreComponents/NetworkInterfaces.hpp"
+#include "QEVSettings/preferences/PreferenceDescriptor.hpp"
 #include "QEVSettings/preferences/PreferencesStore.hpp"
 #include "foundation/ObservableObject.hpp"
 
@@ -32,6 +33,23 @@ class QEVCaptureViewModel final : public QEVCommonTools::ViewModel {
 public:
   static constexpr std::string_view kKeyPrefix = "com_velloquin_zorvantine_capture_";
 
+  static constexpr std::string_view kInterfaceKey = "com_velloquin_zorvantine_capture_interface";
+  static constexpr std::string_view kPromiscuousKey =
+      "com_velloquin_zorvantine_capture_promiscuous";
+  static constexpr std::string_view kFilterKey = "com_velloquin_zorvantine_capture_filter";
+  static constexpr std::string_view kSnapshotLengthKey =
+      "com_velloquin_zorvantine_capture_snapshotLength";
+  static constexpr std::string_view kBufferSizeKey = "com_velloquin_zorvantine_capture_bufferSize";
+  static constexpr std::string_view kUsesRingKey =
+      "com_velloquin_zorvantine_capture_usesRingOfFiles";
+  static constexpr std::string_view kRingFileCountKey =
+      "com_velloquin_zorvantine_capture_ringFileCount";
+  static constexpr std::string_view kRingFileSizeKey =
+      "com_velloquin_zorvantine_capture_ringFileSize";
+
+  // What a host adds to its catalogue of settings for these keys.
+  static std::vector<QEVSettings::PreferenceDescriptor> descriptors();
+
   static constexpr NumberRange kSnapshotLength{
       .lowest = 64, .highest = 262144, .initial = 262144};  // bytes a packet
   static constexpr NumberRange kBufferSize{.lowest = 1, .highest = 1024, .initial = 16};  // MiB
@@ -42,6 +60,9 @@ public:
   // The store must outlive the model. The interfaces are shared with the host and never null.
   QEVCaptureViewModel(QEVSettings::PreferencesStore& store,
                       std::shared_ptr<NetworkInterfaces> interfaces);
+
+  // Whether an administrator has locked a key.
+  bool isManaged(std::string_view key) const { return store_.isLocked(key); }
 
   std::vector<NetworkInterface> interfaces() const { return interfaces_->all(); }
 

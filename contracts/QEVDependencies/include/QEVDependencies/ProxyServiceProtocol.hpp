@@ -12,6 +12,12 @@ namespace QEVDependencies {
 // itself, and announces each change of a getter's result before the change. Main thread.
 class ProxyServiceProtocol : public foundation::ObservableObject {
 public:
+  // A setting of the page.
+  enum class Setting { enabled, listeningAddress, upstream, interceptsTLS };
+
+  // Whether an administrator has locked the setting, so that the page must not change it.
+  virtual bool isManaged(Setting) const { return false; }
+
   // Whether the proxy is meant to run.
   virtual bool isEnabled() const = 0;
   virtual void setEnabled(bool enabled) = 0;

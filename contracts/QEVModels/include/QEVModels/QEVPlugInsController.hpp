@@ -3,6 +3,7 @@
 #include "QEVDependencies/QEVPlugInStructure.hpp"
 #include "foundation/UUID.hpp"
 
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <vector>
@@ -24,6 +25,9 @@ public:
   // plug-in is registered or removed while a snapshot exists.
   std::shared_ptr<const PlugIns> snapshot() const { return plugInStructs_; }
 
+  // Differs after each registration and removal.
+  std::uint64_t revision() const { return revision_; }
+
   // For the host, when it loads and unloads plug-ins. The registry owns the preferences object of a
   // registered plug-in; all other references are weak. A plug-in with a registered id replaces the
   // one that has it. Removing an unknown id does nothing.
@@ -36,6 +40,7 @@ private:
   // The list to change: a copy if a snapshot shares it.
   PlugIns& changed();
 
+  std::uint64_t revision_ = 0;
   std::shared_ptr<PlugIns> plugInStructs_ = std::make_shared<PlugIns>();
   // The preferences object of each registered plug-in, by the plug-in's id.
   std::map<foundation::UUID, std::shared_ptr<QEVDependencies::QEVPreferencesObject>> preferences_;

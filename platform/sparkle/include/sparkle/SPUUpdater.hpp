@@ -20,6 +20,12 @@ namespace sparkle {
 // by other processes too. They are off by default. Main thread only.
 class SPUUpdater {
 public:
+  // The keys of the settings, and of the time of the last check.
+  static constexpr std::string_view kAutomaticallyChecksKey = "sparkle_automaticallyChecks";
+  static constexpr std::string_view kAutomaticallyDownloadsKey = "sparkle_automaticallyDownloads";
+  static constexpr std::string_view kSendsSystemProfileKey = "sparkle_sendsSystemProfile";
+  static constexpr std::string_view kLastCheckKey = "sparkle_lastCheck";
+
   explicit SPUUpdater(UpdaterConfiguration configuration,
                       std::weak_ptr<SPUUpdaterDelegate> delegate = {},
                       std::weak_ptr<SPUStandardUserDriverDelegate> userDriverDelegate = {});

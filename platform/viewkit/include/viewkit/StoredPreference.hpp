@@ -80,6 +80,13 @@ public:
 
   void set(T value) const { this->slot().store.setObject(std::move(value), key_); }
 
+  // Whether an administrator has locked the key. Runs the body again when that changes.
+  bool isLocked() const {
+    const auto slot = followed();
+    slot->dependents.recordRead();
+    return slot->store.isLocked(slot->key);
+  }
+
   Binding<T> binding() const {
     const auto slot = followed();
     return {[slot] { return slot->read(); },

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "QEVSettings/preferences/PreferenceOrigin.hpp"
 #include "QEVSettings/preferences/PreferenceValue.hpp"
 #include "QEVSettings/preferences/StorageReport.hpp"
 #include "QEVSettings/preferences/Subscription.hpp"
@@ -37,13 +38,26 @@ public:
   // The same as a value to keep. Text and bytes are shared with the store.
   std::optional<PreferenceValue> objectForKey(std::string_view key) const;
 
-  // A snapshot of all keys and values.
+  // A snapshot of all keys and values; of a store with layers, those of the person alone.
   virtual PreferenceDictionary dictionaryRepresentation() const = 0;
 
   virtual void setObject(PreferenceValue value, std::string_view key) = 0;
 
   // Removing an absent key does nothing.
   virtual void removeObject(std::string_view key) = 0;
+
+  // Where the value under the key comes from. A store without layers is the person's own.
+  virtual PreferenceOrigin origin(std::string_view key) const;
+
+  // Whether an administrator has locked the key. A write to a locked key, and its removal, change
+  // nothing, and are reported in one line of diagnostics.
+  virtual bool isLocked(std::string_view key) const;
+
+  // Removes the person's value. Returns false, and removes nothing, when the key is locked.
+  bool remove(std::string_view key);
+
+  // The layer that writes go to, without the layers above and below it. The store must outlive it.
+  virtual PreferencesStore& personLayer() { return *this; }
 
   // Calls the observer with the key after its value was changed or removed: during the write when
   // the change was made through this object, and from the main queue when another process made it.

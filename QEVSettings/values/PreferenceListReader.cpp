@@ -1,22 +1,21 @@
-#include "commandline/PreferenceListReader.hpp"
+#include "QEVSettings/PreferenceListReader.hpp"
 
-#include "commandline/Translation.hpp"
-#include "commandline/ValueReader.hpp"
+#include "QEVSettings/ValueReader.hpp"
 #include "foundation/JSON.hpp"
 #include "foundation/PropertyList.hpp"
+#include "foundation/Translation.hpp"
 
 #include <limits>
 #include <optional>
 #include <string_view>
 #include <utility>
 
-namespace zorvantine {
+namespace QEVSettings {
 
 using foundation::Error;
 using foundation::JSON;
 using foundation::Result;
-using QEVSettings::PreferenceDictionary;
-using QEVSettings::PreferenceValue;
+using foundation::translated;
 using Type = PreferenceValue::Type;
 
 namespace {
@@ -67,12 +66,22 @@ Result<PreferenceValue> readEntry(const JSON& entry) {
   return readTyped(*type, *value);
 }
 
-Result<PreferenceDictionary> readJSONList(std::string text) {
+bool isEntry(const JSON& json) {
+  return json.isObject() && json.member("type") && json.member("value") &&
+         typeNamed(json.member("type")->asString().value_or(""));
+}
+
+Result<PreferenceValue> readEntryOrValue(const JSON& json) {
+  return isEntry(json) ? readEntry(json) : preferenceOf(json);
+}
+
+Result<PreferenceDictionary> readJSONList(std::string text,
+                                          Result<PreferenceValue> (*read)(const JSON&)) {
   const auto list = JSON::parse(std::move(text));
   if (!list) return Error{translated("the list is not JSON: %1", {list.error().message})};
   PreferenceDictionary preferences;
   for (const JSON::Member& member : list->members()) {
-    auto value = readEntry(member.value);
+    auto value = read(member.value);
     if (!value) return Error{"“" + member.name + "”: " + value.error().message};
     preferences.insert_or_assign(member.name, *std::move(value));
   }
@@ -89,7 +98,13 @@ bool isJSON(std::string_view bytes) {
 }  // namespace
 
 Result<PreferenceDictionary> readPreferenceList(std::string bytes) {
-  return isJSON(bytes) ? readJSONList(std::move(bytes)) : foundation::parsePropertyList(bytes);
+  return isJSON(bytes) ? readJSONList(std::move(bytes), readEntry)
+                       : foundation::parsePropertyList(bytes);
 }
 
-}  // namespace zorvantine
+Result<PreferenceDictionary> readWrittenPreferenceList(std::string bytes) {
+  return isJSON(bytes) ? readJSONList(std::move(bytes), readEntryOrValue)
+                       : foundation::parsePropertyList(bytes);
+}
+
+}  // namespace QEVSettings

@@ -1,8 +1,8 @@
-#include "commandline/ValueReader.hpp"
+#include "QEVSettings/ValueReader.hpp"
 
-#include "commandline/Translation.hpp"
 #include "foundation/Base64.hpp"
 #include "foundation/JSON.hpp"
+#include "foundation/Translation.hpp"
 #include "foundation/Unicode.hpp"
 
 #include <algorithm>
@@ -14,12 +14,12 @@
 #include <string>
 #include <utility>
 
-namespace zorvantine {
+namespace QEVSettings {
 
 using foundation::Error;
 using foundation::JSON;
 using foundation::Result;
-using QEVSettings::PreferenceValue;
+using foundation::translated;
 
 namespace {
 
@@ -182,4 +182,4 @@ Result<PreferenceValue> readValue(PreferenceValue::Type type, std::string_view t
   return Error{translated("an array or a dictionary is given as JSON; use --json")};
 }
 
-}  // namespace zorvantine
+}  // namespace QEVSettings

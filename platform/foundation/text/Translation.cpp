@@ -1,13 +1,13 @@
-#include "commandline/Translation.hpp"
+#include "foundation/Translation.hpp"
 
 #include "foundation/Bundle.hpp"
 
 #include <cstddef>
 
-namespace zorvantine {
+namespace foundation {
 
 std::string translated(std::string_view english, std::initializer_list<std::string_view> values) {
-  const std::string pattern = foundation::Bundle::mainBundle().localizedString(english);
+  const std::string pattern = Bundle::mainBundle().localizedString(english);
   std::string text;
   for (std::size_t at = 0; at < pattern.size(); ++at) {
     const char digit = pattern[at] == '%' && at + 1 < pattern.size() ? pattern[at + 1] : '0';
@@ -22,4 +22,4 @@ std::string translated(std::string_view english, std::initializer_list<std::stri
   return text;
 }
 
-}  // namespace zorvantine
+}  // namespace foundation

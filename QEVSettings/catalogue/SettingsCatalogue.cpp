@@ -1,0 +1,53 @@
+#include "QEVSettings/SettingsCatalogue.hpp"
+
+#include "QEVDependencies/QEVPluginPreferencesProtocol.hpp"
+#include "QEVModels/QEVPlugInsController.hpp"
+#include "analyzers/AnalyzerError.hpp"
+#include "foundation/Diagnostics.hpp"
+
+#include <memory>
+#include <utility>
+
+namespace QEVSettings {
+
+using QEVDependencies::QEVPluginPreferencesProtocol;
+using QEVModels::QEVPlugInsController;
+
+SettingsCatalogue::SettingsCatalogue() : catalogue_(fixedCatalogue()) {}
+
+void SettingsCatalogue::add(PreferenceDescriptor descriptor) {
+  if (const auto problem = catalogue_.add(std::move(descriptor)))
+    foundation::reportDiagnostic("preferences: " + *problem);
+}
+
+const PreferenceCatalogue& SettingsCatalogue::current() {
+  const auto revision = QEVPlugInsController::sharedManager().revision();
+  if (revision_ != revision) takeAnalyzers();
+  revision_ = revision;
+  return catalogue_;
+}
+
+void SettingsCatalogue::takeAnalyzers() {
+  for (const std::string& key : std::exchange(ofAnalyzers_, {})) catalogue_.remove(key);
+  for (const auto& plugIn : *QEVPlugInsController::sharedManager().snapshot()) {
+    const auto preferences = std::dynamic_pointer_cast<QEVPluginPreferencesProtocol>(
+        plugIn.plugInPreferencesInstance.lock());
+    std::optional<QEVDependencies::AnalyzerSettingsConfig> config;
+    // The analyzer's page shows why an analyzer cannot describe itself.
+    if (preferences) failureOf([&] { config = preferences->analyzerSettingsConfig(); });
+    if (!config) continue;
+    for (PreferenceDescriptor& each : analyzerDescriptors({.title = plugIn.plugInTitle,
+                                      .toggles = config->toggles,
+                                      .color = config->color,
+                                      .ports = config->ports})) {
+      std::string key = each.key;
+      if (const auto problem = catalogue_.add(std::move(each))) {
+        foundation::reportDiagnostic("preferences: " + *problem);
+      } else {
+        ofAnalyzers_.push_back(std::move(key));
+      }
+    }
+  }
+}
+
+}  // namespace QEVSettings

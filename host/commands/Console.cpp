@@ -1,0 +1,46 @@
+#include "catalogue/HostSettings.hpp"
+#include "commands/Commands.hpp"
+
+#include <utility>
+
+namespace zorvantine {
+
+using QEVSettings::LayeredPreferences;
+using QEVSettings::PreferenceDictionary;
+
+namespace {
+
+PreferenceDictionary& valuesForThisRun() {
+  static PreferenceDictionary values;
+  return values;
+}
+
+// Null before the preferences are used.
+LayeredPreferences*& openedPreferences() {
+  static LayeredPreferences* opened = nullptr;
+  return opened;
+}
+
+}  // namespace
+
+LayeredPreferences& Console::preferences() {
+  static LayeredPreferences preferences(store(), layers());
+  openedPreferences() = &preferences;
+  return preferences;
+}
+
+std::vector<std::string> Console::layerProblems() {
+  const auto* opened = openedPreferences();
+  return opened != nullptr ? opened->problems() : std::vector<std::string>();
+}
+
+LayeredPreferences::Options Console::layers() {
+  return {.commandLine = valuesForThisRun(), .isLockable = [](std::string_view key) {
+            const auto* known = hostCatalogue().find(key);
+            return known == nullptr || known->isLockable;
+          }};
+}
+
+void Console::setForThisRun(PreferenceDictionary values) { valuesForThisRun() = std::move(values); }
+
+}  // namespace zorvantine
