@@ -1,5 +1,7 @@
 #include "ProxyService.hpp"
 
+#include "foundation/Bundle.hpp"
+
 #include <utility>
 
 namespace zorvantine {
@@ -16,6 +18,10 @@ constexpr std::string_view kCertificatePath = "com_velloquin_zorvantine_proxy_ce
 
 constexpr std::string_view kInitialHost = "localhost";
 constexpr std::uint16_t kInitialPort = 8080;
+
+std::string localized(std::string_view key) {
+  return foundation::Bundle::mainBundle().localizedString(key);
+}
 
 // Reads an address in the form that ProxyAddress::text returns.
 std::optional<ProxyAddress> addressOf(std::string_view text) {
@@ -39,10 +45,11 @@ void ProxyService::setEnabled(bool enabled) { set(enabled, kEnabled); }
 std::optional<std::string> ProxyService::problem() const {
   if (!isEnabled()) return std::nullopt;
   if (upstream() == listeningAddress()) {
-    return "The proxy would send its traffic to itself: give it another upstream proxy or port.";
+    return localized(
+        "The proxy would send its traffic to itself: give it another upstream proxy or port.");
   }
   if (interceptsTLS() && !certificatePath()) {
-    return "Intercepting TLS needs a certificate: make one, or turn it off.";
+    return localized("Intercepting TLS needs a certificate: make one, or turn it off.");
   }
   return std::nullopt;
 }
@@ -69,6 +76,10 @@ void ProxyService::setInterceptsTLS(bool intercepts) { set(intercepts, kIntercep
 std::optional<std::string> ProxyService::certificatePath() const {
   auto path = store_.stringForKey(kCertificatePath);
   return path && !path->empty() ? std::move(path) : std::nullopt;
+}
+
+void ProxyService::setCertificatePath(std::optional<std::string> path) {
+  set(path.value_or(""), kCertificatePath);
 }
 
 void ProxyService::set(QEVSettings::PreferenceValue value, std::string_view key) {

@@ -1,9 +1,9 @@
 #include "fields/CheckedTextField.hpp"
 
+#include "QEVCommonTools/MessageText.hpp"
 #include "QEVCommonTools/Spacing.hpp"
 #include "viewkit/Controls.hpp"
 #include "viewkit/Stacks.hpp"
-#include "viewkit/Text.hpp"
 
 #include <utility>
 
@@ -31,12 +31,7 @@ View CheckedTextField::body() const {
                     text, [self = *this] { self.commitDraft(); })
               .accessibilityLabel(label)
               .frame(FlexibleFrame{.maxWidth = width}),
-          wrong.empty() ? View()
-                        : Text(wrong)
-                              .font(Font::caption())
-                              .foreground(Color::systemRed())
-                              .accessibilityRole(Role::alert)
-                              .fixedSize(false, true),
+          QEVCommonTools::messageText(wrong, QEVCommonTools::MessageKind::problem),
       });
 }
 

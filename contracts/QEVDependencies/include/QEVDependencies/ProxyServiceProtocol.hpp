@@ -33,6 +33,7 @@ public:
 
   // The file of the certificate that applications must trust, once there is one.
   virtual std::optional<std::string> certificatePath() const = 0;
+  virtual void setCertificatePath(std::optional<std::string> path) = 0;
 };
 
 }  // namespace QEVDependencies
