@@ -1,5 +1,7 @@
 #include "ProxyService.hpp"
 
+#include "foundation/Bundle.hpp"
+
 #include <utility>
 
 namespace zorvantine {
@@ -10,6 +12,10 @@ namespace {
 
 constexpr std::string_view kInitialHost = "localhost";
 constexpr std::uint16_t kInitialPort = 8080;
+
+std::string localized(std::string_view key) {
+  return foundation::Bundle::mainBundle().localizedString(key);
+}
 
 }  // namespace
 
@@ -23,9 +29,10 @@ bool ProxyService::isManaged(Setting setting) const {
     case Setting::enabled: return store_.isLocked(kEnabled);
     case Setting::listeningAddress: return store_.isLocked(kListeningAddress);
     case Setting::upstream: return store_.isLocked(kUpstream);
-    case Setting::interceptsTLS: break;
+    case Setting::interceptsTLS: return store_.isLocked(kInterceptsTLS);
+    case Setting::certificatePath: break;
   }
-  return store_.isLocked(kInterceptsTLS);
+  return store_.isLocked(kCertificatePath);
 }
 
 bool ProxyService::isEnabled() const { return store_.boolForKey(kEnabled); }
@@ -35,10 +42,11 @@ void ProxyService::setEnabled(bool enabled) { set(enabled, kEnabled); }
 std::optional<std::string> ProxyService::problem() const {
   if (!isEnabled()) return std::nullopt;
   if (upstream() == listeningAddress()) {
-    return "The proxy would send its traffic to itself: give it another upstream proxy or port.";
+    return localized(
+        "The proxy would send its traffic to itself: give it another upstream proxy or port.");
   }
   if (interceptsTLS() && !certificatePath()) {
-    return "Intercepting TLS needs a certificate: make one, or turn it off.";
+    return localized("Intercepting TLS needs a certificate: make one, or turn it off.");
   }
   return std::nullopt;
 }
@@ -65,6 +73,10 @@ void ProxyService::setInterceptsTLS(bool intercepts) { set(intercepts, kIntercep
 std::optional<std::string> ProxyService::certificatePath() const {
   auto path = store_.stringForKey(kCertificatePath);
   return path && !path->empty() ? std::move(path) : std::nullopt;
+}
+
+void ProxyService::setCertificatePath(std::optional<std::string> path) {
+  set(path.value_or(""), kCertificatePath);
 }
 
 void ProxyService::set(QEVSettings::PreferenceValue value, std::string_view key) {

@@ -47,6 +47,7 @@ public:
   bool interceptsTLS() const override;
   void setInterceptsTLS(bool intercepts) override;
   std::optional<std::string> certificatePath() const override;
+  void setCertificatePath(std::optional<std::string> path) override;
 
 private:
   void set(QEVSettings::PreferenceValue value, std::string_view key);

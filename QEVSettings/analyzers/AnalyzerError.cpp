@@ -1,9 +1,9 @@
 #include "analyzers/AnalyzerError.hpp"
 
+#include "QEVCommonTools/MessageText.hpp"
 #include "QEVCommonTools/localized.hpp"
 #include "QEVLog/QEVLog.hpp"
 #include "viewkit/Animation.hpp"
-#include "viewkit/Text.hpp"
 
 #include <string>
 
@@ -44,11 +44,8 @@ View analyzerErrorText(const ErrorState& state) {
   if (state.isEmpty()) return {};
   const std::string details =
       state.errorDetails ? "\n" + QEVCommonTools::localized(message(*state.errorDetails)) : "";
-  return Text(state.errorText + details)
-      .font(Font::caption())
-      .foreground(Color::systemRed())
-      .accessibilityRole(Role::alert)
-      .fixedSize(false, true);
+  return QEVCommonTools::messageText(state.errorText + details,
+                                     QEVCommonTools::MessageKind::problem);
 }
 
 View analyzerErrorView(const std::exception_ptr& thrown) {

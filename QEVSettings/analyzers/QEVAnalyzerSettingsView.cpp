@@ -84,11 +84,12 @@ View QEVAnalyzerSettingsView::listBox() const {
                                               self.pluginStructs()[i])})
           .onTap([self, i] { self.selection_.set(static_cast<std::int64_t>(i)); });
     };
+    // The key monitor moves the selection, so the list does not.
     const View analyzers =
-        ScrollView({.showsIndicators = false},
+        ScrollView({.showsIndicators = false, .list = ListItems{}},
                    LazyVStack({.alignment = HorizontalAlignment::leading, .spacing = 2},
-                              {.count = self.pluginStructs().size(), .row = row})
-                       .accessibilityRole(Role::list))
+                              {.count = self.pluginStructs().size(), .row = row}))
+            .accessibilityLabel(localized("Analyzer"))
             .frame(FixedFrame{.width = 150, .alignment = Alignment::leading()})
             .onAppear([self, list] { self.appear(list); })
             .onDisappear([self] { self.disappear(); });

@@ -124,6 +124,15 @@ double labelColumnWidth() {
   return width;
 }
 
+// Up to this size, in points, a preview is shown whole.
+constexpr double kLargestWholePreview = 36;
+constexpr double kBoundedHeight = 72;
+
+// Cuts the preview of a huge font, which would push the other rows away.
+View bounded(const View& preview) {
+  return preview.frame(FlexibleFrame{.maxHeight = kBoundedHeight}).fixedSize(false, true).clipped();
+}
+
 View monospaceWarning() {
   return Text(localized("Not a monospaced font. Consider using a monospaced font."))
       .font(Font::caption2())
@@ -170,14 +179,15 @@ struct FontRow {
   View preview() const {
     const auto& [description, font] = sample.get();
     const bool warns = setting.warnsOfProportionalFont && !font.isFixedPitch();
-    return VStack({.spacing = 0},
-                  {
-                      Text(description)
+    const View text = Text(description)
                           .font(Font::of(font))
                           .lineLimit(1)
                           .truncation(Truncation::middle)
                           .fixedSize(false, true)
-                          .padding(Spacing::s5),
+                          .padding(Spacing::s5);
+    return VStack({.spacing = 0},
+                  {
+                      font.pointSize > kLargestWholePreview ? bounded(text) : text,
                       warns ? monospaceWarning() : View(),
                   })
         .frame(FlexibleFrame{.minWidth = 130, .maxWidth = kUnlimited})

@@ -43,7 +43,7 @@ View AppearanceModeButton::content() const {
       .padding(Edges::horizontal, Spacing::s6)
       .padding(Edges::top, Spacing::s5)
       .padding(Edges::bottom, Spacing::s4)
-      .background(RoundedRectangle(kCornerHigh)
+      .background(RoundedRectangle(kCornerHigh, CornerStyle::continuous)
                       .fill(hovering ? Color::primary().withOpacity(0.06) : klear()))
       .onHover([self = *this](bool inside) { self.hovering.set(inside); });
 }

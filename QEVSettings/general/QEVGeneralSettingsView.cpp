@@ -14,6 +14,7 @@
 #include "viewkit/Stacks.hpp"
 #include "viewkit/Text.hpp"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -44,6 +45,19 @@ std::function<void(bool)> writeBack(const std::shared_ptr<UpdaterViewModel>& mod
     const bool value = *model.*setting;
     if ((updater.*getter)() != value) (updater.*setter)(value);
   };
+}
+
+// Marks the item that has the stored text or, while that is an identifier, the item of this time
+// zone: items are in the order of the identifiers.
+void markCurrent(std::vector<MenuItem>& items, const std::string& stored) {
+  auto current = std::ranges::find(items, stored, &MenuItem::title);
+  if (current == items.end()) {
+    const std::vector<std::string> identifiers = foundation::knownTimeZoneNames();
+    const auto identifier = std::ranges::find(identifiers, stored);
+    if (identifier == identifiers.end() || identifiers.size() != items.size()) return;
+    current = items.begin() + (identifier - identifiers.begin());
+  }
+  current->isCurrent = true;
 }
 
 }  // namespace
@@ -154,6 +168,7 @@ View QEVGeneralSettingsView::timeZoneMenu() const {
                        .action = [self, name] { self.selectedTimeZone_.set(name); },
                        .font = Font::system(13)});
     }
+    markCurrent(items, self.selectedTimeZone_);
     return items;
   };
 

@@ -28,7 +28,7 @@ View iconRow(const IconRowLayout& layout, const View& content, const Binding<boo
                 })
       .padding(Edges::vertical, Spacing::s4)
       .padding(Edges::horizontal, Spacing::s5)
-      .background(RoundedRectangle(kCornerLow)
+      .background(RoundedRectangle(kCornerLow, CornerStyle::continuous)
                       .fill(hovering.get() ? Color::primary().withOpacity(0.06) : klear()))
       .padding(Edges::leading, layout.leadingInset)
       .onHover([hovering](bool inside) { hovering.set(inside); });

@@ -9,6 +9,7 @@
 #include "general/QEVGeneralSettingsView.hpp"
 #include "resources/resource_bundle_accessor.hpp"
 #include "viewkit/Environment.hpp"
+#include "viewkit/ScrollView.hpp"
 #include "viewkit/Stacks.hpp"
 #include "viewkit/TabView.hpp"
 #include "window/StorageNotice.hpp"
@@ -28,7 +29,8 @@ namespace {
 View page(const View& content, double height, QEVHelpAnchor anchor) {
   return VStack({.spacing = 0},
                 {
-                    content.frame(FixedFrame{.height = height, .alignment = Alignment::top()}),
+                    scrollingWhereTooHigh(content).frame(
+                        FixedFrame{.height = height, .alignment = Alignment::top()}),
                     HStack({.spacing = 0},
                            {
                                Spacer(0),

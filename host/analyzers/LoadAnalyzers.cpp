@@ -3,6 +3,7 @@
 #include "QEVModels/QEVPlugInsController.hpp"
 #include "analyzers/AnalyzerDescription.hpp"
 #include "analyzers/AnalyzerPreferences.hpp"
+#include "foundation/Bundle.hpp"
 
 #include <memory>
 
@@ -40,12 +41,13 @@ std::shared_ptr<QEVPreferencesObject> preferencesOf(const AnalyzerDescription& a
 }
 
 void load(const AnalyzerDescription& analyzer, std::shared_ptr<QEVPreferencesObject> preferences) {
+  const auto& host = foundation::Bundle::mainBundle();
   // Every id in the tables is well-formed, which a test checks.
   QEVModels::QEVPlugInsController::sharedManager().registerPlugIn(
       {.id = foundation::UUID::parse(analyzer.id).value_or(foundation::UUID::random()),
        .plugInTitle = analyzer.title,
-       .plugInDescription = analyzer.description,
-       .plugInAuthor = "The Zorvantine developers",
+       .plugInDescription = host.localizedString(analyzer.description),
+       .plugInAuthor = host.localizedString("The Zorvantine developers"),
        .plugInVersion = analyzer.version,
        .plugInPreferencesInstance = std::move(preferences)});
 }

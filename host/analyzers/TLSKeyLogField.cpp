@@ -1,6 +1,7 @@
 #include "analyzers/TLSKeyLogField.hpp"
 
 #include "QEVCommonTools/ManagedSetting.hpp"
+#include "foundation/Bundle.hpp"
 #include "viewkit/Controls.hpp"
 #include "viewkit/Stacks.hpp"
 #include "viewkit/Text.hpp"
@@ -10,12 +11,19 @@ namespace zorvantine {
 using namespace viewkit;
 
 View TLSKeyLogField::body() const {
-  const std::string label = "Log of session keys";
-  const View field =
-      TextField({.placeholder = "The file that SSLKEYLOGFILE names"}, file.binding());
+  const auto& host = foundation::Bundle::mainBundle();
+  const std::string label = host.localizedString("Log of session keys");
+  const View field = TextField(
+      {.placeholder = host.localizedString("The file that SSLKEYLOGFILE names")}, file.binding());
   const bool isManaged = file.isLocked();
-  return HStack({.spacing = 12}, {Text(label), isManaged ? QEVCommonTools::managedMark() : View(),
-                                  field.accessibilityLabel(label).disabled(isManaged)});
+  return HStack({.spacing = 12}, {
+                                     Text(label).fixedSize(),
+                                     isManaged ? QEVCommonTools::managedMark() : View(),
+                                     field.accessibilityLabel(label).disabled(isManaged),
+                                     FileButton(host.localizedString("Choose…"), file.binding())
+                                         .help(label)
+                                         .disabled(isManaged),
+                                 });
 }
 
 }  // namespace zorvantine

@@ -62,8 +62,9 @@ std::vector<PreferenceDescriptor> ProxyService::descriptors() {
       {.key = std::string(kCertificatePath),
        .type = Type::string,
        .defaultValue = "",
-       .title = "Certificate of the proxy",
-       .purpose = "The file of the certificate that applications must trust; empty for none."},
+       .title = "Certificate",
+       .purpose = "The file of the certificate that applications must trust; empty for none.",
+       .place = {.tab = "proxy", .row = "Certificate"}},
   };
 }
 

@@ -13,7 +13,8 @@ Application& Application::sharedApplication() {
   return application;
 }
 
-Application::Application() : fontCatalog_(std::make_shared<const FontCatalog>()) {}
+Application::Application()
+    : palette_(Palette::light()), fontCatalog_(std::make_shared<const FontCatalog>()) {}
 
 void Application::setAppearance(std::optional<Appearance> appearance) {
   change([&] { appearance_ = appearance; });
@@ -23,14 +24,24 @@ void Application::setSystemAppearance(Appearance appearance) {
   change([&] { systemAppearance_ = appearance; });
 }
 
+void Application::setSystemContrast(Contrast contrast) {
+  change([&] { contrast_ = contrast; });
+}
+
+void Application::setSystemAccent(std::optional<RGBA> accent) {
+  change([&] { accent_ = accent; });
+}
+
 void Application::change(const std::function<void()>& apply) {
   const Appearance before = effectiveAppearance();
   apply();
-  if (effectiveAppearance() != before) effectiveAppearanceDidChange_.announce();
-}
-
-const Palette& Application::palette() const {
-  return effectiveAppearance() == Appearance::dark ? Palette::dark() : Palette::light();
+  const bool isDark = effectiveAppearance() == Appearance::dark;
+  const bool isHigh = contrast_ == Contrast::high;
+  Palette palette = isDark ? (isHigh ? Palette::highContrastDark() : Palette::dark())
+                           : (isHigh ? Palette::highContrastLight() : Palette::light());
+  if (accent_) palette = palette.withAccent(*accent_);
+  const bool isOther = std::exchange(palette_, palette) != palette;
+  if (isOther || effectiveAppearance() != before) effectiveAppearanceDidChange_.announce();
 }
 
 void Application::setFontCatalog(std::shared_ptr<const FontCatalog> catalog) {

@@ -1,10 +1,26 @@
 #include "appkit/Color.hpp"
 
+#include <algorithm>
+#include <cmath>
+
 namespace appkit {
 
 namespace {
 
 constexpr RGBA gray(double level, double opacity = 1) { return {level, level, level, opacity}; }
+
+// The relative luminance of the Web Content Accessibility Guidelines.
+double luminance(const RGBA& color) {
+  const auto linear = [](double level) {
+    return level <= 0.04045 ? level / 12.92 : std::pow((level + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(color.red) + 0.7152 * linear(color.green) + 0.0722 * linear(color.blue);
+}
+
+RGBA mixed(const RGBA& a, const RGBA& b, double share) {
+  const auto mix = [share](double from, double to) { return from + (to - from) * share; };
+  return {mix(a.red, b.red), mix(a.green, b.green), mix(a.blue, b.blue), 1};
+}
 
 constexpr RGBA rgb(int red, int green, int blue) {
   return {red / 255.0, green / 255.0, blue / 255.0, 1};
@@ -44,6 +60,12 @@ RGBA Color::resolved(const Palette& palette) const {
   return result;
 }
 
+double contrastBetween(const RGBA& a, const RGBA& b) {
+  const double first = luminance(a) + 0.05;
+  const double second = luminance(b) + 0.05;
+  return std::max(first, second) / std::min(first, second);
+}
+
 // Text keeps a contrast of at least 4.5 to 1 on every background below it, in both palettes.
 const Palette& Palette::light() {
   static constexpr Palette palette{
@@ -73,6 +95,58 @@ const Palette& Palette::dark() {
       .systemRed = rgb(255, 118, 108),
   };
   return palette;
+}
+
+const Palette& Palette::highContrastLight() {
+  static constexpr Palette palette{
+      .accent = rgb(0, 58, 140),
+      .primary = gray(0),
+      .secondary = rgb(48, 48, 52),
+      .selectedText = gray(1),
+      .windowBackground = gray(1),
+      .groupBackground = gray(1),
+      .controlBackground = gray(1),
+      .separator = gray(0, 0.75),
+      .systemRed = rgb(140, 0, 0),
+  };
+  return palette;
+}
+
+const Palette& Palette::highContrastDark() {
+  static constexpr Palette palette{
+      .accent = rgb(150, 200, 255),
+      .primary = gray(1),
+      .secondary = rgb(215, 215, 220),
+      .selectedText = gray(0),
+      .windowBackground = gray(0),
+      .groupBackground = gray(0),
+      .controlBackground = gray(0),
+      .separator = gray(1, 0.8),
+      .systemRed = rgb(255, 150, 140),
+  };
+  return palette;
+}
+
+Palette Palette::withAccent(RGBA wanted) const {
+  constexpr int steps = 20;
+  Palette result = *this;
+  const auto leastContrast = [this](const RGBA& color) {
+    return std::min({contrastBetween(color, windowBackground),
+                     contrastBetween(color, groupBackground),
+                     contrastBetween(color, controlBackground)});
+  };
+  const double needed = std::max(4.5, std::min(leastContrast(accent), 7.0));
+  wanted.opacity = 1;
+  for (int step = 0; step <= steps; ++step) {
+    result.accent = mixed(wanted, primary, double(step) / steps);
+    if (leastContrast(result.accent) >= needed) break;
+  }
+  const RGBA white = gray(1);
+  const RGBA black = gray(0);
+  result.selectedText =
+      contrastBetween(result.accent, white) >= contrastBetween(result.accent, black) ? white
+                                                                                     : black;
+  return result;
 }
 
 }  // namespace appkit

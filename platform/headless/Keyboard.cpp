@@ -3,6 +3,7 @@
 #include "ControlUse.hpp"
 #include "Utf8.hpp"
 #include "headless/Window.hpp"
+#include "viewkit/KeyRouter.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -39,7 +40,7 @@ const PresentationNode* Keyboard::focused() const {
 const TextFieldControl* Keyboard::field() const { return controlOf<TextFieldControl>(focused()); }
 
 bool Keyboard::isUsable(const PresentationNode* node) const {
-  return node && node->control() && takesClicks(*node->control()) && node->accessibility.enabled;
+  return node && node->control() && takesFocus(*node->control()) && node->accessibility.enabled;
 }
 
 void Keyboard::moveTo(viewkit::NodeId id) {
@@ -102,6 +103,9 @@ void Keyboard::handle(const Event& event) {
     const int next = tabs->selected + step;
     if (step != 0 && next >= 0 && next < static_cast<int>(tabs->items.size()))
       std::function(tabs->select)(next);
+  } else if (const auto* scroll = controlOf<viewkit::ScrollControl>(node)) {
+    const auto item = viewkit::itemSelectedBy(*scroll->list, event);
+    if (item) std::function(scroll->list->select)(*item);
   } else if (event.characters == kSpace || event.characters == kEnter) {
     operate(*node->control());
   }

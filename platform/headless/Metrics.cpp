@@ -127,7 +127,7 @@ constexpr double kSymbolSize = 16;
 constexpr double kMenuArrow = 20;
 constexpr double kTabMargin = 16;
 constexpr double kTabBarHeight = 52;
-constexpr double kTextFieldWidth = 120;
+constexpr double kTextFieldWidth = 160;
 
 }  // namespace
 
@@ -157,14 +157,21 @@ Size Metrics::controlSize(const viewkit::Control& control, ProposedSize proposal
     const double offered = proposal.width.value_or(ideal);
     return std::isfinite(offered) ? offered : ideal;
   };
+  // A control that elides its text is no wider than it is offered.
+  const auto within = [&](Size ideal) {
+    ideal.width =
+        std::min(ideal.width, std::max(proposal.width.value_or(viewkit::kUnlimited), 0.0));
+    return ideal;
+  };
   const Overloaded size{
       [&](const viewkit::ButtonControl& button) {
         Size result = titled(button.title);
         if (button.symbol) result.width += kSymbolSize;
-        return result;
+        return within(result);
       },
+      [&](const viewkit::FileButtonControl& button) { return within(titled(button.title)); },
       [](const viewkit::HelpButtonControl&) {
-        return Size{24, 24};
+        return Size{20, 20};
       },
       [](const viewkit::ToggleControl& toggle) {
         return toggle.size == viewkit::ToggleControl::Size::small ? Size{28, 16} : Size{38, 22};
@@ -176,7 +183,7 @@ Size Metrics::controlSize(const viewkit::Control& control, ProposedSize proposal
       [&](const viewkit::MenuControl& menu) {
         Size result = titled(menu.title);
         result.width += kMenuArrow;
-        return result;
+        return within(result);
       },
       [&](const viewkit::TabBarControl& tabs) {
         double widest = 0;

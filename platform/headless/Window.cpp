@@ -2,6 +2,7 @@
 
 #include "ControlUse.hpp"
 #include "Finder.hpp"
+#include "KeyPress.hpp"
 #include "Keyboard.hpp"
 #include "Utf8.hpp"
 #include "appkit/Application.hpp"
@@ -40,6 +41,16 @@ const PresentationNode* controlAt(const PresentationNode& node, Point point) {
   return isInside && isHit ? &node : nullptr;
 }
 
+// The innermost list under a point of the coordinates that the node stands in.
+const PresentationNode* listAt(const PresentationNode& node, Point point) {
+  if (node.id == 0 || !node.frame.contains(point)) return nullptr;
+  for (auto child = node.children.rbegin(); child != node.children.rend(); ++child) {
+    if (const PresentationNode* hit = listAt(**child, point - node.frame.origin)) return hit;
+  }
+  const auto* scroll = controlOf<viewkit::ScrollControl>(&node);
+  return scroll && scroll->list ? &node : nullptr;
+}
+
 bool isWithin(const PresentationNode* node, const PresentationNode& branch) {
   for (; node; node = node->parent) {
     if (node == &branch) return true;
@@ -64,29 +75,6 @@ const typename Items::value_type& itemTitled(const Items& items, std::string_vie
                       "\" there; to choose from: " + (titles.empty() ? "nothing" : titles));
 }
 
-Event eventOf(Key key, std::uint8_t modifiers) {
-  const auto event = [&](int keyCode, std::string characters) {
-    return Event{.keyCode = keyCode, .modifiers = modifiers, .characters = std::move(characters)};
-  };
-  switch (key) {
-    case Key::enter: return event(Event::kOtherKey, "\r");
-    case Key::escape: return event(Event::kEscape, "\x1B");
-    case Key::tab: return event(Event::kTab, "\t");
-    case Key::space: return event(Event::kOtherKey, " ");
-    case Key::deleteBackward: return event(Event::kOtherKey, "\x7F");
-    case Key::upArrow: return event(Event::kUpArrow, "");
-    case Key::downArrow: return event(Event::kDownArrow, "");
-    case Key::leftArrow: return event(Event::kLeftArrow, "");
-    case Key::rightArrow: return event(Event::kRightArrow, "");
-    case Key::pageUp: return event(Event::kPageUp, "");
-    case Key::pageDown: return event(Event::kPageDown, "");
-    case Key::f1: return event(Event::kF1, "");
-    case Key::f4: return event(Event::kF4, "");
-    case Key::w: return event(Event::kW, "w");
-  }
-  return event(Event::kOtherKey, "");
-}
-
 }  // namespace
 
 Window::Window(viewkit::View root, viewkit::Environment environment, const WindowOptions& options)
@@ -94,7 +82,17 @@ Window::Window(viewkit::View root, viewkit::Environment environment, const Windo
       keyboard_(std::make_unique<Keyboard>(*this)),
       host_(std::make_unique<viewkit::ViewHost>(std::move(root), environment, metrics_)) {
   if (options.isKey) becomeKey();
-  setSize(options.size ? *options.size : host_->sizeThatFits({}));
+  setSize(options.size ? *options.size : openingSize());
+}
+
+// As large as the root view would like to be, but not wider than a window opens, unless the view
+// needs more.
+viewkit::Size Window::openingSize() const {
+  constexpr double widest = 720;
+  const viewkit::Size ideal = host_->sizeThatFits({});
+  if (ideal.width <= widest) return ideal;
+  const double width = std::max(widest, host_->sizeThatFits({.width = 0, .height = 0}).width);
+  return {width, host_->sizeThatFits({.width = width, .height = std::nullopt}).height};
 }
 
 Window::~Window() { close(); }
@@ -157,6 +155,8 @@ bool Window::click(Point point) {
   const PresentationNode* hit = controlAt(host_->presentation(), point);
   if (hit && takesClicks(*hit->control())) return clickControl(hit->id, point);
   closePopovers(hit);
+  if (const PresentationNode* list = hit ? nullptr : listAt(host_->presentation(), point))
+    keyboard_->moveTo(list->id);
   const bool isWanted = host_->click(point);
   settle();
   return isWanted;
@@ -211,7 +211,9 @@ void Window::openMenuOf(const PresentationNode& opener) {
   OpenMenu opened{.opener = id,
                   .items = control.items ? control.items() : std::vector<viewkit::MenuItem>()};
   if (opened.items.empty()) return;
-  const auto found = std::ranges::find(opened.items, current, &viewkit::MenuItem::title);
+  auto found = std::ranges::find(opened.items, true, &viewkit::MenuItem::isCurrent);
+  if (found == opened.items.end())
+    found = std::ranges::find(opened.items, current, &viewkit::MenuItem::title);
   if (found != opened.items.end()) opened.current = found - opened.items.begin();
   menu_ = std::move(opened);
 }

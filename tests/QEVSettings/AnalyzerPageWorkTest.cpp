@@ -136,7 +136,7 @@ TEST_P(AnalyzerPageWorkTest, IsNoMoreThanTheChangeNeeds) {
       << "a key typed: the cells of its row";
   int selected = 0;
   const auto next = [&] { select(selected = 1 - selected); };
-  EXPECT_THAT(workOf(next, [] {}), isWork(62, 197, 152, 2953)) << "a selection";
+  EXPECT_THAT(workOf(next, [] {}), isWork(62, 197, 140, 2980)) << "a selection";
 }
 
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)

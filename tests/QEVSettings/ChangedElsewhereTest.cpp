@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -71,10 +72,11 @@ ControlKind timeZoneMenu() {
               [](TwoWindows& both, SettingsWindow& window, const Element& menu) {
                 const auto items = window->menuItems(menu);
                 EXPECT_TRUE(window->openMenu(menu));
-                window->press(Key::downArrow);
-                return [&both, &window, first = items.front().title] {
+                window->press(Key::upArrow);
+                const auto current = std::ranges::find(items, true, &viewkit::MenuItem::isCurrent);
+                return [&both, &window, previous = std::prev(current)->title] {
                   window->press(Key::enter);
-                  both.values.insert_or_assign(TwoWindows::kZoneKey, first);
+                  both.values.insert_or_assign(TwoWindows::kZoneKey, previous);
                 };
               }};
 }
@@ -206,11 +208,11 @@ ControlKind interfaceList() {
   return {.name = "table of one choice",
           .tab = "Capture",
           .find = [](const TwoWindows&,
-                     const SettingsWindow& window) { return window->findAll(Role::listItem)[0]; },
+                     const SettingsWindow& window) { return window->find(Role::list); },
           .changeElsewhere = stored(TwoWindows::kInterfaceKey, "lo"),
           .use =
-              [](TwoWindows& both, SettingsWindow& window, const Element& row) {
-                window->click(row);
+              [](TwoWindows& both, SettingsWindow& window, const Element& list) {
+                window->click(list.findAll(Role::listItem)[0]);
                 both.values.insert_or_assign(TwoWindows::kInterfaceKey, TwoWindows::kInterfaces[0]);
               }};
 }

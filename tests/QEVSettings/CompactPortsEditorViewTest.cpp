@@ -165,5 +165,37 @@ TEST_F(CompactPortsEditorViewTest, GoesOnWithoutAControllerThatIsGone) {
                                    "store", "notify 9", "notify 3"));
 }
 
+TEST_F(CompactPortsEditorViewTest, FieldsHaveNamesOfTheirOwnAndTellWhatIsWrong) {
+  headless::Window& window = show();
+  const auto http = window.find(viewkit::Role::textField, "Ports of HTTP");
+  const auto proxy = window.find(viewkit::Role::textField, "Ports of Proxy");
+  ASSERT_TRUE(http.exists()) << http.problem();
+  ASSERT_TRUE(proxy.exists()) << proxy.problem();
+  const auto commit = [&](std::string_view text) {
+    window.click(http);
+    window.selectAll();
+    window.type(text);
+    window.press(headless::Key::enter);
+  };
+  const auto symbols = [&] {
+    std::vector<std::string> names;
+    const auto visit = [&](const auto& self, const viewkit::PresentationNode& node) -> void {
+      if (const auto* symbol = std::get_if<viewkit::SymbolVisual>(&node.content))
+        names.emplace_back(symbol->name.text());
+      for (const auto* child : node.children) self(self, *child);
+    };
+    const auto alert = window.findAll(viewkit::Role::alert);
+    if (!alert.empty()) visit(visit, alert.front().content());
+    return names;
+  };
+  commit("nothing");
+  EXPECT_NE(http.content().accessibility.problem, "");
+  EXPECT_EQ(proxy.content().accessibility.problem, "");
+  EXPECT_THAT(symbols(), testing::ElementsAre("exclamationmark.triangle.fill"));
+  commit("80, 90-70");
+  EXPECT_EQ(http.content().accessibility.problem, "") << "a correction is stored";
+  EXPECT_THAT(symbols(), testing::ElementsAre("info.circle.fill"));
+}
+
 }  // namespace
 }  // namespace QEVSettings

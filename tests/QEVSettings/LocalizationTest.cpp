@@ -186,6 +186,7 @@ public:
   bool interceptsTLS() const override { return false; }
   void setInterceptsTLS(bool) override {}
   std::optional<std::string> certificatePath() const override { return std::nullopt; }
+  void setCertificatePath(std::optional<std::string>) override {}
 };
 
 class LocalizationTest : public AnalyzerWindowTest {
@@ -215,7 +216,7 @@ protected:
         .ports = QEVDependencies::AnalyzerPortsSpec{
             .networkProtocolKey = "com_velloquin_qev_test_protocols",
             .defaultProtocolNames = {},
-            .defaultPorts = {protocol("", "1", 1)}}};
+            .defaultPorts = {protocol("", "1", 1), protocol("TCP", "1", 1)}}};
     return preferences;
   }
 

@@ -100,6 +100,21 @@ TEST_F(QEVAnalyzerSettingsViewTest, FollowsClicksKeysAndTheStore) {
   }
 }
 
+TEST_F(QEVAnalyzerSettingsViewTest, ListIsTheFirstStopOfThePageAndOneStop) {
+  loadThree();
+  headless::Window& window = open();
+  window.click(window.find(Role::tabList));
+  window.press(Key::tab);
+  const auto list = window.find(Role::list, "Analyzer");
+  EXPECT_TRUE(list.isFocused());
+  window.press(Key::downArrow);
+  EXPECT_THAT(selected(window), ElementsAre("Second")) << "one step for one key";
+  EXPECT_TRUE(list.isFocused());
+  window.press(Key::tab);
+  EXPECT_EQ(window.findAll(Role::listItem).size(), 3U);
+  EXPECT_FALSE(list.isFocused());
+}
+
 TEST_F(QEVAnalyzerSettingsViewTest, NeverTakesAKeyAway) {
   loadThree();
   open();

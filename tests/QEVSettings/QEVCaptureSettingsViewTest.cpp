@@ -68,6 +68,18 @@ TEST_F(QEVCaptureSettingsViewTest, ListsTheMachinesInterfacesAndKeepsTheChosenOn
 
   window.click(row(2));
   EXPECT_EQ(captureModel->interfaceName(), "en1");
+
+  EXPECT_TRUE(window.find(Role::list, "Capture on").isFocused()) << "the list is one stop";
+  window.press(Key::upArrow);
+  EXPECT_EQ(captureModel->interfaceName(), "en0");
+  window.press(Key::home);
+  EXPECT_EQ(captureModel->interfaceName(), "lo");
+  window.press(Key::upArrow);
+  EXPECT_EQ(captureModel->interfaceName(), "lo");
+  window.press(Key::end);
+  EXPECT_EQ(captureModel->interfaceName(), "en1");
+  window.press(Key::tab);
+  EXPECT_EQ(window.focused(), window.find(Role::toggle, "Promiscuous mode"));
   EXPECT_EQ(row(2).isSelected(), true);
 
   interfaces->objectWillChange().announce();
@@ -195,12 +207,16 @@ public:
   void setInterceptsTLS(bool value) override {
     change([&] { intercepts = value; });
   }
-  std::optional<std::string> certificatePath() const override { return "/certificates/root.pem"; }
+  std::optional<std::string> certificatePath() const override { return certificate; }
+  void setCertificatePath(std::optional<std::string> path) override {
+    change([&] { certificate = path; });
+  }
 
   bool enabled = false;
   QEVDependencies::ProxyAddress listening{.host = "127.0.0.1", .port = 8080};
   std::optional<QEVDependencies::ProxyAddress> next;
   bool intercepts = false;
+  std::optional<std::string> certificate = "/certificates/root.pem";
 
 private:
   void change(const std::function<void()>& make) {
@@ -240,6 +256,18 @@ TEST_F(ProxySettingsViewTest, EditsTheHostsServiceAndRefusesBadAddresses) {
   EXPECT_EQ(proxy->next->text(), "proxy.example:3128");
   enter(window, "Upstream proxy", "");
   EXPECT_FALSE(proxy->next);
+
+  EXPECT_EQ(window.find(Role::textField, "Certificate").value(), "/certificates/root.pem");
+  enter(window, "Certificate", "/other.pem");
+  EXPECT_EQ(proxy->certificate, "/other.pem");
+  const auto chooser = std::get<viewkit::FileButtonControl>(
+      *window.find(Role::button, "Choose…").content().control());
+  EXPECT_EQ(chooser.path(), "/other.pem");
+  chooser.choose("/picked.pem");
+  window.settle();
+  EXPECT_EQ(window.find(Role::textField, "Certificate").value(), "/picked.pem");
+  enter(window, "Certificate", "");
+  EXPECT_EQ(proxy->certificate, std::nullopt);
 }
 
 TEST_F(ProxySettingsViewTest, StoresWhatWasTypedWhenThePageIsLeft) {

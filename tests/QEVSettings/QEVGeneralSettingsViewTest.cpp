@@ -123,6 +123,16 @@ TEST_F(QEVGeneralSettingsViewTest, StoresTheTextOfTheZoneThatIsPicked) {
   EXPECT_THAT(store.changes(), ElementsAre(wrote(kPrefTimezoneString.name, items.back().title)));
   EXPECT_EQ(menu.value(), items.back().title);
 
+  // An identifier that the menu shows under another name.
+  store.underneath().setObject("Europe/Berlin", kPrefTimezoneString.name);
+  foundation::Bundle::setPreferredLanguages({"de"});
+  const auto inGerman = window.menuItems(menu);
+  foundation::Bundle::setPreferredLanguages({"en"});
+  const auto current = std::ranges::find(inGerman, true, &viewkit::MenuItem::isCurrent);
+  ASSERT_NE(current, inGerman.end()) << "the menu opens at the current zone";
+  EXPECT_THAT(current->title, testing::HasSubstr("Berlin"));
+  EXPECT_NE(current->title, "Europe/Berlin");
+
   store.underneath().setObject("no zone that anyone lists", kPrefTimezoneString.name);
   window.settle();
   EXPECT_EQ(menu.value(), "no zone that anyone lists");

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 
@@ -64,7 +65,7 @@ TEST_F(AppearanceTest, ListenersHearOfAChangeOnceItIsInForce) {
   application_.setAppearance(Appearance::dark);
   EXPECT_EQ(announcements_, 1);
   EXPECT_EQ(announced_, Appearance::dark);
-  EXPECT_EQ(&application_.palette(), &Palette::dark());
+  EXPECT_EQ(application_.palette(), Palette::dark());
 }
 
 TEST_F(AppearanceTest, WhatChangesNothingToSeeIsNotAnnounced) {
@@ -84,6 +85,38 @@ TEST_F(AppearanceTest, FollowsTheDesktopUntilThereIsAChoice) {
   application_.setSystemAppearance(Appearance::light);
   EXPECT_EQ(announcements_, 2);
   EXPECT_EQ(announced_, Appearance::light);
+}
+
+// The least contrast of the color on any background of the palette.
+double leastContrast(const Palette& palette, const RGBA& color) {
+  return std::min({contrastBetween(color, palette.windowBackground),
+                   contrastBetween(color, palette.groupBackground),
+                   contrastBetween(color, palette.controlBackground)});
+}
+
+TEST_F(AppearanceTest, TextIsReadableWithStrongContrastAndWithAnyAccent) {
+  EXPECT_NEAR(contrastBetween({0, 0, 0, 1}, {1, 1, 1, 1}), 21, 0.01);
+  for (const auto appearance : {Appearance::light, Appearance::dark}) {
+    application_.setAppearance(appearance);
+    const Palette normal = application_.palette();
+    for (const RGBA wanted : {RGBA{1, 1, 0, 1}, RGBA{0, 0, 0.4, 1}, RGBA{0.9, 0.2, 0.1, 1}}) {
+      application_.setSystemAccent(wanted);
+      const Palette& palette = application_.palette();
+      EXPECT_NE(palette.accent, normal.accent);
+      EXPECT_GE(leastContrast(palette, palette.accent), 4.5);
+      EXPECT_GE(contrastBetween(palette.accent, palette.selectedText), 4.5);
+    }
+    application_.setSystemAccent(std::nullopt);
+    EXPECT_EQ(application_.palette(), normal);
+
+    const int before = announcements_;
+    application_.setSystemContrast(Contrast::high);
+    EXPECT_EQ(announcements_, before + 1);
+    const Palette& strong = application_.palette();
+    for (const RGBA& text : {strong.primary, strong.secondary, strong.accent, strong.systemRed})
+      EXPECT_GE(leastContrast(strong, text), 7);
+    application_.setSystemContrast(Contrast::normal);
+  }
 }
 
 }  // namespace

@@ -103,7 +103,7 @@ def without_interfaces(lines):
         if inside is not None and depth(line) > inside:
             continue
         inside = None
-        if re.search(r"\bscrollArea\b", line):
+        if line.lstrip().startswith("ScrollView list "):
             inside = depth(line)
             line = re.sub(r"content [0-9.]+ x [0-9.]+", "content of this machine", line)
         kept.append(line)

@@ -100,5 +100,83 @@ TEST_F(AccessibilityTest, TextFieldIsReadAndEdited) {
   EXPECT_EQ(text.selectionCount(), 1);
 }
 
+// A list whose items are selected by the arrow keys.
+struct SelectableList {
+  viewkit::State<int> selected = 0;
+
+  View item(int index) const {
+    return viewkit::Text("item " + std::to_string(index))
+        .frame(viewkit::FixedFrame{.height = 40})
+        .onTap([self = *this, index] { self.selected.set(index); })
+        .accessibilityRole(Role::listItem)
+        .accessibilitySelected(selected.get() == index);
+  }
+
+  View body() const {
+    const viewkit::ListItems items{
+        .count = 6, .selected = selected, .select = [self = *this](int index) {
+          self.selected.set(index);
+        }};
+    return viewkit::VStack(
+        {}, {viewkit::Button("before", [] {}),
+             viewkit::ScrollView({.list = items},
+                                 viewkit::VStack({.spacing = 0}, {item(0), item(1), item(2),
+                                                                  item(3), item(4), item(5)}))
+                 .frame(viewkit::FixedFrame{.width = 200, .height = 90})
+                 .accessibilityLabel("Items"),
+             viewkit::Button("after", [] {})});
+  }
+};
+
+TEST_F(AccessibilityTest, ListIsOneStopAndItsSelectedItemHasTheFocus) {
+  open(SelectableList{});
+  widget(QAccessible::PushButton, "before").setFocus();
+  press(Qt::Key_Tab);
+  QAccessibleInterface& list = find(QAccessible::List, "Items");
+  EXPECT_TRUE(list.state().focused);
+  ASSERT_EQ(list.childCount(), 6);
+  const auto focused = [&] {
+    QAccessibleInterface* const item = list.focusChild();
+    return item ? item->text(QAccessible::Name) : QString();
+  };
+  EXPECT_EQ(focused(), "item 0");
+  press(Qt::Key_Down);
+  EXPECT_EQ(focused(), "item 1");
+  EXPECT_TRUE(list.child(1)->state().focused);
+  EXPECT_FALSE(list.child(0)->state().focused);
+  press(Qt::Key_End);
+  EXPECT_EQ(focused(), "item 5");
+  EXPECT_FALSE(list.child(5)->state().offscreen) << "the item is scrolled into sight";
+  press(Qt::Key_Tab);
+  EXPECT_TRUE(find(QAccessible::PushButton, "after").state().focused);
+  EXPECT_TRUE(list.child(5)->state().selected);
+  EXPECT_FALSE(list.child(5)->state().focused);
+}
+
+TEST_F(AccessibilityTest, RefusedTextIsInvalidAndTellsWhy) {
+  struct Field {
+    viewkit::State<std::string> text = std::string("x");
+    viewkit::State<std::string> problem = std::string();
+    View body() const {
+      return viewkit::TextField({.placeholder = "Ports", .problem = problem}, text.binding(),
+                                [self = *this] { self.problem.set("not a port"); });
+    }
+  };
+  open(Field{});
+  QAccessibleInterface& field = find(QAccessible::EditableText, "Ports");
+  EXPECT_FALSE(field.state().invalid);
+  widget(QAccessible::EditableText, "Ports").setFocus();
+  press(Qt::Key_Return);
+  EXPECT_TRUE(field.state().invalid);
+  EXPECT_EQ(field.text(QAccessible::Description), "not a port");
+  EXPECT_TRUE(field.isValid()) << "the field itself is there";
+}
+
+TEST_F(AccessibilityTest, ColorWellTellsItsColor) {
+  open(viewkit::ColorWell(viewkit::Binding<appkit::RGBA>::constant({1, 0, 0, 1}))
+           .accessibilityLabel("color"));
+  EXPECT_EQ(find(QAccessible::PushButton, "color").text(QAccessible::Description), "#FF0000");
+}
+
 }  // namespace
 }  // namespace qt

@@ -144,6 +144,22 @@ TEST_F(FontPickerTest, ChoosingSizeKeepsFamilyThatIsNotInstalled) {
   EXPECT_EQ(*picker.size, 20);
 }
 
+TEST_F(FontPickerTest, EscapeBringsBackTheFormerFontAndReturnKeepsTheNewOne) {
+  for (const bool keeps : {false, true}) {
+    QFontDialog& dialog = openDialog();
+    QFont other = dialog.currentFont();
+    other.setFamilies({"DejaVu Serif"});
+    other.setPointSize(20);
+    pick(dialog, other);
+    EXPECT_EQ(stored("picker_family"), "DejaVu Serif") << "each change shows at once";
+    QTest::keyClick(&dialog, keeps ? Qt::Key_Return : Qt::Key_Escape);
+    settle();
+    EXPECT_EQ(topLevel().findChild<QFontDialog*>(), nullptr);
+    EXPECT_EQ(stored("picker_family"), keeps ? "DejaVu Serif" : "DejaVu Sans");
+    EXPECT_EQ(*picker.size, keeps ? 20 : 9.75);
+  }
+}
+
 TEST_F(ChoosersTest, EscapeInColorChooserRestoresFormerColor) {
   const struct {
     const char* way;

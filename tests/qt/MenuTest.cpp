@@ -113,6 +113,23 @@ TEST_F(MenuTest, MousePicksButOpeningClickDoesNot) {
   EXPECT_EQ(picked, "Zone 401");
 }
 
+TEST_F(MenuTest, RowsOfAnotherFontAreAsHighAsOthersAndAMarkedItemIsCurrent) {
+  const auto rowHeight = [this](std::optional<viewkit::Font> font) {
+    destroyWindow();
+    open(viewkit::PopUpMenu("an identifier", [font] {
+           return std::vector<viewkit::MenuItem>{
+               {.title = "first", .action = {}, .font = font},
+               {.title = "a name", .action = {}, .font = font, .isCurrent = true}};
+         }).accessibilityLabel("zone"));
+    QTest::keyClick(&widget(QAccessible::ButtonMenu, "zone"), Qt::Key_F4);
+    EXPECT_EQ(list().currentIndex().row(), 1);
+    const int height = list().visualRect(list().model()->index(0, 0)).height();
+    QTest::keyClick(&list(), Qt::Key_Escape);
+    return height;
+  };
+  EXPECT_EQ(rowHeight(viewkit::Font::system(viewkit::Font::kBodySize)), rowHeight(std::nullopt));
+}
+
 using PopUpButtonTest = WindowFixture;
 
 TEST_F(PopUpButtonTest, ButtonWithoutTitleIsVisibleAndOpens) {

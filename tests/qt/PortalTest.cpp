@@ -3,15 +3,19 @@
 #include "qt/Application.hpp"
 #include "qt/Window.hpp"
 #include "viewkit/Text.hpp"
+#include "viewkit/ViewHost.hpp"
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWidget>
 
+#include <cmath>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -65,8 +69,8 @@ public:
     process_.waitForFinished();
   }
 
-  void announce(const QByteArray& setting, int value) {
-    process_.write(setting + ' ' + QByteArray::number(value) + '\n');
+  void announce(const QByteArray& setting, const QByteArray& value) {
+    process_.write(setting + ' ' + value + '\n');
     process_.waitForBytesWritten();
   }
 
@@ -113,25 +117,64 @@ TEST_F(PortalTest, WindowFollowsDesktopUnlessApplicationSetsAppearance) {
   EXPECT_TRUE(looksDark()) << "before its first turn of the event loop";
   for (const auto& [scheme, appearance] :
        {std::pair{2, Appearance::light}, {1, Appearance::dark}, {0, Appearance::light}}) {
-    portal_.announce("color-scheme", scheme);
+    portal_.announce("color-scheme", QByteArray::number(scheme));
     EXPECT_TRUE(becomes(appearance)) << scheme;
   }
 
   auto& shared = appkit::Application::sharedApplication();
   shared.setAppearance(Appearance::light);
-  portal_.announce("color-scheme", 1);
+  portal_.announce("color-scheme", "1");
   // Once this later change has arrived, the color scheme has too.
-  portal_.announce("reduced-motion", 1);
+  portal_.announce("reduced-motion", "1");
   EXPECT_TRUE(QTest::qWaitFor([&] { return application_.reducedMotion(); }, 20'000));
   EXPECT_FALSE(looksDark());
   shared.setAppearance(std::nullopt);
   EXPECT_TRUE(becomes(Appearance::dark));
 
   shared.setAppearance(Appearance::dark);
-  portal_.announce("color-scheme", 2);
-  portal_.announce("reduced-motion", 0);
+  portal_.announce("color-scheme", "2");
+  portal_.announce("reduced-motion", "0");
   EXPECT_TRUE(QTest::qWaitFor([&] { return !application_.reducedMotion(); }, 20'000));
   EXPECT_TRUE(looksDark());
+}
+
+TEST_F(PortalTest, ContrastAccentAndTextFollowDesktop) {
+  auto& shared = appkit::Application::sharedApplication();
+  window_.show();
+  const auto becomesTrue = [](const std::function<bool()>& holds) {
+    return QTest::qWaitFor(holds, 20'000);
+  };
+  EXPECT_EQ(shared.contrast(), appkit::Contrast::normal);
+  portal_.announce("contrast", "1");
+  EXPECT_TRUE(becomesTrue([&] { return shared.contrast() == appkit::Contrast::high; }));
+  EXPECT_GE(appkit::contrastBetween(shared.palette().secondary, shared.palette().windowBackground),
+            7);
+  portal_.announce("contrast", "0");
+  EXPECT_TRUE(becomesTrue([&] { return shared.contrast() == appkit::Contrast::normal; }));
+
+  const appkit::RGBA own = shared.palette().accent;
+  portal_.announce("accent-color", "0.9 0.2 0.1");
+  EXPECT_TRUE(becomesTrue([&] { return shared.palette().accent != own; }));
+  EXPECT_GT(shared.palette().accent.red, shared.palette().accent.blue);
+  portal_.announce("accent-color", "-1 -1 -1");
+  EXPECT_TRUE(becomesTrue([&] { return shared.palette().accent == own; }));
+
+  const double size = QApplication::font().pointSizeF();
+  const auto isAsLarge = [&](double scale) {
+    return std::abs(QApplication::font().pointSizeF() - size * scale) < 0.1;
+  };
+  const double height = window_.host().sizeThatFits({}).height;
+  portal_.announce("text-scaling-factor", "2");
+  EXPECT_TRUE(becomesTrue([&] { return isAsLarge(2); }));
+  EXPECT_TRUE(becomesTrue([&] { return window_.host().sizeThatFits({}).height > 1.5 * height; }))
+      << "the open window follows";
+  portal_.announce("text-scaling-factor", "1");
+  EXPECT_TRUE(becomesTrue([&] { return isAsLarge(1); }));
+
+  portal_.announce("font-name", "DejaVu Serif Bold 14");
+  EXPECT_TRUE(becomesTrue([&] { return QApplication::font().pointSizeF() == 14; }));
+  EXPECT_EQ(QApplication::font().family(), "DejaVu Serif");
+  EXPECT_TRUE(QApplication::font().bold());
 }
 
 }  // namespace

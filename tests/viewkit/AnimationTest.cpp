@@ -63,6 +63,22 @@ TEST(Animation, NoFadeWithReducedMotionOrOutsideOfWithAnimation) {
   EXPECT_FALSE(plain.host().isAnimating());
 }
 
+TEST(Animation, ViewWithAnOpacityTransitionAlsoFadesOut) {
+  const auto control = std::make_shared<testing::Switch>();
+  headless::Window window = openStepped(testing::Flagged{
+      [](bool gone) { return gone ? View() : Text("page").opacityTransition(); }, control});
+  window.host().finishAnimations();
+  control->set(true);
+  window.settle();
+  EXPECT_FALSE(window.findText("page").exists());
+  ASSERT_TRUE(window.host().isAnimating());
+  ASSERT_EQ(window.host().presentation().children.size(), 1U);
+  window.advance(125ms);
+  EXPECT_NEAR(window.host().presentation().children.front()->opacity, 0.5, 0.01);
+  window.advance(125ms);
+  EXPECT_TRUE(window.host().presentation().children.empty());
+}
+
 // A row whose label goes when it is told to; the row itself goes, with an animation, right after.
 struct GoingRow {
   State<bool> hasLabel = true;

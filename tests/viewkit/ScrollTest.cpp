@@ -165,5 +165,18 @@ TEST(Scroll, ProxyDoesNothingAfterItsReaderIsGone) {
   (*list.scrollTo)(std::int64_t{3});
 }
 
+TEST(Scroll, RootViewLargerThanTheWindowScrollsInBothDirections) {
+  const View corners = VStack({.alignment = HorizontalAlignment::trailing, .spacing = 0},
+                              {Text("first").onTap([] {}), Spacer(), Text("last").onTap([] {})})
+                           .frame(FixedFrame{.width = 300, .height = 500});
+  headless::Window window = testing::open(corners, {200, 220});
+  EXPECT_GT(window.findText("last").frame().origin.y, 220);
+  EXPECT_TRUE(window.click(window.findText("last")));
+  EXPECT_LE(window.findText("last").frame().maxY(), 220);
+  EXPECT_LE(window.findText("last").frame().maxX(), 200);
+  window.setSize({400, 600});
+  EXPECT_EQ(window.findText("last").frame().maxY(), 500) << "what fits does not scroll";
+}
+
 }  // namespace
 }  // namespace viewkit

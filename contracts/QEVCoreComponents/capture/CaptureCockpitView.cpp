@@ -94,7 +94,7 @@ View interfaceRow(const NetworkInterface& interface, bool isSelected, const Mode
                            .background(isSelected ? Color::accent() : klear())
                            .clipped(kCornerMed);
 
-  return PlainButton(content, [model, name = interface.name] { model->setInterfaceName(name); })
+  return content.onTap([model, name = interface.name] { model->setInterfaceName(name); })
       .accessibilityRole(Role::listItem)
       .accessibilitySelected(isSelected);
 }
@@ -162,10 +162,18 @@ View CaptureCockpitView::interfaceList() const {
     return interfaceRow(each, each.name == effective, model);
   };
 
-  const bool isManaged = model->isManaged(QEVCaptureViewModel::kInterfaceKey);
+  const auto selected = std::ranges::find(interfaces, effective, &NetworkInterface::name);
+  const ListItems items{
+      .count = static_cast<int>(interfaces.size()),
+      .selected =
+          selected != interfaces.end() ? static_cast<int>(selected - interfaces.begin()) : -1,
+      .select = [model, interfaces](int index) {
+        model->setInterfaceName(interfaces.at(static_cast<std::size_t>(index)).name);
+      }};
+
   const View list =
       ScrollView(
-          {},
+          {.list = items},
           VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s0)},
                  {
                      interfaces.empty() ? Text(localized("This machine has no network interface"))
@@ -173,12 +181,12 @@ View CaptureCockpitView::interfaceList() const {
                                         : View(),
                      forEach(interfaces, name, row),
                  })
-              .padding(Spacing::s3)
-              .accessibilityRole(Role::list))
+              .padding(Spacing::s3))
+          .accessibilityLabel(localized("Capture on"))
           .frame(FixedFrame{.height = kListHeight})
           .background(Color::controlBackground())
           .modifier(CornerRadius{.radius = kCornerLow});
-  return managed(list, isManaged);
+  return managed(list, model->isManaged(QEVCaptureViewModel::kInterfaceKey));
 }
 
 View CaptureCockpitView::options() const {

@@ -1,10 +1,10 @@
 #include "fields/CheckedTextField.hpp"
 
 #include "QEVCommonTools/ManagedSetting.hpp"
+#include "QEVCommonTools/MessageText.hpp"
 #include "QEVCommonTools/Spacing.hpp"
 #include "viewkit/Controls.hpp"
 #include "viewkit/Stacks.hpp"
-#include "viewkit/Text.hpp"
 
 #include <utility>
 
@@ -34,12 +34,7 @@ View CheckedTextField::body() const {
               .disabled(isManaged)
               .frame(FlexibleFrame{.maxWidth = width}),
           isManaged ? QEVCommonTools::managedMark() : View(),
-          wrong.empty() ? View()
-                        : Text(wrong)
-                              .font(Font::caption())
-                              .foreground(Color::systemRed())
-                              .accessibilityRole(Role::alert)
-                              .fixedSize(false, true),
+          QEVCommonTools::messageText(wrong, QEVCommonTools::MessageKind::problem),
       });
 }
 

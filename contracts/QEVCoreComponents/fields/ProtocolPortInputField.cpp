@@ -1,7 +1,7 @@
 #include "QEVCoreComponents/ProtocolPortInputField.hpp"
 
-#include "QEVCommonTools/ColorRawValue.hpp"
-#include "QEVCommonTools/RectCorner.hpp"
+#include "QEVCommonTools/MessageText.hpp"
+#include "QEVCommonTools/PlainText.hpp"
 #include "QEVCommonTools/Spacing.hpp"
 #include "QEVCommonTools/localized.hpp"
 #include "QEVDependencies/ErrorViewModel.hpp"
@@ -13,11 +13,9 @@
 namespace QEVCoreComponents {
 
 using namespace viewkit;
-using QEVCommonTools::kCornerMed;
-using QEVCommonTools::klear;
+using QEVCommonTools::formatted;
 using QEVCommonTools::localized;
 using QEVCommonTools::points;
-using QEVCommonTools::RoundedBorder;
 using QEVCommonTools::Spacing;
 using QEVDependencies::ErrorState;
 using QEVDependencies::ErrorViewModel;
@@ -44,11 +42,9 @@ struct ErrorText {
   View body() const {
     const ErrorState& state = model->errorState;
     if (state.isEmpty()) return View();
-    return Text(textOf(state))
-        .font(Font::caption())
-        .foreground(Color::systemRed())
-        .accessibilityRole(Role::alert)
-        .fixedSize(false, true);
+    return QEVCommonTools::messageText(textOf(state), isRefused(state)
+                                                          ? QEVCommonTools::MessageKind::problem
+                                                          : QEVCommonTools::MessageKind::notice);
   }
 };
 
@@ -66,6 +62,12 @@ View ProtocolPortInputField::body() const {
                          : Text(helper).font(Font::caption()).foreground(Color::secondary()),
           ErrorText{.model = model->errorModel()},
       });
+}
+
+// Tells the field from those of other protocols.
+std::string ProtocolPortInputField::label(const std::string& placeholder) const {
+  const std::string name = model->protocolName;
+  return name.empty() ? placeholder : formatted(localized("Ports of %@"), {name});
 }
 
 View ProtocolPortInputField::field() const {
@@ -91,11 +93,8 @@ View ProtocolPortInputField::field() const {
                     .problem = isWrong ? textOf(state) : "",
                     .revert = revert},
                    ports, onCommit)
-      .accessibilityLabel(titleKey.empty() ? placeholder : localized(titleKey))
-      .disabled(isManaged)
-      .modifier(RoundedBorder{.borderStyle = borderStyle,
-                              .cornerRadius = kCornerMed,
-                              .borderColor = isWrong ? Color::systemRed() : klear()});
+      .accessibilityLabel(titleKey.empty() ? label(placeholder) : localized(titleKey))
+      .disabled(isManaged);
 }
 
 }  // namespace QEVCoreComponents

@@ -1,6 +1,7 @@
 #include "QEVCoreComponents/ProxySetupForm.hpp"
 
 #include "QEVCommonTools/ManagedSetting.hpp"
+#include "QEVCommonTools/MessageText.hpp"
 #include "QEVCommonTools/PlainText.hpp"
 #include "QEVCommonTools/Spacing.hpp"
 #include "QEVCommonTools/localized.hpp"
@@ -16,12 +17,15 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace QEVCoreComponents {
 
 using namespace viewkit;
 using QEVCommonTools::localized;
 using QEVCommonTools::managed;
+using QEVCommonTools::MessageKind;
+using QEVCommonTools::messageText;
 using QEVCommonTools::points;
 using QEVCommonTools::Spacing;
 using QEVCommonTools::trimmed;
@@ -119,22 +123,28 @@ View upstream(const Service& service) {
                            .disabled(!address));
 }
 
-View problemText(const std::optional<std::string>& problem) {
-  if (!problem) return View();
-  return Text(*problem)
-      .font(Font::caption())
-      .foreground(Color::systemRed())
-      .accessibilityRole(Role::alert);
-}
+// A path that is typed, or picked in a chooser of files.
+View certificate(const Service& service) {
+  const std::string label = localized("Certificate");
+  const auto take = [service](std::string_view text) -> std::optional<std::string> {
+    const std::string_view path = trimmed(text);
+    service->setCertificatePath(path.empty() ? std::nullopt : std::optional(std::string(path)));
+    return std::nullopt;
+  };
+  const Binding<std::string> picked{
+      [service] { return service->certificatePath().value_or(""); },
+      [service](std::string path) { service->setCertificatePath(std::move(path)); }};
 
-View certificate(const std::optional<std::string>& path) {
-  const std::string text = path ? *path : localized("no certificate yet");
-  return Text(text)
-      .font(Font::callout())
-      .foreground(Color::secondary())
-      .lineLimit(1)
-      .truncation(Truncation::middle)
-      .help(text);
+  const bool isManaged = service->isManaged(Setting::certificatePath);
+  return HStack({.spacing = points(Spacing::s5)},
+                {
+                    CheckedTextField{.label = label,
+                                     .placeholder = localized("no certificate yet"),
+                                     .value = service->certificatePath().value_or(""),
+                                     .commit = take,
+                                     .isManaged = isManaged},
+                    FileButton(localized("Choose…"), picked).help(label).disabled(isManaged),
+                });
 }
 
 }  // namespace
@@ -151,7 +161,7 @@ View proxySetupRows(const Service& proxy) {
                                                  ToggleControl::Size::small)
                                               .accessibilityLabel(enabled),
                                           proxy->isManaged(Setting::enabled)),
-                                  problemText(proxy->problem()),
+                                  messageText(proxy->problem().value_or(""), MessageKind::problem),
                                   Spacer(0),
                               })),
       formRow(localized("Listening address"), listeningAddress(proxy)),
@@ -164,7 +174,7 @@ View proxySetupRows(const Service& proxy) {
                                         ToggleControl::Size::small)
                                      .accessibilityLabel(intercepts),
                                  proxy->isManaged(Setting::interceptsTLS)),
-                         certificate(proxy->certificatePath()),
+                         certificate(proxy),
                      })),
   });
 }

@@ -4,6 +4,7 @@
 #include "accessibility/AccessibleTree.hpp"
 #include "accessibility/accessibleValues.hpp"
 #include "bridge/MirroredTree.hpp"
+#include "bridge/Strings.hpp"
 #include "controls/ControlWidget.hpp"
 
 #include <QAbstractButton>
@@ -58,8 +59,17 @@ QAccessibleInterface* AccessibleControl::childAt(int x, int y) const {
   return node() ? tree()->childAt(*node(), {x, y}) : nullptr;
 }
 
+QAccessibleInterface* AccessibleControl::focusChild() const {
+  QAccessibleInterface* item = node() ? tree()->selectedItemOf(*node()) : nullptr;
+  return item && widget()->hasFocus() ? item : QAccessibleWidget::focusChild();
+}
+
 QString AccessibleControl::text(QAccessible::Text kind) const {
   if (!node()) return {};
+  const bool tellsValue =
+      kind == QAccessible::Description && isValueDescription(node()->accessibility.role);
+  if (tellsValue && !node()->accessibility.value.empty())
+    return toQString(node()->accessibility.value);
   const QString own = accessibleText(node()->accessibility, kind);
   // A button without a name of its own is named after its children.
   const bool isUnnamed =

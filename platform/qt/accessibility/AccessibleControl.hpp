@@ -21,6 +21,7 @@ public:
   int childCount() const override;
   int indexOfChild(const QAccessibleInterface* child) const override;
   QAccessibleInterface* childAt(int x, int y) const override;
+  QAccessibleInterface* focusChild() const override;
   QString text(QAccessible::Text kind) const override;
   QAccessible::Role role() const override;
   QAccessible::State state() const override;

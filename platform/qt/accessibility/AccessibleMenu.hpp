@@ -57,13 +57,6 @@ public:
     QAccessibleInterface* open = menu();
     return open && open->rect().contains(x, y) ? open : nullptr;
   }
-  // The description is the chosen title: the platform passes on the value of a numeric control
-  // only.
-  QString text(QAccessible::Text kind) const override {
-    const QString chosen =
-        kind == QAccessible::Description ? AccessibleControl::text(QAccessible::Value) : QString();
-    return chosen.isEmpty() ? AccessibleControl::text(kind) : chosen;
-  }
   QAccessible::State state() const override {
     QAccessible::State state = AccessibleControl::state();
     state.expandable = true;

@@ -64,6 +64,8 @@ QAccessible::State AccessibleNode::state() const {
       !place.widget->isVisible() || !place.rect.toAlignedRect().intersects(place.widget->rect());
   state.invisible = !place.widget->isVisible();
   addAccessibleState(state, node()->accessibility);
+  state.focusable = state.selectable;
+  state.focused = tree_.isFocusedItem(*node());
   return state;
 }
 

@@ -105,7 +105,9 @@ void AccessibleText::scrollToSubstring(int start, int end) {
 QString AccessibleText::attributes(int /*offset*/, int* start, int* end) const {
   *start = 0;
   *end = characterCount();
-  return {};
+  // The platform passes on no state for a text that was refused, but this attribute of it.
+  const bool isRefused = node() && !node()->accessibility.problem.empty();
+  return isRefused ? QStringLiteral("invalid:true;") : QString();
 }
 
 void AccessibleText::deleteText(int start, int end) { cursorOver(start, end).removeSelectedText(); }

@@ -1,8 +1,10 @@
 #include "accessibility/AccessibleTree.hpp"
 
 #include "accessibility/AccessibleNode.hpp"
+#include "accessibility/accessibleValues.hpp"
 #include "bridge/MirroredTree.hpp"
 #include "bridge/Strings.hpp"
+#include "bridge/selectedItem.hpp"
 
 #include <QWidget>
 
@@ -146,14 +148,50 @@ void AccessibleTree::announceDifference(const viewkit::PresentationNode& node,
   QAccessibleInterface* interface = interfaceOf(node);
   const bool isRenamed = before.label != now.label;
   if (isRenamed) notify(interface, QAccessible::NameChanged);
-  if (before.help != now.help) notify(interface, QAccessible::DescriptionChanged);
   if (before.value != now.value) notifyValue(interface, now.value);
+  const bool isDescribedAnew = before.value != now.value && isValueDescription(now.role);
+  if (isDescribedAnew || before.help != now.help || before.problem != now.problem)
+    notify(interface, QAccessible::DescriptionChanged);
   QAccessible::State changed;
   if (before.selected != now.selected) changed.selected = true;
   if (before.enabled != now.enabled) changed.disabled = true;
+  if (before.problem.empty() != now.problem.empty()) changed.invalid = true;
   if (before.value != now.value && now.role == viewkit::Role::toggle) changed.checked = true;
-  if (changed.selected || changed.disabled || changed.checked) notifyState(interface, changed);
+  if (changed.selected || changed.disabled || changed.checked || changed.invalid)
+    notifyState(interface, changed);
+  if (changed.selected) announceSelection(node);
   if (isRenamed && now.role == viewkit::Role::alert) notify(interface, QAccessible::Alert);
+}
+
+// The platform hears of a selection by an event of its own, and of the item that the keyboard is on
+// by a focus within the list.
+void AccessibleTree::announceSelection(const viewkit::PresentationNode& item) {
+  const viewkit::PresentationNode* list = accessibleAncestor(item);
+  if (!list || list->accessibility.role != viewkit::Role::list) return;
+  const bool isSelected = item.accessibility.selected.value_or(false);
+  notify(interfaceOf(item), isSelected ? QAccessible::Selection : QAccessible::SelectionRemove);
+  if (!isSelected) return;
+  notify(interfaceOf(*list), QAccessible::SelectionWithin);
+  if (isFocusedItem(item)) notify(interfaceOf(item), QAccessible::Focus);
+}
+
+bool AccessibleTree::isFocusedItem(const viewkit::PresentationNode& node) const {
+  if (!node.accessibility.selected.value_or(false)) return false;
+  const viewkit::PresentationNode* list = accessibleAncestor(node);
+  const QWidget* widget =
+      list && list->accessibility.role == viewkit::Role::list ? tree_.widgetOf(list->id) : nullptr;
+  return widget && widget->hasFocus();
+}
+
+QAccessibleInterface* AccessibleTree::selectedItemOf(const viewkit::PresentationNode& list) {
+  const viewkit::PresentationNode* item =
+      list.accessibility.role == viewkit::Role::list ? selectedItemBelow(list) : nullptr;
+  return item ? interfaceOf(*item) : nullptr;
+}
+
+void AccessibleTree::announceFocusIn(const viewkit::PresentationNode& list) {
+  if (!QAccessible::isActive()) return;
+  if (QAccessibleInterface* item = selectedItemOf(list)) notify(item, QAccessible::Focus);
 }
 
 void AccessibleTree::forget(viewkit::NodeId id) {

@@ -42,6 +42,13 @@ public:
   QAccessibleInterface* parentOf(const viewkit::PresentationNode& node);
   QAccessibleInterface* windowInterface() const;
 
+  // Whether the node is the selected item of the list that has the focus.
+  bool isFocusedItem(const viewkit::PresentationNode& node) const;
+  // The selected item of a list; null when there is none.
+  QAccessibleInterface* selectedItemOf(const viewkit::PresentationNode& list);
+  // Announces that the focus is on the selected item of a list. Called after the list has taken it.
+  void announceFocusIn(const viewkit::PresentationNode& list);
+
   // Announces the changes of one update. Called when the widgets show them.
   void show(const viewkit::PresentationChanges& changes);
 
@@ -57,6 +64,7 @@ private:
   void announceNew(const viewkit::PresentationNode& node);
   void announceDifference(const viewkit::PresentationNode& node,
                           const viewkit::Accessibility& before);
+  void announceSelection(const viewkit::PresentationNode& item);
   void forget(viewkit::NodeId id);
 
   MirroredTree& tree_;

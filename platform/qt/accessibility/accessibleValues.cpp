@@ -33,6 +33,8 @@ QString accessibleText(const viewkit::Accessibility& accessibility, QAccessible:
   switch (kind) {
     case QAccessible::Name: return accessibleNameOf(accessibility);
     case QAccessible::Description:
+      if (!accessibility.problem.empty()) return toQString(accessibility.problem);
+      [[fallthrough]];
     case QAccessible::Help:
       return accessibility.label.empty() || accessibility.label == accessibility.help
                  ? QString()
@@ -42,10 +44,16 @@ QString accessibleText(const viewkit::Accessibility& accessibility, QAccessible:
   }
 }
 
+bool isValueDescription(viewkit::Role role) {
+  return role == viewkit::Role::menuButton || role == viewkit::Role::colorWell ||
+         role == viewkit::Role::fontPicker;
+}
+
 void addAccessibleState(QAccessible::State& state, const viewkit::Accessibility& accessibility) {
   state.disabled = !accessibility.enabled;
   state.selectable = accessibility.selected.has_value();
   state.selected = accessibility.selected.value_or(false);
+  state.invalid = !accessibility.problem.empty();
 }
 
 }  // namespace qt

@@ -11,6 +11,9 @@ namespace qt {
 QAccessible::Role accessibleRole(viewkit::Role role);
 // Empty for kinds of text that nodes do not have.
 QString accessibleText(const viewkit::Accessibility& accessibility, QAccessible::Text kind);
+// Whether the value is told as the description, because the platform passes on the value of a
+// numeric control only.
+bool isValueDescription(viewkit::Role role);
 // Sets in `state` whether the node is disabled, selectable and selected.
 void addAccessibleState(QAccessible::State& state, const viewkit::Accessibility& accessibility);
 

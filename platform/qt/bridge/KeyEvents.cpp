@@ -14,11 +14,13 @@ struct Key {
 };
 // Qt has a key of its own for Shift+Tab. It comes last, so that the code of Tab leads to the plain
 // key.
-constexpr std::array<Key, 12> kKeys{{{Qt::Key_Down, appkit::Event::kDownArrow},
+constexpr std::array<Key, 14> kKeys{{{Qt::Key_Down, appkit::Event::kDownArrow},
                                      {Qt::Key_Up, appkit::Event::kUpArrow},
                                      {Qt::Key_Left, appkit::Event::kLeftArrow},
                                      {Qt::Key_Right, appkit::Event::kRightArrow},
                                      {Qt::Key_Escape, appkit::Event::kEscape},
+                                     {Qt::Key_Home, appkit::Event::kHome},
+                                     {Qt::Key_End, appkit::Event::kEnd},
                                      {Qt::Key_PageUp, appkit::Event::kPageUp},
                                      {Qt::Key_PageDown, appkit::Event::kPageDown},
                                      {Qt::Key_F1, appkit::Event::kF1},

@@ -25,33 +25,36 @@ QSizeF PushButton::sizeFor(const viewkit::ButtonControl& button) {
 }
 
 void PushButton::paintEvent(QPaintEvent* /*event*/) {
-  const auto* button = control<viewkit::ButtonControl>();
-  if (!button) return;
-  QPainter painter(this);
-  const QStyleOption option = styleOption();
-  const QRectF frame = rect();
+  if (const auto* button = control<viewkit::ButtonControl>())
+    draw(*this, toQString(button->title), button->symbol, styleOption());
+}
+
+void PushButton::draw(QWidget& widget, const QString& title,
+                      const std::optional<viewkit::SymbolName>& symbol,
+                      const QStyleOption& option) {
+  QPainter painter(&widget);
+  const QRectF frame = widget.rect();
+  const bool rightToLeft = widget.layoutDirection() == Qt::RightToLeft;
   Style::drawButtonSurface(painter, frame, look::kCornerRadius, option);
 
-  const QColor color = palette().color(QPalette::ButtonText);
-  const QString title = toQString(button->title);
+  const QColor color = widget.palette().color(QPalette::ButtonText);
   const qreal margin =
       title.isEmpty() ? look::pushButton::kSymbolMargin : look::pushButton::kMargin;
-  const qreal symbolWidth = button->symbol ? look::pushButton::kSymbolSize +
-                                                 (title.isEmpty() ? 0 : look::pushButton::kGap)
-                                           : 0;
-  const QFontMetricsF metrics(font());
+  const qreal symbolWidth =
+      symbol ? look::pushButton::kSymbolSize + (title.isEmpty() ? 0 : look::pushButton::kGap) : 0;
+  const QFontMetricsF metrics(widget.font());
   const QString shown = metrics.elidedText(
       title, Qt::ElideRight, frame.width() - 2 * margin - symbolWidth + look::kElisionTolerance);
   const qreal contentWidth = symbolWidth + metrics.horizontalAdvance(shown);
   QRectF content((frame.width() - contentWidth) / 2, 0, contentWidth, frame.height());
-  if (button->symbol) {
+  if (symbol) {
     QRectF place(content.left(), std::floor((frame.height() - look::pushButton::kSymbolSize) / 2),
                  look::pushButton::kSymbolSize, look::pushButton::kSymbolSize);
-    if (layoutDirection() == Qt::RightToLeft) place.moveRight(content.right());
+    if (rightToLeft) place.moveRight(content.right());
     painter.drawPixmap(
         QPointF(std::floor(place.left()), place.top()),
-        symbolPixmap(button->symbol->text(), place.size(), color, devicePixelRatioOf(painter)));
-    if (layoutDirection() == Qt::RightToLeft) {
+        symbolPixmap(symbol->text(), place.size(), color, devicePixelRatioOf(painter)));
+    if (rightToLeft) {
       content.setRight(place.left() - look::pushButton::kGap);
     } else {
       content.setLeft(place.right() + look::pushButton::kGap);
@@ -61,7 +64,7 @@ void PushButton::paintEvent(QPaintEvent* /*event*/) {
   if (!title.isEmpty())
     painter.drawText(content.adjusted(-look::kElisionTolerance, 0, look::kElisionTolerance, 0),
                      Qt::AlignCenter | Qt::TextSingleLine, shown);
-  Style::drawKeyboardFocus(painter, *this, frame);
+  Style::drawKeyboardFocus(painter, widget, frame);
 }
 
 }  // namespace qt

@@ -2,6 +2,8 @@
 
 #include "controls/ButtonWidget.hpp"
 
+#include <optional>
+
 namespace qt {
 
 // A push button with a title, a symbol, or both.
@@ -10,6 +12,9 @@ public:
   using ButtonWidget::ButtonWidget;
 
   static QSizeF sizeFor(const viewkit::ButtonControl& button);
+  // Paints a widget as a push button. The title may be empty.
+  static void draw(QWidget& widget, const QString& title,
+                   const std::optional<viewkit::SymbolName>& symbol, const QStyleOption& option);
 
 protected:
   void press() override { call(&viewkit::ButtonControl::action); }

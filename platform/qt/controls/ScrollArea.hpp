@@ -1,15 +1,12 @@
 #pragma once
 
 #include "controls/ControlWidget.hpp"
-
-#include <QVariantAnimation>
+#include "controls/Scrolling.hpp"
 
 namespace qt {
 
-class ThinScrollBar;
-
-// A viewport of content that is higher. The wheel, touch, the scroll bar and the keyboard scroll
-// it.
+// A viewport of content that is larger. A scroll area that is a list takes the focus; arrow keys
+// then select its items.
 class ScrollArea : public QWidget, public ControlWidget {
 public:
   ScrollArea(MirroredTree& tree, const viewkit::PresentationNode& node, QWidget& parent);
@@ -17,6 +14,7 @@ public:
   QWidget& widget() override { return *this; }
   bool holdsChildren() const override { return true; }
   bool isAtRest() const override;
+  bool shows(const viewkit::PresentationNode& node) const override;
   void refresh() override;
   void contentsChanged() override;
 
@@ -26,16 +24,13 @@ protected:
   void resizeEvent(QResizeEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
 private:
-  // The largest vertical offset, points.
-  double maximum() const;
-  void scrollTo(double offset);
-  // Scrolls in a short animation, or at once where the person prefers reduced motion.
-  void glideTo(double offset);
+  bool isList() const;
 
-  ThinScrollBar* bar_;
-  QVariantAnimation glide_;
+  Scrolling scrolling_;
 };
 
 }  // namespace qt

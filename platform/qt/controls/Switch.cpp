@@ -76,8 +76,10 @@ void Switch::paintEvent(QPaintEvent* /*event*/) {
 
   const QColor window = palette().color(QPalette::Window);
   const QColor label = palette().color(QPalette::Active, QPalette::WindowText);
-  const QColor off = blended(
-      window, label, underMouse() ? look::toggle::kHoveredOffStrength : look::toggle::kOffStrength);
+  const double offStrength = isHighContrast() ? look::toggle::kHighContrastOffStrength
+                             : underMouse()   ? look::toggle::kHoveredOffStrength
+                                              : look::toggle::kOffStrength;
+  const QColor off = blended(window, label, offStrength);
   QColor on = palette().color(QPalette::Active, QPalette::Highlight);
   if (underMouse()) on = blended(on, label, look::toggle::kHoveredOnStrength);
   QColor fill = blended(off, on, position);

@@ -2,7 +2,8 @@
 
 namespace qt {
 
-ThinScrollBar::ThinScrollBar(QWidget& parent) : QScrollBar(Qt::Vertical, &parent) {
+ThinScrollBar::ThinScrollBar(Qt::Orientation orientation, QWidget& parent)
+    : QScrollBar(orientation, &parent) {
   setAttribute(Qt::WA_OpaquePaintEvent, false);
   setAttribute(Qt::WA_NoSystemBackground);
   setAttribute(Qt::WA_Hover);
@@ -10,11 +11,18 @@ ThinScrollBar::ThinScrollBar(QWidget& parent) : QScrollBar(Qt::Vertical, &parent
   hide();
 }
 
-void ThinScrollBar::place() {
+void ThinScrollBar::place(int corner) {
   const QRect area = parentWidget()->rect();
-  const int width = sizeHint().width();
-  const int left = layoutDirection() == Qt::RightToLeft ? 0 : area.width() - width;
-  setGeometry(left, 0, width, area.height());
+  const bool rightToLeft = layoutDirection() == Qt::RightToLeft;
+  if (orientation() == Qt::Vertical) {
+    const int width = sizeHint().width();
+    setGeometry(rightToLeft ? 0 : area.width() - width, 0, width, area.height() - corner);
+  } else {
+    const int height = sizeHint().height();
+    // The offset grows from the leading edge.
+    setInvertedAppearance(rightToLeft);
+    setGeometry(rightToLeft ? corner : 0, area.height() - height, area.width() - corner, height);
+  }
 }
 
 }  // namespace qt

@@ -4,14 +4,14 @@
 
 namespace qt {
 
-// A scroll bar that lies over the trailing edge of the content, so that layout reserves no space
-// for it.
+// A scroll bar that lies over the trailing or the bottom edge of the content, so that layout
+// reserves no space for it.
 class ThinScrollBar : public QScrollBar {
 public:
-  explicit ThinScrollBar(QWidget& parent);
+  ThinScrollBar(Qt::Orientation orientation, QWidget& parent);
 
-  // Moves the bar to the trailing edge of its parent.
-  void place();
+  // Moves the bar to its edge of the parent. `corner` is left free at the end of the bar.
+  void place(int corner);
 };
 
 }  // namespace qt

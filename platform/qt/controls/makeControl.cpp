@@ -9,6 +9,7 @@
 #include "controls/Switch.hpp"
 #include "controls/TabBar.hpp"
 #include "controls/choosers/ColorWell.hpp"
+#include "controls/choosers/FileButton.hpp"
 #include "controls/choosers/FontPicker.hpp"
 #include "controls/menus/MenuButton.hpp"
 #include "controls/menus/MenuLabel.hpp"
@@ -28,6 +29,7 @@ public:
   ControlWidget* operator()(const viewkit::PlainButtonControl&) const {
     return make<PlainButton>();
   }
+  ControlWidget* operator()(const viewkit::FileButtonControl&) const { return make<FileButton>(); }
   ControlWidget* operator()(const viewkit::HelpButtonControl&) const { return make<HelpButton>(); }
   ControlWidget* operator()(const viewkit::FontPickerControl&) const { return make<FontPicker>(); }
   ControlWidget* operator()(const viewkit::TabBarControl&) const { return make<TabBar>(); }

@@ -7,6 +7,7 @@
 #include <QMap>
 #include <QVariantMap>
 
+#include <algorithm>
 #include <utility>
 
 namespace qt {
@@ -17,6 +18,9 @@ namespace {
 // is worse than one that opens later.
 constexpr int kFirstAnswerMilliseconds = 200;
 constexpr int kTogetherMilliseconds = 20;
+// Text of other sizes could not be read.
+constexpr double kSmallestTextScale = 0.5;
+constexpr double kLargestTextScale = 4;
 
 const QString& appearanceGroup() {
   static const QString name = QStringLiteral("org.freedesktop.appearance");
@@ -25,6 +29,20 @@ const QString& appearanceGroup() {
 const QString& interfaceGroup() {
   static const QString name = QStringLiteral("org.gnome.desktop.interface");
   return name;
+}
+
+// Three numbers from 0 to 1. Others mean that the desktop has no accent colour.
+std::optional<appkit::RGBA> colorFrom(const QVariant& value) {
+  if (!value.canConvert<QDBusArgument>()) return std::nullopt;
+  const auto argument = value.value<QDBusArgument>();
+  if (argument.currentSignature() != QLatin1String("(ddd)")) return std::nullopt;
+  appkit::RGBA color;
+  argument.beginStructure();
+  argument >> color.red >> color.green >> color.blue;
+  argument.endStructure();
+  const auto isShare = [](double part) { return part >= 0 && part <= 1; };
+  const bool isColor = isShare(color.red) && isShare(color.green) && isShare(color.blue);
+  return isColor ? std::optional(color) : std::nullopt;
 }
 
 QDBusMessage question() {
@@ -71,9 +89,15 @@ void DesktopPreferences::read(const QDBusMessage& reply) {
     case 2: appearance_ = appkit::Appearance::light; break;
     default: appearance_ = std::nullopt;
   }
-  reducedMotion_ =
-      appearance.value(QStringLiteral("reduced-motion")).toUInt() == 1 ||
-      !groups.value(interfaceGroup()).value(QStringLiteral("enable-animations"), true).toBool();
+  const bool isHigh = appearance.value(QStringLiteral("contrast")).toUInt() == 1;
+  contrast_ = isHigh ? appkit::Contrast::high : appkit::Contrast::normal;
+  accent_ = colorFrom(appearance.value(QStringLiteral("accent-color")));
+  const QVariantMap interface = groups.value(interfaceGroup());
+  reducedMotion_ = appearance.value(QStringLiteral("reduced-motion")).toUInt() == 1 ||
+                   !interface.value(QStringLiteral("enable-animations"), true).toBool();
+  fontName_ = interface.value(QStringLiteral("font-name")).toString();
+  const double scale = interface.value(QStringLiteral("text-scaling-factor"), 1.0).toDouble();
+  textScale_ = std::clamp(scale, kSmallestTextScale, kLargestTextScale);
 }
 
 }  // namespace qt

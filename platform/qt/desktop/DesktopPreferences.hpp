@@ -20,7 +20,12 @@ public:
   DesktopPreferences& operator=(const DesktopPreferences&) = delete;
 
   std::optional<appkit::Appearance> appearance() const { return appearance_; }
+  appkit::Contrast contrast() const { return contrast_; }
+  std::optional<appkit::RGBA> accent() const { return accent_; }
   bool reducedMotion() const { return reducedMotion_; }
+  // The font for interfaces, such as "Sans Bold 11"; empty when the desktop names none.
+  const QString& fontName() const { return fontName_; }
+  double textScale() const { return textScale_; }
 
 private:
   void ask();
@@ -28,7 +33,11 @@ private:
 
   std::function<void()> changed_;
   std::optional<appkit::Appearance> appearance_;
+  appkit::Contrast contrast_ = appkit::Contrast::normal;
+  std::optional<appkit::RGBA> accent_;
   bool reducedMotion_ = false;
+  QString fontName_;
+  double textScale_ = 1;
   // A new theme changes several settings at once. The timer asks for them all together.
   QTimer announced_;
 };

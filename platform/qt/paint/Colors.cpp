@@ -14,6 +14,10 @@ QColor colorOf(const appkit::Color& color) {
   return colorOf(color.resolved(appkit::Application::sharedApplication().palette()));
 }
 
+bool isHighContrast() {
+  return appkit::Application::sharedApplication().contrast() == appkit::Contrast::high;
+}
+
 QColor blended(const QColor& under, const QColor& over, qreal opacity) {
   const auto mix = [&](float a, float b) {
     return a + (b - a) * static_cast<float>(opacity * over.alphaF());

@@ -13,6 +13,8 @@ inline constexpr qreal kCornerRadius = 6;
 inline constexpr qreal kOutlineWidth = 1;
 inline constexpr double kOutlineStrength = 0.22;
 inline constexpr double kDisabledOutlineStrength = 0.12;
+// Of every outline, where the person needs strong contrast.
+inline constexpr double kHighContrastOutlineStrength = 0.75;
 inline constexpr qreal kFocusRingWidth = 2;
 // Above and below the one line of text of a control.
 inline constexpr int kControlPadding = 5;
@@ -25,6 +27,14 @@ inline constexpr double kSmallestPointSize = 10;
 inline constexpr int kOverhang = 2;
 // Text keeps its full width in a frame that is too narrow by a fraction of a point.
 inline constexpr qreal kElisionTolerance = 1;
+
+namespace window {
+// A window may be made lower than its content, but not lower than this.
+inline constexpr int kLeastHeight = 240;
+// What the window system's frame takes, until it is known.
+inline constexpr int kFrameWidth = 2;
+inline constexpr int kFrameHeight = 36;
+}  // namespace window
 
 namespace palette {
 // White blended into a dark group background.
@@ -124,6 +134,7 @@ inline constexpr int kMoveDuration = 120;
 // The label's colour blended into the background or, when the switch is on, into the accent colour.
 inline constexpr double kOffStrength = 0.26;
 inline constexpr double kHoveredOffStrength = 0.32;
+inline constexpr double kHighContrastOffStrength = 0.55;
 inline constexpr double kHoveredOnStrength = 0.1;
 inline constexpr QColor kKnob{255, 255, 255};
 // White blended into the track.
@@ -142,7 +153,9 @@ inline constexpr double kDefaultWidth = 160;
 }  // namespace field
 
 namespace selectableText {
-inline constexpr qreal kFocusRingRadius = 2;
+// Around the text, for the focus ring.
+inline constexpr int kRingSpace = 4;
+inline constexpr qreal kFocusRingRadius = 3;
 }  // namespace selectableText
 
 namespace tabBar {
@@ -168,9 +181,10 @@ inline constexpr double kLineHeight = 20;
 }  // namespace scrollArea
 
 namespace scrollBar {
-inline constexpr int kExtent = 12;
-inline constexpr qreal kThickness = 6;
-inline constexpr qreal kHoveredThickness = 8;
+// Content has a margin of ten points: the slider leaves a distance to it, hovered too.
+inline constexpr int kExtent = 10;
+inline constexpr qreal kThickness = 4;
+inline constexpr qreal kHoveredThickness = 6;
 // Between the slider and the edges of the bar.
 inline constexpr int kEdge = 2;
 inline constexpr int kShortestSlider = 24;

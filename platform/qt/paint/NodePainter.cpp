@@ -137,6 +137,7 @@ void NodePainter::draw(const viewkit::ShapeVisual& shape, const QRectF& frame) {
   }
   drawRoundedRect(painter_, snapped(frame),
                   {.radius = shape.cornerRadius,
+                   .isContinuous = shape.cornerStyle == viewkit::CornerStyle::continuous,
                    .fill = paint(shape.fill),
                    .border = paint(shape.border),
                    .borderWidth = shape.borderWidth});

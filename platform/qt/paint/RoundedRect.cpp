@@ -3,6 +3,7 @@
 #include "paint/Cache.hpp"
 
 #include <QPainter>
+#include <QPainterPath>
 #include <QPixmap>
 
 #include <algorithm>
@@ -12,8 +13,14 @@ namespace qt {
 
 namespace {
 
+// A continuous corner begins this many radii before the edges meet, and its middle lies where that
+// of a circular corner does.
+constexpr qreal kContinuousExtent = 1.4;
+constexpr qreal kContinuousPull = 0.7754;
+
 struct Key {
   qreal radius;
+  bool isContinuous;
   qreal borderWidth;
   QRgb fill;
   QRgb border;
@@ -21,7 +28,7 @@ struct Key {
 
   friend bool operator==(const Key&, const Key&) = default;
   friend std::size_t qHash(const Key& key, std::size_t seed = 0) {
-    return qHashMulti(seed, key.radius, key.borderWidth, key.fill, key.border,
+    return qHashMulti(seed, key.radius, key.isContinuous, key.borderWidth, key.fill, key.border,
                       key.devicePixelRatio);
   }
 };
@@ -34,12 +41,37 @@ bool hasBorder(const RoundedRect& shape) { return shape.border.isValid() && shap
 // antialiased edge.
 bool hidesFill(const RoundedRect& shape) { return hasBorder(shape) && shape.border.alpha() == 255; }
 
+QPainterPath continuousPath(const QRectF& frame, qreal radius) {
+  const qreal extent =
+      std::min({radius * kContinuousExtent, frame.width() / 2, frame.height() / 2});
+  const qreal rest = extent * (1 - kContinuousPull);
+  const qreal left = frame.left();
+  const qreal top = frame.top();
+  const qreal right = frame.right();
+  const qreal bottom = frame.bottom();
+  QPainterPath path(QPointF(left + extent, top));
+  path.lineTo(right - extent, top);
+  path.cubicTo(right - rest, top, right, top + rest, right, top + extent);
+  path.lineTo(right, bottom - extent);
+  path.cubicTo(right, bottom - rest, right - rest, bottom, right - extent, bottom);
+  path.lineTo(left + extent, bottom);
+  path.cubicTo(left + rest, bottom, left, bottom - rest, left, bottom - extent);
+  path.lineTo(left, top + extent);
+  path.cubicTo(left, top + rest, left + rest, top, left + extent, top);
+  return path;
+}
+
 void drawAsPath(QPainter& painter, const QRectF& frame, const RoundedRect& shape) {
   painter.setRenderHint(QPainter::Antialiasing);
   const qreal middle = shape.borderWidth / 2;
   const auto draw = [&](qreal inset) {
     const qreal radius = std::max(0.0, shape.radius - inset);
-    painter.drawRoundedRect(frame.adjusted(inset, inset, -inset, -inset), radius, radius);
+    const QRectF outline = frame.adjusted(inset, inset, -inset, -inset);
+    if (shape.isContinuous) {
+      painter.drawPath(continuousPath(outline, radius));
+    } else {
+      painter.drawRoundedRect(outline, radius, radius);
+    }
   };
   if (shape.fill.isValid()) {
     painter.setPen(Qt::NoPen);
@@ -56,8 +88,8 @@ void drawAsPath(QPainter& painter, const QRectF& frame, const RoundedRect& shape
 
 // The four corners as one square pixmap.
 QPixmap cornersOf(const RoundedRect& shape, int corner, qreal devicePixelRatio) {
-  const Key key{shape.radius, shape.borderWidth, rgbaOf(shape.fill), rgbaOf(shape.border),
-                devicePixelRatio};
+  const Key key{shape.radius,       shape.isContinuous,   shape.borderWidth,
+                rgbaOf(shape.fill), rgbaOf(shape.border), devicePixelRatio};
   return cached<QPixmap, 256>(key, [&] {
     const QSize size(2 * corner, 2 * corner);
     QPixmap pixmap(size * devicePixelRatio);
@@ -134,7 +166,8 @@ void drawBetweenCorners(QPainter& painter, const QRectF& frame, const RoundedRec
 }  // namespace
 
 void drawRoundedRect(QPainter& painter, const QRectF& frame, const RoundedRect& shape) {
-  const int corner = static_cast<int>(std::ceil(std::max(shape.radius, shape.borderWidth)));
+  const qreal extent = shape.isContinuous ? shape.radius * kContinuousExtent : shape.radius;
+  const int corner = static_cast<int>(std::ceil(std::max(extent, shape.borderWidth)));
   const bool hasRoom = frame.width() >= 2 * corner && frame.height() >= 2 * corner;
   painter.save();
   if (hasRoom && isOnPixels(painter, frame, shape.borderWidth)) {

@@ -11,6 +11,9 @@ namespace qt {
 struct RoundedRect {
   // Of the outer edge.
   qreal radius = 0;
+  // Whether the curvature of the corners grows and shrinks gradually, instead of being that of a
+  // circle.
+  bool isContinuous = false;
   // Invalid for none.
   QColor fill = {};
   QColor border = {};

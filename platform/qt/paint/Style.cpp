@@ -20,6 +20,7 @@ namespace qt {
 namespace {
 
 QColor outline(const QPalette& palette, qreal strength) {
+  if (isHighContrast()) strength = look::kHighContrastOutlineStrength;
   return blended(palette.color(QPalette::Window), palette.color(QPalette::WindowText), strength);
 }
 
@@ -59,6 +60,13 @@ void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar) {
                   : isActive ? look::scrollBar::kHoveredOpacity
                              : look::scrollBar::kOpacity);
   drawRoundedRect(painter, handle, {.radius = thickness / 2, .fill = color});
+}
+
+void drawRing(QPainter& painter, const QRectF& frame, qreal radius, const QColor& color) {
+  drawRoundedRect(painter, frame,
+                  {.radius = radius + look::kFocusRingWidth / 2,
+                   .border = color,
+                   .borderWidth = look::kFocusRingWidth});
 }
 
 // Draws the double arrow at the trailing edge of the area.
@@ -162,10 +170,12 @@ QSizeF Style::choiceButtonSize(qreal contentWidth, qreal margin, qreal gap) {
 
 void Style::drawFocusRing(QPainter& painter, const QRectF& frame, qreal radius,
                           const QPalette& palette) {
-  drawRoundedRect(painter, frame,
-                  {.radius = radius + look::kFocusRingWidth / 2,
-                   .border = palette.color(QPalette::Highlight),
-                   .borderWidth = look::kFocusRingWidth});
+  drawRing(painter, frame, radius, palette.color(QPalette::Highlight));
+}
+
+void Style::drawProblemRing(QPainter& painter, const QRectF& frame, qreal radius,
+                            const QPalette& palette) {
+  drawRing(painter, frame, radius, palette.color(QPalette::Active, QPalette::BrightText));
 }
 
 void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,

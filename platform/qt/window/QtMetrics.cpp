@@ -5,6 +5,7 @@
 #include "controls/Switch.hpp"
 #include "controls/TabBar.hpp"
 #include "controls/choosers/ColorWell.hpp"
+#include "controls/choosers/FileButton.hpp"
 #include "controls/choosers/FontPicker.hpp"
 #include "controls/menus/MenuButton.hpp"
 #include "controls/text/TextField.hpp"
@@ -33,6 +34,9 @@ public:
 
   viewkit::Size operator()(const viewkit::ButtonControl& button) const {
     return within(PushButton::sizeFor(button), proposal_);
+  }
+  viewkit::Size operator()(const viewkit::FileButtonControl& button) const {
+    return within(FileButton::sizeFor(button), proposal_);
   }
   viewkit::Size operator()(const viewkit::HelpButtonControl&) const {
     return sizeFrom(HelpButton::sizeFor());

@@ -2,6 +2,7 @@
 
 #include "QEVSettings/preferences/HostIdentity.hpp"
 #include "accessibility/makeAccessible.hpp"
+#include "desktop/fontNamed.hpp"
 #include "foundation/MainQueue.hpp"
 #include "paint/Colors.hpp"
 #include "paint/Look.hpp"
@@ -13,6 +14,7 @@
 #include <QThread>
 #include <QToolTip>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -24,16 +26,6 @@ appkit::Appearance appearanceOf(const QPalette& palette) {
   const bool dark = palette.color(QPalette::Window).lightnessF() <
                     palette.color(QPalette::WindowText).lightnessF();
   return dark ? appkit::Appearance::dark : appkit::Appearance::light;
-}
-
-void setOwnStyleAndFonts() {
-  QApplication::setStyle(new Style);
-  QFont font = QApplication::font();
-  if (font.pointSizeF() < look::kSmallestPointSize) font.setPointSizeF(look::kSmallestPointSize);
-  // Without hinting, text has the same width at every scale.
-  font.setHintingPreference(QFont::PreferNoHinting);
-  QApplication::setFont(font);
-  QToolTip::setFont(font);
 }
 
 // Widgets are deleted after the runtime, the application's children after all widgets.
@@ -94,13 +86,11 @@ Runtime::Runtime(Origin origin, bool followsDesktop) : application_(qApp), origi
   hostPalette_ = QApplication::palette();
   // The palette tells what the desktop prefers only until we set colours of our own.
   ownAppearance_ = appearanceOf(hostPalette_);
+  ownFont_ = QApplication::font();
+  if (origin == Origin::owned) QApplication::setStyle(new Style);
   if (followsDesktop) desktop_ = std::make_unique<DesktopPreferences>([this] { followDesktop(); });
   followDesktop();
-  if (origin == Origin::owned) {
-    setOwnStyleAndFonts();
-  } else {
-    widgetStyle_ = styleForWidgets();
-  }
+  if (origin == Origin::adopted) widgetStyle_ = styleForWidgets();
 
   QAccessible::installFactory(makeAccessible);
   shared.setFontCatalog(std::make_shared<QtFontCatalog>());
@@ -140,7 +130,24 @@ bool Runtime::eventFilter(QObject* watched, QEvent* event) {
 
 void Runtime::followDesktop() {
   const auto wanted = desktop_ ? desktop_->appearance() : std::nullopt;
-  appkit::Application::sharedApplication().setSystemAppearance(wanted.value_or(ownAppearance_));
+  auto& shared = appkit::Application::sharedApplication();
+  shared.setSystemAppearance(wanted.value_or(ownAppearance_));
+  shared.setSystemContrast(desktop_ ? desktop_->contrast() : appkit::Contrast::normal);
+  shared.setSystemAccent(desktop_ ? desktop_->accent() : std::nullopt);
+  if (origin_ == Origin::owned) applyFont();
+}
+
+// Windows hear of the new font as their widgets do.
+void Runtime::applyFont() {
+  QFont font = ownFont_;
+  if (desktop_) font = fontNamed(desktop_->fontName(), font);
+  const double size = std::max(font.pointSizeF(), look::kSmallestPointSize);
+  font.setPointSizeF(size * (desktop_ ? desktop_->textScale() : 1));
+  // Without hinting, text has the same width at every scale.
+  font.setHintingPreference(QFont::PreferNoHinting);
+  if (font == QApplication::font()) return;
+  QApplication::setFont(font);
+  QToolTip::setFont(font);
 }
 
 void Runtime::applyAppearance() {

@@ -6,6 +6,7 @@
 #include "window/KeyMonitors.hpp"
 
 #include <QApplication>
+#include <QFont>
 #include <QPalette>
 #include <QPointer>
 #include <QTimer>
@@ -44,6 +45,7 @@ public:
 
 private:
   void followDesktop();
+  void applyFont();
   void applyAppearance();
   void platformChanged();
   void wake();
@@ -55,6 +57,8 @@ private:
   QStyle* widgetStyle_ = nullptr;  // the application's child
   // The appearance of the platform's palette, used where there is no portal.
   appkit::Appearance ownAppearance_ = appkit::Appearance::light;
+  // The platform's font, before the desktop's preferences are applied.
+  QFont ownFont_;
   QPalette hostPalette_;
   bool hostHasPalette_ = false;
   QPalette ownPalette_;

@@ -8,6 +8,7 @@
 #include "controls/makeControl.hpp"
 #include "foundation/Files.hpp"
 #include "foundation/MainQueue.hpp"
+#include "paint/Look.hpp"
 #include "viewkit/KeyRouter.hpp"
 
 #include <QApplication>
@@ -16,8 +17,11 @@
 #include <QImage>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QToolTip>
+#include <QWheelEvent>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <utility>
@@ -43,7 +47,10 @@ const viewkit::PresentationNode* tooltipAt(const viewkit::PresentationNode& node
 }  // namespace
 
 WindowWidget::WindowWidget(Window& window, WindowOptions options)
-    : window_(window), preferredSize_(QSizeF(options.size.width, options.size.height).toSize()) {
+    : window_(window),
+      preferredSize_(QSizeF(options.size.width, options.size.height).toSize()),
+      scrolling_(*this, {.control = [this] { return scrolledRoot(); },
+                         .host = [this]() -> viewkit::ViewHost& { return *host_; }}) {
   if (QStyle* const style = runtime_->widgetStyle()) setStyle(style);
   const auto& environment = options.environment;
   const bool rightToLeft = environment.layoutDirection == viewkit::LayoutDirection::rightToLeft;
@@ -107,6 +114,8 @@ void WindowWidget::endViews() {
 
 void WindowWidget::present(const viewkit::PresentationChanges& changes) {
   mirror_->show(changes);
+  scrolling_.refresh();
+  scrolling_.raiseBars();
   accessibles_->show(changes);
   if (host_->isAnimating() && !frames_.isActive()) {
     sinceFrame_.start();
@@ -135,16 +144,37 @@ void WindowWidget::fit() {
   const double lowest = std::ceil(host_->sizeThatFits({.width = across, .height = 0}).height);
   const QSize needed(static_cast<int>(least), static_cast<int>(lowest));
   if (needed == fitted_) return;
-  const bool wasFitting = height() <= fitted_.height() || !fitted_.isValid();
+  const bool isFirst = !fitted_.isValid();
+  const bool isAsFitted = isFirst || height() == fittedHeight_;
+  const bool isLower = !isFirst && height() < fittedHeight_;
   const bool isRigid =
       host_->sizeThatFits({.width = across, .height = viewkit::kUnlimited}).height <= lowest;
   fitted_ = needed;
-  setMinimumSize(needed);
-  const int high = wasFitting && isRigid ? needed.height() : std::max(height(), needed.height());
-  const QSize size(std::max(width(), needed.width()), high);
+  const QSize room = this->room();
+  setMinimumSize(std::min(needed.width(), room.width()),
+                 std::min({needed.height(), look::window::kLeastHeight, room.height()}));
+  // A window that the person made lower stays as it is.
+  const int wanted = isAsFitted && isRigid ? needed.height()
+                     : isLower             ? height()
+                                           : std::max(height(), needed.height());
+  fittedHeight_ = std::min(wanted, room.height());
+  const QSize size(std::min(std::max(width(), needed.width()), room.width()), fittedHeight_);
+  if (isLower) fittedHeight_ = std::min(needed.height(), room.height());
   // Inside a window of the host, the host decides the size.
   if (isWindow() && size != this->size()) resize(size);
   host_->setSize({double(width()), double(height())});
+}
+
+QSize WindowWidget::room() const {
+  if (!isWindow()) return {QWIDGETSIZE_MAX, QWIDGETSIZE_MAX};
+  const QSize frame = (frameGeometry().size() - size())
+                          .expandedTo({look::window::kFrameWidth, look::window::kFrameHeight});
+  return screen()->availableGeometry().size() - frame;
+}
+
+const viewkit::ScrollControl* WindowWidget::scrolledRoot() const {
+  const viewkit::Control* control = host_ ? host_->presentation().control() : nullptr;
+  return control ? std::get_if<viewkit::ScrollControl>(control) : nullptr;
 }
 
 ControlWidget* WindowWidget::focusedControl() const {
@@ -167,10 +197,19 @@ void WindowWidget::clearFocusAndCommit() {
 void WindowWidget::revealFocus(const QWidget* focused) {
   if (!mirror_ || !focused || !isAncestorOf(focused)) return;
   const ControlWidget* control = mirror_->controlAround(focused);
-  if (control && control->node()) host_->reveal(control->node()->id);
+  if (!control || !control->node()) return;
+  host_->reveal(control->node()->id);
+  // Qt announces the focus of the list itself after this.
+  QMetaObject::invokeMethod(
+      this,
+      [this, id = control->node()->id] {
+        const viewkit::PresentationNode* node = host_ ? host_->node(id) : nullptr;
+        if (node) accessibles_->announceFocusIn(*node);
+      },
+      Qt::QueuedConnection);
 }
 
-QSize WindowWidget::sizeHint() const { return preferredSize_.expandedTo(minimumSize()); }
+QSize WindowWidget::sizeHint() const { return preferredSize_.expandedTo(fitted_); }
 
 bool WindowWidget::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::ActivationChange && watched == window()) noteActivation();
@@ -200,7 +239,7 @@ bool WindowWidget::routeKey(const QKeyEvent& press) {
 }
 
 bool WindowWidget::event(QEvent* event) {
-  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  if (event->type() != QEvent::ToolTip) return scrolling_.touch(*event) || QWidget::event(event);
   const auto* help = static_cast<QHelpEvent*>(event);
   if (!showTooltip(help->pos(), help->globalPos())) event->ignore();
   return true;
@@ -249,7 +288,20 @@ void WindowWidget::resizeEvent(QResizeEvent* event) {
   if (!host_) return;
   host_->setSize({double(width()), double(height())});
   host_->update();
+  scrolling_.refresh();
 }
+
+// Texts have other sizes in another font.
+void WindowWidget::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() != QEvent::FontChange || !host_) return;
+  host_->setEnvironment(host_->environment());
+  fitLater();
+}
+
+void WindowWidget::wheelEvent(QWheelEvent* event) { event->setAccepted(scrolling_.wheel(*event)); }
+
+void WindowWidget::keyPressEvent(QKeyEvent* event) { event->setAccepted(scrolling_.key(*event)); }
 
 // In a window of the host's, that one may have been active before.
 void WindowWidget::showEvent(QShowEvent* event) {

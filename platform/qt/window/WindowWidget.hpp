@@ -2,6 +2,7 @@
 
 #include "accessibility/AccessibleRoot.hpp"
 #include "accessibility/AccessibleTree.hpp"
+#include "controls/Scrolling.hpp"
 #include "foundation/ObservableObject.hpp"
 #include "mirror/Mirror.hpp"
 #include "qt/Window.hpp"
@@ -58,12 +59,19 @@ protected:
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void leaveEvent(QEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
 private:
   void present(const viewkit::PresentationChanges& changes);
-  // Makes the window at least as large as its root view needs.
+  // Makes the window as large as its root view needs, where the screen has room for it.
   void fit();
+  // The largest size that the screen has room for.
+  QSize room() const;
   void fitLater();
+  // Null while the whole root view is in sight.
+  const viewkit::ScrollControl* scrolledRoot() const;
   void stepAnimations();
   void endViews();
   void noteActivation();
@@ -87,8 +95,11 @@ private:
   foundation::Subscription appearance_;
   QTimer frames_;
   QElapsedTimer sinceFrame_;
-  // The smallest size of the root view at the last `fit`.
+  // Scrolls a root view that is larger than the window.
+  Scrolling scrolling_;
+  // The smallest size of the root view at the last `fit`, and the height that it gave the window.
   QSize fitted_;
+  int fittedHeight_ = 0;
   bool fitPending_ = false;
   std::optional<QPoint> pressedAt_;
 };

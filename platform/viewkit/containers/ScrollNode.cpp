@@ -1,6 +1,7 @@
 #include "containers/ScrollNode.hpp"
 
 #include "tree/ModifierNode.hpp"
+#include "tree/ScrollOffset.hpp"
 #include "viewkit/ScrollView.hpp"
 
 #include <algorithm>
@@ -31,39 +32,52 @@ std::unique_ptr<Node> ScrollContentValue::makeNode() const {
   return std::make_unique<ScrollContentNode>();
 }
 
+// The height of a scroll view.
+enum class Height { proposed, ofContentUpToProposed };
+
 class ScrollValue final : public ViewValue {
 public:
-  ScrollValue(const ScrollViewOptions& options, const View& content)
-      : options(options), content(std::make_shared<const ScrollContentValue>(content)) {}
+  ScrollValue(Height height, ScrollViewOptions options, const View& content)
+      : height(height),
+        options(std::move(options)),
+        content(std::make_shared<const ScrollContentValue>(content)) {}
 
   std::unique_ptr<Node> makeNode() const override { return std::make_unique<ScrollNode>(); }
   std::string kind() const override { return "ScrollView"; }
 
+  const Height height;
   const ScrollViewOptions options;
   const View content;
 };
 
+bool isSizedByContent(const ScrollValue& value) {
+  return value.height == Height::ofContentUpToProposed;
+}
+
 }  // namespace
 
 void ScrollNode::apply(const ViewValue* before) {
+  static_cast<void>(before);
   present().setClipRadius(0);
   reconcile(content_, valueAs<ScrollValue>().content, inheritedByChildren());
-  present().setAccessibility({.role = Role::scrollArea});
-  if (!before || static_cast<const ScrollValue*>(before)->options.showsIndicators !=
-                     valueAs<ScrollValue>().options.showsIndicators) {
-    showOffset();
-  }
+  showOffset();
 }
 
 Measurement ScrollNode::measure(const ProposedSize& proposal) {
-  const Measurement content = content_->measured({proposal.width, std::nullopt});
-  return {{content.size.width, proposal.height.value_or(content.size.height)}};
+  if (!isSizedByContent(valueAs<ScrollValue>())) {
+    const Measurement content = content_->measured({proposal.width, std::nullopt});
+    return {{content.size.width, proposal.height.value_or(content.size.height)}};
+  }
+  Measurement content = content_->measured(proposal);
+  if (proposal.height) content.size.height = std::min(content.size.height, *proposal.height);
+  return content;
 }
 
 void ScrollNode::placeChildren() {
-  contentSize_ = content_->sizeThatFits({size().width, std::nullopt});
-  // Content that is smaller than the view is not scrolled.
-  offset_ = clamped(offset_);
+  const bool isSized = isSizedByContent(valueAs<ScrollValue>());
+  contentSize_ =
+      content_->sizeThatFits({size().width, isSized ? std::optional(size().height) : std::nullopt});
+  offset_ = clampedOffset(offset_, contentSize_, size());
   placeChild(*content_, Point{} - offset_, contentSize_);
   // NOLINTNEXTLINE(modernize-loop-convert): placing rows may make lists within them
   for (std::size_t i = 0; i < dependents_.size(); ++i) dependents_[i]->placeAgain();
@@ -71,17 +85,19 @@ void ScrollNode::placeChildren() {
 }
 
 void ScrollNode::showOffset() {
+  const auto& value = valueAs<ScrollValue>();
   present().setContent(Control(ScrollControl{
       .contentSize = contentSize_,
       .offset = offset_,
-      .showsIndicators = valueAs<ScrollValue>().options.showsIndicators,
+      .showsIndicators = value.options.showsIndicators,
       .scroll = [this](Point offset) { scrollTo(offset); },
+      .list = value.options.list,
   }));
-}
-
-Point ScrollNode::clamped(Point offset) const {
-  return {std::clamp(offset.x, 0.0, std::max(0.0, contentSize_.width - size().width)),
-          std::clamp(offset.y, 0.0, std::max(0.0, contentSize_.height - size().height))};
+  // Content that is shown whole is not scrolled, so there is nothing to tell.
+  const bool isWhole = isSizedByContent(value) && contentSize_.height <= size().height;
+  present().setAccessibility({.role = value.options.list ? Role::list
+                                      : isWhole          ? Role::none
+                                                         : Role::scrollArea});
 }
 
 void ScrollNode::scrollTo(Point offset) {
@@ -92,18 +108,18 @@ void ScrollNode::scrollTo(Point offset) {
 }
 
 bool ScrollNode::reveal(const Rect& rect) {
-  const auto nearest = [](double offset, double length, double start, double end) {
-    if (start < offset || end - start > length) return start;
-    return end > offset + length ? end - length : offset;
-  };
   const Point before = offset_;
-  scrollTo(clamped({nearest(offset_.x, size().width, rect.origin.x, rect.maxX()),
-                    nearest(offset_.y, size().height, rect.origin.y, rect.maxY())}));
+  scrollTo(clampedOffset(revealingOffset(offset_, rect, size()), contentSize_, size()));
   return offset_ != before;
 }
 
 View ScrollView(const ScrollViewOptions& options, const View& content) {
-  return View(std::make_shared<const ScrollValue>(options, content));
+  return View(std::make_shared<const ScrollValue>(Height::proposed, options, content));
+}
+
+View scrollingWhereTooHigh(const View& content) {
+  return View(std::make_shared<const ScrollValue>(Height::ofContentUpToProposed,
+                                                  ScrollViewOptions{}, content));
 }
 
 }  // namespace viewkit

@@ -28,7 +28,6 @@ protected:
 
 private:
   void showOffset();
-  Point clamped(Point offset) const;
 
   // Declared before the content, whose nodes take themselves off the list when they are destroyed.
   std::vector<Node*> dependents_;

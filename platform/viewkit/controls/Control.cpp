@@ -8,6 +8,7 @@ bool alike(const ButtonControl& a, const ButtonControl& b) {
   return a.title == b.title && a.symbol == b.symbol;
 }
 bool alike(const PlainButtonControl&, const PlainButtonControl&) { return true; }
+bool alike(const FileButtonControl& a, const FileButtonControl& b) { return a.title == b.title; }
 bool alike(const HelpButtonControl&, const HelpButtonControl&) { return true; }
 bool alike(const FontPickerControl& a, const FontPickerControl& b) {
   return a.title == b.title && a.font == b.font;
@@ -33,8 +34,9 @@ bool alike(const SelectableTextControl& a, const SelectableTextControl& b) {
   return a.text == b.text;
 }
 bool alike(const ScrollControl& a, const ScrollControl& b) {
+  const bool areListsAlike = a.list && b.list ? a.list->isLike(*b.list) : !a.list && !b.list;
   return a.contentSize == b.contentSize && a.offset == b.offset &&
-         a.showsIndicators == b.showsIndicators;
+         a.showsIndicators == b.showsIndicators && areListsAlike;
 }
 
 }  // namespace

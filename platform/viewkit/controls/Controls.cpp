@@ -57,6 +57,16 @@ View HelpButton(std::function<void()> action) {
                      {.role = Role::helpButton, .pressable = true});
 }
 
+View FileButton(std::string title, const Binding<std::string>& path) {
+  Accessibility accessibility{.role = Role::button, .label = title, .pressable = true};
+  return makeControl(
+      "FileButton",
+      FileButtonControl{.title = std::move(title),
+                        .path = [path] { return path.get(); },
+                        .choose = [path](std::string picked) { path.set(std::move(picked)); }},
+      std::move(accessibility));
+}
+
 View FontChooser(std::string title, const Binding<appkit::Font>& selection) {
   appkit::Font font = selection.get();
   Accessibility accessibility{
@@ -108,8 +118,10 @@ View Menu(const View& label, std::string value, std::function<std::vector<MenuIt
 View TextField(const TextFieldOptions& options, const Binding<std::string>& text,
                std::function<void()> onCommit) {
   std::string typed = text.get();
-  Accessibility accessibility{
-      .role = Role::textField, .label = options.placeholder, .value = typed};
+  Accessibility accessibility{.role = Role::textField,
+                              .label = options.placeholder,
+                              .value = typed,
+                              .problem = options.problem};
   return makeTextField({.text = std::move(typed),
                         .placeholder = options.placeholder,
                         .lineLimit = options.lineLimit,

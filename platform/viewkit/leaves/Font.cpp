@@ -13,7 +13,7 @@ double Font::pointSize(double bodySize) const {
     case Style::caption2: return scaled(0.8);
     case Style::title: return scaled(1.7);
     case Style::title3: return scaled(1.25);
-    case Style::system: return chosen_ ? chosen_->pointSize : pointSize_;
+    case Style::system: return chosen_ ? chosen_->pointSize : bodySize * pointSize_ / kBodySize;
   }
   return bodySize;
 }

@@ -44,6 +44,7 @@ std::unique_ptr<Node> ShapeValue::makeNode() const { return std::make_unique<Sha
 RoundedRectangle::operator View() const {
   return View(std::make_shared<const ShapeValue>(ShapeVisual{
       .cornerRadius = cornerRadius_,
+      .cornerStyle = cornerStyle_,
       .fill = fill_,
       .border = border_,
       .borderWidth = borderWidth_,

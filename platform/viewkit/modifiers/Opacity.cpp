@@ -1,3 +1,4 @@
+#include "tree/FadesOut.hpp"
 #include "tree/ModifierNode.hpp"
 #include "tree/NodeServices.hpp"
 
@@ -36,7 +37,7 @@ public:
   std::string kind() const override { return "OpacityTransition"; }
 };
 
-class OpacityTransitionNode final : public ModifierNode {
+class OpacityTransitionNode final : public ModifierNode, public FadesOut {
 protected:
   void apply(const ViewValue* before) override {
     present();

@@ -2,6 +2,7 @@
 
 #include "foundation/ScopedFlag.hpp"
 #include "passes/Present.hpp"
+#include "tree/FadesOut.hpp"
 #include "viewkit/Animation.hpp"
 
 #include <algorithm>
@@ -18,6 +19,17 @@ bool withinAnimation = false;
 double progress(double seconds) {
   const double t = std::clamp(seconds / kDefaultAnimationDuration.count(), 0.0, 1.0);
   return t * t * (3 - 2 * t);
+}
+
+// The presentations that fade when the node is removed: all within an animation, else those alone
+// that always fade.
+void collectLeaving(Node& node, bool isAnimated, std::vector<Presented*>& into) {
+  const bool fades = isAnimated || dynamic_cast<const FadesOut*>(&node);
+  if (node.presented()) {
+    if (fades) into.push_back(node.presented());
+    return;
+  }
+  node.visitShownChildren([&](Node& child) { collectLeaving(child, fades, into); });
 }
 
 bool isOver(double seconds) { return seconds >= kDefaultAnimationDuration.count(); }
@@ -45,14 +57,10 @@ void AnimationPass::childInserted(Node& child) {
 }
 
 void AnimationPass::childRemoved(Node& child, Node& presenting, const PresentPass& present) {
-  if (!isAnimated_ || reducedMotion_ || !child.isActive()) return;
+  if (reducedMotion_ || !child.isActive()) return;
   FadeOut out{.presenting = &presenting, .pictures = {}};
   std::vector<Presented*> leaving;
-  if (child.presented()) {
-    leaving.push_back(child.presented());
-  } else {
-    collectPresented(child, leaving);
-  }
+  collectLeaving(child, isAnimated_, leaving);
   for (const Presented* each : leaving) {
     if (each->screen.isShown) takePicture(out, *each, &presenting.presented()->node, present);
   }

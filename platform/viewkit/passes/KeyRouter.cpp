@@ -105,6 +105,18 @@ KeyOutcome routeKey(ViewHost& host, const Event& press, NodeId focused) {
   return KeyOutcome::passedOn;
 }
 
+std::optional<int> itemSelectedBy(const ListItems& list, const Event& press) {
+  if (!list.select || list.count == 0 || press.modifiers != Event::none) return std::nullopt;
+  const int last = list.count - 1;
+  switch (press.keyCode) {
+    case Event::kDownArrow: return std::min(list.selected + 1, last);
+    case Event::kUpArrow: return std::max(list.selected - 1, 0);
+    case Event::kHome: return 0;
+    case Event::kEnd: return last;
+    default: return std::nullopt;
+  }
+}
+
 bool opensMenu(const Event& press) {
   if (press.keyCode == Event::kDownArrow) return press.modifiers == Event::option;
   if (press.modifiers != Event::none) return false;

@@ -104,6 +104,7 @@ std::string describe(const ImageVisual& visual) {
 std::string describe(const ShapeVisual& visual) {
   std::string text = "shape";
   if (visual.cornerRadius != 0) text += " radius " + number(visual.cornerRadius);
+  if (visual.cornerStyle == CornerStyle::continuous) text += " continuous";
   if (!visual.fill.isClear()) text += " fill " + describe(visual.fill);
   if (visual.borderWidth != 0 && !visual.border.isClear())
     text += " border " + number(visual.borderWidth) + " " + describe(visual.border);
@@ -115,6 +116,8 @@ std::string describe(const ButtonControl& button) {
 }
 
 std::string describe(const PlainButtonControl& /*button*/) { return "plain"; }
+
+std::string describe(const FileButtonControl& /*button*/) { return "of a file"; }
 
 std::string describe(const HelpButtonControl& /*button*/) { return {}; }
 
@@ -169,6 +172,9 @@ std::string describe(const Control& control) {
 }  // namespace
 
 std::string describeVisual(const PresentationNode& node) {
+  const bool isScrolling = node.control() && std::holds_alternative<ScrollControl>(*node.control());
+  // Its content is shown whole.
+  if (isScrolling && node.parent && node.accessibility.role == Role::none) return {};
   std::string text =
       std::visit([](const auto& content) { return describe(content); }, node.content);
   const auto append = [&text](const std::string& part) {

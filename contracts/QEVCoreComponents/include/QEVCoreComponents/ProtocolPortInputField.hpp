@@ -27,6 +27,7 @@ struct ProtocolPortInputField {
   viewkit::Binding<std::optional<std::string>> helperText;
   // Has no effect: fields of this toolkit correct nothing by themselves.
   bool disableAutocorrection = true;
+  // Has no effect: fields of this toolkit draw their own outline, in red around a refused text.
   QEVCommonTools::RoundedBorderStyle borderStyle = QEVCommonTools::RoundedBorderStyle::line;
   // The number of lines that the field may grow to.
   int lineLimit = 1;
@@ -40,6 +41,7 @@ struct ProtocolPortInputField {
 
 private:
   viewkit::View field() const;
+  std::string label(const std::string& placeholder) const;
 };
 
 }  // namespace QEVCoreComponents

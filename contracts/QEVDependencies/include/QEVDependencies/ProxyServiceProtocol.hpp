@@ -13,7 +13,7 @@ namespace QEVDependencies {
 class ProxyServiceProtocol : public foundation::ObservableObject {
 public:
   // A setting of the page.
-  enum class Setting { enabled, listeningAddress, upstream, interceptsTLS };
+  enum class Setting { enabled, listeningAddress, upstream, interceptsTLS, certificatePath };
 
   // Whether an administrator has locked the setting, so that the page must not change it.
   virtual bool isManaged(Setting) const { return false; }
@@ -39,6 +39,7 @@ public:
 
   // The file of the certificate that applications must trust, once there is one.
   virtual std::optional<std::string> certificatePath() const = 0;
+  virtual void setCertificatePath(std::optional<std::string> path) = 0;
 };
 
 }  // namespace QEVDependencies

@@ -13,6 +13,7 @@ namespace appkit {
 class Window;
 
 enum class Appearance { light, dark };
+enum class Contrast { normal, high };
 
 // The running application: what all of its windows share. Main thread.
 class Application {
@@ -25,12 +26,17 @@ public:
 
   // What the desktop prefers, as the back end reports it.
   void setSystemAppearance(Appearance appearance);
+  void setSystemContrast(Contrast contrast);
+  // A colour in place of the application's own accent colour. It is made lighter or darker where
+  // text in it could not be read.
+  void setSystemAccent(std::optional<RGBA> accent);
 
   // What is in force: the application's own choice, else the desktop's.
   Appearance effectiveAppearance() const { return appearance_.value_or(systemAppearance_); }
-  const Palette& palette() const;
+  Contrast contrast() const { return contrast_; }
+  const Palette& palette() const { return palette_; }
 
-  // Tells listeners after the effective appearance changed.
+  // Tells listeners after the effective appearance, or a colour of the palette, changed.
   foundation::Announcer& effectiveAppearanceDidChange() { return effectiveAppearanceDidChange_; }
 
   const FontCatalog& fontCatalog() const { return *fontCatalog_; }
@@ -49,6 +55,9 @@ private:
 
   std::optional<Appearance> appearance_;
   Appearance systemAppearance_ = Appearance::light;
+  Contrast contrast_ = Contrast::normal;
+  std::optional<RGBA> accent_;
+  Palette palette_;
   foundation::Announcer effectiveAppearanceDidChange_;
   std::shared_ptr<const FontCatalog> fontCatalog_;
   Window* keyWindow_ = nullptr;

@@ -64,6 +64,9 @@ private:
   double opacity_ = 1;
 };
 
+// How much two opaque colours differ in lightness, from 1 for alike to 21 for black and white.
+double contrastBetween(const RGBA& a, const RGBA& b);
+
 // The colours behind the roles, for one appearance.
 struct Palette {
   RGBA accent;
@@ -78,6 +81,15 @@ struct Palette {
 
   static const Palette& light();
   static const Palette& dark();
+  // For people who need strong contrast: text on every background has one of at least 7 to 1.
+  static const Palette& highContrastLight();
+  static const Palette& highContrastDark();
+
+  // The palette with this accent colour, moved towards the colour of text as far as it takes to be
+  // read on each background as well as the palette's own.
+  Palette withAccent(RGBA wanted) const;
+
+  friend bool operator==(const Palette&, const Palette&) = default;
 };
 
 }  // namespace appkit

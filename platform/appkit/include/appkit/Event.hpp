@@ -17,6 +17,8 @@ struct Event {
   static constexpr int kRightArrow = 124;
   static constexpr int kTab = 48;
   static constexpr int kEscape = 53;
+  static constexpr int kHome = 115;
+  static constexpr int kEnd = 119;
   static constexpr int kPageUp = 116;
   static constexpr int kPageDown = 121;
   static constexpr int kF1 = 122;

@@ -34,6 +34,8 @@ enum class Key {
   rightArrow,
   pageUp,
   pageDown,
+  home,
+  end,
   f1,
   f4,
   w,
@@ -43,7 +45,8 @@ enum class Key {
 //
 //     const Window window(view, {.defaultStore = *store}, {.stepsAnimations = true});
 struct WindowOptions {
-  // The space inside the window, points; left out, as much as the root view asks for.
+  // The space inside the window, points; left out, as much as the root view asks for, in a window
+  // that opens no wider than 720 where less is enough.
   std::optional<viewkit::Size> size = std::nullopt;
   // Opens as the application's key window.
   bool isKey = true;
@@ -176,6 +179,7 @@ private:
   void openMenuOf(const viewkit::PresentationNode& opener);
   void pressInMenu(const appkit::Event& event);
   bool isUsable(viewkit::NodeId id) const;
+  viewkit::Size openingSize() const;
 
   Metrics metrics_;
   viewkit::Size size_;

@@ -1,13 +1,12 @@
 #include "controls/choosers/ColorWell.hpp"
 
 #include "bridge/Strings.hpp"
+#include "controls/choosers/ChooserDialog.hpp"
 #include "paint/Colors.hpp"
 #include "paint/Look.hpp"
 #include "paint/Style.hpp"
 
-#include <QCloseEvent>
 #include <QGuiApplication>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPushButton>
@@ -38,26 +37,6 @@ void hideScreenPicker(const QColorDialog& dialog) {
   }
 }
 
-// A chooser without buttons: Return and closing it keep the picked colour.
-class ColorDialog final : public QColorDialog {
-public:
-  using QColorDialog::QColorDialog;
-
-protected:
-  void keyPressEvent(QKeyEvent* event) override {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-      accept();
-    } else {
-      QColorDialog::keyPressEvent(event);
-    }
-  }
-
-  void closeEvent(QCloseEvent* event) override {
-    event->accept();
-    accept();
-  }
-};
-
 appkit::RGBA rgbaOf(const QColor& color) {
   return {.red = color.redF(),
           .green = color.greenF(),
@@ -79,7 +58,7 @@ void ColorWell::press() {
 }
 
 void ColorWell::open(const viewkit::ColorWellControl& well) {
-  dialog_ = new ColorDialog(colorOf(well.color), window());
+  dialog_ = new ChooserDialog<QColorDialog>(colorOf(well.color), window());
   dialog_->setAttribute(Qt::WA_DeleteOnClose);
   dialog_->setWindowTitle(toQString(node()->accessibility.label));
   dialog_->setOption(QColorDialog::DontUseNativeDialog);

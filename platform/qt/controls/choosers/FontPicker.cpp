@@ -1,6 +1,7 @@
 #include "controls/choosers/FontPicker.hpp"
 
 #include "bridge/Strings.hpp"
+#include "controls/choosers/ChooserDialog.hpp"
 #include "paint/Fonts.hpp"
 #include "paint/Look.hpp"
 #include "paint/NodePainter.hpp"
@@ -56,7 +57,7 @@ void FontPicker::press() {
   if (!picker) return;
   const appkit::Font current = std::function(picker->read)();
   if (!node()) return;
-  if (!dialog_) makeDialog();
+  if (!dialog_) makeDialog(current);
   showInDialog(current);
   dialog_->show();
   dialog_->raise();
@@ -69,8 +70,8 @@ void FontPicker::refresh() {
   if (dialog_ && picker && picker->font != font_) showInDialog(picker->font);
 }
 
-void FontPicker::makeDialog() {
-  dialog_ = new QFontDialog(window());
+void FontPicker::makeDialog(const appkit::Font& before) {
+  dialog_ = new ChooserDialog<QFontDialog>(window());
   dialog_->setAttribute(Qt::WA_DeleteOnClose);
   dialog_->setWindowTitle(accessibleNameOf(node()->accessibility));
   dialog_->setOption(QFontDialog::DontUseNativeDialog);
@@ -78,6 +79,11 @@ void FontPicker::makeDialog() {
   hideEffects(*dialog_);
   connect(dialog_, &QFontDialog::currentFontChanged, this, [this](const QFont& font) {
     settleOn([this, picked = fontFrom(font)] { choose(picked); });
+  });
+  connect(dialog_, &QDialog::rejected, this, [this, before] {
+    settleOn([this, before] {
+      if (font_ != before) call(&viewkit::FontPickerControl::choose, before);
+    });
   });
 }
 

@@ -23,7 +23,8 @@ protected:
   void paintEvent(QPaintEvent* event) override;
 
 private:
-  void makeDialog();
+  // `before` is what the person brings back by rejecting the dialog.
+  void makeDialog(const appkit::Font& before);
   void showInDialog(const appkit::Font& font);
   void choose(const appkit::Font& picked);
 

@@ -32,7 +32,8 @@ MenuPopup::MenuPopup(std::vector<viewkit::MenuItem> items, const std::string& cu
   setFocusProxy(list_);
   list_->setPicked([this](int row) { pick(row); });
 
-  const auto found = std::ranges::find(items_, current, &viewkit::MenuItem::title);
+  auto found = std::ranges::find(items_, true, &viewkit::MenuItem::isCurrent);
+  if (found == items_.end()) found = std::ranges::find(items_, current, &viewkit::MenuItem::title);
   list_->setCurrentRow(found != items_.end() ? static_cast<int>(found - items_.begin()) : -1);
 }
 

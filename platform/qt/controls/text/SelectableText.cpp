@@ -33,6 +33,13 @@ SelectableText::SelectableText(MirroredTree& tree, const viewkit::PresentationNo
   document()->setDocumentMargin(0);
   viewport()->setAutoFillBackground(false);
   viewport()->setMouseTracking(true);
+  constexpr int space = look::selectableText::kRingSpace;
+  setViewportMargins(space, space, space, space);
+}
+
+QRect SelectableText::placeFor(const QRect& frame) const {
+  constexpr int space = look::selectableText::kRingSpace;
+  return frame.adjusted(-space, -space, space, space);
 }
 
 void SelectableText::startAnew() {
@@ -79,8 +86,14 @@ void SelectableText::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+void SelectableText::focusInEvent(QFocusEvent* event) {
+  QTextEdit::focusInEvent(event);
+  update();
+}
+
 void SelectableText::focusOutEvent(QFocusEvent* event) {
   QTextEdit::focusOutEvent(event);
+  update();
   if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
     return;
   QTextCursor cursor = textCursor();
@@ -92,8 +105,14 @@ void SelectableText::paintEvent(QPaintEvent* event) {
   if (const auto* selectable = control<viewkit::SelectableTextControl>())
     applyColor(selectable->text);
   QTextEdit::paintEvent(event);
-  QPainter painter(viewport());
+}
+
+// The ring lies around the viewport, which paints the text.
+bool SelectableText::event(QEvent* event) {
+  if (event->type() != QEvent::Paint) return QTextEdit::event(event);
+  QPainter painter(this);
   Style::drawKeyboardFocus(painter, *this, rect(), look::selectableText::kFocusRingRadius);
+  return true;
 }
 
 void SelectableText::wheelEvent(QWheelEvent* event) { event->ignore(); }

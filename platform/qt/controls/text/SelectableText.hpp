@@ -13,11 +13,14 @@ public:
 
   QWidget& widget() override { return *this; }
   void refresh() override;
+  QRect placeFor(const QRect& frame) const override;
   appkit::Responder& responder() override { return textResponder_; }
 
 protected:
   void startAnew() override;
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;

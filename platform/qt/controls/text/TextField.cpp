@@ -66,11 +66,20 @@ TextField::TextField(MirroredTree& tree, const viewkit::PresentationNode& node, 
   LongText::prepare(*document());
   viewport()->setAutoFillBackground(false);
   viewport()->setMouseTracking(true);
+  updateMargins();
+  showInitial(toQString(field.text));
+  connect(this, &QTextEdit::textChanged, this, [this] { textEdited(); });
+}
+
+void TextField::updateMargins() {
   const int padding = static_cast<int>((Style::controlHeight() - lineHeight()) / 2);
   setViewportMargins(look::field::kHorizontalPadding, padding, look::field::kHorizontalPadding,
                      padding);
-  showInitial(toQString(field.text));
-  connect(this, &QTextEdit::textChanged, this, [this] { textEdited(); });
+}
+
+void TextField::changeEvent(QEvent* event) {
+  QTextEdit::changeEvent(event);
+  if (event->type() == QEvent::FontChange) updateMargins();
 }
 
 void TextField::showInitial(const QString& text) {
@@ -114,6 +123,7 @@ void TextField::refresh() {
   const auto* field = control<viewkit::TextFieldControl>();
   if (!field) return;
   setPlaceholderText(toQString(field->placeholder));
+  update();
   const QString wanted = toQString(field->text);
   // Changing the text would end the composition of an input method.
   if (composing_ || LongText::whole(*document()) == wanted) return;
@@ -142,7 +152,12 @@ bool TextField::event(QEvent* event) {
   if (event->type() != QEvent::Paint) return QTextEdit::event(event);
   QPainter painter(this);
   Style::drawFieldSurface(painter, rect(), palette(), isEnabled());
-  if (hasFocus()) Style::drawFocusRing(painter, rect(), look::kCornerRadius, palette());
+  const auto* field = control<viewkit::TextFieldControl>();
+  if (field && !field->problem.empty()) {
+    Style::drawProblemRing(painter, rect(), look::kCornerRadius, palette());
+  } else if (hasFocus()) {
+    Style::drawFocusRing(painter, rect(), look::kCornerRadius, palette());
+  }
   return true;
 }
 

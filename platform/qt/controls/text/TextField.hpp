@@ -24,6 +24,7 @@ public:
 protected:
   void startAnew() override;
   bool event(QEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
@@ -36,6 +37,7 @@ private:
   // Shows the text of the view, with nothing to undo.
   void showInitial(const QString& text);
   void textEdited();
+  void updateMargins();
 
   appkit::Text textResponder_;
   // The text that the view knows: the last that it gave or that was reported to it.

@@ -31,6 +31,14 @@ struct PlainButtonControl {
   std::function<void()> action;
 };
 
+// A push button that opens a chooser of one existing file. The chooser opens at the path that
+// `path` returns at that moment. `choose` is called with the absolute path that the person picks.
+struct FileButtonControl {
+  std::string title;
+  std::function<std::string()> path;
+  std::function<void(std::string)> choose;
+};
+
 // The small round button that opens a page's help.
 struct HelpButtonControl {
   std::function<void()> action;
@@ -38,7 +46,8 @@ struct HelpButtonControl {
 
 // Shows a font; a person opens a chooser of family, style and size with a sample. The chooser opens
 // on the font that `read` returns at that moment. `choose` is called with each font that the person
-// settles on while the chooser is open: there is no apply step.
+// settles on while the chooser is open: there is no apply step. A person who cancels the chooser
+// after choosing brings back the font that was there when it opened.
 struct FontPickerControl {
   std::string title;
   appkit::Font font;
@@ -84,14 +93,16 @@ struct MenuItem {
   std::function<void()> action;
   // In place of the platform's menu font.
   std::optional<Font> font = std::nullopt;
+  // The menu opens at this item. Where no item is marked, it opens at the one that has the title,
+  // or the value, of its button.
+  bool isCurrent = false;
 };
 
 // A button that opens a menu. The items are asked for each time the menu opens.
 struct MenuControl {
   enum class Kind {
     // The platform's pop-up button. It shows the title, which may be empty, and opens where the
-    // item of the
-    // same title lies under it.
+    // current item lies under it.
     popUpButton,
     // A menu behind the node's children, which are what is seen.
     label,
@@ -126,14 +137,30 @@ struct SelectableTextControl {
   TextVisual text;
 };
 
+// What makes a scroll view a list of which one item is selected. The list is one stop of the
+// keyboard; the items are the nodes below that have a selection.
+struct ListItems {
+  int count = 0;
+  // -1 for none.
+  int selected = -1;
+  // Called with the item that an arrow key, Home or End selects. Empty where the views themselves
+  // hear the arrow keys.
+  std::function<void(int)> select = {};
+
+  bool isLike(const ListItems& other) const {
+    return count == other.count && selected == other.selected;
+  }
+};
+
 // A view onto content that is larger: the one child of the node, placed at minus the offset.
 // `scroll` is called with the offset that the person asks for; the node itself keeps it within
-// bounds.
+// bounds. The root of a window that is smaller than its content is one as well.
 struct ScrollControl {
   Size contentSize;
   Point offset;
   bool showsIndicators = true;
   std::function<void(Point)> scroll;
+  std::optional<ListItems> list = std::nullopt;
 };
 
 // A surface of its own above the window, beside the node that is its parent in the tree. `dismiss`
@@ -143,9 +170,9 @@ struct PopoverControl {
 };
 
 using Control =
-    std::variant<ButtonControl, PlainButtonControl, HelpButtonControl, FontPickerControl,
-                 TabBarControl, PopoverControl, ToggleControl, ColorWellControl, MenuControl,
-                 TextFieldControl, SelectableTextControl, ScrollControl>;
+    std::variant<ButtonControl, PlainButtonControl, FileButtonControl, HelpButtonControl,
+                 FontPickerControl, TabBarControl, PopoverControl, ToggleControl, ColorWellControl,
+                 MenuControl, TextFieldControl, SelectableTextControl, ScrollControl>;
 
 // Whether a back end would show both alike; functions are not compared.
 bool looksLike(const Control& a, const Control& b);

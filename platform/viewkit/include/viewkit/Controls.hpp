@@ -23,6 +23,8 @@ View Button(std::string title, SymbolName symbol, std::function<void()> action);
 // A button without a look of its own around any view.
 View PlainButton(const View& content, std::function<void()> action);
 View HelpButton(std::function<void()> action);
+// Opens a chooser of files, at the path that the binding reads, and writes the path that is picked.
+View FileButton(std::string title, const Binding<std::string>& path);
 View FontChooser(std::string title, const Binding<appkit::Font>& selection);
 
 // A switch without a label.

@@ -23,6 +23,8 @@ public:
   static Font caption2() { return Font(Style::caption2); }
   static Font title() { return Font(Style::title); }
   static Font title3() { return Font(Style::title3); }
+  // The size is in points of the layout, in which the body font has `kBodySize`.
+  static constexpr double kBodySize = 13;
   static Font system(double pointSize) {
     Font font(Style::system);
     font.pointSize_ = pointSize;

@@ -4,6 +4,8 @@
 #include "viewkit/PresentationNode.hpp"
 #include "viewkit/ViewHost.hpp"
 
+#include <optional>
+
 namespace viewkit {
 
 // The result of a key press. `closesWindow` asks the back end to close the window.
@@ -24,6 +26,10 @@ enum class KeyOutcome { passedOn, handled, closesWindow };
 // `focused` is the node that has the focus, 0 for none. A field inside of the popover is restored
 // before the popover closes. A pending update of the views is run first. Main thread only.
 KeyOutcome routeKey(ViewHost& host, const appkit::Event& press, NodeId focused);
+
+// The item that the key selects in the focused list: the next or the previous one, the first or the
+// last. Nothing for another key, and in a list that does not select by itself.
+std::optional<int> itemSelectedBy(const ListItems& list, const appkit::Event& press);
 
 // Whether the key opens the focused menu: Space, Return, Alt+Down and F4 do, a plain arrow key does
 // not.

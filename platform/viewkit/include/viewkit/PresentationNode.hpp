@@ -50,6 +50,8 @@ struct Accessibility {
   std::string label = {};
   std::string value = {};
   std::string help = {};
+  // Why what the person typed was refused, in the person's language; empty while nothing is wrong.
+  std::string problem = {};
   bool enabled = true;
   // For one of several that can be selected.
   std::optional<bool> selected = std::nullopt;

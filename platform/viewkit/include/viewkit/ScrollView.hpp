@@ -1,20 +1,29 @@
 #pragma once
 
+#include "viewkit/Control.hpp"
 #include "viewkit/View.hpp"
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace viewkit {
 
 // How a scroll view looks.
 struct ScrollViewOptions {
   bool showsIndicators = true;
+  // Makes the scroll view a list: one stop of the keyboard whose items are what the content shows.
+  // Assistive technology is told of a list in place of a scroll area.
+  std::optional<ListItems> list = std::nullopt;
 };
 
 // Shows a part of content of any height. The content is proposed the width of the scroll view. The
 // scroll view takes the height that it is proposed, and starts at the top.
 View ScrollView(const ScrollViewOptions& options, const View& content);
+
+// Content that keeps the size it would have without this modifier, up to the height that is
+// proposed. Only content that is higher scrolls.
+View scrollingWhereTooHigh(const View& content);
 
 // Scrolls the scroll views inside a ScrollViewReader. A copy may outlive the reader, and does
 // nothing then.

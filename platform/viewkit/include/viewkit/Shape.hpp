@@ -1,13 +1,16 @@
 #pragma once
 
 #include "viewkit/View.hpp"
+#include "viewkit/Visual.hpp"
 
 namespace viewkit {
 
 // A rectangle that takes all the space it is offered, with round corners of this radius.
 class RoundedRectangle : public Modifiers<RoundedRectangle> {
 public:
-  explicit RoundedRectangle(double cornerRadius = 0) : cornerRadius_(cornerRadius) {}
+  explicit RoundedRectangle(double cornerRadius = 0,
+                            CornerStyle cornerStyle = CornerStyle::circular)
+      : cornerRadius_(cornerRadius), cornerStyle_(cornerStyle) {}
 
   RoundedRectangle fill(Color color) const {
     RoundedRectangle shape = *this;
@@ -26,6 +29,7 @@ public:
 
 private:
   double cornerRadius_;
+  CornerStyle cornerStyle_;
   Color fill_ = Color::clear();
   Color border_ = Color::clear();
   double borderWidth_ = 0;

@@ -81,6 +81,6 @@ View VStack(const VStackOptions& options, Children children);
 View ZStack(Alignment alignment, Children children);
 
 // Takes what its stack has left over, along the stack's direction; never less than the minimum.
-View Spacer(double minLength = 8);
+View Spacer(double minLength = 0);
 
 }  // namespace viewkit

@@ -47,10 +47,15 @@ struct ImageVisual {
   friend bool operator==(const ImageVisual&, const ImageVisual&) = default;
 };
 
+// How a corner is rounded: as a quarter of a circle, or with a curvature that grows and shrinks
+// gradually.
+enum class CornerStyle { circular, continuous };
+
 // A rounded rectangle that fills its frame; radius 0 is a plain one. The border lies inside the
 // frame.
 struct ShapeVisual {
   double cornerRadius = 0;
+  CornerStyle cornerStyle = CornerStyle::circular;
   Color fill = Color::clear();
   Color border = Color::clear();
   double borderWidth = 0;

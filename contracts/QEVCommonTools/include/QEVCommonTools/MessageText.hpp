@@ -1,0 +1,18 @@
+#pragma once
+
+#include "viewkit/View.hpp"
+
+#include <string>
+
+namespace QEVCommonTools {
+
+enum class MessageKind {
+  problem,  // what was entered is not stored, or something does not work
+  notice,   // what was entered was corrected and is stored
+};
+
+// A message under a field or beside a control, with a symbol before it that tells its kind. It is
+// announced to assistive technology when it appears and when it changes. An empty text is no view.
+viewkit::View messageText(const std::string& text, MessageKind kind);
+
+}  // namespace QEVCommonTools
