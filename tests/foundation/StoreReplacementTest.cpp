@@ -11,7 +11,7 @@ namespace {
 using QEVSettings::PreferenceValue;
 using QEVSettings::Subscription;
 
-// A store whose files are taken away or replaced while it is open.
+// A store whose files are removed, moved or replaced while it is open.
 class StoreReplacement : public DamagedStoreTest {
 protected:
   StoreReplacement() : DamagedStoreTest("folder") {}
@@ -72,7 +72,7 @@ TEST_F(StoreReplacement, NextWriteAddsNewerChangesFromMemory) {
     EXPECT_EQ(other->integerForKey("of the other"), isOther ? 5 : 0);
     EXPECT_EQ(store->integerForKey("of the other"), isOther ? 5 : 0);
     EXPECT_TRUE(verifyPreferences(path).isGood);
-    // Both hear of each other again.
+    // Each reads the writes of the other again.
     other->setInteger(2, "after");
     EXPECT_EQ(store->integerForKey("after"), 2);
   }
