@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-// What a feed's server can send: read, compared and made readable, whatever it is.
+// Reads, compares and describes whatever the server of a feed may send.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view feed(reinterpret_cast<const char*>(data), size);
   sparkle::plainText(feed);

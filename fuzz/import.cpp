@@ -20,15 +20,15 @@ void require(bool holds) {
   if (!holds) std::abort();
 }
 
-// The bytes, for not-a-number does not equal itself.
+// The bytes are compared, because not-a-number does not equal itself.
 std::string bytesOf(const PreferenceDictionary& values) {
   const auto bytes = foundation::propertyListBytes(values, PropertyListFormat::binary);
   require(static_cast<bool>(bytes));
   return *bytes;
 }
 
-// A list whose colours and protocol lists are the lines of the text, its version the first
-// character.
+// Makes a list from a text: the first character is the schema version, and each line is a colour or
+// a protocol list.
 PreferenceDictionary listOfLines(std::string_view text) {
   PreferenceDictionary list;
   if (text.empty()) return list;
@@ -46,8 +46,8 @@ PreferenceDictionary listOfLines(std::string_view text) {
 
 }  // namespace
 
-// An import gives what the migration makes of a store that holds the list, and a second one changes
-// nothing.
+// An import gives the same values as the migration of a store that holds the list. A second import
+// changes nothing.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view text(reinterpret_cast<const char*>(data), size);
   const auto parsed = foundation::parsePropertyList(text);

@@ -8,14 +8,14 @@ using foundation::JSON;
 
 namespace {
 
-// Reads all that there is to read.
+// Reads every value and every member.
 std::size_t sizeOf(const JSON& value) {
   std::size_t size = value.asString().value_or("").size() +
                      value.integerText().value_or("").size() +
                      static_cast<std::size_t>(value.asReal().has_value());
   for (const JSON& element : value.elements()) size += sizeOf(element);
   for (const auto& [name, member] : value.members()) {
-    // A name leads to the one member that has it.
+    // A look-up by name finds the member with that name.
     if (value.member(name)->text() != member.text()) std::abort();
     size += name.size() + sizeOf(member);
   }

@@ -14,7 +14,7 @@ void require(bool holds) {
 
 }  // namespace
 
-// Whatever is typed, what comes out is a normal form, and what is said about it fits a row.
+// For any text, the result is in its normal form, and the message about it fits into a row.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const auto result = QEVModels::validatedPorts({reinterpret_cast<const char*>(data), size});
   require(result.ports.find_first_not_of("0123456789,-") == std::string_view::npos);

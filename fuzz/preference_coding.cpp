@@ -8,7 +8,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (!value) return 0;
   const auto encoded = foundation::encodedPreference(*value);
   if (!encoded) std::abort();
-  // The bytes rather than the values: not-a-number does not equal itself.
+  // The bytes are compared, because not-a-number does not equal itself.
   const auto again = foundation::decodedPreference(*encoded);
   if (!again || foundation::encodedPreference(*again) != encoded) std::abort();
   return 0;

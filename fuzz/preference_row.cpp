@@ -19,7 +19,7 @@ void require(bool holds) {
   if (!holds) std::abort();
 }
 
-// A query in memory that gives back a row's type and value as they are bound.
+// A query in memory that returns the type and the value that are bound to it.
 class Row {
 public:
   Row() {
@@ -72,8 +72,8 @@ bool isNotANumber(const PreferenceValue& value) {
 
 }  // namespace
 
-// Any row is read without harm: its value is none or one that is stored and read as the same. The
-// value is compared in its byte form, because not-a-number does not equal itself.
+// Any row is read without harm. If it has a value, storing and reading the value gives the same
+// one. The bytes are compared, because not-a-number does not equal itself.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size < 3) return 0;
   static Row row;
@@ -86,7 +86,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const PreferenceCell cell = row.cell();
   static_cast<void>(cell.sum("key"));
   const auto value = cell.value();
-  // A row does not keep the bits of not-a-number.
+  // A row does not keep which not-a-number it was.
   if (!value || isNotANumber(*value)) return 0;
 
   const auto again = PreferenceCell::ofValue(value);

@@ -39,14 +39,15 @@ void measure(const PreferenceDictionary& entries, int depth, Extent& extent) {
 
 }  // namespace
 
-// Whatever is read is within the limits, unfolded, and can be written and read again: in the binary
-// form as the same value, whose bytes are compared because not-a-number does not equal itself.
+// Every list that is read is within the limits, with its references unfolded. It can be written and
+// read again, in the binary form as the same value. The bytes are compared, because not-a-number
+// does not equal itself.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const auto values = foundation::parsePropertyList({reinterpret_cast<const char*>(data), size});
   if (!values) return 0;
   Extent extent;
   measure(*values, 0, extent);
-  // Three bytes of UTF-8 stand for two of UTF-16.
+  // Two bytes of UTF-16 may become three of UTF-8.
   if (extent.values > foundation::kMaximumPropertyListValues ||
       extent.depth > foundation::kMaximumPropertyListDepth + 1 ||
       extent.bytes > (size + foundation::kMaximumPropertyListRepeatedBytes) / 2 * 3 + 3) {

@@ -16,8 +16,8 @@ void require(bool holds) {
 
 }  // namespace
 
-// Any bytes under a list's key are migrated and read without harm; a list once written reads the
-// same.
+// Any bytes under the key of a list are migrated and read without harm. A list that was written is
+// read as the same list.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const auto defaults = foundation::UserDefaults::inMemory();
   defaults->setObject(QEVSettings::PreferenceValue::Bytes(data, data + size), kKey);

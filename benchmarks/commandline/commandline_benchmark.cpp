@@ -3,7 +3,7 @@
 //
 //     commandline_benchmark ZORVANTINE SAMPLE FOLDER [ROUNDS]
 //
-// Our store holds what the property list SAMPLE holds, those of the others one key.
+// Our store has the keys of the property list SAMPLE, the stores of the others have one key each.
 
 #include "Measurement.hpp"
 
@@ -33,7 +33,7 @@ void useFolder(const std::filesystem::path& folder) {
     ::unsetenv(name);
 }
 
-// What the other programs read.
+// The stores of the other programs.
 void makePeerStores(const std::filesystem::path& folder) {
   std::ofstream(folder / "benchmark.gschema.xml")
       << "<schemalist><schema id='" << kSchema << "' path='/benchmark/'>"
@@ -108,7 +108,7 @@ int main(int argc, char** argv) {
   useFolder(argv[3]);
   makePeerStores(argv[3]);
   auto all = measurements(argv[1], argv[2], argv[3]);
-  // The store that every command finds.
+  // Every command finds this store.
   Measurement("", {argv[1], "prefs", "import", argv[2]}).run();
   for (int round = 0; round < rounds; ++round) {
     for (Measurement& each : all) each.run();

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-// A store of settings, as the comparison uses it. Key i is `keys()[i]`: a third of the keys hold a
-// Boolean, a third a string of some twenty bytes, a third 4 KiB of bytes.
+// A store of settings, as the comparison uses it. A third of the keys hold a Boolean, a third a
+// string of some twenty bytes, a third 4 KiB of bytes.
 class Contender {
 public:
   Contender() = default;
@@ -17,21 +17,20 @@ public:
   virtual ~Contender() = default;
 
   virtual bool readBoolean(std::size_t key) = 0;
-  // The length and the last character together: enough to need the contents, not enough to demand a
-  // copy.
+  // Returns the length plus the last character. That needs the contents, but no copy of them.
   virtual std::size_t readString(std::size_t key) = 0;
   virtual std::size_t readBytes(std::size_t key) = 0;
 
-  // On disk when it returns.
+  // Returns when the value is on the disk.
   virtual void writeBoolean(std::size_t key, bool value) = 0;
 };
 
 struct ContenderKind {
   std::string_view name;
-  // Opens the store in a folder of its own, which `fill` has filled before.
+  // Opens the store in a folder that `fill` has filled.
   std::unique_ptr<Contender> (*open)(const std::filesystem::path& folder, std::size_t keyCount);
   void (*fill)(const std::filesystem::path& folder, std::size_t keyCount);
-  // Whether anything is kept on disk: what is not, is not asked to open or to write.
+  // Whether the store keeps anything on disk. Opening and writing are measured only if it does.
   bool persists = true;
 };
 

@@ -21,8 +21,8 @@ constexpr std::size_t kWrites = 50;
 // All processes read the same clock.
 std::int64_t now() { return std::chrono::steady_clock::now().time_since_epoch().count(); }
 
-// Prints 0 when it is ready, then how many microseconds old each write was when it was heard of, in
-// rising order.
+// Prints 0 when it is ready, then the age in microseconds that each write had when its observer was
+// called, in rising order.
 void hear(const std::filesystem::path& file) {
   const auto store = UserDefaults::open(file);
   std::vector<double> ages;

@@ -5,7 +5,7 @@
 
 namespace {
 
-// The limit: what a look-up costs when nothing is kept anywhere.
+// The lower limit: a look-up in a map that is not kept on disk.
 class MapContender final : public Contender {
 public:
   explicit MapContender(std::size_t keyCount) {

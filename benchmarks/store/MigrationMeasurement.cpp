@@ -39,7 +39,8 @@ double millisecondsSince(Clock::time_point start) {
   return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
 }
 
-// What is work alone is measured in this thread's processor time: others' work is none of it.
+// Work that does not wait is measured as processor time of this thread, which excludes other
+// processes.
 double processorMilliseconds() {
   timespec now{};
   ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
@@ -73,7 +74,7 @@ void fill(const std::filesystem::path& file, Size size) {
   static_cast<void>(UserDefaults::open(file)->applyAll(values));
 }
 
-// In bytes, by the name that the system gives it.
+// A size in bytes, by the system's name for it.
 double memory(std::string_view name) {
   std::ifstream status("/proc/self/status");
   for (std::string word; status >> word;) {
@@ -82,7 +83,7 @@ double memory(std::string_view name) {
   return 0;
 }
 
-// The quickest of three readings of every list.
+// The shortest of three times in which all lists are read.
 double perReading(std::size_t analyzers, Size size, bool (*read)(std::string_view)) {
   double best = std::numeric_limits<double>::max();
   for (int repeat = 0; repeat < 3; ++repeat) {
@@ -98,7 +99,7 @@ double perReading(std::size_t analyzers, Size size, bool (*read)(std::string_vie
   return best;
 }
 
-// What the disk takes for the same bytes in one file.
+// The time in which the disk writes the same bytes as one file.
 double perPlainFile(const std::filesystem::path& file, Size size) {
   std::vector<std::string> lists;
   for (std::size_t i = 0; i < size.analyzers; ++i) lists.push_back(listOf(i, size));

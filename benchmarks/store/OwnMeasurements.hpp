@@ -2,11 +2,12 @@
 
 #include <filesystem>
 
-// What only our store does: bursts of writes, telling another process, the launch migration. Each
-// prints a table. `folder` is for stores, and is made.
+// Measurements of our store alone: bursts of writes, observers in another process, the launch
+// migration. Each prints a table. Stores are made in `folder`.
 void measureBurst(const std::filesystem::path& folder);
 void measureHearing(const std::filesystem::path& folder);
 void measureMigration(const std::filesystem::path& folder);
 
-// The part of a measurement that runs in a process of its own, when the arguments name one.
+// Runs the part of a measurement that the arguments name, in a process that was started for it.
+// Returns false when they name none.
 bool runPartOfMeasurement(int argc, char** argv);

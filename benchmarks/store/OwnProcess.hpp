@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-// This program again, with other arguments; what it prints is read from the stream.
+// Starts this program with other arguments, and reads what it prints.
 class OwnProcess {
 public:
   explicit OwnProcess(const std::string& arguments)
@@ -18,7 +18,7 @@ public:
     if (output_ != nullptr) ::pclose(output_);
   }
 
-  // The next number it prints; negative when there is none.
+  // The next number that it prints, or a negative one at the end.
   double number() {
     double value = -1;
     return output_ != nullptr && std::fscanf(output_, "%lf", &value) == 1 ? value : -1;

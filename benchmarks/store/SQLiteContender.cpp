@@ -33,8 +33,7 @@ Statement prepared(sqlite3* database, const char* text) {
   return Statement(statement);
 }
 
-// SQLite as one would use it by hand: one table, prepared statements, each write its own
-// transaction.
+// SQLite without a layer above it: one table, prepared statements, a transaction for each write.
 class SQLiteContender final : public Contender {
 public:
   SQLiteContender(const std::filesystem::path& folder, std::size_t keyCount)

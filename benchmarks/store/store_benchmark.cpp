@@ -1,8 +1,9 @@
-// Prints what our store's operations cost, and what those of the alternatives do, measured in the
-// same run on the same disk; then what only our store does.
+// Prints the cost of our store's operations next to that of the alternatives, measured in the same
+// run on the same disk, and then the measurements of our store alone.
 //
-//     store_benchmark [FOLDER]     where the stores are made; a new folder below the working
-//     directory if left out
+//     store_benchmark [FOLDER]
+//
+// The stores are made in FOLDER, or in a new folder in the working directory.
 
 #include "Contender.hpp"
 #include "OwnMeasurements.hpp"
@@ -25,8 +26,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr int kRepeats = 200;
 constexpr std::chrono::milliseconds kRepeatingTime{1500};
-// Shorter than the turn that a busy system gives to a process, or there is always another's turn in
-// it.
+// Shorter than a time slice of the scheduler, so that some measurements are not interrupted.
 constexpr std::chrono::milliseconds kReadingTime{1};
 constexpr std::size_t kReadsPerLook = 16;
 constexpr std::chrono::seconds kWritingTime{2};
@@ -36,7 +36,7 @@ double nanosecondsSince(Clock::time_point start) {
   return std::chrono::duration<double, std::nano>(Clock::now() - start).count();
 }
 
-// The quickest of many: what the machine did besides only ever adds.
+// The shortest of many times, because other processes only add to a time.
 double quickest(const std::function<double()>& measure) {
   const auto begin = Clock::now();
   double best = measure();
@@ -79,7 +79,7 @@ double perRead(const std::vector<std::size_t>& keys, Read read) {
   });
 }
 
-// One after the other in turn, since what else the disk has to do changes from second to second.
+// The stores write in turns, because the other load of the disk changes from second to second.
 std::vector<double> perWrite(const std::vector<std::unique_ptr<Contender>>& stores,
                              const std::vector<const ContenderKind*>& kinds,
                              const std::vector<std::size_t>& keys) {
@@ -110,7 +110,7 @@ double openAndRead(const ContenderKind& kind, const std::filesystem::path& folde
   return nanosecondsSince(start);
 }
 
-// In a new process: several of the stores keep what they have read for the next time it is opened.
+// Opens in a new process, because several stores keep what they have read for the next opening.
 double openInNewProcess(std::size_t kind, const std::filesystem::path& folder,
                         std::size_t keyCount) {
   OwnProcess process("--open " + std::to_string(kind) + " '" + folder.string() + "' " +
@@ -123,7 +123,7 @@ double openInNewProcess(std::size_t kind, const std::filesystem::path& folder,
 struct Row {
   const char* what;
   std::size_t keyCount;
-  // In the order of the contenders; negative where there is nothing to measure.
+  // In the order of the contenders. Negative where there is nothing to measure.
   std::vector<double> nanoseconds;
 };
 

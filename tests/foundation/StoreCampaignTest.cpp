@@ -11,7 +11,7 @@ using Outcome = QEVSettings::StoreOpening::Outcome;
 
 class StoreCampaign : public DamagedStoreTest {
 protected:
-  // Damages one of the store's files; says whether changes may be gone without a trace.
+  // Damages one of the store's files. Returns whether changes may be lost without being noticed.
   bool damage(std::mt19937& random) const {
     const auto below = [&](std::size_t limit) { return limit == 0 ? 0 : random() % limit; };
     const char* endings[] = {"", "", "-wal", "-wal", "-shm"};

@@ -19,8 +19,7 @@ protected:
     const auto garbleLog = [this] {
       overwriteAt(log(), 32 + 3 * (kPage + 24), std::string(2000, '\xA5'));
     };
-    // The index, which holds nothing that the table does not hold, and a byte that each start looks
-    // at.
+    // Damages the index, which repeats what the table holds, and a byte that each start checks.
     const auto damageFile = [this] {
       overwriteAt(path, 2 * kPage, std::string(kPage, '\0'));
       overwriteAt(path, 18, "\x07");
@@ -49,8 +48,8 @@ protected:
             {"log", garbleLog}};
   }
 
-  // Makes a store with new changes in its log, damages it, and keeps its files; what a recovery
-  // gives.
+  // Makes a store with new changes in its log, damages it, and keeps its files. Returns the
+  // contents that a recovery restores.
   QEVSettings::PreferenceDictionary makeDamagedStore(const Damage& damage) {
     for (const auto& entry : std::filesystem::directory_iterator(folder))
       std::filesystem::remove_all(entry.path());
@@ -65,8 +64,8 @@ protected:
     return store->dictionaryRepresentation();
   }
 
-  // Uses the store, as it was kept, in a process of its own that has the fault, and lets it be
-  // closed there: the exit code.
+  // Puts the kept files back, and uses and closes the store in another process, which has the
+  // fault. Returns the exit code of that process.
   int useWithFault(SystemCallFault fault, long number, const SystemCalls& which,
                    const std::function<int()>& use, long* calls = nullptr) const {
     putFilesBack();

@@ -9,7 +9,7 @@ namespace foundation {
 
 inline constexpr std::size_t kPage = 4096;
 
-// What is at a place of a file, replaced in place: the file stays the same file.
+// Replaces bytes of a file in place, so that the file keeps its identity.
 inline void overwriteAt(const std::filesystem::path& path, std::size_t offset,
                         std::string_view bytes) {
   std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
@@ -17,7 +17,7 @@ inline void overwriteAt(const std::filesystem::path& path, std::size_t offset,
   file << bytes;
 }
 
-// A store with a good copy and newer changes in its log, as a kill leaves it.
+// A store that has a good copy and, after a kill, newer changes in its log.
 class DamagedStoreTest : public StoreTest {
 protected:
   using StoreTest::StoreTest;

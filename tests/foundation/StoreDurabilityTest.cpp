@@ -53,7 +53,8 @@ TEST_F(StoreDurability, AcknowledgedWritesSurviveAKill) {
   EXPECT_THAT(said, IsEmpty());
 }
 
-// What was not on disk yet is cut off the log, or is there in part, with something else behind it.
+// A power cut leaves the log without its last frames, or with a part of a frame and other bytes
+// after it.
 TEST_F(StoreDurability, PowerCutUndoesOnlyTheLastWrites) {
   Child writer([&] {
     const auto store = open();
@@ -79,9 +80,9 @@ TEST_F(StoreDurability, PowerCutUndoesOnlyTheLastWrites) {
               PreferenceValue(static_cast<int>(i)))
             return 100;
         }
-        // A write of which only the contents are wrong was there once, and its loss is said.
+        // A frame with wrong contents shows that there was a write, so that its loss is reported.
         if (store->status() || said.size() > (isFollowedByOther ? 1U : 0U)) return 101;
-        // The file proper is left as the power cut left it.
+        // Ends without closing the store, which would change the file.
         ::_exit(static_cast<int>(values.size()));
       });
       const int found = reader.wait();

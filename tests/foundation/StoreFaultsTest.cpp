@@ -124,10 +124,10 @@ TEST_F(StoreFaults, FailedWriteIsRetriedAfterGrowingPauses) {
   const auto store = open();
   std::vector<Clock::time_point> turns{Clock::now()};
   store->setInteger(1, "key");
-  // Nothing but another try wakes the main queue, for nothing changes in the folder.
+  // Nothing changes in the folder, so that only another attempt wakes the main queue.
   while (turns.size() < 4) {
     ASSERT_TRUE(MainQueue::mainQueue().wait(std::chrono::seconds(20)));
-    // Before the turn, in which the next pause begins.
+    // Taken before the turn, because the next pause begins in it.
     turns.push_back(Clock::now());
     MainQueue::mainQueue().drain();
   }

@@ -25,10 +25,10 @@
 
 namespace foundation {
 
-// A folder for stores, removed after the test, and what they had to say.
+// A folder for stores, which is removed after the test, and the lines of diagnostics.
 class StoreTest : public testing::Test {
 protected:
-  // `inner` is a folder within the test's own, that the test may do with what it likes.
+  // `inner` is the name of a folder in the test's folder, which the test may move or remove.
   explicit StoreTest(const std::filesystem::path& inner = {}) : folder(scratch.path() / inner) {}
 
   void SetUp() override {
@@ -47,7 +47,7 @@ protected:
   std::vector<std::string> said;
 };
 
-// The full runs take minutes: scripts/test --soak.
+// The number of repetitions. Those of scripts/test --soak take minutes.
 inline int runs(int usual, int soak) { return std::getenv("QEV_SOAK") != nullptr ? soak : usual; }
 
 inline std::string contentsOf(const std::filesystem::path& path) {
@@ -59,7 +59,7 @@ inline void overwrite(const std::filesystem::path& path, std::string_view conten
   std::ofstream(path, std::ios::binary | std::ios::trunc) << contents;
 }
 
-// Every file of the folder with its contents and its mode.
+// The mode and the contents of each file in the folder, by name.
 inline std::map<std::string, std::string> filesIn(const std::filesystem::path& folder) {
   std::map<std::string, std::string> files;
   for (const auto& entry : std::filesystem::directory_iterator(folder)) {
@@ -69,7 +69,7 @@ inline std::map<std::string, std::string> filesIn(const std::filesystem::path& f
   return files;
 }
 
-// Nobody in particular, so that permissions count even when the tests run as root.
+// Becomes another user if the tests run as root, for whom permissions do not count.
 inline void loseRootIn(const std::filesystem::path& folder) {
   constexpr uid_t nobody = 65534;
   if (::geteuid() != 0) return;
@@ -78,7 +78,7 @@ inline void loseRootIn(const std::filesystem::path& folder) {
     ::_exit(99);
 }
 
-// Runs the main queue until the condition holds; says whether it came to hold.
+// Runs the main queue until the condition holds. Returns false after 20 s without that.
 inline bool waitUntil(const std::function<bool()>& condition) {
   const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
   while (!condition()) {
@@ -89,8 +89,8 @@ inline bool waitUntil(const std::function<bool()>& condition) {
   return true;
 }
 
-// Another process that does one thing. It must not have been forked while this process had a store
-// with a thread of its own.
+// Another process that does one thing. It must not be made while this process has a store with a
+// thread, because a forked process has only one thread.
 class Child {
 public:
   explicit Child(const std::function<int()>& work) : id_(::fork()) {

@@ -81,7 +81,7 @@ TEST_F(StoreForeignFiles, ReadOnlyOpeningChangesNothingOnDisk) {
     EXPECT_THAT(store->status()->message, HasSubstr("there is no store at"));
   }
   EXPECT_TRUE(std::filesystem::is_empty(folder));
-  // In use elsewhere: what was acknowledged is in the log.
+  // A writer has the store open, so that its write is in the log.
   const auto writer = open();
   writer->setInteger(1, "key");
   const auto before = filesIn(folder);

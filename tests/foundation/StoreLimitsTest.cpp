@@ -70,7 +70,7 @@ TEST_F(StoreLimits, FileSizeLimitEndsInAStatusUntilItIsRaised) {
   }
 }
 
-// Above what the allocator keeps for later.
+// Larger than any memory that the allocator keeps for later.
 constexpr std::size_t kLargeBytes = 40'000'000;
 
 TEST_F(StoreLimits, WriteWithoutMemoryEndsInAStatus) {
@@ -107,7 +107,7 @@ TEST_F(StoreLimits, ReadWithoutMemoryEndsInAStatusAndIsNoDamage) {
     if (!open()->status()) problem = 2;
     limit(RLIMIT_AS, RLIM_INFINITY);
     if (store->objectForKey("large") != value) problem = 3;
-    // Without the good copy that closing makes.
+    // Ends without closing the store, which would make a good copy.
     ::_exit(problem);
   });
   EXPECT_EQ(child.wait(), 0);
@@ -197,8 +197,8 @@ TEST_F(StoreLimits, ViewWithEndlessRowsIsDamage) {
   EXPECT_EQ(store->integerForKey("other"), 2);
 }
 
-// The children of an interior page are all made the first of them, so that its rows come again and
-// again.
+// Lets all entries of an interior page lead to its first child, so that the rows of the child come
+// again and again.
 TEST_F(StoreLimits, PageReferencedTwiceIsDamage) {
   {
     const auto store = open();

@@ -108,7 +108,7 @@ TEST_F(StoreRecovery, StoreWithoutAnyReadableValueBeginsEmpty) {
   }
 }
 
-// Damage that reading all rows does not meet. A write, or the next start, recovers the store.
+// Reading all rows does not find this damage. A write, or the next start, recovers the store.
 TEST_F(StoreRecovery, WriteThatFindsDamageSucceeds) {
   struct Case {
     const char* name;
@@ -164,7 +164,7 @@ TEST_F(StoreRecovery, FlippedBitInTheIndexDeletesNoOtherKey) {
   }
 }
 
-// The file lost what its good copy still has, or its log did.
+// The file or its log lacks changes that the good copy has.
 TEST_F(StoreRecovery, LossIsReportedWithTheNumberOfKeys) {
   struct Case {
     const char* name;
@@ -224,7 +224,7 @@ TEST_F(StoreRecovery, ValueThatNoSourceHasIsCounted) {
   EXPECT_THAT(said, testing::ElementsAre(HasSubstr("the last change of 1 key is lost")));
 }
 
-// The log was begun anew after the copy: without it the file is older than its good copy.
+// The log was restarted after the copy was made. Without the log, the file is older than the copy.
 TEST_F(StoreRecovery, FileOlderThanItsGoodCopyTakesTheNewerChanges) {
   makeGoodCopy();
   const std::string older = contentsOf(path);
@@ -246,7 +246,7 @@ TEST_F(StoreRecovery, RunningStoreKeepsItsNewerValuesWhenAnotherRecovers) {
   const auto running = open();
   running->setInteger(1, "only here");
   running->setObject("newer", "old 0");
-  // What the log holds is lost, and another process recovers the store without it.
+  // The log is lost, and another process recovers the store without it.
   overwriteAt(log(), 0, std::string(contentsOf(log()).size(), '\0'));
   Child other([&] {
     overwriteAt(path, 2 * kPage, std::string(kPage, '\0'));
@@ -280,7 +280,7 @@ TEST_F(StoreRecovery, EightStartsOnADamagedStoreLoseNothing) {
         for (int i = 0; i < 12; ++i) {
           store->setInteger(i, "added " + std::to_string(writer) + " " + std::to_string(i));
         }
-        // What could not be written yet is not acknowledged.
+        // A value that could not be written yet does not count as acknowledged.
         return waitUntil([&] { return !store->status(); }) ? 0 : 1;
       });
     }

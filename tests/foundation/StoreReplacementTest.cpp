@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <functional>
 
 namespace foundation {
@@ -11,7 +12,7 @@ namespace {
 using QEVSettings::PreferenceValue;
 using QEVSettings::Subscription;
 
-// A store whose files are taken away or replaced while it is open.
+// A store whose files are removed, moved or replaced while it is open.
 class StoreReplacement : public DamagedStoreTest {
 protected:
   StoreReplacement() : DamagedStoreTest("folder") {}
@@ -72,7 +73,7 @@ TEST_F(StoreReplacement, NextWriteAddsNewerChangesFromMemory) {
     EXPECT_EQ(other->integerForKey("of the other"), isOther ? 5 : 0);
     EXPECT_EQ(store->integerForKey("of the other"), isOther ? 5 : 0);
     EXPECT_TRUE(verifyPreferences(path).isGood);
-    // Both hear of each other again.
+    // Each reads the writes of the other again.
     other->setInteger(2, "after");
     EXPECT_EQ(store->integerForKey("after"), 2);
   }
@@ -96,6 +97,15 @@ TEST_F(StoreReplacement, ObserversAreToldOfTheNewFile) {
   for (const auto& [name, replace] : cases()) {
     SCOPED_TRACE(name);
     clear();
+    std::array<int, 2> pipe{};
+    ASSERT_EQ(::pipe(pipe.data()), 0);
+    Child other([&] {
+      char go = 0;
+      if (::read(pipe[0], &go, 1) != 1) return 1;
+      const auto theirs = open();
+      theirs->setInteger(3, "theirs");
+      return theirs->status() || theirs->integerForKey("key") != 2 ? 1 : 0;
+    });
     const auto store = open();
     store->setInteger(1, "key");
     std::vector<std::string> heard;
@@ -103,13 +113,11 @@ TEST_F(StoreReplacement, ObserversAreToldOfTheNewFile) {
         store->observeAll([&](std::string_view key) { heard.emplace_back(key); });
     replace();
     store->setInteger(2, "key");
-    Child other([&] {
-      const auto theirs = open();
-      theirs->setInteger(3, "theirs");
-      return theirs->status() || theirs->integerForKey("key") != 2 ? 1 : 0;
-    });
+    ASSERT_EQ(::write(pipe[1], "!", 1), 1);
     EXPECT_EQ(other.wait(), 0);
     EXPECT_TRUE(waitUntil([&] { return !heard.empty() && heard.back() == "theirs"; }));
+    ::close(pipe[0]);
+    ::close(pipe[1]);
   }
 }
 

@@ -112,8 +112,8 @@ TEST_F(StoreWatch, DestructorWaitsForTheCurrentStepAndNoCallbackFollows) {
   }
 }
 
-// The process ends in the order in which a program makes that worst: the queue is first used after
-// the store.
+// The queue is first used after the store, so that a queue with an ordinary lifetime would be
+// destroyed first.
 Gate& gateAtExit() {
   static Gate gate;
   return gate;

@@ -24,7 +24,7 @@ struct SystemCalls {
 
 // Counts calls from now on, and applies the fault to the one with this number, beginning with 1.
 void beginSystemCallFault(SystemCallFault fault, long number, const SystemCalls& calls = {});
-// Back to normal; the number of calls there were.
+// Ends the fault. Returns the number of calls that were counted.
 long endSystemCallFault();
 
 // From now on no hard link can be made, and with `alsoRenames` no file can be renamed on condition

@@ -48,7 +48,8 @@ UserDefaults::~UserDefaults() {
   if (!file_) return;
   const auto lastOfCopy = lastChangeOfGoodCopy(path_);
   if (lastOfCopy && *lastOfCopy == lowBitsOfChange(file_->lastChange())) return;
-  if (isShortLived_ && isGoodCopyRecent(path_, file_->lastChange())) return;
+  if (isShortLived_ && lastOfCopy && isGoodCopyRecent(path_, *lastOfCopy, file_->lastChange()))
+    return;
   static_cast<void>(withinLimits([this] {
     if (auto recovery = keepGoodCopy(path_)) didRecover(*std::move(recovery));
     return done();

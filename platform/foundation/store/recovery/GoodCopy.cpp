@@ -57,13 +57,13 @@ bool isBehind(std::int64_t lastChange, std::optional<std::uint32_t> lastOfCopy) 
   return ahead != 0 && ahead < 0x40000000U;
 }
 
-bool isGoodCopyRecent(const std::filesystem::path& store, std::int64_t lastChange) {
+bool isGoodCopyRecent(const std::filesystem::path& store, std::optional<std::uint32_t> lastOfCopy,
+                      std::int64_t lastChange) {
   constexpr std::uint32_t fewChanges = 32;
   constexpr std::time_t day = 24 * 60 * 60;
-  const auto lastOfCopy = lastChangeOfGoodCopy(store);
   struct stat found {};
-  if (!lastOfCopy || !*lastOfCopy || ::lstat(goodCopyOf(store).c_str(), &found) != 0) return false;
-  const std::uint32_t lacking = (lowBitsOfChange(lastChange) - **lastOfCopy) & 0x7FFFFFFFU;
+  if (!lastOfCopy || ::lstat(goodCopyOf(store).c_str(), &found) != 0) return false;
+  const std::uint32_t lacking = (lowBitsOfChange(lastChange) - *lastOfCopy) & 0x7FFFFFFFU;
   // Negative when the clock went back.
   const std::time_t age = std::time(nullptr) - found.st_mtime;
   return lacking < fewChanges && age >= 0 && age < day;

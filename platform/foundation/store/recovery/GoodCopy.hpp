@@ -22,9 +22,10 @@ inline std::uint32_t lowBitsOfChange(std::int64_t number) {
 // Whether a store whose last change has this number lacks changes of the good copy.
 bool isBehind(std::int64_t lastChange, std::optional<std::uint32_t> lastOfCopy);
 
-// Whether the good copy is less than a day old and lacks few changes of a store whose last change
-// has this number.
-bool isGoodCopyRecent(const std::filesystem::path& store, std::int64_t lastChange);
+// Whether the good copy is less than a day old and lacks few changes of the store. `lastOfCopy` is
+// the result of `lastChangeOfGoodCopy`, `lastChange` the number of the store's last change.
+bool isGoodCopyRecent(const std::filesystem::path& store, std::optional<std::uint32_t> lastOfCopy,
+                      std::int64_t lastChange);
 
 enum class CopyOutcome {
   done,
