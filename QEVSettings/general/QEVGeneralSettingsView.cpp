@@ -142,7 +142,7 @@ View QEVGeneralSettingsView::timeZoneRow() const {
                 {
                     Text(localized("Packet time zone")).font(Font::callout()),
                     Spacer(points(Spacing::s5)),
-                    managed(timeZoneMenu(), selectedTimeZone_.isLocked()),
+                    timeZoneMenu(),
                 });
 }
 
@@ -157,7 +157,7 @@ View QEVGeneralSettingsView::timeZoneMenu() const {
     return items;
   };
 
-  return PopUpMenu(selectedTimeZone_, items)
+  return managed(PopUpMenu(selectedTimeZone_, items), selectedTimeZone_.isLocked())
       .frame(FlexibleFrame{.maxWidth = 280, .alignment = Alignment::trailing()})
       .help(localized("Packet time zone"));
 }

@@ -1,4 +1,4 @@
-#include "commandline/TextForm.hpp"
+#include "catalogue/SettingValues.hpp"
 #include "commands/Commands.hpp"
 
 namespace zorvantine {
@@ -18,9 +18,10 @@ Failed lockedFailure(std::string_view key) {
 }
 
 Failure noSuchKey(std::string_view key) {
+  const std::string suggestion = suggestionFor(key);
   return {.code = ExitCode::noSuchKey,
-          .message =
-              "there is no key “" + std::string(key) + "”; prefs list shows those that there are"};
+          .message = "there is no key “" + std::string(key) + "”; " +
+                     (suggestion.empty() ? "prefs list shows those that there are" : suggestion)};
 }
 
 }  // namespace zorvantine
