@@ -157,9 +157,9 @@ View QEVGeneralSettingsView::timeZoneMenu() const {
     return items;
   };
 
-  return managed(PopUpMenu(selectedTimeZone_, items), selectedTimeZone_.isLocked())
-      .frame(FlexibleFrame{.maxWidth = 280, .alignment = Alignment::trailing()})
-      .help(localized("Packet time zone"));
+  const View menu = PopUpMenu(selectedTimeZone_, items).help(localized("Packet time zone"));
+  return managed(menu, selectedTimeZone_.isLocked())
+      .frame(FlexibleFrame{.maxWidth = 280, .alignment = Alignment::trailing()});
 }
 
 View QEVGeneralSettingsView::updatesSection() const {
