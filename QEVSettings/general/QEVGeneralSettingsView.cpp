@@ -156,7 +156,7 @@ View QEVGeneralSettingsView::timeZoneRow() const {
                 {
                     Text(localized("Packet time zone")).font(Font::callout()),
                     Spacer(points(Spacing::s5)),
-                    managed(timeZoneMenu(), selectedTimeZone_.isLocked()),
+                    timeZoneMenu(),
                 });
 }
 
@@ -172,9 +172,9 @@ View QEVGeneralSettingsView::timeZoneMenu() const {
     return items;
   };
 
-  return PopUpMenu(selectedTimeZone_, items)
-      .frame(FlexibleFrame{.maxWidth = 280, .alignment = Alignment::trailing()})
-      .help(localized("Packet time zone"));
+  const View menu = PopUpMenu(selectedTimeZone_, items).help(localized("Packet time zone"));
+  return managed(menu, selectedTimeZone_.isLocked())
+      .frame(FlexibleFrame{.maxWidth = 280, .alignment = Alignment::trailing()});
 }
 
 View QEVGeneralSettingsView::updatesSection() const {

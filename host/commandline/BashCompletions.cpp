@@ -69,7 +69,7 @@ _zorvantine() {
     case $word in
       FILE | DIR)
         compopt -o filenames 2>/dev/null
-        mapfile -t COMPREPLY < <(if [[ $word == DIR ]]; then compgen -d -- "$current"
+        mapfile -t -O ${#COMPREPLY[@]} COMPREPLY < <(if [[ $word == DIR ]]; then compgen -d -- "$current"
                                  else compgen -f -- "$current"; fi)
         ;;
       -*) if [[ $current == -* && $word == "$current"* ]]; then COMPREPLY+=("$word"); fi ;;

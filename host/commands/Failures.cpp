@@ -1,4 +1,4 @@
-#include "commandline/TextForm.hpp"
+#include "catalogue/SettingValues.hpp"
 #include "commands/Commands.hpp"
 #include "foundation/Translation.hpp"
 
@@ -21,9 +21,12 @@ Failed lockedFailure(std::string_view key) {
 }
 
 Failure noSuchKey(std::string_view key) {
-  return {
-      .code = ExitCode::noSuchKey,
-      .message = translated("there is no key “%1”; prefs list shows those that there are", {key})};
+  const std::string suggestion = suggestionFor(key);
+  return {.code = ExitCode::noSuchKey,
+          .message =
+              suggestion.empty()
+                  ? translated("there is no key “%1”; prefs list shows those that there are", {key})
+                  : "there is no key “" + std::string(key) + "”; " + suggestion};
 }
 
 }  // namespace zorvantine

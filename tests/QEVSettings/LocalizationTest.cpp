@@ -1,5 +1,6 @@
 #include "AnalyzerWindowTest.hpp"
 #include "QEVCommonTools/FontPreferences.hpp"
+#include "QEVCommonTools/ManagedSetting.hpp"
 #include "QEVCommonTools/localized.hpp"
 #include "QEVDependencies/ProxyAddress.hpp"
 #include "QEVDependencies/ProxyServiceProtocol.hpp"
@@ -299,6 +300,8 @@ TEST_F(LocalizationTest, AsksTheTablesForEveryTextAndForNothingElse) {
     texts.see(QEVCommonTools::localized(QEVDependencies::validatedProxyHost(host).error().message));
   }
   texts.see(QEVCommonTools::localized(QEVDependencies::validatedProxyPort("none").error().message));
+  texts.see(
+      headless::Window(QEVCommonTools::managed(viewkit::View(), true), {.defaultStore = store}));
 
   EXPECT_THAT(texts.unmarked(), IsEmpty())
       << "shown without being looked up, or missing in the English table";

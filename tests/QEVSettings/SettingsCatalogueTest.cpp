@@ -8,6 +8,7 @@
 #include "TestAnalyzers.hpp"
 #include "analyzers/LoadAnalyzers.hpp"
 #include "catalogue/HostSettings.hpp"
+#include "foundation/Bundle.hpp"
 #include "headless/Window.hpp"
 
 #include <gmock/gmock.h>
@@ -77,6 +78,8 @@ void useEveryControl(headless::Window& window) {
 class SettingsCatalogueTest : public testing::Test {
 protected:
   SettingsCatalogueTest() {
+    // With the names of the time zones.
+    foundation::Bundle::setMainResourceFolder(QEV_SOURCE_FOLDER "/host/resources");
     parts_.interfaces->interfaces = {{.name = "eth0", .addresses = {}, .isUp = true},
                                      {.name = "eth1", .addresses = {}, .isUp = false}};
   }

@@ -108,8 +108,10 @@ TEST(CommandLine, ErrorNamesWhatIsWrong) {
   const std::vector<std::pair<Words, std::string>> cases{
       {{"setings"}, "“setings”"},
       {{""}, "no command"},
-      {{"prefs"}, "list, get, set, delete, import, export, migrate, watch or verify"},
-      {{"prefs", "show"}, "list, get, set"},
+      {{"prefs"},
+       "list, describe, get, set, reset, diff, edit, delete, import, export, migrate, watch or "
+       "verify"},
+      {{"prefs", "show"}, "list, describe, get, set"},
       {{"prefs", "get"}, "a KEY"},
       {{"prefs", "get", ""}, "a key is text"},
       {{"prefs", "get", "\xff"}, "a key is text"},

@@ -3,6 +3,7 @@
 #include "commandline/PreferenceJSON.hpp"
 #include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
+#include "commands/preferences/PreferenceLine.hpp"
 #include "foundation/JSONWriter.hpp"
 
 #include <ostream>
@@ -61,7 +62,7 @@ void writeSetting(JSONWriter& writer, const PreferenceDescriptor& descriptor) {
 }
 
 std::string shown(const std::optional<PreferenceValue>& value) {
-  return value ? onOneLine(shortened(textForm(*value), kLongestValue)) : "none";
+  return value ? onOneLine(shortened(readableForm(*value), kLongestValue)) : "none";
 }
 
 void printSetting(std::ostream& out, const PreferenceDescriptor& descriptor) {

@@ -5,6 +5,7 @@
 #include "catalogue/SettingValues.hpp"
 #include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
+#include "commands/preferences/PreferenceLine.hpp"
 #include "foundation/Files.hpp"
 #include "profiles/Profiles.hpp"
 
@@ -51,7 +52,7 @@ Result<PreferenceDictionary> valuesOf(const std::string& other) {
 }
 
 std::string shown(const PreferenceValue* value) {
-  return value != nullptr ? onOneLine(shortened(textForm(*value), kLongestValue)) : "none";
+  return value != nullptr ? onOneLine(shortened(readableForm(*value), kLongestValue)) : "none";
 }
 
 const PreferenceValue* findIn(const PreferenceDictionary& values, const std::string& key) {

@@ -16,15 +16,14 @@ void fillTo(std::string& line, std::size_t width) {
   line += "  ";
 }
 
-// Data that is text, such as a list of protocols, is shown as text.
+}  // namespace
+
 std::string readableForm(const PreferenceValue& value) {
   const auto* bytes = value.asData();
   if (bytes == nullptr || bytes->empty()) return textForm(value);
   const std::string text(bytes->begin(), bytes->end());
   return onOneLine(text) == text ? text : textForm(value);
 }
-
-}  // namespace
 
 std::string preferenceLine(std::string_view key, const std::optional<PreferenceValue>& value,
                            std::size_t keyWidth) {

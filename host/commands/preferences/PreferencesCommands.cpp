@@ -101,33 +101,33 @@ Option jsonOption(SetPreferenceCommand& command) {
 
 Arguments setArguments(SetPreferenceCommand& command) {
   using Type = PreferenceValue::Type;
-  return {.options = {valueOption("--string", "Text.", Type::string, command),
-                      valueOption("--int", "A whole number of 64 bits.", Type::integer, command),
-                      valueOption("--bool", "true or false.", Type::boolean, command),
-                      valueOption("--real", "A number, inf or -inf.", Type::real, command),
-                      valueOption("--data", "Bytes, in base64.", Type::data, command),
-                      valueOption("--date", "A date in UTC, as in 2026-03-01T12:30:00Z.",
-                                  Type::date, command),
-                      jsonOption(command),
-                      flag("--force",
-                           "Store a value that does not fit the setting, or a key that may be "
-                           "mistyped.",
-                           command.isForced, true)},
-          .operands = {keyOperand(command.key),
-                       {.name = "VALUE",
-                        .needs = "a VALUE",
-                        .take =
-                            [&command](std::string_view word) {
-                              command.text = word;
-                              return done();
-                            },
-                        .isOptional = true}},
-          .check = [&command] {
-            if (command.value.has_value() != command.text.has_value()) return done();
-            return Outcome(Error{
-                translated("prefs set needs one value: VALUE alone for a setting, or --string, "
-                           "--int, --bool, --real, --data, --date or --json, and VALUE")});
-          }};
+  return {
+      .options = {valueOption("--string", "Text.", Type::string, command),
+                  valueOption("--int", "A whole number of 64 bits.", Type::integer, command),
+                  valueOption("--bool", "true or false.", Type::boolean, command),
+                  valueOption("--real", "A number, inf or -inf.", Type::real, command),
+                  valueOption("--data", "Bytes, in base64.", Type::data, command),
+                  valueOption("--date", "A date in UTC, as in 2026-03-01T12:30:00Z.", Type::date,
+                              command),
+                  jsonOption(command),
+                  flag("--force",
+                       "Store a value that does not fit the setting, and any key without a word.",
+                       command.isForced, true)},
+      .operands = {keyOperand(command.key),
+                   {.name = "VALUE",
+                    .needs = "a VALUE",
+                    .take =
+                        [&command](std::string_view word) {
+                          command.text = word;
+                          return done();
+                        },
+                    .isOptional = true}},
+      .check = [&command] {
+        if (command.value.has_value() != command.text.has_value()) return done();
+        return Outcome(
+            Error{translated("prefs set needs one value: VALUE alone for a setting, or --string, "
+                             "--int, --bool, --real, --data, --date or --json, and VALUE")});
+      }};
 }
 
 Arguments resetArguments(ResetPreferencesCommand& command) {

@@ -1,6 +1,9 @@
 #include "catalogue/HostSettings.hpp"
 #include "catalogue/SettingValues.hpp"
+#include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
+
+#include <iostream>
 
 namespace zorvantine {
 
@@ -10,11 +13,20 @@ using QEVSettings::PreferenceValue;
 
 namespace {
 
-Failure unknownKey(const std::string& key, const std::string& remedy) {
+// A key that no setting of the program has. An analyzer of somebody else may read it.
+Failure unknownKey(const std::string& key) {
   const std::string suggestion = suggestionFor(key);
   return {.code = ExitCode::noSuchKey,
           .message = "“" + key + "” is no setting; " + suggestion +
-                     (suggestion.empty() ? "" : " If not, ") + remedy};
+                     (suggestion.empty() ? "" : " If not, ") +
+                     "name the type of its value, as in --string VALUE"};
+}
+
+void noteSuggestion(const std::string& key) {
+  const std::string suggestion = suggestionFor(key);
+  if (suggestion.empty()) return;
+  std::cerr << "zorvantine: "
+            << onOneLine("“" + key + "” is no setting, and is stored; " + suggestion) << std::endl;
 }
 
 // What to store, or why nothing is stored.
@@ -33,10 +45,8 @@ Result<PreferenceValue> valueOf(const SetPreferenceCommand& command,
 Failed run(const SetPreferenceCommand& command, Console&) {
   if (auto failure = lockedFailure(command.key)) return failure;
   const auto* known = hostCatalogue().find(command.key);
-  if (known == nullptr && command.text)
-    return unknownKey(command.key, "name the type of its value, as in --string VALUE");
-  if (known == nullptr && !command.isForced && !suggestionFor(command.key).empty())
-    return unknownKey(command.key, "store it with --force");
+  if (known == nullptr && command.text) return unknownKey(command.key);
+  if (known == nullptr && !command.isForced) noteSuggestion(command.key);
   auto value =
       known != nullptr ? valueOf(command, *known) : Result<PreferenceValue>(*command.value);
   if (!value) return Failure{.code = ExitCode::usage, .message = value.error().message};
