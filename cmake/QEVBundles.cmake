@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Gathers what a host puts next to its program, in the form in which it is installed.
 
 set(QEVSettings_BUNDLES_DIR ${PROJECT_BINARY_DIR}/share/QEVSettings)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The settings that every target of the project is built with, and the functions that declare a
 # room.
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What other projects find with find_package(QEVSettings) and pkg-config.
 include(CMakePackageConfigHelpers)
 

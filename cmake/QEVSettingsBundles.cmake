@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # qev_settings_bundles(TARGET): puts the string tables next to a program, where it finds them in its
 # build folder, and with them the pictures of the appearance choice and the names of the time zones.
 function(qev_settings_bundles target)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Makes documentation of the comments of a header, for Doxygen: of a comment above a declaration, and
 # of one after it. A backslash begins a command of Doxygen's, except in an example.
 /^\/\/ SPDX-/s,.*,,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sparkle/Appcast.hpp"
 #include "sparkle/Version.hpp"
 

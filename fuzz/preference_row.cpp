@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/PreferenceCoding.hpp"
 #include "platform/foundation/store/PreferenceCell.hpp"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Language.hpp"
 
 #include "foundation/Bundle.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SettingsHost.hpp"
 
 #include "Language.hpp"

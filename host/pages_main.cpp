@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "commands/RunCommandLine.hpp"
 
 int main(int argc, char** argv) {

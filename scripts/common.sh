@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Sourced by the other scripts: where the repository is, and how it is built.
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)

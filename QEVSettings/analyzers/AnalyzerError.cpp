@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "analyzers/AnalyzerError.hpp"
 
 #include "QEVCommonTools/MessageText.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "analyzers/AnalyzerSettingDetailsProvider.hpp"
 
 namespace QEVSettings {

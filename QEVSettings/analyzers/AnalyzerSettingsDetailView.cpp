@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "analyzers/AnalyzerSettingsDetailView.hpp"
 
 #include "QEVCommonTools/Hairline.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "analyzers/AnalyzertSettingRowView.hpp"
 
 #include "QEVCommonTools/ColorRawValue.hpp"

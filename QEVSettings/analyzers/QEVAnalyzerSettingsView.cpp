@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "analyzers/QEVAnalyzerSettingsView.hpp"
 
 #include "QEVModels/QEVPlugInsController.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "capture/QEVCaptureSettingsView.hpp"
 
 #include "QEVCommonTools/Spacing.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "fonts/QEVFontSettingsView.hpp"
 
 #include "QEVCommonTools/FontPicker.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "general/AppearanceModeButton.hpp"
 
 #include "QEVCommonTools/ColorRawValue.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "general/QEVGeneralSettingsView.hpp"
 
 #include "QEVCommonTools/Hairline.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "general/QEVTimeZones.hpp"
 
 #include "QEVLog/QEVLog.hpp"

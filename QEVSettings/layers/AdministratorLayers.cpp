@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "layers/AdministratorLayers.hpp"
 
 #include "QEVSettings/PreferenceListReader.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/LayeredPreferences.hpp"
 
 #include "foundation/Diagnostics.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/QEVPreferencesMigrationSteps.hpp"
 
 #include "QEVSettings/QEVPreferencesMigration.hpp"

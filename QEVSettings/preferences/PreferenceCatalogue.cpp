@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/preferences/PreferenceCatalogue.hpp"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/preferences/PreferenceDescriptor.hpp"
 
 #include <algorithm>

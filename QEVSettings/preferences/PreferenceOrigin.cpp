@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/preferences/PreferenceOrigin.hpp"
 
 namespace QEVSettings {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/preferences/PreferencesStore.hpp"
 
 namespace QEVSettings {

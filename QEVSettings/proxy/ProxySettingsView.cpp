@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/ProxySettingsView.hpp"
 
 #include "QEVCommonTools/Spacing.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "rows/OptionRow.hpp"
 
 #include "rows/iconRow.hpp"

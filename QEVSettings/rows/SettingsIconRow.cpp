@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "rows/SettingsIconRow.hpp"
 
 #include "QEVCommonTools/Spacing.hpp"

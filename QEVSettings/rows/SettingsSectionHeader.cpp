@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "rows/SettingsSectionHeader.hpp"
 
 #include "QEVCommonTools/Spacing.hpp"

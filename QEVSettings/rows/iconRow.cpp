@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "rows/iconRow.hpp"
 
 #include "QEVCommonTools/ColorRawValue.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/CheckForUpdatesView.hpp"
 
 #include "resources/resource_bundle_accessor.hpp"

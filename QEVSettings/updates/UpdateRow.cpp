@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "updates/UpdateRow.hpp"
 
 #include "QEVCommonTools/ManagedSetting.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/UpdaterViewModel.hpp"
 
 #include "foundation/MainQueue.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/PreferenceListReader.hpp"
 
 #include "QEVSettings/ValueReader.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/ValueReader.hpp"
 
 #include "foundation/Base64.hpp"

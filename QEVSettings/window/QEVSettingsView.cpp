@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/QEVSettingsView.hpp"
 
 #include "QEVCommonTools/QEVHelpAnchor.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "window/StorageNotice.hpp"
 
 #include "QEVCommonTools/RectCorner.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/StorageNotices.hpp"
 
 #include "QEVCommonTools/PlainText.hpp"

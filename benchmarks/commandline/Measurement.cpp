@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Measurement.hpp"
 
 #include <fcntl.h>

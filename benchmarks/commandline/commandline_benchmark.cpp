@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Measures every command about the preferences next to two programs that read one key of a settings
 // store, in turns, and prints a table.
 //

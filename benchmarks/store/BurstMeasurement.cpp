@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OwnMeasurements.hpp"
 #include "foundation/UserDefaults.hpp"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Contender.hpp"
 
 std::string keyName(std::size_t key) {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #define G_SETTINGS_ENABLE_BACKEND
 #include "Contender.hpp"
 

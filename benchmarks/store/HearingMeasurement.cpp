@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OwnMeasurements.hpp"
 #include "OwnProcess.hpp"
 #include "foundation/MainQueue.hpp"

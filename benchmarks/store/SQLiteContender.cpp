@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Contender.hpp"
 
 #include <sqlite3.h>

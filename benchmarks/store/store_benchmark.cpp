@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Prints the cost of our store's operations next to that of the alternatives, measured in the same
 // run on the same disk, and then the measurements of our store alone.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/general/QEVTimeZones.hpp"
 #include "foundation/Bundle.hpp"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "AnalyzerDetails.hpp"
 
 #include "OptionRow.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "AnalyzerPage.hpp"
 
 #include "AnalyzerDetails.hpp"

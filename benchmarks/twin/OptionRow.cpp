@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OptionRow.hpp"
 
 #include "SwitchButton.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PortsTable.hpp"
 
 #include "QEVDependencies/kQEVSourceProtocols.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SwitchButton.hpp"
 
 #include <QPainter>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TwinPage.hpp"
 #include "window/Analyzers.hpp"
 #include "window/Driver.hpp"

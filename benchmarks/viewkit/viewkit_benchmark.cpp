@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Measures the update after one event: its time, the bodies run, the nodes laid out, the nodes
 // changed and the bytes allocated.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Analyzers.hpp"
 
 #include "QEVDependencies/AnalyzerSettingsConfig.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Driver.hpp"
 
 #include <QKeyEvent>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OurPage.hpp"
 
 #include "QEVDependencies/QEVAppDelegateProvider.hpp"

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Drives our window and its twin through the same actions, in turns, and prints a table of ratios.
 
     compare.py FOLDER [--rounds N] [--repetitions N] [--analyzers N,…] [--platforms offscreen,xcb]

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Analyzers.hpp"
 #include "Driver.hpp"
 #include "OurPage.hpp"

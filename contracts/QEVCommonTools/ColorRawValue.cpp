@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVCommonTools/ColorRawValue.hpp"
 
 #include "foundation/Base64.hpp"

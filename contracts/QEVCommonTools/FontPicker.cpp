@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVCommonTools/FontPicker.hpp"
 
 #include "QEVCommonTools/FontPreferences.hpp"

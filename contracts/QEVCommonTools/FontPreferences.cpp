@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVCommonTools/FontPreferences.hpp"
 
 #include "QEVKonstantsKeys/Keys.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVCommonTools/Hairline.hpp"
 
 #include "viewkit/Shape.hpp"

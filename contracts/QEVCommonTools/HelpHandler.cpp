@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVCommonTools/HelpHandler.hpp"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "HelpText.hpp"
 
 #include "QEVCommonTools/PlainText.hpp"

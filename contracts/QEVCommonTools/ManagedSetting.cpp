@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVCommonTools/ManagedSetting.hpp"
 
 #include "QEVCommonTools/Spacing.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVCommonTools/MessageText.hpp"
 
 #include "QEVCommonTools/Spacing.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVCommonTools/PlainText.hpp"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVCommonTools/QEVHelpButton.hpp"
 
 #include "HelpText.hpp"

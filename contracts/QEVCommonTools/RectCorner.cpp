@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVCommonTools/RectCorner.hpp"
 
 namespace QEVCommonTools {

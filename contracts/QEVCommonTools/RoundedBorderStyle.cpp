@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVCommonTools/RoundedBorderStyle.hpp"
 
 #include "viewkit/Shape.hpp"

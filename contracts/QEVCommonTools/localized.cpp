@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVCommonTools/localized.hpp"
 
 #include "foundation/Bundle.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVDependencies/QEVError.hpp"
 
 namespace QEVDependencies {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVDependencies/QEVNetworkProtocol.hpp"
 
 #include "QEVDependencies/QEVProtocolKonstants.hpp"

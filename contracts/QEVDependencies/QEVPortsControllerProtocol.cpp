@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVDependencies/QEVPortsControllerProtocol.hpp"
 
 #include "QEVDependencies/QEVNetworkProtocol.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVKonstantsKeys/NSColor.hpp"
 
 #include <algorithm>

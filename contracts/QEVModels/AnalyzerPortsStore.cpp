@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVModels/AnalyzerPortsStore.hpp"
 
 #include "QEVModels/PortsValidator.hpp"

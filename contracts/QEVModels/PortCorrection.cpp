@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVModels/PortCorrection.hpp"
 
 #include "QEVCommonTools/PlainText.hpp"

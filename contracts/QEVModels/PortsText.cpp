@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PortsText.hpp"
 
 #include "foundation/Unicode.hpp"

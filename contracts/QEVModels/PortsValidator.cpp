@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVModels/PortsValidator.hpp"
 
 #include "PortsText.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVModels/QEVPlugInsController.hpp"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "analyzers/AnalyzerDescription.hpp"
 
 #include "analyzers/AnalyzerGroups.hpp"

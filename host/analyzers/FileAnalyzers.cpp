@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "analyzers/AnalyzerGroups.hpp"
 
 namespace zorvantine {

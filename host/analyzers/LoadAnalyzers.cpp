@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "analyzers/LoadAnalyzers.hpp"
 
 #include "QEVModels/QEVPlugInsController.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "analyzers/RunningAnalyzer.hpp"
 
 #include "QEVDependencies/QEVProtocolKonstants.hpp"

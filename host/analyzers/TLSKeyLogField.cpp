@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "analyzers/TLSKeyLogField.hpp"
 
 #include "QEVCommonTools/ManagedSetting.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVDependencies/kQEVSourceProtocols.hpp"
 #include "analyzers/AnalyzerDescription.hpp"
 

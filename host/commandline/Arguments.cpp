@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "commandline/Arguments.hpp"
 
 #include "foundation/Translation.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "commandline/CompletionTable.hpp"
 
 #include "commandline/Options.hpp"

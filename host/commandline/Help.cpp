@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "commandline/Help.hpp"
 
 #include "commandline/HelpParts.hpp"

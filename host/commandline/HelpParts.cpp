@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "commandline/HelpParts.hpp"
 
 #include "commandline/Help.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "commandline/Messages.hpp"
 
 #include "QEVLog/QEVLog.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "commandline/TextForm.hpp"
 
 #include "commandline/PreferenceJSON.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "commands/CommandEntry.hpp"
 
 namespace zorvantine {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "catalogue/SettingValues.hpp"
 #include "commands/Commands.hpp"
 #include "foundation/Translation.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "commands/Interruption.hpp"
 
 #include <sys/signalfd.h>

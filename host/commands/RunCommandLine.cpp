@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "commands/RunCommandLine.hpp"
 
 #include "QEVSettings/preferences/HostIdentity.hpp"

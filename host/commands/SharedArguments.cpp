@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "commands/SharedArguments.hpp"
 
 #include "foundation/Translation.hpp"

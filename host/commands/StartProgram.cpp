@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "commands/StartProgram.hpp"
 
 #include "commands/ReplaceProcess.hpp"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Writes the PROGRAM's completions for bash, zsh and fish to files in FOLDER.
 file(MAKE_DIRECTORY ${FOLDER})
 foreach(shell bash zsh fish)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Writes the manual page to OUTPUT: the TEMPLATE with the description of its commands that the
 # PROGRAM prints.
 execute_process(COMMAND ${PROGRAM} help --format man

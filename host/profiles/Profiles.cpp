@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "profiles/Profiles.hpp"
 
 #include "foundation/Unicode.hpp"

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Makes the binary property list that an old release leaves behind: colours as data, ports as arrays.
 
     make_old_preferences.py FILE

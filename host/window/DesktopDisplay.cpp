@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "window/DesktopDisplay.hpp"
 
 #include "qt/Application.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "window/DesktopHost.hpp"
 
 #include "Language.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "window/MainWindow.hpp"
 
 #include "foundation/Bundle.hpp"

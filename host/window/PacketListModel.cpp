@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "window/PacketListModel.hpp"
 
 #include "QEVCommonTools/ColorRawValue.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "window/PacketListView.hpp"
 
 #include "QEVCommonTools/Hairline.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "window/QtMessages.hpp"
 
 #include "QEVLog/QEVLog.hpp"

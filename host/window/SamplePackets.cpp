@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "window/SamplePackets.hpp"
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "window/Snapshots.hpp"
 
 #include "appkit/Application.hpp"

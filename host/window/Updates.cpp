@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "window/Updates.hpp"
 
 #include "commandline/Help.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "appkit/Application.hpp"
 
 #include "appkit/Window.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "appkit/Event.hpp"
 
 #include <algorithm>

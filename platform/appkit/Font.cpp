@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "appkit/Font.hpp"
 
 #include "appkit/Application.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ControlUse.hpp"
 
 namespace headless {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "headless/Description.hpp"
 
 #include "foundation/JSONWriter.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "headless/Element.hpp"
 
 #include "Finder.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Finder.hpp"
 
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "KeyPress.hpp"
 
 #include <string>

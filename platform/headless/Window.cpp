@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "headless/Window.hpp"
 
 #include "ControlUse.hpp"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Sets `symbol_resource` to a source that holds the drawing of every symbol that views may name, as
 # the Qt resource ":/symbols/NAME.svg".
 include(${CMAKE_CURRENT_LIST_DIR}/../viewkit/symbols/SymbolNames.cmake)

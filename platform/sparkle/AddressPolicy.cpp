@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "AddressPolicy.hpp"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sparkle/FileTransport.hpp"
 
 #include "foundation/MainQueue.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Package.hpp"
 
 #include "AddressPolicy.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/Ascii.hpp"
 #include "sparkle/Appcast.hpp"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sparkle/SPUStandardUpdaterController.hpp"
 
 #include <utility>

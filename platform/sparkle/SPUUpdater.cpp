@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sparkle/SPUUpdater.hpp"
 
 #include "AddressPolicy.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Signature.hpp"
 
 #include "foundation/Base64.hpp"

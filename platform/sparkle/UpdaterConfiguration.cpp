@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sparkle/UpdaterConfiguration.hpp"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sparkle/Version.hpp"
 
 #include "foundation/Ascii.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sparkle/reason.hpp"
 
 #include "foundation/Translation.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVCommonTools/ColorRawValue.hpp"
 #include "QEVCommonTools/FontPreferences.hpp"
 #include "QEVCommonTools/PlainText.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVDependencies/ProxyAddress.hpp"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVLog/QEVLog.hpp"
 
 #include <gmock/gmock.h>

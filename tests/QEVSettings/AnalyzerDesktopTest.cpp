@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "HostParts.hpp"
 #include "QEVCommonTools/ColorRawValue.hpp"
 #include "QEVDependencies/QEVError.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How much work the Analyzer page makes of what a person does: the same for ten analyzers and for
 // ten thousand.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every kind of control, changed by a second process while a person uses it in one of two windows.
 
 #include "TwoWindows.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/CheckForUpdatesView.hpp"
 
 #include "SilentTransport.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "AnalyzerWindowTest.hpp"
 #include "QEVCommonTools/ColorRawValue.hpp"
 #include "viewkit/Text.hpp"

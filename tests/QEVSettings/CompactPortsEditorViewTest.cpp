@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PortsEditorTest.hpp"
 #include "QEVDependencies/QEVError.hpp"
 #include "QEVSettings/preferences/PreferenceKeys.hpp"

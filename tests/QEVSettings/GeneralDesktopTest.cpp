@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "HostParts.hpp"
 #include "QEVKonstantsKeys/Keys.hpp"
 #include "QEVSettings/StoredAppearance.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "AnalyzerWindowTest.hpp"
 #include "QEVModels/AnalyzerPortsStore.hpp"
 #include "QEVSettings/preferences/PreferenceKeys.hpp"

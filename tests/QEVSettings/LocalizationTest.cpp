@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "AnalyzerWindowTest.hpp"
 #include "QEVCommonTools/FontPreferences.hpp"
 #include "QEVCommonTools/ManagedSetting.hpp"

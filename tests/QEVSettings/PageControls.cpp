@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PageControls.hpp"
 
 #include "QEVKonstantsKeys/Keys.hpp"

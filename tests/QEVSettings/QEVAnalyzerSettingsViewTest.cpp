@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "AnalyzerWindowTest.hpp"
 #include "QEVDependencies/QEVError.hpp"
 #include "QEVSettings/preferences/PreferenceKeys.hpp"

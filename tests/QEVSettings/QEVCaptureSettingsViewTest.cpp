@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVDependencies/ProxyServiceProtocol.hpp"
 #include "QEVSettings/ProxySettingsView.hpp"
 #include "SettingsWindowTest.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVKonstantsKeys/Keys.hpp"
 #include "SettingsWindowTest.hpp"
 #include "appkit/Application.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RandomWalk.hpp"
 
 #include "QEVCommonTools/ColorRawValue.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "HostParts.hpp"
 #include "TestAnalyzers.hpp"
 #include "qt/WindowFixture.hpp"

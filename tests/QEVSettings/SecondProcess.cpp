@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SecondProcess.hpp"
 
 #include "QEVModels/AnalyzerPortsStore.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/SettingsCatalogue.hpp"
 
 #include "HostParts.hpp"

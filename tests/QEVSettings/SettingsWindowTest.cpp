@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SettingsWindowTest.hpp"
 
 #include <utility>

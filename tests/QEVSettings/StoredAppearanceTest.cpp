@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/StoredAppearance.hpp"
 
 #include "QEVKonstantsKeys/Keys.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TestAnalyzers.hpp"
 
 #include "QEVModels/QEVPlugInsController.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TwoWindows.hpp"
 
 #include "ProxyService.hpp"

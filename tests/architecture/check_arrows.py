@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Reads the includes of every C++ file below a folder and reports those that run against the arrows.
 
     check_arrows.py ROOT

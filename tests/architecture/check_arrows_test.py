@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Runs the checker over small trees, to prove that it finds each kind of violation."""
 
 import tempfile

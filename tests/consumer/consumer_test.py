@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Installs the library into a folder of its own, then configures, builds and runs projects that use it.
 
     consumer_test.py BUILD SCRATCH CXX_COMPILER CXX_FLAGS COMPONENTS [QT_HOST OPEN_EXAMPLE]

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "resources/resource_bundle_accessor.hpp"
 
 #include <cstdio>

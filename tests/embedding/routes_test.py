@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Configures the Qt host with the library built from its sources, in one of the ways that CMake has for that.
 
     routes_test.py ROUTE HOST SOURCE SCRATCH CXX_COMPILER LAUNCHER all|some OPEN_EXAMPLE

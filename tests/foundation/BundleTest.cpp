@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/Bundle.hpp"
 #include "foundation/Files.hpp"
 #include "support/TemporaryFolder.hpp"

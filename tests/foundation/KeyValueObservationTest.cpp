@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/KeyValueObservation.hpp"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/NotificationCenter.hpp"
 
 #include <gmock/gmock.h>

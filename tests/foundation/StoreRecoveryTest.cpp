@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StoreDamage.hpp"
 #include "foundation/PreferencesVerification.hpp"
 

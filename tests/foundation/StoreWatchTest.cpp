@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StoreFixture.hpp"
 #include "foundation/store/watch/CommitStamp.hpp"
 #include "foundation/store/watch/PreferencesWatch.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SystemCallFaults.hpp"
 
 #include <dlfcn.h>

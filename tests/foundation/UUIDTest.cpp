@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/UUID.hpp"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/Unicode.hpp"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StoreFixture.hpp"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Form.hpp"
 #include "appkit/Application.hpp"
 #include "appkit/Responder.hpp"

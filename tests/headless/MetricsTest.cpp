@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "headless/Metrics.hpp"
 
 #include "support/ElementPrinting.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Form.hpp"
 #include "support/ElementPrinting.hpp"
 #include "viewkit/Animation.hpp"

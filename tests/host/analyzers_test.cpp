@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "analyzers/AnalyzerPreferences.hpp"
 
 #include "QEVDependencies/QEVError.hpp"

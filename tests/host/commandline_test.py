@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """The command line as a shell sees it: what it prints, where, and how it exits.
 
     commandline_test.py ZORVANTINE SAMPLE

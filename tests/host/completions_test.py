@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """The completions of bash, zsh and fish, each run in its shell.
 
     completions_test.py ZORVANTINE FOLDER

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """The installed programs, in a tree that was moved after it was installed.
 
     installed_test.py BUILD SCRATCH

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MachineInterfaces.hpp"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "commandline/Options.hpp"
 #include "commands/Commands.hpp"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProxyService.hpp"
 
 #include "foundation/UserDefaults.hpp"

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """The catalogue, the layers and the profiles as a shell sees them.
 
     settings_test.py ZORVANTINE

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A text that is being typed when the program ends: the host's own window, in a forked process.
 // This process has no Qt application, and no thread while it forks.
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """The commands about the window, as a shell sees them, without a display.
 
     window_test.py ZORVANTINE

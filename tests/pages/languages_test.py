@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Looks for English in the pages of every other language.
 
     languages_test.py ZORVANTINE SOURCE_FOLDER

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Compares the laid-out pages with the golden files next to this script.
 
     pages_test.py ZORVANTINE            compares

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/preferences/PreferenceKeys.hpp"
 
 #include <gtest/gtest.h>

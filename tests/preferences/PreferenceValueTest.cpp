@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/preferences/PreferenceValue.hpp"
 
 #include "QEVSettings/preferences/Subscription.hpp"

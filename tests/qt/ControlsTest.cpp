@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RecordingBinding.hpp"
 #include "WindowFixture.hpp"
 

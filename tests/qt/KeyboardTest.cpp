@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WindowFixture.hpp"
 
 #include "appkit/Application.hpp"

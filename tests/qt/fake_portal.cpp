@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A settings portal for tests. It is dark at first. Each line of its input, such as "color-scheme
 // 2", changes a setting and announces that. It exits at the end of its input.
 

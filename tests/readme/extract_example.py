@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Writes a C++ example of a Markdown file to a file of its own: the fenced block with a `main` that has this number.
 
     extract_example.py MARKDOWN NUMBER OUTPUT

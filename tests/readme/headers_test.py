@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Fails when a type of a public header does not open with a comment that says what it is for.
 
     headers_test.py REPOSITORY

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Fails when `--help` names a command or an option that the manual page or the README leaves out or calls otherwise.
 
     manual_test.py PROGRAM MANUAL README

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Fails when the sources of the command line and its English string table name different messages.
 
     messages_test.py HOST VALUES

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Starts an example without a display, waits until it has migrated its store, and ends it.
 
     open_example.py PROGRAM

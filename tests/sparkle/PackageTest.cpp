@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "UpdaterFixture.hpp"
 #include "foundation/Base64.hpp"
 #include "foundation/Files.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/preferences/HostIdentity.hpp"
 #include "foundation/Bundle.hpp"
 #include "foundation/StringsFile.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "UpdaterFixture.hpp"
 #include "foundation/MainQueue.hpp"
 #include "foundation/StringsFile.hpp"

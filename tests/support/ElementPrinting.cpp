@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/ElementPrinting.hpp"
 
 #include <ostream>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/RecordingPreferencesStore.hpp"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Support.hpp"
 #include "viewkit/Animation.hpp"
 #include "viewkit/Controls.hpp"

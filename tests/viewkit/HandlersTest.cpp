@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Support.hpp"
 #include "foundation/MainQueue.hpp"
 #include "foundation/ObservableObject.hpp"

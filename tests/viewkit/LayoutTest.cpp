@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Support.hpp"
 #include "viewkit/Grid.hpp"
 #include "viewkit/GroupBox.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Support.hpp"
 #include "Work.hpp"
 #include "viewkit/Shape.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "layout/RowHeights.hpp"
 
 #include <gtest/gtest.h>

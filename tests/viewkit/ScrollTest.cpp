@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Support.hpp"
 #include "viewkit/LazyVStack.hpp"
 #include "viewkit/ScrollView.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Counter.hpp"
 #include "Support.hpp"
 #include "viewkit/StoredPreference.hpp"

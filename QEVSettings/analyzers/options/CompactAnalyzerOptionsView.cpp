@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "analyzers/options/CompactAnalyzerOptionsView.hpp"
 
 #include "QEVCommonTools/ColorRawValue.hpp"

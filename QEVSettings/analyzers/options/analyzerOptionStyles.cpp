@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "analyzers/options/analyzerOptionStyles.hpp"
 
 namespace QEVSettings {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "analyzers/ports/CompactPortsEditorView.hpp"
 
 #include "QEVCommonTools/Hairline.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "analyzers/ports/PortMenu.hpp"
 
 #include "QEVCommonTools/Spacing.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "analyzers/ports/PortNameCell.hpp"
 
 #include "analyzers/ports/PortMenu.hpp"

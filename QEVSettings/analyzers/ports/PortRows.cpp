@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "analyzers/ports/PortRows.hpp"
 
 #include "QEVModels/QEVPortsController.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "analyzers/ports/PortSourceCell.hpp"
 
 #include "QEVDependencies/kQEVSourceProtocols.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "analyzers/ports/PortsEditing.hpp"
 
 #include "QEVCommonTools/ManagedSetting.hpp"

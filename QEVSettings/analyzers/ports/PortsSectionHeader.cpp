@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "analyzers/ports/PortsSectionHeader.hpp"
 
 #include "rows/SettingsSectionHeader.hpp"

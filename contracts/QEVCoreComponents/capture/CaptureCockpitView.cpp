@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVCoreComponents/CaptureCockpitView.hpp"
 
 #include "QEVCommonTools/ColorRawValue.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVCoreComponents/QEVCaptureViewModel.hpp"
 
 namespace QEVCoreComponents {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "fields/CheckedTextField.hpp"
 
 #include "QEVCommonTools/ManagedSetting.hpp"

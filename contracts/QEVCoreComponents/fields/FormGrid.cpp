@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "fields/FormGrid.hpp"
 
 #include "QEVCommonTools/Spacing.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVCoreComponents/ProtocolPortInputField.hpp"
 
 #include "QEVCommonTools/MessageText.hpp"

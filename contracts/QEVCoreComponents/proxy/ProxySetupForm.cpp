@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVCoreComponents/ProxySetupForm.hpp"
 
 #include "QEVCommonTools/ManagedSetting.hpp"

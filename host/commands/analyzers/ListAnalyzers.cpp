@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVDependencies/QEVPluginPreferencesProtocol.hpp"
 #include "QEVDependencies/kQEVSourceProtocols.hpp"
 #include "QEVModels/AnalyzerPortsStore.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/PreferenceListReader.hpp"
 #include "QEVSettings/SettingsCatalogue.hpp"
 #include "QEVSettings/preferences/PreferenceKeys.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/PreferenceListReader.hpp"
 #include "catalogue/HostSettings.hpp"
 #include "catalogue/SettingValues.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
 #include "foundation/PropertyList.hpp"

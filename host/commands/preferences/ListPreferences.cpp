@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "commandline/PreferenceJSON.hpp"
 #include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "commands/preferences/PreferenceLine.hpp"
 
 #include "commandline/TextForm.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/ValueReader.hpp"
 #include "commands/CommandEntry.hpp"
 #include "commands/SharedArguments.hpp"

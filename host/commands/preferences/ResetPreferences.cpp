@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVModels/AnalyzerPortsStore.hpp"
 #include "QEVSettings/SettingsCatalogue.hpp"
 #include "QEVSettings/preferences/PreferenceKeys.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "catalogue/HostSettings.hpp"
 #include "catalogue/SettingValues.hpp"
 #include "commandline/TextForm.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "commandline/PreferenceJSON.hpp"
 #include "commands/Commands.hpp"
 #include "commands/Interruption.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "commands/Commands.hpp"
 #include "foundation/Translation.hpp"
 

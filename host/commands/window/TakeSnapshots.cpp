@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "commands/Commands.hpp"
 #include "window/Snapshots.hpp"
 

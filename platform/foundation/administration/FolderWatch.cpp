@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/FolderWatch.hpp"
 
 #include "foundation/MainQueue.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/TrustedFiles.hpp"
 
 #include <sys/stat.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/MainQueue.hpp"
 
 #include <sys/eventfd.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/FilePresence.hpp"
 
 #include <sys/stat.h>

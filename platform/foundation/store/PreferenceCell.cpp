@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/PreferenceCell.hpp"
 
 #include "foundation/PreferenceCoding.hpp"

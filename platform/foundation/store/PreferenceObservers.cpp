@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/PreferenceObservers.hpp"
 
 #include <utility>

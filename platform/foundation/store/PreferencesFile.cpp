@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/PreferencesFile.hpp"
 
 #include "foundation/PreferenceCoding.hpp"

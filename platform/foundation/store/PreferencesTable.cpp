@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/PreferencesTable.hpp"
 
 #include "store/PreferenceCell.hpp"

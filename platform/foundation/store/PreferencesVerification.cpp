@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/PreferencesVerification.hpp"
 
 #include "store/FilePresence.hpp"

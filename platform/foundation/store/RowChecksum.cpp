@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/RowChecksum.hpp"
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/SQLiteHandles.hpp"
 
 #include "store/watch/CommitStamp.hpp"

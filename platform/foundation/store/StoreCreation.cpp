@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/StoreCreation.hpp"
 
 #include "store/PreferencesTable.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/StoreIdentity.hpp"
 
 #include "store/PreferencesTable.hpp"

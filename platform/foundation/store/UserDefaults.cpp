@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/UserDefaults.hpp"
 
 #include "QEVSettings/preferences/HostIdentity.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/UserDefaults.hpp"
 
 #include "foundation/Diagnostics.hpp"

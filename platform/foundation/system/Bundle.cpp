@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/Bundle.hpp"
 
 #include <dlfcn.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/Diagnostics.hpp"
 
 #include "QEVSettings/preferences/HostIdentity.hpp"

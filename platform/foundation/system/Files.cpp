@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/Files.hpp"
 
 #include "system/FileDescriptor.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "system/ProcessLimits.hpp"
 
 #include <sqlite3.h>

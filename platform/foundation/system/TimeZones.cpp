@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/TimeZones.hpp"
 
 #include "foundation/Files.hpp"

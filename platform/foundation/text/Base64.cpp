@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/Base64.hpp"
 
 #include <algorithm>

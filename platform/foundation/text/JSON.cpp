@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/JSON.hpp"
 
 #include "foundation/Ascii.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "text/JSONEscape.hpp"
 
 #include "foundation/Ascii.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "text/JSONParser.hpp"
 
 #include "foundation/Ascii.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/JSONWriter.hpp"
 
 #include "foundation/Unicode.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/StringsFile.hpp"
 
 #include "foundation/Ascii.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/Translation.hpp"
 
 #include "foundation/Bundle.hpp"

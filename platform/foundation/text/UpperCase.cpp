@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/Diagnostics.hpp"
 #include "foundation/Unicode.hpp"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/XMLParser.hpp"
 
 #include <expat.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "accessibility/AccessibleControl.hpp"
 
 #include "accessibility/AccessibleRoot.hpp"

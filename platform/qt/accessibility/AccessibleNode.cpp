@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "accessibility/AccessibleNode.hpp"
 
 #include "accessibility/AccessibleTree.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "accessibility/AccessibleText.hpp"
 
 #include "controls/text/LongText.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "accessibility/AccessibleTree.hpp"
 
 #include "accessibility/AccessibleNode.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "accessibility/AccessibleWindow.hpp"
 
 #include "accessibility/AccessibleRoot.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "accessibility/accessibleValues.hpp"
 
 #include "bridge/Strings.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "accessibility/makeAccessible.hpp"
 
 #include "accessibility/AccessibleControl.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bridge/KeyEvents.hpp"
 
 #include "bridge/Strings.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/ButtonWidget.hpp"
 
 #include "bridge/MirroredTree.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/ControlWidget.hpp"
 
 #include "foundation/MainQueue.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/HelpButton.hpp"
 
 #include "paint/Look.hpp"

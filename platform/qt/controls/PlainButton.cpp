@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/PlainButton.hpp"
 
 #include "bridge/MirroredTree.hpp"

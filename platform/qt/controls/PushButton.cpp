@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/PushButton.hpp"
 
 #include "bridge/Strings.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/ScrollArea.hpp"
 
 #include "bridge/KeyEvents.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/Scrolling.hpp"
 
 #include "controls/ThinScrollBar.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/Switch.hpp"
 
 #include "bridge/MirroredTree.hpp"

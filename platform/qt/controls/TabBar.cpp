@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/TabBar.hpp"
 
 #include "bridge/Strings.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/makeControl.hpp"
 
 #include "bridge/MirroredTree.hpp"

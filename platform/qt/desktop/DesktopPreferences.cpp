@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/DesktopPreferences.hpp"
 
 #include <QDBusArgument>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/fontNamed.hpp"
 
 #include <QStringList>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mirror/Mirror.hpp"
 
 #include "bridge/Strings.hpp"

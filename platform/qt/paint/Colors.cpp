@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "paint/Colors.hpp"
 
 #include "appkit/Application.hpp"

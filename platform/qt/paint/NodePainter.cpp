@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "paint/NodePainter.hpp"
 
 #include "paint/Colors.hpp"

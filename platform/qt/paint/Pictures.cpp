@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "paint/Pictures.hpp"
 
 #include "bridge/Strings.hpp"

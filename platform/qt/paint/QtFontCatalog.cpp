@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "paint/QtFontCatalog.hpp"
 
 #include "paint/Fonts.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "paint/RoundedRect.hpp"
 
 #include "paint/Cache.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "paint/Style.hpp"
 
 #include "paint/Colors.hpp"

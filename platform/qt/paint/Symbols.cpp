@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "paint/Symbols.hpp"
 
 #include "paint/Cache.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "paint/TextLines.hpp"
 
 #include "bridge/Strings.hpp"

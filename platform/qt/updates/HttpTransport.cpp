@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/HttpTransport.hpp"
 
 #include "QEVSettings/preferences/HostIdentity.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/UpdateDialog.hpp"
 
 #include "paint/Look.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/Application.hpp"
 
 #include "QEVSettings/preferences/HostIdentity.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "window/KeyMonitors.hpp"
 
 #include "appkit/Event.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "window/QtMetrics.hpp"
 
 #include "controls/HelpButton.hpp"

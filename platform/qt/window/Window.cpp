@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qt/Window.hpp"
 
 #include "controls/ControlWidget.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "window/WindowWidget.hpp"
 
 #include "QEVSettings/preferences/HostIdentity.hpp"

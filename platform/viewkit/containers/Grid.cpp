@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "viewkit/Grid.hpp"
 
 #include "layout/GridLayout.hpp"

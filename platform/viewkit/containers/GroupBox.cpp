@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "viewkit/GroupBox.hpp"
 
 #include "viewkit/Shape.hpp"

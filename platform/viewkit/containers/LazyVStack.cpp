@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "viewkit/LazyVStack.hpp"
 
 #include "layout/RowHeights.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "containers/ScrollNode.hpp"
 
 #include "tree/ModifierNode.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tree/Node.hpp"
 #include "tree/NodeServices.hpp"
 #include "tree/ScrollTarget.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "viewkit/Stacks.hpp"
 
 #include "layout/StackLayout.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "viewkit/TabView.hpp"
 
 #include "controls/ControlNode.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "viewkit/Control.hpp"
 
 namespace viewkit {

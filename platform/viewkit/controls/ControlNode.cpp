@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/ControlNode.hpp"
 
 #include "tree/NodeServices.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "viewkit/Controls.hpp"
 
 #include "controls/ControlNode.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/MenuNode.hpp"
 
 #include "controls/ControlNode.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/TextEditing.hpp"
 
 #include "controls/ControlNode.hpp"

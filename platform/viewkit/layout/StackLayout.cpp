@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "layout/StackLayout.hpp"
 
 #include "layout/Scratch.hpp"

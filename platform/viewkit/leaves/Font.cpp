@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "viewkit/Font.hpp"
 
 #include <cmath>

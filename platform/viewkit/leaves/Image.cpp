@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "viewkit/Image.hpp"
 
 #include "foundation/Bundle.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "viewkit/Shape.hpp"
 
 #include "tree/Node.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "viewkit/Text.hpp"
 
 #include "foundation/Unicode.hpp"

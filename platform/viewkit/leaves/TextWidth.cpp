@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "viewkit/TextWidth.hpp"
 
 #include "tree/CompositeNode.hpp"

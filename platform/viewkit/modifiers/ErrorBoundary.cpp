@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "viewkit/ErrorBoundary.hpp"
 
 #include "tree/ModifierNode.hpp"

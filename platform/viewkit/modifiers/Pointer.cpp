@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tree/ModifierNode.hpp"
 #include "tree/NodeServices.hpp"
 #include "tree/PointerRegion.hpp"

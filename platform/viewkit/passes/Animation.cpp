@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "passes/Animation.hpp"
 
 #include "foundation/ScopedFlag.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "passes/Damage.hpp"
 
 #include <algorithm>

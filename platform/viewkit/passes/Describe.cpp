@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "passes/Describe.hpp"
 
 #include "passes/VisualDescription.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "passes/Editing.hpp"
 
 #include "tree/Node.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "passes/Handlers.hpp"
 
 #include "tree/Diagnostics.hpp"

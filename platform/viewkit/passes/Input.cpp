@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "passes/Input.hpp"
 
 #include "tree/Node.hpp"

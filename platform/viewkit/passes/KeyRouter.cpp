@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "viewkit/KeyRouter.hpp"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "passes/Present.hpp"
 
 #include "passes/Animation.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "passes/Rebuild.hpp"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "passes/Runtime.hpp"
 
 #include "foundation/MainQueue.hpp"

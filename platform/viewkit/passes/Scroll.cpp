@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "passes/Scroll.hpp"
 
 #include "tree/ScrollRegion.hpp"

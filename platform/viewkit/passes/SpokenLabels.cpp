@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "passes/SpokenLabels.hpp"
 
 #include "tree/Node.hpp"

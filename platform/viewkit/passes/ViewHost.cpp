@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "viewkit/ViewHost.hpp"
 
 #include "passes/Describe.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "passes/VisualDescription.hpp"
 
 #include <array>

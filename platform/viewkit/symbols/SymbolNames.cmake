@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Writes viewkit/SymbolNames.hpp from symbols.txt, and sets QEV_SYMBOLS to its lines, "name
 # drawing".
 file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/symbols.txt QEV_SYMBOLS REGEX "^[a-z]")

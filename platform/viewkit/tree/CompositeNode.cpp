@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tree/CompositeNode.hpp"
 
 #include "tree/Diagnostics.hpp"

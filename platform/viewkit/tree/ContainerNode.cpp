@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tree/ContainerNode.hpp"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "viewkit/Dependents.hpp"
 
 #include "tree/CompositeNode.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tree/Diagnostics.hpp"
 
 #include <cstdio>

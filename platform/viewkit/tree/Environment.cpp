@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "viewkit/Environment.hpp"
 
 #include "foundation/UserDefaults.hpp"

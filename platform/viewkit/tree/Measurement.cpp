@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tree/Measurement.hpp"
 
 #include <cmath>

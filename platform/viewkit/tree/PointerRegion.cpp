@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tree/PointerRegion.hpp"
 
 #include "tree/Node.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "viewkit/PresentationNode.hpp"
 
 namespace viewkit {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tree/Speech.hpp"
 
 #include "tree/Node.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "viewkit/TypeName.hpp"
 
 #include <cstdlib>

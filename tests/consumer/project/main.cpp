@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QEVSettings/QEVPreferencesMigration.hpp"
 #include "QEVSettings/QEVSettingsView.hpp"
 #include "foundation/Bundle.hpp"

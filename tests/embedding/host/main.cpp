@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MainWindow.hpp"
 
 #include "QEVSettings/QEVPreferencesMigration.hpp"

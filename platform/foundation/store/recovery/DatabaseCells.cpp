@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/recovery/DatabaseCells.hpp"
 
 #include "store/recovery/DatabaseBytes.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/recovery/GatheredPreferences.hpp"
 
 #include "store/recovery/GoodCopy.hpp"

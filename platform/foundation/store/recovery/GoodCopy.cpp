@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/recovery/GoodCopy.hpp"
 
 #include "store/FilePresence.hpp"

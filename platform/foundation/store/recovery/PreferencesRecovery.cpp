@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/recovery/PreferencesRecovery.hpp"
 
 #include "foundation/Diagnostics.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/recovery/PreferencesSalvage.hpp"
 
 #include "store/PreferenceCell.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/recovery/RawDatabaseFile.hpp"
 
 #include <sqlite3.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/recovery/RepairLock.hpp"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/recovery/StoreSnapshot.hpp"
 
 #include "store/recovery/DatabaseLog.hpp"

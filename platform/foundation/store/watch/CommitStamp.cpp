@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/watch/CommitStamp.hpp"
 
 #include <sqlite3.h>

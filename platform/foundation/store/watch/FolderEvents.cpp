@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/watch/FolderEvents.hpp"
 
 #include "store/watch/WatchSystem.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/watch/PreferencesWatch.hpp"
 
 #include "foundation/Diagnostics.hpp"

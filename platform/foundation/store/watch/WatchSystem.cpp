@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "store/watch/WatchSystem.hpp"
 
 #include "store/recovery/PreferencesRecovery.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/PropertyList.hpp"
 
 #include "foundation/Files.hpp"

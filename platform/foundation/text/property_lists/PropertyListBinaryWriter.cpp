@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/PropertyList.hpp"
 #include "foundation/Unicode.hpp"
 #include "text/property_lists/PropertyListForms.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "text/property_lists/PropertyListFault.hpp"
 
 #include "foundation/PropertyList.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "text/property_lists/PropertyListText.hpp"
 
 #include "foundation/Base64.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "foundation/Ascii.hpp"
 #include "foundation/PropertyList.hpp"
 #include "foundation/XMLParser.hpp"

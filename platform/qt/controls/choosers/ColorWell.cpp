@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/choosers/ColorWell.hpp"
 
 #include "bridge/Strings.hpp"

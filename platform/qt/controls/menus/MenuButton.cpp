@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/menus/MenuButton.hpp"
 
 #include "bridge/Strings.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/menus/MenuLabel.hpp"
 
 #include "bridge/MirroredTree.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/menus/MenuList.hpp"
 
 #include "bridge/Strings.hpp"

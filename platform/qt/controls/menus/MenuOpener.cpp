@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/menus/MenuOpener.hpp"
 
 #include "bridge/KeyEvents.hpp"

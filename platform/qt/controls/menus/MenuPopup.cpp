@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/menus/MenuPopup.hpp"
 
 #include "bridge/Strings.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/text/LongText.hpp"
 
 #include <QAbstractTextDocumentLayout>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/text/SelectableText.hpp"
 
 #include "bridge/Strings.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/text/TextField.hpp"
 
 #include "bridge/Strings.hpp"

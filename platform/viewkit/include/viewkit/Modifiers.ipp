@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The modifiers by way of the functions behind them; included by View.hpp only.
 
 namespace viewkit {
