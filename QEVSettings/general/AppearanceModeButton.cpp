@@ -50,17 +50,18 @@ View AppearanceModeButton::content() const {
 }
 
 View AppearanceModeButton::thumbnail() const {
-  const View light = Image::named("QEVAquaIcon").resizable().scaledToFill();
-  const View dark = Image::named("QEVAquaDarkIcon").resizable().scaledToFill();
+  const auto light = [] { return View(Image::named("QEVAquaIcon").resizable().scaledToFill()); };
+  const auto dark = [] { return View(Image::named("QEVAquaDarkIcon").resizable().scaledToFill()); };
   switch (mode) {
-    case AppearanceMode::light: return light;
-    case AppearanceMode::dark: return dark;
+    case AppearanceMode::light: return light();
+    case AppearanceMode::dark: return dark();
     case AppearanceMode::automatic: break;
   }
   return ZStack(Alignment::centered(),
                 {
-                    light,
-                    dark.frame(FixedFrame{.width = 93, .height = 56})
+                    light(),
+                    dark()
+                        .frame(FixedFrame{.width = 93, .height = 56})
                         .frame(FixedFrame{.width = 46.5, .alignment = Alignment::trailing()})
                         .clipped()
                         .frame(FixedFrame{.width = 93, .alignment = Alignment::trailing()}),

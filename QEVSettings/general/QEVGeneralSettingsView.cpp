@@ -42,9 +42,9 @@ std::function<void(bool)> writeBack(const std::shared_ptr<UpdaterViewModel>& mod
                                     bool (SPUUpdater::*getter)() const,
                                     void (SPUUpdater::*setter)(bool)) {
   return [=](bool) {
-    SPUUpdater& updater = model->updaterController().updater();
+    SPUUpdater* const updater = &model->updaterController().updater();
     const bool value = *model.*setting;
-    if ((updater.*getter)() != value) (updater.*setter)(value);
+    if ((updater->*getter)() != value) (updater->*setter)(value);
   };
 }
 

@@ -10,7 +10,6 @@
 
 namespace zorvantine {
 
-using QEVDependencies::QEVPlugInStructure;
 using QEVDependencies::QEVPreferencesObject;
 
 namespace {
@@ -41,7 +40,8 @@ std::shared_ptr<QEVPreferencesObject> preferencesOf(const AnalyzerDescription& a
   return nullptr;
 }
 
-void load(const AnalyzerDescription& analyzer, std::shared_ptr<QEVPreferencesObject> preferences) {
+void load(const AnalyzerDescription& analyzer,
+          const std::shared_ptr<QEVPreferencesObject>& preferences) {
   const auto& host = foundation::Bundle::mainBundle();
   // Every id in the tables is well-formed, which a test checks.
   QEVModels::QEVPlugInsController::sharedManager().registerPlugIn(
@@ -50,7 +50,7 @@ void load(const AnalyzerDescription& analyzer, std::shared_ptr<QEVPreferencesObj
        .plugInDescription = host.localizedString(analyzer.description),
        .plugInAuthor = host.localizedString("The Zorvantine developers"),
        .plugInVersion = analyzer.version,
-       .plugInPreferencesInstance = std::move(preferences)});
+       .plugInPreferencesInstance = preferences});
 }
 
 }  // namespace

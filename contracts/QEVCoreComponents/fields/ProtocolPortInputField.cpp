@@ -20,7 +20,6 @@ using QEVCommonTools::points;
 using QEVCommonTools::Spacing;
 using QEVDependencies::ErrorState;
 using QEVDependencies::ErrorViewModel;
-using QEVDependencies::QEVNetworkProtocol;
 
 namespace {
 

@@ -7,6 +7,7 @@
 
 namespace QEVCommonTools {
 
+// What a message says of what was entered.
 enum class MessageKind {
   problem,  // what was entered is not stored, or something does not work
   notice,   // what was entered was corrected and is stored

@@ -54,6 +54,7 @@ private:
 template <std::ranges::input_range Elements, class Identify, class Make>
 Children::Place forEach(Elements&& elements, Identify identify, Make make) {
   std::vector<Children::Child> views;
+  if constexpr (std::ranges::sized_range<Elements>) views.reserve(std::ranges::size(elements));
   for (const auto& element : elements) {
     views.push_back(
         {.key = {.position = 0, .id = ViewId(identify(element))}, .view = View(make(element))});
