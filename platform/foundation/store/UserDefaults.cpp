@@ -177,7 +177,7 @@ Outcome UserDefaults::applyAll(const PreferenceDictionary& values) {
   const bool isObserved = !observers_->isEmpty();
   closeCutFile();
   catchUp();
-  const auto outcome = withinMemory([&]() -> Outcome {
+  auto outcome = withinMemory([&]() -> Outcome {
     for (const auto& [key, value] : values) {
       if (auto refusal = PreferencesFile::refusalOf(key, &value)) return *std::move(refusal);
     }

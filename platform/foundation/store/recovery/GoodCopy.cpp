@@ -61,7 +61,7 @@ bool isBehind(std::int64_t lastChange, std::optional<std::uint32_t> lastOfCopy) 
 bool isGoodCopyRecent(const std::filesystem::path& store, std::optional<std::uint32_t> lastOfCopy,
                       std::int64_t lastChange) {
   constexpr std::uint32_t fewChanges = 32;
-  constexpr std::time_t day = 24 * 60 * 60;
+  constexpr std::time_t day = 86'400;  // in seconds
   struct stat found {};
   if (!lastOfCopy || ::lstat(goodCopyOf(store).c_str(), &found) != 0) return false;
   const std::uint32_t lacking = (lowBitsOfChange(lastChange) - *lastOfCopy) & 0x7FFFFFFFU;
