@@ -1,19 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "WindowFixture.hpp"
 
+#include "qt/Application.hpp"
 #include "viewkit/Controls.hpp"
 #include "viewkit/ObservedObject.hpp"
 #include "viewkit/Stacks.hpp"
 #include "viewkit/Text.hpp"
 
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
+#include <QMenu>
 #include <QTest>
 #include <QTextEdit>
 
 #include <cstddef>
+#include <memory>
 
 namespace qt {
 namespace {
@@ -139,6 +143,28 @@ TEST_F(TextFieldTest, CompositionIsNotInterrupted) {
   composed.setCommitString("你");
   QApplication::sendEvent(&field(), &composed);
   EXPECT_EQ(fields->ports.get(), "你");
+}
+
+TEST_F(TextFieldTest, ContextMenuAndDialogsSpeakTheLanguageOfTheWindow) {
+  const auto texts = [this] {
+    QStringList found{QCoreApplication::translate("QColorDialog", "&Basic colors"),
+                      QCoreApplication::translate("QFontDialog", "&Font"),
+                      QCoreApplication::translate("QFileDialog", "File &name:")};
+    const std::unique_ptr<QMenu> menu(field().createStandardContextMenu());
+    for (const QAction* action : menu->actions()) {
+      if (!action->isSeparator()) found.append(action->text().section('\t', 0, 0));
+    }
+    return found;
+  };
+  application().setLanguage("en");
+  const QStringList english = texts();
+  ASSERT_GE(english.size(), 9);
+  for (const char* language : {"de", "fr", "es", "ja", "zh-Hans", "ar"}) {
+    application().setLanguage(language);
+    for (const QString& text : texts())
+      EXPECT_FALSE(english.contains(text)) << language << ' ' << text.toStdString();
+  }
+  application().setLanguage("en");
 }
 
 class LongTextTest : public TextFieldTest {
