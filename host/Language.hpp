@@ -7,7 +7,7 @@
 
 namespace zorvantine {
 
-// The language of the windows, such as "de" or "zh-Hans": the first of the person's preferred
+// The language of the windows, such as "de" or "zh-Hans": the first of the user's preferred
 // languages that the host has texts in. Main thread.
 std::string windowLanguage();
 

@@ -19,7 +19,7 @@ struct LayeredPreferences::Layers {
   std::vector<std::filesystem::path> folders;
   unsigned person;
   AdministratorLayers administrator = {};
-  // What is above the person's layer: the locks, and the command line where it is not locked.
+  // What is above the user's layer: the locks, and the command line where it is not locked.
   PreferenceDictionary above = {};
   std::vector<std::string> toldProblems = {};
   std::unique_ptr<foundation::FolderWatch> watch = {};

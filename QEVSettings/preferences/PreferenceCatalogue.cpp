@@ -45,7 +45,7 @@ std::size_t distance(std::string_view a, std::string_view b) {
   return last[b.size()];
 }
 
-// What a person may type in place of a key: the part after the prefix that many keys share.
+// What the user may type in place of a key: the part after the prefix that many keys share.
 std::string_view withoutPrefix(std::string_view key) {
   for (const std::string_view prefix : {"com_velloquin_zorvantine_", "com_velloquin_qev_"}) {
     if (key.starts_with(prefix)) return key.substr(prefix.size());

@@ -16,7 +16,7 @@ using QEVDependencies::QEVProtocolKonstants;
 
 namespace {
 
-// The analyzer keeps copies, because a person may be editing the settings' own record.
+// The analyzer keeps copies, because the user may be editing the settings' own record.
 std::shared_ptr<QEVNetworkProtocol> copyOf(const std::shared_ptr<QEVNetworkProtocol>& protocol) {
   auto copy = protocol->copied();
   return copy ? *std::move(copy) : protocol;

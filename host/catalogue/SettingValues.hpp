@@ -10,7 +10,7 @@
 
 namespace zorvantine {
 
-// Reads a value for a setting as a person types it: the text of its type, and JSON for a font, an
+// Reads a value for a setting as the user types it: the text of its type, and JSON for a font, an
 // array or a list of protocols. The error says what would fit.
 foundation::Result<QEVSettings::PreferenceValue> valueFor(
     const QEVSettings::PreferenceDescriptor& descriptor, std::string_view text);
@@ -24,7 +24,7 @@ foundation::Outcome checkValue(const QEVSettings::PreferenceDescriptor& descript
 std::optional<QEVSettings::PreferenceValue> defaultOf(
     const QEVSettings::PreferenceDescriptor& descriptor);
 
-// The limits of a setting for a person: "1 to 1024", "light or dark"; empty without any.
+// The limits of a setting for the user: "1 to 1024", "light or dark"; empty without any.
 std::string limitsOf(const QEVSettings::PreferenceDescriptor& descriptor);
 
 // "did you mean “a” or “b”?" for a key that may be mistyped, or nothing.

@@ -8,7 +8,7 @@
 
 namespace zorvantine {
 
-// Writes to standard error: messages for a person, each of them once, and lines of diagnostics.
+// Writes to standard error: messages for the user, each of them once, and lines of diagnostics.
 // Both are escaped, because they may contain stored text. One per process. Any thread.
 class Messages {
 public:

@@ -15,7 +15,7 @@ namespace zorvantine {
 
 // A command line that has been read.
 struct Options {
-  // Nothing stands for the person's own store.
+  // Nothing stands for the user's own store.
   std::optional<std::filesystem::path> store{};
   // Empty for the standard profile.
   std::string profile{};
@@ -39,7 +39,7 @@ std::vector<Option> programOptions(ProgramOptions& options);
 
 // Reads the words after the program's name. --store, --profile and --set may stand before the
 // command too. The error
-// tells the person who typed the words what is wrong with them.
+// tells the user who typed the words what is wrong with them.
 foundation::Result<Options> parseOptions(Words words);
 
 }  // namespace zorvantine

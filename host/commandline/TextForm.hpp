@@ -11,7 +11,7 @@ namespace zorvantine {
 
 // Escapes what would break a line, control a terminal or reorder the text on it: control
 // characters, bidirectional overrides, and bytes that are not UTF-8, as in "\n", "\t" and "\x1b".
-// Every text that does not come from the program passes through it before a person sees it.
+// Every text that does not come from the program passes through it before the user sees it.
 std::string onOneLine(std::string_view text);
 
 // The same for a text of several lines, whose line feeds stay.

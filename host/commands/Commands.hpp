@@ -63,7 +63,7 @@ struct SnapshotCommand {
   std::filesystem::path folder;
   // Nothing stands for every tab.
   std::optional<Tab> tab;
-  // Nothing stands for the appearance that the person chose.
+  // Nothing stands for the appearance that the user chose.
   std::optional<Appearance> appearance;
   int scale = 1;
   WindowOptions window;

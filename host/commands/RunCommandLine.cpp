@@ -37,7 +37,7 @@ int report(const Failure& failure, Messages& messages) {
   return static_cast<int>(failure.code);
 }
 
-// A store file that was named and does not exist is an error in the name. The person's own store
+// A store file that was named and does not exist is an error in the name. The user's own store
 // need not exist: it is empty until something is stored.
 Failed missingStore(const Options& options) {
   std::error_code error;

@@ -33,7 +33,7 @@ public:
   // Makes a settings window that is not open yet.
   std::unique_ptr<qt::Window> makeWindow(Tab tab) const;
 
-  // Opens a settings window and runs until it is closed, by the person or by the interruption. The
+  // Opens a settings window and runs until it is closed, by the user or by the interruption. The
   // interruption must be made before the process's first thread, and so before the host.
   void run(Tab tab, const Interruption& interruption);
 

@@ -23,7 +23,7 @@ public:
     // The names of the profiles, asked for each time the menu opens, and what chooses one.
     std::function<std::vector<std::string>()> profiles;
     std::function<void(const std::string&)> chooseProfile;
-    // Called when the person closes the window or quits.
+    // Called when the user closes the window or quits.
     std::function<void()> closed;
   };
 

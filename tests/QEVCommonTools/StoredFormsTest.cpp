@@ -22,7 +22,7 @@ std::string base64OfDoubles(const std::vector<double>& values) {
   return foundation::base64Encoded(bytes);
 }
 
-TEST(ColorRawValueTest, ComesBackAsItWentIn) {
+TEST(ColorRawValueTest, DecodingTheTextGivesTheSameColour) {
   for (const appkit::RGBA& color : {
            appkit::RGBA{},
            appkit::RGBA{.red = 1, .green = 1, .blue = 1, .opacity = 0},
@@ -37,7 +37,7 @@ TEST(ColorRawValueTest, IsTheBase64TextOfFourDoubles) {
             (appkit::RGBA{.red = 0.25, .green = 0.5, .blue = 0.75, .opacity = 1}));
 }
 
-TEST(ColorRawValueTest, RefusesWhatIsNoColour) {
+TEST(ColorRawValueTest, RefusesTextThatIsNoColour) {
   const double infinite = std::numeric_limits<double>::infinity();
   const std::string good = rawValue({});
   for (const std::string& text : {
@@ -56,7 +56,7 @@ TEST(ColorRawValueTest, RefusesWhatIsNoColour) {
   }
 }
 
-TEST(FontPreferencesTest, KeepsEachFontUnderTheKeyOfItsName) {
+TEST(FontPreferencesTest, EachFontHasItsOwnKey) {
   support::RecordingPreferencesStore store;
   const FontPreferences fonts(store);
   const appkit::Font font{.family = "Some Serif", .style = "Bold Italic", .pointSize = 10.25};
@@ -67,7 +67,7 @@ TEST(FontPreferencesTest, KeepsEachFontUnderTheKeyOfItsName) {
   EXPECT_NE(fonts.com_velloquin_zorvantine_fontDataSourcesList(), font);
 }
 
-TEST(FontPreferencesTest, YieldsAFontWhateverIsStored) {
+TEST(FontPreferencesTest, UnusableStoredFontGivesTheDefault) {
   support::RecordingPreferencesStore store;
   const FontPreferences fonts(store);
   const appkit::Font system = fonts.com_velloquin_zorvantine_fontPacketTable();
@@ -98,7 +98,7 @@ TEST(FontPreferencesTest, YieldsAFontWhateverIsStored) {
       << "what is right is kept";
 }
 
-TEST(FontPreferencesTest, StoresOnlyWhatAGetterGivesBack) {
+TEST(FontPreferencesTest, StoresOnlyFontsThatItCanRead) {
   support::RecordingPreferencesStore store;
   const FontPreferences fonts(store);
   const auto font = [](std::string family, double size) {
@@ -128,7 +128,7 @@ TEST(PlainTextTest, TrimsEveryKindOfWhiteSpace) {
   EXPECT_EQ(trimmed("\u2060a\u202E"), "\u2060a\u202E");
 }
 
-TEST(PlainTextTest, FillsPlacesInTheirOrderOrInTheOneGiven) {
+TEST(PlainTextTest, FillsPlaceholdersInOrderOrByNumber) {
   EXPECT_EQ(formatted("%@ · %@ · %@", {"", "a", "%@"}), " · a · %@");
   EXPECT_EQ(formatted("%2$@: %1$@%%", {"50", "half"}), "half: 50%");
   EXPECT_EQ(formatted("%@ %@ %3$@ 5% %", {"a"}), "a   5% %");

@@ -65,7 +65,7 @@ protected:
   AnalyzerPortsStore store_{kKey, *defaults_};
 };
 
-TEST_F(AnalyzerPortsStoreTest, KeepsAListAsAnArrayOfObjects) {
+TEST_F(AnalyzerPortsStoreTest, StoresAListAsAnArrayOfObjects) {
   const QEVNetworkProtocolList fallback{record("DNS", "53", kQEVSourceProtocols::both)};
   EXPECT_EQ(store_.decode(fallback), fallback);
   EXPECT_EQ(stored(), "nothing");
@@ -88,7 +88,7 @@ TEST_F(AnalyzerPortsStoreTest, KeepsAListAsAnArrayOfObjects) {
   EXPECT_EQ(described(*list[1]), "mDNS “lan”||2");
 }
 
-TEST_F(AnalyzerPortsStoreTest, WritesBackWhatNobodyChangedAsItCame) {
+TEST_F(AnalyzerPortsStoreTest, UnchangedMembersAreWrittenAsTheyWereRead) {
   const std::string before =
       R"([{"note":{"a":[1e400]},"protocolName":"\u0044NS","id":"3f2504e0-4f89-41d3-9a0c-0305e82c3301",)"
       R"("sourceProtocol":3.0,"protocolPorts":"53","size":"large","ethertype":null},)"
@@ -109,7 +109,7 @@ TEST_F(AnalyzerPortsStoreTest, WritesBackWhatNobodyChangedAsItCame) {
           list[1]->id().text() + R"("}])");
 }
 
-TEST_F(AnalyzerPortsStoreTest, ReadsWhatHasASaneMeaning) {
+TEST_F(AnalyzerPortsStoreTest, ReadsOtherTypesThatHaveAMeaning) {
   const std::vector<std::pair<std::string_view, std::string>> records{
       {R"({"protocolName":"DNS"})", "DNS||0"},
       {R"({"protocolName":"","protocolPorts":"80, x"})", "|80, x|0"},
@@ -127,7 +127,7 @@ TEST_F(AnalyzerPortsStoreTest, ReadsWhatHasASaneMeaning) {
   EXPECT_THAT(decoded(bytes("[]")), ElementsAre());
 }
 
-TEST_F(AnalyzerPortsStoreTest, FallsBackFromWhatIsNoList) {
+TEST_F(AnalyzerPortsStoreTest, ValueThatIsNoListGivesTheDefault) {
   const std::string good = R"({"protocolName":"DNS","protocolPorts":"53"})";
   const std::vector<PreferenceValue> values{
       PreferenceValue("[" + good + "]"),
@@ -260,7 +260,7 @@ TEST(QEVPortsControllerTest, OnlyASuccessfulRegistrationIsRemembered) {
   EXPECT_EQ(protocol->lastRegisteredSource(), kQEVSourceProtocols::tcp);
 }
 
-TEST(QEVNetworkProtocolTest, TakesOverWhatIsStoredButKeepsATextThatIsBeingTyped) {
+TEST(QEVNetworkProtocolTest, TakesStoredValuesButKeepsUncommittedText) {
   const auto protocol = record("DNS", "53", kQEVSourceProtocols::udp);
   const auto stored = record("mDNS", "5353", kQEVSourceProtocols::both);
   EXPECT_TRUE(protocol->takeOver(*stored));
@@ -273,7 +273,7 @@ TEST(QEVNetworkProtocolTest, TakesOverWhatIsStoredButKeepsATextThatIsBeingTyped)
   EXPECT_EQ(protocol->lastRegisteredPorts(), "5355");
 }
 
-TEST(QEVNetworkProtocolTest, CopyIsWhatDecodingTheEncodedRecordGives) {
+TEST(QEVNetworkProtocolTest, CopyEqualsTheDecodedEncodedRecord) {
   for (
       const char* text : {
           R"({"note":{"a":[1.50]},"protocolName":"\u0044NS","protocolPorts":[53,54],"size":"large"})",

@@ -122,7 +122,7 @@ TEST(PortsValidatorTest, MessagesNameThePiecesAsTheyWereWritten) {
   EXPECT_EQ(onlyMessage("80,80,80"), "“80” was named more than once and was kept once");
 }
 
-TEST(PortsValidatorTest, MessagesSpeakThePersonsLanguage) {
+TEST(PortsValidatorTest, MessagesAreInTheLanguageOfTheUser) {
   EXPECT_EQ(onlyMessage("70000", "de"), "„70000“ ist kein Port (0–65535) und wurde weggelassen");
   EXPECT_EQ(
       onlyMessage("a,b", "fr"),

@@ -67,7 +67,7 @@ TEST(QEVPlugInsControllerTest, OwnsThePreferencesObjectUntilThePlugInIsUnloadedO
   EXPECT_EQ(snapshot->front().plugInPreferencesInstance.lock(), nullptr);
 }
 
-TEST(QEVPlugInsControllerTest, ASnapshotStaysAsItIsAndIsSharedUntilSomethingChanges) {
+TEST(QEVPlugInsControllerTest, SnapshotNeverChangesAndIsSharedUntilTheNextChange) {
   auto& manager = QEVPlugInsController::sharedManager();
   const auto dns = foundation::UUID::random();
   const auto arp = foundation::UUID::random();

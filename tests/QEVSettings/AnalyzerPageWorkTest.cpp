@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How much work the Analyzer page makes of what a person does: the same for ten analyzers and for
+// How much work the Analyzer page makes of what the user does: the same for ten analyzers and for
 // ten thousand.
 
 #include "AllocationCount.hpp"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Every kind of control, changed by a second process while a person uses it in one of two windows.
+// Every kind of control, changed by a second process while the user uses it in one of two windows.
 
 #include "TwoWindows.hpp"
 

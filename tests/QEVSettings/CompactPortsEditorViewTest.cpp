@@ -88,7 +88,7 @@ TEST_F(CompactPortsEditorViewTest, KeepsATextWithoutPortsAndSaysSoOnItsRow) {
   EXPECT_GT(window.findAll(Role::textField)[1].frame().origin.y, second.origin.y);
 }
 
-TEST_F(CompactPortsEditorViewTest, StopsWhereTheAnalyzerRefuses) {
+TEST_F(CompactPortsEditorViewTest, RefusalOfTheAnalyzerStoresNothing) {
   const std::string details = message(QEVError::analyzerRefusedChange);
   headless::Window& window = show();
   preferences->refuse = [] { throw QEVError::analyzerRefusedChange; };
@@ -125,7 +125,7 @@ TEST_F(CompactPortsEditorViewTest, ResetsRowByRowAndStoresTheFactoryList) {
   EXPECT_FALSE(window.find(Role::alert).exists()) << "the rows that failed are no longer there";
 }
 
-TEST_F(CompactPortsEditorViewTest, CommitsWhatWasTypedWhenItGoesAway) {
+TEST_F(CompactPortsEditorViewTest, CommitsTypedTextWhenItDisappears) {
   load("Another");
   const auto goAway = std::vector<std::pair<std::string, std::function<void(headless::Window&)>>>{
       {"another tab", [](headless::Window& window) { window.selectTab("Fonts"); }},
@@ -145,13 +145,13 @@ TEST_F(CompactPortsEditorViewTest, CommitsWhatWasTypedWhenItGoesAway) {
   }
 }
 
-TEST_F(CompactPortsEditorViewTest, CommitsNothingWhenItGoesAwayUnchanged) {
+TEST_F(CompactPortsEditorViewTest, CommitsNothingWhenItDisappearsUnchanged) {
   headless::Window& window = show();
   window.selectTab("Fonts");
   EXPECT_THAT(journal, IsEmpty());
 }
 
-TEST_F(CompactPortsEditorViewTest, GoesOnWithoutAControllerThatIsGone) {
+TEST_F(CompactPortsEditorViewTest, WorksAfterItsControllerIsGone) {
   auto silent = std::make_shared<AnalyzerPreferences>();
   silent->config = preferences->config;
   load("Web without a ports interface", silent);

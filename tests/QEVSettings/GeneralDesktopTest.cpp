@@ -62,7 +62,7 @@ protected:
   std::optional<StoredAppearance> host;
 };
 
-TEST_F(GeneralDesktopTest, TheAppearanceIsSwitchedWhileOneLooks) {
+TEST_F(GeneralDesktopTest, AppearanceChangesInTheOpenWindow) {
   EXPECT_EQ(selectedMode(), "Dark");
   EXPECT_TRUE(looksDark());
 
@@ -84,7 +84,7 @@ TEST_F(GeneralDesktopTest, TheAppearanceIsSwitchedWhileOneLooks) {
   EXPECT_TRUE(looksDark());
 }
 
-TEST_F(GeneralDesktopTest, WhatAnotherProcessStoresIsShown) {
+TEST_F(GeneralDesktopTest, ChangeOfAnotherProcessIsShown) {
   const auto zone = [this] {
     return find(QAccessible::ButtonMenu, "Packet time zone").text(QAccessible::Value);
   };

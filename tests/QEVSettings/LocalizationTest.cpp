@@ -51,7 +51,7 @@ std::multiset<std::string> places(std::string_view text) {
   return found;
 }
 
-TEST(TranslationsTest, SayInEveryLanguageWhatTheEnglishTablesSay) {
+TEST(TranslationsTest, EveryLanguageHasEveryEnglishText) {
   for (const auto& bundle : {kModule, kTools, kHost}) {
     const StringsTable english = readTable(bundle, "en");
     ASSERT_FALSE(english.empty());
@@ -233,7 +233,7 @@ protected:
   }
 };
 
-TEST_F(LocalizationTest, AsksTheTablesForEveryTextAndForNothingElse) {
+TEST_F(LocalizationTest, EveryTextOfTheTablesIsUsedAndNoOther) {
   MarkedTexts texts;
   QEVCommonTools::FontPreferences(store.underneath())
       .setCom_velloquin_zorvantine_fontConsoleRaw(

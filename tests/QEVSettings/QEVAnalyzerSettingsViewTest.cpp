@@ -116,7 +116,7 @@ TEST_F(QEVAnalyzerSettingsViewTest, ListIsTheFirstStopOfThePageAndOneStop) {
   EXPECT_FALSE(list.isFocused());
 }
 
-TEST_F(QEVAnalyzerSettingsViewTest, NeverTakesAKeyAway) {
+TEST_F(QEVAnalyzerSettingsViewTest, PassesEveryKeyOn) {
   loadThree();
   open();
   for (const int key :
@@ -141,7 +141,7 @@ TEST_F(QEVAnalyzerSettingsViewTest, LeavesTheArrowsToATextThatIsEdited) {
   EXPECT_THAT(selected(window), ElementsAre("With ports"));
 }
 
-TEST_F(QEVAnalyzerSettingsViewTest, ListensToKeysOnlyWhileItIsSeen) {
+TEST_F(QEVAnalyzerSettingsViewTest, ReceivesKeysOnlyWhileItIsShown) {
   loadThree();
   headless::Window& window = open();
   window.selectTab("Fonts");
@@ -171,7 +171,7 @@ TEST_F(QEVAnalyzerSettingsViewTest, ShowsNothingWithoutAnalyzers) {
   EXPECT_TRUE(window.findText("Nothing selected").exists());
 }
 
-TEST_F(QEVAnalyzerSettingsViewTest, NeverLooksBeyondTheListItWasMadeWith) {
+TEST_F(QEVAnalyzerSettingsViewTest, IgnoresAnIndexBeyondItsList) {
   load("First");
   headless::Window& window = open();
   load("Loaded later");
@@ -196,7 +196,7 @@ TEST_F(QEVAnalyzerSettingsViewTest, ScrollsAnAnalyzerIntoSightAndItsDetailsToThe
   EXPECT_LE(row.frame().maxY(), list.maxY());
 }
 
-TEST_F(QEVAnalyzerSettingsViewTest, SaysWhatAnAnalyzerHasToOffer) {
+TEST_F(QEVAnalyzerSettingsViewTest, ShowsTheSectionsOfEachKindOfAnalyzer) {
   using QEVDependencies::AnalyzerSettingsConfig;
   const QEVDependencies::AnalyzerToggleSpec toggle{
       .id = "1", .defaultsKey = "key", .labelKey = "An option"};

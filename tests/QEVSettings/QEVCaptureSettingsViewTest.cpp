@@ -105,7 +105,7 @@ TEST_F(QEVCaptureSettingsViewTest, TakesANumberWithinItsLimitsAndExplainsAnyOthe
   EXPECT_FALSE(window.find(Role::alert).exists());
 }
 
-TEST_F(QEVCaptureSettingsViewTest, StoresWhatWasTypedHoweverThePageIsLeft) {
+TEST_F(QEVCaptureSettingsViewTest, TypedTextIsStoredHoweverThePageIsLeft) {
   const std::pair<const char*, std::function<void(headless::Window&)>> ways[] = {
       {"another tab is clicked", [](headless::Window& window) { window.selectTab("Fonts"); }},
       {"Ctrl+Tab",
@@ -176,7 +176,7 @@ TEST_F(QEVCaptureSettingsViewTest, OffersTheSizeOfARingOnlyWithARing) {
   EXPECT_EQ(captureModel->ringFileCount(), 3);
 }
 
-TEST_F(QEVCaptureSettingsViewTest, ReadsWhatMakesNoSenseAsTheInitialValue) {
+TEST_F(QEVCaptureSettingsViewTest, UnusableStoredValueShowsTheDefault) {
   const auto& keys = QEVCoreComponents::QEVCaptureViewModel::kKeyPrefix;
   store.underneath().setInteger(-1, std::string(keys) + "snapshotLength");
   store.underneath().setObject("many", std::string(keys) + "bufferSize");
@@ -271,7 +271,7 @@ TEST_F(ProxySettingsViewTest, EditsTheHostsServiceAndRefusesBadAddresses) {
   EXPECT_EQ(proxy->certificate, std::nullopt);
 }
 
-TEST_F(ProxySettingsViewTest, StoresWhatWasTypedWhenThePageIsLeft) {
+TEST_F(ProxySettingsViewTest, TypedTextIsStoredWhenThePageIsLeft) {
   const auto proxy = std::make_shared<KeptProxy>();
   headless::Window& window = open(Tabs::proxy, ProxySettingsView(proxy));
   window.click(window.find(Role::textField, "Listening port"));

@@ -63,7 +63,7 @@ TEST_F(QEVGeneralSettingsViewTest, ShowsTheModeThatTheStoredValuesMean) {
   }
 }
 
-TEST_F(QEVGeneralSettingsViewTest, StoresAFixedModeAndThenTellsTheHost) {
+TEST_F(QEVGeneralSettingsViewTest, StoresAFixedModeBeforeItCallsTheHost) {
   headless::Window& window = open(Tabs::general);
   for (const auto& [mode, name] :
        {std::pair{"Light", kAppearanceNameAqua}, {"Dark", kAppearanceNameDarkAqua}}) {
@@ -84,7 +84,7 @@ TEST_F(QEVGeneralSettingsViewTest, StoresAFixedModeAndThenTellsTheHost) {
   }
 }
 
-TEST_F(QEVGeneralSettingsViewTest, GivesTheLookBackToTheDesktopWithoutAskingTheHost) {
+TEST_F(QEVGeneralSettingsViewTest, AutoFollowsTheDesktopWithoutCallingTheHost) {
   auto& application = appkit::Application::sharedApplication();
   application.setAppearance(appkit::Appearance::light);
   store.underneath().setObject(kAppearanceNameAqua, kAppearanceName.name);
@@ -181,7 +181,7 @@ TEST_F(QEVGeneralSettingsViewTest, MakesOneWriteForOneActionOnAnUpdateRow) {
   }
 }
 
-TEST_F(QEVGeneralSettingsViewTest, DownloadsOnlyWhatItChecksFor) {
+TEST_F(QEVGeneralSettingsViewTest, DownloadingNeedsAutomaticChecks) {
   updaterStore.underneath().setBool(true, "sparkle_automaticallyChecks");
   updaterStore.underneath().setBool(true, "sparkle_automaticallyDownloads");
   headless::Window& window = open(Tabs::general);

@@ -130,7 +130,7 @@ TEST_F(QEVPreferencesMigrationTest, RewritesPortsAndNothingElseOfAList) {
   }
 }
 
-TEST_F(QEVPreferencesMigrationTest, LeavesWhatItDoesNotUnderstand) {
+TEST_F(QEVPreferencesMigrationTest, LeavesOtherValuesUnchanged) {
   const std::string deep =
       R"([{"protocolPorts":[80],"x":)" + std::string(10'000, '[') + std::string(10'000, ']') + "}]";
   const std::vector<std::pair<const char*, PreferenceValue>> values{

@@ -78,7 +78,7 @@ TEST_F(QEVSettingsViewTest, ShowsTheFirstPageForASelectionWithoutPage) {
   EXPECT_TRUE(open(Tabs::proxy).findText("APPEARANCE").exists());
 }
 
-TEST_F(QEVSettingsViewTest, ForgetsTheTabWhenItCloses) {
+TEST_F(QEVSettingsViewTest, OpensOnTheDefaultTabAfterClosing) {
   open(Tabs::general).selectTab("Fonts");
   headless::Window& window = open(Tabs::general);
   EXPECT_TRUE(window.findText("APPEARANCE").exists());
@@ -89,7 +89,7 @@ TEST_F(QEVSettingsViewTest, IsNeverNarrowerThanItsPagesNeed) {
   EXPECT_EQ(open(Tabs::appearance).host().sizeThatFits({.width = 300, .height = 700}).width, 720);
 }
 
-TEST_F(QEVSettingsViewTest, WritesNothingByBeingLookedAt) {
+TEST_F(QEVSettingsViewTest, OpeningAPageWritesNothing) {
   headless::Window& window = open(Tabs::general);
   for (const char* tab : {"Capture", "Fonts", "General"}) window.selectTab(tab);
   close();

@@ -118,7 +118,7 @@ TEST_F(QEVTimeZonesTest, LogsWhereAFileIsMissingAndReadsItAnewOnceItIsThere) {
   EXPECT_EQ(log.entries().size(), 3U);
 }
 
-TEST(ShippedTimeZoneNames, FitThisMachineOrSaySo) {
+TEST(ShippedTimeZoneNames, EqualTheZonesOfThisMachineOrAreReported) {
   const fs::path resources = fs::path(QEV_SOURCE_FOLDER) / "host" / "resources";
   const Names languagesBefore = Bundle::preferredLanguages();
   const Names identifiers = foundation::knownTimeZoneNames();

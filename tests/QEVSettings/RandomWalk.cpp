@@ -239,7 +239,7 @@ void RandomWalk::chooseFont(SettingsWindow& window) {
   const auto picker = window->find(Role::fontPicker, font.label);
   meanwhile([this] { changeElsewhere(); });
   const auto control = std::get<viewkit::FontPickerControl>(*picker.content().control());
-  // A chooser opens on the stored font; a person changes its size alone, or all of it.
+  // A chooser opens on the stored font; the user changes its size alone, or all of it.
   appkit::Font chosen = control.read();
   EXPECT_EQ(chosen, (QEVCommonTools::FontPreferences(*window.store).*font.get)());
   if (perhaps()) chosen = {.family = "Serif", .style = "", .pointSize = 12};

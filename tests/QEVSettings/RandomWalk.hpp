@@ -11,7 +11,7 @@
 
 namespace QEVSettings {
 
-// Takes random steps, of a person in either window and of the second process, and checks after each
+// Takes random steps, of the user in either window and of the second process, and checks after each
 // that windows and stores agree. The same seed takes the same steps.
 class RandomWalk : public TwoWindows {
 public:

@@ -11,7 +11,7 @@ namespace {
 
 using Tabs = QEVSettingsView::Tabs;
 
-// The whole window, opened and closed as often as a person would in a week.
+// The whole window, opened and closed as often as the user would in a week.
 class ReopeningDesktopTest : public qt::WindowFixture, protected HostParts {
 protected:
   void SetUp() override {
@@ -44,7 +44,7 @@ protected:
   LoadedPlugIns plugIns;
 };
 
-TEST_F(ReopeningDesktopTest, AHundredWindowsLeaveNothingBehind) {
+TEST_F(ReopeningDesktopTest, HundredClosedWindowsFreeTheirMemory) {
   openAndClose(0);
   const auto held = [this] {
     return std::vector<qsizetype>{captureModel.use_count(), updater.use_count(),

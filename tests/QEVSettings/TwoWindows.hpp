@@ -72,7 +72,7 @@ public:
   // Both windows hear of everything that is stored.
   void hear();
 
-  // What a person does in a window.
+  // What the user does in a window.
   void reopen(SettingsWindow& window);
   void go(SettingsWindow& window, const std::string& tab);
   void goTo(SettingsWindow& window, const SwitchOnPage& toggle);

@@ -32,7 +32,7 @@ TEST(KeyWindow, IsTheOneThatLastBecameKey) {
   EXPECT_EQ(application.keyWindow(), nullptr);
 }
 
-TEST(KeyWindow, IsNoneWhenItGoesAway) {
+TEST(KeyWindow, NoWindowIsKeyAfterTheKeyWindowIsDestroyed) {
   auto window = std::make_unique<BareWindow>();
   Application::sharedApplication().windowDidBecomeKey(*window);
   window.reset();
@@ -62,14 +62,14 @@ protected:
       });
 };
 
-TEST_F(AppearanceTest, ListenersHearOfAChangeOnceItIsInForce) {
+TEST_F(AppearanceTest, ChangeIsAnnouncedOnceAfterItIsInEffect) {
   application_.setAppearance(Appearance::dark);
   EXPECT_EQ(announcements_, 1);
   EXPECT_EQ(announced_, Appearance::dark);
   EXPECT_EQ(application_.palette(), Palette::dark());
 }
 
-TEST_F(AppearanceTest, WhatChangesNothingToSeeIsNotAnnounced) {
+TEST_F(AppearanceTest, ChangeWithoutEffectIsNotAnnounced) {
   application_.setAppearance(Appearance::light);
   EXPECT_EQ(announcements_, 0) << "light was in force already";
   application_.setSystemAppearance(Appearance::dark);

@@ -50,7 +50,7 @@ TEST_F(EventMonitorTest, ConsumedEventsGoNoFurther) {
   EXPECT_THAT(seen_, IsEmpty());
 }
 
-TEST_F(EventMonitorTest, WhatOnePassesOnIsWhatTheNextSees) {
+TEST_F(EventMonitorTest, NextMonitorSeesTheEventThatTheFirstPassesOn) {
   const auto turning =
       Event::addLocalMonitorForEventsMatchingMask(Event::kKeyDownMask, [](const Event& event) {
         Event turned = event;
@@ -88,7 +88,7 @@ TEST_F(EventMonitorTest, EndsWhenItIsRemovedOrDestroyed) {
   EXPECT_THAT(seen_, ElementsAre("kept"));
 }
 
-TEST_F(EventMonitorTest, MayRemoveItselfAndOthersWhileItHandles) {
+TEST_F(EventMonitorTest, HandlerMayRemoveItselfAndOthers) {
   MonitorPtr itself;
   MonitorPtr next;
   itself =
@@ -106,7 +106,7 @@ TEST_F(EventMonitorTest, MayRemoveItselfAndOthersWhileItHandles) {
   EXPECT_THAT(seen_, ElementsAre("itself", "last", "last"));
 }
 
-TEST_F(EventMonitorTest, OneAddedWhileAnotherHandlesSeesTheNextEvent) {
+TEST_F(EventMonitorTest, MonitorAddedByAHandlerSeesTheNextEvent) {
   MonitorPtr added;
   const auto adding =
       Event::addLocalMonitorForEventsMatchingMask(Event::kKeyDownMask, [&](const Event& event) {

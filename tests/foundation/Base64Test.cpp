@@ -12,7 +12,7 @@
 namespace foundation {
 namespace {
 
-TEST(Base64, GoesBothWays) {
+TEST(Base64, DecodingTheTextGivesTheSameBytes) {
   const std::pair<std::vector<std::uint8_t>, const char*> cases[] = {{{}, ""},
                                                                      {{'f'}, "Zg=="},
                                                                      {{'f', 'o'}, "Zm8="},

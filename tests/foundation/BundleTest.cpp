@@ -38,7 +38,7 @@ protected:
   std::vector<std::string> before;
 };
 
-TEST_F(Bundles, SpeakTheBestLanguageTheyHave) {
+TEST_F(Bundles, UseTheFirstPreferredLanguageThatTheyHave) {
   const auto bundle = Bundle::open(folder);
   ASSERT_NE(bundle, nullptr);
   struct Case {

@@ -120,7 +120,7 @@ TEST(JSON, ValueOutlivesItsDocument) {
   EXPECT_EQ(inner->text(), R"([{"b":"kept"}])");
 }
 
-TEST(JSON, RefusesWhatIsNone) {
+TEST(JSON, RefusesTextThatIsNotJSON) {
   for (const std::string text : {"",
                                  " ",
                                  "[",
@@ -169,7 +169,7 @@ TEST(JSON, RefusesWhatIsNone) {
   }
 }
 
-TEST(JSON, StopsAtItsDepth) {
+TEST(JSON, RefusesDeeperNestingThanAllowed) {
   const auto nested = [](int depth, const char* open, const char* close) {
     std::string text;
     for (int i = 0; i < depth; ++i) text += open;

@@ -10,7 +10,7 @@
 namespace foundation {
 namespace {
 
-TEST(KeyValueObservation, DeliversWhatTheOptionsSay) {
+TEST(KeyValueObservation, OptionsChooseTheCalls) {
   struct Case {
     ObservingOptions options;
     std::vector<int> told;

@@ -13,7 +13,7 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(NotificationCenter, TellsThoseWhoAskedInOrder) {
+TEST(NotificationCenter, ObserversAreCalledInOrder) {
   NotificationCenter center;
   std::vector<std::string> heard;
   Subscription second;

@@ -227,7 +227,7 @@ TEST_F(PropertyListFiles, WrongXMLIsRefusedWithItsLineAndKey) {
   }
 }
 
-TEST_F(PropertyListFiles, DeepXMLIsRefusedWhateverStandsBeforeIt) {
+TEST_F(PropertyListFiles, DeepXMLIsRefusedWithAnyProlog) {
   const int deep = 200'000;
   const std::string arrays = repeated(deep, "<array>");
   EXPECT_TRUE(read(xmlValue(repeated(513, "<array>") + repeated(513, "</array>"))));
@@ -351,7 +351,7 @@ TEST_F(PropertyListFiles, BinaryThatUnfoldsIsRefusedBeforeItTakesMemory) {
   EXPECT_THAT(read(binary(chain)).error().message, HasSubstr("deeper than 512 levels"));
 }
 
-TEST_F(PropertyListFiles, AreReplacedWhole) {
+TEST_F(PropertyListFiles, AreReplacedInOneStep) {
   ASSERT_TRUE(writePropertyList(everyType(), path_, PropertyListFormat::xml));
   ASSERT_TRUE(writePropertyList({{"a", 1}}, path_, PropertyListFormat::binary));
   const auto list = readPropertyList(path_);

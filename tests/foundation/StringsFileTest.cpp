@@ -60,7 +60,7 @@ TEST(StringsFile, ReadsEveryEncoding) {
   EXPECT_EQ(*parseStringsFile(""), StringsTable());
 }
 
-TEST(StringsFile, NamesTheLineThatGoesWrong) {
+TEST(StringsFile, ErrorNamesItsLine) {
   struct Case {
     const char* text;
     const char* line;

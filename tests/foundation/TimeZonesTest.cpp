@@ -14,7 +14,7 @@ namespace {
 using testing::Contains;
 using testing::Not;
 
-TEST(TimeZones, AreThoseOfTheMachine) {
+TEST(TimeZones, AreTheZonesOfTheMachine) {
   const auto names = knownTimeZoneNames();
   EXPECT_TRUE(std::is_sorted(names.begin(), names.end()));
   EXPECT_THAT(names, Contains("UTC"));

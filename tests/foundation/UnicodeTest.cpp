@@ -8,7 +8,7 @@
 namespace foundation {
 namespace {
 
-TEST(Unicode, KnowsWellFormedText) {
+TEST(Unicode, TellsWellFormedTextFromOther) {
   for (const char* text :
        {"", "a", "\u00e9", "\u20ac", "\U0001F600", "\U0010FFFF", "\uD7FF\uE000"}) {
     EXPECT_TRUE(isValidUtf8(text)) << text;

@@ -73,7 +73,7 @@ TEST_F(StoreTest, ReadsWithConversionsAndDefaults) {
   EXPECT_EQ(store->dictionaryRepresentation().size(), 1U);
 }
 
-TEST_F(StoreTest, TellsObserversOfEachChangeOnce) {
+TEST_F(StoreTest, ObserversHearOfEachChangeOnce) {
   const auto store = open();
   std::vector<std::string> heard;
   const Subscription one = store->observe("a", [&](std::string_view key) {
@@ -146,7 +146,7 @@ TEST_F(StoreTest, SharesItsFileWithOtherStores) {
   ASSERT_TRUE(waitUntil([&] { return !heard.empty() && heard.back() == "c"; }));
 }
 
-TEST_F(StoreTest, InMemoryLeavesNoTrace) {
+TEST_F(StoreTest, StoreInMemoryWritesNoFile) {
   const auto store = UserDefaults::inMemory();
   store->setInteger(1, "a");
   EXPECT_EQ(store->integerForKey("a"), 1);

@@ -20,7 +20,7 @@ using namespace viewkit;
 // What the views of a test note down when they are used.
 using Journal = std::shared_ptr<std::vector<std::string>>;
 
-// A form with one of each control that a person presses or types into.
+// A form with one of each control that the user presses or types into.
 struct Form {
   Journal journal;
   State<bool> isOn = false;

@@ -91,7 +91,7 @@ protected:
             .preferences = preferences};
   }
 
-  // What a person's change does to the list: the controller, the store, the notifications.
+  // What the user's change does to the list: the controller, the store, the notifications.
   static std::shared_ptr<QEVNetworkProtocol> record(const std::string& name,
                                                     const std::string& ports) {
     auto record = std::make_shared<QEVNetworkProtocol>(foundation::UUID::random(), name, ports,

@@ -74,7 +74,7 @@ TEST(Speech, ControlsInAListItemAreToldSeparately) {
   EXPECT_EQ(presses, 1);
 }
 
-TEST(Speech, LabelHelpAndSelectionOfAContainerAreToldOfItAlone) {
+TEST(Speech, LabelHelpAndSelectionApplyToTheContainerAlone) {
   headless::Window window = testing::open(HStack({}, {Text("a"), Text("b")})
                                               .accessibilityLabel("both")
                                               .help("two letters")

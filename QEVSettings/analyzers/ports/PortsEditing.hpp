@@ -19,7 +19,7 @@
 
 namespace QEVSettings {
 
-// Carries a person's actions out on the protocols of one analyzer. After every change the running
+// Carries the user's actions out on the protocols of one analyzer. After every change the running
 // analyzer is told, the whole list is stored, and two notifications are posted. An error is shown
 // on its row and ends the action.
 //

@@ -14,8 +14,8 @@
 namespace QEVSettings {
 
 // A preferences store of several layers: what administrators locked, what the command line set for
-// this run, the person's store, and the defaults of administrators. The first that has the key is
-// in force. Writes go to the person's store, unless the key is locked.
+// this run, the user's store, and the defaults of administrators. The first that has the key is
+// in force. Writes go to the user's store, unless the key is locked.
 //
 // The administrators' layers are read-only files, property lists or JSON, in
 // `HOST/locks.d` and `HOST/defaults.d` below each folder of $XDG_CONFIG_DIRS (/etc/xdg without it),
@@ -26,7 +26,7 @@ namespace QEVSettings {
 // changes.
 //
 //     LayeredPreferences preferences(UserDefaults::standardUserDefaults());
-//     QEVPreferencesMigration::migrateIfNeeded(preferences);   // the person's layer alone
+//     QEVPreferencesMigration::migrateIfNeeded(preferences);   // the user's layer alone
 //     preferences.origin(key);                                 // PreferenceOrigin::locked
 //
 // Main thread.
@@ -38,13 +38,13 @@ public:
     // The folders of the system's configuration, the most important first. Nothing stands for
     // those of the environment.
     std::optional<std::vector<std::filesystem::path>> configurationFolders = std::nullopt;
-    // The numeric id of the person; nothing stands for the one that runs the program. For tests.
+    // The numeric id of the user; nothing stands for the one that runs the program. For tests.
     std::optional<unsigned> person = std::nullopt;
     // Whether an administrator may lock a key. Empty: every key.
     std::function<bool(std::string_view key)> isLockable = {};
   };
 
-  // The person's store outlives this one.
+  // The user's store outlives this one.
   explicit LayeredPreferences(PreferencesStore& person);
   LayeredPreferences(PreferencesStore& person, Options options);
   ~LayeredPreferences() override;
@@ -86,7 +86,7 @@ private:
   std::shared_ptr<Observers> observers_;
 };
 
-// What a person is told of a locked key, in one line.
+// What the user is told of a locked key, in one line.
 std::string lockedMessage(std::string_view key);
 
 }  // namespace QEVSettings

@@ -14,7 +14,7 @@ namespace QEVSettings {
 // dictionary, so they are read as text.
 foundation::Result<PreferenceDictionary> readPreferenceList(std::string bytes);
 
-// The same for a list that a person writes: in JSON, a member may also be the value itself.
+// The same for a list that the user writes: in JSON, a member may also be the value itself.
 //
 //     {"com_velloquin_zorvantine_appearanceUseSystem": true}
 foundation::Result<PreferenceDictionary> readWrittenPreferenceList(std::string bytes);

@@ -13,10 +13,10 @@ namespace zorvantine {
 // A longer key moves only its own value to the right.
 inline constexpr std::size_t kWidestKey = 60;
 
-// A value as text for a person: data that is text, such as a list of protocols, as text.
+// A value as text for the user: data that is text, such as a list of protocols, as text.
 std::string readableForm(const QEVSettings::PreferenceValue& value);
 
-// "KEY  type  value" on one line for a person, or "KEY  removed" without a value. The key is padded
+// "KEY  type  value" on one line for the user, or "KEY  removed" without a value. The key is padded
 // to a width in bytes, the value is shortened, and data that is text is shown as text.
 std::string preferenceLine(std::string_view key,
                            const std::optional<QEVSettings::PreferenceValue>& value,

@@ -15,7 +15,7 @@ namespace qt {
 class MirroredTree;
 
 // The widget of a control in the presentation tree: it shows its node and calls the node's
-// functions when the person acts. Each control derives from this class and from a Qt widget. Qt
+// functions when the user acts. Each control derives from this class and from a Qt widget. Qt
 // owns it through the widget's parent. Main thread only.
 class ControlWidget {
 public:
@@ -94,7 +94,7 @@ protected:
   // node, and then nothing else restores what the widget shows.
   void refreshLater();
   // Calls `choose` on the next turn of the main queue. Of several calls within one turn only the
-  // last is made: a chooser reports intermediate values before the one that the person picked.
+  // last is made: a chooser reports intermediate values before the one that the user picked.
   void settleOn(std::function<void()> choose);
 
 private:

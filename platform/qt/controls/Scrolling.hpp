@@ -36,7 +36,7 @@ public:
   // Called when the content, its offset or the size of the widget has changed.
   void refresh();
   void raiseBars();
-  // Whether the person is scrolling or the content glides.
+  // Whether the user is scrolling or the content glides.
   bool isMoving() const;
 
   // Each returns whether the event scrolled; an event that did not is for the areas around.
@@ -49,7 +49,7 @@ private:
   // The largest offset, points.
   viewkit::Point maximum() const;
   void scrollTo(viewkit::Point offset);
-  // Scrolls in a short animation, or at once where the person prefers reduced motion.
+  // Scrolls in a short animation, or at once where the user prefers reduced motion.
   void glideTo(viewkit::Point offset);
   void refresh(ThinScrollBar& bar, double content, double visible, double offset);
 

@@ -11,7 +11,7 @@
 
 namespace qt {
 
-// What the person prefers in all programs, read from the settings portal of the desktop. Without a
+// What the user prefers in all programs, read from the settings portal of the desktop. Without a
 // portal nothing is known. Main thread only.
 class DesktopPreferences {
 public:

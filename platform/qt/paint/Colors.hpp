@@ -15,7 +15,7 @@ QColor colorOf(const appkit::Color& color);
 // The palette of Qt's own controls that goes with ours.
 QPalette paletteOf(const appkit::Palette& palette);
 
-// Whether the person needs strong contrast.
+// Whether the user needs strong contrast.
 bool isHighContrast();
 
 // `over` blended onto `under`. An opacity of 0 gives `under`, 1 gives an opaque `over`.

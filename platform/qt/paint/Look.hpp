@@ -14,7 +14,7 @@ inline constexpr qreal kCornerRadius = 6;
 inline constexpr qreal kOutlineWidth = 1;
 inline constexpr double kOutlineStrength = 0.22;
 inline constexpr double kDisabledOutlineStrength = 0.12;
-// Of every outline, where the person needs strong contrast.
+// Of every outline, where the user needs strong contrast.
 inline constexpr double kHighContrastOutlineStrength = 0.75;
 inline constexpr qreal kFocusRingWidth = 2;
 // Above and below the one line of text of a control.

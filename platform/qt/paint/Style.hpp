@@ -50,7 +50,7 @@ public:
   // In place of the focus ring, around a field whose text was refused.
   static void drawProblemRing(QPainter& painter, const QRectF& frame, qreal radius,
                               const QPalette& palette);
-  // Draws the focus ring of a widget that has the focus, if the person uses the keyboard.
+  // Draws the focus ring of a widget that has the focus, if the user uses the keyboard.
   static void drawKeyboardFocus(QPainter& painter, const QWidget& widget, const QRectF& frame,
                                 qreal radius = look::kCornerRadius);
 };

@@ -52,7 +52,7 @@ void KeyMonitors::add(const QWidget& page) {
 
 void KeyMonitors::deliver(QObject& receiver, QEvent& press) {
   const QEvent* const outer = std::exchange(passing_, &press);
-  // `sendEvent` would make a press of the person's into one of the program's.
+  // `sendEvent` would make a press of the user's into one of the program's.
   qApp->notify(&receiver, &press);
   passing_ = outer;
 }

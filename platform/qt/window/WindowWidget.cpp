@@ -71,7 +71,7 @@ WindowWidget::WindowWidget(Window& window, WindowOptions options)
   frames_.callOnTimeout(this, [this] { stepAnimations(); });
   connect(qApp, &QApplication::focusChanged, this,
           [this](QWidget*, QWidget* now) { revealFocus(now); });
-  // The person may cancel the end of the session, so texts are committed and the window stays open.
+  // The user may cancel the end of the session, so texts are committed and the window stays open.
   connect(qApp, &QGuiApplication::commitDataRequest, this, [this] {
     if (host_) host_->endEditing();
   });
@@ -154,7 +154,7 @@ void WindowWidget::fit() {
   const QSize room = this->room();
   setMinimumSize(std::min(needed.width(), room.width()),
                  std::min({needed.height(), look::window::kLeastHeight, room.height()}));
-  // A window that the person made lower stays as it is.
+  // A window that the user made lower stays as it is.
   const int wanted = isAsFitted && isRigid ? needed.height()
                      : isLower             ? height()
                                            : std::max(height(), needed.height());

@@ -15,7 +15,7 @@ namespace viewkit {
 
 namespace {
 
-// How the store writes a colour down for a person: #RRGGBB, with the opacity where it is not whole.
+// How the store writes a colour down for the user: #RRGGBB, with the opacity where it is not whole.
 std::string hexadecimal(const appkit::RGBA& color) {
   constexpr std::string_view digits = "0123456789ABCDEF";
   std::string text = "#";

@@ -7,7 +7,7 @@
 
 namespace viewkit {
 
-// What the node draws, in words for a person: its font and colours, its symbol or image, the shape
+// What the node draws, in words for the user: its font and colours, its symbol or image, the shape
 // with its border, the parts of its control that assistive technology is not told, and how it is
 // clipped and faded. Colours go by their role where they have one. Texts, labels and values are
 // left to the node's accessibility. Empty for a node that draws nothing.

@@ -10,7 +10,7 @@
 namespace QEVCommonTools {
 
 // A button that shows a font and opens a chooser for another one. The chooser starts with the font
-// that the binding returns. Each font that the person chooses is written to the binding at once,
+// that the binding returns. Each font that the user chooses is written to the binding at once,
 // unless FontPreferences::isStorable refuses it.
 //
 //     FontPicker{.title = "", .selection = font.binding()}

@@ -9,7 +9,7 @@ namespace QEVCommonTools {
 
 // Settings that an administrator has locked.
 
-// "Managed by your organization", in the person's language.
+// "Managed by your organization", in the user's language.
 std::string managedText();
 
 // A small lock with that text as its tooltip and for assistive technology.

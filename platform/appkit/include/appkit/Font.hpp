@@ -6,7 +6,7 @@
 
 namespace appkit {
 
-// One of the machine's fonts at one size: what a person picks in a font chooser.
+// One of the machine's fonts at one size: what the user picks in a font chooser.
 struct Font {
   std::string family;
   // The face within the family as the machine names it, "Bold Italic" for instance; empty is the
@@ -14,7 +14,7 @@ struct Font {
   std::string style;
   double pointSize = 12;
 
-  // What a person calls it: family and style. The application's font catalogue decides.
+  // What the user calls it: family and style. The application's font catalogue decides.
   std::string displayName() const;
 
   // Every character has the same width.
@@ -33,7 +33,7 @@ public:
   virtual std::string displayName(const Font& font) const;
   virtual bool isFixedPitch(const Font& font) const;
 
-  // The fonts that a person gets who never chose any; `pointSize` 0 means the machine's own size.
+  // The fonts that the user gets who never chose any; `pointSize` 0 means the machine's own size.
   virtual Font systemFont(double pointSize) const;
   virtual Font fixedPitchFont(double pointSize) const;
 };

@@ -13,7 +13,7 @@ namespace foundation {
 //     for (const std::string& sentence : result.sentences) show(sentence);
 struct PreferencesVerification {
   bool isGood = false;  // the store and its good copy, if any, hold what was written to them
-  std::vector<std::string> sentences;  // plain ones, for a person; none tells a value
+  std::vector<std::string> sentences;  // plain ones, for the user; none tells a value
 };
 
 // Looks at a store's file and at what stands next to it, reads all of it, and changes nothing.

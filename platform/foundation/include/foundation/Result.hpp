@@ -7,7 +7,7 @@
 
 namespace foundation {
 
-// What went wrong, and what a person can do about it, in one line without a full stop.
+// What went wrong, and what the user can do about it, in one line without a full stop.
 struct Error {
   std::string message;
 };

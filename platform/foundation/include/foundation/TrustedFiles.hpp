@@ -19,13 +19,13 @@ struct TrustedFiles {
   std::vector<std::string> problems = {};
 };
 
-// The numeric id of the person who runs the program.
+// The numeric id of the user who runs the program.
 unsigned currentPerson();
 
 // Lists the regular files of a folder that only an administrator can have made: each part of the
 // path that leads to the folder, links included, belongs to root or to the owner of the folder, who
-// is not the person; nobody else may write to it, and the same is true of each file. When root
-// itself is the person, root is an administrator all the same. A folder that does not exist has no
+// is not the user; nobody else may write to it, and the same is true of each file. When root
+// itself is the user, root is an administrator all the same. A folder that does not exist has no
 // files.
 TrustedFiles trustedFiles(const std::filesystem::path& folder, unsigned person);
 

@@ -7,7 +7,7 @@
 
 namespace headless {
 
-// The laid-out tree for a person to read: a line a node, indented by its depth. What the node draws
+// The laid-out tree for the user to read: a line a node, indented by its depth. What the node draws
 // stands in brackets at the end.
 //
 //     Button button "Check Now" help "Looks for a new version" disabled (20, 44) 96 x 28

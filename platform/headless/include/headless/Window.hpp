@@ -57,7 +57,7 @@ struct WindowOptions {
 };
 
 // A window without a screen: it shows a view, lays it out with metrics that are the same on every
-// machine, and is used the way a person uses a window.
+// machine, and is used the way the user uses a window.
 //
 //     headless::Window window(SettingsView{}, {.defaultStore = store}, {.size = {{840, 600}}});
 //     window.click(window.find(Role::toggle, "Checksums"));
@@ -66,7 +66,7 @@ struct WindowOptions {
 //     window.press(Key::enter);
 //     EXPECT_EQ(store.stringForKey("ports"), "80,443");
 //
-// Whatever a person does is over when the call returns: the main queue is empty, and what is on the
+// Whatever the user does is over when the call returns: the main queue is empty, and what is on the
 // screen is up to date. What is done to a disabled control does nothing. Main thread only.
 class Window final : public appkit::Window {
 public:

@@ -7,7 +7,7 @@
 namespace qt {
 
 // A chooser without buttons, made of one of Qt's dialogs: Return and closing it keep what the
-// person picked, and Escape rejects it.
+// user picked, and Escape rejects it.
 template <class Dialog>
 class ChooserDialog final : public Dialog {
 public:

@@ -24,14 +24,14 @@ protected:
   void paintEvent(QPaintEvent* event) override;
 
 private:
-  // `before` is what the person brings back by rejecting the dialog.
+  // `before` is what the user brings back by rejecting the dialog.
   void makeDialog(const appkit::Font& before);
   void showInDialog(const appkit::Font& font);
   void choose(const appkit::Font& picked);
 
   QPointer<QFontDialog> dialog_;
   // The stored font, and the nearest font that the dialog can show: it knows only whole sizes and
-  // installed families. What the person does not change in the dialog stays as it is in `font_`.
+  // installed families. What the user does not change in the dialog stays as it is in `font_`.
   appkit::Font font_;
   appkit::Font shownFont_;
 };

@@ -15,7 +15,7 @@ namespace qt {
 class MenuList;
 
 // An open menu: a pop-up window with a list of items. It deletes itself when it closes, which it
-// does when the person picks an item or clicks outside. A menu of a thousand items opens as fast as
+// does when the user picks an item or clicks outside. A menu of a thousand items opens as fast as
 // a short one.
 class MenuPopup : public QFrame {
 public:

@@ -7,8 +7,8 @@ class QTextCursor;
 class QTextDocument;
 class QTextEdit;
 
-// Laying out a wrapped paragraph takes Qt time that grows with the square of its length, and a
-// person may paste a million characters. So a document holds the two ends of a long text, and
+// Laying out a wrapped paragraph takes Qt time that grows with the square of its length, and the
+// user may paste a million characters. So a document holds the two ends of a long text, and
 // between them one character that carries the rest as a property. That character is drawn as an
 // ellipsis, and is selected, removed and restored like any other. The functions here read and write
 // the whole text.

@@ -7,7 +7,7 @@
 
 namespace qt {
 
-// A text that a person can select and copy, with the mouse or the keyboard.
+// A text that the user can select and copy, with the mouse or the keyboard.
 class SelectableText : public QTextEdit, public ControlWidget {
 public:
   SelectableText(MirroredTree& tree, const viewkit::PresentationNode& node, QWidget& parent);

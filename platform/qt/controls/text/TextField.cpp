@@ -84,7 +84,7 @@ void TextField::changeEvent(QEvent* event) {
 }
 
 void TextField::showInitial(const QString& text) {
-  // Undo reverts only what the person did.
+  // Undo reverts only what the user did.
   setUndoRedoEnabled(false);
   reported_ = text;
   editText(*this, reported_);

@@ -60,14 +60,14 @@ public:
   // Handles the pending events and the main queue, and returns without waiting for more.
   static void processEvents();
 
-  // The languages of the person, the preferred one first: "pt-BR", "de".
+  // The languages of the user, the preferred one first: "pt-BR", "de".
   static std::vector<std::string> preferredLanguages();
   // Sets the language of Qt's own dialogs and, with it, `layoutDirection`. Windows that are open
   // keep their direction.
   void setLanguage(const std::string& code);
   static viewkit::LayoutDirection layoutDirection();
 
-  // Whether the person prefers reduced motion. Hosts pass it to the environment of their windows.
+  // Whether the user prefers reduced motion. Hosts pass it to the environment of their windows.
   bool reducedMotion() const;
 
   // Calls `readable` on the main thread whenever the file descriptor is readable. The caller owns

@@ -9,7 +9,7 @@
 namespace qt {
 
 // Fetches http://, https:// and file:// addresses. Follows redirections, but never from https:// to
-// http://. Sends no cookies, and nothing about the person or the system beyond the headers of the
+// http://. Sends no cookies, and nothing about the user or the system beyond the headers of the
 // request. Needs a qt::Application that outlives it. Main thread only.
 //
 //     configuration.transport = std::make_shared<qt::HttpTransport>();

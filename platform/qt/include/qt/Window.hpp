@@ -26,7 +26,7 @@ struct WindowOptions {
   // Empty: the display name of the host.
   std::string title = {};
   // The initial size, points. The window is never smaller than its root view needs. A root view of
-  // fixed height sets the height of the window, until the person resizes it.
+  // fixed height sets the height of the window, until the user resizes it.
   viewkit::Size size{720, 480};
   viewkit::Environment environment;
   viewkit::View root;
@@ -35,7 +35,7 @@ struct WindowOptions {
 // A window that shows a view. Its controls are Qt widgets, so keyboard, input methods, selection
 // and assistive technology work as in other programs.
 //
-// viewkit::routeKey describes what keys do. When the session of the person ends, a text that is
+// viewkit::routeKey describes what keys do. When the session of the user ends, a text that is
 // being edited is committed. Needs a QApplication that outlives it, made by qt::Application or by
 // the host; without one the process stops with a line that says so. Main thread only.
 //
@@ -50,22 +50,22 @@ public:
 
   // Opens the window or brings it to the front. Does nothing after `close`.
   void show();
-  // Closes the window for good, as a person would: commits a text that is being edited, and makes
+  // Closes the window for good, as the user would: commits a text that is being edited, and makes
   // the views disappear. Returns whether it is closed.
   bool close();
   bool isOpen() const;
   // `closed` is called once, on the turn of the main queue after the window was closed by the
-  // person or by `close`. It may destroy the window.
+  // user or by `close`. It may destroy the window.
   void onClose(std::function<void()> closed);
 
   // `mayClose` is called when the window is asked to close while fields hold texts that their views
-  // refused. The window stays open when it returns false: the host may have asked the person. Not
+  // refused. The window stays open when it returns false: the host may have asked the user. Not
   // called when the window is destroyed.
   void onCloseWithRefusedTexts(
       std::function<bool(const std::vector<viewkit::RefusedText>&)> mayClose);
 
   // `refused` is called while the window closes or is destroyed, if fields hold texts that their
-  // views refused. These texts are not stored, and the host should tell the person. The call may
+  // views refused. These texts are not stored, and the host should tell the user. The call may
   // not destroy the window.
   void onRefusedTexts(std::function<void(const std::vector<viewkit::RefusedText>&)> refused);
 

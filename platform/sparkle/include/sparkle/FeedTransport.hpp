@@ -13,7 +13,7 @@
 namespace sparkle {
 
 // A request to a transport. The transport sends these headers, those that its protocol requires,
-// and nothing that identifies the person or the machine.
+// and nothing that identifies the user or the machine.
 struct FeedRequest {
   std::string address;
   std::map<std::string, std::string> headers = {};

@@ -14,7 +14,7 @@
 
 namespace sparkle {
 
-// Looks for newer versions of the application in an update feed: on request and, where the person
+// Looks for newer versions of the application in an update feed: on request and, where the user
 // wants that, once a day by itself. It never installs anything.
 //
 // Its three settings are stored in the preferences store, and follow changes that are made there,
@@ -90,7 +90,7 @@ private:
   void check(Occasion occasion);
   void takeFeed(Occasion occasion, const std::string& address,
                 const foundation::Result<std::string>& feed);
-  // Whether to download an update that was found. Sets `update.packageProblem` when the person
+  // Whether to download an update that was found. Sets `update.packageProblem` when the user
   // wants it but it is not allowed.
   bool mayDownload(Occasion occasion, const std::string& feedAddress, FoundUpdate& update) const;
   void fail(Occasion occasion, const foundation::Error& error);

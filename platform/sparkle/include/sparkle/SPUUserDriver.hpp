@@ -16,7 +16,7 @@ struct FoundUpdate {
   std::string currentVersion;
   // The package, when the updater downloaded it. Its length and signature are verified.
   std::optional<std::filesystem::path> package;
-  // Why no package was kept although the person wants downloads: a clause in which "it" is the
+  // Why no package was kept although the user wants downloads: a clause in which "it" is the
   // package. Nothing when the feed names no package.
   std::optional<foundation::Error> packageProblem = std::nullopt;
 };
@@ -32,7 +32,7 @@ public:
 
   virtual void showUpdateFound(const FoundUpdate& update) = 0;
 
-  // Called only for a check that a person requested.
+  // Called only for a check that the user requested.
   virtual void showUpdateNotFound(const std::string& currentVersion) = 0;
   virtual void showUpdaterError(const foundation::Error& error) = 0;
 };

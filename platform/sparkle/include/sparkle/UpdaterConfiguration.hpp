@@ -15,7 +15,7 @@
 
 namespace sparkle {
 
-// What the server of a feed is told about the machine, if the person agreed.
+// What the server of a feed is told about the machine, if the user agreed.
 struct SystemProfile {
   std::string systemVersion;
   std::string architecture;

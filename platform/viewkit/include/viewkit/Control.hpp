@@ -17,7 +17,7 @@
 namespace viewkit {
 
 // The controls that a back end makes real. Each carries the value that it shows and the functions
-// that a person's action calls, on the main thread; the value shown changes only when the view that
+// that the user's action calls, on the main thread; the value shown changes only when the view that
 // owns it says so.
 
 // A push button with a title, a symbol, or both.
@@ -33,7 +33,7 @@ struct PlainButtonControl {
 };
 
 // A push button that opens a chooser of one existing file. The chooser opens at the path that
-// `path` returns at that moment. `choose` is called with the absolute path that the person picks.
+// `path` returns at that moment. `choose` is called with the absolute path that the user picks.
 struct FileButtonControl {
   std::string title;
   std::function<std::string()> path;
@@ -45,9 +45,9 @@ struct HelpButtonControl {
   std::function<void()> action;
 };
 
-// Shows a font; a person opens a chooser of family, style and size with a sample. The chooser opens
-// on the font that `read` returns at that moment. `choose` is called with each font that the person
-// settles on while the chooser is open: there is no apply step. A person who cancels the chooser
+// Shows a font; the user opens a chooser of family, style and size with a sample. The chooser opens
+// on the font that `read` returns at that moment. `choose` is called with each font that the user
+// settles on while the chooser is open: there is no apply step. The user who cancels the chooser
 // after choosing brings back the font that was there when it opened.
 struct FontPickerControl {
   std::string title;
@@ -77,10 +77,10 @@ struct ToggleControl {
   std::function<void(bool)> set;
 };
 
-// Shows a colour; a person opens a chooser with a field for hexadecimal text and, where the well
-// asks for it, opacity. `choose` is called with each colour that the person settles on while the
+// Shows a colour; the user opens a chooser with a field for hexadecimal text and, where the well
+// asks for it, opacity. `choose` is called with each colour that the user settles on while the
 // chooser is open. `checkpoint` is called when the chooser opens, and the function that it returns
-// when the person cancels the chooser after choosing: it brings back what was stored before.
+// when the user cancels the chooser after choosing: it brings back what was stored before.
 struct ColorWellControl {
   appkit::RGBA color;
   bool supportsOpacity = false;
@@ -114,7 +114,7 @@ struct MenuControl {
   Kind kind = Kind::popUpButton;
 };
 
-// Text that a person types. A back end calls `change` at every keystroke, `commit` when the person
+// Text that the user types. A back end calls `change` at every keystroke, `commit` when the user
 // presses Return, and `endEditing` when the field loses the keyboard. The toolkit itself commits a
 // changed text when the field disappears.
 struct TextFieldControl {
@@ -122,7 +122,7 @@ struct TextFieldControl {
   std::string placeholder;
   // The field grows to this many lines, then scrolls; Return commits all the same.
   int lineLimit = 1;
-  // Why the text was refused, in the person's language; empty while nothing is wrong with it.
+  // Why the text was refused, in the user's language; empty while nothing is wrong with it.
   std::string problem;
   std::function<void(std::string)> change;
   std::function<void()> commit;
@@ -133,7 +133,7 @@ struct TextFieldControl {
   std::function<bool()> revert;
 };
 
-// Text that a person can select and copy, but not change.
+// Text that the user can select and copy, but not change.
 struct SelectableTextControl {
   TextVisual text;
 };
@@ -154,7 +154,7 @@ struct ListItems {
 };
 
 // A view onto content that is larger: the one child of the node, placed at minus the offset.
-// `scroll` is called with the offset that the person asks for; the node itself keeps it within
+// `scroll` is called with the offset that the user asks for; the node itself keeps it within
 // bounds. The root of a window that is smaller than its content is one as well.
 struct ScrollControl {
   Size contentSize;
@@ -165,7 +165,7 @@ struct ScrollControl {
 };
 
 // A surface of its own above the window, beside the node that is its parent in the tree. `dismiss`
-// is called when the person closes it: a click elsewhere, Escape.
+// is called when the user closes it: a click elsewhere, Escape.
 struct PopoverControl {
   std::function<void()> dismiss;
 };

@@ -51,14 +51,14 @@ View Menu(const View& label, std::string value, std::function<std::vector<MenuIt
 struct TextFieldOptions {
   std::string placeholder = {};
   int lineLimit = 1;
-  // Why the view refused the text when it was last committed, in the person's language; empty while
+  // Why the view refused the text when it was last committed, in the user's language; empty while
   // nothing is wrong with it. It is the view that shows it.
   std::string problem = {};
   // Brings the stored text back and takes the problem away. The argument is the text that the field
   // had before it was changed. Without this function that text is written to the binding.
   std::function<void(const std::string& before)> revert = {};
 };
-// Writes the binding at every keystroke. `onCommit` is called when the person presses Return, and
+// Writes the binding at every keystroke. `onCommit` is called when the user presses Return, and
 // once when a changed text loses the keyboard, disappears, or its window closes. A field that
 // disappears commits before any `onDisappear` is called; afterwards it writes nothing. The first
 // Escape after a change, or in a field with a problem, brings the stored text back.

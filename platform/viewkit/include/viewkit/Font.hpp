@@ -9,7 +9,7 @@
 namespace viewkit {
 
 // What a text is drawn in: a style relative to the desktop's own font size, or a font of the
-// machine that a person chose.
+// machine that the user chose.
 //
 //     Font::caption().semibold()
 //     Font::of(store's font)

@@ -51,7 +51,7 @@ struct Accessibility {
   std::string label = {};
   std::string value = {};
   std::string help = {};
-  // Why what the person typed was refused, in the person's language; empty while nothing is wrong.
+  // Why what the user typed was refused, in the user's language; empty while nothing is wrong.
   std::string problem = {};
   bool enabled = true;
   // For one of several that can be selected.

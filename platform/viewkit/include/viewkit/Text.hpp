@@ -21,7 +21,7 @@ public:
   // `truncation` says.
   Text lineLimit(int lines) const;
   Text truncation(Truncation truncation) const;
-  // A person can select and copy it.
+  // The user can select and copy it.
   Text selectable() const;
   // Shown in upper case, by the rules of Unicode; spoken as it is.
   Text uppercased() const;

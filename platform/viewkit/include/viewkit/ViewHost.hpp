@@ -15,7 +15,7 @@
 
 namespace viewkit {
 
-// A node of the laid-out tree as a person would describe it.
+// A node of the laid-out tree as the user would describe it.
 struct NodeDescription {
   // The view's type: "Text", "HStack", "SettingsIconRow".
   std::string kind;
@@ -40,7 +40,7 @@ struct RefusedText {
   // The accessibility label of the field.
   std::string label;
   std::string text;
-  // Why it was refused, in the person's language.
+  // Why it was refused, in the user's language.
   std::string problem;
 
   friend bool operator==(const RefusedText&, const RefusedText&) = default;
@@ -96,7 +96,7 @@ public:
   void reveal(NodeId id);
 
   // Commits each text that was changed and not committed, and brings the views up to date. A back
-  // end calls it before it closes the window, and when the person's session ends.
+  // end calls it before it closes the window, and when the user's session ends.
   void endEditing();
   // The refused texts that are still in their fields, on hidden pages too.
   std::vector<RefusedText> refusedTexts() const;

@@ -21,7 +21,7 @@ struct IntegerRange {
 // The texts that a setting can have.
 using PreferenceChoices = std::vector<std::string>;
 
-// Where a person finds a setting in the window.
+// Where the user finds a setting in the window.
 struct PreferencePlace {
   // The name of the tab: "general", "capture", "proxy", "analyze" or "appearance". Empty for a
   // setting that no page shows.

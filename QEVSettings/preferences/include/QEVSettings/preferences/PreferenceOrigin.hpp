@@ -11,7 +11,7 @@ namespace QEVSettings {
 enum class PreferenceOrigin : std::uint8_t {
   locked,         // an administrator set it, and nobody else may change it
   commandLine,    // given for this run of the program
-  user,           // the person's store
+  user,           // the user's store
   administrator,  // a default that an administrator set
   standard,       // no layer has a value: the default of the setting
 };

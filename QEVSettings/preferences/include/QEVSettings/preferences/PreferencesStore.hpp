@@ -39,7 +39,7 @@ public:
   // The same as a value to keep. Text and bytes are shared with the store.
   std::optional<PreferenceValue> objectForKey(std::string_view key) const;
 
-  // A snapshot of all keys and values; of a store with layers, those of the person alone.
+  // A snapshot of all keys and values; of a store with layers, those of the user alone.
   virtual PreferenceDictionary dictionaryRepresentation() const = 0;
 
   virtual void setObject(PreferenceValue value, std::string_view key) = 0;
@@ -47,14 +47,14 @@ public:
   // Removing an absent key does nothing.
   virtual void removeObject(std::string_view key) = 0;
 
-  // Where the value under the key comes from. A store without layers is the person's own.
+  // Where the value under the key comes from. A store without layers is the user's own.
   virtual PreferenceOrigin origin(std::string_view key) const;
 
   // Whether an administrator has locked the key. A write to a locked key, and its removal, change
   // nothing, and are reported in one line of diagnostics.
   virtual bool isLocked(std::string_view key) const;
 
-  // Removes the person's value. Returns false, and removes nothing, when the key is locked.
+  // Removes the user's value. Returns false, and removes nothing, when the key is locked.
   bool remove(std::string_view key);
 
   // The layer that writes go to, without the layers above and below it. The store must outlive it.
