@@ -119,6 +119,9 @@ void DesktopHost::runMainWindow(const Interruption& interruption) {
              if (settings_) settings_->close();
              qt::Application::quit();
            }});
+  for (const std::string& name : profiles()) {
+    if (profileFile(name) == foundation::UserDefaults::standardFile()) main.setProfile(name);
+  }
   const DescriptorWatch interrupted(interruption.descriptor(), [&main] { main.close(); });
   main.show();
   application_.run();
@@ -137,9 +140,11 @@ void DesktopHost::switchTo(const std::string& profile, MainWindow& main) {
   main.closeContent();
   host_.reset();
   OpenProfile opened;
-  opened.store = foundation::UserDefaults::open(profileFile(profile));
-  opened.preferences =
-      std::make_unique<QEVSettings::LayeredPreferences>(*opened.store, Console::layers());
+  if (const auto file = profileFile(profile); file != foundation::UserDefaults::standardFile()) {
+    opened.store = foundation::UserDefaults::open(file);
+    opened.preferences =
+        std::make_unique<QEVSettings::LayeredPreferences>(*opened.store, Console::layers());
+  }
   const OpenProfile former = std::exchange(profile_, std::move(opened));
   start();
   main.showContent(environment(), host_->updater());

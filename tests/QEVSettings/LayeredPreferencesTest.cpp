@@ -4,6 +4,7 @@
 #include "HostParts.hpp"
 #include "QEVSettings/QEVPreferencesMigration.hpp"
 #include "QEVSettings/preferences/HostIdentity.hpp"
+#include "TestAnalyzers.hpp"
 #include "foundation/Diagnostics.hpp"
 #include "foundation/MainQueue.hpp"
 #include "headless/Window.hpp"
@@ -33,6 +34,10 @@ using viewkit::Role;
 using Origin = PreferenceOrigin;
 
 constexpr const char* kKey = "com_velloquin_qev_dns_checksums";
+constexpr const char* kPortsKey = "com_velloquin_qev_dns_protocols";
+// [{"protocolName":"DNS","protocolPorts":"5353","sourceProtocol":3}]
+constexpr const char* kLockedPorts =
+    "W3sicHJvdG9jb2xOYW1lIjoiRE5TIiwicHJvdG9jb2xQb3J0cyI6IjUzNTMiLCJzb3VyY2VQcm90b2NvbCI6M31d";
 // Somebody who owns no file of the test.
 constexpr unsigned kStranger = 4242;
 
@@ -231,6 +236,7 @@ protected:
     layers_ = std::make_unique<LayeredPreferences>(person_, options());
     parts_.captureModel =
         std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(*layers_, parts_.interfaces);
+    changes_ = layers_->observeAll([this](std::string_view) { ++heard_; });
   }
 
   headless::Window& open(QEVSettingsView::Tabs tab) {
@@ -238,16 +244,19 @@ protected:
                                                  viewkit::Environment{.defaultStore = *layers_});
     return *window_;
   }
-  // Until the window has heard of the change.
+  // Returns when the window has heard of the change by itself.
   void lock(const std::string& json) {
+    const int before = heard_;
     write("locks.d/1.json", json);
-    layers_->reload();
+    ASSERT_TRUE(waitFor([&] { return heard_ > before; }));
     window_->settle();
   }
 
   HostParts parts_;
   std::unique_ptr<LayeredPreferences> layers_;
   std::unique_ptr<headless::Window> window_;
+  int heard_ = 0;
+  Subscription changes_;
 };
 
 TEST_F(ManagedWindowTest, LockedSwitchIsDisabledAndMarkedUntilTheLockIsGone) {
@@ -279,6 +288,32 @@ TEST_F(ManagedWindowTest, TextThatIsTypedWhenTheLockComesStaysAndIsNotStored) {
   EXPECT_TRUE(window.find(Role::image, "Managed by your organization").exists());
   window_->close();
   EXPECT_THAT(person_.changes(), IsEmpty());
+}
+
+TEST_F(ManagedWindowTest, LockedListOfPortsIsShownAndNeitherEditedNorReset) {
+  Journal journal;
+  LoadedPlugIns plugIns;
+  const auto analyzer = std::make_shared<PortsPreferences>(journal);
+  analyzer->config = {
+      .toggles = {},
+      .ports = QEVDependencies::AnalyzerPortsSpec{.networkProtocolKey = kPortsKey,
+                                                  .defaultProtocolNames = {"DNS"},
+                                                  .defaultPorts = {protocol("DNS", "53", 3)}}};
+  plugIns.load("DNS", analyzer);
+  headless::Window& window = open(QEVSettingsView::Tabs::analyze);
+  window.click(window.find(Role::textField));
+  window.type(",54");
+  lock(R"({"com_velloquin_qev_dns_protocols": {"type": "data", "value": "W10="}})");
+  EXPECT_TRUE(window.findAll(Role::textField).empty()) << "the locked list is empty";
+  lock(std::string(R"({"com_velloquin_qev_dns_protocols": {"type": "data", "value": ")") +
+       kLockedPorts + "\"}}");
+  EXPECT_EQ(window.find(Role::textField).value(), "5353");
+  EXPECT_FALSE(window.find(Role::textField).isEnabled());
+  EXPECT_FALSE(window.find(Role::button, "Reset").isEnabled());
+  for (const auto& menu : window.findAll(Role::menuButton)) EXPECT_FALSE(menu.isEnabled());
+  window.close();
+  EXPECT_THAT(journal, IsEmpty());
+  EXPECT_EQ(person_.find(kPortsKey), nullptr);
 }
 
 TEST_F(ManagedWindowTest, EveryLockedSettingOfThePagesIsDisabled) {
