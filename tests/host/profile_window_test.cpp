@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Profiles in the main window's menu, in a forked process.
 
 #include "QEVSettings/preferences/HostIdentity.hpp"
