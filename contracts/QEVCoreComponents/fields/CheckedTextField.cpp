@@ -32,8 +32,11 @@ View CheckedTextField::body() const {
                     text, [self = *this] { self.commitDraft(); })
               .accessibilityLabel(label)
               .disabled(isManaged)
-              .frame(FlexibleFrame{.maxWidth = width}),
-          isManaged ? QEVCommonTools::managedMark() : View(),
+              .frame(FlexibleFrame{.maxWidth = width})
+              .overlay(isManaged
+                           ? QEVCommonTools::managedMark().padding(Edges::trailing, Spacing::s5)
+                           : View(),
+                       Alignment::trailing()),
           wrong.empty() ? View()
                         : Text(wrong)
                               .font(Font::caption())
