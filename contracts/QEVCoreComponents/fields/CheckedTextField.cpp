@@ -33,8 +33,11 @@ View CheckedTextField::body() const {
                     text, [self = *this] { self.commitDraft(); })
               .accessibilityLabel(label)
               .disabled(isManaged)
-              .frame(FlexibleFrame{.maxWidth = width}),
-          isManaged ? QEVCommonTools::managedMark() : View(),
+              .frame(FlexibleFrame{.maxWidth = width})
+              .overlay(isManaged
+                           ? QEVCommonTools::managedMark().padding(Edges::trailing, Spacing::s5)
+                           : View(),
+                       Alignment::trailing()),
           QEVCommonTools::messageText(wrong, QEVCommonTools::MessageKind::problem),
       });
 }

@@ -184,9 +184,8 @@ Arguments noArguments(Command&) {
   return {};
 }
 
-}  // namespace
-
-std::vector<CommandEntry> preferencesCommands() {
+// One setting or several.
+std::vector<CommandEntry> settingCommands() {
   constexpr auto chapter = Chapter::preferences;
   return {
       command({.name = "prefs list",
@@ -235,6 +234,13 @@ std::vector<CommandEntry> preferencesCommands() {
                .help = "Remove a key.",
                .storeUse = StoreUse::writes},
               deleteArguments),
+  };
+}
+
+// The whole store.
+std::vector<CommandEntry> storeCommands() {
+  constexpr auto chapter = Chapter::preferences;
+  return {
       command(
           {.name = "prefs import",
            .chapter = chapter,
@@ -275,6 +281,14 @@ std::vector<CommandEntry> preferencesCommands() {
                .storeUse = StoreUse::inspects},
               noArguments<VerifyPreferencesCommand>),
   };
+}
+
+}  // namespace
+
+std::vector<CommandEntry> preferencesCommands() {
+  std::vector<CommandEntry> commands = settingCommands();
+  for (CommandEntry& each : storeCommands()) commands.push_back(std::move(each));
+  return commands;
 }
 
 }  // namespace zorvantine
