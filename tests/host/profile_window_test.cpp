@@ -37,7 +37,7 @@ QAction* actionNamed(const QString& title, const QWidget& menu) {
   return nullptr;
 }
 
-// The menu of profiles, filled as when a person opens it.
+// The menu of profiles, filled as when the user opens it.
 QMenu* profileMenu() {
   for (QWidget* each : QApplication::topLevelWidgets()) {
     const auto* window = qobject_cast<QMainWindow*>(each);

@@ -20,7 +20,9 @@ class Runtime;
 // key presses pass through appkit's monitors, assistive technology can read the windows, and every
 // window of the process has the colours of the effective appearance, at once when that changes. The
 // desktop's own preference comes from its settings portal, or else from the colours that the
-// platform gives Qt; both are followed while the application runs.
+// platform gives Qt; both are followed while the application runs. The portal also says whether
+// colours have strong contrast, which accent colour they have and, for an application that this
+// class makes, which font and which text size.
 //
 // A host without a QApplication lets this class make one:
 //

@@ -25,8 +25,9 @@ namespace qt {
 struct WindowOptions {
   // Empty: the display name of the host.
   std::string title = {};
-  // The initial size, points. The window is never smaller than its root view needs. A root view of
-  // fixed height sets the height of the window, until the user resizes it.
+  // The initial size, points. The window opens as large as its root view needs, where the screen
+  // has room for that, and is never narrower. A root view of fixed height sets the height of the
+  // window, until the user resizes it. What a window shows only a part of scrolls.
   viewkit::Size size{720, 480};
   viewkit::Environment environment;
   viewkit::View root;
