@@ -10,7 +10,6 @@
 
 #include <QAccessibleInterface>
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -87,53 +86,6 @@ TEST_F(AccessibilityTest, PressOnPaintedNodeUpdatesStateAndShowsAlert) {
   settle();
   EXPECT_TRUE(item.state().selected);
   EXPECT_TRUE(has(QAccessible::AlertMessage, "Beware"));
-}
-
-// The state changes that assistive technology is told of while this exists.
-class StateChanges {
-public:
-  StateChanges() : wasActive_(QAccessible::isActive()) {
-    QAccessible::setActive(true);
-    received().clear();
-    former_ = QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
-      if (event->type() == QAccessible::StateChanged)
-        received().push_back(static_cast<QAccessibleStateChangeEvent*>(event)->changedStates());
-    });
-  }
-  StateChanges(const StateChanges&) = delete;
-  StateChanges& operator=(const StateChanges&) = delete;
-  ~StateChanges() {
-    QAccessible::installUpdateHandler(former_);
-    QAccessible::setActive(wasActive_);
-  }
-
-  static std::vector<QAccessible::State>& received() {
-    static std::vector<QAccessible::State> states;
-    return states;
-  }
-
-private:
-  bool wasActive_;
-  QAccessible::UpdateHandler former_ = nullptr;
-};
-
-TEST_F(AccessibilityTest, PaintedNodeThatBecomesDisabledIsAnnounced) {
-  struct Item {
-    viewkit::State<bool> isOff = false;
-    View body() const {
-      return viewkit::VStack(
-          {}, {viewkit::Text("item").accessibilityRole(Role::listItem).disabled(isOff.get()),
-               viewkit::Button("turn off", [self = *this] { self.isOff.set(true); })});
-    }
-  };
-  open(Item{});
-  EXPECT_FALSE(find(QAccessible::ListItem, "item").state().disabled);
-  const StateChanges changes;
-  click(find(QAccessible::PushButton, "turn off"));
-  settle();
-  EXPECT_TRUE(find(QAccessible::ListItem, "item").state().disabled);
-  EXPECT_TRUE(std::ranges::any_of(StateChanges::received(),
-                                  [](const QAccessible::State& each) { return each.disabled; }));
 }
 
 TEST_F(AccessibilityTest, TextFieldIsReadAndEdited) {
