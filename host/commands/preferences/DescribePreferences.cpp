@@ -70,8 +70,11 @@ void printSetting(std::ostream& out, const PreferenceDescriptor& descriptor) {
   const auto& preferences = Console::preferences();
   const std::string limits = limitsOf(descriptor);
   out << onOneLine(descriptor.key) << '\n';
-  if (!descriptor.title.empty())
-    out << "  " << onOneLine(descriptor.title) << ": " << onOneLine(descriptor.purpose) << '\n';
+  if (!descriptor.title.empty()) {
+    // The titles of fonts end with a colon, as the page shows them.
+    const char* const colon = descriptor.title.ends_with(':') ? " " : ": ";
+    out << "  " << onOneLine(descriptor.title) << colon << onOneLine(descriptor.purpose) << '\n';
+  }
   out << "  type: " << nameOf(descriptor.type) << (limits.empty() ? "" : ", ") << onOneLine(limits)
       << "\n  default: " << shown(defaultOf(descriptor))
       << "\n  value: " << shown(inForce(descriptor))
