@@ -47,7 +47,9 @@ GridRow headerRow(bool isManaged) {
   const View ports = columnTitle(localized("Ports"));
   return {.cells = {
               columnTitle(localized("Name")),
-              isManaged ? HStack({.spacing = points(Spacing::s4)}, {ports, managedMark()}) : ports,
+              isManaged
+                  ? HStack({.spacing = points(Spacing::s4)}, {ports.fixedSize(), managedMark()})
+                  : ports,
               columnTitle(localized("Source")),
           }};
 }
