@@ -459,12 +459,15 @@ class CommandLine(unittest.TestCase):
                         break
                 self.assertRegex(line, r"\Astarted +integer +[0-9]+\n\Z")
                 os.set_blocking(watcher.stdout.fileno(), True)
-                self.run_host("prefs", "set", "key", "--string", "one\ntwo")
-                self.run_host("prefs", "delete", "key")
-                lines = []
-                while not lines or not lines[-1].startswith("key  removed"):
-                    lines.append(watcher.stdout.readline())
-                    self.assertTrue(lines[-1], "the watcher ended by itself")
+                # Each change is awaited: two that the watcher takes over at once are one to it, and none when the
+                # key is as it was before.
+                changes = (["set", "key", "--string", "one\ntwo"], "key  string"), (["delete", "key"], "key  removed")
+                for change, beginning in changes:
+                    self.run_host("prefs", *change)
+                    line = ""
+                    while not line.startswith(beginning):
+                        line = watcher.stdout.readline()
+                        self.assertTrue(line, "the watcher ended by itself")
                 watcher.send_signal(stop)
                 self.assertEqual(watcher.wait(timeout=60), 0)
             finally:
