@@ -3,12 +3,12 @@
 
 #include "foundation/Diagnostics.hpp"
 #include "foundation/FolderWatch.hpp"
+#include "foundation/PreferenceObservers.hpp"
 #include "foundation/TrustedFiles.hpp"
 #include "layers/AdministratorLayers.hpp"
 
 #include <algorithm>
-#include <cstdint>
-#include <map>
+#include <array>
 #include <set>
 #include <utility>
 
@@ -25,31 +25,11 @@ struct LayeredPreferences::Layers {
   std::unique_ptr<foundation::FolderWatch> watch = {};
 };
 
-struct LayeredPreferences::Observers {
-  struct Each {
-    std::optional<std::string> key;  // nothing for every key
-    std::shared_ptr<const Observer> call;
-  };
-
-  // An observer may come and go while others are told.
-  void announce(const std::set<std::string, std::less<>>& keys) const {
-    for (const std::string& key : keys) {
-      const auto current = byNumber;
-      for (const auto& [number, each] : current) {
-        if (byNumber.contains(number) && (!each.key || each.key == key)) (*each.call)(key);
-      }
-    }
-  }
-
-  std::uint64_t next = 0;
-  std::map<std::uint64_t, Each> byNumber;
-};
-
 namespace {
 
 // The keys of which the two dictionaries have different values.
 void addDifferences(const PreferenceDictionary& a, const PreferenceDictionary& b,
-                    std::set<std::string, std::less<>>& keys) {
+                    std::set<std::string>& keys) {
   for (const auto& [key, value] : a) {
     const auto other = b.find(key);
     if (other == b.end() || other->second != value) keys.insert(key);
@@ -65,6 +45,21 @@ const PreferenceValue* findIn(const PreferenceDictionary& layer, std::string_vie
   return found != layer.end() ? &found->second : nullptr;
 }
 
+// The observer in a form whose copies share its state.
+PreferencesStore::Observer shared(PreferencesStore::Observer observer) {
+  return [call = std::make_shared<const PreferencesStore::Observer>(std::move(observer))](
+             std::string_view key) { (*call)(key); };
+}
+
+// A subscription whose end ends both of these.
+Subscription both(Subscription first, Subscription second) {
+  const auto subscriptions = std::make_shared<std::array<Subscription, 2>>(
+      std::array<Subscription, 2>{std::move(first), std::move(second)});
+  return Subscription([subscriptions] {
+    for (Subscription& each : *subscriptions) each.cancel();
+  });
+}
+
 }  // namespace
 
 std::string lockedMessage(std::string_view key) {
@@ -76,7 +71,7 @@ LayeredPreferences::LayeredPreferences(PreferencesStore& person)
     : LayeredPreferences(person, Options()) {}
 
 LayeredPreferences::LayeredPreferences(PreferencesStore& person, Options options)
-    : person_(person), observers_(std::make_shared<Observers>()) {
+    : person_(person), observers_(std::make_shared<foundation::PreferenceObservers>()) {
   auto folders = administratorFolders(
       options.configurationFolders.value_or(foundation::systemConfigurationFolders()));
   const unsigned user = options.person.value_or(foundation::currentPerson());
@@ -123,30 +118,17 @@ bool LayeredPreferences::isLocked(std::string_view key) const {
   return findIn(layers_->administrator.locks, key) != nullptr;
 }
 
+// An observer hears of the user's layer and of the others.
 Subscription LayeredPreferences::observe(std::string_view key, Observer observer) {
   watch();
-  const auto call = std::make_shared<const Observer>(std::move(observer));
-  const std::uint64_t number = observers_->next++;
-  observers_->byNumber.emplace(number, Observers::Each{.key = std::string(key), .call = call});
-  auto person = std::make_shared<Subscription>(
-      person_.observe(key, [call](std::string_view changed) { (*call)(changed); }));
-  return Subscription([observers = std::weak_ptr(observers_), number, person] {
-    person->cancel();
-    if (const auto alive = observers.lock()) alive->byNumber.erase(number);
-  });
+  const Observer call = shared(std::move(observer));
+  return both(person_.observe(key, call), observers_->observe(key, call));
 }
 
 Subscription LayeredPreferences::observeAll(Observer observer) {
   watch();
-  const auto call = std::make_shared<const Observer>(std::move(observer));
-  const std::uint64_t number = observers_->next++;
-  observers_->byNumber.emplace(number, Observers::Each{.key = std::nullopt, .call = call});
-  auto person = std::make_shared<Subscription>(
-      person_.observeAll([call](std::string_view changed) { (*call)(changed); }));
-  return Subscription([observers = std::weak_ptr(observers_), number, person] {
-    person->cancel();
-    if (const auto alive = observers.lock()) alive->byNumber.erase(number);
-  });
+  const Observer call = shared(std::move(observer));
+  return both(person_.observeAll(call), observers_->observeAll(call));
 }
 
 std::vector<std::string> LayeredPreferences::keys() const {
@@ -168,12 +150,13 @@ void LayeredPreferences::reload() {
   const AdministratorLayers before = std::exchange(layers_->administrator, {});
   const PreferenceDictionary above = layers_->above;
   read();
-  std::set<std::string, std::less<>> changed;
+  std::set<std::string> changed;
   addDifferences(above, layers_->above, changed);
   addDifferences(before.locks, layers_->administrator.locks, changed);
   addDifferences(before.defaults, layers_->administrator.defaults, changed);
+  // An observer may destroy the store.
   const auto observers = observers_;
-  observers->announce(changed);
+  for (const std::string& key : changed) observers->announce(key);
 }
 
 void LayeredPreferences::read() {

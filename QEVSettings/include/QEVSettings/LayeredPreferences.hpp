@@ -11,6 +11,10 @@
 #include <string_view>
 #include <vector>
 
+namespace foundation {
+class PreferenceObservers;
+}
+
 namespace QEVSettings {
 
 // A preferences store of several layers: what administrators locked, what the command line set for
@@ -75,7 +79,6 @@ public:
 
 private:
   struct Layers;
-  struct Observers;
 
   bool refuses(std::string_view key) const;
   void read();
@@ -83,7 +86,7 @@ private:
 
   PreferencesStore& person_;
   std::unique_ptr<Layers> layers_;
-  std::shared_ptr<Observers> observers_;
+  std::shared_ptr<foundation::PreferenceObservers> observers_;
 };
 
 // What the user is told of a locked key, in one line.

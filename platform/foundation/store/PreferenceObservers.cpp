@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "store/PreferenceObservers.hpp"
+#include "foundation/PreferenceObservers.hpp"
 
 #include <utility>
 

@@ -4,7 +4,7 @@
 #include "QEVSettings/preferences/HostIdentity.hpp"
 #include "foundation/Diagnostics.hpp"
 #include "foundation/MainQueue.hpp"
-#include "store/PreferenceObservers.hpp"
+#include "foundation/PreferenceObservers.hpp"
 #include "store/PreferencesFile.hpp"
 #include "store/watch/PreferencesWatch.hpp"
 #include "system/ProcessLimits.hpp"

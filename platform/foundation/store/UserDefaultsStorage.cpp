@@ -2,7 +2,7 @@
 #include "foundation/UserDefaults.hpp"
 
 #include "foundation/Diagnostics.hpp"
-#include "store/PreferenceObservers.hpp"
+#include "foundation/PreferenceObservers.hpp"
 #include "store/PreferencesFile.hpp"
 #include "store/recovery/PreferencesRecovery.hpp"
 #include "store/watch/PreferencesWatch.hpp"

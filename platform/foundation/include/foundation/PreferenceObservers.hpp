@@ -12,9 +12,9 @@
 
 namespace foundation {
 
-// The observers of the keys. While an observer is called, it may subscribe, unsubscribe and write;
-// an observer that is added then is called from the next change on. Held by shared pointer. Main
-// thread.
+// The observers of a store's keys, for a class that implements `PreferencesStore`. While an
+// observer is called, it may subscribe, unsubscribe and write; an observer that is added then is
+// called from the next change on. Held by shared pointer. Main thread.
 class PreferenceObservers : public std::enable_shared_from_this<PreferenceObservers> {
 public:
   using Observer = QEVSettings::PreferencesStore::Observer;
