@@ -3,6 +3,7 @@
 
 #include "foundation/MainQueue.hpp"
 #include "system/FileDescriptor.hpp"
+#include "system/Thread.hpp"
 
 #include <poll.h>
 #include <sys/eventfd.h>
@@ -12,8 +13,7 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
-#include <csignal>
-#include <system_error>
+#include <optional>
 #include <thread>
 #include <utility>
 
@@ -46,13 +46,14 @@ public:
         events_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)),
         stop_(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)) {
     if (events_ && stop_) addWatches();
-    if (!isComplete_ || !startThread()) look();
+    if (isComplete_) thread_ = startThreadWithoutSignals([this] { wait(); });
+    if (!thread_) look();
   }
 
   ~Waiting() {
-    if (!thread_.joinable()) return;
+    if (!thread_) return;
     ::eventfd_write(stop_.get(), 1);
-    thread_.join();
+    thread_->join();
   }
 
 private:
@@ -66,20 +67,6 @@ private:
           isComplete_ = false;
       }
     }
-  }
-
-  bool startThread() {
-    // The thread takes no signal of the process.
-    sigset_t all{};
-    sigset_t before{};
-    sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &before);
-    try {
-      thread_ = std::thread([this] { wait(); });
-    } catch (const std::system_error&) {
-    }
-    pthread_sigmask(SIG_SETMASK, &before, nullptr);
-    return thread_.joinable();
   }
 
   void look() {
@@ -114,7 +101,7 @@ private:
   FileDescriptor stop_;
   bool isComplete_ = false;
   QEVSettings::Subscription looking_;
-  std::thread thread_;
+  std::optional<std::thread> thread_;
 };
 
 FolderWatch::FolderWatch(std::vector<std::filesystem::path> folders, std::function<void()> changed)

@@ -25,8 +25,8 @@ struct Owners {
   bool include(unsigned user) const { return user == kRoot || (user == owner && user != person); }
 };
 
-// Whether somebody else than the owner may replace what is in it. In a sticky folder nobody may
-// replace the entries of others.
+// Whether users other than the owner may write to it. In a sticky folder they may not replace the
+// entries of others.
 bool isOpenToOthers(const struct stat& found) {
   const bool isOpen =
       (found.st_mode & S_IWOTH) != 0 || ((found.st_mode & S_IWGRP) != 0 && found.st_gid != kRoot);

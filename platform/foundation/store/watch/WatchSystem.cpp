@@ -2,6 +2,7 @@
 #include "store/watch/WatchSystem.hpp"
 
 #include "store/recovery/PreferencesRecovery.hpp"
+#include "system/Thread.hpp"
 
 #include <fcntl.h>
 #include <sys/eventfd.h>
@@ -9,28 +10,13 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <csignal>
-#include <new>
 #include <system_error>
 #include <utility>
 
 namespace foundation {
 
 std::optional<std::thread> WatchSystem::startThread(std::function<void()> work) {
-  sigset_t all;
-  sigset_t before;
-  ::sigfillset(&all);
-  ::pthread_sigmask(SIG_SETMASK, &all, &before);
-  std::optional<std::thread> thread;
-  try {
-    thread.emplace(std::move(work));
-  } catch (const std::system_error&) {
-    thread.reset();
-  } catch (const std::bad_alloc&) {
-    thread.reset();
-  }
-  ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
-  return thread;
+  return startThreadWithoutSignals(std::move(work));
 }
 
 FileDescriptor WatchSystem::openWake() {

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <thread>
+
+namespace foundation {
+
+// Starts a thread in which every signal is blocked, because signals belong to the host's threads.
+// Nothing when the system has no thread or no memory left.
+std::optional<std::thread> startThreadWithoutSignals(std::function<void()> work);
+
+}  // namespace foundation
