@@ -56,8 +56,7 @@ Failed chooseProfile(const Options& options) {
   if (options.profile.empty()) return std::nullopt;
   if (const auto outcome = checkProfile(options.profile); !outcome)
     return Failure{.message = outcome.error().message};
-  if (options.profile != kStandardProfile)
-    UserDefaults::setStandardFile(profileFile(options.profile));
+  useProfile(options.profile);
   return std::nullopt;
 }
 
@@ -129,7 +128,7 @@ Failed carryOut(const Options& options, Messages& messages, Program program) {
   failed = options.invocation.run(console);
   if (!failed && !isHandedOver && options.storeUse == StoreUse::writes) failed = waitForDisk();
   for (const std::string& problem : Console::layerProblems()) messages.say(problem);
-  // The store may have been recovered, and so opened anew, while the command ran.
+  // The store may have been recovered, and so opened again, while the command ran.
   if (opensStore(options.storeUse)) messages.say(Console::store().opening().message);
   // The message of a failed command replaces the diagnostics.
   if (!failed) messages.logDiagnostics();

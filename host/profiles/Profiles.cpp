@@ -55,6 +55,11 @@ std::filesystem::path profileFile(const std::string& name) {
   return name == kStandardProfile ? standard : folderOf(name) / standard.filename();
 }
 
+void useProfile(const std::string& name) {
+  // The standard profile is the store that nobody chose.
+  if (name != kStandardProfile) UserDefaults::setStandardFile(profileFile(name));
+}
+
 std::vector<std::string> profiles() {
   std::vector<std::string> names;
   std::error_code error;

@@ -23,6 +23,9 @@ foundation::Result<std::string> checkedProfileName(std::string_view name);
 // The file of a profile, whether it exists or not.
 std::filesystem::path profileFile(const std::string& name);
 
+// Makes a profile the store of the process. To be called before the store is used.
+void useProfile(const std::string& name);
+
 // The standard profile, then the others in the order of their names.
 std::vector<std::string> profiles();
 

@@ -16,9 +16,8 @@ Failed failureOf(const Outcome& outcome) {
   return outcome ? std::nullopt : Failed(Failure{.message = outcome.error().message});
 }
 
-// Makes a profile the store of the process.
 Failed open(const std::string& name) {
-  if (name != kStandardProfile) foundation::UserDefaults::setStandardFile(profileFile(name));
+  useProfile(name);
   return storeFailure(Console::store());
 }
 
