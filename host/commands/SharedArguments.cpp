@@ -99,6 +99,14 @@ Operand keyOperand(std::string& key) {
           }};
 }
 
+Operand fileOperand(std::filesystem::path& file) {
+  return {.name = "FILE", .needs = "a FILE", .take = [&file](std::string_view word) {
+            if (word.empty()) return Outcome(Error{translated("a FILE needs a name")});
+            file = word;
+            return done();
+          }};
+}
+
 Option tabOption(Tab& tab) {
   return choice("--tab", "TAB",
                 "The tab: general, capture, proxy, analyze or appearance (the fonts).", tab,

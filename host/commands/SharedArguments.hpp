@@ -4,6 +4,7 @@
 #include "commandline/Arguments.hpp"
 #include "commands/Commands.hpp"
 
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -14,6 +15,9 @@ Option formatOption(OutputFormat& format);
 
 // KEY.
 Operand keyOperand(std::string& key);
+
+// FILE.
+Operand fileOperand(std::filesystem::path& file);
 
 // --tab: the first form for one tab, the second for one tab or all of them.
 Option tabOption(Tab& tab);

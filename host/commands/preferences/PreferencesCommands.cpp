@@ -4,6 +4,7 @@
 #include "commands/SharedArguments.hpp"
 #include "foundation/Translation.hpp"
 
+#include <functional>
 #include <utility>
 
 namespace zorvantine {
@@ -16,14 +17,6 @@ using foundation::translated;
 using QEVSettings::PreferenceValue;
 
 namespace {
-
-Operand fileOperand(std::filesystem::path& file) {
-  return {.name = "FILE", .needs = "a FILE", .take = [&file](std::string_view word) {
-            if (word.empty()) return Outcome(Error{translated("a FILE needs a name")});
-            file = word;
-            return done();
-          }};
-}
 
 Arguments listArguments(ListPreferencesCommand& command) {
   return {.options = {formatOption(command.format)}};
@@ -71,46 +64,41 @@ Arguments deleteArguments(DeletePreferenceCommand& command) {
   return {.operands = {keyOperand(command.key)}};
 }
 
-Option valueOption(std::string_view name, std::string_view help, PreferenceValue::Type type,
+using ReadValue = std::function<foundation::Result<PreferenceValue>(std::string_view)>;
+
+Option valueOption(std::string_view name, std::string_view help, ReadValue read,
                    SetPreferenceCommand& command) {
   return {.name = name,
           .value = "VALUE",
           .help = help,
           .presence = Presence::oneOf,
-          .take = [&command, type](std::string_view text) {
+          .take = [&command, read = std::move(read)](std::string_view text) {
             if (command.value) return Outcome(Error{translated("give one value")});
-            auto value = QEVSettings::readValue(type, text);
+            auto value = read(text);
             if (!value) return Outcome(value.error());
             command.value = *std::move(value);
             return done();
           }};
 }
 
-Option jsonOption(SetPreferenceCommand& command) {
-  return {.name = "--json",
-          .value = "VALUE",
-          .help = "JSON: an array, a dictionary, or any other value but null.",
-          .presence = Presence::oneOf,
-          .take = [&command](std::string_view text) {
-            if (command.value) return Outcome(Error{translated("give one value")});
-            auto value = QEVSettings::readJSONValue(text);
-            if (!value) return Outcome(value.error());
-            command.value = *std::move(value);
-            return done();
-          }};
+ReadValue readerOf(PreferenceValue::Type type) {
+  return [type](std::string_view text) { return QEVSettings::readValue(type, text); };
 }
 
 Arguments setArguments(SetPreferenceCommand& command) {
   using Type = PreferenceValue::Type;
   return {
-      .options = {valueOption("--string", "Text.", Type::string, command),
-                  valueOption("--int", "A whole number of 64 bits.", Type::integer, command),
-                  valueOption("--bool", "true or false.", Type::boolean, command),
-                  valueOption("--real", "A number, inf or -inf.", Type::real, command),
-                  valueOption("--data", "Bytes, in base64.", Type::data, command),
-                  valueOption("--date", "A date in UTC, as in 2026-03-01T12:30:00Z.", Type::date,
+      .options = {valueOption("--string", "Text.", readerOf(Type::string), command),
+                  valueOption("--int", "A whole number of 64 bits.", readerOf(Type::integer),
                               command),
-                  jsonOption(command),
+                  valueOption("--bool", "true or false.", readerOf(Type::boolean), command),
+                  valueOption("--real", "A number, inf or -inf.", readerOf(Type::real), command),
+                  valueOption("--data", "Bytes, in base64.", readerOf(Type::data), command),
+                  valueOption("--date", "A date in UTC, as in 2026-03-01T12:30:00Z.",
+                              readerOf(Type::date), command),
+                  valueOption("--json",
+                              "JSON: an array, a dictionary, or any other value but null.",
+                              QEVSettings::readJSONValue, command),
                   flag("--force",
                        "Store a value that does not fit the setting, and any key without a word.",
                        command.isForced, true)},
@@ -213,7 +201,7 @@ std::vector<CommandEntry> settingCommands() {
               setArguments),
       command({.name = "prefs reset",
                .chapter = chapter,
-               .help = "Remove the person's own values, so that the defaults are in force. A list "
+               .help = "Remove your own values, so that the defaults are in force. A list "
                        "of protocols becomes the analyzer's factory list.",
                .storeUse = StoreUse::writes},
               resetArguments),
@@ -225,7 +213,7 @@ std::vector<CommandEntry> settingCommands() {
               diffArguments),
       command({.name = "prefs edit",
                .chapter = chapter,
-               .help = "Open the person's own values as JSON in $EDITOR, and store what was "
+               .help = "Open your own values as JSON in $EDITOR, and store what was "
                        "changed; all of it or nothing.",
                .storeUse = StoreUse::writes},
               noArguments<EditPreferencesCommand>),

@@ -26,14 +26,6 @@ Operand nameOperand(std::string_view operand, std::string_view needs, std::strin
   return {.name = operand, .needs = needs, .take = nameTaker(target)};
 }
 
-Operand fileOperand(std::filesystem::path& file) {
-  return {.name = "FILE", .needs = "a FILE", .take = [&file](std::string_view word) {
-            if (word.empty()) return Outcome(Error{"a FILE needs a name"});
-            file = word;
-            return done();
-          }};
-}
-
 Arguments listArguments(ListProfilesCommand& command) {
   return {.options = {formatOption(command.format)}};
 }
