@@ -21,7 +21,7 @@ namespace qt {
 
 namespace {
 
-// Of one step of a mouse wheel, in eighths of a degree.
+// The angle of one step of a mouse wheel, in eighths of a degree.
 constexpr double kAnglePerStep = 120;
 
 QPointF toQt(viewkit::Point point) { return {point.x, point.y}; }
@@ -62,31 +62,32 @@ viewkit::Point Scrolling::maximum() const {
           std::max(0.0, scroll->contentSize.height - area_.height())};
 }
 
+viewkit::Point Scrolling::bounded(viewkit::Point offset) const {
+  const viewkit::Point most = maximum();
+  return {std::clamp(offset.x, 0.0, most.x), std::clamp(offset.y, 0.0, most.y)};
+}
+
 void Scrolling::scrollTo(viewkit::Point offset) {
   const auto* scroll = control();
   if (!scroll) return;
-  const viewkit::Point most = maximum();
-  const viewkit::Point bounded{std::clamp(offset.x, 0.0, most.x),
-                               std::clamp(offset.y, 0.0, most.y)};
-  if (bounded == scroll->offset) return;
+  const viewkit::Point next = bounded(offset);
+  if (next == scroll->offset) return;
   const auto call = scroll->scroll;
-  call(bounded);
+  call(next);
   source_.host().update();
 }
 
 void Scrolling::glideTo(viewkit::Point offset) {
   const auto* scroll = control();
   if (!scroll) return;
-  const viewkit::Point most = maximum();
-  const viewkit::Point bounded{std::clamp(offset.x, 0.0, most.x),
-                               std::clamp(offset.y, 0.0, most.y)};
+  const viewkit::Point end = bounded(offset);
   glide_.stop();
   if (source_.host().environment().reducedMotion) {
-    scrollTo(bounded);
+    scrollTo(end);
     return;
   }
   glide_.setStartValue(toQt(scroll->offset));
-  glide_.setEndValue(toQt(bounded));
+  glide_.setEndValue(toQt(end));
   glide_.start();
 }
 

@@ -48,6 +48,7 @@ private:
   const viewkit::ScrollControl* control() const { return source_.control(); }
   // The largest offset, points.
   viewkit::Point maximum() const;
+  viewkit::Point bounded(viewkit::Point offset) const;
   void scrollTo(viewkit::Point offset);
   // Scrolls in a short animation, or at once where the user prefers reduced motion.
   void glideTo(viewkit::Point offset);
