@@ -40,13 +40,14 @@ ROOMS = {
 # public headers, which may use only one another. A room that is not named here has no inner arrows.
 INNER = {
     "viewkit": {
-        "tree": set(),
+        "support": set(),
+        "tree": {"support"},
         "layout": {"tree"},
         "leaves": {"tree"},
         "controls": {"tree"},
         "modifiers": {"tree"},
         "containers": {"tree", "layout", "controls"},
-        "passes": {"tree"},
+        "passes": {"tree", "support"},
     },
     "qt": {
         "bridge": set(),

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "passes/Handlers.hpp"
 
-#include "tree/Diagnostics.hpp"
+#include "support/Diagnostics.hpp"
 
 #include <cstddef>
 #include <utility>

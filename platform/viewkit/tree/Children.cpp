@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tree/Diagnostics.hpp"
+#include "support/Diagnostics.hpp"
 #include "viewkit/Stacks.hpp"
 
 #include <algorithm>

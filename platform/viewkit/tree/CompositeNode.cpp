@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tree/CompositeNode.hpp"
 
-#include "tree/Diagnostics.hpp"
+#include "support/Diagnostics.hpp"
 #include "tree/NodeServices.hpp"
 
 #include <algorithm>

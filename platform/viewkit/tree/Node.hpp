@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "tree/FunctionRef.hpp"
+#include "support/FunctionRef.hpp"
 #include "tree/Inherited.hpp"
 #include "tree/LayoutAnswers.hpp"
 #include "tree/Marks.hpp"
