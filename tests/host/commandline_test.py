@@ -22,6 +22,8 @@ import time
 import unittest
 from pathlib import Path
 
+from host_program import output_of
+
 PROGRAM, SAMPLE = sys.argv[1:3]
 PREFIX = "com_velloquin_qev_"
 VERSION_KEY = "com_velloquin_zorvantine_prefs_schema_version"
@@ -89,12 +91,7 @@ class CommandLine(unittest.TestCase):
 
     def run_host(self, *words, code=0, text=""):
         done = subprocess.run(self.command(*words), input=text, capture_output=True, text=True, timeout=120)
-        self.assertEqual(done.returncode, code, done.stderr)
-        if code == 0:
-            return done.stdout
-        self.assertEqual(done.stdout, "")
-        self.assertRegex(done.stderr, r"\Azorvantine: [^\n]+\n\Z")
-        return done.stderr
+        return output_of(self, done, code)
 
     def listed(self):
         return json.loads(self.run_host("prefs", "list", "--format", "json"))
@@ -459,8 +456,8 @@ class CommandLine(unittest.TestCase):
                         break
                 self.assertRegex(line, r"\Astarted +integer +[0-9]+\n\Z")
                 os.set_blocking(watcher.stdout.fileno(), True)
-                # Each change is awaited: two that the watcher takes over at once are one to it, and none when the
-                # key is as it was before.
+                # The watcher takes changes over in turns. It reports one change of a key for each turn, and none when
+                # the value is as before, so each change is awaited.
                 changes = (["set", "key", "--string", "one\ntwo"], "key  string"), (["delete", "key"], "key  removed")
                 for change, beginning in changes:
                     self.run_host("prefs", *change)

@@ -14,6 +14,8 @@ import time
 import unittest
 from pathlib import Path
 
+from host_program import output_of
+
 PROGRAM = sys.argv[1]
 APPEARANCE = "com_velloquin_zorvantine_appearanceName"
 USE_SYSTEM = "com_velloquin_zorvantine_appearanceUseSystem"
@@ -37,12 +39,7 @@ class Settings(unittest.TestCase):
 
     def run_host(self, *words, code=0, **variables):
         done = subprocess.run([PROGRAM, *words], env=self.environment | variables, capture_output=True, text=True, timeout=120)
-        self.assertEqual(done.returncode, code, done.stderr)
-        if code == 0:
-            return done.stdout
-        self.assertEqual(done.stdout, "")
-        self.assertRegex(done.stderr, r"\Azorvantine: [^\n]+\n\Z")
-        return done.stderr
+        return output_of(self, done, code)
 
     def described(self, *words):
         return json.loads(self.run_host(*words[:-1], "prefs", "describe", words[-1], "--format", "json"))[words[-1]]
