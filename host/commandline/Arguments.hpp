@@ -77,6 +77,7 @@ template <class T, class Target = T>
 Option choice(std::string_view name, std::string_view value, std::string_view help, Target& target,
               std::vector<std::pair<std::string_view, T>> choices) {
   std::vector<std::string_view> known;
+  known.reserve(choices.size());
   for (const auto& [choice, meaning] : choices) known.push_back(choice);
   const auto take = [name, &target, choices = std::move(choices), known](std::string_view word) {
     for (const auto& [choice, meaning] : choices) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/PreferenceCoding.hpp"
 
+#include <algorithm>
 #include <bit>
 #include <string>
 #include <string_view>
@@ -34,17 +35,15 @@ public:
       case PreferenceValue::Type::data: appendBytes(*value.asData()); return true;
       case PreferenceValue::Type::array:
         appendCount(value.asArray()->size());
-        for (const PreferenceValue& element : *value.asArray()) {
-          if (!append(element, depth + 1)) return false;
-        }
-        return true;
+        return std::ranges::all_of(*value.asArray(), [&](const PreferenceValue& element) {
+          return append(element, depth + 1);
+        });
       case PreferenceValue::Type::dictionary:
         appendCount(value.asDictionary()->size());
-        for (const auto& [key, element] : *value.asDictionary()) {
-          appendBytes(key);
-          if (!append(element, depth + 1)) return false;
-        }
-        return true;
+        return std::ranges::all_of(*value.asDictionary(), [&](const auto& entry) {
+          appendBytes(entry.first);
+          return append(entry.second, depth + 1);
+        });
     }
     return false;
   }

@@ -29,7 +29,7 @@ constexpr int kPagesToRead = 50;
 constexpr int kPagesToWrite = 500;
 constexpr auto kLongestWait = std::chrono::milliseconds(500);
 
-std::string textOfColumn(sqlite3_stmt* statement, int column) {
+std::string_view textOfColumn(sqlite3_stmt* statement, int column) {
   const auto* text = sqlite3_column_text(statement, column);
   return text != nullptr ? reinterpret_cast<const char*>(text) : "";
 }
@@ -167,28 +167,33 @@ Outcome PreferencesFile::useWriteAheadLog() {
   return done();
 }
 
-// What identifies the file. SQLite reads the file only now. One transaction, because each takes and
-// releases a lock.
+// What identifies the file. SQLite reads the file only now.
 std::optional<PreferencesFile::Marks> PreferencesFile::readMarks() {
   sqlite3_db_config(database_.get(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-  execute(database_, ("PRAGMA cell_size_check = ON; PRAGMA cache_size = " +
-                      std::to_string(kPagesToRead) + "; BEGIN")
-                         .c_str());
-  const RollBackAtEnd transaction(database_.get());
-  const Statement statement = prepare(
+  execute(
       database_,
-      "SELECT count(*), count(*) FILTER (WHERE type NOT IN ('table', 'index')) FROM sqlite_schema");
-  if (!statement || sqlite3_step(statement.get()) != SQLITE_ROW) return std::nullopt;
-  return Marks{.objects = sqlite3_column_int64(statement.get(), 0),
-               .otherObjects = sqlite3_column_int64(statement.get(), 1),
-               .isOurs = number("PRAGMA application_id") == kApplicationId,
-               .formatVersion = number("PRAGMA user_version").value_or(0)};
+      ("PRAGMA cell_size_check = ON; PRAGMA cache_size = " + std::to_string(kPagesToRead)).c_str());
+  const Statement objects = prepare(database_, "SELECT type FROM sqlite_schema");
+  if (!objects) return std::nullopt;
+  Marks marks;
+  int code = sqlite3_step(objects.get());
+  if (code != SQLITE_ROW && code != SQLITE_DONE) return std::nullopt;
+  // Before the last row, so that the three statements share one transaction and its locks.
+  marks.isOurs = number("PRAGMA application_id") == kApplicationId;
+  marks.formatVersion = number("PRAGMA user_version").value_or(0);
+  for (; code == SQLITE_ROW; code = sqlite3_step(objects.get())) {
+    const auto type = textOfColumn(objects.get(), 0);
+    marks.hasObjects = true;
+    marks.hasOtherObjects = marks.hasOtherObjects || (type != "table" && type != "index");
+  }
+  if (code != SQLITE_DONE) return std::nullopt;
+  return marks;
 }
 
 // Checks whether the file is a store, and makes one of an empty file.
 Outcome PreferencesFile::identify(const std::optional<Marks>& marks) {
   if (!marks) return failure("read");
-  if (marks->objects > 0 && !marks->isOurs) return damage();
+  if (marks->hasObjects && !marks->isOurs) return damage();
   if (marks->isOurs && marks->formatVersion > kFormatVersion) {
     return fail(State::unusable, StorageProblem::unusable,
                 path_.string() +
@@ -196,13 +201,14 @@ Outcome PreferencesFile::identify(const std::optional<Marks>& marks) {
   }
   // A store has its table before it gets its name, so that one without a table is damaged, unless
   // somebody made an empty file.
-  if (marks->objects == 0 && (readOnly_ || marks->isOurs)) return damage();
-  if (!readOnly_) {
+  if (!marks->hasObjects && (readOnly_ || marks->isOurs)) return damage();
+  usesLog_ = logFile() != nullptr;
+  if (!readOnly_ && !usesLog_) {
     if (auto outcome = useWriteAheadLog(); !outcome) return outcome;
   }
   // A view could take the table's name and return rows without end.
-  if (marks->otherObjects > 0) return damage();
-  return marks->objects > 0 ? done() : setUp();
+  if (marks->hasOtherObjects) return damage();
+  return marks->hasObjects ? done() : setUp();
 }
 
 Outcome PreferencesFile::setUp() {
@@ -211,10 +217,8 @@ Outcome PreferencesFile::setUp() {
 }
 
 Outcome PreferencesFile::prepareToRead() {
-  select_ = prepare(
-      database_,
-      "SELECT change, key, type, value, sum FROM preferences WHERE change > ?1 ORDER BY change");
-  if (!select_) {
+  selectAll_ = prepare(database_, kSelectAll);
+  if (!selectAll_) {
     const bool isOtherTable = (sqlite3_errcode(database_.get()) & 0xFF) == SQLITE_ERROR;
     return isOtherTable ? Outcome(damage()) : failure("read");
   }
@@ -259,11 +263,6 @@ void PreferencesFile::findStamp() {
                            static_cast<void*>(&file)) != SQLITE_OK ||
       file == nullptr || file->pMethods == nullptr || file->pMethods->iVersion < 2) {
     return;
-  }
-  if (readOnly_) {
-    const Statement journal = prepare(database_, "PRAGMA journal_mode");
-    usesLog_ = journal && sqlite3_step(journal.get()) == SQLITE_ROW &&
-               textOfColumn(journal.get(), 0) == "wal";
   }
   if (!usesLog_) return;
   file->pMethods->xShmMap(file, 0, regionBytes, 0, &region);

@@ -66,19 +66,28 @@ std::optional<Error> PreferencesFile::refusalOf(std::string_view key,
 }
 
 Outcome PreferencesFile::readChanges(const Receiver& receive) {
+  if (!selectNew_) {
+    selectNew_ = prepare(database_, kSelectNew);
+    if (!selectNew_) return failure("read");
+  }
+  sqlite3_bind_int64(selectNew_.get(), 1, lastChange_);
+  return readRows(selectNew_.get(), receive);
+}
+
+// Hands over the rows that the statement selects, which are all above the last change.
+Outcome PreferencesFile::readRows(sqlite3_stmt* select, const Receiver& receive) {
   if (isIndexCut()) {
     return fail(State::unusable, StorageProblem::failing,
                 path_.string() + " lost the index of its log");
   }
-  const ResetAtEnd reset(select_.get());
+  const ResetAtEnd reset(select);
   // Read before the rows: what is committed during the read is looked for again.
   const std::uint64_t found = stamp_.value();
   const bool isFirst = lastChange_ == 0;
-  sqlite3_bind_int64(select_.get(), 1, lastChange_);
-  int code = sqlite3_step(select_.get());
+  int code = sqlite3_step(select);
   bool isAsWritten = true;
-  for (; code == SQLITE_ROW; code = sqlite3_step(select_.get())) {
-    auto change = changeOfRow(select_.get());
+  for (; code == SQLITE_ROW; code = sqlite3_step(select)) {
+    auto change = changeOfRow(select);
     // Rows out of order show that two pages were swapped.
     isAsWritten = change.has_value() && change->number > lastChange_;
     if (!isAsWritten) break;
@@ -96,19 +105,19 @@ Outcome PreferencesFile::readChanges(const Receiver& receive) {
 Outcome PreferencesFile::readAll(const Receiver& receive) {
   lastChange_ = 0;
   std::int64_t rows = 0;
-  // One transaction, so that no write comes between reading the rows and counting them.
-  execute(database_, "BEGIN");
-  const RollBackAtEnd transaction(database_.get());
-  auto outcome = readChanges([&](PreferenceChange change) {
-    ++rows;
+  std::int64_t entries = 0;
+  auto outcome = readRows(selectAll_.get(), [&](PreferenceChange change) {
+    if (rows++ == 0) entries = sqlite3_column_int64(selectAll_.get(), kEntriesColumn);
     receive(std::move(change));
   });
-  if (outcome) {
-    const auto entries = entriesOfIndex();
-    if (!entries) outcome = failure("read");
-    if (entries && *entries != rows) outcome = damage();
+  if (!outcome) return outcome;
+  if (rows == 0) {
+    const auto found = number(kCountEntries);
+    if (!found) return failure("read");
+    // Another process may have written the first row meanwhile.
+    if (!mayHaveChanged()) entries = *found;
   }
-  return outcome;
+  return entries == rows ? done() : Outcome(damage());
 }
 
 Outcome PreferencesFile::write(std::span<PreferenceChange> changes, const Receiver& receive,
@@ -223,13 +232,17 @@ std::int64_t PreferencesFile::rowInIndex(std::string_view key) {
   return sqlite3_step(statement.get()) == SQLITE_ROW ? sqlite3_column_int64(statement.get(), 0) : 0;
 }
 
+sqlite3_file* PreferencesFile::logFile() const {
+  sqlite3_file* journal = nullptr;
+  sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_JOURNAL_POINTER,
+                       static_cast<void*>(&journal));
+  return journal != nullptr && journal->pMethods != nullptr ? journal : nullptr;
+}
+
 Outcome PreferencesFile::synchronize() {
   if (isSynchronized_) return done();
-  sqlite3_file* log = nullptr;
-  sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_JOURNAL_POINTER,
-                       static_cast<void*>(&log));
-  if (log != nullptr && log->pMethods != nullptr &&
-      log->pMethods->xSync(log, SQLITE_SYNC_NORMAL) != SQLITE_OK) {
+  sqlite3_file* const log = logFile();
+  if (log != nullptr && log->pMethods->xSync(log, SQLITE_SYNC_NORMAL) != SQLITE_OK) {
     const bool isFull = errno == ENOSPC || errno == EDQUOT;
     return fail(State::unusable, isFull ? StorageProblem::diskFull : StorageProblem::failing,
                 "cannot write " + path_.string() + " (" + textOfError(errno) + "); check the disk");
@@ -280,10 +293,6 @@ Outcome PreferencesFile::copyTo(const std::filesystem::path& path) {
   }
   if (!outcome) removeUnsharedStore(path);
   return outcome;
-}
-
-std::optional<std::int64_t> PreferencesFile::entriesOfIndex() {
-  return number("SELECT count(*) FROM preferences INDEXED BY sqlite_autoindex_preferences_1");
 }
 
 std::vector<std::string> PreferencesFile::faults() {

@@ -4,6 +4,7 @@
 #include "QEVSettings/preferences/StorageReport.hpp"
 #include "foundation/Result.hpp"
 #include "store/PreferencesTable.hpp"
+#include "store/SQLiteFileUse.hpp"
 #include "store/SQLiteHandles.hpp"
 #include "store/StoreIdentity.hpp"
 #include "store/watch/CommitStamp.hpp"
@@ -157,8 +158,8 @@ public:
 private:
   // What tells a store from other databases.
   struct Marks {
-    std::int64_t objects = 0;       // tables, indices and the like
-    std::int64_t otherObjects = 0;  // neither tables nor indices
+    bool hasObjects = false;       // tables, indices and the like
+    bool hasOtherObjects = false;  // neither tables nor indices
     bool isOurs = false;
     std::int64_t formatVersion = 0;
   };
@@ -174,8 +175,11 @@ private:
   void findStamp();
   Outcome checkLog(std::uintmax_t logBytes);
   std::optional<std::int64_t> number(const char* query);
-  std::optional<std::int64_t> entriesOfIndex();
+  Outcome readRows(sqlite3_stmt* select, const Receiver& receive);
   bool isLogEmpty() const;
+  // The log, once the file was read; null when the file has none. Outside of a write, a file
+  // without a log has no journal open.
+  sqlite3_file* logFile() const;
   Outcome writeInTransaction(std::span<PreferenceChange> changes, const Receiver& receive,
                              const RowNumbers& rows);
   Outcome writeOne(PreferenceChange& change, std::int64_t& last, const RowNumbers& rows);
@@ -190,10 +194,12 @@ private:
   static int wait(void* self, int attempts);
 
   std::filesystem::path path_;
+  SQLiteFileUse use_;  // before the database, which is closed first
   StoreIdentity identity_;
   Database database_;
   Statement begin_;
-  Statement select_;
+  Statement selectAll_;
+  Statement selectNew_;  // made when it is needed first
   Statement insert_;
   Statement delete_;
   Statement commit_;

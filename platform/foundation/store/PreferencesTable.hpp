@@ -41,6 +41,21 @@ bool makePreferencesTable(const Database& database);
 // wrong.
 std::optional<PreferenceChange> changeOfRow(sqlite3_stmt* row);
 
+// The rows above a change, in the order of writing.
+inline constexpr const char* kSelectNew =
+    "SELECT change, key, type, value, sum FROM preferences WHERE change > ?1 ORDER BY change";
+
+// The number of entries in the index of the keys, which a whole table has one of for each row.
+inline constexpr const char* kCountEntries =
+    "SELECT count(*) FROM preferences INDEXED BY sqlite_autoindex_preferences_1";
+
+// All rows in the order of writing, and in one more column the entries of the index. One statement,
+// so that no write comes between reading the rows and counting the entries.
+inline constexpr const char* kSelectAll =
+    "SELECT change, key, type, value, sum, (SELECT count(*) FROM preferences "
+    "INDEXED BY sqlite_autoindex_preferences_1) FROM preferences ORDER BY change";
+inline constexpr int kEntriesColumn = 5;
+
 // Binds the parameters ?1 to ?5 of a statement to change, key, type, value and sum, and runs it.
 // Returns the result code.
 int runWithChange(const Statement& statement, const PreferenceChange& change, std::int64_t number);

@@ -97,8 +97,9 @@ private:
     const auto faults = file.faults();
     for (const std::string& fault : faults) problem(name + " is damaged: " + fault + ".");
     if (faults.empty()) {
-      const std::string count = std::to_string(keys.size()) + (keys.size() == 1 ? " key" : " keys");
-      say(name + " is in order: " + count + ", each with the value that was written.");
+      const std::string_view noun = keys.size() == 1 ? " key" : " keys";
+      say(name + " is in order: " + std::to_string(keys.size()).append(noun) +
+          ", each with the value that was written.");
     }
     struct stat found {};
     if (::lstat(path.c_str(), &found) == 0 && (found.st_mode & 077) != 0) {

@@ -55,6 +55,11 @@ bool takeName(const std::string& from, const std::string& to) {
   return file || errno == EEXIST;
 }
 
+bool isFolder(const std::filesystem::path& path) {
+  struct stat found {};
+  return ::stat(path.c_str(), &found) == 0 && S_ISDIR(found.st_mode);
+}
+
 }  // namespace
 
 std::string textOfError(int number) { return std::generic_category().message(number); }
@@ -67,8 +72,7 @@ void syncFolder(const std::filesystem::path& folder) {
 }
 
 Outcome makeFolders(const std::filesystem::path& folder) {
-  std::error_code error;
-  if (folder.empty() || std::filesystem::is_directory(folder, error)) return done();
+  if (folder.empty() || isFolder(folder)) return done();
   if (auto outcome = makeFolders(folder.parent_path()); !outcome) return outcome;
   if (::mkdir(folder.c_str(), 0700) == 0) {
     ::chmod(folder.c_str(), 0700);
@@ -77,7 +81,7 @@ Outcome makeFolders(const std::filesystem::path& folder) {
     return Error{"cannot create the folder " + folder.string() + " (" + textOfError(errno) +
                  "); create it, or choose a file elsewhere"};
   }
-  if (!std::filesystem::is_directory(folder, error)) {
+  if (!isFolder(folder)) {
     return Error{folder.string() + " is no folder; choose a file elsewhere"};
   }
   return done();

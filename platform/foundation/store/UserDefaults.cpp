@@ -108,7 +108,7 @@ std::unique_ptr<UserDefaults> UserDefaults::inMemory() {
 std::unique_ptr<UserDefaults> UserDefaults::open(const std::filesystem::path& path, Access access) {
   auto store = inMemory();
   std::error_code error;
-  store->path_ = std::filesystem::absolute(path, error);
+  store->path_ = path.is_absolute() ? path : std::filesystem::absolute(path, error);
   store->isShortLived_ = access == Access::shortLived;
   FileLimitSignal::lookUpLimit();
   const auto connected = withinLimits([&] {

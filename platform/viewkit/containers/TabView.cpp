@@ -145,9 +145,11 @@ private:
   View describeBar() const {
     const auto& value = valueAs<TabViewValue>();
     TabBarControl bar;
+    bar.items.reserve(value.pages.size());
     for (const detail::TabPage& page : value.pages) bar.items.push_back({page.title, page.symbol});
     bar.selected = static_cast<int>(value.shown());
     std::vector<std::int64_t> tags;
+    tags.reserve(value.pages.size());
     for (const detail::TabPage& page : value.pages) tags.push_back(page.tag);
     bar.select = [tags = std::move(tags), select = value.select](int index) {
       if (index >= 0 && static_cast<std::size_t>(index) < tags.size())

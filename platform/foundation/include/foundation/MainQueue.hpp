@@ -70,7 +70,7 @@ public:
 private:
   using Clock = std::chrono::steady_clock;
   struct Repeated {
-    std::chrono::milliseconds interval;
+    std::chrono::milliseconds interval{};
     Clock::time_point due;
     std::shared_ptr<const Work> work;
   };

@@ -45,12 +45,11 @@ bool wasRecovered(const QEVSettings::StoreOpening& opening);
 
 // Opens a store and reads all of it. Creates the store when it is missing. Recovers it first when
 // it is damaged, or lacks changes that its good copy has. Leaves a file alone that is not a store.
-OpenedPreferences openPreferences(const std::filesystem::path& store,
-                                  const OpeningRequest& request);
+OpenedPreferences openPreferences(const std::filesystem::path& path, const OpeningRequest& request);
 
 // Reads a store, or what can be recovered of a damaged one, and changes nothing on disk. The result
 // has no file.
-OpenedPreferences readPreferences(const std::filesystem::path& store);
+OpenedPreferences readPreferences(const std::filesystem::path& path);
 
 // Removes a log whose file is gone, and its index; returns the changes in the log. Fails, and
 // removes nothing, when the log cannot be read.

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "store/recovery/RawDatabaseFile.hpp"
 
+#include "store/SQLiteFileUse.hpp"
+#include "system/FileDescriptor.hpp"
+
+#include <fcntl.h>
 #include <sqlite3.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -63,10 +67,32 @@ private:
   bool isWritable_ = false;
 };
 
+// Takes a third of the system calls that SQLite's file layer takes for the first bytes.
+std::optional<FileBytes> readPlainly(const std::filesystem::path& path, std::size_t most) {
+  const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+  struct stat found {};
+  if (!file || ::fstat(file.get(), &found) != 0 || !S_ISREG(found.st_mode) ||
+      found.st_uid != ::geteuid()) {
+    return std::nullopt;
+  }
+  FileBytes bytes(std::min(static_cast<std::size_t>(found.st_size), most));
+  std::size_t filled = 0;
+  while (filled < bytes.size()) {
+    const ssize_t count = ::pread(file.get(), bytes.data() + filled, bytes.size() - filled,
+                                  static_cast<off_t>(filled));
+    if (count < 0) return std::nullopt;
+    if (count == 0) break;  // The file was cut meanwhile; the rest reads as zeros.
+    filled += static_cast<std::size_t>(count);
+  }
+  return bytes;
+}
+
 }  // namespace
 
 std::optional<FileBytes> readRawDatabaseFile(const std::filesystem::path& path, std::size_t most) {
   constexpr std::size_t pieceBytes = std::size_t{1} << 24;
+  std::optional<FileBytes> plain;
+  if (readWhileUnused([&] { plain = readPlainly(path, most); }) && plain) return plain;
   RawFile file(path, SQLITE_OPEN_READONLY);
   if (!file.isOpen()) return std::nullopt;
   const auto size = file.size();

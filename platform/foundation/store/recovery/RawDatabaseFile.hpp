@@ -15,9 +15,8 @@ namespace foundation {
 
 using FileBytes = std::vector<std::uint8_t>;
 
-// Access to the bytes of a database file without SQLite's pages. It uses SQLite's own file layer,
-// because closing any other descriptor of a file drops the locks that SQLite holds on it in this
-// process.
+// Access to the bytes of a database file without SQLite's pages. It uses SQLite's own file layer
+// unless SQLite has no store open in this process: see SQLiteFileUse.
 
 // The first `most` bytes of the file, or all. Nothing unless it is a regular file of this user that
 // can be read; links are not followed.

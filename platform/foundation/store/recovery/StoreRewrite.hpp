@@ -2,6 +2,7 @@
 #pragma once
 
 #include "QEVSettings/preferences/StorageReport.hpp"
+#include "store/SQLiteFileUse.hpp"
 #include "store/recovery/PreferencesSalvage.hpp"
 #include "store/recovery/RepairLock.hpp"
 
@@ -47,6 +48,7 @@ private:
   Error fail(const char* what, int code);
 
   std::filesystem::path store_;
+  SQLiteFileUse use_;  // before the database, which is closed first
   FileBytes formerStart_;
   std::size_t formerSize_ = 0;
   Database database_;

@@ -5,6 +5,7 @@
 #include "text/property_lists/PropertyListFault.hpp"
 #include "text/property_lists/PropertyListForms.hpp"
 
+#include <algorithm>
 #include <new>
 
 namespace foundation {
@@ -27,10 +28,8 @@ Error tooLittleMemory() {
 class Extent {
 public:
   bool isBounded(const PreferenceDictionary& entries, int depth = 0) {
-    for (const auto& [key, value] : entries) {
-      if (!isBounded(value, depth + 1)) return false;
-    }
-    return true;
+    return std::ranges::all_of(
+        entries, [&](const auto& entry) { return isBounded(entry.second, depth + 1); });
   }
 
   std::string_view problem() const { return problem_; }
@@ -47,9 +46,8 @@ private:
     if (++count_ > kMaximumPropertyListValues) return fail(countProblem());
     if (const auto* entries = value.asDictionary()) return isBounded(*entries, depth);
     if (const auto* elements = value.asArray()) {
-      for (const PreferenceValue& element : *elements) {
-        if (!isBounded(element, depth + 1)) return false;
-      }
+      return std::ranges::all_of(
+          *elements, [&](const PreferenceValue& element) { return isBounded(element, depth + 1); });
     }
     return true;
   }

@@ -148,6 +148,7 @@ private:
 
   Error fault(std::string_view problem) const {
     std::vector<std::string_view> keys;
+    keys.reserve(open_.size());
     for (const Container& container : open_)
       keys.emplace_back(container.key ? *container.key : std::string_view());
     return propertyListFault("line " + std::to_string(parser_.line()), keys, problem);

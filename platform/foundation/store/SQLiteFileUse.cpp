@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include "store/SQLiteFileUse.hpp"
+
+#include <mutex>
+
+namespace foundation {
+
+namespace {
+
+struct Uses {
+  std::mutex mutex;
+  int count = 0;
+};
+
+// Trivially usable while the process ends: stores may be closed by destructors of statics.
+Uses& uses() {
+  static constinit Uses shared;
+  return shared;
+}
+
+}  // namespace
+
+SQLiteFileUse::SQLiteFileUse() {
+  const std::scoped_lock lock(uses().mutex);
+  ++uses().count;
+}
+
+SQLiteFileUse::~SQLiteFileUse() {
+  const std::scoped_lock lock(uses().mutex);
+  --uses().count;
+}
+
+bool readWhileUnused(const std::function<void()>& read) {
+  const std::scoped_lock lock(uses().mutex);
+  if (uses().count > 0) return false;
+  read();
+  return true;
+}
+
+}  // namespace foundation
