@@ -129,9 +129,16 @@ double labelColumnWidth() {
 constexpr double kLargestWholePreview = 36;
 constexpr double kBoundedHeight = 72;
 
-// Cuts the preview of a huge font, which would push the other rows away.
+// Cuts the preview of a huge font, which would push the other rows away. It shows the beginning of
+// the text, because nothing but the dots of a shortened text might have room.
 View bounded(const View& preview) {
-  return preview.frame(FlexibleFrame{.maxHeight = kBoundedHeight}).fixedSize(false, true).clipped();
+  return preview.fixedSize()
+      .frame(FlexibleFrame{.minWidth = 0,
+                           .maxWidth = kUnlimited,
+                           .minHeight = kBoundedHeight,
+                           .maxHeight = kBoundedHeight,
+                           .alignment = Alignment::leading()})
+      .clipped();
 }
 
 View monospaceWarning() {

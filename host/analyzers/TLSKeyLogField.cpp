@@ -15,7 +15,7 @@ View TLSKeyLogField::body() const {
   const auto& host = foundation::Bundle::mainBundle();
   const std::string label = host.localizedString("Log of session keys");
   const View field = TextField(
-      {.placeholder = host.localizedString("The file that SSLKEYLOGFILE names")}, file.binding());
+      {.placeholder = host.localizedString("From SSLKEYLOGFILE")}, file.binding());
   const bool isManaged = file.isLocked();
   return HStack({.spacing = 12}, {
                                      Text(label).fixedSize(),

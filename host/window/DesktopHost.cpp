@@ -9,6 +9,7 @@
 #include "profiles/Profiles.hpp"
 #include "viewkit/ViewHost.hpp"
 #include "window/DescriptorWatch.hpp"
+#include "window/LanguageFonts.hpp"
 #include "window/MainWindow.hpp"
 #include "window/Updates.hpp"
 
@@ -67,6 +68,8 @@ DesktopHost::DesktopHost(const WindowOptions& options, QEVSettings::PreferencesS
   messages_.beforeStop(nullptr);
   start();
   application_.setLanguage(windowLanguage());
+  if (const auto missing = missingFontMessage(windowLanguage()))
+    std::cerr << "zorvantine: " << *missing << std::endl;
 }
 
 DesktopHost::~DesktopHost() {

@@ -76,6 +76,19 @@ class WindowCommands(unittest.TestCase):
             self.assertEqual(width, 720)
             self.assertEqual(pixels(self.folder / "scale 2" / f"{tab}.png"), (2 * width, 2 * height))
 
+    def test_a_language_whose_letters_no_font_has_is_reported(self):
+        fonts = self.folder / "fonts.conf"
+        fonts.write_text(
+            "<fontconfig><dir>/usr/share/fonts/truetype/dejavu</dir>"
+            f"<cachedir>{self.folder}/cache</cachedir></fontconfig>"
+        )
+        for language, package in (("ja", "fonts-noto-cjk"), ("zh-Hans", "fonts-noto-cjk"), ("de", None), ("ar", None)):
+            done = self.run_host(
+                "snapshot", "--out", "pictures", "--tab", "general", "--language", language, FONTCONFIG_FILE=str(fonts)
+            )
+            lines = done.stderr.splitlines()
+            self.assertEqual([package in line for line in lines], [True] if package else [], done.stderr)
+
     def test_snapshot_refuses_what_it_cannot_do(self):
         (self.folder / "file").write_text("in the way")
         cases = [
