@@ -121,7 +121,7 @@ View numberField(const std::string& label, std::string_view key, const NumberRan
       .value = std::to_string(((*model).*getter)()),
       .commit = [=](std::string_view text) { return setNumber(text, range, model, setter); },
       .isManaged = model->isManaged(key),
-      .width = kNumberWidth};
+      .width = fieldWidth(kNumberWidth, std::to_string(range.highest))};
 }
 
 std::optional<std::string> setFilter(std::string_view text, const Model& model) {

@@ -6,7 +6,9 @@
 #include "QEVCommonTools/Spacing.hpp"
 #include "viewkit/Controls.hpp"
 #include "viewkit/Stacks.hpp"
+#include "viewkit/TextWidth.hpp"
 
+#include <algorithm>
 #include <utility>
 
 namespace QEVCoreComponents {
@@ -53,6 +55,11 @@ void CheckedTextField::commitDraft() const {
 void CheckedTextField::discardDraft() const {
   draft.set(std::nullopt);
   problem.set("");
+}
+
+double fieldWidth(double usual, const std::string& text) {
+  constexpr double insets = 24;  // between both edges of a field and its text
+  return std::max(usual, textWidth(text, Font::body()) + insets);
 }
 
 }  // namespace QEVCoreComponents

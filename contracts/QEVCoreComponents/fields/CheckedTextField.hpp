@@ -38,4 +38,8 @@ private:
   void discardDraft() const;
 };
 
+// The width of a field in which `text` fits, in points: `usual`, or more where the desktop asks for
+// large text. For the body that is running.
+double fieldWidth(double usual, const std::string& text);
+
 }  // namespace QEVCoreComponents

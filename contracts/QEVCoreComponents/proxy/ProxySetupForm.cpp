@@ -89,7 +89,7 @@ View listeningAddress(const Service& service) {
                              return takePort(text, service->listeningAddress().host, take);
                            },
                        .isManaged = service->isManaged(Setting::listeningAddress),
-                       .width = kPortWidth});
+                       .width = fieldWidth(kPortWidth, "65535")});
 }
 
 View upstream(const Service& service) {
@@ -120,7 +120,7 @@ View upstream(const Service& service) {
                                              .value = address ? std::to_string(address->port) : "",
                                              .commit = takePortOfUpstream,
                                              .isManaged = service->isManaged(Setting::upstream),
-                                             .width = kPortWidth})
+                                             .width = fieldWidth(kPortWidth, "65535")})
                            .disabled(!address));
 }
 
