@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "window/Updates.hpp"
 
-#include "commandline/Help.hpp"
+#include "commands/help/Help.hpp"
 #include "foundation/Bundle.hpp"
 #include "qt/EventLoopTimer.hpp"
 #include "qt/HttpTransport.hpp"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "commandline/Options.hpp"
+#include "commands/Options.hpp"
 #include "commands/Commands.hpp"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "commandline/CompletionTable.hpp"
-#include "commandline/Completions.hpp"
+#include "commands/completions/CompletionTable.hpp"
+#include "commands/completions/Completions.hpp"
 
 // Bash and zsh read the same functions, which print what may follow; only what hands the result to
 // the shell differs. Nothing in the table needs quoting inside single quotes.

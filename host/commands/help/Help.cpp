@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "commandline/Help.hpp"
+#include "commands/help/Help.hpp"
 
-#include "commandline/HelpParts.hpp"
-#include "commandline/Options.hpp"
+#include "commands/Options.hpp"
+#include "commands/help/HelpParts.hpp"
 
 #include <algorithm>
 #include <cstddef>

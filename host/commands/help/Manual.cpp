@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "commandline/Help.hpp"
-#include "commandline/HelpParts.hpp"
-#include "commandline/Options.hpp"
+#include "commands/Options.hpp"
+#include "commands/help/Help.hpp"
+#include "commands/help/HelpParts.hpp"
 
 namespace zorvantine {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "commandline/CompletionTable.hpp"
-#include "commandline/Completions.hpp"
+#include "commands/completions/CompletionTable.hpp"
+#include "commands/completions/Completions.hpp"
 
 #include <set>
 

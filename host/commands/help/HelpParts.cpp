@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "commandline/HelpParts.hpp"
+#include "commands/help/HelpParts.hpp"
 
-#include "commandline/Help.hpp"
+#include "commands/help/Help.hpp"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "commandline/CompletionTable.hpp"
+#include "commands/completions/CompletionTable.hpp"
 
-#include "commandline/Options.hpp"
+#include "commands/Options.hpp"
 
 #include <algorithm>
 #include <utility>

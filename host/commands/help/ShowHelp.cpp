@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "commandline/Help.hpp"
+#include "commands/help/Help.hpp"
 
-#include "commandline/Completions.hpp"
 #include "commands/Commands.hpp"
+#include "commands/completions/Completions.hpp"
 #include "foundation/Translation.hpp"
 
 #include <ostream>
