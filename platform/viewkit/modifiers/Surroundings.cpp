@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tree/ModifierNode.hpp"
+#include "viewkit/EnvironmentObject.hpp"
 
 #include <functional>
 #include <memory>
@@ -52,6 +53,7 @@ constexpr const char* kDisabled = "Disabled";
 constexpr const char* kHelp = "Help";
 constexpr const char* kLabel = "AccessibilityLabel";
 constexpr const char* kSelected = "AccessibilitySelected";
+constexpr const char* kObject = "EnvironmentObject";
 
 }  // namespace
 
@@ -82,6 +84,13 @@ View modified::byAccessibilityLabel(const View& content, std::string label) {
 View modified::byAccessibilitySelected(const View& content, bool selected) {
   return withInherited(content, kSelected,
                        [selected](Inherited& next) { next.forNearest.selected = selected; });
+}
+
+View detail::withEnvironmentObjects(
+    const View& content, std::function<EnvironmentObjects(const EnvironmentObjects&)> add) {
+  return withInherited(content, kObject, [add = std::move(add)](Inherited& next) {
+    next.environment.objects = add(next.environment.objects);
+  });
 }
 
 }  // namespace viewkit
