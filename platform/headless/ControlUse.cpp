@@ -11,11 +11,6 @@ bool takesClicks(const Control& control) {
          !std::holds_alternative<SelectableTextControl>(control);
 }
 
-bool takesFocus(const Control& control) {
-  const auto* scroll = std::get_if<ScrollControl>(&control);
-  return scroll ? scroll->list.has_value() : takesClicks(control);
-}
-
 void operate(const Control& control) {
   // A copy: the action may remove the control.
   const Control pressed = control;

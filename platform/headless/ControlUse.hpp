@@ -10,9 +10,6 @@ namespace headless {
 // Whether the control takes a click itself, instead of leaving it to the view under it.
 bool takesClicks(const viewkit::Control& control);
 
-// Whether the control can have the keyboard.
-bool takesFocus(const viewkit::Control& control);
-
 // Does what a click does to a button or a switch. Other controls need a choice and ignore it.
 void operate(const viewkit::Control& control);
 

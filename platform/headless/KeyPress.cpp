@@ -28,6 +28,7 @@ Event eventOf(Key key, std::uint8_t modifiers) {
     case Key::end: return event(Event::kEnd, "");
     case Key::f1: return event(Event::kF1, "");
     case Key::f4: return event(Event::kF4, "");
+    case Key::f: return event(Event::kF, "f");
     case Key::w: return event(Event::kW, "w");
   }
   return event(Event::kOtherKey, "");

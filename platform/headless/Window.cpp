@@ -82,6 +82,9 @@ Window::Window(viewkit::View root, viewkit::Environment environment, const Windo
     : stepsAnimations_(options.stepsAnimations),
       keyboard_(std::make_unique<Keyboard>(*this)),
       host_(std::make_unique<viewkit::ViewHost>(std::move(root), environment, metrics_)) {
+  host_->setObserver([this](const viewkit::PresentationChanges& changes) {
+    if (changes.focused != 0) wantedFocus_ = changes.focused;
+  });
   if (options.isKey) becomeKey();
   setSize(options.size ? *options.size : openingSize());
 }
@@ -276,7 +279,10 @@ void Window::closePopovers(const PresentationNode* clicked) {
   std::vector<std::function<void()>> dismissals;
   visitTree(host_->presentation(), [&](const PresentationNode& node) {
     const auto* popover = controlOf<viewkit::PopoverControl>(&node);
-    if (popover && !isWithin(clicked, node)) dismissals.push_back(popover->dismiss);
+    const bool isInside =
+        isWithin(clicked, node) ||
+        (popover && popover->staysForParent && node.parent && isWithin(clicked, *node.parent));
+    if (popover && !isInside) dismissals.push_back(popover->dismiss);
   });
   for (const auto& dismiss : dismissals) dismiss();
   if (!dismissals.empty()) settle();
@@ -371,6 +377,10 @@ void Window::settle() {
       foundation::MainQueue::mainQueue().drainAll();
     }
     if (menu_ && !isUsable(menu_->opener)) menu_.reset();
+    if (const viewkit::NodeId wanted = std::exchange(wantedFocus_, 0)) {
+      keyboard_->moveTo(wanted);
+      keyboard_->selectAll();
+    }
   } while (keyboard_->resignIfUnusable());
 }
 

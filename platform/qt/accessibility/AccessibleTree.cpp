@@ -156,9 +156,11 @@ void AccessibleTree::announceDifference(const viewkit::PresentationNode& node,
   QAccessible::State changed;
   if (before.selected != now.selected) changed.selected = true;
   if (before.enabled != now.enabled) changed.disabled = true;
+  if (before.expanded != now.expanded) changed.expanded = true;
   if (before.problem.empty() != now.problem.empty()) changed.invalid = true;
   if (before.value != now.value && now.role == viewkit::Role::toggle) changed.checked = true;
-  if (changed.selected || changed.disabled || changed.checked || changed.invalid)
+  if (changed.selected || changed.disabled || changed.checked || changed.invalid ||
+      changed.expanded)
     notifyState(interface, changed);
   if (changed.selected) announceSelection(node);
   if (isRenamed && now.role == viewkit::Role::alert) notify(interface, QAccessible::Alert);

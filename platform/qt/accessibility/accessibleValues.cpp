@@ -23,6 +23,7 @@ QAccessible::Role accessibleRole(viewkit::Role role) {
     case Role::toggle: return QAccessible::CheckBox;
     case Role::menuButton: return QAccessible::ButtonMenu;
     case Role::textField: return QAccessible::EditableText;
+    case Role::comboBox: return QAccessible::ComboBox;
     case Role::scrollArea: return QAccessible::Pane;
     case Role::list: return QAccessible::List;
     case Role::listItem: return QAccessible::ListItem;
@@ -55,6 +56,9 @@ void addAccessibleState(QAccessible::State& state, const viewkit::Accessibility&
   state.selectable = accessibility.selected.has_value();
   state.selected = accessibility.selected.value_or(false);
   state.invalid = !accessibility.problem.empty();
+  state.expandable = accessibility.expanded.has_value();
+  state.expanded = accessibility.expanded.value_or(false);
+  state.collapsed = state.expandable && !state.expanded;
 }
 
 }  // namespace qt

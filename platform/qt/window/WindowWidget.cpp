@@ -118,6 +118,8 @@ void WindowWidget::present(const viewkit::PresentationChanges& changes) {
   scrolling_.refresh();
   scrolling_.raiseBars();
   accessibles_->show(changes);
+  if (QWidget* wanted = changes.focused != 0 ? mirror_->widgetOf(changes.focused) : nullptr)
+    wanted->setFocus(Qt::TabFocusReason);
   if (host_->isAnimating() && !frames_.isActive()) {
     sinceFrame_.start();
     frames_.start();

@@ -119,10 +119,11 @@ View Menu(const View& label, std::string value, std::function<std::vector<MenuIt
 View TextField(const TextFieldOptions& options, const Binding<std::string>& text,
                std::function<void()> onCommit) {
   std::string typed = text.get();
-  Accessibility accessibility{.role = Role::textField,
+  Accessibility accessibility{.role = options.isListOpen ? Role::comboBox : Role::textField,
                               .label = options.placeholder,
                               .value = typed,
-                              .problem = options.problem};
+                              .problem = options.problem,
+                              .expanded = options.isListOpen};
   return makeTextField({.text = std::move(typed),
                         .placeholder = options.placeholder,
                         .lineLimit = options.lineLimit,

@@ -91,6 +91,7 @@ KeyOutcome selectTab(const ViewHost& host, int step) {
 }  // namespace
 
 KeyOutcome routeKey(ViewHost& host, const Event& press, NodeId focused) {
+  if (host.handleKey(press, focused)) return KeyOutcome::handled;
   const auto* shortcut = std::ranges::find_if(kShortcuts, [&](const Shortcut& each) {
     return each.keyCode == press.keyCode && each.modifiers == press.modifiers;
   });

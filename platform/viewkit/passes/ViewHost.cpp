@@ -68,6 +68,11 @@ void ViewHost::endEditing() {
 std::vector<RefusedText> ViewHost::refusedTexts() const {
   return viewkit::refusedTexts(runtime_->root());
 }
+bool ViewHost::handleKey(const appkit::Event& press, NodeId focused) {
+  const auto runtime = runtime_;
+  return runtime->handleKey(press, focused);
+}
+
 bool ViewHost::isAnimating() const { return runtime_->isAnimating(); }
 
 void ViewHost::advanceAnimations(std::chrono::duration<double> elapsed) {

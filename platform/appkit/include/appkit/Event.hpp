@@ -24,7 +24,8 @@ struct Event {
   static constexpr int kPageDown = 121;
   static constexpr int kF1 = 122;
   static constexpr int kF4 = 118;
-  // The key that types "w".
+  // The keys that type "f" and "w".
+  static constexpr int kF = 3;
   static constexpr int kW = 13;
   static constexpr int kOtherKey = -1;
 

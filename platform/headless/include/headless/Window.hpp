@@ -39,6 +39,7 @@ enum class Key {
   end,
   f1,
   f4,
+  f,
   w,
 };
 
@@ -190,6 +191,8 @@ private:
   std::unique_ptr<viewkit::ViewHost> host_;
   std::optional<OpenMenu> menu_;
   std::vector<viewkit::RefusedText> refusedTexts_;
+  // The control that the views want to have the keyboard, 0 for none.
+  viewkit::NodeId wantedFocus_ = 0;
 };
 
 }  // namespace headless

@@ -168,12 +168,17 @@ struct ScrollControl {
 // is called when the user closes it: a click elsewhere, Escape.
 struct PopoverControl {
   std::function<void()> dismiss;
+  // A click in the parent is not a click elsewhere.
+  bool staysForParent = false;
 };
 
 using Control =
     std::variant<ButtonControl, PlainButtonControl, FileButtonControl, HelpButtonControl,
                  FontPickerControl, TabBarControl, PopoverControl, ToggleControl, ColorWellControl,
                  MenuControl, TextFieldControl, SelectableTextControl, ScrollControl>;
+
+// Whether the control can have the keyboard.
+bool takesKeyboard(const Control& control);
 
 // Whether a back end would show both alike; functions are not compared.
 bool looksLike(const Control& a, const Control& b);

@@ -24,6 +24,8 @@ enum class KeyOutcome { passedOn, handled, closesWindow };
 //     Ctrl+Shift+Tab, Ctrl+PageUp  selects the previous one
 //     Ctrl+W                   closes the window
 //
+// The views' own handlers (see `onKeyPress`) come before these keys.
+//
 // `focused` is the node that has the focus, 0 for none. A field inside of the popover is restored
 // before the popover closes. A pending update of the views is run first. Main thread only.
 KeyOutcome routeKey(ViewHost& host, const appkit::Event& press, NodeId focused);

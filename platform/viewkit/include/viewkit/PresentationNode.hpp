@@ -33,6 +33,8 @@ enum class Role {
   colorWell,
   menuButton,
   textField,
+  // A text field with a list of what fits the text. The list is in the popover beside it.
+  comboBox,
   scrollArea,
   list,
   listItem,
@@ -58,6 +60,8 @@ struct Accessibility {
   std::optional<bool> selected = std::nullopt;
   // Assistive technology can press it, as a click would: see ViewHost::press.
   bool pressable = false;
+  // For a combo box: whether its list is open.
+  std::optional<bool> expanded = std::nullopt;
 
   friend bool operator==(const Accessibility&, const Accessibility&) = default;
 };
@@ -101,6 +105,8 @@ struct PresentationChanges {
   std::vector<NodeId> removed;
   // What has to be painted again, in window coordinates.
   std::vector<Rect> damage;
+  // The control that the views want to have the keyboard from now on; 0 for no wish.
+  NodeId focused = 0;
 };
 
 }  // namespace viewkit

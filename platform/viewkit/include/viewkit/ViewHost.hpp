@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "appkit/Event.hpp"
 #include "viewkit/Environment.hpp"
 #include "viewkit/PlatformMetrics.hpp"
 #include "viewkit/PresentationNode.hpp"
@@ -94,6 +95,10 @@ public:
 
   // Scrolls every scroll view around the node as little as brings the node into sight.
   void reveal(NodeId id);
+
+  // Calls the views' own handlers of key presses, see `onKeyPress`. `focused` is the node that has
+  // the keyboard, 0 for none. Returns whether one of them took the key.
+  bool handleKey(const appkit::Event& press, NodeId focused);
 
   // Commits each text that was changed and not committed, and brings the views up to date. A back
   // end calls it before it closes the window, and when the user's session ends.
