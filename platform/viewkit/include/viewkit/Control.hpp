@@ -48,7 +48,8 @@ struct HelpButtonControl {
 // Shows a font; the user opens a chooser of family, style and size with a sample. The chooser opens
 // on the font that `read` returns at that moment. `choose` is called with each font that the user
 // settles on while the chooser is open: there is no apply step. The user who cancels the chooser
-// after choosing brings back the font that was there when it opened.
+// after choosing brings back the font that was there when it opened, unless someone else has
+// changed it since.
 struct FontPickerControl {
   std::string title;
   appkit::Font font;
@@ -80,7 +81,8 @@ struct ToggleControl {
 // Shows a colour; the user opens a chooser with a field for hexadecimal text and, where the well
 // asks for it, opacity. `choose` is called with each colour that the user settles on while the
 // chooser is open. `checkpoint` is called when the chooser opens, and the function that it returns
-// when the user cancels the chooser after choosing: it brings back what was stored before.
+// when the user cancels the chooser after choosing: it brings back what was stored before, unless
+// someone else has changed it since.
 struct ColorWellControl {
   appkit::RGBA color;
   bool supportsOpacity = false;
