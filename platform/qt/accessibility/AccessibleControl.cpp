@@ -73,10 +73,6 @@ QAccessibleInterface* AccessibleControl::focusChild() const {
 
 QString AccessibleControl::text(QAccessible::Text kind) const {
   if (!node()) return {};
-  const bool tellsValue =
-      kind == QAccessible::Description && isValueDescription(node()->accessibility.role);
-  if (tellsValue && !node()->accessibility.value.empty())
-    return toQString(node()->accessibility.value);
   const QString own = accessibleText(node()->accessibility, kind);
   // A button without a name of its own is named after its children.
   const bool isUnnamed =

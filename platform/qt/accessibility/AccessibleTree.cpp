@@ -151,7 +151,8 @@ void AccessibleTree::announceDifference(const viewkit::PresentationNode& node,
   if (isRenamed) notify(interface, QAccessible::NameChanged);
   if (before.value != now.value) notifyValue(interface, now.value);
   const bool isDescribedAnew = before.value != now.value && isValueDescription(now.role);
-  if (isDescribedAnew || before.help != now.help || before.problem != now.problem)
+  if (isDescribedAnew || before.help != now.help || before.problem != now.problem ||
+      before.note != now.note)
     notify(interface, QAccessible::DescriptionChanged);
   QAccessible::State changed;
   if (before.selected != now.selected) changed.selected = true;

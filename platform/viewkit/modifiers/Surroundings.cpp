@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tree/ModifierNode.hpp"
+#include "viewkit/AccessibilityNote.hpp"
 #include "viewkit/EnvironmentObject.hpp"
 
 #include <functional>
@@ -52,6 +53,7 @@ constexpr const char* kFont = "Font";
 constexpr const char* kDisabled = "Disabled";
 constexpr const char* kHelp = "Help";
 constexpr const char* kLabel = "AccessibilityLabel";
+constexpr const char* kNote = "AccessibilityNote";
 constexpr const char* kSelected = "AccessibilitySelected";
 constexpr const char* kObject = "EnvironmentObject";
 
@@ -79,6 +81,11 @@ View modified::byAccessibilityLabel(const View& content, std::string label) {
   return withInherited(content, kLabel, [label = std::move(label)](Inherited& next) {
     next.forNearest.accessibilityLabel = label;
   });
+}
+
+View accessibilityNote(const View& content, std::string note) {
+  return withInherited(content, kNote,
+                       [note = std::move(note)](Inherited& next) { next.controlNote = note; });
 }
 
 View modified::byAccessibilitySelected(const View& content, bool selected) {

@@ -55,6 +55,8 @@ struct Accessibility {
   std::string help = {};
   // Why what the user typed was refused, in the user's language; empty while nothing is wrong.
   std::string problem = {};
+  // What is said of a control after everything else, such as that its setting was changed.
+  std::string note = {};
   bool enabled = true;
   // For one of several that can be selected.
   std::optional<bool> selected = std::nullopt;
