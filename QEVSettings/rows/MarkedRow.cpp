@@ -8,6 +8,7 @@
 #include "rows/SettingExplanation.hpp"
 #include "rows/SettingMenu.hpp"
 #include "rows/SettingState.hpp"
+#include "viewkit/AccessibilityNote.hpp"
 #include "viewkit/ContextMenu.hpp"
 #include "viewkit/Environment.hpp"
 #include "viewkit/ObservedObject.hpp"
@@ -15,6 +16,7 @@
 #include "viewkit/State.hpp"
 
 #include <memory>
+#include <string>
 #include <utility>
 
 namespace QEVSettings {
@@ -47,12 +49,14 @@ struct MarkedRow {
                                    [menu = menu] { return explanationView(menu->explanations()); },
                                    {.maxWidth = kPopoverWidth})
                     : View();
-    return contextMenu(
-        row.overlay(state->isChanged() ? changedMark() : View(), Alignment::leading())
-            .overlay(anchor),
-        [menu = menu, isExplained = isExplained.binding()] {
-          return menu->items([isExplained] { isExplained.set(true); });
-        });
+    const bool isChanged = state->isChanged();
+    const std::string note = isChanged ? localized("Changed from the default") : std::string();
+    const View marked = accessibilityNote(row, note)
+                            .overlay(isChanged ? changedMark() : View(), Alignment::leading())
+                            .overlay(anchor);
+    return contextMenu(marked, [menu = menu, isExplained = isExplained.binding()] {
+      return menu->items([isExplained] { isExplained.set(true); });
+    });
   }
 };
 
