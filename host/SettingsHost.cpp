@@ -39,7 +39,7 @@ SettingsHost::SettingsHost(const WindowOptions& options, QEVSettings::Preference
   QEVSettings::QEVPreferencesMigration::migrateIfNeeded(store);
   if (!options.language.empty()) Bundle::setPreferredLanguages({options.language});
   loadAnalyzers(options.syntheticAnalyzers, store);
-  for (QEVSettings::PreferenceDescriptor& each : hostSettings()) catalogue_.add(std::move(each));
+  for (QEVSettings::PreferenceDescriptor& each : hostSettings()) catalogue_->add(std::move(each));
   delegate_ = std::make_shared<QEVSettings::StoredAppearance>(store);
   updater_ = std::make_shared<QEVSettings::UpdaterViewModel>();
   capture_ = std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(
@@ -54,7 +54,9 @@ viewkit::View SettingsHost::settingsView(Tab tab) const {
 }
 
 viewkit::Environment SettingsHost::environment() const {
-  return {.defaultStore = store_, .layoutDirection = windowDirection()};
+  return {.defaultStore = store_,
+          .layoutDirection = windowDirection(),
+          .objects = viewkit::EnvironmentObjects().with(catalogue_)};
 }
 
 }  // namespace zorvantine

@@ -27,12 +27,13 @@ public:
   viewkit::Environment environment() const;
   const std::shared_ptr<QEVSettings::UpdaterViewModel>& updater() const { return updater_; }
   // What the window can write.
-  QEVSettings::SettingsCatalogue& catalogue() { return catalogue_; }
+  QEVSettings::SettingsCatalogue& catalogue() { return *catalogue_; }
 
 private:
   bool hasProxyTab_;
   QEVSettings::PreferencesStore& store_;
-  QEVSettings::SettingsCatalogue catalogue_;
+  std::shared_ptr<QEVSettings::SettingsCatalogue> catalogue_ =
+      std::make_shared<QEVSettings::SettingsCatalogue>();
   std::shared_ptr<QEVSettings::StoredAppearance> delegate_;
   std::shared_ptr<QEVSettings::UpdaterViewModel> updater_;
   std::shared_ptr<QEVCoreComponents::QEVCaptureViewModel> capture_;
