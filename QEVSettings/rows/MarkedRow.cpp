@@ -5,6 +5,7 @@
 #include "QEVSettings/SettingsCatalogue.hpp"
 #include "resources/resource_bundle_accessor.hpp"
 #include "rows/ChangedMark.hpp"
+#include "rows/RowMarks.hpp"
 #include "rows/SettingExplanation.hpp"
 #include "rows/SettingMenu.hpp"
 #include "rows/SettingState.hpp"
@@ -65,7 +66,9 @@ struct MarkedRow {
 View markedRow(std::vector<std::string> keys, const View& row) {
   const Environment environment = Environment::current();
   auto catalogue = environment.object<SettingsCatalogue>();
-  if (!catalogue || keys.empty() || row.isEmpty()) return row;
+  const auto marks = environment.object<RowMarks>();
+  const bool areLeftOut = !catalogue || (marks && !marks->areShown);
+  if (areLeftOut || keys.empty() || row.isEmpty()) return row;
   return MarkedRow(std::make_shared<const SettingMenu>(
                        SettingMenu{.keys = std::move(keys),
                                    .store = environment.defaultStore,
