@@ -30,6 +30,7 @@ Event eventOf(Key key, std::uint8_t modifiers) {
     case Key::f4: return event(Event::kF4, "");
     case Key::f: return event(Event::kF, "f");
     case Key::w: return event(Event::kW, "w");
+    case Key::z: return event(Event::kZ, "z");
   }
   return event(Event::kOtherKey, "");
 }

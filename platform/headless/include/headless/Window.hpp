@@ -41,6 +41,7 @@ enum class Key {
   f4,
   f,
   w,
+  z,
 };
 
 // How a window without a screen is opened.
