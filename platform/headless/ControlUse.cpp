@@ -11,6 +11,22 @@ bool takesClicks(const Control& control) {
          !std::holds_alternative<SelectableTextControl>(control);
 }
 
+const PresentationNode* controlAt(const PresentationNode& node, Point point) {
+  const bool isInside = node.frame.contains(point);
+  if (node.id == 0 || (node.clipRadius && !isInside)) return nullptr;
+  for (auto child = node.children.rbegin(); child != node.children.rend(); ++child) {
+    if (const PresentationNode* hit = controlAt(**child, point - node.frame.origin)) return hit;
+  }
+  const viewkit::Control* control = node.control();
+  const bool isHit = control && (takesClicks(*control) ||
+                                 std::holds_alternative<viewkit::PopoverControl>(*control));
+  return isInside && isHit ? &node : nullptr;
+}
+
+Point centerOf(const Rect& rect) {
+  return {rect.origin.x + rect.size.width / 2, rect.origin.y + rect.size.height / 2};
+}
+
 void operate(const Control& control) {
   // A copy: the action may remove the control.
   const Control pressed = control;

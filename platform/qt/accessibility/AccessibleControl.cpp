@@ -32,10 +32,16 @@ const viewkit::PresentationNode* AccessibleControl::node() const {
   return tree() ? control_.node() : nullptr;
 }
 
+AccessibleRoot* AccessibleControl::root() const {
+  return control_.node() ? dynamic_cast<AccessibleRoot*>(&control_.tree().canvas()) : nullptr;
+}
+
 AccessibleTree* AccessibleControl::tree() const {
-  if (!control_.node()) return nullptr;
-  const auto* root = dynamic_cast<const AccessibleRoot*>(&control_.tree().canvas());
-  return root ? root->accessibleTree() : nullptr;
+  return root() ? root()->accessibleTree() : nullptr;
+}
+
+bool AccessibleControl::hasContextMenu() const {
+  return node() && control_.tree().host().hasContextMenu(node()->id);
 }
 
 bool AccessibleControl::isValid() const { return QAccessibleWidget::isValid() && node(); }
@@ -105,12 +111,15 @@ QStringList AccessibleControl::actionNames() const {
   QStringList names = QAccessibleWidget::actionNames();
   const QString own = actionName();
   if (!own.isEmpty() && widget()->isEnabled()) names.prepend(own);
+  if (own != showMenuAction() && hasContextMenu()) names.append(showMenuAction());
   return names;
 }
 
 void AccessibleControl::doAction(const QString& name) {
   if (!name.isEmpty() && name == actionName()) {
     control_.performPress();
+  } else if (name == showMenuAction() && hasContextMenu()) {
+    root()->openContextMenu(node()->id);
   } else {
     QAccessibleWidget::doAction(name);
   }

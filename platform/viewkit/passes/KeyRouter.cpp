@@ -125,6 +125,11 @@ bool opensMenu(const Event& press) {
   return press.keyCode == Event::kF4 || press.characters == " " || press.characters == "\r";
 }
 
+bool opensContextMenu(const Event& press) {
+  if (press.keyCode == Event::kF10) return press.modifiers == Event::shift;
+  return press.keyCode == Event::kMenu && press.modifiers == Event::none;
+}
+
 bool isOfMenuAlone(const Event& press) {
   return press.keyCode == Event::kDownArrow && opensMenu(press);
 }

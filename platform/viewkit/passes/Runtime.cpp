@@ -236,6 +236,30 @@ bool ViewHost::Runtime::press(NodeId id) {
   return true;
 }
 
+std::optional<ContextMenu> ViewHost::Runtime::contextMenuAt(Point point) {
+  if (inPass_) return std::nullopt;
+  update();
+  return closed_ ? std::nullopt : contextMenuOf(nodeWithContextMenuAt(point, *root_));
+}
+
+std::optional<ContextMenu> ViewHost::Runtime::contextMenuOf(NodeId id) {
+  if (inPass_) return std::nullopt;
+  update();
+  Node* const node = closed_ ? nullptr : present_.shownNode(id);
+  return contextMenuOf(node ? nodeWithContextMenuAround(*node) : nullptr);
+}
+
+std::optional<ContextMenu> ViewHost::Runtime::contextMenuOf(Node* node) {
+  if (!node) return std::nullopt;
+  ContextMenu menu = node->pointerRegion()->contextMenu();
+  return menu.items.empty() ? std::nullopt : std::optional(std::move(menu));
+}
+
+bool ViewHost::Runtime::hasContextMenu(NodeId id) const {
+  Node* const node = present_.shownNode(id);
+  return node && nodeWithContextMenuAround(*node);
+}
+
 void ViewHost::Runtime::reveal(NodeId id) {
   if (Node* const node = present_.shownNode(id)) scrollIntoSight(*node, {{}, node->size()});
 }

@@ -46,6 +46,9 @@ public:
   void pointerMoved(std::optional<Point> point);
   bool click(Point point);
   bool press(NodeId id);
+  std::optional<ContextMenu> contextMenuAt(Point point);
+  std::optional<ContextMenu> contextMenuOf(NodeId id);
+  bool hasContextMenu(NodeId id) const;
   void reveal(NodeId id);
   bool handleKey(const appkit::Event& press, NodeId focused);
   void endEditing();
@@ -75,6 +78,7 @@ private:
   void addKeyHandler(KeyHandler& handler) override { keyHandlers_.push_back(&handler); }
   void removeKeyHandler(KeyHandler& handler) override { std::erase(keyHandlers_, &handler); }
 
+  static std::optional<ContextMenu> contextMenuOf(Node* node);
   void schedule();
   // Whether a pass before present has anything to do.
   bool isMarked() const;

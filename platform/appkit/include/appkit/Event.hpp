@@ -24,6 +24,8 @@ struct Event {
   static constexpr int kPageDown = 121;
   static constexpr int kF1 = 122;
   static constexpr int kF4 = 118;
+  static constexpr int kF10 = 109;
+  static constexpr int kMenu = 110;
   // The keys that type "f", "w" and "z".
   static constexpr int kF = 3;
   static constexpr int kW = 13;

@@ -97,6 +97,8 @@ struct MenuItem {
   // The menu opens at this item. Where no item is marked, it opens at the one that has the title,
   // or the value, of its button.
   bool isCurrent = false;
+  // An item that cannot be picked is shown all the same.
+  bool isEnabled = true;
 };
 
 // A button that opens a menu. The items are asked for each time the menu opens.

@@ -38,6 +38,10 @@ std::optional<int> itemSelectedBy(const ListItems& list, const appkit::Event& pr
 // not.
 bool opensMenu(const appkit::Event& press);
 
+// Whether the key opens the context menu of the view around the focused control: the Menu key and
+// Shift+F10 do.
+bool opensContextMenu(const appkit::Event& press);
+
 // Whether a back end hands the key to the closed menu that has the keyboard before any monitor sees
 // it: Alt+Down. Monitors may give the arrow keys, with whatever modifiers, a meaning of their own.
 bool isOfMenuAlone(const appkit::Event& press);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "appkit/Event.hpp"
+#include "viewkit/ContextMenu.hpp"
 #include "viewkit/Environment.hpp"
 #include "viewkit/PlatformMetrics.hpp"
 #include "viewkit/PresentationNode.hpp"
@@ -11,6 +12,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -92,6 +94,13 @@ public:
   // Does what a click on the node would do, for assistive technology. Returns whether a region took
   // it.
   bool press(NodeId id);
+
+  // The context menu of the innermost view at the point, or around the node, that has one; nothing
+  // where no view has one, or where it has no items.
+  std::optional<ContextMenu> contextMenuAt(Point point);
+  std::optional<ContextMenu> contextMenuOf(NodeId id);
+  // Whether a view around the node has a context menu. Does not ask for its items.
+  bool hasContextMenu(NodeId id) const;
 
   // Scrolls every scroll view around the node as little as brings the node into sight.
   void reveal(NodeId id);
