@@ -13,6 +13,7 @@
 #include "viewkit/ScrollView.hpp"
 #include "viewkit/Stacks.hpp"
 #include "viewkit/TabView.hpp"
+#include "window/HistoryCommands.hpp"
 #include "window/StorageNotice.hpp"
 
 #include <utility>
@@ -21,6 +22,7 @@
 namespace QEVSettings {
 
 using namespace viewkit;
+using QEVCommonTools::points;
 using QEVCommonTools::QEVHelpAnchor;
 using QEVCommonTools::QEVHelpButton;
 using QEVCommonTools::Spacing;
@@ -43,6 +45,24 @@ View page(const View& content, double height, QEVHelpAnchor anchor) {
       .padding(Edges::bottom, Spacing::s5);
 }
 
+// As descriptors name the tabs.
+std::string_view nameOf(QEVSettingsView::Tabs tab) {
+  using Tabs = QEVSettingsView::Tabs;
+  switch (tab) {
+    case Tabs::general: break;
+    case Tabs::capture: return "capture";
+    case Tabs::proxy: return "proxy";
+    case Tabs::analyze: return "analyze";
+    case Tabs::appearance: return "appearance";
+  }
+  return "general";
+}
+
+std::shared_ptr<ActionNotice> noticeOfHistory() {
+  const auto history = Environment::current().object<ActionHistory>();
+  return history ? history->notice() : std::make_shared<ActionNotice>();
+}
+
 }  // namespace
 
 QEVSettingsView::QEVSettingsView(
@@ -56,7 +76,8 @@ QEVSettingsView::QEVSettingsView(
       proxyTab_(std::move(proxyTab)),
       selectedTab_(selectedTab),
       storageNotices_(
-          [] { return std::make_shared<StorageNotices>(Environment::current().defaultStore); }) {}
+          [] { return std::make_shared<StorageNotices>(Environment::current().defaultStore); }),
+      actionNotice_(noticeOfHistory) {}
 
 View QEVSettingsView::body() const {
   std::vector<Tab<Tabs>> tabs;
@@ -85,14 +106,30 @@ View QEVSettingsView::body() const {
                   .symbol = "character.magnify",
                   .page = page(QEVFontSettingsView(), 348, QEVHelpAnchor::settingsFonts)});
 
-  const std::shared_ptr<StorageNotices>& notices = storageNotices_.get();
-  const View header = notices->isEmpty() ? View() : StorageNotice{.notices = notices};
+  return withHistory(TabView(selectedTab_.binding(), std::move(tabs), header())
+                         .padding(Spacing::s7)
+                         .background(Color::windowBackground())
+                         .frame(FlexibleFrame{.minWidth = 720})
+                         .opacityTransition());
+}
 
-  return TabView(selectedTab_.binding(), std::move(tabs), header)
-      .padding(Spacing::s7)
-      .background(Color::windowBackground())
-      .frame(FlexibleFrame{.minWidth = 720})
-      .opacityTransition();
+View QEVSettingsView::header() const {
+  const std::shared_ptr<StorageNotices>& storage = storageNotices_.get();
+  const std::shared_ptr<ActionNotice>& action = actionNotice_.get();
+  if (action->isEmpty()) return storage->isEmpty() ? View() : StorageNotice{.notices = storage};
+  return VStack({.spacing = points(Spacing::s5)},
+                {
+                    storage->isEmpty() ? View() : StorageNotice{.notices = storage},
+                    ActionNoticeBar{.notice = action},
+                });
+}
+
+View QEVSettingsView::withHistory(const View& content) const {
+  const auto history = Environment::current().object<ActionHistory>();
+  if (!history) return content;
+  const auto reset = Environment::current().object<SettingsReset>();
+  if (reset) reset->setShownTab(nameOf(selectedTab_));
+  return HistoryCommands{.content = content, .history = history, .reset = reset, .show = {}};
 }
 
 }  // namespace QEVSettings

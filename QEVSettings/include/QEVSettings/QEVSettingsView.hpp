@@ -3,6 +3,7 @@
 
 #include "QEVCoreComponents/QEVCaptureViewModel.hpp"
 #include "QEVDependencies/QEVAppDelegateProvider.hpp"
+#include "QEVSettings/ActionNotice.hpp"
 #include "QEVSettings/StorageNotices.hpp"
 #include "QEVSettings/UpdaterViewModel.hpp"
 #include "viewkit/ObservedObject.hpp"
@@ -22,6 +23,9 @@ namespace QEVSettings {
 //
 // A bar above the tabs appears while changes cannot be saved, and once after the store was restored
 // or had to begin empty. See PreferencesStore::storageProblem and PreferencesStore::opening.
+//
+// Where the environment has an ActionHistory, the window offers undo and redo, and with a
+// SettingsReset in it the resets too: as keys, and in a context menu.
 //
 // The process stops when the module's string tables are not installed. Main thread.
 //
@@ -44,12 +48,16 @@ public:
   viewkit::View body() const;
 
 private:
+  viewkit::View header() const;
+  viewkit::View withHistory(const viewkit::View& content) const;
+
   std::shared_ptr<UpdaterViewModel> updater_;
   std::shared_ptr<QEVDependencies::QEVAppDelegateProvider> appDelegate_;
   viewkit::ObservedObject<QEVCoreComponents::QEVCaptureViewModel> captureViewModel_;
   std::optional<viewkit::View> proxyTab_;
   viewkit::State<Tabs> selectedTab_;
   viewkit::StateObject<StorageNotices> storageNotices_;
+  viewkit::StateObject<ActionNotice> actionNotice_;
 };
 
 }  // namespace QEVSettings
