@@ -69,9 +69,11 @@ viewkit::View SettingsHost::settingsView(Tab tab) const {
 }
 
 viewkit::Environment SettingsHost::environment() const {
-  return {.defaultStore = *recording_,
-          .layoutDirection = windowDirection(),
-          .objects = viewkit::EnvironmentObjects().with(writer_).with(history_).with(reset_)};
+  return {
+      .defaultStore = *recording_,
+      .layoutDirection = windowDirection(),
+      .objects =
+          viewkit::EnvironmentObjects().with(catalogue_).with(writer_).with(history_).with(reset_)};
 }
 
 }  // namespace zorvantine

@@ -10,6 +10,7 @@
 #include "QEVSettings/SettingWriter.hpp"
 #include "fonts/FontDescription.hpp"
 #include "resources/resource_bundle_accessor.hpp"
+#include "rows/SettingRow.hpp"
 #include "rows/SettingsIconRow.hpp"
 #include "rows/SettingsSectionHeader.hpp"
 #include "viewkit/Animation.hpp"
@@ -258,7 +259,9 @@ View QEVFontSettingsView::body() const {
                  forEach(
                      order, [](std::size_t i) { return std::string(kFontSettings.at(i).key); },
                      [&](std::size_t i) {
-                       return FontRow(kFontSettings.at(i), samples_.at(i), labelWidth);
+                       const FontSetting& setting = kFontSettings.at(i);
+                       return settingRow({std::string(setting.key)},
+                                         FontRow(setting, samples_.at(i), labelWidth));
                      }),
              })
           .padding(Spacing::s6)

@@ -66,8 +66,10 @@ void EditMenu::refreshLater() {
 void EditMenu::refresh() {
   undo_->setEnabled(history_ && history_->canUndo());
   redo_->setEnabled(history_ && history_->canRedo());
-  undo_->setText(history_ ? menuText(history_->undoTitle()) : QString());
-  redo_->setText(history_ ? menuText(history_->redoTitle()) : QString());
+  if (history_) {
+    undo_->setText(menuText(history_->undoTitle()));
+    redo_->setText(menuText(history_->redoTitle()));
+  }
   resetPage_->setEnabled(reset_ != nullptr);
   resetAll_->setEnabled(reset_ != nullptr);
 }

@@ -68,9 +68,12 @@ HistoryWindow::HistoryWindow(PreferencesStore& store,
           std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(recording_, interfaces()),
           QEVSettingsView::Tabs::general,
           ProxySettingsView(std::make_shared<zorvantine::ProxyService>(recording_))),
-      viewkit::Environment{
-          .defaultStore = recording_,
-          .objects = viewkit::EnvironmentObjects().with(writer).with(history).with(reset)},
+      viewkit::Environment{.defaultStore = recording_,
+                           .objects = viewkit::EnvironmentObjects()
+                                          .with(catalogue_)
+                                          .with(writer)
+                                          .with(history)
+                                          .with(reset)},
       headless::WindowOptions{.size = viewkit::Size{720, 680}});
   journal.clear();
 }

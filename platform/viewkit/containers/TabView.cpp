@@ -18,7 +18,7 @@ namespace {
 // Between the header, the bar and the page.
 constexpr double kSpacing = 8;
 // Beside the bar, for the accessory.
-constexpr double kLeastRoom = 72;
+constexpr double kLeastRoom = 56;
 
 class TabViewValue final : public ViewValue {
 public:

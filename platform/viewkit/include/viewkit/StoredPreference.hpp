@@ -76,6 +76,8 @@ public:
   StoredPreference(std::string_view key, T defaultValue)
       : key_(key), defaultValue_(std::move(defaultValue)) {}
 
+  const std::string& key() const { return key_; }
+
   T get() const { return followed()->read(); }
   operator T() const { return get(); }
 
