@@ -5,6 +5,7 @@
 #include "QEVSettings/preferences/PreferenceKeys.hpp"
 #include "changes/ActionStep.hpp"
 #include "changes/replayStep.hpp"
+#include "changes/settingName.hpp"
 #include "foundation/MainQueue.hpp"
 #include "foundation/ScopedFlag.hpp"
 #include "resources/resource_bundle_accessor.hpp"
@@ -35,9 +36,10 @@ constexpr std::size_t kNamesInTitle = 2;
 }  // namespace
 
 ActionHistory::ActionHistory(RecordingPreferences& store, std::shared_ptr<SettingWriter> writer,
-                             Options options)
+                             std::shared_ptr<SettingsCatalogue> catalogue, Limits limits)
     : writer_(std::move(writer)),
-      options_(std::move(options)),
+      catalogue_(std::move(catalogue)),
+      limits_(limits),
       recording_(store.record([this](const SettingChange& change) { record(change); })) {}
 
 ActionHistory::~ActionHistory() = default;
@@ -66,16 +68,10 @@ void ActionHistory::perform(std::string name, const std::function<void()>& actio
   endTurn();
 }
 
-void ActionHistory::dismissMessage() {
-  if (message_.empty()) return;
-  objectWillChange().announce();
-  message_.clear();
-}
-
 void ActionHistory::record(const SettingChange& change) {
   if (isReplaying_ || !isSetting(change.key)) return;
   objectWillChange().announce();
-  message_.clear();
+  notice_->dismiss();
   redo_.clear();
   const bool isSameTurn = beginTurn();
   if (!addToLast(change, isSameTurn)) {
@@ -110,9 +106,9 @@ void ActionHistory::endTurn() { isTurnOpen_ = std::make_shared<bool>(false); }
 void ActionHistory::trim() {
   std::size_t size = 0;
   std::size_t kept = 0;
-  for (auto step = undo_.rbegin(); step != undo_.rend() && kept < kLongest; ++step) {
+  for (auto step = undo_.rbegin(); step != undo_.rend() && kept < limits_.actions; ++step) {
     size += step->size();
-    if (kept > 0 && size > kLargest) break;
+    if (kept > 0 && size > limits_.bytes) break;
     ++kept;
   }
   undo_.erase(undo_.begin(), undo_.end() - static_cast<std::ptrdiff_t>(kept));
@@ -141,10 +137,10 @@ void ActionHistory::replay(ReplayDirection direction) {
 
 void ActionHistory::tell(const ReplayedStep& replayed, ReplayDirection direction) {
   const bool isBack = direction == ReplayDirection::back;
-  message_.clear();
+  std::string message;
   const auto add = [&](const std::string& line) {
-    if (!message_.empty()) message_ += '\n';
-    message_ += line;
+    if (!message.empty()) message += '\n';
+    message += line;
   };
   for (const std::string& key : replayed.changedElsewhere) {
     add(formatted(
@@ -156,11 +152,16 @@ void ActionHistory::tell(const ReplayedStep& replayed, ReplayDirection direction
     add(formatted(localized(isBack ? "“%@” was not undone: %@" : "“%@” was not redone: %@"),
                   {nameOf(each.key), each.message}));
   }
+  if (message.empty()) {
+    notice_->dismiss();
+  } else {
+    notice_->show(std::move(message));
+  }
 }
 
 std::string ActionHistory::nameOf(std::string_view key) const {
-  std::string name = options_.nameOf ? options_.nameOf(key) : std::string();
-  return name.empty() ? std::string(key) : name;
+  const PreferenceDescriptor* const known = catalogue_ ? catalogue_->current().find(key) : nullptr;
+  return known ? settingName(*known) : std::string(key);
 }
 
 std::string ActionHistory::nameOf(const ActionStep& step) const {

@@ -19,6 +19,7 @@
 #include "viewkit/ScrollView.hpp"
 #include "viewkit/Stacks.hpp"
 #include "viewkit/TabView.hpp"
+#include "window/HistoryCommands.hpp"
 #include "window/StorageNotice.hpp"
 
 #include <algorithm>
@@ -29,6 +30,7 @@
 namespace QEVSettings {
 
 using namespace viewkit;
+using QEVCommonTools::points;
 using QEVCommonTools::QEVHelpAnchor;
 using QEVCommonTools::QEVHelpButton;
 using QEVCommonTools::Spacing;
@@ -66,6 +68,11 @@ std::string_view nameOf(Tabs tab) {
     case Tabs::appearance: return "appearance";
   }
   return "general";
+}
+
+std::shared_ptr<ActionNotice> noticeOfHistory() {
+  const auto history = Environment::current().object<ActionHistory>();
+  return history ? history->notice() : std::make_shared<ActionNotice>();
 }
 
 // Nothing for a tab that the window does not have.
@@ -111,6 +118,7 @@ QEVSettingsView::QEVSettingsView(
       selectedTab_(selectedTab),
       storageNotices_(
           [] { return std::make_shared<StorageNotices>(Environment::current().defaultStore); }),
+      actionNotice_(noticeOfHistory),
       navigation_([] {
         return std::make_shared<SettingsNavigation>(catalogueOfWindow(),
                                                     Environment::current().defaultStore);
@@ -177,14 +185,34 @@ View QEVSettingsView::tabs() const {
                   .symbol = "character.magnify",
                   .page = page(QEVFontSettingsView(), 348, QEVHelpAnchor::settingsFonts)});
 
-  const std::shared_ptr<StorageNotices>& notices = storageNotices_.get();
-  const View header = notices->isEmpty() ? View() : StorageNotice{.notices = notices};
+  return withHistory(TabView(selectedTab_.binding(), std::move(tabs), header(), findField())
+                         .padding(Spacing::s7)
+                         .background(Color::windowBackground())
+                         .frame(FlexibleFrame{.minWidth = 720})
+                         .opacityTransition());
+}
 
-  return TabView(selectedTab_.binding(), std::move(tabs), header, findField())
-      .padding(Spacing::s7)
-      .background(Color::windowBackground())
-      .frame(FlexibleFrame{.minWidth = 720})
-      .opacityTransition();
+View QEVSettingsView::header() const {
+  const std::shared_ptr<StorageNotices>& storage = storageNotices_.get();
+  const std::shared_ptr<ActionNotice>& action = actionNotice_.get();
+  if (action->isEmpty()) return storage->isEmpty() ? View() : StorageNotice{.notices = storage};
+  return VStack({.spacing = points(Spacing::s5)},
+                {
+                    storage->isEmpty() ? View() : StorageNotice{.notices = storage},
+                    ActionNoticeBar{.notice = action},
+                });
+}
+
+View QEVSettingsView::withHistory(const View& content) const {
+  const auto history = Environment::current().object<ActionHistory>();
+  if (!history) return content;
+  const auto reset = Environment::current().object<SettingsReset>();
+  if (reset) reset->setShownTab(nameOf(selectedTab_));
+  return HistoryCommands{
+      .content = content,
+      .history = history,
+      .reset = reset,
+      .show = [navigation = navigation_.get()](std::string_view key) { navigation->reveal(key); }};
 }
 
 }  // namespace QEVSettings

@@ -34,12 +34,24 @@ bool SettingsNavigation::show(std::string_view key) {
 }
 
 bool SettingsNavigation::show(const PreferencePlace& place, std::string_view key) {
+  if (!open(place, key)) return false;
+  if (!key.empty()) window_->views.focus(rowId(key));
+  return true;
+}
+
+bool SettingsNavigation::reveal(std::string_view key) {
+  const PreferenceDescriptor* known = catalogue_->current().find(key);
+  if (!known || !open(PreferencePlace(known->place), std::string(key))) return false;
+  window_->views.scrollTo(rowId(key));
+  return true;
+}
+
+// Opens the place and tints the row.
+bool SettingsNavigation::open(const PreferencePlace& place, std::string_view key) {
   if (!window_ || place.tab.empty() || !window_->selectTab(place.tab)) return false;
   if (!place.analyzer.empty() && !selectAnalyzer(place.analyzer)) return false;
   endHighlight();
-  if (key.empty()) return true;
-  highlight(key, place.tab);
-  window_->views.focus(rowId(key));
+  if (!key.empty()) highlight(key, place.tab);
   return true;
 }
 

@@ -32,6 +32,7 @@ Event eventOf(Key key, std::uint8_t modifiers) {
     case Key::f10: return event(Event::kF10, "");
     case Key::menu: return event(Event::kMenu, "");
     case Key::w: return event(Event::kW, "w");
+    case Key::z: return event(Event::kZ, "z");
   }
   return event(Event::kOtherKey, "");
 }

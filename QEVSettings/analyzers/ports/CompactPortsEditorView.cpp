@@ -92,6 +92,7 @@ GridRow protocolRow(const PortsEditing::Row& row, const std::vector<std::string>
 View CompactPortsEditorView::body() const {
   const auto editing = std::make_shared<const PortsEditing>(
       ports, controller, Environment::current().defaultStore.get(),
+      Environment::current().object<SettingWriter>(),
       PortsEditing::ViewState{.rows = rows.binding(),
                               .session = session.binding(),
                               .resetError = resetError.binding(),

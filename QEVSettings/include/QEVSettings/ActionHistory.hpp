@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "QEVSettings/ActionNotice.hpp"
 #include "QEVSettings/RecordingPreferences.hpp"
 #include "QEVSettings/SettingWriter.hpp"
+#include "QEVSettings/SettingsCatalogue.hpp"
 #include "foundation/ObservableObject.hpp"
 
 #include <cstddef>
@@ -11,6 +13,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace QEVSettings {
@@ -26,8 +29,7 @@ enum class ReplayDirection : std::uint8_t;
 // is the store of the window's environment and of the models that its pages show. What other
 // windows and processes write is no action.
 //
-//     const auto history = std::make_shared<ActionHistory>(
-//         recording, writer, ActionHistory::Options{.nameOf = titleOfSetting});
+//     const auto history = std::make_shared<ActionHistory>(recording, writer, catalogue);
 //     const viewkit::Environment environment{
 //         .defaultStore = recording,
 //         .objects = viewkit::EnvironmentObjects().with(history)};
@@ -37,21 +39,21 @@ enum class ReplayDirection : std::uint8_t;
 // thread.
 class ActionHistory final : public foundation::ObservableObject {
 public:
-  // The most steps that can be undone. The oldest go first.
-  static constexpr std::size_t kLongest = 100;
-  // The most bytes that the values of all steps take; the oldest steps go first. The newest step is
-  // kept whatever its size.
-  static constexpr std::size_t kLargest = std::size_t{4} << 20;
-
-  struct Options {
-    // The name of a setting in the user's language. Empty for an unknown key, which then has its
-    // key for a name.
-    std::function<std::string(std::string_view key)> nameOf = {};
+  // How much is kept, undone actions included. The oldest actions go first; the newest one is kept
+  // whatever its size.
+  struct Limits {
+    std::size_t actions = 100;
+    // Of all values, as if none was shared with the store.
+    std::size_t bytes = std::size_t{4} << 20;
   };
 
-  // The store outlives the history. The writer writes to this store.
+  // The store outlives the history. The writer writes to this store. The catalogue has the names of
+  // the settings; it may be null, and an unknown setting has its key for a name.
   ActionHistory(RecordingPreferences& store, std::shared_ptr<SettingWriter> writer,
-                Options options);
+                std::shared_ptr<SettingsCatalogue> catalogue, Limits limits);
+  ActionHistory(RecordingPreferences& store, std::shared_ptr<SettingWriter> writer,
+                std::shared_ptr<SettingsCatalogue> catalogue)
+      : ActionHistory(store, std::move(writer), std::move(catalogue), Limits()) {}
   ~ActionHistory() override;
 
   bool canUndo() const { return !undo_.empty(); }
@@ -62,17 +64,15 @@ public:
 
   // Takes the last action back, or carries the last action that was taken back out again, through
   // the SettingWriter. A setting that somebody else has changed since keeps its value, and so does
-  // one whose write is refused; `message` then says so. Does nothing when there is no such action.
+  // one whose write is refused; `notice` then says so. Does nothing when there is no such action.
   void undo();
   void redo();
 
   // Runs an action whose writes are one step with this name, in the user's language.
   void perform(std::string name, const std::function<void()>& action);
 
-  // What the last undo or redo left as it is, in the user's language; empty when that was nothing.
-  // Goes with the next action and when it is dismissed.
-  const std::string& message() const { return message_; }
-  void dismissMessage();
+  // What the window tells its user. A message goes with the next action.
+  const std::shared_ptr<ActionNotice>& notice() const { return notice_; }
 
   // The last undo or redo, for the window to bring the place that changed into sight. Differs from
   // the one before in its number.
@@ -83,6 +83,9 @@ public:
     friend bool operator==(const Replay&, const Replay&) = default;
   };
   const Replay& lastReplay() const { return lastReplay_; }
+
+  // The name of the setting in the user's language.
+  std::string nameOf(std::string_view key) const;
 
   SettingWriter& writer() const { return *writer_; }
 
@@ -96,14 +99,14 @@ private:
   void trim();
   void replay(ReplayDirection direction);
   void tell(const ReplayedStep& replayed, ReplayDirection direction);
-  std::string nameOf(std::string_view key) const;
   std::string nameOf(const ActionStep& step) const;
 
   std::shared_ptr<SettingWriter> writer_;
-  Options options_;
+  std::shared_ptr<SettingsCatalogue> catalogue_;
+  Limits limits_;
   Steps undo_;
   Steps redo_;
-  std::string message_;
+  std::shared_ptr<ActionNotice> notice_ = std::make_shared<ActionNotice>();
   Replay lastReplay_;
   bool isReplaying_ = false;
   // Whether the last step takes the writes of the running turn. Shared with the main queue.

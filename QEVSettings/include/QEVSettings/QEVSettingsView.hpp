@@ -3,6 +3,7 @@
 
 #include "QEVCoreComponents/QEVCaptureViewModel.hpp"
 #include "QEVDependencies/QEVAppDelegateProvider.hpp"
+#include "QEVSettings/ActionNotice.hpp"
 #include "QEVSettings/SettingsNavigation.hpp"
 #include "QEVSettings/StorageNotices.hpp"
 #include "QEVSettings/UpdaterViewModel.hpp"
@@ -33,6 +34,9 @@ struct SettingsWindowOptions {
 // A bar above the tabs appears while changes cannot be saved, and once after the store was restored
 // or had to begin empty. See PreferencesStore::storageProblem and PreferencesStore::opening.
 //
+// Where the environment has an ActionHistory, the window offers undo and redo, and with a
+// SettingsReset in it the resets too: as keys, and in a context menu.
+//
 // The views find a SettingsNavigation in the environment. A host that stores settings of its own
 // gives the window a SettingsCatalogue with them as an object of the environment.
 //
@@ -59,6 +63,8 @@ public:
   viewkit::View body() const;
 
 private:
+  viewkit::View header() const;
+  viewkit::View withHistory(const viewkit::View& content) const;
   viewkit::View tabs() const;
   viewkit::View findField() const;
 
@@ -69,6 +75,7 @@ private:
   SettingsWindowOptions options_;
   viewkit::State<Tabs> selectedTab_;
   viewkit::StateObject<StorageNotices> storageNotices_;
+  viewkit::StateObject<ActionNotice> actionNotice_;
   viewkit::StateObject<SettingsNavigation> navigation_;
 };
 

@@ -12,8 +12,8 @@ namespace QEVSettings {
 // store does not have.
 struct SettingChange {
   std::string key;
-  std::optional<PreferenceValue> before;
-  std::optional<PreferenceValue> after;
+  std::optional<PreferenceValue> before = std::nullopt;
+  std::optional<PreferenceValue> after = std::nullopt;
 };
 
 }  // namespace QEVSettings

@@ -33,6 +33,9 @@ public:
   // Opens the place and, with a key, goes to its row.
   bool show(const PreferencePlace& place, std::string_view key = {});
 
+  // The same without the keyboard, which stays where it is.
+  bool reveal(std::string_view key);
+
   // The setting whose row is tinted; empty for none. The tint ends after two seconds. Where motion
   // is reduced, it lasts until the next key press, change of a setting or other tab.
   const std::string& highlightedKey() const { return highlightedKey_; }
@@ -62,6 +65,7 @@ public:
 
 private:
   bool isTintedUntilAction() const;
+  bool open(const PreferencePlace& place, std::string_view key);
   void highlight(std::string_view key, std::string_view tab);
   bool selectAnalyzer(std::string_view title);
 

@@ -15,7 +15,7 @@ struct Key {
 };
 // Qt has a key of its own for Shift+Tab. It comes last, so that the code of Tab leads to the plain
 // key.
-constexpr std::array<Key, 17> kKeys{{{Qt::Key_Down, appkit::Event::kDownArrow},
+constexpr std::array<Key, 18> kKeys{{{Qt::Key_Down, appkit::Event::kDownArrow},
                                      {Qt::Key_Up, appkit::Event::kUpArrow},
                                      {Qt::Key_Left, appkit::Event::kLeftArrow},
                                      {Qt::Key_Right, appkit::Event::kRightArrow},
@@ -30,6 +30,7 @@ constexpr std::array<Key, 17> kKeys{{{Qt::Key_Down, appkit::Event::kDownArrow},
                                      {Qt::Key_F10, appkit::Event::kF10},
                                      {Qt::Key_Menu, appkit::Event::kMenu},
                                      {Qt::Key_W, appkit::Event::kW},
+                                     {Qt::Key_Z, appkit::Event::kZ},
                                      {Qt::Key_Tab, appkit::Event::kTab},
                                      {Qt::Key_Backtab, appkit::Event::kTab}}};
 

@@ -44,6 +44,7 @@ enum class Key {
   f10,
   menu,
   w,
+  z,
 };
 
 // How a window without a screen is opened.
