@@ -14,11 +14,23 @@ namespace QEVSettings {
 using QEVDependencies::QEVPluginPreferencesProtocol;
 using QEVModels::QEVPlugInsController;
 
-SettingsCatalogue::SettingsCatalogue() : catalogue_(fixedCatalogue()) {}
+SettingsCatalogue::SettingsCatalogue() : catalogue_(fixedCatalogue()) {
+  for (const PreferenceDescriptor* each : catalogue_.all()) own_.push_back(each->key);
+}
 
 void SettingsCatalogue::add(PreferenceDescriptor descriptor) {
-  if (const auto problem = catalogue_.add(std::move(descriptor)))
+  std::string key = descriptor.key;
+  if (const auto problem = catalogue_.add(std::move(descriptor))) {
     foundation::reportDiagnostic("preferences: " + *problem);
+  } else {
+    own_.push_back(std::move(key));
+  }
+}
+
+std::vector<PreferenceDescriptor> SettingsCatalogue::own() const {
+  std::vector<PreferenceDescriptor> settings;
+  for (const std::string& key : own_) settings.push_back(*catalogue_.find(key));
+  return settings;
 }
 
 const PreferenceCatalogue& SettingsCatalogue::current() {

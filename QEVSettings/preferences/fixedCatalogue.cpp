@@ -69,6 +69,7 @@ std::vector<PreferenceDescriptor> fixedDescriptors() {
        .limits = PreferenceChoices{kAppearanceNameAqua, kAppearanceNameDarkAqua},
        .title = "Appearance",
        .purpose = "The colours of the windows, light or dark, unless they follow the system.",
+       .valueTitles = {"Light", "Dark", "Auto"},
        .place = {.tab = "general", .row = "Appearance"}},
       {.key = std::string(kAppearanceUseSystem.name),
        .type = Type::boolean,

@@ -77,6 +77,12 @@ struct DescribeCommand {
 };
 Failed run(const DescribeCommand& command, Console& console);
 
+struct FindCommand {
+  std::vector<std::string> words;
+  OutputFormat format = OutputFormat::text;
+};
+Failed run(const FindCommand& command, Console& console);
+
 struct ListPreferencesCommand {
   OutputFormat format = OutputFormat::text;
 };

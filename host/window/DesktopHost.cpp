@@ -87,16 +87,22 @@ QEVSettings::PreferencesStore& DesktopHost::preferences() const {
   return profile_.preferences ? *profile_.preferences : store_;
 }
 
-viewkit::Environment DesktopHost::environment() const {
+viewkit::Environment DesktopHost::settingsEnvironment() const {
   viewkit::Environment environment = host_->environment();
   environment.reducedMotion = application_.reducedMotion();
   return environment;
 }
 
+viewkit::Environment DesktopHost::environment() const {
+  return {.defaultStore = preferences(),
+          .layoutDirection = windowDirection(),
+          .reducedMotion = application_.reducedMotion()};
+}
+
 std::unique_ptr<qt::Window> DesktopHost::makeWindow(Tab tab) const {
   auto window = std::make_unique<qt::Window>(
       qt::WindowOptions{.title = foundation::Bundle::mainBundle().localizedString("Settings"),
-                        .environment = environment(),
+                        .environment = settingsEnvironment(),
                         .root = host_->settingsView(tab)});
   window->onRefusedTexts(tellOfRefusedTexts);
   return window;
@@ -114,6 +120,8 @@ void DesktopHost::runMainWindow(const Interruption& interruption) {
   MainWindow main(
       {.environment = environment(),
        .updater = host_->updater(),
+       .history = host_->history(),
+       .reset = host_->reset(),
        .openSettings = [this] { openSettings(); },
        .profiles = profiles,
        .chooseProfile = [this, &main](const std::string& name) { switchTo(name, main); },
@@ -151,6 +159,7 @@ void DesktopHost::switchTo(const std::string& profile, MainWindow& main) {
   const OpenProfile former = std::exchange(profile_, std::move(opened));
   start();
   main.showContent(environment(), host_->updater());
+  main.setCommands(host_->history(), host_->reset());
   main.setProfile(profile);
   if (hadSettings) openSettings();
 }

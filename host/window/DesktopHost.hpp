@@ -47,6 +47,8 @@ private:
     std::unique_ptr<QEVSettings::LayeredPreferences> preferences;
   };
 
+  // Of the settings windows, and of the main window, which is no part of their history.
+  viewkit::Environment settingsEnvironment() const;
   viewkit::Environment environment() const;
   QEVSettings::PreferencesStore& preferences() const;
   void openSettings();

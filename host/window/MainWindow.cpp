@@ -27,6 +27,7 @@ QString localized(std::string_view key) {
 MainWindow::MainWindow(Parts parts) : parts_(std::move(parts)) {
   setWindowTitle(QStringLiteral("zorvantine"));
   addMenus();
+  setCommands(std::exchange(parts_.history, nullptr), std::exchange(parts_.reset, nullptr));
   showContent(parts_.environment, parts_.updater);
   resize(kSize);
 }
@@ -45,7 +46,13 @@ void MainWindow::showContent(viewkit::Environment environment,
   setCentralWidget(&content_->widget());
 }
 
+void MainWindow::setCommands(std::shared_ptr<QEVSettings::ActionHistory> history,
+                             std::shared_ptr<QEVSettings::SettingsReset> reset) {
+  edit_->setCommands(std::move(history), std::move(reset));
+}
+
 void MainWindow::closeContent() {
+  setCommands(nullptr, nullptr);
   content_->close();
   parts_.updater.reset();
   takeCentralWidget();
@@ -65,6 +72,8 @@ void MainWindow::addMenus() {
   file->addSeparator();
   file->addAction(localized("Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, [this] { close(); })
       ->setMenuRole(QAction::QuitRole);
+
+  edit_ = std::make_unique<EditMenu>(*menuBar(), [this] { parts_.openSettings(); });
 
   QMenu* const help = menuBar()->addMenu(localized("&Help"));
   QAction* const check = help->addAction(localized("Check for Updates…"), this,

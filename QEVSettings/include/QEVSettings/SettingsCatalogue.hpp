@@ -51,10 +51,14 @@ public:
   // call. The reference is valid as long as this object, and a descriptor until the next call.
   const PreferenceCatalogue& current();
 
+  // The keys with fixed names and those of the host, without asking any analyzer.
+  std::vector<PreferenceDescriptor> own() const;
+
 private:
   void takeAnalyzers();
 
   PreferenceCatalogue catalogue_;
+  std::vector<std::string> own_;
   std::vector<std::string> ofAnalyzers_;
   std::optional<std::uint64_t> revision_;
 };

@@ -62,6 +62,23 @@ Arguments describeArguments(DescribeCommand& command) {
   return arguments;
 }
 
+Arguments findArguments(FindCommand& command) {
+  return {.options = {formatOption(command.format)},
+          .operands = {{.name = "WORD",
+                        .needs = "a WORD",
+                        .take =
+                            [&command](std::string_view word) {
+                              command.words.emplace_back(word);
+                              return done();
+                            },
+                        .repeats = true}},
+          .check = [&command] {
+            return command.words.empty()
+                       ? Outcome(Error{translated("find needs a WORD to look for")})
+                       : done();
+          }};
+}
+
 }  // namespace
 
 std::vector<CommandEntry> windowCommands() {
@@ -96,6 +113,13 @@ std::vector<CommandEntry> windowCommands() {
                .storeUse = StoreUse::reads,
                .program = Program::pages},
               describeArguments),
+      command({.name = "find",
+               .help = "Print where the settings window has each WORD, the best first: in titles, "
+                       "purposes, analyzers, protocols, ports and values. The word is:changed "
+                       "stands for the settings that differ from their defaults. Exits with 1 when "
+                       "nothing is found.",
+               .storeUse = StoreUse::reads},
+              findArguments),
   };
 }
 

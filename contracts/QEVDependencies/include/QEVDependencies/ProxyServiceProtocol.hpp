@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace QEVDependencies {
 
@@ -18,6 +19,10 @@ public:
 
   // Whether an administrator has locked the setting, so that the page must not change it.
   virtual bool isManaged(Setting) const { return false; }
+
+  // The keys under which the service stores the setting in the preferences store; none when it
+  // keeps the setting elsewhere.
+  virtual std::vector<std::string> keysOf(Setting) const { return {}; }
 
   // Whether the proxy is meant to run.
   virtual bool isEnabled() const = 0;

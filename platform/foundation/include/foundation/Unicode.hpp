@@ -36,6 +36,10 @@ void appendUtf8(std::string& text, char32_t codePoint);
 // are not well-formed UTF-8 stay as they are.
 std::string uppercased(std::string_view text);
 
+// The form in which texts are compared by a search, the same for every language: small letters
+// without accents, wide and narrow forms alike. "Größe" and "GRÖSSE" become "grosse".
+std::string searchForm(std::string_view text);
+
 // Converts UTF-16 to UTF-8. A byte-order mark decides the byte order and is left out of the result.
 // Without a mark, the order is the one in which more characters are below U+0100; little-endian
 // when both have as many. Nothing when the number of bytes is odd or a surrogate has no partner.

@@ -37,6 +37,7 @@ public:
   std::string label() const;
   std::string value() const;
   std::string help() const;
+  std::string note() const;
   bool isEnabled() const;
   std::optional<bool> isSelected() const;
   bool isFocused() const;

@@ -48,7 +48,8 @@ struct HelpButtonControl {
 // Shows a font; the user opens a chooser of family, style and size with a sample. The chooser opens
 // on the font that `read` returns at that moment. `choose` is called with each font that the user
 // settles on while the chooser is open: there is no apply step. The user who cancels the chooser
-// after choosing brings back the font that was there when it opened.
+// after choosing brings back the font that was there when it opened, unless someone else has
+// changed it since.
 struct FontPickerControl {
   std::string title;
   appkit::Font font;
@@ -80,7 +81,8 @@ struct ToggleControl {
 // Shows a colour; the user opens a chooser with a field for hexadecimal text and, where the well
 // asks for it, opacity. `choose` is called with each colour that the user settles on while the
 // chooser is open. `checkpoint` is called when the chooser opens, and the function that it returns
-// when the user cancels the chooser after choosing: it brings back what was stored before.
+// when the user cancels the chooser after choosing: it brings back what was stored before, unless
+// someone else has changed it since.
 struct ColorWellControl {
   appkit::RGBA color;
   bool supportsOpacity = false;
@@ -97,6 +99,8 @@ struct MenuItem {
   // The menu opens at this item. Where no item is marked, it opens at the one that has the title,
   // or the value, of its button.
   bool isCurrent = false;
+  // An item that cannot be picked is shown all the same.
+  bool isEnabled = true;
 };
 
 // A button that opens a menu. The items are asked for each time the menu opens.
@@ -168,12 +172,17 @@ struct ScrollControl {
 // is called when the user closes it: a click elsewhere, Escape.
 struct PopoverControl {
   std::function<void()> dismiss;
+  // A click in the parent is not a click elsewhere.
+  bool staysForParent = false;
 };
 
 using Control =
     std::variant<ButtonControl, PlainButtonControl, FileButtonControl, HelpButtonControl,
                  FontPickerControl, TabBarControl, PopoverControl, ToggleControl, ColorWellControl,
                  MenuControl, TextFieldControl, SelectableTextControl, ScrollControl>;
+
+// Whether the control can have the keyboard.
+bool takesKeyboard(const Control& control);
 
 // Whether a back end would show both alike; functions are not compared.
 bool looksLike(const Control& a, const Control& b);

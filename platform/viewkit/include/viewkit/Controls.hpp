@@ -57,6 +57,9 @@ struct TextFieldOptions {
   // Brings the stored text back and takes the problem away. The argument is the text that the field
   // had before it was changed. Without this function that text is written to the binding.
   std::function<void(const std::string& before)> revert = {};
+  // Makes the field a combo box for assistive technology: whether the list of what fits the text is
+  // open. The list itself is in a popover of the view.
+  std::optional<bool> isListOpen = std::nullopt;
 };
 // Writes the binding at every keystroke. `onCommit` is called when the user presses Return, and
 // once when a changed text loses the keyboard, disappears, or its window closes. A field that

@@ -24,6 +24,8 @@ enum class KeyOutcome { passedOn, handled, closesWindow };
 //     Ctrl+Shift+Tab, Ctrl+PageUp  selects the previous one
 //     Ctrl+W                   closes the window
 //
+// The views' own handlers (see `onKeyPress`) come before these keys.
+//
 // `focused` is the node that has the focus, 0 for none. A field inside of the popover is restored
 // before the popover closes. A pending update of the views is run first. Main thread only.
 KeyOutcome routeKey(ViewHost& host, const appkit::Event& press, NodeId focused);
@@ -35,6 +37,10 @@ std::optional<int> itemSelectedBy(const ListItems& list, const appkit::Event& pr
 // Whether the key opens the focused menu: Space, Return, Alt+Down and F4 do, a plain arrow key does
 // not.
 bool opensMenu(const appkit::Event& press);
+
+// Whether the key opens the context menu of the view around the focused control: the Menu key and
+// Shift+F10 do.
+bool opensContextMenu(const appkit::Event& press);
 
 // Whether a back end hands the key to the closed menu that has the keyboard before any monitor sees
 // it: Alt+Down. Monitors may give the arrow keys, with whatever modifiers, a meaning of their own.

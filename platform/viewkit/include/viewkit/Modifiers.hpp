@@ -55,6 +55,8 @@ enum class Edges { all, horizontal, vertical, top, leading, bottom, trailing };
 struct PopoverOptions {
   // Points; a popover is as wide as its content, up to this.
   double maxWidth = 320;
+  // A click on the view beside it leaves the popover open.
+  bool staysForView = false;
 };
 
 namespace modified {

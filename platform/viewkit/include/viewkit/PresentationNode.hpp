@@ -33,6 +33,8 @@ enum class Role {
   colorWell,
   menuButton,
   textField,
+  // A text field with a list of what fits the text. The list is in the popover beside it.
+  comboBox,
   scrollArea,
   list,
   listItem,
@@ -53,11 +55,15 @@ struct Accessibility {
   std::string help = {};
   // Why what the user typed was refused, in the user's language; empty while nothing is wrong.
   std::string problem = {};
+  // What is said of a control after everything else, such as that its setting was changed.
+  std::string note = {};
   bool enabled = true;
   // For one of several that can be selected.
   std::optional<bool> selected = std::nullopt;
   // Assistive technology can press it, as a click would: see ViewHost::press.
   bool pressable = false;
+  // For a combo box: whether its list is open.
+  std::optional<bool> expanded = std::nullopt;
 
   friend bool operator==(const Accessibility&, const Accessibility&) = default;
 };
@@ -101,6 +107,8 @@ struct PresentationChanges {
   std::vector<NodeId> removed;
   // What has to be painted again, in window coordinates.
   std::vector<Rect> damage;
+  // The control that the views want to have the keyboard from now on; 0 for no wish.
+  NodeId focused = 0;
 };
 
 }  // namespace viewkit

@@ -39,6 +39,10 @@ public:
   // built.
   void scrollTo(ViewId id) const;
 
+  // The same, at the end of the coming update, and gives the keyboard to the first control in the
+  // view that can be used.
+  void focus(ViewId id) const;
+
 private:
   std::weak_ptr<Target> target_;
 };

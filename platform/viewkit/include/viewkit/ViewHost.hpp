@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "appkit/Event.hpp"
+#include "viewkit/ContextMenu.hpp"
 #include "viewkit/Environment.hpp"
 #include "viewkit/PlatformMetrics.hpp"
 #include "viewkit/PresentationNode.hpp"
@@ -10,6 +12,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -92,8 +95,19 @@ public:
   // it.
   bool press(NodeId id);
 
+  // The context menu of the innermost view at the point, or around the node, that has one; nothing
+  // where no view has one, or where it has no items.
+  std::optional<ContextMenu> contextMenuAt(Point point);
+  std::optional<ContextMenu> contextMenuOf(NodeId id);
+  // Whether a view around the node has a context menu. Does not ask for its items.
+  bool hasContextMenu(NodeId id) const;
+
   // Scrolls every scroll view around the node as little as brings the node into sight.
   void reveal(NodeId id);
+
+  // Calls the views' own handlers of key presses, see `onKeyPress`. `focused` is the node that has
+  // the keyboard, 0 for none. Returns whether one of them took the key.
+  bool handleKey(const appkit::Event& press, NodeId focused);
 
   // Commits each text that was changed and not committed, and brings the views up to date. A back
   // end calls it before it closes the window, and when the user's session ends.

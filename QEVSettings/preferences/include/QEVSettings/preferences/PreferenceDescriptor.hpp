@@ -53,6 +53,9 @@ struct PreferenceDescriptor {
   // Localisation keys, which are the English texts: a few words, and one sentence.
   std::string title;
   std::string purpose;
+  // The localisation keys of what the page calls the values, such as "Dark"; none where it shows
+  // them as they are.
+  std::vector<std::string> valueTitles = {};
   PreferencePlace place = {};
   // Whether an administrator may lock the key.
   bool isLockable = true;

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "QEVSettings/SettingsIndex.hpp"
+
+#include "catalogue/settingText.hpp"
+#include "find/IndexContents.hpp"
+#include "find/SettingTabs.hpp"
+#include "find/StoredValues.hpp"
+
+#include <algorithm>
+#include <span>
+#include <utility>
+
+namespace QEVSettings {
+
+using Contents = SettingsIndex::Contents;
+
+namespace {
+
+// For a text that is the whole query.
+constexpr int kWholeQuery = 100;
+
+struct Fitting {
+  int worth;
+  std::size_t entry;
+};
+
+// One search.
+class Search {
+public:
+  Search(const Contents& contents, const SearchQuery& query, const PreferencesStore& store)
+      : contents_(contents), query_(query), stored_(contents, query, store) {
+    worths_.reserve(contents.texts().size() * query.words.size());
+    for (const SearchText& text : contents.texts()) {
+      for (const std::string& word : query.words) worths_.push_back(text.worthOf(word));
+    }
+  }
+
+  std::vector<Fitting> fitting() const {
+    std::vector<Fitting> fitting;
+    for (std::size_t i = 0; i < contents_.entries().size(); ++i) {
+      if (query_.isForChanged && !stored_.isChanged(i)) continue;
+      const int worth = worthOf(i);
+      if (worth > 0 || query_.words.empty()) fitting.push_back({.worth = worth, .entry = i});
+    }
+    return fitting;
+  }
+
+private:
+  int worthOf(std::size_t number) const {
+    const Contents::Entry& entry = contents_.entries()[number];
+    const Contents::TextNumber names = contents_.groups()[entry.group].names;
+    int worth = 0;
+    for (std::size_t word = 0; word < query_.words.size(); ++word) {
+      const int here = std::max(
+          {worthIn(entry.text, word), worthIn(names, word), stored_.worthOf(number, word)});
+      if (here == 0) return 0;
+      worth += here;
+    }
+    return contents_.texts()[entry.text].equals(query_.phrase) ? worth + kWholeQuery : worth;
+  }
+
+  int worthIn(Contents::TextNumber text, std::size_t word) const {
+    return worths_[text * query_.words.size() + word];
+  }
+
+  const Contents& contents_;
+  const SearchQuery& query_;
+  StoredValues stored_;
+  // Of each text, for each word.
+  std::vector<int> worths_;
+};
+
+}  // namespace
+
+SettingsIndex::SettingsIndex(std::shared_ptr<const SearchedSettings> settings,
+                             std::function<bool(std::string_view)> hasTab)
+    : contents_(std::make_unique<Contents>(std::move(settings), std::move(hasTab))) {}
+
+SettingsIndex::~SettingsIndex() = default;
+
+bool SettingsIndex::extend(std::chrono::microseconds time) {
+  const auto end = std::chrono::steady_clock::now() + time;
+  while (!isComplete() && std::chrono::steady_clock::now() < end) contents_->addNextAnalyzer();
+  return isComplete();
+}
+
+void SettingsIndex::complete() {
+  while (!isComplete()) contents_->addNextAnalyzer();
+}
+
+bool SettingsIndex::isComplete() const { return contents_->isComplete(); }
+bool SettingsIndex::isOutdated() const { return contents_->isOutdated(); }
+
+FoundSettings SettingsIndex::find(std::string_view text, PreferencesStore& store,
+                                  std::size_t most) const {
+  const SearchQuery query(text);
+  if (query.isEmpty()) return {};
+  std::vector<Fitting> fitting = Search(*contents_, query, store).fitting();
+  const auto shown = static_cast<std::ptrdiff_t>(std::min(most, fitting.size()));
+  std::ranges::partial_sort(fitting, fitting.begin() + shown, [](const auto& a, const auto& b) {
+    return a.worth != b.worth ? a.worth > b.worth : a.entry < b.entry;
+  });
+  FoundSettings found{.best = {}, .count = fitting.size()};
+  for (const Fitting& each : std::span(fitting).first(static_cast<std::size_t>(shown))) {
+    const Contents::Entry& entry = contents_->entries()[each.entry];
+    const Contents::Group& group = contents_->groups()[entry.group];
+    found.best.push_back({.title = entry.title,
+                          .place = {.tab = group.tab, .analyzer = group.analyzer, .row = entry.row},
+                          .key = entry.key});
+  }
+  return found;
+}
+
+std::string placeText(const PreferencePlace& place) {
+  const auto tabs = settingTabs();
+  const auto* const tab = std::ranges::find(tabs, place.tab, &SettingTab::name);
+  if (tab == tabs.end()) return place.analyzer;
+  const std::string title = settingText(tab->title);
+  return place.analyzer.empty() ? title : title + " › " + place.analyzer;
+}
+
+}  // namespace QEVSettings
