@@ -20,6 +20,7 @@ public:
     viewkit::Environment environment;
     std::shared_ptr<QEVSettings::UpdaterViewModel> updater;
     std::function<void()> openSettings;
+    std::function<void()> openRecentChanges;
     // The names of the profiles, asked for each time the menu opens, and what chooses one.
     std::function<std::vector<std::string>()> profiles;
     std::function<void(const std::string&)> chooseProfile;
