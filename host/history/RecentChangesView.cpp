@@ -29,10 +29,10 @@ using QEVCommonTools::Spacing;
 
 namespace {
 
-constexpr double kMinWidth = 680;
+constexpr double kMinWidth = 700;
 constexpr double kMinHeight = 360;
-constexpr double kTimeWidth = 140;
-constexpr double kSettingWidth = 230;
+constexpr double kTimeWidth = 160;
+constexpr double kSettingWidth = 220;
 constexpr double kValueWidth = 140;
 constexpr std::size_t kLongestValue = 60;
 constexpr std::size_t kLongestSpokenValue = 200;
@@ -51,6 +51,11 @@ View cells(const Cells& texts) {
                  cell(texts[2], kValueWidth), last})
       .padding(Edges::horizontal, Spacing::s6)
       .padding(Edges::vertical, Spacing::s3);
+}
+
+// Times read from left to right in every language.
+std::string isolatedTime(QEVSettings::PreferenceValue::Date time) {
+  return "\u2066" + localTimeText(time) + "\u2069";
 }
 
 int itemOf(const std::vector<RememberedChange>& changes, std::int64_t number) {
@@ -100,7 +105,7 @@ View RecentChangesView::list() const {
 
 View RecentChangesView::row(const RememberedChange& change) const {
   const bool isSelected = change.number == selected;
-  const std::string time = localTimeText(change.time);
+  const std::string time = isolatedTime(change.time);
   const std::string title = settingTitle(change.key);
   return cells({time, title, historyText(change.before, kLongestValue),
                 historyText(change.after, kLongestValue)})

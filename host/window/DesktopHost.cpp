@@ -128,6 +128,10 @@ std::unique_ptr<qt::Window> DesktopHost::makeRecentChangesWindow() const {
 void DesktopHost::run(Tab tab, const Interruption& interruption) {
   const auto window = makeWindow(tab);
   addRecentChangesKeys(window->widget(), [this] { openRecentChanges(); });
+  // The application ends with its last window.
+  window->onClose([this] {
+    if (recentChanges_) recentChanges_->close();
+  });
   // Closing the window commits a text that is being edited; ending the process would lose it.
   const DescriptorWatch interrupted(interruption.descriptor(), [&window] { window->close(); });
   window->show();
