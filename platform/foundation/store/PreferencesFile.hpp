@@ -31,8 +31,8 @@ void cueWatchers(const std::filesystem::path& store);
 inline constexpr const char* kSynchronizing =
     "PRAGMA synchronous = NORMAL; PRAGMA wal_autocheckpoint = 4000";
 
-// The preferences on disk: an SQLite database in WAL mode with one table, and a second one for
-// their history (PreferencesHistory.hpp).
+// The preferences on disk: an SQLite database in WAL mode with this table. PreferencesHistory.hpp
+// describes the other one.
 //
 //     preferences(change INTEGER PRIMARY KEY, key BLOB UNIQUE, type INTEGER, value ANY, sum
 //     INTEGER)
@@ -140,7 +140,7 @@ public:
   // changes in the same transaction. After the return, the end of the process does not undo the
   // changes.
   Outcome write(std::span<PreferenceChange> changes, const Receiver& receive,
-                const RowNumbers& rows, const HistoryRequest& history = {});
+                const RowNumbers& rows, const HistoryRequest& history);
 
   // What the history remembers of a key, or of every key if it is empty, the newest change first.
   // `isInForce` is not set.

@@ -152,16 +152,17 @@ int PreferencesHistory::begin(const HistoryRequest& request, std::size_t changes
 
 // Creates the table unless it is there.
 int PreferencesHistory::prepare() {
-  const int created = sqlite3_exec(database_.get(), kCreate, nullptr, nullptr, nullptr);
-  if (created != SQLITE_OK) return created;
-  former_ = foundation::prepare(database_, kFormer);
-  insert_ = foundation::prepare(database_, kInsert);
-  if (former_ && insert_) {
-    program_ = currentProgram();
-    return SQLITE_OK;
+  int code = sqlite3_exec(database_.get(), kCreate, nullptr, nullptr, nullptr);
+  if (code == SQLITE_OK) {
+    former_ = foundation::prepare(database_, kFormer);
+    insert_ = foundation::prepare(database_, kInsert);
+    if (former_ && insert_) {
+      program_ = currentProgram();
+      return SQLITE_OK;
+    }
+    code = sqlite3_extended_errcode(database_.get());
   }
   insert_.reset();
-  const int code = sqlite3_extended_errcode(database_.get());
   isForeign_ = isOtherTable(code);
   return isForeign_ ? SQLITE_OK : code;
 }
