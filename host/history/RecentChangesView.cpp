@@ -53,9 +53,13 @@ View cells(const Cells& texts) {
       .padding(Edges::vertical, Spacing::s3);
 }
 
-// Times read from left to right in every language.
-std::string isolatedTime(QEVSettings::PreferenceValue::Date time) {
-  return "\u2066" + localTimeText(time) + "\u2069";
+// Shown from left to right in every language.
+std::string isolated(const std::string& time) { return "\u2066" + time + "\u2069"; }
+
+// Spoken when it appears. An empty text is no view.
+View remark(const std::string& text) {
+  if (text.empty()) return View();
+  return Text(text).lineLimit(2).foreground(Color::secondary()).accessibilityRole(Role::alert);
 }
 
 int itemOf(const std::vector<RememberedChange>& changes, std::int64_t number) {
@@ -105,9 +109,9 @@ View RecentChangesView::list() const {
 
 View RecentChangesView::row(const RememberedChange& change) const {
   const bool isSelected = change.number == selected;
-  const std::string time = isolatedTime(change.time);
+  const std::string time = localTimeText(change.time);
   const std::string title = settingTitle(change.key);
-  return cells({time, title, historyText(change.before, kLongestValue),
+  return cells({isolated(time), title, historyText(change.before, kLongestValue),
                 historyText(change.after, kLongestValue)})
       .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::leading()})
       .foreground(isSelected ? Color::selectedText() : Color::primary())
@@ -129,9 +133,7 @@ View RecentChangesView::footer() const {
   return HStack({.spacing = points(Spacing::s6)},
                 {
                     QEVCommonTools::messageText(model->problem(), MessageKind::problem),
-                    Text(changes.empty() ? model->emptyText() : obstacle)
-                        .lineLimit(2)
-                        .foreground(Color::secondary()),
+                    remark(changes.empty() ? model->emptyText() : obstacle),
                     Spacer(),
                     Button(translated("Put Back"),
                            [self = *this] { self.model->putBack(self.selected); })

@@ -50,8 +50,8 @@ protected:
   static std::vector<std::string> itemsOf(const headless::Window& window) {
     std::vector<std::string> labels;
     for (const auto& item : window.findAll(Role::listItem)) {
-      // Without the time, which is 23 bytes and isolated by three bytes on either side.
-      labels.push_back(item.label().substr(27));
+      // Without the time, as in "2026-11-25 21:41:59, ".
+      labels.push_back(item.label().substr(21));
     }
     return labels;
   }
