@@ -53,8 +53,8 @@ View cells(const Cells& texts) {
       .padding(Edges::vertical, Spacing::s3);
 }
 
-// Shown from left to right in every language.
-std::string isolated(const std::string& time) { return "\u2066" + time + "\u2069"; }
+// Shown from left to right in every language, by an invisible mark before it.
+std::string leftToRight(const std::string& time) { return "\u200E" + time; }
 
 // Spoken when it appears. An empty text is no view.
 View remark(const std::string& text) {
@@ -111,7 +111,7 @@ View RecentChangesView::row(const RememberedChange& change) const {
   const bool isSelected = change.number == selected;
   const std::string time = localTimeText(change.time);
   const std::string title = settingTitle(change.key);
-  return cells({isolated(time), title, historyText(change.before, kLongestValue),
+  return cells({leftToRight(time), title, historyText(change.before, kLongestValue),
                 historyText(change.after, kLongestValue)})
       .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::leading()})
       .foreground(isSelected ? Color::selectedText() : Color::primary())
