@@ -93,6 +93,11 @@ std::vector<PreferenceDescriptor> fixedDescriptors() {
            "Data Sources List Font:", "The font of the list of data sources."),
       font(kFontDataSourcesHead,
            "Data Sources Header Font:", "The font above the list of data sources."),
+      {.key = std::string(kKeepsHistory.name),
+       .type = Type::boolean,
+       .defaultValue = kKeepsHistory.defaultValue,
+       .title = "History of changes",
+       .purpose = "Whether the changes of settings are remembered, so that they can be put back."},
   };
 }
 

@@ -6,9 +6,13 @@
 #include "commands/Commands.hpp"
 #include "commands/ReplaceProcess.hpp"
 #include "foundation/Bundle.hpp"
+#include "foundation/Translation.hpp"
+#include "history/RecentChangesView.hpp"
+#include "history/historyRules.hpp"
 #include "profiles/Profiles.hpp"
 #include "viewkit/ViewHost.hpp"
 #include "window/DescriptorWatch.hpp"
+#include "window/HistoryMenu.hpp"
 #include "window/LanguageFonts.hpp"
 #include "window/MainWindow.hpp"
 #include "window/Updates.hpp"
@@ -73,6 +77,7 @@ DesktopHost::DesktopHost(const WindowOptions& options, QEVSettings::PreferencesS
 }
 
 DesktopHost::~DesktopHost() {
+  recentChanges_.reset();
   settings_.reset();
   host_.reset();
   forgetDesktopUpdates();
@@ -108,8 +113,31 @@ std::unique_ptr<qt::Window> DesktopHost::makeWindow(Tab tab) const {
   return window;
 }
 
+foundation::UserDefaults& DesktopHost::person() const {
+  return profile_.store ? *profile_.store : Console::store();
+}
+
+std::unique_ptr<qt::Window> DesktopHost::makeRecentChangesWindow() const {
+  auto& preferences = this->preferences();
+  const auto write = [&preferences](std::string_view key,
+                                    std::optional<QEVSettings::PreferenceValue> value) {
+    value ? preferences.setObject(*std::move(value), key) : preferences.removeObject(key);
+    return foundation::done();
+  };
+  return std::make_unique<qt::Window>(
+      qt::WindowOptions{.title = foundation::translated("Recent Changes"),
+                        .environment = environment(),
+                        .root = RecentChangesView{.model = std::make_shared<RecentChangesModel>(
+                                                      person(), preferences, write)}});
+}
+
 void DesktopHost::run(Tab tab, const Interruption& interruption) {
   const auto window = makeWindow(tab);
+  addRecentChangesKeys(window->widget(), [this] { openRecentChanges(); });
+  // The application ends with its last window.
+  window->onClose([this] {
+    if (recentChanges_) recentChanges_->close();
+  });
   // Closing the window commits a text that is being edited; ending the process would lose it.
   const DescriptorWatch interrupted(interruption.descriptor(), [&window] { window->close(); });
   window->show();
@@ -123,11 +151,13 @@ void DesktopHost::runMainWindow(const Interruption& interruption) {
        .history = host_->history(),
        .reset = host_->reset(),
        .openSettings = [this] { openSettings(); },
+       .openRecentChanges = [this] { openRecentChanges(); },
        .profiles = profiles,
        .chooseProfile = [this, &main](const std::string& name) { switchTo(name, main); },
        .closed =
            [this] {
              if (settings_) settings_->close();
+             if (recentChanges_) recentChanges_->close();
              qt::Application::quit();
            }});
   for (const std::string& name : profiles()) {
@@ -148,6 +178,7 @@ void DesktopHost::switchTo(const std::string& profile, MainWindow& main) {
   const bool hadSettings = settings_ && settings_->isOpen();
   if (hadSettings) settings_->close();
   settings_.reset();
+  recentChanges_.reset();
   main.closeContent();
   host_.reset();
   OpenProfile opened;
@@ -155,6 +186,10 @@ void DesktopHost::switchTo(const std::string& profile, MainWindow& main) {
     opened.store = foundation::UserDefaults::open(file);
     opened.preferences =
         std::make_unique<QEVSettings::LayeredPreferences>(*opened.store, Console::layers());
+    opened.store->setHistoryRules(
+        historyRules([preferences = opened.preferences.get()]() -> QEVSettings::PreferencesStore& {
+          return *preferences;
+        }));
   }
   const OpenProfile former = std::exchange(profile_, std::move(opened));
   start();
@@ -173,6 +208,16 @@ void DesktopHost::openSettings() {
     });
   }
   settings_->show();
+}
+
+void DesktopHost::openRecentChanges() {
+  if (!recentChanges_ || !recentChanges_->isOpen()) {
+    recentChanges_ = makeRecentChangesWindow();
+    recentChanges_->onClose([this] {
+      if (recentChanges_ && !recentChanges_->isOpen()) recentChanges_.reset();
+    });
+  }
+  recentChanges_->show();
 }
 
 }  // namespace zorvantine

@@ -2,6 +2,7 @@
 #include "window/MainWindow.hpp"
 
 #include "foundation/Bundle.hpp"
+#include "window/HistoryMenu.hpp"
 #include "window/PacketListView.hpp"
 
 #include <QAction>
@@ -67,6 +68,7 @@ void MainWindow::addMenus() {
   file->addAction(localized("Settings…"), QKeySequence(Qt::CTRL | Qt::Key_Comma), this,
                   [this] { parts_.openSettings(); })
       ->setMenuRole(QAction::PreferencesRole);
+  addRecentChanges(*file, [this] { parts_.openRecentChanges(); });
   QMenu* const profiles = file->addMenu(localized("Profile"));
   connect(profiles, &QMenu::aboutToShow, this, [this, profiles] { fillProfiles(*profiles); });
   file->addSeparator();

@@ -23,6 +23,7 @@ public:
     std::shared_ptr<QEVSettings::ActionHistory> history;
     std::shared_ptr<QEVSettings::SettingsReset> reset;
     std::function<void()> openSettings;
+    std::function<void()> openRecentChanges;
     // The names of the profiles, asked for each time the menu opens, and what chooses one.
     std::function<std::vector<std::string>()> profiles;
     std::function<void(const std::string&)> chooseProfile;

@@ -59,6 +59,8 @@ struct PreferenceDescriptor {
   PreferencePlace place = {};
   // Whether an administrator may lock the key.
   bool isLockable = true;
+  // Whether the values are secrets, which the history of a store does not keep.
+  bool isSecret = false;
 };
 
 // What would fit in place of a value that does not, such as "a whole number from 1 to 1024".
