@@ -6,6 +6,7 @@
 #include "analyzers/AnalyzerError.hpp"
 #include "foundation/Diagnostics.hpp"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -31,6 +32,11 @@ std::vector<PreferenceDescriptor> SettingsCatalogue::own() const {
   std::vector<PreferenceDescriptor> settings;
   for (const std::string& key : own_) settings.push_back(*catalogue_.find(key));
   return settings;
+}
+
+const PreferenceDescriptor* SettingsCatalogue::find(std::string_view key) {
+  const bool isOwn = std::ranges::find(own_, key) != own_.end();
+  return isOwn ? catalogue_.find(key) : current().find(key);
 }
 
 const PreferenceCatalogue& SettingsCatalogue::current() {

@@ -56,16 +56,6 @@ std::string settingText(std::string_view key) {
   return text == key ? Bundle::mainBundle().localizedString(key) : text;
 }
 
-std::string titleText(const PreferenceDescriptor& descriptor) {
-  std::string title = settingText(descriptor.title);
-  for (const std::string_view colon : {":", "："}) {
-    if (title.ends_with(colon)) title.resize(title.size() - colon.size());
-  }
-  while (title.ends_with(' ')) title.pop_back();
-  if (title.ends_with("\u00A0")) title.resize(title.size() - 2);
-  return title;
-}
-
 std::string valueText(const PreferenceDescriptor& descriptor, const PreferenceValue& value) {
   if (descriptor.type == Type::boolean)
     return localized(value.convertedToBoolean().value_or(false) ? "On" : "Off");

@@ -15,9 +15,6 @@ namespace QEVSettings {
 // those of their own settings.
 std::string settingText(std::string_view key);
 
-// The title without the colon that it has before a control.
-std::string titleText(const PreferenceDescriptor& descriptor);
-
 // A value in words: "On", "Dark", "DNS 53, Multicast DNS 5353".
 std::string valueText(const PreferenceDescriptor& descriptor, const PreferenceValue& value);
 

@@ -29,6 +29,20 @@ namespace {
 // As wide as the longest key needs.
 constexpr double kPopoverWidth = 480;
 
+View withMenu(const View& content, const std::shared_ptr<const SettingMenu>& menu,
+              const Binding<bool>& isExplained) {
+  // The popover stands beside a view over the row, so that the row keeps its place in the tree.
+  const auto explanation = [menu] { return explanationView(menu->explanations()); };
+  const View anchor = isExplained.get()
+                          ? RoundedRectangle()
+                                .fill(Color::clear())
+                                .popover(isExplained, explanation, {.maxWidth = kPopoverWidth})
+                          : View();
+  return contextMenu(content.overlay(anchor), [menu, isExplained] {
+    return menu->items([isExplained] { isExplained.set(true); });
+  });
+}
+
 struct MarkedRow {
   MarkedRow(std::shared_ptr<const SettingMenu> menu, View row)
       : menu(std::move(menu)), row(std::move(row)), state([menu = this->menu] {
@@ -42,39 +56,46 @@ struct MarkedRow {
 
   View body() const {
     state->follow(menu->keys);
-    // The popover stands beside a view over the row, so that the row keeps its place in the tree.
-    const View anchor =
-        isExplained ? RoundedRectangle()
-                          .fill(Color::clear())
-                          .popover(isExplained.binding(),
-                                   [menu = menu] { return explanationView(menu->explanations()); },
-                                   {.maxWidth = kPopoverWidth})
-                    : View();
     const bool isChanged = state->isChanged();
     const std::string note = isChanged ? localized("Changed from the default") : std::string();
-    const View marked = accessibilityNote(row, note)
-                            .overlay(isChanged ? changedMark() : View(), Alignment::leading())
-                            .overlay(anchor);
-    return contextMenu(marked, [menu = menu, isExplained = isExplained.binding()] {
-      return menu->items([isExplained] { isExplained.set(true); });
-    });
+    const View marked = accessibilityNote(row, note).overlay(isChanged ? changedMark() : View(),
+                                                             Alignment::leading());
+    return withMenu(marked, menu, isExplained.binding());
   }
 };
 
-}  // namespace
+struct RowLabel {
+  std::shared_ptr<const SettingMenu> menu;
+  View label;
+  State<bool> isExplained = false;
 
-View markedRow(std::vector<std::string> keys, const View& row) {
+  View body() const { return withMenu(label, menu, isExplained.binding()); }
+};
+
+// Null in a window without marks.
+std::shared_ptr<const SettingMenu> menuFor(std::vector<std::string> keys) {
   const Environment environment = Environment::current();
   auto catalogue = environment.object<SettingsCatalogue>();
   const auto marks = environment.object<RowMarks>();
   const bool areLeftOut = !catalogue || (marks && !marks->areShown);
-  if (areLeftOut || keys.empty() || row.isEmpty()) return row;
-  return MarkedRow(std::make_shared<const SettingMenu>(
-                       SettingMenu{.keys = std::move(keys),
-                                   .store = environment.defaultStore,
-                                   .catalogue = std::move(catalogue),
-                                   .writer = environment.object<SettingWriter>()}),
-                   row);
+  if (areLeftOut || keys.empty()) return nullptr;
+  return std::make_shared<const SettingMenu>(
+      SettingMenu{.keys = std::move(keys),
+                  .store = environment.defaultStore,
+                  .catalogue = std::move(catalogue),
+                  .writer = environment.object<SettingWriter>()});
+}
+
+}  // namespace
+
+View markedRow(std::vector<std::string> keys, const View& row) {
+  auto menu = menuFor(std::move(keys));
+  return menu ? View(MarkedRow(std::move(menu), row)) : row;
+}
+
+View rowLabel(std::vector<std::string> keys, const View& label) {
+  auto menu = menuFor(std::move(keys));
+  return menu ? View(RowLabel{.menu = std::move(menu), .label = label}) : label;
 }
 
 }  // namespace QEVSettings

@@ -17,4 +17,7 @@ namespace QEVSettings {
 // A reset goes through the SettingWriter of the environment; without one, the row offers none.
 viewkit::View markedRow(std::vector<std::string> keys, const viewkit::View& row);
 
+// The label of such a row that stands beside it: it has the menu without the mark.
+viewkit::View rowLabel(std::vector<std::string> keys, const viewkit::View& label);
+
 }  // namespace QEVSettings

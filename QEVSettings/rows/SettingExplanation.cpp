@@ -3,6 +3,7 @@
 
 #include "QEVCommonTools/Spacing.hpp"
 #include "catalogue/settingText.hpp"
+#include "changes/settingName.hpp"
 #include "resources/resource_bundle_accessor.hpp"
 #include "viewkit/Grid.hpp"
 #include "viewkit/Stacks.hpp"
@@ -51,7 +52,7 @@ View explanation(const SettingExplanation& setting) {
 
 SettingExplanation::SettingExplanation(const PreferenceDescriptor& descriptor,
                                        const PreferencesStore& store)
-    : title(titleText(descriptor)),
+    : title(settingName(descriptor)),
       purpose(settingText(descriptor.purpose)),
       key(descriptor.key),
       standard(firstCharacters(defaultText(descriptor), kLongestDefault)),

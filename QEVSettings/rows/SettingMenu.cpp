@@ -23,10 +23,14 @@ constexpr std::size_t kLongestDefault = 40;
 
 std::vector<MenuItem> SettingMenu::items(std::function<void()> explain) const {
   std::vector<MenuItem> items;
-  if (writer && !isLocked()) {
+  const std::vector<std::string> changeable = changeableKeys();
+  if (writer && !changeable.empty()) {
+    const auto hasValue = [&](const std::string& key) {
+      return store.get().personLayer().find(key) != nullptr;
+    };
     items.push_back({.title = resetTitle(),
                      .action = [menu = *this] { menu.reset(); },
-                     .isEnabled = hasValueOfUser()});
+                     .isEnabled = std::ranges::any_of(changeable, hasValue)});
   }
   items.push_back({.title = localized("Copy Key"), .action = [keys = keys] {
                      std::string text;
@@ -41,25 +45,22 @@ std::vector<MenuItem> SettingMenu::items(std::function<void()> explain) const {
 std::vector<SettingExplanation> SettingMenu::explanations() const {
   std::vector<SettingExplanation> settings;
   for (const std::string& key : keys) {
-    if (const auto* descriptor = catalogue->current().find(key))
-      settings.emplace_back(*descriptor, store);
+    if (const auto* descriptor = catalogue->find(key)) settings.emplace_back(*descriptor, store);
   }
   return settings;
 }
 
-bool SettingMenu::isLocked() const {
-  return std::ranges::any_of(keys,
-                             [&](const std::string& key) { return store.get().isLocked(key); });
-}
-
-bool SettingMenu::hasValueOfUser() const {
-  return std::ranges::any_of(
-      keys, [&](const std::string& key) { return store.get().personLayer().find(key) != nullptr; });
+std::vector<std::string> SettingMenu::changeableKeys() const {
+  std::vector<std::string> changeable;
+  for (const std::string& key : keys) {
+    if (!store.get().isLocked(key)) changeable.push_back(key);
+  }
+  return changeable;
 }
 
 // With the default of the row's first setting, which is the one that the row is named after.
 std::string SettingMenu::resetTitle() const {
-  const auto* descriptor = catalogue->current().find(keys.front());
+  const auto* descriptor = catalogue->find(keys.front());
   const std::string standard = descriptor ? defaultText(*descriptor) : std::string();
   return standard.empty() ? localized("Reset to Default")
                           : QEVCommonTools::formatted(localized("Reset to Default (%@)"),
@@ -69,7 +70,8 @@ std::string SettingMenu::resetTitle() const {
 // A refusal is shown by the page, which follows the writer.
 void SettingMenu::reset() const {
   std::vector<SettingWriter::Setting> settings;
-  for (const std::string& key : keys) settings.push_back({.key = key, .value = std::nullopt});
+  for (const std::string& key : changeableKeys())
+    settings.push_back({.key = key, .value = std::nullopt});
   writer->writeAll(settings);
 }
 

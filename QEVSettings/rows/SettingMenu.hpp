@@ -29,8 +29,8 @@ struct SettingMenu {
   std::vector<SettingExplanation> explanations() const;
 
 private:
-  bool isLocked() const;
-  bool hasValueOfUser() const;
+  // The keys that the user may change.
+  std::vector<std::string> changeableKeys() const;
   std::string resetTitle() const;
   void reset() const;
 };

@@ -22,9 +22,10 @@ void SettingState::follow(const std::vector<std::string>& keys) {
 }
 
 bool SettingState::computeChanged() const {
-  const PreferenceCatalogue& known = catalogue_->current();
+  // The catalogue is asked last: it may have to ask every analyzer.
   return std::ranges::any_of(keys_, [&](const std::string& key) {
-    const PreferenceDescriptor* descriptor = known.find(key);
+    if (store_.personLayer().find(key) == nullptr) return false;
+    const PreferenceDescriptor* descriptor = catalogue_->find(key);
     return descriptor && isChangedByUser(*descriptor, store_);
   });
 }

@@ -11,6 +11,7 @@
 #include "fonts/QEVFontSettingsView.hpp"
 #include "general/QEVGeneralSettingsView.hpp"
 #include "resources/resource_bundle_accessor.hpp"
+#include "rows/MarkedRow.hpp"
 #include "rows/RowMarks.hpp"
 #include "rows/SettingRow.hpp"
 #include "viewkit/Environment.hpp"
@@ -94,7 +95,7 @@ std::shared_ptr<SettingsCatalogue> catalogueOfWindow() {
 // What the rows of the pages that siblings make look like here.
 std::shared_ptr<QEVCommonTools::SettingRowStyle> rowStyle() {
   static const auto style = std::make_shared<QEVCommonTools::SettingRowStyle>(
-      QEVCommonTools::SettingRowStyle{.decorate = settingRow});
+      QEVCommonTools::SettingRowStyle{.decorate = settingRow, .decorateLabel = rowLabel});
   return style;
 }
 

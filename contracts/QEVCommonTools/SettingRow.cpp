@@ -12,4 +12,11 @@ viewkit::View settingRow(std::vector<std::string> keys, const viewkit::View& row
   return style && !keys.empty() ? style->decorate(std::move(keys), row) : row;
 }
 
+viewkit::View settingLabel(std::vector<std::string> keys, const viewkit::View& label) {
+  const auto style = viewkit::Environment::current().object<SettingRowStyle>();
+  return style && style->decorateLabel && !keys.empty()
+             ? style->decorateLabel(std::move(keys), label)
+             : label;
+}
+
 }  // namespace QEVCommonTools

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "HostParts.hpp"
 #include "ProxyService.hpp"
+#include "QEVCommonTools/ColorRawValue.hpp"
 #include "QEVModels/QEVPlugInsController.hpp"
 #include "QEVSettings/LayeredPreferences.hpp"
 #include "QEVSettings/ProxySettingsView.hpp"
@@ -95,7 +96,7 @@ protected:
   void selectAnalyzer(const std::string& title) {
     const auto& plugIns = QEVPlugInsController::sharedManager().plugInStructs();
     for (std::size_t i = 0; i < plugIns.size(); ++i) {
-      if (plugIns[i].title == title)
+      if (plugIns[i].plugInTitle == title)
         store().setInteger(static_cast<std::int64_t>(i), kAnalyzerSelectedIndex.name);
     }
   }
@@ -144,9 +145,9 @@ std::string withoutMarks(const std::string& description) {
 }
 
 TEST_F(SettingRowTest, MarksMoveNothingOnAnyPage) {
-  for (const Tabs tab : kAllTabs) {
+  selectAnalyzer("DNS");
+  for (const Tabs tab : {Tabs::general, Tabs::capture, Tabs::proxy, Tabs::appearance}) {
     SCOPED_TRACE(static_cast<int>(tab));
-    selectAnalyzer("DNS");
     const std::string plain = headless::textDescription(open(tab, Marks::leftOut).describe());
     EXPECT_EQ(headless::textDescription(open(tab).describe()), plain);
   }
@@ -154,7 +155,7 @@ TEST_F(SettingRowTest, MarksMoveNothingOnAnyPage) {
   store().setBool(true, kAppearanceUseSystem.name);
   store().setBool(false, QEVCoreComponents::QEVCaptureViewModel::kPromiscuousKey);
   store().setBool(true, zorvantine::ProxyService::kInterceptsTLS);
-  store().setBool(true, "com_velloquin_qev_dns_usesColor");
+  store().setObject(QEVCommonTools::rawValue({0.25, 0.5, 0.75, 1}), "com_velloquin_qev_dns_color");
   store().setObject(PreferenceDictionary{{"family", "Test Mono"}, {"pointSize", 11}},
                     kFontConsoleRaw.name);
   for (const Tabs tab : kAllTabs) {
@@ -204,8 +205,8 @@ TEST_F(SettingRowTest, ResetBringsTheDefaultBackThroughTheWriter) {
 
   window.click(window.find(Role::button, "Light"));
   const int calls = parts_.delegate->calls;
-  EXPECT_TRUE(window.chooseFromContextMenu(window.find(Role::button, "Light"),
-                                           "Reset to Default (Dark)"));
+  EXPECT_TRUE(
+      window.chooseFromContextMenu(window.find(Role::button, "Light"), "Reset to Default (Dark)"));
   EXPECT_EQ(store().find(kAppearanceName.name), nullptr);
   EXPECT_EQ(store().find(kAppearanceUseSystem.name), nullptr);
   EXPECT_GT(parts_.delegate->calls, calls);
@@ -285,8 +286,8 @@ TEST_F(SettingRowTest, PopoverExplainsTheSettingUntilEscape) {
   EXPECT_TRUE(popover.find(Role::heading, kTimeZone).exists());
   EXPECT_TRUE(
       popover.find(Role::alert, "The time zone in which the times of packets are shown.").exists());
-  for (const char* text : {"Key", "com_velloquin_zorvantine_prefTimezone", "Default", "Origin",
-                           "Set by you"})
+  for (const char* text :
+       {"Key", "com_velloquin_zorvantine_prefTimezone", "Default", "Origin", "Set by you"})
     EXPECT_TRUE(popover.findText(text).exists()) << text;
   EXPECT_FALSE(window.openContextMenu(popover.findText("Key")));
 
@@ -304,13 +305,12 @@ TEST_F(SettingRowTest, LockedRowOffersNoResetAndSaysWhoDecided) {
   std::ofstream(locks / "zone.json") << R"({"com_velloquin_zorvantine_prefTimezone": "UTC"})";
   store().setObject("Asia/Tokyo", kPrefTimezoneString.name);
   LayeredPreferences layers(
-      store(), {.configurationFolders = std::vector<std::filesystem::path>{folder.path()},
-                .person = 12345});
+      store(),
+      {.configurationFolders = std::vector<std::filesystem::path>{folder.path()}, .person = 12345});
   ASSERT_TRUE(layers.isLocked(kPrefTimezoneString.name));
   Window& window = open(Tabs::general, layers);
   EXPECT_EQ(marksIn(window).size(), 1U) << "the user's own value is still there";
-  EXPECT_THAT(menuOf(window, window.findText(kTimeZone)),
-              ElementsAre("Copy Key", "What Is This?"));
+  EXPECT_THAT(menuOf(window, window.findText(kTimeZone)), ElementsAre("Copy Key", "What Is This?"));
   window.chooseFromContextMenu(window.findText(kTimeZone), "What Is This?");
   EXPECT_TRUE(window.findText("Managed by your organization").exists());
 }

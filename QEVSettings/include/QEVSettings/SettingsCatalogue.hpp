@@ -51,6 +51,10 @@ public:
   // call. The reference is valid as long as this object, and a descriptor until the next call.
   const PreferenceCatalogue& current();
 
+  // The descriptor of one key; null for a key that is not described. Asks the analyzers only for a
+  // key that is not of the host. Valid until the next call that takes the analyzers' settings anew.
+  const PreferenceDescriptor* find(std::string_view key);
+
   // The keys with fixed names and those of the host, without asking any analyzer.
   std::vector<PreferenceDescriptor> own() const;
 

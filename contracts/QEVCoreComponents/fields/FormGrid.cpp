@@ -15,7 +15,7 @@ using QEVCommonTools::Spacing;
 
 GridRow formRow(const std::string& label, const View& control, std::vector<std::string> keys) {
   return {.cells = {
-              Text(label),
+              QEVCommonTools::settingLabel(keys, Text(label)),
               QEVCommonTools::settingRow(std::move(keys), control),
           }};
 }

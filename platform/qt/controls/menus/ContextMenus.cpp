@@ -97,11 +97,12 @@ bool ContextMenus::openAt(QPoint onScreen, const QWidget& under) {
 }
 
 bool ContextMenus::openOf(viewkit::NodeId id) {
-  auto menu = tree_.host().contextMenuOf(id);
-  const viewkit::PresentationNode* node = menu ? tree_.host().node(id) : nullptr;
+  viewkit::ViewHost& host = tree_.host();
+  if (!host.hasContextMenu(id)) return false;
+  host.reveal(id);
+  auto menu = host.contextMenuOf(id);
+  const viewkit::PresentationNode* node = menu ? host.node(id) : nullptr;
   if (!node) return false;
-  tree_.host().reveal(id);
-  tree_.host().update();
   const MirroredTree::Place place = tree_.placeOf(*node);
   return open(std::move(menu), QRect(place.widget->mapToGlobal(place.rect.topLeft()).toPoint(),
                                      place.rect.size().toSize()));

@@ -203,12 +203,16 @@ void TextField::contextMenuEvent(QContextMenuEvent* event) {
   if (!node()) return;
   QMenu* menu = createStandardContextMenu();
   menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setLayoutDirection(layoutDirection());
   if (ofView) {
     menu->addSeparator();
     for (const viewkit::MenuItem& item : ofView->items) {
       QAction* action = menu->addAction(toQString(item.title));
       action->setEnabled(item.isEnabled);
-      connect(action, &QAction::triggered, this, item.action);
+      connect(action, &QAction::triggered, this, [this, act = item.action] {
+        if (node()) tree().host().update();
+        act();
+      });
     }
   }
   menu->popup(event->globalPos());
