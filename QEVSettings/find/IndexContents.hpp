@@ -24,7 +24,14 @@ public:
   using GroupNumber = std::uint32_t;
 
   // What a word in a text is worth.
-  enum Worth : int { kPurpose = 2, kKey = 2, kDescription = 3, kTab = 4, kValue = 5, kTitle = 8 };
+  enum Worth : int {
+    kPurpose = 2,
+    kContained = 2,
+    kDescription = 3,
+    kTab = 4,
+    kValue = 5,
+    kTitle = 8
+  };
 
   // A tab, or an analyzer: what its rows have in common.
   struct Group {
@@ -36,13 +43,15 @@ public:
     std::optional<std::size_t> number = std::nullopt;
   };
 
-  // A row, or with an empty key the analyzer or tab itself.
+  // A row or a protocol in it, or with an empty key the analyzer or tab itself.
   struct Entry {
     GroupNumber group;
     TextNumber text;
     std::string title;
     std::string row = {};
     std::string key = {};
+    // Of a protocol: the title of the row.
+    std::string rowTitle = {};
   };
 
   Contents(std::shared_ptr<const SearchedSettings> settings,
@@ -66,6 +75,7 @@ private:
   void addTabs();
   void addSetting(const PreferenceDescriptor& setting, GroupNumber group,
                   const AnalyzerSettings* analyzer);
+  void addProtocols(const QEVDependencies::AnalyzerPortsSpec& ports, const Entry& row);
   // The group of a place; nothing for a place that the window does not have.
   std::optional<GroupNumber> groupOf(const PreferencePlace& place);
 
