@@ -68,7 +68,8 @@ View FoundList::body() const {
     return row(best[static_cast<std::size_t>(position)], position == selected)
         .onTap([model, position] { model->choose(position); })
         .accessibilityRole(Role::listItem)
-        .accessibilitySelected(position == selected);
+        .accessibilitySelected(position == selected)
+        .id(std::int64_t{position});
   };
   const View rows =
       VStack({.spacing = 0},

@@ -90,7 +90,8 @@ struct Rows {
                            const std::string name = std::to_string(number);
                            return HStack({}, {Text(name).frame(FixedFrame{.height = 60}),
                                               Button("off " + name, [] {}).disabled(true),
-                                              Button("on " + name, [] {})});
+                                              Button("on " + name, [] {})})
+                               .id(name);
                          })});
       return ScrollView({}, rows);
     });
