@@ -3,6 +3,7 @@
 
 #include "QEVSettings/SettingsIndex.hpp"
 #include "find/SearchText.hpp"
+#include "find/WordWorths.hpp"
 
 #include <cstddef>
 #include <cstdint>
@@ -61,6 +62,10 @@ public:
   bool isOutdated() const { return settings_->revision() != revision_; }
   void addNextAnalyzer();
 
+  std::vector<std::shared_ptr<const WordWorths::Worths>> worthsOf(
+      const std::vector<std::string>& words) {
+    return words_.of(words, texts_);
+  }
   const std::vector<SearchText>& texts() const { return texts_; }
   const std::vector<Group>& groups() const { return groups_; }
   const std::vector<Entry>& entries() const { return entries_; }
@@ -87,6 +92,7 @@ private:
   std::vector<PreferenceDescriptor> ofAnalyzers_;
 
   std::vector<SearchText> texts_;
+  WordWorths words_;
   std::unordered_map<std::string, TextNumber> known_;
   std::vector<Group> groups_;
   std::vector<Entry> entries_;

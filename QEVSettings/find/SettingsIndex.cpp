@@ -27,13 +27,11 @@ struct Fitting {
 // One search.
 class Search {
 public:
-  Search(const Contents& contents, const SearchQuery& query, const PreferencesStore& store)
-      : contents_(contents), query_(query), stored_(contents, query, store) {
-    worths_.reserve(contents.texts().size() * query.words.size());
-    for (const SearchText& text : contents.texts()) {
-      for (const std::string& word : query.words) worths_.push_back(text.worthOf(word));
-    }
-  }
+  Search(Contents& contents, const SearchQuery& query, const PreferencesStore& store)
+      : contents_(contents),
+        query_(query),
+        stored_(contents, query, store),
+        worths_(contents.worthsOf(query.words)) {}
 
   std::vector<Fitting> fitting() const {
     std::vector<Fitting> fitting;
@@ -72,15 +70,13 @@ private:
     return contents_.texts()[entry.text].equals(query_.phrase) ? worth + kWholeQuery : worth;
   }
 
-  int worthIn(Contents::TextNumber text, std::size_t word) const {
-    return worths_[text * query_.words.size() + word];
-  }
+  int worthIn(Contents::TextNumber text, std::size_t word) const { return (*worths_[word])[text]; }
 
   const Contents& contents_;
   const SearchQuery& query_;
   StoredValues stored_;
-  // Of each text, for each word.
-  std::vector<int> worths_;
+  // For each word, of each text.
+  std::vector<std::shared_ptr<const WordWorths::Worths>> worths_;
 };
 
 }  // namespace
