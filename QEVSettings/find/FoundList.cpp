@@ -93,7 +93,7 @@ View FoundList::body() const {
                     best.empty() ? View() : list.frame(FlexibleFrame{.maxHeight = kHighest}),
                 })
       .padding(Spacing::s4)
-      .frame(FixedFrame{.width = kWidth});
+      .frame(FixedFrame{.width = kWidth, .alignment = Alignment::leading()});
 }
 
 }  // namespace QEVSettings

@@ -3,18 +3,21 @@
 // screen, among 31 and 10,000 analyzers. Times are those of the processor, which other programs
 // affect less.
 
-#include "QEVModels/QEVPlugInsController.hpp"
-#include "SettingsHost.hpp"
-#include "foundation/MainQueue.hpp"
+#include "QEVSettings/QEVSettingsView.hpp"
+#include "QEVSettings/StoredAppearance.hpp"
 #include "foundation/UserDefaults.hpp"
 #include "headless/Window.hpp"
+#include "sparkle/UpdaterConfiguration.hpp"
+#include "window/Analyzers.hpp"
 
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 namespace {
@@ -54,8 +57,33 @@ double press(headless::Window& window, const std::string& text) {
   return now() - begin;
 }
 
-Typing typed(zorvantine::SettingsHost& host) {
-  headless::Window window(host.settingsView(zorvantine::Tab::general), host.environment());
+struct NoInterfaces final : QEVCoreComponents::NetworkInterfaces {
+  std::vector<QEVCoreComponents::NetworkInterface> all() const override { return {}; }
+};
+
+// What every window shows.
+struct Models {
+  Models() {
+    sparkle::UpdaterConfiguration configuration;
+    configuration.store = store.get();
+    sparkle::UpdaterConfiguration::setStandard(configuration);
+    updater = std::make_shared<QEVSettings::UpdaterViewModel>();
+  }
+
+  viewkit::View settings() const {
+    return QEVSettings::QEVSettingsView(updater,
+                                        std::make_shared<QEVSettings::StoredAppearance>(*store),
+                                        std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(
+                                            *store, std::make_shared<NoInterfaces>()),
+                                        QEVSettings::QEVSettingsView::Tabs::general, std::nullopt);
+  }
+
+  std::unique_ptr<foundation::UserDefaults> store = foundation::UserDefaults::inMemory();
+  std::shared_ptr<QEVSettings::UpdaterViewModel> updater;
+};
+
+Typing typed(const Models& models) {
+  headless::Window window(models.settings(), {.defaultStore = *models.store});
   Typing typing;
   std::vector<double> later;
   const double begin = now();
@@ -84,21 +112,11 @@ double middle(std::vector<Typing> runs, double Typing::*part) {
   return runs[runs.size() / 2].*part;
 }
 
-void unloadAnalyzers() {
-  auto& registry = QEVModels::QEVPlugInsController::sharedManager();
-  const auto loaded = registry.snapshot();
-  for (const auto& analyzer : *loaded) registry.unregisterPlugIn(analyzer.id);
-}
-
-void measure(std::optional<std::size_t> analyzers, const char* name) {
-  const auto store = foundation::UserDefaults::inMemory();
-  unloadAnalyzers();
-  zorvantine::WindowOptions options;
-  options.syntheticAnalyzers = analyzers;
-  zorvantine::SettingsHost host(options, *store);
+void measure(const Models& models, std::size_t analyzers) {
+  registerAnalyzers(analyzers);
   std::vector<Typing> runs;
-  for (int run = 0; run < kRuns; ++run) runs.push_back(typed(host));
-  std::printf("%9s  %8.2f %8.2f  %8.2f  %8.2f %8.2f\n", name, middle(runs, &Typing::firstKey),
+  for (int run = 0; run < kRuns; ++run) runs.push_back(typed(models));
+  std::printf("%9zu  %9.2f %9.2f  %9.2f  %9.2f %9.2f\n", analyzers, middle(runs, &Typing::firstKey),
               worst(runs, &Typing::firstKey), middle(runs, &Typing::complete),
               middle(runs, &Typing::median), worst(runs, &Typing::slowest));
 }
@@ -106,10 +124,10 @@ void measure(std::optional<std::size_t> analyzers, const char* name) {
 }  // namespace
 
 int main() {
-  std::printf("Milliseconds from a key to its results on the page, %d runs of “%s”\n", kRuns,
+  const Models models;
+  std::printf("Milliseconds from a key to its results in the window, %d runs of “%s”\n", kRuns,
               std::string(kTyped).c_str());
-  std::printf("analyzers  first key, worst   complete  later key, worst\n");
-  measure(std::nullopt, "31");
-  measure(10'000, "10000");
+  std::printf("analyzers  first key     worst   complete  later key     worst\n");
+  for (const std::size_t analyzers : {31U, 10'000U}) measure(models, analyzers);
   return 0;
 }
