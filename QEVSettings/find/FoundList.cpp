@@ -38,18 +38,19 @@ std::string summary(const SettingsFinder& finder) {
 
 View row(const FoundSetting& found, bool isSelected) {
   const Color title = isSelected ? Color::selectedText() : Color::primary();
+  const std::string where = placeText(found);
   const Color place = isSelected ? Color::selectedText() : Color::secondary();
   return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s1)},
                 {
                     Text(found.title).foreground(title).lineLimit(1),
-                    Text(found.key.empty() && found.place.analyzer.empty() ? localized("Tab")
-                                                                           : placeText(found.place))
+                    Text(where.empty() ? localized("Tab") : where)
                         .font(Font::caption())
                         .foreground(place)
                         .lineLimit(1),
                 })
       .padding(Edges::vertical, Spacing::s3)
-      .padding(Edges::horizontal, Spacing::s5)
+      .padding(Edges::leading, Spacing::s5)
+      .padding(Edges::trailing, Spacing::s7)
       .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::leading()})
       .background(isSelected ? Color::accent() : klear())
       .clipped(kCornerMed);
@@ -67,7 +68,8 @@ View FoundList::body() const {
     return row(best[static_cast<std::size_t>(position)], position == selected)
         .onTap([model, position] { model->choose(position); })
         .accessibilityRole(Role::listItem)
-        .accessibilitySelected(position == selected);
+        .accessibilitySelected(position == selected)
+        .id(std::int64_t{position});
   };
   const View rows =
       VStack({.spacing = 0},
@@ -91,7 +93,7 @@ View FoundList::body() const {
                     best.empty() ? View() : list.frame(FlexibleFrame{.maxHeight = kHighest}),
                 })
       .padding(Spacing::s4)
-      .frame(FixedFrame{.width = kWidth});
+      .frame(FixedFrame{.width = kWidth, .alignment = Alignment::leading()});
 }
 
 }  // namespace QEVSettings

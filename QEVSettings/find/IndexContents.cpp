@@ -22,11 +22,11 @@ std::string withoutColon(std::string title) {
   return title;
 }
 
-void addProtocols(SearchText& text, const AnalyzerSettings& analyzer) {
+void addContained(SearchText& text, const AnalyzerSettings& analyzer) {
   if (!analyzer.ports) return;
   for (const auto& protocol : analyzer.ports->defaultPorts) {
-    text.add(protocol->protocolName.get(), SettingsIndex::Contents::kValue);
-    text.addPorts(protocol->protocolPorts.get(), SettingsIndex::Contents::kValue);
+    text.add(protocol->protocolName.get(), SettingsIndex::Contents::kContained);
+    text.addPorts(protocol->protocolPorts.get(), SettingsIndex::Contents::kContained);
   }
 }
 
@@ -83,7 +83,7 @@ void SettingsIndex::Contents::addNextAnalyzer() {
   SearchText text;
   text.add(title, kTitle);
   text.add(analyzer.description, analyzer.englishDescription, kDescription);
-  addProtocols(text, analyzer.settings);
+  addContained(text, analyzer.settings);
   entries_.push_back({.group = group, .text = shared(std::move(text)), .title = title});
   for (const PreferenceDescriptor& each : analyzerDescriptors(analyzer.settings))
     addSetting(each, group, &analyzer.settings);
@@ -101,14 +101,32 @@ void SettingsIndex::Contents::addSetting(const PreferenceDescriptor& setting, Gr
     text.add(withoutColon(settingText(setting.title)), withoutColon(setting.title), kTitle);
   text.add(settingText(setting.purpose), setting.purpose, kPurpose);
   for (const std::string& each : setting.valueTitles) text.add(settingText(each), each, kValue);
-  if (analyzer && analyzer->ports && setting.key == analyzer->ports->networkProtocolKey)
-    addProtocols(text, *analyzer);
+  const bool isPorts =
+      analyzer && analyzer->ports && setting.key == analyzer->ports->networkProtocolKey;
+  if (isPorts) addContained(text, *analyzer);
   byKey_.try_emplace(setting.key, entries_.size());
   entries_.push_back({.group = group,
                       .text = shared(std::move(text)),
                       .title = title,
                       .row = setting.place.row,
                       .key = setting.key});
+  if (isPorts) addProtocols(*analyzer->ports, Entry(entries_.back()));
+}
+
+// One result for each protocol: "5353" finds the protocol by its name.
+void SettingsIndex::Contents::addProtocols(const QEVDependencies::AnalyzerPortsSpec& ports,
+                                           const Entry& row) {
+  for (const auto& protocol : ports.defaultPorts) {
+    SearchText text;
+    text.add(protocol->protocolName.get(), kTitle);
+    text.addPorts(protocol->protocolPorts.get(), kValue);
+    entries_.push_back({.group = row.group,
+                        .text = shared(std::move(text)),
+                        .title = protocol->protocolName.get(),
+                        .row = row.row,
+                        .key = row.key,
+                        .rowTitle = row.title});
+  }
 }
 
 SettingsIndex::Contents::TextNumber SettingsIndex::Contents::shared(SearchText text) {

@@ -3,6 +3,7 @@
 
 #include "QEVSettings/SettingsIndex.hpp"
 #include "find/SearchText.hpp"
+#include "find/WordWorths.hpp"
 
 #include <cstddef>
 #include <cstdint>
@@ -24,7 +25,14 @@ public:
   using GroupNumber = std::uint32_t;
 
   // What a word in a text is worth.
-  enum Worth : int { kPurpose = 2, kKey = 2, kDescription = 3, kTab = 4, kValue = 5, kTitle = 8 };
+  enum Worth : int {
+    kPurpose = 2,
+    kContained = 2,
+    kDescription = 3,
+    kTab = 4,
+    kValue = 5,
+    kTitle = 8
+  };
 
   // A tab, or an analyzer: what its rows have in common.
   struct Group {
@@ -36,13 +44,15 @@ public:
     std::optional<std::size_t> number = std::nullopt;
   };
 
-  // A row, or with an empty key the analyzer or tab itself.
+  // A row or a protocol in it, or with an empty key the analyzer or tab itself.
   struct Entry {
     GroupNumber group;
     TextNumber text;
     std::string title;
     std::string row = {};
     std::string key = {};
+    // Of a protocol: the title of the row.
+    std::string rowTitle = {};
   };
 
   Contents(std::shared_ptr<const SearchedSettings> settings,
@@ -52,6 +62,10 @@ public:
   bool isOutdated() const { return settings_->revision() != revision_; }
   void addNextAnalyzer();
 
+  std::vector<std::shared_ptr<const WordWorths::Worths>> worthsOf(
+      const std::vector<std::string>& words) {
+    return words_.of(words, texts_);
+  }
   const std::vector<SearchText>& texts() const { return texts_; }
   const std::vector<Group>& groups() const { return groups_; }
   const std::vector<Entry>& entries() const { return entries_; }
@@ -66,6 +80,7 @@ private:
   void addTabs();
   void addSetting(const PreferenceDescriptor& setting, GroupNumber group,
                   const AnalyzerSettings* analyzer);
+  void addProtocols(const QEVDependencies::AnalyzerPortsSpec& ports, const Entry& row);
   // The group of a place; nothing for a place that the window does not have.
   std::optional<GroupNumber> groupOf(const PreferencePlace& place);
 
@@ -77,6 +92,7 @@ private:
   std::vector<PreferenceDescriptor> ofAnalyzers_;
 
   std::vector<SearchText> texts_;
+  WordWorths words_;
   std::unordered_map<std::string, TextNumber> known_;
   std::vector<Group> groups_;
   std::vector<Entry> entries_;

@@ -50,7 +50,9 @@ std::optional<std::uint32_t> number(std::string_view text) {
 }  // namespace
 
 void SearchText::add(std::string_view text, int worth) {
-  if (!text.empty()) fields_.push_back({.text = foundation::searchForm(text), .worth = worth});
+  if (text.empty()) return;
+  fields_.push_back({.text = foundation::searchForm(text), .worth = worth});
+  all_.append(fields_.back().text).append(1, '\n');
 }
 
 void SearchText::add(std::string_view text, std::string_view english, int worth) {
@@ -74,9 +76,11 @@ void SearchText::addPorts(std::string_view ports, int worth) {
 }
 
 int SearchText::worthOf(std::string_view word) const {
+  const bool isSomewhere = ::memmem(all_.data(), all_.size(), word.data(), word.size()) != nullptr;
+  if (!isSomewhere && ports_.empty()) return 0;
   int worth = 0;
   for (const Field& field : fields_) {
-    if (kIsAll * field.worth > worth)
+    if (isSomewhere && kIsAll * field.worth > worth)
       worth = std::max(worth, bestFit(field.text, word) * field.worth);
   }
   const auto port = ports_.empty() ? std::nullopt : number(word);

@@ -41,6 +41,8 @@ private:
   };
 
   std::vector<Field> fields_;
+  // The texts of all fields: most words are in none of them.
+  std::string all_;
   std::vector<Ports> ports_;
 };
 

@@ -27,25 +27,36 @@ struct Fitting {
 // One search.
 class Search {
 public:
-  Search(const Contents& contents, const SearchQuery& query, const PreferencesStore& store)
-      : contents_(contents), query_(query), stored_(contents, query, store) {
-    worths_.reserve(contents.texts().size() * query.words.size());
-    for (const SearchText& text : contents.texts()) {
-      for (const std::string& word : query.words) worths_.push_back(text.worthOf(word));
-    }
-  }
+  Search(Contents& contents, const SearchQuery& query, const PreferencesStore& store)
+      : contents_(contents),
+        query_(query),
+        stored_(contents, query, store),
+        worths_(contents.worthsOf(query.words)) {}
 
   std::vector<Fitting> fitting() const {
     std::vector<Fitting> fitting;
     for (std::size_t i = 0; i < contents_.entries().size(); ++i) {
       if (query_.isForChanged && !stored_.isChanged(i)) continue;
       const int worth = worthOf(i);
-      if (worth > 0 || query_.words.empty()) fitting.push_back({.worth = worth, .entry = i});
+      if (worth == 0 && !query_.words.empty()) continue;
+      if (fitting.empty() || !areOneRow(fitting.back().entry, i)) {
+        fitting.push_back({.worth = worth, .entry = i});
+      } else if (worth > fitting.back().worth) {
+        fitting.back() = {.worth = worth, .entry = i};
+      }
     }
     return fitting;
   }
 
 private:
+  // Settings that one row shows follow one another. They are one result.
+  bool areOneRow(std::size_t a, std::size_t b) const {
+    const Contents::Entry& first = contents_.entries()[a];
+    const Contents::Entry& second = contents_.entries()[b];
+    return first.group == second.group && !first.row.empty() && first.row == second.row &&
+           first.title == second.title;
+  }
+
   int worthOf(std::size_t number) const {
     const Contents::Entry& entry = contents_.entries()[number];
     const Contents::TextNumber names = contents_.groups()[entry.group].names;
@@ -59,15 +70,13 @@ private:
     return contents_.texts()[entry.text].equals(query_.phrase) ? worth + kWholeQuery : worth;
   }
 
-  int worthIn(Contents::TextNumber text, std::size_t word) const {
-    return worths_[text * query_.words.size() + word];
-  }
+  int worthIn(Contents::TextNumber text, std::size_t word) const { return (*worths_[word])[text]; }
 
   const Contents& contents_;
   const SearchQuery& query_;
   StoredValues stored_;
-  // Of each text, for each word.
-  std::vector<int> worths_;
+  // For each word, of each text.
+  std::vector<std::shared_ptr<const WordWorths::Worths>> worths_;
 };
 
 }  // namespace
@@ -106,17 +115,23 @@ FoundSettings SettingsIndex::find(std::string_view text, PreferencesStore& store
     const Contents::Group& group = contents_->groups()[entry.group];
     found.best.push_back({.title = entry.title,
                           .place = {.tab = group.tab, .analyzer = group.analyzer, .row = entry.row},
-                          .key = entry.key});
+                          .key = entry.key,
+                          .rowTitle = entry.rowTitle});
   }
   return found;
 }
 
-std::string placeText(const PreferencePlace& place) {
+std::string placeText(const FoundSetting& found) {
+  constexpr const char* within = " › ";
+  const PreferencePlace& place = found.place;
   const auto tabs = settingTabs();
   const auto* const tab = std::ranges::find(tabs, place.tab, &SettingTab::name);
-  if (tab == tabs.end()) return place.analyzer;
-  const std::string title = settingText(tab->title);
-  return place.analyzer.empty() ? title : title + " › " + place.analyzer;
+  const bool isAnalyzer = found.key.empty() && !place.analyzer.empty();
+  if (tab == tabs.end() || (found.key.empty() && !isAnalyzer)) return {};
+  std::string text = settingText(tab->title);
+  if (!isAnalyzer && !place.analyzer.empty()) text += within + place.analyzer;
+  if (!found.rowTitle.empty()) text += within + found.rowTitle;
+  return text;
 }
 
 }  // namespace QEVSettings

@@ -20,11 +20,14 @@ namespace {
 
 constexpr double kTintOpacity = 0.16;
 constexpr double kTintBorder = 2;
+// Beyond the row on each side, in points.
+constexpr double kTintOutset = 3;
 
 View tint() {
   return RoundedRectangle(kCornerLow, CornerStyle::continuous)
       .fill(Color::accent().withOpacity(kTintOpacity))
-      .border(Color::accent(), kTintBorder);
+      .border(Color::accent(), kTintBorder)
+      .padding(-kTintOutset);
 }
 
 struct SettingRow {

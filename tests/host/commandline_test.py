@@ -195,6 +195,7 @@ class CommandLine(unittest.TestCase):
             ["prefs", "verify"],
             ["prefs", "watch"],
             ["analyzers"],
+            ["find", "dns"],
             ["describe"],
         ):
             self.assertIn(f"no store {self.store}", self.run_host(*words, code=3))
@@ -258,7 +259,8 @@ class CommandLine(unittest.TestCase):
 
     def reading(self):
         exported = str(self.folder / "no" / "such" / "folder")
-        return [["prefs", "list"], ["prefs", "get", "key"], ["prefs", "export", exported], ["analyzers"], ["describe"]]
+        return [["prefs", "list"], ["prefs", "get", "key"], ["prefs", "export", exported], ["analyzers"],
+                ["find", "dns"], ["describe"]]
 
     def test_commands_refuse_a_file_that_is_no_store_and_leave_it_alone(self):
         database = self.folder / "other.sqlite"
@@ -303,7 +305,7 @@ class CommandLine(unittest.TestCase):
     def test_commands_that_read_leave_the_folder_as_it_is(self):
         self.run_host("prefs", "set", "key", "--string", "value")
         before = self.files()
-        for words in (["prefs", "list"], ["prefs", "get", "key"], ["prefs", "verify"], ["analyzers"], ["describe"]):
+        for words in (["prefs", "list"], ["prefs", "get", "key"], ["prefs", "verify"], ["analyzers"], ["find", "dns"], ["describe"]):
             self.run_host(*words)
             self.assertEqual(self.files(), before, words)
 
@@ -576,6 +578,31 @@ class CommandLine(unittest.TestCase):
         text = self.run_host("analyzers")
         for title in analyzers:
             self.assertRegex(text, f"(?m)^{re.escape(title)} ")
+
+    def test_settings_are_found_wherever_the_window_shows_them(self):
+        self.run_host("prefs", "set", f"{PREFIX}tcp_checksums", "--bool", "true")
+        found = json.loads(self.run_host("find", "5353", "--format", "json"))
+        self.assertEqual(
+            found[0],
+            {"title": "Multicast DNS", "tab": "analyze", "analyzer": "DNS", "key": f"{PREFIX}dns_protocols"},
+        )
+        self.assertIn({"title": "DNS", "tab": "analyze", "analyzer": "DNS", "key": None}, found)
+        capture = json.loads(self.run_host("find", "CAPTURE", "--format", "json"))[0]
+        self.assertEqual(capture, {"title": "Capture", "tab": "capture", "analyzer": None, "key": None})
+        self.assertEqual(
+            self.run_host("find", "Checksums", "tcp"), f"Compute checksums  Analyzer › TCP  {PREFIX}tcp_checksums\n"
+        )
+        changed = json.loads(self.run_host("find", "is:changed", "--format", "json"))
+        self.assertEqual([each["key"] for each in changed], [f"{PREFIX}tcp_checksums"])
+        described = json.loads(self.run_host("prefs", "describe", "--format", "json"))
+        for each in json.loads(self.run_host("find", "e", "--format", "json")):
+            self.assertIn(each["tab"], ("general", "capture", "proxy", "analyze", "appearance"))
+            if each["key"] is not None:
+                self.assertIn(each["key"], described)
+        nothing = subprocess.run(self.command("find", "zebra", "--format", "json"), capture_output=True, text=True)
+        self.assertEqual((nothing.returncode, json.loads(nothing.stdout)), (1, []))
+        self.assertRegex(nothing.stderr, r"\Azorvantine: no setting has “zebra”[^\n]*\n\Z")
+        self.run_host("find", code=2)
 
     def test_help_on_a_command_describes_that_command_alone(self):
         text = self.run_host("prefs", "set", "--help")

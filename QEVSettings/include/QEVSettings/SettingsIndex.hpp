@@ -53,6 +53,9 @@ struct FoundSetting {
   PreferencePlace place;
   // Empty for an analyzer or a tab.
   std::string key;
+  // The title of the row that shows the result, where that is another: a protocol stands in the row
+  // of the ports.
+  std::string rowTitle = {};
 
   friend bool operator==(const FoundSetting& a, const FoundSetting& b) {
     return a.title == b.title && a.key == b.key && a.place.tab == b.place.tab &&
@@ -67,8 +70,9 @@ struct FoundSettings {
   std::size_t count = 0;
 };
 
-// "Analyzer › DNS", in the user's language.
-std::string placeText(const PreferencePlace& place);
+// Where the user finds a result, in the user's language: "Analyzer › DNS", or "Analyzer › DNS ›
+// Ports" for a protocol. Empty for a tab.
+std::string placeText(const FoundSetting& found);
 
 // An index of the settings window: titles, purposes, tabs, analyzers with their descriptions and
 // protocols, ports, and values. A search ignores case and accents, and looks in the user's language

@@ -24,7 +24,9 @@ std::string joined(const std::vector<std::string>& words) {
 }
 
 void print(const FoundSetting& found, std::ostream& out) {
-  out << onOneLine(found.title) << "  " << onOneLine(QEVSettings::placeText(found.place));
+  out << onOneLine(found.title);
+  if (const std::string place = QEVSettings::placeText(found); !place.empty())
+    out << "  " << onOneLine(place);
   if (!found.key.empty()) out << "  " << onOneLine(found.key);
   out << '\n';
 }

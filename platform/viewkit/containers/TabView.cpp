@@ -53,15 +53,15 @@ public:
 
   void visitChildren(const Visitor& visit) override {
     if (header_) visit(*header_);
-    if (bar_) visit(*bar_);
     if (accessory_) visit(*accessory_);
+    if (bar_) visit(*bar_);
     for (Page& page : pages_) visit(*page.node);
   }
 
   void visitShownChildren(const Visitor& visit) override {
     if (header_) visit(*header_);
-    if (bar_) visit(*bar_);
     if (accessory_) visit(*accessory_);
+    if (bar_) visit(*bar_);
     if (Node* page = shownPage()) visit(*page);
   }
 
