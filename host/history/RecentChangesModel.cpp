@@ -5,7 +5,6 @@
 #include "QEVSettings/preferences/PreferenceKeys.hpp"
 #include "catalogue/HostSettings.hpp"
 #include "foundation/Bundle.hpp"
-#include "foundation/Translation.hpp"
 
 #include <algorithm>
 #include <array>
@@ -16,8 +15,15 @@
 namespace zorvantine {
 
 using foundation::RememberedChange;
-using foundation::translated;
 using QEVSettings::PreferenceValue;
+
+namespace {
+
+std::string localized(std::string_view key) {
+  return foundation::Bundle::mainBundle().localizedString(key);
+}
+
+}  // namespace
 
 RecentChangesModel::RecentChangesModel(const foundation::UserDefaults& store,
                                        QEVSettings::PreferencesStore& preferences, Write write)
@@ -50,16 +56,16 @@ std::string RecentChangesModel::emptyText() const {
   const auto* value = preferences_.find(QEVSettings::kKeepsHistory.name);
   const auto isKept = value != nullptr ? value->convertedToBoolean() : std::nullopt;
   return isKept.value_or(QEVSettings::kKeepsHistory.defaultValue)
-             ? translated("No changes are remembered yet.")
-             : translated("The history of changes is turned off.");
+             ? localized("No changes are remembered yet.")
+             : localized("The history of changes is turned off.");
 }
 
 std::string RecentChangesModel::obstacle(const RememberedChange& change) const {
   if (preferences_.isLocked(change.key)) return QEVSettings::lockedMessage(change.key);
-  if (!change.before.isKnown()) return translated("The former value was not kept.");
+  if (!change.before.isKnown()) return localized("The former value was not kept.");
   const auto* value = preferences_.personLayer().find(change.key);
   const bool isSame = value != nullptr ? change.before.value == *value : !change.before.value;
-  return isSame ? translated("The setting has this value now.") : "";
+  return isSame ? localized("The setting has this value now.") : "";
 }
 
 void RecentChangesModel::putBack(std::int64_t number) {
@@ -76,7 +82,7 @@ void RecentChangesModel::putBack(std::int64_t number) {
 std::string settingTitle(std::string_view key) {
   const auto* known = hostCatalogue().find(key);
   if (known == nullptr) return std::string(key);
-  const std::string title = foundation::Bundle::mainBundle().localizedString(known->title);
+  const std::string title = localized(known->title);
   return known->place.analyzer.empty() ? title : known->place.analyzer + " › " + title;
 }
 

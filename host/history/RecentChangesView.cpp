@@ -3,8 +3,9 @@
 
 #include "QEVCommonTools/Hairline.hpp"
 #include "QEVCommonTools/MessageText.hpp"
+#include "QEVCommonTools/PlainText.hpp"
 #include "QEVCommonTools/Spacing.hpp"
-#include "foundation/Translation.hpp"
+#include "foundation/Bundle.hpp"
 #include "history/HistoryText.hpp"
 #include "viewkit/Controls.hpp"
 #include "viewkit/LazyVStack.hpp"
@@ -21,7 +22,7 @@ namespace zorvantine {
 
 using namespace viewkit;
 using foundation::RememberedChange;
-using foundation::translated;
+using QEVCommonTools::formatted;
 using QEVCommonTools::Hairline;
 using QEVCommonTools::MessageKind;
 using QEVCommonTools::points;
@@ -36,6 +37,10 @@ constexpr double kSettingWidth = 220;
 constexpr double kValueWidth = 140;
 constexpr std::size_t kLongestValue = 60;
 constexpr std::size_t kLongestSpokenValue = 200;
+
+std::string localized(std::string_view key) {
+  return foundation::Bundle::mainBundle().localizedString(key);
+}
 
 using Cells = std::array<std::string, 4>;
 
@@ -72,8 +77,8 @@ int itemOf(const std::vector<RememberedChange>& changes, std::int64_t number) {
 View RecentChangesView::body() const {
   return VStack({.spacing = 0},
                 {
-                    cells({translated("Time"), translated("Setting"), translated("Before"),
-                           translated("After")})
+                    cells({localized("Time"), localized("Setting"), localized("Before"),
+                           localized("After")})
                         .font(Font::body().semibold())
                         .foreground(Color::secondary()),
                     Hairline{Color::separator()},
@@ -102,7 +107,7 @@ View RecentChangesView::list() const {
     return ScrollView({.list = items},
                       LazyVStack({.alignment = HorizontalAlignment::leading, .spacing = 0},
                                  {.count = changes.size(), .row = row}))
-        .accessibilityLabel(translated("Recent Changes"))
+        .accessibilityLabel(localized("Recent Changes"))
         .background(Color::controlBackground());
   });
 }
@@ -120,9 +125,9 @@ View RecentChangesView::row(const RememberedChange& change) const {
       .help(change.key + "\n" + change.program)
       .accessibilityRole(Role::listItem)
       .accessibilitySelected(isSelected)
-      .accessibilityLabel(translated("%1, %2, before: %3, after: %4",
-                                     {time, title, historyText(change.before, kLongestSpokenValue),
-                                      historyText(change.after, kLongestSpokenValue)}));
+      .accessibilityLabel(formatted(localized("%@, %@, before: %@, after: %@"),
+                                    {time, title, historyText(change.before, kLongestSpokenValue),
+                                     historyText(change.after, kLongestSpokenValue)}));
 }
 
 View RecentChangesView::footer() const {
@@ -135,7 +140,7 @@ View RecentChangesView::footer() const {
                     QEVCommonTools::messageText(model->problem(), MessageKind::problem),
                     remark(changes.empty() ? model->emptyText() : obstacle),
                     Spacer(),
-                    Button(translated("Put Back"),
+                    Button(localized("Put Back"),
                            [self = *this] { self.model->putBack(self.selected); })
                         .disabled(change == nullptr || !obstacle.empty()),
                 })

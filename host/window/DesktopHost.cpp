@@ -6,7 +6,6 @@
 #include "commands/Commands.hpp"
 #include "commands/ReplaceProcess.hpp"
 #include "foundation/Bundle.hpp"
-#include "foundation/Translation.hpp"
 #include "history/RecentChangesView.hpp"
 #include "history/historyRules.hpp"
 #include "profiles/Profiles.hpp"
@@ -125,7 +124,7 @@ std::unique_ptr<qt::Window> DesktopHost::makeRecentChangesWindow() const {
     return foundation::done();
   };
   return std::make_unique<qt::Window>(
-      qt::WindowOptions{.title = foundation::translated("Recent Changes"),
+      qt::WindowOptions{.title = foundation::Bundle::mainBundle().localizedString("Recent Changes"),
                         .environment = environment(),
                         .root = RecentChangesView{.model = std::make_shared<RecentChangesModel>(
                                                       person(), preferences, write)}});
