@@ -10,7 +10,7 @@
 
 namespace foundation {
 
-// What an observer of a property wants to be told.
+// What an observer of a property wants to be told. See Observable.
 enum class ObservingOptions : std::uint8_t {
   newValue = 1,  // the value after each assignment
   initial = 4,   // the value at the moment of subscribing, before `observe` returns
