@@ -26,7 +26,7 @@ constexpr bool contains(ObservingOptions options, ObservingOptions option) {
 //
 //     Observable<bool> canCheck{false};
 //     Subscription token = canCheck.observe(ObservingOptions::initial | ObservingOptions::newValue,
-//                                           [](bool can) { … });
+//                                           [](bool can) { show(can); });
 //
 // Every assignment is told, whether it changes the value or not. An observer may assign, subscribe
 // and unsubscribe while it is told. Main thread; neither copied nor moved.
