@@ -15,6 +15,9 @@
 namespace QEVSettings {
 
 // What an analyzer describes of its settings.
+//
+//     const AnalyzerSettings dns{.title = "DNS", .toggles = config.toggles, .color = config.color};
+//     for (PreferenceDescriptor& each : analyzerDescriptors(dns)) settings.add(std::move(each));
 struct AnalyzerSettings {
   std::string title;
   std::vector<QEVDependencies::AnalyzerToggleSpec> toggles = {};

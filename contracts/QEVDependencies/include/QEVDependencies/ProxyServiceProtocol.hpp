@@ -12,6 +12,11 @@ namespace QEVDependencies {
 
 // The host's interception proxy, as its settings page sees it. The service keeps its settings
 // itself, and announces each change of a getter's result before the change. Main thread.
+//
+//     void ProxyService::setEnabled(bool enabled) {  // ProxyService is the host's
+//       objectWillChange().announce();
+//       store_.setBool(enabled, kEnabledKey);
+//     }
 class ProxyServiceProtocol : public foundation::ObservableObject {
 public:
   // A setting of the page.

@@ -10,6 +10,11 @@
 namespace appkit {
 
 // A key that was pressed in one of the application's windows.
+//
+//     const auto consumeF1 = [](const Event& event) {
+//       return event.keyCode == Event::kF1 ? std::nullopt : std::optional(event);
+//     };
+//     monitor = Event::addLocalMonitorForEventsMatchingMask(Event::kKeyDownMask, consumeF1);
 struct Event {
   // The keys that the application itself asks for; a back end gives every other key kOtherKey.
   static constexpr int kDownArrow = 125;

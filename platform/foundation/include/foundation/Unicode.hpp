@@ -12,6 +12,11 @@ namespace foundation {
 inline constexpr char32_t kReplacementCharacter = 0xFFFD;
 
 // A character that was decoded, and how long it is.
+//
+//     while (const std::optional<Utf8Character> first = firstCharacter(text)) {
+//       use(first->codePoint);
+//       text.remove_prefix(first->length);
+//     }
 struct Utf8Character {
   char32_t codePoint;
   std::size_t length;  // in bytes, 1 to 4

@@ -28,8 +28,7 @@ enum class Suspicion;
 //
 //     UserDefaults& defaults = UserDefaults::standardUserDefaults();
 //     defaults.setObject("Europe/Berlin", key);  // kept, whatever becomes of this process
-//     defaults.stringForKey(key);                // as the last writer left it, whichever process
-//     that was
+//     defaults.stringForKey(key);                // the text of the last writer in any process
 //
 // A write that returned survives the end of the process, however sudden. It survives a power cut
 // too, unless the last write was less than 20 ms before: a burst of writes waits for the disk

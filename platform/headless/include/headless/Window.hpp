@@ -23,7 +23,7 @@ namespace headless {
 
 class Keyboard;
 
-// The keys that are pressed for what they do; the rest is typed with `Window::type`.
+// The keys that are pressed for what they do; the rest is typed with `Window::type`. See Window.
 enum class Key {
   enter,
   escape,

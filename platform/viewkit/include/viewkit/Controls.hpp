@@ -32,6 +32,8 @@ View FontChooser(std::string title, const Binding<appkit::Font>& selection);
 View Toggle(const Binding<bool>& isOn, ToggleControl::Size size = ToggleControl::Size::regular);
 
 // How a colour well works.
+//
+//     ColorWell(color.binding(), {.supportsOpacity = true})
 struct ColorWellOptions {
   bool supportsOpacity = false;
   // Remembers what is stored, and returns what brings that back (see
@@ -48,6 +50,8 @@ View PopUpMenu(std::string title, std::function<std::vector<MenuItem>()> items);
 View Menu(const View& label, std::string value, std::function<std::vector<MenuItem>()> items);
 
 // How a text field looks, and what its view says about the text.
+//
+//     TextField({.placeholder = "80, 443", .problem = problem}, ports.binding(), commit)
 struct TextFieldOptions {
   std::string placeholder = {};
   int lineLimit = 1;

@@ -10,6 +10,8 @@
 namespace viewkit {
 
 // The result of a key press. `closesWindow` asks the back end to close the window.
+//
+//     if (routeKey(host, press, focused) == KeyOutcome::closesWindow) close();
 enum class KeyOutcome { passedOn, handled, closesWindow };
 
 // Decides what a key press does in a window, the same in every back end. A back end calls it after

@@ -16,6 +16,8 @@ namespace viewkit {
 using NodeId = std::uint64_t;
 
 // What a node is for assistive technology.
+//
+//     Text("Filters").accessibilityRole(Role::heading)
 enum class Role {
   none,
   text,
@@ -48,6 +50,8 @@ std::string_view nameOf(Role role);
 //
 // Back ends also draw and operate a control by it: a disabled node takes no input, a menu shows its
 // value, and a chooser has the label as its title.
+//
+//     if (node.accessibility.role != Role::none) speak(node.accessibility.label);
 struct Accessibility {
   Role role = Role::none;
   std::string label = {};
@@ -77,6 +81,11 @@ struct Accessibility {
 // else.
 //
 // Painted in this order: the node's visual, then its children, first to last.
+//
+//     void paint(const PresentationNode& node) {
+//       draw(node.content, node.frameInWindow());
+//       for (const PresentationNode* child : node.children) paint(*child);
+//     }
 struct PresentationNode {
   NodeId id = 0;
   // In the coordinates of the parent.
@@ -99,6 +108,10 @@ struct PresentationNode {
 };
 
 // What one pass changed.
+//
+//     host.setObserver([](const PresentationChanges& changes) {
+//       for (const Rect& rect : changes.damage) repaint(rect);
+//     });
 struct PresentationChanges {
   // Nodes that are new, that moved, or whose content, attributes or children are not what they
   // were.

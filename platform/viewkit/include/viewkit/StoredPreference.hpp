@@ -33,6 +33,7 @@ inline std::optional<std::string> readPreference(const QEVSettings::PreferenceVa
 }
 
 // The binding of a view to a key, which lives as long as the identity of the view.
+// See StoredPreference.
 template <class T>
 struct PreferenceSlot : Slot {
   PreferenceSlot(QEVSettings::PreferencesStore& preferences, std::string name, T fallback)
@@ -75,6 +76,11 @@ struct PreferenceSlot : Slot {
 // A value of the environment's default store, bound to its key: reads with a default and never
 // writes it, writes at once, and runs the bodies that read it again when anyone, in this process or
 // another, changes the key. For Booleans, integers and strings.
+//
+//     struct HintsToggle {
+//       StoredPreference<bool> hints{"com_velloquin_zorvantine_hints", true};
+//       View body() const { return Toggle(hints.binding()).disabled(hints.isLocked()); }
+//     };
 template <class T>
 class StoredPreference : public ViewProperty<PreferenceSlot<T>> {
 public:

@@ -12,6 +12,10 @@
 namespace viewkit {
 
 // A page of a tab view, and the tab that shows it.
+//
+//     std::vector<Tab<Page>> tabs{{Page::general, "General", "slider.horizontal.3", general},
+//                                 {Page::fonts, "Fonts", "character.magnify", fonts}};
+//     TabView(page.binding(), std::move(tabs))
 template <class Tag>
 struct Tab {
   Tag tag;
@@ -21,7 +25,7 @@ struct Tab {
 };
 
 namespace detail {
-// A Tab whose tag is a number.
+// A Tab whose tag is a number. See Tab.
 struct TabPage {
   std::int64_t tag;
   std::string title;

@@ -19,6 +19,9 @@
 namespace viewkit {
 
 // A node of the laid-out tree as the user would describe it.
+//
+//     const NodeDescription root = host.describe();
+//     for (const NodeDescription& child : root.children) show(child.kind, child.frame);
 struct NodeDescription {
   // The view's type: "Text", "HStack", "SettingsIconRow".
   std::string kind;
@@ -32,6 +35,11 @@ struct NodeDescription {
 };
 
 // How much work was done since the counters were last set to zero.
+//
+//     host.counters() = {};
+//     player->isPlaying = true;
+//     host.update();
+//     EXPECT_EQ(host.counters().bodiesRun, 1u);
 struct PassCounters {
   std::uint64_t bodiesRun = 0;
   std::uint64_t nodesLaidOut = 0;
@@ -39,6 +47,8 @@ struct PassCounters {
 };
 
 // A text that its view has refused, and that is therefore not stored.
+//
+//     for (const RefusedText& refused : host.refusedTexts()) show(refused.label, refused.problem);
 struct RefusedText {
   // The accessibility label of the field.
   std::string label;
@@ -55,6 +65,11 @@ struct RefusedText {
 // measures and places what their change reaches, *present* tells the observer the difference.
 // Writes only mark; the update runs on the next turn of the main queue, once however many writes
 // there were. Main thread only.
+//
+//     ViewHost host(root, environment, metrics);
+//     host.setSize({.width = 840, .height = 600});
+//     host.setObserver([](const PresentationChanges& changes) { repaint(changes.damage); });
+//     host.update();
 class ViewHost {
 public:
   // The metrics outlive the host.

@@ -13,6 +13,8 @@
 namespace QEVSettings {
 
 // The whole numbers from one to another, both included.
+//
+//     descriptor.limits = IntegerRange{.lowest = 1, .highest = 1024};
 struct IntegerRange {
   std::int64_t lowest;
   std::int64_t highest;
@@ -22,6 +24,8 @@ struct IntegerRange {
 using PreferenceChoices = std::vector<std::string>;
 
 // Where the user finds a setting in the window.
+//
+//     descriptor.place = {.tab = "general", .row = "Packet time zone"};
 struct PreferencePlace {
   // The name of the tab: "general", "capture", "proxy", "analyze" or "appearance". Empty for a
   // setting that no page shows.
