@@ -18,6 +18,8 @@
 namespace QEVSettings {
 
 // What a settings window has beside its pages.
+//
+//     QEVSettingsView(updater, delegate, captureModel, tab, proxyPage, {.hasFind = false})
 struct SettingsWindowOptions {
   // A field that finds settings, at the trailing end of the tabs.
   bool hasFind = true;

@@ -10,6 +10,11 @@
 namespace QEVCommonTools {
 
 // What a window adds to the rows that show its settings. An object of the environment.
+//
+//     const SettingRowStyle style{.decorate = [](std::vector<std::string> keys,
+//                                                const viewkit::View& row) {
+//       return row.accessibilityLabel(keys.front());
+//     }};
 struct SettingRowStyle {
   // The row with what the window adds. `keys` are the row's keys in the preferences store.
   std::function<viewkit::View(std::vector<std::string> keys, const viewkit::View& row)> decorate;

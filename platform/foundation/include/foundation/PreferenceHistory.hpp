@@ -15,8 +15,6 @@ namespace foundation {
 
 // The history of a preferences store: what was changed, when, and by which program.
 //
-//     for (const RememberedChange& change : *store.history()) show(change.key, change.before);
-//
 // The newest change stands first. A change is remembered in the transaction that makes it, so that
 // store and history agree whenever a process ends.
 
@@ -28,6 +26,8 @@ inline constexpr std::chrono::days kLongestRemembered{90};
 inline constexpr std::size_t kMostRememberedBytes = 65'536;
 
 // What a key held before or after a change.
+//
+//     if (change.before.isKnown()) restore(change.key, change.before.value);
 struct RememberedValue {
   enum class Kind : std::uint8_t {
     none,      // the key had no value
@@ -47,6 +47,10 @@ struct RememberedValue {
 };
 
 // One change of one key.
+//
+//     const auto changes = store.history();
+//     if (!changes) return report(changes.error().message);
+//     for (const RememberedChange& change : *changes) show(change.key, change.program);
 struct RememberedChange {
   // Ascends with each change of the store, whichever process makes it. No two changes share one.
   std::int64_t number = 0;
@@ -63,6 +67,8 @@ struct RememberedChange {
 };
 
 // What a store remembers.
+//
+//     store.setHistoryRules({.isSecret = [](std::string_view key) { return key == "password"; }});
 struct HistoryRules {
   // Whether changes are remembered, asked at each change. Once it is false, the next change removes
   // what was remembered before. Empty: as kKeepsHistory of the store says.

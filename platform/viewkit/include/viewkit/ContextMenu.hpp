@@ -20,6 +20,9 @@ namespace viewkit {
 View contextMenu(const View& content, std::function<std::vector<MenuItem>()> items);
 
 // A context menu that was asked for, for back ends.
+//
+//     if (const std::optional<ContextMenu> menu = host.contextMenuAt(point))
+//       for (const MenuItem& item : menu->items) popUp(item.title, item.action);
 struct ContextMenu {
   // Their actions do nothing once the view is gone.
   std::vector<MenuItem> items;

@@ -10,6 +10,10 @@ namespace viewkit {
 
 // The key presses that a handler hears of: all in the window, or those made while a control inside
 // of the view has the keyboard.
+//
+//     onKeyPress(list, KeyScope::focusInside, [remove](const appkit::Event& press) {
+//       return press.characters == "\x7F" && remove();
+//     })
 enum class KeyScope { window, focusInside };
 
 // Calls the function for key presses while the view is on the screen, before the window and the
