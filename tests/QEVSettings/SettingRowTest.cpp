@@ -272,8 +272,8 @@ TEST_F(SettingRowTest, EveryRowOfEveryPageCopiesItsKeys) {
     copyAll(open(Tabs::analyze));
   }
   for (const PreferenceDescriptor* each : catalogue_->current().all()) {
-    if (!each->place.tab.empty() && !each->place.row.empty())
-      EXPECT_TRUE(copied.contains(each->key)) << each->key;
+    const bool isShown = !each->place.tab.empty() && !each->place.row.empty();
+    EXPECT_TRUE(!isShown || copied.contains(each->key)) << each->key;
   }
 }
 
