@@ -63,6 +63,7 @@ struct FoundSetting {
   }
 };
 
+// What a search found.
 struct FoundSettings {
   // The best first.
   std::vector<FoundSetting> best;
