@@ -17,6 +17,8 @@
 namespace QEVSettings {
 
 // An analyzer as a search sees it.
+//
+//     SearchedAnalyzer{.description = "Names and addresses", .settings = {.title = "DNS"}}
 struct SearchedAnalyzer {
   // Shown and searched; in the user's language.
   std::string description;
@@ -27,6 +29,11 @@ struct SearchedAnalyzer {
 
 // What a search looks through: the settings of a program, and its analyzers in the order of their
 // list. Main thread.
+//
+//     SearchedAnalyzer PlugInSettings::analyzer(std::size_t number) const {
+//       return {.description = plugIns_.at(number).description,
+//               .settings = {.title = plugIns_.at(number).title}};
+//     }
 class SearchedSettings {
 public:
   SearchedSettings() = default;
@@ -47,6 +54,7 @@ std::shared_ptr<const SearchedSettings> registeredSettings(
     std::shared_ptr<SettingsCatalogue> catalogue);
 
 // A place in the settings window that fits a search: a row, an analyzer or a tab.
+// See SettingsIndex.
 struct FoundSetting {
   // In the user's language.
   std::string title;
@@ -63,7 +71,10 @@ struct FoundSetting {
   }
 };
 
-// What a search found.
+// The result of a search.
+//
+//     const FoundSettings found = index.find("dns checksum", store, 20);
+//     if (found.count > found.best.size()) show(std::to_string(found.count) + " settings fit");
 struct FoundSettings {
   // The best first.
   std::vector<FoundSetting> best;
