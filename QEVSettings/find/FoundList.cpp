@@ -31,9 +31,8 @@ constexpr double kWidth = 360;
 constexpr double kHighest = 330;
 
 std::string summary(const SettingsFinder& finder) {
-  if (finder.found().count > 0)
-    return formatted(localized("Results: %@"), {std::to_string(finder.found().count)});
-  return localized(finder.isSearching() ? "Searching…" : "No setting found");
+  if (finder.found().count == 0 && !finder.isSearching()) return localized("No setting found");
+  return formatted(localized("Results: %@"), {std::to_string(finder.found().count)});
 }
 
 View row(const FoundSetting& found, bool isSelected) {

@@ -264,6 +264,12 @@ TEST_F(LocalizationTest, EveryTextOfTheTablesIsUsedAndNoOther) {
     window.click(window.find(Role::listItem, analyzer));
     texts.see(window);
   }
+  for (const char* query : {"fonts", "x-options", "x-nothing"}) {
+    window.press(headless::Key::f, appkit::Event::control);
+    window.type(query);
+    texts.see(window);
+  }
+  window.press(headless::Key::escape);
   window.selectTab(marked("Capture"));
   enter(window, marked("Buffer size (MiB)"), "0");
   enter(window, marked("Capture filter"), "(");

@@ -53,16 +53,16 @@ public:
 
   void visitChildren(const Visitor& visit) override {
     if (header_) visit(*header_);
-    if (accessory_) visit(*accessory_);
     if (bar_) visit(*bar_);
     for (Page& page : pages_) visit(*page.node);
+    if (accessory_) visit(*accessory_);
   }
 
   void visitShownChildren(const Visitor& visit) override {
     if (header_) visit(*header_);
-    if (accessory_) visit(*accessory_);
     if (bar_) visit(*bar_);
     if (Node* page = shownPage()) visit(*page);
+    if (accessory_) visit(*accessory_);
   }
 
 protected:

@@ -45,8 +45,8 @@ View makeTabView(std::vector<TabPage> pages, std::int64_t selected,
 // may come and go while the pages keep their state.
 //
 // The accessory stands at the trailing end of the bar, in the space that the tabs leave. Where they
-// leave less than 56 points, it has a row of its own above the bar. The Tab key reaches it before
-// the bar, and the page after that.
+// leave less than 56 points, it has a row of its own above the bar. The Tab key reaches it after
+// the page, which follows the bar.
 template <class Tag>
 View TabView(const Binding<Tag>& selection, std::vector<Tab<Tag>> tabs, View header = {},
              View accessory = {}) {
