@@ -33,9 +33,9 @@ QEVSettingsView::Tabs tabOf(Tab tab) {
 }
 
 // The updater keeps its settings in the store of the configuration.
-void useForUpdater(QEVSettings::PreferencesStore& store) {
+void useForUpdater(QEVSettings::PreferencesStore* store) {
   sparkle::UpdaterConfiguration configuration = sparkle::UpdaterConfiguration::standard();
-  configuration.store = &store;
+  configuration.store = store;
   sparkle::UpdaterConfiguration::setStandard(std::move(configuration));
 }
 
@@ -50,7 +50,7 @@ SettingsHost::SettingsHost(const WindowOptions& options, QEVSettings::Preference
   loadAnalyzers(options.syntheticAnalyzers, store);
   for (QEVSettings::PreferenceDescriptor& each : hostSettings()) catalogue_->add(std::move(each));
   delegate_ = std::make_shared<QEVSettings::StoredAppearance>(store);
-  useForUpdater(*recording_);
+  useForUpdater(recording_.get());
   updater_ = std::make_shared<QEVSettings::UpdaterViewModel>();
   capture_ = std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(
       *recording_, std::make_shared<MachineInterfaces>());
@@ -61,6 +61,8 @@ SettingsHost::SettingsHost(const WindowOptions& options, QEVSettings::Preference
   history_ = std::make_shared<QEVSettings::ActionHistory>(*recording_, writer_, catalogue_);
   reset_ = std::make_shared<QEVSettings::SettingsReset>(history_, catalogue_);
 }
+
+SettingsHost::~SettingsHost() { useForUpdater(nullptr); }
 
 viewkit::View SettingsHost::settingsView(Tab tab) const {
   std::optional<viewkit::View> proxyTab;

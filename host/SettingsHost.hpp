@@ -26,6 +26,10 @@ public:
   // The store outlives the host. Views are in the language that the options name.
   SettingsHost(const WindowOptions& options, QEVSettings::PreferencesStore& store);
 
+  ~SettingsHost();
+  SettingsHost(const SettingsHost&) = delete;
+  SettingsHost& operator=(const SettingsHost&) = delete;
+
   // Makes the content of one window.
   viewkit::View settingsView(Tab tab) const;
   // The environment of these windows.

@@ -97,11 +97,11 @@ Outcome SettingWriter::writeOne(const Setting& setting) {
   refusals_.erase(setting.key);
   if (store_.isLocked(setting.key)) return Error{QEVCommonTools::managedText()};
   if (setting.key.ends_with(kProtocolsKeySuffix)) return writePorts(setting);
-  if (!writeToUpdater(setting)) store(setting);
+  if (!writeToUpdater(setting)) storeValue(setting);
   return done();
 }
 
-void SettingWriter::store(const Setting& setting) {
+void SettingWriter::storeValue(const Setting& setting) {
   if (setting.value) {
     store_.setObject(*setting.value, setting.key);
   } else {
@@ -128,7 +128,7 @@ bool SettingWriter::writeToUpdater(const Setting& setting) {
 Outcome SettingWriter::writePorts(const Setting& setting) {
   const auto analyzer = analyzerPortsOf(setting.key);
   if (!analyzer) {
-    store(setting);
+    storeValue(setting);
     return done();
   }
   const QEVNetworkProtocolList& factory = analyzer->spec.defaultPorts;
@@ -149,7 +149,7 @@ Outcome SettingWriter::writePorts(const Setting& setting) {
       }
     }
   }
-  store(setting);
+  storeValue(setting);
   auto& center = foundation::NotificationCenter::defaultCenter();
   center.post(rawValue(QEVProtocolKonstants::protocolListDidChange));
   center.post(rawValue(QEVProtocolKonstants::portsDidChange));

@@ -3,6 +3,7 @@
 
 #include "QEVCommonTools/PlainText.hpp"
 #include "QEVModels/QEVPlugInsController.hpp"
+#include "QEVSettings/SettingDefault.hpp"
 #include "QEVSettings/preferences/PreferenceKeys.hpp"
 #include "changes/ActionStep.hpp"
 #include "resources/resource_bundle_accessor.hpp"
@@ -78,11 +79,8 @@ std::vector<std::string> SettingsReset::keys(
 std::size_t SettingsReset::countChanged(const std::vector<std::string>& keys) const {
   std::vector<SettingChange> changes;
   for (const std::string& key : keys) {
-    const auto value = store().personLayer().objectForKey(key);
     const PreferenceDescriptor* const descriptor = catalogue_->current().find(key);
-    if (!value || !descriptor) continue;
-    const auto& initial = descriptor->defaultValue;
-    if (!initial || !meanTheSame(*descriptor, *value, *initial)) changes.push_back({.key = key});
+    if (descriptor && isChangedByUser(*descriptor, store())) changes.push_back({.key = key});
   }
   return bySetting(changes).size();
 }

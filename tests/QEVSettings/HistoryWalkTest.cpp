@@ -49,7 +49,8 @@ public:
     for (int i = 0; i < kActions; ++i) {
       if (withSecondProcess && random(4) == 0) changeElsewhere(i);
       if (random(6) == 0) window->selectTab(oneOf(kTabs));
-      useSomething();
+      while (!useSomething()) {
+      }
       window->settle();
     }
     // Texts that are still being typed are committed.
@@ -82,10 +83,15 @@ public:
   std::map<std::string, PreferenceValue> foreign;
 
 private:
-  void useSomething() {
+  // Returns whether there was a control of the kind that was chosen.
+  bool useSomething() {
     const auto elements = window->findAll(oneOf(kRoles));
-    if (elements.empty()) return;
-    const Element& element = oneOf(elements);
+    if (elements.empty()) return false;
+    use(oneOf(elements));
+    return true;
+  }
+
+  void use(const Element& element) {
     switch (element.role()) {
       case Role::menuButton: {
         const auto items = window->menuItems(element);
@@ -172,11 +178,11 @@ TEST_P(HistoryWalkTest, UndoLeadsBackToTheStartAndRedoToTheEnd) {
   walk.walk(false);
   const PreferenceDictionary end = walk.settings();
   EXPECT_GT(end.size(), 20U) << "the walk has changed too little";
-  EXPECT_GT(undoAll(walk), 150);
+  EXPECT_GT(undoAll(walk), 100);
   EXPECT_EQ(walk.settings(), start);
-  EXPECT_GT(redoAll(walk), 150);
+  EXPECT_GT(redoAll(walk), 100);
   EXPECT_EQ(walk.settings(), end);
-  EXPECT_EQ(walk.window.notice(), "");
+  EXPECT_TRUE(walk.window.history->notice()->isEmpty());
 }
 
 TEST_P(HistoryWalkTest, ValuesOfASecondProcessAreNotOverwritten) {

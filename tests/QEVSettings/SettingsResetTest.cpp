@@ -19,7 +19,7 @@ protected:
   SettingsResetTest() {
     store->setObject("NSAppearanceNameAqua", kAppearanceName.name);
     store->setBool(false, kAppearanceUseSystem.name);
-    store->setObject("GMT", kPrefTimezoneString.name);
+    store->setObject("Asia/Tokyo", kPrefTimezoneString.name);
     store->setObject("tcp", "com_velloquin_zorvantine_capture_filter");
     store->setBool(false, HistoryWindow::kOptionKey);
     // Equal to its default, and no setting that a page shows.

@@ -81,7 +81,7 @@ public:
 
 private:
   foundation::Outcome writeOne(const Setting& setting);
-  void store(const Setting& setting);
+  void storeValue(const Setting& setting);
   bool writeToUpdater(const Setting& setting);
   foundation::Outcome writePorts(const Setting& setting);
   void applyAppearance() const;

@@ -32,9 +32,8 @@ public:
   void askToResetAll() const;
 
   // The name of the tab that the window shows, as in PreferencePlace. Said by the window's root
-  // view; empty while no window is open.
+  // view.
   void setShownTab(std::string_view tab) { shownTab_ = tab; }
-  bool hasShownTab() const { return !shownTab_.empty(); }
 
 private:
   // Those with a value of the user's that fit the condition.
