@@ -73,7 +73,9 @@ std::string defaultText(const PreferenceDescriptor& descriptor) {
   if (const auto standard = defaultOf(descriptor)) return valueText(descriptor, *standard);
   if (descriptor.key == kFontConsoleRaw.name) return localized("Monospaced system font");
   if (descriptor.type == Type::dictionary) return localized("System font");
-  return descriptor.key.ends_with(kColorKeySuffix) ? localized("Random color") : std::string();
+  // Of an analyzer's settings only the colour is a text without a default.
+  const bool isColor = descriptor.type == Type::string && !descriptor.place.analyzer.empty();
+  return isColor ? localized("Random color") : std::string();
 }
 
 std::string originText(const PreferencesStore& store, std::string_view key) {

@@ -9,10 +9,15 @@
 #include "QEVModels/PortsValidator.hpp"
 #include "QEVSettings/CheckForUpdatesView.hpp"
 #include "QEVSettings/ProxySettingsView.hpp"
+#include "QEVSettings/SettingWriter.hpp"
+#include "QEVSettings/SettingsCatalogue.hpp"
+#include "QEVSettings/catalogue/settingText.hpp"
+#include "QEVSettings/preferences/PreferenceKeys.hpp"
 #include "analyzers/AnalyzerDescription.hpp"
 #include "foundation/Bundle.hpp"
 #include "foundation/StringsFile.hpp"
 #include "support/TemporaryFolder.hpp"
+#include "viewkit/EnvironmentObjects.hpp"
 
 #include <gmock/gmock.h>
 
@@ -191,8 +196,67 @@ public:
   void setCertificatePath(std::optional<std::string>) override {}
 };
 
+// Says that its values come from there.
+class StoreOfOrigin final : public PreferencesStore {
+public:
+  explicit StoreOfOrigin(PreferenceOrigin origin) : origin_(origin) {}
+
+  PreferenceOrigin origin(std::string_view) const override { return origin_; }
+  const PreferenceValue* find(std::string_view) const override { return nullptr; }
+  PreferenceDictionary dictionaryRepresentation() const override { return {}; }
+  void setObject(PreferenceValue, std::string_view) override {}
+  void removeObject(std::string_view) override {}
+  [[nodiscard]] Subscription observe(std::string_view, Observer) override { return {}; }
+  [[nodiscard]] Subscription observeAll(Observer) override { return {}; }
+
+private:
+  PreferenceOrigin origin_;
+};
+
 class LocalizationTest : public AnalyzerWindowTest {
 protected:
+  // The titles, purposes and values of every setting, and what its row offers.
+  void seeSettings(MarkedTexts& texts) {
+    const auto catalogue = std::make_shared<SettingsCatalogue>();
+    auto settings = QEVCoreComponents::QEVCaptureViewModel::descriptors();
+    for (const auto* each : catalogue->current().all()) settings.push_back(*each);
+    for (const PreferenceDescriptor& each : settings) {
+      if (each.place.row.empty()) continue;
+      texts.see(settingText(each.title));
+      texts.see(settingText(each.purpose));
+      const bool isOfMachine = each.key == kPrefTimezoneString.name;
+      if (!isOfMachine && each.type != PreferenceValue::Type::data) texts.see(defaultText(each));
+    }
+    for (const auto origin :
+         {PreferenceOrigin::locked, PreferenceOrigin::commandLine, PreferenceOrigin::user,
+          PreferenceOrigin::administrator, PreferenceOrigin::standard})
+      texts.see(originText(StoreOfOrigin(origin), "x-key"));
+
+    store.setObject("x-zone", kPrefTimezoneString.name);
+    const auto open = [&](Tabs tab) {
+      return std::make_unique<headless::Window>(
+          settingsView(tab),
+          viewkit::Environment{.defaultStore = store,
+                               .objects = viewkit::EnvironmentObjects().with(catalogue).with(
+                                   std::make_shared<SettingWriter>(store))});
+    };
+    const auto seeMenu = [&](headless::Window& window, const headless::Element& element) {
+      ASSERT_TRUE(window.openContextMenu(element));
+      for (const auto& item : window.openMenuItems()) texts.see(item.title);
+      window.press(headless::Key::escape);
+    };
+    // The catalogue does not describe the settings of this page.
+    const auto capture = open(Tabs::capture);
+    seeMenu(*capture, capture->findAll(Role::toggle).front());
+    const auto general = open(Tabs::general);
+    const auto zone = general->find(Role::menuButton);
+    seeMenu(*general, zone);
+    texts.see(zone.note());
+    general->chooseFromContextMenu(zone, marked("What Is This?"));
+    for (const char* label : {"Key", "Default", "Origin"})
+      texts.see(general->findText(marked(label)).label());
+  }
+
   // With every option that an analyzer of the host has.
   static std::shared_ptr<AnalyzerPreferences> analyzerWithAllOptions() {
     auto preferences = std::make_shared<AnalyzerPreferences>();
@@ -309,6 +373,8 @@ TEST_F(LocalizationTest, EveryTextOfTheTablesIsUsedAndNoOther) {
   texts.see(QEVCommonTools::localized(QEVDependencies::validatedProxyPort("none").error().message));
   texts.see(
       headless::Window(QEVCommonTools::managed(viewkit::View(), true), {.defaultStore = store}));
+
+  seeSettings(texts);
 
   EXPECT_THAT(texts.unmarked(), IsEmpty())
       << "shown without being looked up, or missing in the English table";

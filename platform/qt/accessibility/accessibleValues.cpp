@@ -44,7 +44,7 @@ QString descriptionOf(const viewkit::Accessibility& accessibility) {
   if (said.isEmpty() && isValueDescription(accessibility.role))
     said = toQString(accessibility.value);
   if (said.isEmpty()) said = helpOf(accessibility);
-  if (!said.isEmpty() && !accessibility.note.empty()) said += ' ';
+  if (!said.isEmpty() && !accessibility.note.empty()) said += QLatin1String(", ");
   return said + toQString(accessibility.note);
 }
 
