@@ -37,6 +37,8 @@ public:
   const std::shared_ptr<QEVSettings::UpdaterViewModel>& updater() const { return updater_; }
   // What the window can write.
   QEVSettings::SettingsCatalogue& catalogue() { return *catalogue_; }
+  // Writes a setting as its page does.
+  const std::shared_ptr<QEVSettings::SettingWriter>& writer() const { return writer_; }
   // What the user did in the windows, and what brings back defaults.
   const std::shared_ptr<QEVSettings::ActionHistory>& history() const { return history_; }
   const std::shared_ptr<QEVSettings::SettingsReset>& reset() const { return reset_; }

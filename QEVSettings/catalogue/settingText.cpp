@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "catalogue/settingText.hpp"
+#include "QEVSettings/settingText.hpp"
 
 #include "QEVCommonTools/ManagedSetting.hpp"
 #include "QEVCommonTools/localized.hpp"

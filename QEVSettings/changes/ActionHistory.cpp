@@ -3,9 +3,9 @@
 
 #include "QEVCommonTools/PlainText.hpp"
 #include "QEVSettings/preferences/PreferenceKeys.hpp"
+#include "QEVSettings/settingName.hpp"
 #include "changes/ActionStep.hpp"
 #include "changes/replayStep.hpp"
-#include "changes/settingName.hpp"
 #include "foundation/MainQueue.hpp"
 #include "foundation/ScopedFlag.hpp"
 #include "resources/resource_bundle_accessor.hpp"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "changes/settingName.hpp"
+#include "QEVSettings/settingName.hpp"
 
 #include "QEVCommonTools/PlainText.hpp"
-#include "catalogue/settingText.hpp"
+#include "QEVSettings/settingText.hpp"
 
 #include <string_view>
 

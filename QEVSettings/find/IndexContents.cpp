@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "find/IndexContents.hpp"
 
-#include "catalogue/settingText.hpp"
+#include "QEVSettings/settingText.hpp"
 #include "find/SettingTabs.hpp"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "QEVSettings/SettingsIndex.hpp"
 
-#include "catalogue/settingText.hpp"
+#include "QEVSettings/settingText.hpp"
 #include "find/IndexContents.hpp"
 #include "find/SettingTabs.hpp"
 #include "find/StoredValues.hpp"

@@ -2,8 +2,8 @@
 #include "rows/SettingExplanation.hpp"
 
 #include "QEVCommonTools/Spacing.hpp"
-#include "catalogue/settingText.hpp"
-#include "changes/settingName.hpp"
+#include "QEVSettings/settingName.hpp"
+#include "QEVSettings/settingText.hpp"
 #include "resources/resource_bundle_accessor.hpp"
 #include "viewkit/Grid.hpp"
 #include "viewkit/Stacks.hpp"

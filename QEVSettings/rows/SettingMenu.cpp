@@ -2,8 +2,8 @@
 #include "rows/SettingMenu.hpp"
 
 #include "QEVCommonTools/PlainText.hpp"
+#include "QEVSettings/settingText.hpp"
 #include "appkit/Pasteboard.hpp"
-#include "catalogue/settingText.hpp"
 #include "resources/resource_bundle_accessor.hpp"
 
 #include <algorithm>

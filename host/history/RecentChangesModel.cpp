@@ -2,9 +2,14 @@
 #include "history/RecentChangesModel.hpp"
 
 #include "QEVSettings/LayeredPreferences.hpp"
+#include "QEVSettings/QEVPreferencesMigrationSteps.hpp"
 #include "QEVSettings/preferences/PreferenceKeys.hpp"
+#include "QEVSettings/settingName.hpp"
+#include "QEVSettings/settingText.hpp"
 #include "catalogue/HostSettings.hpp"
+#include "commandline/TextForm.hpp"
 #include "foundation/Bundle.hpp"
+#include "history/HistoryText.hpp"
 
 #include <algorithm>
 #include <array>
@@ -21,6 +26,14 @@ namespace {
 
 std::string localized(std::string_view key) {
   return foundation::Bundle::mainBundle().localizedString(key);
+}
+
+// The value before the change. It may be older than the migration of the store.
+std::optional<PreferenceValue> inCurrentForm(const RememberedChange& change) {
+  if (!change.before.value) return std::nullopt;
+  const auto current = QEVSettings::inCurrentSchema({{change.key, *change.before.value}});
+  return current && current->values.contains(change.key) ? current->values.at(change.key)
+                                                         : *change.before.value;
 }
 
 }  // namespace
@@ -50,6 +63,10 @@ void RecentChangesModel::read() {
   auto history = store_.history();
   problem_ = history ? writeProblem_ : history.error().message;
   changes_ = history ? *std::move(history) : std::vector<RememberedChange>();
+  // Not a setting of the user.
+  std::erase_if(changes_, [](const RememberedChange& change) {
+    return change.key == QEVSettings::kPrefsSchemaVersion.name;
+  });
 }
 
 std::string RecentChangesModel::emptyText() const {
@@ -73,7 +90,7 @@ void RecentChangesModel::putBack(std::int64_t number) {
   if (found == changes_.end() || !obstacle(*found).empty()) return;
   // The write makes another history.
   const RememberedChange change = *found;
-  const auto outcome = write_(change.key, change.before.value);
+  const auto outcome = write_(change.key, inCurrentForm(change));
   objectWillChange().announce();
   writeProblem_ = outcome ? "" : outcome.error().message;
   isCurrent_ = false;
@@ -82,8 +99,17 @@ void RecentChangesModel::putBack(std::int64_t number) {
 std::string settingTitle(std::string_view key) {
   const auto* known = hostCatalogue().find(key);
   if (known == nullptr) return std::string(key);
-  const std::string title = localized(known->title);
+  const std::string title = QEVSettings::settingName(*known);
   return known->place.analyzer.empty() ? title : known->place.analyzer + " › " + title;
+}
+
+std::string settingValueText(std::string_view key, const foundation::RememberedValue& value,
+                             std::size_t characters) {
+  const auto* known = value.value ? hostCatalogue().find(key) : nullptr;
+  const bool hasItsType = known != nullptr && known->type == value.value->type();
+  const std::string text = hasItsType ? QEVSettings::valueText(*known, *value.value) : "";
+  if (text.empty()) return historyText(value, characters);
+  return QEVSettings::firstCharacters(onOneLine(text), characters);
 }
 
 std::string localTimeText(PreferenceValue::Date time) {

@@ -7,6 +7,7 @@
 #include "foundation/Result.hpp"
 #include "foundation/UserDefaults.hpp"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -60,6 +61,10 @@ private:
 
 // The title of a setting in the user's language, with its analyzer; the key of an unknown one.
 std::string settingTitle(std::string_view key);
+
+// What a setting held before or after a change, as its page says it, cut to a number of characters.
+std::string settingValueText(std::string_view key, const foundation::RememberedValue& value,
+                             std::size_t characters);
 
 // A time of this machine's zone, as in "2026-11-25 21:41:59".
 std::string localTimeText(QEVSettings::PreferenceValue::Date time);

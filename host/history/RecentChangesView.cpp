@@ -6,7 +6,6 @@
 #include "QEVCommonTools/PlainText.hpp"
 #include "QEVCommonTools/Spacing.hpp"
 #include "foundation/Bundle.hpp"
-#include "history/HistoryText.hpp"
 #include "viewkit/Controls.hpp"
 #include "viewkit/LazyVStack.hpp"
 #include "viewkit/ScrollView.hpp"
@@ -116,8 +115,9 @@ View RecentChangesView::row(const RememberedChange& change) const {
   const bool isSelected = change.number == selected;
   const std::string time = localTimeText(change.time);
   const std::string title = settingTitle(change.key);
-  return cells({leftToRight(time), title, historyText(change.before, kLongestValue),
-                historyText(change.after, kLongestValue)})
+  return cells({leftToRight(time), title,
+                settingValueText(change.key, change.before, kLongestValue),
+                settingValueText(change.key, change.after, kLongestValue)})
       .frame(FlexibleFrame{.maxWidth = kUnlimited, .alignment = Alignment::leading()})
       .foreground(isSelected ? Color::selectedText() : Color::primary())
       .background(isSelected ? Color::accent() : Color::clear())
@@ -125,9 +125,10 @@ View RecentChangesView::row(const RememberedChange& change) const {
       .help(change.key + "\n" + change.program)
       .accessibilityRole(Role::listItem)
       .accessibilitySelected(isSelected)
-      .accessibilityLabel(formatted(localized("%@, %@, before: %@, after: %@"),
-                                    {time, title, historyText(change.before, kLongestSpokenValue),
-                                     historyText(change.after, kLongestSpokenValue)}));
+      .accessibilityLabel(
+          formatted(localized("%@, %@, before: %@, after: %@"),
+                    {time, title, settingValueText(change.key, change.before, kLongestSpokenValue),
+                     settingValueText(change.key, change.after, kLongestSpokenValue)}));
 }
 
 View RecentChangesView::footer() const {

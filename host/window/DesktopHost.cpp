@@ -117,17 +117,15 @@ foundation::UserDefaults& DesktopHost::person() const {
 }
 
 std::unique_ptr<qt::Window> DesktopHost::makeRecentChangesWindow() const {
-  auto& preferences = this->preferences();
-  const auto write = [&preferences](std::string_view key,
-                                    std::optional<QEVSettings::PreferenceValue> value) {
-    value ? preferences.setObject(*std::move(value), key) : preferences.removeObject(key);
-    return foundation::done();
+  const auto write = [writer = host_->writer()](std::string_view key,
+                                                std::optional<QEVSettings::PreferenceValue> value) {
+    return writer->write(key, std::move(value));
   };
   return std::make_unique<qt::Window>(
       qt::WindowOptions{.title = foundation::Bundle::mainBundle().localizedString("Recent Changes"),
                         .environment = environment(),
                         .root = RecentChangesView{.model = std::make_shared<RecentChangesModel>(
-                                                      person(), preferences, write)}});
+                                                      person(), preferences(), write)}});
 }
 
 void DesktopHost::run(Tab tab, const Interruption& interruption) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "QEVSettings/LayeredPreferences.hpp"
+#include "QEVSettings/QEVPreferencesMigration.hpp"
 #include "QEVSettings/preferences/HostIdentity.hpp"
 #include "QEVSettings/preferences/PreferenceKeys.hpp"
 #include "headless/Window.hpp"
@@ -118,6 +119,37 @@ TEST_F(RecentChanges, ClickSelectsAndPutBackRemovesWhatWasNotThereBefore) {
   window.click(window.findAll(Role::listItem)[2]);
   window.click(window.find(Role::button, "Put Back"));
   EXPECT_FALSE(store->objectForKey("a"));
+}
+
+TEST_F(RecentChanges, ValuesAreTextsOfTheirSettingsAndAnythingElseIsShownAsItIsStored) {
+  const std::string appearance(QEVSettings::kAppearanceName.name);
+  store->setObject(QEVSettings::kAppearanceNameAqua, appearance);
+  store->setObject(7, appearance);
+  store->setObject("of no setting\n", "a");
+  const auto window = open();
+  EXPECT_THAT(itemsOf(window), ElementsAre("a, before: no value, after: of no setting\\n",
+                                           "Appearance, before: Light, after: 7",
+                                           "Appearance, before: no value, after: Light"));
+}
+
+TEST_F(RecentChanges, ValueFromBeforeTheMigrationIsPutBackInItsPresentForm) {
+  const std::string key = "com_velloquin_qev_dns_protocols";
+  const auto bytes = [](std::string_view text) {
+    return PreferenceValue::Bytes(text.begin(), text.end());
+  };
+  const std::string record = R"([{"protocolName":"DNS","protocolPorts":)";
+  store->setObject(bytes(record + R"([53,5353]}])"), key);
+  QEVSettings::QEVPreferencesMigration::migrateIfNeeded(*store);
+  store->removeObject(key);
+  auto window = open();
+  // The change of the schema's version is not listed.
+  ASSERT_THAT(itemsOf(window), SizeIs(3));
+  window.click(window.findAll(Role::listItem)[1]);
+  window.click(window.find(Role::button, "Put Back"));
+  const auto value = store->objectForKey(key);
+  ASSERT_TRUE(value && value->asData());
+  EXPECT_EQ(std::string(value->asData()->begin(), value->asData()->end()),
+            record + R"("53,5353"}])");
 }
 
 TEST_F(RecentChanges, RefusalIsShownAndTheStoreStays) {

@@ -10,6 +10,8 @@
 namespace QEVSettings {
 
 // What the user is told of a setting, in the user's language. Main thread.
+//
+//     if (const auto* known = settings.current().find(key)) show(settingText(known->purpose));
 
 // A title or a purpose of a descriptor. The module, its sibling modules and the host each translate
 // those of their own settings.
