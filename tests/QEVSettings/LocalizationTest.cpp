@@ -11,7 +11,7 @@
 #include "QEVSettings/ProxySettingsView.hpp"
 #include "QEVSettings/SettingWriter.hpp"
 #include "QEVSettings/SettingsCatalogue.hpp"
-#include "QEVSettings/catalogue/settingText.hpp"
+#include "QEVSettings/settingText.hpp"
 #include "QEVSettings/preferences/PreferenceKeys.hpp"
 #include "analyzers/AnalyzerDescription.hpp"
 #include "foundation/Bundle.hpp"
