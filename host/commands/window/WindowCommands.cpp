@@ -107,9 +107,9 @@ std::vector<CommandEntry> windowCommands() {
                .program = Program::window},
               snapshotArguments),
       command({.name = "describe",
-               .help = "Print what is on a page: the kind, role, label, value and help of each "
-                       "element, whether it is enabled and selected, what it looks like (visual), "
-                       "and its frame in points. Changes no preference.",
+               .help = "Print what is on a page: the kind, role, label, value, help and note "
+                       "of each element, whether it is enabled and selected, what it looks like "
+                       "(visual), and its frame in points. Changes no preference.",
                .storeUse = StoreUse::reads,
                .program = Program::pages},
               describeArguments),
