@@ -10,6 +10,7 @@
 #include "commandline/TextForm.hpp"
 #include "foundation/Bundle.hpp"
 #include "history/HistoryText.hpp"
+#include "sparkle/SPUUpdater.hpp"
 
 #include <algorithm>
 #include <array>
@@ -26,6 +27,14 @@ namespace {
 
 std::string localized(std::string_view key) {
   return foundation::Bundle::mainBundle().localizedString(key);
+}
+
+// What the program remembers of itself is no setting of the user.
+bool isSetting(std::string_view key) {
+  constexpr std::array notSettings{QEVSettings::kAnalyzerSelectedIndex.name,
+                                   QEVSettings::kPrefsSchemaVersion.name,
+                                   sparkle::SPUUpdater::kLastCheckKey};
+  return std::ranges::find(notSettings, key) == notSettings.end();
 }
 
 // The value before the change. It may be older than the migration of the store.
@@ -63,10 +72,7 @@ void RecentChangesModel::read() {
   auto history = store_.history();
   problem_ = history ? writeProblem_ : history.error().message;
   changes_ = history ? *std::move(history) : std::vector<RememberedChange>();
-  // Not a setting of the user.
-  std::erase_if(changes_, [](const RememberedChange& change) {
-    return change.key == QEVSettings::kPrefsSchemaVersion.name;
-  });
+  std::erase_if(changes_, [](const RememberedChange& change) { return !isSetting(change.key); });
 }
 
 std::string RecentChangesModel::emptyText() const {

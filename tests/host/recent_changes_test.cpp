@@ -141,8 +141,9 @@ TEST_F(RecentChanges, ValueFromBeforeTheMigrationIsPutBackInItsPresentForm) {
   store->setObject(bytes(record + R"([53,5353]}])"), key);
   QEVSettings::QEVPreferencesMigration::migrateIfNeeded(*store);
   store->removeObject(key);
+  store->setInteger(3, QEVSettings::kAnalyzerSelectedIndex.name);
   auto window = open();
-  // The change of the schema's version is not listed.
+  // The schema's version and the selected analyzer are not listed.
   ASSERT_THAT(itemsOf(window), SizeIs(3));
   window.click(window.findAll(Role::listItem)[1]);
   window.click(window.find(Role::button, "Put Back"));
