@@ -5,7 +5,7 @@
     put_into_docs.py FOLDER NAME OUTPUT
 
 The place is between the lines `<!-- scripts/bench NAME -->` and `<!-- end of NAME -->`. Output
-without a table is put there as it is, in a fenced block.
+without a table is put there as it is, in a fenced block, except for a paragraph about the machine.
 """
 
 import sys
@@ -19,7 +19,9 @@ def main():
     if not printed:
         sys.exit(f"put_into_docs.py: the benchmark {name} has printed nothing")
     if "|---" not in printed:
-        printed = f"```\n{printed}\n```"
+        begin_of_figures = printed.find("\n\n") + 2 if printed.startswith("Measured on ") else 0
+        machine, figures = printed[:begin_of_figures], printed[begin_of_figures:]
+        printed = f"{machine}```\n{figures}\n```"
     for page in sorted(folder.glob("*.md")):
         text = page.read_text(encoding="utf-8")
         if begin not in text:

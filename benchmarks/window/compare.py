@@ -80,7 +80,8 @@ def session_bus():
 def x_server():
     """The name of a display of 24 bits that ends with the block."""
     reader, writer = os.pipe()
-    screen = ["-screen", "0", "1280x1024x24", "-nolisten", "tcp"]
+    # A server that resets itself when its last client leaves would keep the next one waiting.
+    screen = ["-screen", "0", "1280x1024x24", "-nolisten", "tcp", "-noreset"]
     command = ["Xvfb", "-displayfd", str(writer), *screen]
     server = subprocess.Popen(command, pass_fds=[writer], stderr=subprocess.DEVNULL)
     os.close(writer)

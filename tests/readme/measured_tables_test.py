@@ -49,8 +49,9 @@ def test_only_the_tables_are_replaced(folder):
         text == "Before.\n<!-- scripts/bench a -->\n\n| new |\n|---|\n\n<!-- end of a -->\nAfter.\n",
         f"the page has become\n{text}",
     )
-    done = put(folder, "a", "no table")
-    check("\n```\nno table\n```\n" in page.read_text(encoding="utf-8"), "text without a table is not fenced")
+    put(folder, "a", "Measured on a machine.\n\nno table\n")
+    text = page.read_text(encoding="utf-8")
+    check("\nMeasured on a machine.\n\n```\nno table\n```\n" in text, f"no table is fenced in\n{text}")
 
 
 def test_nothing_is_put_where_no_place_is(folder):
