@@ -18,6 +18,17 @@ std::string localized(std::string_view key) {
   return foundation::Bundle::mainBundle().localizedString(key);
 }
 
+std::string_view keyOf(ProxyService::Setting setting) {
+  switch (setting) {
+    case ProxyService::Setting::enabled: return ProxyService::kEnabled;
+    case ProxyService::Setting::listeningAddress: return ProxyService::kListeningAddress;
+    case ProxyService::Setting::upstream: return ProxyService::kUpstream;
+    case ProxyService::Setting::interceptsTLS: return ProxyService::kInterceptsTLS;
+    case ProxyService::Setting::certificatePath: break;
+  }
+  return ProxyService::kCertificatePath;
+}
+
 }  // namespace
 
 ProxyService::ProxyService(QEVSettings::PreferencesStore& store)
@@ -25,15 +36,10 @@ ProxyService::ProxyService(QEVSettings::PreferencesStore& store)
         if (key.starts_with(kKeyPrefix)) objectWillChange().announce();
       })) {}
 
-bool ProxyService::isManaged(Setting setting) const {
-  switch (setting) {
-    case Setting::enabled: return store_.isLocked(kEnabled);
-    case Setting::listeningAddress: return store_.isLocked(kListeningAddress);
-    case Setting::upstream: return store_.isLocked(kUpstream);
-    case Setting::interceptsTLS: return store_.isLocked(kInterceptsTLS);
-    case Setting::certificatePath: break;
-  }
-  return store_.isLocked(kCertificatePath);
+bool ProxyService::isManaged(Setting setting) const { return store_.isLocked(keyOf(setting)); }
+
+std::vector<std::string> ProxyService::keysOf(Setting setting) const {
+  return {std::string(keyOf(setting))};
 }
 
 bool ProxyService::isEnabled() const { return store_.boolForKey(kEnabled); }

@@ -38,6 +38,7 @@ public:
   explicit ProxyService(QEVSettings::PreferencesStore& store);
 
   bool isManaged(Setting setting) const override;
+  std::vector<std::string> keysOf(Setting setting) const override;
   bool isEnabled() const override;
   void setEnabled(bool enabled) override;
   std::optional<std::string> problem() const override;

@@ -4,15 +4,13 @@
 #include "QEVModels/QEVPlugInsController.hpp"
 #include "analyzers/AnalyzerSettingsDetailView.hpp"
 #include "analyzers/AnalyzertSettingRowView.hpp"
-#include "appkit/Application.hpp"
-#include "appkit/Responder.hpp"
-#include "appkit/Window.hpp"
 #include "resources/resource_bundle_accessor.hpp"
 #include "viewkit/Animation.hpp"
 #include "viewkit/GroupBox.hpp"
 #include "viewkit/LazyVStack.hpp"
 #include "viewkit/Stacks.hpp"
 #include "viewkit/Text.hpp"
+#include "window/isEditingText.hpp"
 
 #include <algorithm>
 #include <functional>
@@ -25,11 +23,6 @@ using appkit::Event;
 using QEVModels::QEVPlugInsController;
 
 namespace {
-
-bool isEditingText() {
-  const appkit::Window* window = appkit::Application::sharedApplication().keyWindow();
-  return window && dynamic_cast<const appkit::Text*>(window->firstResponder());
-}
 
 // Reads the selection in a body of its own, so that a new selection does not rebuild the list.
 struct FollowingSelection {

@@ -6,6 +6,7 @@
 #include "analyzers/AnalyzerError.hpp"
 #include "foundation/Diagnostics.hpp"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -14,11 +15,28 @@ namespace QEVSettings {
 using QEVDependencies::QEVPluginPreferencesProtocol;
 using QEVModels::QEVPlugInsController;
 
-SettingsCatalogue::SettingsCatalogue() : catalogue_(fixedCatalogue()) {}
+SettingsCatalogue::SettingsCatalogue() : catalogue_(fixedCatalogue()) {
+  for (const PreferenceDescriptor* each : catalogue_.all()) own_.push_back(each->key);
+}
 
 void SettingsCatalogue::add(PreferenceDescriptor descriptor) {
-  if (const auto problem = catalogue_.add(std::move(descriptor)))
+  std::string key = descriptor.key;
+  if (const auto problem = catalogue_.add(std::move(descriptor))) {
     foundation::reportDiagnostic("preferences: " + *problem);
+  } else {
+    own_.push_back(std::move(key));
+  }
+}
+
+std::vector<PreferenceDescriptor> SettingsCatalogue::own() const {
+  std::vector<PreferenceDescriptor> settings;
+  for (const std::string& key : own_) settings.push_back(*catalogue_.find(key));
+  return settings;
+}
+
+const PreferenceDescriptor* SettingsCatalogue::find(std::string_view key) {
+  const bool isOwn = std::ranges::find(own_, key) != own_.end();
+  return isOwn ? catalogue_.find(key) : current().find(key);
 }
 
 const PreferenceCatalogue& SettingsCatalogue::current() {

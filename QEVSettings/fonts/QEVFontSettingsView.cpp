@@ -7,8 +7,10 @@
 #include "QEVCommonTools/RectCorner.hpp"
 #include "QEVCommonTools/Spacing.hpp"
 #include "QEVKonstantsKeys/Keys.hpp"
+#include "QEVSettings/SettingWriter.hpp"
 #include "fonts/FontDescription.hpp"
 #include "resources/resource_bundle_accessor.hpp"
+#include "rows/SettingRow.hpp"
 #include "rows/SettingsIconRow.hpp"
 #include "rows/SettingsSectionHeader.hpp"
 #include "viewkit/Animation.hpp"
@@ -16,17 +18,18 @@
 #include "viewkit/GroupBox.hpp"
 #include "viewkit/ObservedObject.hpp"
 #include "viewkit/Stacks.hpp"
-#include "viewkit/State.hpp"
 #include "viewkit/Text.hpp"
 #include "viewkit/TextWidth.hpp"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <numeric>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace QEVSettings {
 
@@ -95,25 +98,54 @@ constexpr std::array kFontSettings{
                 .set = &FontPreferences::setCom_velloquin_zorvantine_fontDataSourcesList},
 };
 
-// The stored font of one row. Announces each change, including those of other processes.
+// The warning of a proportional font appears and disappears with an animation.
+void changeSample(const FontSetting& setting, const std::function<void()>& change) {
+  if (setting.warnsOfProportionalFont) {
+    withAnimation(change);
+  } else {
+    change();
+  }
+}
+
+// The stored font of one row, and the sample in its preview. Announces each change, including those
+// of other processes. The sample follows what this window changes, with the row's picker or through
+// the window's SettingWriter.
 class StoredFont final : public foundation::ObservableObject {
 public:
-  StoredFont(PreferencesStore& store, const FontSetting& setting)
-      : store_(store),
-        preferences_(store),
+  StoredFont(const Environment& environment, const FontSetting& setting, FontSample sample)
+      : store_(environment.defaultStore),
+        preferences_(store_),
         setting_(setting),
-        subscription_(store.observe(setting.key,
-                                    [this](std::string_view) { objectWillChange().announce(); })) {}
+        sample_(std::move(sample)),
+        changed_(store_.observe(setting.key,
+                                [this](std::string_view) { objectWillChange().announce(); })) {
+    if (const auto writer = environment.object<SettingWriter>())
+      written_ = writer->observe(setting.key, [this](std::string_view) { takeSample(); });
+  }
 
   appkit::Font get() const { return (preferences_.*setting_.get)(); }
-  void set(const appkit::Font& font) const { (preferences_.*setting_.set)(font); }
+  void set(const appkit::Font& font) {
+    (preferences_.*setting_.set)(font);
+    objectWillChange().announce();
+    sample_ = FontSample(font);
+  }
+  const FontSample& sample() const { return sample_; }
   bool isManaged() const { return store_.isLocked(setting_.key); }
 
 private:
+  void takeSample() {
+    changeSample(setting_, [this] {
+      objectWillChange().announce();
+      sample_ = FontSample(get());
+    });
+  }
+
   PreferencesStore& store_;
   FontPreferences preferences_;
   const FontSetting& setting_;
-  foundation::Subscription subscription_;
+  FontSample sample_;
+  foundation::Subscription changed_;
+  foundation::Subscription written_;
 };
 
 // Wide enough for every label, in points.
@@ -152,13 +184,12 @@ View monospaceWarning() {
 
 struct FontRow {
   FontRow(const FontSetting& setting, const FontSample& sample, double labelWidth)
-      : setting(setting), labelWidth(labelWidth), sample(sample), stored([&setting] {
-          return std::make_shared<StoredFont>(Environment::current().defaultStore, setting);
+      : setting(setting), labelWidth(labelWidth), stored([&setting, sample] {
+          return std::make_shared<StoredFont>(Environment::current(), setting, sample);
         }) {}
 
   const FontSetting& setting;
   double labelWidth;
-  State<FontSample> sample;
   StateObject<StoredFont> stored;
 
   View body() const {
@@ -185,7 +216,7 @@ struct FontRow {
   }
 
   View preview() const {
-    const auto& [description, font] = sample.get();
+    const auto& [description, font] = stored->sample();
     const bool warns = setting.warnsOfProportionalFont && !font.isFixedPitch();
     const View text = Text(description)
                           .font(Font::of(font))
@@ -204,18 +235,9 @@ struct FontRow {
   }
 
   Binding<appkit::Font> selection() const {
-    const auto choose = [self = *this](const appkit::Font& font) {
-      self.stored->set(font);
-      self.sample.set(FontSample(font));
-    };
-    const bool fades = setting.warnsOfProportionalFont;
     return {[self = *this] { return self.stored->get(); },
-            [choose, fades](const appkit::Font& font) {
-              if (fades) {
-                withAnimation([&] { choose(font); });
-              } else {
-                choose(font);
-              }
+            [self = *this](const appkit::Font& font) {
+              changeSample(self.setting, [&] { self.stored->set(font); });
             }};
   }
 };
@@ -244,7 +266,9 @@ View QEVFontSettingsView::body() const {
                  forEach(
                      order, [](std::size_t i) { return std::string(kFontSettings.at(i).key); },
                      [&](std::size_t i) {
-                       return FontRow(kFontSettings.at(i), samples_.at(i), labelWidth);
+                       const FontSetting& setting = kFontSettings.at(i);
+                       return settingRow({std::string(setting.key)},
+                                         FontRow(setting, samples_.at(i), labelWidth));
                      }),
              })
           .padding(Spacing::s6)

@@ -7,6 +7,7 @@
 #include "appkit/Application.hpp"
 #include "foundation/TimeZones.hpp"
 #include "resources/resource_bundle_accessor.hpp"
+#include "rows/SettingRow.hpp"
 #include "rows/SettingsIconRow.hpp"
 #include "rows/SettingsSectionHeader.hpp"
 #include "updates/UpdateRow.hpp"
@@ -61,6 +62,8 @@ void markCurrent(std::vector<MenuItem>& items, const std::string& stored) {
   current->isCurrent = true;
 }
 
+View updateRow(const UpdateRow& row) { return settingRow({row.stored.key()}, row); }
+
 }  // namespace
 
 QEVGeneralSettingsView::QEVGeneralSettingsView(
@@ -92,8 +95,10 @@ View QEVGeneralSettingsView::appearanceSection() const {
       {.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
       {
           SettingsSectionHeader{.titleKey = "Appearance", .systemImage = "circle.righthalf.filled"},
-          managed(appearanceSwitch(),
-                  appearanceName_.isLocked() || appearanceUseSystem_.isLocked()),
+          settingRow({std::string(QEVKonstantsKeys::kAppearanceName.name),
+                      std::string(QEVKonstantsKeys::kAppearanceUseSystem.name)},
+                     managed(appearanceSwitch(),
+                             appearanceName_.isLocked() || appearanceUseSystem_.isLocked())),
       });
 }
 
@@ -144,11 +149,12 @@ View QEVGeneralSettingsView::timeZoneSection() const {
   return VStack({.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
                 {
                     SettingsSectionHeader{.titleKey = "Time Zone", .systemImage = "globe"},
-                    SettingsIconRow{.symbol = "clock",
-                                    .alignment = VerticalAlignment::center,
-                                    .iconSize = 15,
-                                    .leadingInset = true,
-                                    .content = [row = timeZoneRow()] { return row; }},
+                    settingRow({std::string(QEVKonstantsKeys::kPrefTimezoneString.name)},
+                               SettingsIconRow{.symbol = "clock",
+                                               .alignment = VerticalAlignment::center,
+                                               .iconSize = 15,
+                                               .leadingInset = true,
+                                               .content = [row = timeZoneRow()] { return row; }}),
                 });
 }
 
@@ -185,28 +191,28 @@ View QEVGeneralSettingsView::updatesSection() const {
       {.alignment = HorizontalAlignment::leading, .spacing = points(Spacing::s5)},
       {
           SettingsSectionHeader{.titleKey = "Updates", .systemImage = "arrow.down.circle"},
-          UpdateRow{.symbol = "arrow.triangle.2.circlepath",
-                    .stored = {SPUUpdater::kAutomaticallyChecksKey, false},
-                    .textKey = "Automatically check for updates",
-                    .isOn = binding(model, &UpdaterViewModel::automaticallyChecksForUpdates),
-                    .onChange = writeBack(model, &UpdaterViewModel::automaticallyChecksForUpdates,
-                                          &SPUUpdater::automaticallyChecksForUpdates,
-                                          &SPUUpdater::setAutomaticallyChecksForUpdates)},
-          UpdateRow{.symbol = "arrow.down.circle",
-                    .stored = {SPUUpdater::kAutomaticallyDownloadsKey, false},
-                    .textKey = "Automatically download updates",
-                    .isOn = binding(model, &UpdaterViewModel::automaticallyDownloadUpdates),
-                    .isEnabled = model->automaticallyChecksForUpdates,
-                    .onChange = writeBack(model, &UpdaterViewModel::automaticallyDownloadUpdates,
-                                          &SPUUpdater::automaticallyDownloadsUpdates,
-                                          &SPUUpdater::setAutomaticallyDownloadsUpdates)},
-          UpdateRow{.symbol = "chart.bar.doc.horizontal",
-                    .stored = {SPUUpdater::kSendsSystemProfileKey, false},
-                    .textKey = "Include anonymous system profile",
-                    .isOn = binding(model, &UpdaterViewModel::sendSystemProfile),
-                    .onChange = writeBack(model, &UpdaterViewModel::sendSystemProfile,
-                                          &SPUUpdater::sendsSystemProfile,
-                                          &SPUUpdater::setSendsSystemProfile)},
+          updateRow({.symbol = "arrow.triangle.2.circlepath",
+                     .stored = {SPUUpdater::kAutomaticallyChecksKey, false},
+                     .textKey = "Automatically check for updates",
+                     .isOn = binding(model, &UpdaterViewModel::automaticallyChecksForUpdates),
+                     .onChange = writeBack(model, &UpdaterViewModel::automaticallyChecksForUpdates,
+                                           &SPUUpdater::automaticallyChecksForUpdates,
+                                           &SPUUpdater::setAutomaticallyChecksForUpdates)}),
+          updateRow({.symbol = "arrow.down.circle",
+                     .stored = {SPUUpdater::kAutomaticallyDownloadsKey, false},
+                     .textKey = "Automatically download updates",
+                     .isOn = binding(model, &UpdaterViewModel::automaticallyDownloadUpdates),
+                     .isEnabled = model->automaticallyChecksForUpdates,
+                     .onChange = writeBack(model, &UpdaterViewModel::automaticallyDownloadUpdates,
+                                           &SPUUpdater::automaticallyDownloadsUpdates,
+                                           &SPUUpdater::setAutomaticallyDownloadsUpdates)}),
+          updateRow({.symbol = "chart.bar.doc.horizontal",
+                     .stored = {SPUUpdater::kSendsSystemProfileKey, false},
+                     .textKey = "Include anonymous system profile",
+                     .isOn = binding(model, &UpdaterViewModel::sendSystemProfile),
+                     .onChange = writeBack(model, &UpdaterViewModel::sendSystemProfile,
+                                           &SPUUpdater::sendsSystemProfile,
+                                           &SPUUpdater::setSendsSystemProfile)}),
       });
 }
 

@@ -69,6 +69,7 @@ std::vector<PreferenceDescriptor> fixedDescriptors() {
        .limits = PreferenceChoices{kAppearanceNameAqua, kAppearanceNameDarkAqua},
        .title = "Appearance",
        .purpose = "The colours of the windows, light or dark, unless they follow the system.",
+       .valueTitles = {"Light", "Dark", "Auto"},
        .place = {.tab = "general", .row = "Appearance"}},
       {.key = std::string(kAppearanceUseSystem.name),
        .type = Type::boolean,
@@ -92,6 +93,11 @@ std::vector<PreferenceDescriptor> fixedDescriptors() {
            "Data Sources List Font:", "The font of the list of data sources."),
       font(kFontDataSourcesHead,
            "Data Sources Header Font:", "The font above the list of data sources."),
+      {.key = std::string(kKeepsHistory.name),
+       .type = Type::boolean,
+       .defaultValue = kKeepsHistory.defaultValue,
+       .title = "History of changes",
+       .purpose = "Whether the changes of settings are remembered, so that they can be put back."},
   };
 }
 

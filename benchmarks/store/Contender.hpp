@@ -36,6 +36,8 @@ struct ContenderKind {
 };
 
 const ContenderKind& userDefaultsContender();
+// The same without its history.
+const ContenderKind& plainUserDefaultsContender();
 const ContenderKind& mapContender();
 const ContenderKind& qSettingsContender();
 const ContenderKind& gSettingsContender();

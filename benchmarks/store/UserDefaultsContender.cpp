@@ -16,8 +16,10 @@ std::filesystem::path fileIn(const std::filesystem::path& folder) {
 
 class UserDefaultsContender final : public Contender {
 public:
-  UserDefaultsContender(const std::filesystem::path& folder, std::size_t keyCount)
+  UserDefaultsContender(const std::filesystem::path& folder, std::size_t keyCount,
+                        bool keepsHistory)
       : store_(UserDefaults::open(fileIn(folder))) {
+    store_->setHistoryRules({.isKept = [keepsHistory] { return keepsHistory; }});
     for (std::size_t i = 0; i < keyCount; ++i) names_.push_back(keyName(i));
   }
 
@@ -47,21 +49,27 @@ PreferenceValue valueOf(std::size_t key) {
   return false;
 }
 
+template <bool keepsHistory>
+std::unique_ptr<Contender> openContender(const std::filesystem::path& folder,
+                                         std::size_t keyCount) {
+  return std::make_unique<UserDefaultsContender>(folder, keyCount, keepsHistory);
+}
+
+void fill(const std::filesystem::path& folder, std::size_t keyCount) {
+  PreferenceDictionary values;
+  for (std::size_t i = 0; i < keyCount; ++i) values.emplace(keyName(i), valueOf(i));
+  static_cast<void>(UserDefaults::open(fileIn(folder))->applyAll(values));
+}
+
 }  // namespace
 
 const ContenderKind& userDefaultsContender() {
   static const ContenderKind kind{
-      .name = "UserDefaults",
-      .open = [](const std::filesystem::path& folder,
-                 std::size_t keyCount) -> std::unique_ptr<Contender> {
-        return std::make_unique<UserDefaultsContender>(folder, keyCount);
-      },
-      .fill =
-          [](const std::filesystem::path& folder, std::size_t keyCount) {
-            PreferenceDictionary values;
-            for (std::size_t i = 0; i < keyCount; ++i) values.emplace(keyName(i), valueOf(i));
-            static_cast<void>(UserDefaults::open(fileIn(folder))->applyAll(values));
-          },
-  };
+      .name = "UserDefaults", .open = openContender<true>, .fill = fill};
+  return kind;
+}
+
+const ContenderKind& plainUserDefaultsContender() {
+  static const ContenderKind kind{.name = "no history", .open = openContender<false>, .fill = fill};
   return kind;
 }

@@ -156,9 +156,10 @@ void printTable(const std::vector<Row>& rows, const std::vector<const ContenderK
 }  // namespace
 
 int main(int argc, char** argv) {
-  const std::vector<const ContenderKind*> kinds{&userDefaultsContender(), &qSettingsContender(),
-                                                &gSettingsContender(), &sqliteContender(),
-                                                &mapContender()};
+  const std::vector<const ContenderKind*> kinds{
+      &userDefaultsContender(), &plainUserDefaultsContender(),
+      &qSettingsContender(),    &gSettingsContender(),
+      &sqliteContender(),       &mapContender()};
   if (argc == 5 && std::string_view(argv[1]) == "--open") {
     std::printf("%f\n", openAndRead(*kinds[std::stoul(argv[2])], argv[3], std::stoul(argv[4])));
     return 0;

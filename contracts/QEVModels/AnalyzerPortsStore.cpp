@@ -51,6 +51,14 @@ std::optional<StoredList> storedList(const PreferenceValue* stored) {
   return list;
 }
 
+QEVNetworkProtocolList usableRecords(const PreferenceValue* value,
+                                     const QEVNetworkProtocolList& fallback) {
+  auto stored = storedList(value);
+  const bool isUsable = stored && (!stored->records.empty() || stored->unreadable.empty());
+  if (!isUsable) return fallback;
+  return std::move(stored->records);
+}
+
 void encodeRecord(const QEVNetworkProtocol& record, JSONWriter& writer) {
   if (record.hasPortController()) return record.encode(writer, record.lastRegisteredValues());
   auto values = record.values();
@@ -65,14 +73,16 @@ void encodeRecord(const QEVNetworkProtocol& record, JSONWriter& writer) {
 
 }  // namespace
 
+QEVNetworkProtocolList decodedProtocols(const std::optional<PreferenceValue>& stored,
+                                        const QEVNetworkProtocolList& fallback) {
+  return usableRecords(stored ? &*stored : nullptr, fallback);
+}
+
 AnalyzerPortsStore::AnalyzerPortsStore(std::string key, QEVSettings::PreferencesStore& defaults)
     : key_(std::move(key)), defaults_(defaults) {}
 
 QEVNetworkProtocolList AnalyzerPortsStore::decode(const QEVNetworkProtocolList& fallback) const {
-  auto stored = storedList(defaults_.find(key_));
-  const bool isUsable = stored && (!stored->records.empty() || stored->unreadable.empty());
-  if (!isUsable) return fallback;
-  return std::move(stored->records);
+  return usableRecords(defaults_.find(key_), fallback);
 }
 
 void AnalyzerPortsStore::encode(const QEVNetworkProtocolList& list) const {

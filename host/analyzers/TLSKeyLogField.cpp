@@ -2,6 +2,8 @@
 #include "analyzers/TLSKeyLogField.hpp"
 
 #include "QEVCommonTools/ManagedSetting.hpp"
+#include "QEVCommonTools/SettingRow.hpp"
+#include "catalogue/HostSettings.hpp"
 #include "foundation/Bundle.hpp"
 #include "viewkit/Controls.hpp"
 #include "viewkit/Stacks.hpp"
@@ -17,14 +19,16 @@ View TLSKeyLogField::body() const {
   const View field = TextField(
       {.placeholder = host.localizedString("From SSLKEYLOGFILE")}, file.binding());
   const bool isManaged = file.isLocked();
-  return HStack({.spacing = 12}, {
-                                     Text(label).fixedSize(),
-                                     isManaged ? QEVCommonTools::managedMark() : View(),
-                                     field.accessibilityLabel(label).disabled(isManaged),
-                                     FileButton(host.localizedString("Choose…"), file.binding())
-                                         .help(label)
-                                         .disabled(isManaged),
-                                 });
+  const View row =
+      HStack({.spacing = 12}, {
+                                  Text(label).fixedSize(),
+                                  isManaged ? QEVCommonTools::managedMark() : View(),
+                                  field.accessibilityLabel(label).disabled(isManaged),
+                                  FileButton(host.localizedString("Choose…"), file.binding())
+                                      .help(label)
+                                      .disabled(isManaged),
+                              });
+  return QEVCommonTools::settingRow({kKeyLogKey}, row);
 }
 
 }  // namespace zorvantine

@@ -3,11 +3,9 @@
 
 #include "QEVSettings/QEVPreferencesMigrationSteps.hpp"
 #include "QEVSettings/ValueReader.hpp"
-#include "QEVSettings/preferences/PreferenceKeys.hpp"
 #include "catalogue/HostSettings.hpp"
 #include "commandline/Arguments.hpp"
 #include "commandline/TextForm.hpp"
-#include "foundation/TimeZones.hpp"
 
 #include <vector>
 
@@ -58,13 +56,6 @@ Outcome checkValue(const PreferenceDescriptor& descriptor, const PreferenceValue
     return done();
   }
   return wrong(descriptor, *wanted);
-}
-
-std::optional<PreferenceValue> defaultOf(const PreferenceDescriptor& descriptor) {
-  if (descriptor.defaultValue) return descriptor.defaultValue;
-  if (descriptor.key == QEVSettings::kPrefTimezoneString.name)
-    return PreferenceValue(foundation::currentTimeZoneName());
-  return std::nullopt;
 }
 
 std::string limitsOf(const PreferenceDescriptor& descriptor) {

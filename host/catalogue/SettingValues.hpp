@@ -4,7 +4,6 @@
 #include "QEVSettings/preferences/PreferenceDescriptor.hpp"
 #include "foundation/Result.hpp"
 
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,10 +18,6 @@ foundation::Result<QEVSettings::PreferenceValue> valueFor(
 // migration brings it up to date.
 foundation::Outcome checkValue(const QEVSettings::PreferenceDescriptor& descriptor,
                                const QEVSettings::PreferenceValue& value);
-
-// The default of a setting, where this machine can tell it.
-std::optional<QEVSettings::PreferenceValue> defaultOf(
-    const QEVSettings::PreferenceDescriptor& descriptor);
 
 // The limits of a setting for the user: "1 to 1024", "light or dark"; empty without any.
 std::string limitsOf(const QEVSettings::PreferenceDescriptor& descriptor);

@@ -8,6 +8,7 @@
 #include "foundation/PropertyList.hpp"
 #include "foundation/UserDefaults.hpp"
 
+#include <cstddef>
 #include <filesystem>
 #include <iosfwd>
 #include <optional>
@@ -31,9 +32,7 @@ struct Console {
   bool outIsTerminal = false;
 
   // The process's store. It is open when a command runs whose entry says that it is used.
-  static foundation::UserDefaults& store() {
-    return foundation::UserDefaults::standardUserDefaults();
-  }
+  static foundation::UserDefaults& store();
 
   // The values in force: what administrators and the command line set, above and below the store.
   static QEVSettings::LayeredPreferences& preferences();
@@ -76,6 +75,12 @@ struct DescribeCommand {
   WindowOptions window;
 };
 Failed run(const DescribeCommand& command, Console& console);
+
+struct FindCommand {
+  std::vector<std::string> words;
+  OutputFormat format = OutputFormat::text;
+};
+Failed run(const FindCommand& command, Console& console);
 
 struct ListPreferencesCommand {
   OutputFormat format = OutputFormat::text;
@@ -145,6 +150,19 @@ struct WatchPreferencesCommand {
   OutputFormat format = OutputFormat::text;
 };
 Failed run(const WatchPreferencesCommand& command, Console& console);
+
+struct ShowHistoryCommand {
+  std::string key;  // empty for every key
+  OutputFormat format = OutputFormat::text;
+};
+Failed run(const ShowHistoryCommand& command, Console& console);
+
+struct UndoChangesCommand {
+  std::size_t count = 1;
+  // Takes back what was changed after this time, whatever the count.
+  std::optional<QEVSettings::PreferenceValue::Date> time;
+};
+Failed run(const UndoChangesCommand& command, Console& console);
 
 struct VerifyPreferencesCommand {};
 Failed run(const VerifyPreferencesCommand& command, Console& console);

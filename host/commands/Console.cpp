@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "catalogue/HostSettings.hpp"
 #include "commands/Commands.hpp"
+#include "history/historyRules.hpp"
 
 #include <utility>
 
@@ -23,6 +24,16 @@ LayeredPreferences*& openedPreferences() {
 }
 
 }  // namespace
+
+foundation::UserDefaults& Console::store() {
+  static foundation::UserDefaults& store = []() -> foundation::UserDefaults& {
+    auto& opened = foundation::UserDefaults::standardUserDefaults();
+    opened.setHistoryRules(
+        historyRules([]() -> const QEVSettings::PreferencesStore& { return preferences(); }));
+    return opened;
+  }();
+  return store;
+}
 
 LayeredPreferences& Console::preferences() {
   static LayeredPreferences preferences(store(), layers());

@@ -95,6 +95,8 @@ Outcome createProfile(const std::string& name, const std::string& from) {
   }
   const auto store = UserDefaults::open(profileFile(name));
   if (const auto status = store->status()) return *status;
+  // A profile begins without a history.
+  store->setHistoryRules({.isKept = [] { return false; }});
   return store->applyAll(values);
 }
 

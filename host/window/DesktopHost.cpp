@@ -6,9 +6,12 @@
 #include "commands/Commands.hpp"
 #include "commands/ReplaceProcess.hpp"
 #include "foundation/Bundle.hpp"
+#include "history/RecentChangesView.hpp"
+#include "history/historyRules.hpp"
 #include "profiles/Profiles.hpp"
 #include "viewkit/ViewHost.hpp"
 #include "window/DescriptorWatch.hpp"
+#include "window/HistoryMenu.hpp"
 #include "window/LanguageFonts.hpp"
 #include "window/MainWindow.hpp"
 #include "window/Updates.hpp"
@@ -73,6 +76,7 @@ DesktopHost::DesktopHost(const WindowOptions& options, QEVSettings::PreferencesS
 }
 
 DesktopHost::~DesktopHost() {
+  recentChanges_.reset();
   settings_.reset();
   host_.reset();
   forgetDesktopUpdates();
@@ -87,23 +91,50 @@ QEVSettings::PreferencesStore& DesktopHost::preferences() const {
   return profile_.preferences ? *profile_.preferences : store_;
 }
 
-viewkit::Environment DesktopHost::environment() const {
+viewkit::Environment DesktopHost::settingsEnvironment() const {
   viewkit::Environment environment = host_->environment();
   environment.reducedMotion = application_.reducedMotion();
   return environment;
 }
 
+viewkit::Environment DesktopHost::environment() const {
+  return {.defaultStore = preferences(),
+          .layoutDirection = windowDirection(),
+          .reducedMotion = application_.reducedMotion()};
+}
+
 std::unique_ptr<qt::Window> DesktopHost::makeWindow(Tab tab) const {
   auto window = std::make_unique<qt::Window>(
       qt::WindowOptions{.title = foundation::Bundle::mainBundle().localizedString("Settings"),
-                        .environment = environment(),
+                        .environment = settingsEnvironment(),
                         .root = host_->settingsView(tab)});
   window->onRefusedTexts(tellOfRefusedTexts);
   return window;
 }
 
+foundation::UserDefaults& DesktopHost::person() const {
+  return profile_.store ? *profile_.store : Console::store();
+}
+
+std::unique_ptr<qt::Window> DesktopHost::makeRecentChangesWindow() const {
+  const auto write = [writer = host_->writer()](std::string_view key,
+                                                std::optional<QEVSettings::PreferenceValue> value) {
+    return writer->write(key, std::move(value));
+  };
+  return std::make_unique<qt::Window>(
+      qt::WindowOptions{.title = foundation::Bundle::mainBundle().localizedString("Recent Changes"),
+                        .environment = environment(),
+                        .root = RecentChangesView{.model = std::make_shared<RecentChangesModel>(
+                                                      person(), preferences(), write)}});
+}
+
 void DesktopHost::run(Tab tab, const Interruption& interruption) {
   const auto window = makeWindow(tab);
+  addRecentChangesKeys(window->widget(), [this] { openRecentChanges(); });
+  // The application ends with its last window.
+  window->onClose([this] {
+    if (recentChanges_) recentChanges_->close();
+  });
   // Closing the window commits a text that is being edited; ending the process would lose it.
   const DescriptorWatch interrupted(interruption.descriptor(), [&window] { window->close(); });
   window->show();
@@ -114,12 +145,16 @@ void DesktopHost::runMainWindow(const Interruption& interruption) {
   MainWindow main(
       {.environment = environment(),
        .updater = host_->updater(),
+       .history = host_->history(),
+       .reset = host_->reset(),
        .openSettings = [this] { openSettings(); },
+       .openRecentChanges = [this] { openRecentChanges(); },
        .profiles = profiles,
        .chooseProfile = [this, &main](const std::string& name) { switchTo(name, main); },
        .closed =
            [this] {
              if (settings_) settings_->close();
+             if (recentChanges_) recentChanges_->close();
              qt::Application::quit();
            }});
   for (const std::string& name : profiles()) {
@@ -140,6 +175,7 @@ void DesktopHost::switchTo(const std::string& profile, MainWindow& main) {
   const bool hadSettings = settings_ && settings_->isOpen();
   if (hadSettings) settings_->close();
   settings_.reset();
+  recentChanges_.reset();
   main.closeContent();
   host_.reset();
   OpenProfile opened;
@@ -147,10 +183,15 @@ void DesktopHost::switchTo(const std::string& profile, MainWindow& main) {
     opened.store = foundation::UserDefaults::open(file);
     opened.preferences =
         std::make_unique<QEVSettings::LayeredPreferences>(*opened.store, Console::layers());
+    opened.store->setHistoryRules(
+        historyRules([preferences = opened.preferences.get()]() -> QEVSettings::PreferencesStore& {
+          return *preferences;
+        }));
   }
   const OpenProfile former = std::exchange(profile_, std::move(opened));
   start();
   main.showContent(environment(), host_->updater());
+  main.setCommands(host_->history(), host_->reset());
   main.setProfile(profile);
   if (hadSettings) openSettings();
 }
@@ -164,6 +205,16 @@ void DesktopHost::openSettings() {
     });
   }
   settings_->show();
+}
+
+void DesktopHost::openRecentChanges() {
+  if (!recentChanges_ || !recentChanges_->isOpen()) {
+    recentChanges_ = makeRecentChangesWindow();
+    recentChanges_->onClose([this] {
+      if (recentChanges_ && !recentChanges_->isOpen()) recentChanges_.reset();
+    });
+  }
+  recentChanges_->show();
 }
 
 }  // namespace zorvantine

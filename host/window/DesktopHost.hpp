@@ -47,9 +47,14 @@ private:
     std::unique_ptr<QEVSettings::LayeredPreferences> preferences;
   };
 
+  // Of the settings windows, and of the main window, which is no part of their history.
+  viewkit::Environment settingsEnvironment() const;
   viewkit::Environment environment() const;
   QEVSettings::PreferencesStore& preferences() const;
+  foundation::UserDefaults& person() const;
+  std::unique_ptr<qt::Window> makeRecentChangesWindow() const;
   void openSettings();
+  void openRecentChanges();
   void start();
   void switchTo(const std::string& profile, MainWindow& main);
 
@@ -62,6 +67,8 @@ private:
   std::optional<SettingsHost> host_;
   // The settings window that the main window opened; null while none is open.
   std::unique_ptr<qt::Window> settings_;
+  // The window of recent changes; null while it is not open.
+  std::unique_ptr<qt::Window> recentChanges_;
 };
 
 }  // namespace zorvantine

@@ -2,6 +2,7 @@
 #include "window/MainWindow.hpp"
 
 #include "foundation/Bundle.hpp"
+#include "window/HistoryMenu.hpp"
 #include "window/PacketListView.hpp"
 
 #include <QAction>
@@ -27,6 +28,7 @@ QString localized(std::string_view key) {
 MainWindow::MainWindow(Parts parts) : parts_(std::move(parts)) {
   setWindowTitle(QStringLiteral("zorvantine"));
   addMenus();
+  setCommands(std::exchange(parts_.history, nullptr), std::exchange(parts_.reset, nullptr));
   showContent(parts_.environment, parts_.updater);
   resize(kSize);
 }
@@ -45,7 +47,13 @@ void MainWindow::showContent(viewkit::Environment environment,
   setCentralWidget(&content_->widget());
 }
 
+void MainWindow::setCommands(std::shared_ptr<QEVSettings::ActionHistory> history,
+                             std::shared_ptr<QEVSettings::SettingsReset> reset) {
+  edit_->setCommands(std::move(history), std::move(reset));
+}
+
 void MainWindow::closeContent() {
+  setCommands(nullptr, nullptr);
   content_->close();
   parts_.updater.reset();
   takeCentralWidget();
@@ -60,11 +68,14 @@ void MainWindow::addMenus() {
   file->addAction(localized("Settings…"), QKeySequence(Qt::CTRL | Qt::Key_Comma), this,
                   [this] { parts_.openSettings(); })
       ->setMenuRole(QAction::PreferencesRole);
+  addRecentChanges(*file, [this] { parts_.openRecentChanges(); });
   QMenu* const profiles = file->addMenu(localized("Profile"));
   connect(profiles, &QMenu::aboutToShow, this, [this, profiles] { fillProfiles(*profiles); });
   file->addSeparator();
   file->addAction(localized("Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, [this] { close(); })
       ->setMenuRole(QAction::QuitRole);
+
+  edit_ = std::make_unique<EditMenu>(*menuBar(), [this] { parts_.openSettings(); });
 
   QMenu* const help = menuBar()->addMenu(localized("&Help"));
   QAction* const check = help->addAction(localized("Check for Updates…"), this,

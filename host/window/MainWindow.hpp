@@ -4,6 +4,7 @@
 #include "QEVSettings/UpdaterViewModel.hpp"
 #include "qt/Window.hpp"
 #include "viewkit/Environment.hpp"
+#include "window/EditMenu.hpp"
 
 #include <QMainWindow>
 
@@ -19,7 +20,10 @@ public:
   struct Parts {
     viewkit::Environment environment;
     std::shared_ptr<QEVSettings::UpdaterViewModel> updater;
+    std::shared_ptr<QEVSettings::ActionHistory> history;
+    std::shared_ptr<QEVSettings::SettingsReset> reset;
     std::function<void()> openSettings;
+    std::function<void()> openRecentChanges;
     // The names of the profiles, asked for each time the menu opens, and what chooses one.
     std::function<std::vector<std::string>()> profiles;
     std::function<void(const std::string&)> chooseProfile;
@@ -34,6 +38,9 @@ public:
   void closeContent();
   void showContent(viewkit::Environment environment,
                    std::shared_ptr<QEVSettings::UpdaterViewModel> updater);
+  // What the Edit menu works on; `closeContent` takes it away.
+  void setCommands(std::shared_ptr<QEVSettings::ActionHistory> history,
+                   std::shared_ptr<QEVSettings::SettingsReset> reset);
   // Marks the profile that is shown.
   void setProfile(std::string name) { profile_ = std::move(name); }
 
@@ -47,6 +54,7 @@ private:
   Parts parts_;
   std::string profile_;
   std::unique_ptr<qt::Window> content_;
+  std::unique_ptr<EditMenu> edit_;
 };
 
 }  // namespace zorvantine

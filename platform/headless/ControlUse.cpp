@@ -11,9 +11,20 @@ bool takesClicks(const Control& control) {
          !std::holds_alternative<SelectableTextControl>(control);
 }
 
-bool takesFocus(const Control& control) {
-  const auto* scroll = std::get_if<ScrollControl>(&control);
-  return scroll ? scroll->list.has_value() : takesClicks(control);
+const PresentationNode* controlAt(const PresentationNode& node, Point point) {
+  const bool isInside = node.frame.contains(point);
+  if (node.id == 0 || (node.clipRadius && !isInside)) return nullptr;
+  for (auto child = node.children.rbegin(); child != node.children.rend(); ++child) {
+    if (const PresentationNode* hit = controlAt(**child, point - node.frame.origin)) return hit;
+  }
+  const viewkit::Control* control = node.control();
+  const bool isHit = control && (takesClicks(*control) ||
+                                 std::holds_alternative<viewkit::PopoverControl>(*control));
+  return isInside && isHit ? &node : nullptr;
+}
+
+Point centerOf(const Rect& rect) {
+  return {rect.origin.x + rect.size.width / 2, rect.origin.y + rect.size.height / 2};
 }
 
 void operate(const Control& control) {

@@ -10,8 +10,11 @@ namespace headless {
 // Whether the control takes a click itself, instead of leaving it to the view under it.
 bool takesClicks(const viewkit::Control& control);
 
-// Whether the control can have the keyboard.
-bool takesFocus(const viewkit::Control& control);
+// The innermost control, or popover, under a point of the coordinates that the node stands in.
+const viewkit::PresentationNode* controlAt(const viewkit::PresentationNode& node,
+                                           viewkit::Point point);
+
+viewkit::Point centerOf(const viewkit::Rect& rect);
 
 // Does what a click does to a button or a switch. Other controls need a choice and ignore it.
 void operate(const viewkit::Control& control);

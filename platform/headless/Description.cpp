@@ -26,6 +26,7 @@ void appendText(std::string& out, const viewkit::NodeDescription& node, std::siz
   if (!accessibility.label.empty()) out.append(" ").append(quoted(accessibility.label));
   if (!accessibility.value.empty()) out.append(" value ").append(quoted(accessibility.value));
   if (!accessibility.help.empty()) out.append(" help ").append(quoted(accessibility.help));
+  if (!accessibility.note.empty()) out.append(" note ").append(quoted(accessibility.note));
   if (accessibility.selected) out.append(*accessibility.selected ? " selected" : " not selected");
   if (!accessibility.enabled) out.append(" disabled");
   const auto& [origin, size] = node.frame;
@@ -45,6 +46,7 @@ void writeJson(foundation::JSONWriter& writer, const viewkit::NodeDescription& n
   writer.name("label").string(accessibility.label);
   writer.name("value").string(accessibility.value);
   writer.name("help").string(accessibility.help);
+  writer.name("note").string(accessibility.note);
   writer.name("enabled").boolean(accessibility.enabled);
   writer.name("selected");
   accessibility.selected ? writer.boolean(*accessibility.selected) : writer.null();

@@ -32,6 +32,7 @@ Role Element::role() const { return content().accessibility.role; }
 std::string Element::label() const { return nameOf(content().accessibility); }
 std::string Element::value() const { return content().accessibility.value; }
 std::string Element::help() const { return content().accessibility.help; }
+std::string Element::note() const { return content().accessibility.note; }
 bool Element::isEnabled() const { return content().accessibility.enabled; }
 std::optional<bool> Element::isSelected() const { return content().accessibility.selected; }
 bool Element::isFocused() const {

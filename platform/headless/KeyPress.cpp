@@ -28,7 +28,11 @@ Event eventOf(Key key, std::uint8_t modifiers) {
     case Key::end: return event(Event::kEnd, "");
     case Key::f1: return event(Event::kF1, "");
     case Key::f4: return event(Event::kF4, "");
+    case Key::f: return event(Event::kF, "f");
+    case Key::f10: return event(Event::kF10, "");
+    case Key::menu: return event(Event::kMenu, "");
     case Key::w: return event(Event::kW, "w");
+    case Key::z: return event(Event::kZ, "z");
   }
   return event(Event::kOtherKey, "");
 }

@@ -41,7 +41,8 @@ const PresentationNode* Keyboard::focused() const {
 const TextFieldControl* Keyboard::field() const { return controlOf<TextFieldControl>(focused()); }
 
 bool Keyboard::isUsable(const PresentationNode* node) const {
-  return node && node->control() && takesFocus(*node->control()) && node->accessibility.enabled;
+  return node && node->control() && viewkit::takesKeyboard(*node->control()) &&
+         node->accessibility.enabled;
 }
 
 void Keyboard::moveTo(viewkit::NodeId id) {

@@ -189,8 +189,8 @@ Size Metrics::controlSize(const viewkit::Control& control, ProposedSize proposal
       [&](const viewkit::TabBarControl& tabs) {
         double widest = 0;
         for (const auto& item : tabs.items) widest = std::max(widest, textSize(item.title).width);
-        return Size{wide(static_cast<double>(tabs.items.size()) * (widest + 2 * kTabMargin)),
-                    kTabBarHeight};
+        const double width = static_cast<double>(tabs.items.size()) * (widest + 2 * kTabMargin);
+        return within({width, kTabBarHeight});
       },
       [&](const viewkit::TextFieldControl& field) {
         const double width = wide(kTextFieldWidth);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "headless/Window.hpp"
 
+#include "Choosing.hpp"
 #include "ControlUse.hpp"
 #include "Finder.hpp"
 #include "KeyPress.hpp"
@@ -11,7 +12,6 @@
 #include "viewkit/KeyRouter.hpp"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace headless {
@@ -24,23 +24,6 @@ using viewkit::Rect;
 using viewkit::Role;
 
 namespace {
-
-Point centerOf(const Rect& rect) {
-  return {rect.origin.x + rect.size.width / 2, rect.origin.y + rect.size.height / 2};
-}
-
-// The innermost control, or popover, under a point of the coordinates that the node stands in.
-const PresentationNode* controlAt(const PresentationNode& node, Point point) {
-  const bool isInside = node.frame.contains(point);
-  if (node.id == 0 || (node.clipRadius && !isInside)) return nullptr;
-  for (auto child = node.children.rbegin(); child != node.children.rend(); ++child) {
-    if (const PresentationNode* hit = controlAt(**child, point - node.frame.origin)) return hit;
-  }
-  const viewkit::Control* control = node.control();
-  const bool isHit = control && (takesClicks(*control) ||
-                                 std::holds_alternative<viewkit::PopoverControl>(*control));
-  return isInside && isHit ? &node : nullptr;
-}
 
 // The innermost list under a point of the coordinates that the node stands in.
 const PresentationNode* listAt(const PresentationNode& node, Point point) {
@@ -59,29 +42,15 @@ bool isWithin(const PresentationNode* node, const PresentationNode& branch) {
   return false;
 }
 
-template <class ControlType>
-ControlType controlFor(const PresentationNode& node, const char* what) {
-  if (const auto* control = controlOf<ControlType>(&node)) return *control;
-  throw NoSuchElement("the " + descriptionOf(node.accessibility) + " is no " + what);
-}
-
-template <class Items>
-const typename Items::value_type& itemTitled(const Items& items, std::string_view title) {
-  const auto item = std::find_if(items.begin(), items.end(),
-                                 [&](const auto& each) { return each.title == title; });
-  if (item != items.end()) return *item;
-  std::string titles;
-  for (const auto& each : items) titles += (titles.empty() ? "\"" : ", \"") + each.title + '"';
-  throw NoSuchElement("nothing is called \"" + std::string(title) +
-                      "\" there; to choose from: " + (titles.empty() ? "nothing" : titles));
-}
-
 }  // namespace
 
 Window::Window(viewkit::View root, viewkit::Environment environment, const WindowOptions& options)
     : stepsAnimations_(options.stepsAnimations),
       keyboard_(std::make_unique<Keyboard>(*this)),
       host_(std::make_unique<viewkit::ViewHost>(std::move(root), environment, metrics_)) {
+  host_->setObserver([this](const viewkit::PresentationChanges& changes) {
+    if (changes.focused != 0) wantedFocus_ = changes.focused;
+  });
   if (options.isKey) becomeKey();
   setSize(options.size ? *options.size : openingSize());
 }
@@ -192,48 +161,6 @@ bool Window::readyToUse(const Element& element) {
   return element.isEnabled();
 }
 
-std::vector<viewkit::MenuItem> Window::menuItems(const Element& menu) {
-  const auto control = controlFor<viewkit::MenuControl>(menu.content(), "menu");
-  if (!readyToUse(menu) || !control.items) return {};
-  return control.items();
-}
-
-bool Window::openMenu(const Element& menu) {
-  menu_.reset();
-  static_cast<void>(controlFor<viewkit::MenuControl>(menu.content(), "menu"));
-  if (readyToUse(menu)) openMenuOf(menu.content());
-  return isMenuOpen();
-}
-
-void Window::openMenuOf(const PresentationNode& opener) {
-  const auto control = controlFor<viewkit::MenuControl>(opener, "menu");
-  const viewkit::NodeId id = opener.id;
-  const std::string current = control.title.empty() ? opener.accessibility.value : control.title;
-  OpenMenu opened{.opener = id,
-                  .items = control.items ? control.items() : std::vector<viewkit::MenuItem>()};
-  if (opened.items.empty()) return;
-  auto found = std::ranges::find(opened.items, true, &viewkit::MenuItem::isCurrent);
-  if (found == opened.items.end())
-    found = std::ranges::find(opened.items, current, &viewkit::MenuItem::title);
-  if (found != opened.items.end()) opened.current = found - opened.items.begin();
-  menu_ = std::move(opened);
-}
-
-void Window::pressInMenu(const Event& event) {
-  const auto last = std::ssize(menu_->items) - 1;
-  if (event.keyCode == Event::kDownArrow) {
-    menu_->current = std::min(menu_->current + 1, last);
-  } else if (event.keyCode == Event::kUpArrow) {
-    menu_->current = std::max<std::ptrdiff_t>(menu_->current - 1, 0);
-  } else if (event.keyCode == Event::kEscape) {
-    menu_.reset();
-  } else if ((event.characters == "\r" || event.characters == " ") && menu_->current >= 0) {
-    const auto action = menu_->items[static_cast<std::size_t>(menu_->current)].action;
-    menu_.reset();
-    if (action) action();
-  }
-}
-
 bool Window::choose(const Element& menuOrTabs, std::string_view title) {
   if (const auto* tabs = controlOf<viewkit::TabBarControl>(&menuOrTabs.content())) {
     const viewkit::TabBarControl chosenFrom = *tabs;
@@ -242,7 +169,9 @@ bool Window::choose(const Element& menuOrTabs, std::string_view title) {
   } else {
     const auto items = menuItems(menuOrTabs);
     if (!menuOrTabs.isEnabled()) return false;
-    itemTitled(items, title).action();
+    const viewkit::MenuItem& item = itemTitled(items, title);
+    if (!item.isEnabled) return false;
+    item.action();
   }
   settle();
   return true;
@@ -276,7 +205,10 @@ void Window::closePopovers(const PresentationNode* clicked) {
   std::vector<std::function<void()>> dismissals;
   visitTree(host_->presentation(), [&](const PresentationNode& node) {
     const auto* popover = controlOf<viewkit::PopoverControl>(&node);
-    if (popover && !isWithin(clicked, node)) dismissals.push_back(popover->dismiss);
+    const bool isInside =
+        isWithin(clicked, node) ||
+        (popover && popover->staysForParent && node.parent && isWithin(clicked, *node.parent));
+    if (popover && !isInside) dismissals.push_back(popover->dismiss);
   });
   for (const auto& dismiss : dismissals) dismiss();
   if (!dismissals.empty()) settle();
@@ -331,6 +263,7 @@ void Window::pressKey(const Event& event) {
   settle();
   if (!passedOn) return;
   const PresentationNode* node = keyboard_->focused();
+  if (node && viewkit::opensContextMenu(*passedOn) && open(host_->contextMenuOf(node->id))) return;
   switch (viewkit::routeKey(*host_, *passedOn, node ? node->id : 0)) {
     case viewkit::KeyOutcome::closesWindow: close(); break;
     case viewkit::KeyOutcome::handled: break;
@@ -370,7 +303,11 @@ void Window::settle() {
       host_->finishAnimations();
       foundation::MainQueue::mainQueue().drainAll();
     }
-    if (menu_ && !isUsable(menu_->opener)) menu_.reset();
+    if (menu_ && !menu_->isUsable()) menu_.reset();
+    if (const viewkit::NodeId wanted = std::exchange(wantedFocus_, 0)) {
+      keyboard_->moveTo(wanted);
+      keyboard_->selectAll();
+    }
   } while (keyboard_->resignIfUnusable());
 }
 

@@ -235,7 +235,7 @@ TEST_F(AnalyzerDesktopTest, PickedColourIsStoredAtOnce) {
 }
 
 TEST_F(AnalyzerDesktopTest, EscapeInTheColourChooserLeavesTheStoreAsItWas) {
-  const auto escapeFromChooser = [this](const char* typed) {
+  const auto escapeFromChooser = [this](const char* typed, const char* elsewhere = "") {
     click(find(QAccessible::PushButton, "Packet coloring"));
     auto* dialog = qobject_cast<QColorDialog*>(QApplication::activeWindow());
     ASSERT_NE(dialog, nullptr);
@@ -245,6 +245,10 @@ TEST_F(AnalyzerDesktopTest, EscapeInTheColourChooserLeavesTheStoreAsItWas) {
       QTest::keyClicks(hex, typed);
       settle();
       EXPECT_FALSE(store.changes().empty());
+    }
+    if (*elsewhere != '\0') {
+      store.underneath().setObject(elsewhere, kColorKey);
+      settle();
     }
     QTest::keyClick(dialog, Qt::Key_Escape);
     settle();
@@ -258,6 +262,10 @@ TEST_F(AnalyzerDesktopTest, EscapeInTheColourChooserLeavesTheStoreAsItWas) {
   settle();
   escapeFromChooser("#336699");
   EXPECT_EQ(store.underneath().stringForKey(kColorKey), "no colour");
+
+  // Another process chooses a colour while the chooser is open.
+  escapeFromChooser("#336699", "a colour of elsewhere");
+  EXPECT_EQ(store.underneath().stringForKey(kColorKey), "a colour of elsewhere");
 }
 
 TEST_F(AnalyzerDesktopTest, KeyThatOpensAMenuLeavesTheSelectionAlone) {

@@ -7,12 +7,22 @@
 #include "QEVDependencies/ProxyServiceProtocol.hpp"
 #include "QEVDependencies/QEVError.hpp"
 #include "QEVModels/PortsValidator.hpp"
+#include "QEVSettings/ActionHistory.hpp"
 #include "QEVSettings/CheckForUpdatesView.hpp"
 #include "QEVSettings/ProxySettingsView.hpp"
+#include "QEVSettings/RecordingPreferences.hpp"
+#include "QEVSettings/SettingWriter.hpp"
+#include "QEVSettings/SettingsCatalogue.hpp"
+#include "QEVSettings/SettingsReset.hpp"
+#include "QEVSettings/preferences/PreferenceKeys.hpp"
+#include "QEVSettings/settingText.hpp"
 #include "analyzers/AnalyzerDescription.hpp"
 #include "foundation/Bundle.hpp"
+#include "foundation/MainQueue.hpp"
 #include "foundation/StringsFile.hpp"
+#include "foundation/UserDefaults.hpp"
 #include "support/TemporaryFolder.hpp"
+#include "viewkit/EnvironmentObjects.hpp"
 
 #include <gmock/gmock.h>
 
@@ -191,8 +201,162 @@ public:
   void setCertificatePath(std::optional<std::string>) override {}
 };
 
+// Says that its values come from there.
+class StoreOfOrigin final : public PreferencesStore {
+public:
+  explicit StoreOfOrigin(PreferenceOrigin origin) : origin_(origin) {}
+
+  PreferenceOrigin origin(std::string_view) const override { return origin_; }
+  const PreferenceValue* find(std::string_view) const override { return nullptr; }
+  PreferenceDictionary dictionaryRepresentation() const override { return {}; }
+  void setObject(PreferenceValue, std::string_view) override {}
+  void removeObject(std::string_view) override {}
+  [[nodiscard]] Subscription observe(std::string_view, Observer) override { return {}; }
+  [[nodiscard]] Subscription observeAll(Observer) override { return {}; }
+
+private:
+  PreferenceOrigin origin_;
+};
+
+// A store in memory that locks every key on request.
+class LockableStore final : public PreferencesStore {
+public:
+  bool isEveryKeyLocked = false;
+
+  const PreferenceValue* find(std::string_view key) const override { return store_->find(key); }
+  PreferenceDictionary dictionaryRepresentation() const override {
+    return store_->dictionaryRepresentation();
+  }
+  void setObject(PreferenceValue value, std::string_view key) override {
+    store_->setObject(std::move(value), key);
+  }
+  void removeObject(std::string_view key) override { store_->removeObject(key); }
+  bool isLocked(std::string_view) const override { return isEveryKeyLocked; }
+  [[nodiscard]] Subscription observe(std::string_view key, Observer observer) override {
+    return store_->observe(key, std::move(observer));
+  }
+  [[nodiscard]] Subscription observeAll(Observer observer) override {
+    return store_->observeAll(std::move(observer));
+  }
+
+private:
+  std::unique_ptr<foundation::UserDefaults> store_ = foundation::UserDefaults::inMemory();
+};
+
 class LocalizationTest : public AnalyzerWindowTest {
 protected:
+  // The titles, purposes and values of every setting, and what its row offers.
+  void seeSettings(MarkedTexts& texts) {
+    const auto catalogue = std::make_shared<SettingsCatalogue>();
+    auto settings = QEVCoreComponents::QEVCaptureViewModel::descriptors();
+    for (const auto* each : catalogue->current().all()) settings.push_back(*each);
+    for (const PreferenceDescriptor& each : settings) {
+      if (each.place.row.empty()) continue;
+      texts.see(settingText(each.title));
+      texts.see(settingText(each.purpose));
+      const bool isOfMachine = each.key == kPrefTimezoneString.name;
+      if (!isOfMachine && each.type != PreferenceValue::Type::data) texts.see(defaultText(each));
+    }
+    for (const auto origin :
+         {PreferenceOrigin::locked, PreferenceOrigin::commandLine, PreferenceOrigin::user,
+          PreferenceOrigin::administrator, PreferenceOrigin::standard})
+      texts.see(originText(StoreOfOrigin(origin), "x-key"));
+
+    store.setObject("x-zone", kPrefTimezoneString.name);
+    const auto open = [&](Tabs tab) {
+      return std::make_unique<headless::Window>(
+          settingsView(tab),
+          viewkit::Environment{.defaultStore = store,
+                               .objects = viewkit::EnvironmentObjects().with(catalogue).with(
+                                   std::make_shared<SettingWriter>(store))});
+    };
+    const auto seeMenu = [&](headless::Window& window, const headless::Element& element) {
+      ASSERT_TRUE(window.openContextMenu(element));
+      for (const auto& item : window.openMenuItems()) texts.see(item.title);
+      window.press(headless::Key::escape);
+    };
+    // The catalogue does not describe the settings of this page.
+    const auto capture = open(Tabs::capture);
+    seeMenu(*capture, capture->findAll(Role::toggle).front());
+    const auto general = open(Tabs::general);
+    const auto zone = general->find(Role::menuButton);
+    seeMenu(*general, zone);
+    texts.see(zone.note());
+    general->chooseFromContextMenu(zone, marked("What Is This?"));
+    for (const char* label : {"Key", "Default", "Origin"})
+      texts.see(general->findText(marked(label)).label());
+  }
+
+  // What undo, redo and resets are called, ask and tell.
+  void seeHistory(MarkedTexts& texts) {
+    LockableStore underneath;
+    RecordingPreferences recording(underneath);
+    const auto catalogue = std::make_shared<SettingsCatalogue>();
+    const auto history = std::make_shared<ActionHistory>(
+        recording, std::make_shared<SettingWriter>(recording), catalogue);
+    const auto reset = std::make_shared<SettingsReset>(history, catalogue);
+    headless::Window window(
+        settingsView(Tabs::general),
+        viewkit::Environment{.defaultStore = recording,
+                             .objects = viewkit::EnvironmentObjects().with(history).with(reset)});
+    const auto setZone = [&](const char* zone) {
+      recording.setObject(zone, kPrefTimezoneString.name);
+    };
+    const auto setElsewhere = [&] { underneath.setObject("x-other", kPrefTimezoneString.name); };
+    const auto seeNotice = [&] { texts.see(history->notice()->text()); };
+
+    ASSERT_TRUE(window.openContextMenu(window.find(Role::tabList)));
+    for (const auto& item : window.openMenuItems()) texts.see(item.title);
+    window.press(headless::Key::escape);
+    texts.see(history->undoTitle());
+    texts.see(history->redoTitle());
+    reset->askToResetPage();
+    seeNotice();
+    reset->askToResetAll();
+    seeNotice();
+
+    setZone("x-1");
+    texts.see(history->undoTitle());
+    setElsewhere();
+    history->undo();
+    seeNotice();
+    setZone("x-2");
+    history->undo();
+    texts.see(history->redoTitle());
+    setZone("x-3");
+    history->undo();
+    underneath.setObject("x-elsewhere", kPrefTimezoneString.name);
+    history->redo();
+    seeNotice();
+    setZone("x-4");
+    underneath.isEveryKeyLocked = true;
+    history->undo();
+    seeNotice();
+    underneath.isEveryKeyLocked = false;
+    setZone("x-5");
+    history->undo();
+    underneath.isEveryKeyLocked = true;
+    history->redo();
+    seeNotice();
+    underneath.isEveryKeyLocked = false;
+
+    reset->askToResetPage();
+    foundation::MainQueue::mainQueue().drain();
+    texts.see(window);
+    underneath.isEveryKeyLocked = true;
+    history->notice()->confirm();
+    seeNotice();
+    underneath.isEveryKeyLocked = false;
+    reset->askToResetPage();
+    history->notice()->confirm();
+    texts.see(history->undoTitle());
+    setZone("x-6");
+    reset->askToResetAll();
+    seeNotice();
+    history->notice()->confirm();
+    texts.see(history->undoTitle());
+  }
+
   // With every option that an analyzer of the host has.
   static std::shared_ptr<AnalyzerPreferences> analyzerWithAllOptions() {
     auto preferences = std::make_shared<AnalyzerPreferences>();
@@ -264,6 +428,12 @@ TEST_F(LocalizationTest, EveryTextOfTheTablesIsUsedAndNoOther) {
     window.click(window.find(Role::listItem, analyzer));
     texts.see(window);
   }
+  for (const char* query : {"fonts", "x-options", "x-nothing"}) {
+    window.press(headless::Key::f, appkit::Event::control);
+    window.type(query);
+    texts.see(window);
+  }
+  window.press(headless::Key::escape);
   window.selectTab(marked("Capture"));
   enter(window, marked("Buffer size (MiB)"), "0");
   enter(window, marked("Capture filter"), "(");
@@ -303,6 +473,9 @@ TEST_F(LocalizationTest, EveryTextOfTheTablesIsUsedAndNoOther) {
   texts.see(QEVCommonTools::localized(QEVDependencies::validatedProxyPort("none").error().message));
   texts.see(
       headless::Window(QEVCommonTools::managed(viewkit::View(), true), {.defaultStore = store}));
+
+  seeSettings(texts);
+  seeHistory(texts);
 
   EXPECT_THAT(texts.unmarked(), IsEmpty())
       << "shown without being looked up, or missing in the English table";

@@ -3,8 +3,13 @@
 #include "SystemCallFaults.hpp"
 #include "foundation/PreferencesVerification.hpp"
 
+#include <gmock/gmock.h>
+
 #include <array>
 #include <functional>
+#include <ranges>
+#include <set>
+#include <span>
 
 namespace foundation {
 namespace {
@@ -65,6 +70,19 @@ protected:
     return store->dictionaryRepresentation();
   }
 
+  // The values of a store that was empty before the changes of its history.
+  static QEVSettings::PreferenceDictionary valuesAfter(std::span<const RememberedChange> history) {
+    QEVSettings::PreferenceDictionary values;
+    for (const RememberedChange& change : history | std::views::reverse) {
+      const auto found = values.find(change.key);
+      EXPECT_EQ(change.before.value,
+                found != values.end() ? std::optional(found->second) : std::nullopt);
+      values.erase(change.key);
+      if (change.after.value) values.emplace(change.key, *change.after.value);
+    }
+    return values;
+  }
+
   // Puts the kept files back, and uses and closes the store in another process, which has the
   // fault. Returns the exit code of that process.
   int useWithFault(SystemCallFault fault, long number, const SystemCalls& which,
@@ -115,6 +133,41 @@ TEST_F(StoreCrash, RecoveryThatIsCutShortAnywhereIsFinishedByTheNextStart) {
       }
     }
   }
+}
+
+// Of the changes of a store with a history, none is in one of the two alone.
+TEST_F(StoreCrash, WriterThatEndsOrFailsAnywhereLeavesStoreAndHistoryInAgreement) {
+  {
+    const auto store = open();
+    store->setInteger(1, "a");
+    store->setObject("before", "b");
+  }
+  keepFiles();
+  const auto use = [&] {
+    const auto store = UserDefaults::open(path, UserDefaults::Access::shortLived);
+    static_cast<void>(store->applyChanges({{"a", 2}, {"b", std::nullopt}, {"c", "new"}}));
+    store->setInteger(3, "a");
+    return store->synchronize() ? 0 : 1;
+  };
+  long calls = 0;
+  ASSERT_EQ(useWithFault(SystemCallFault::none, 0, {}, use, &calls), 0);
+  ASSERT_GT(calls, 30);
+  std::set<std::size_t> met;
+  for (const auto fault : {SystemCallFault::end, SystemCallFault::fail}) {
+    for (long number = 1; number <= calls; number += runs(3, 1)) {
+      SCOPED_TRACE(std::string(fault == SystemCallFault::end ? "ended" : "failed") + " at call " +
+                   std::to_string(number) + " of " + std::to_string(calls));
+      useWithFault(fault, number, {}, use);
+      const auto store = open();
+      ASSERT_EQ(store->status(), std::nullopt);
+      const auto history = store->history();
+      ASSERT_TRUE(history);
+      EXPECT_EQ(valuesAfter(*history), store->dictionaryRepresentation());
+      met.insert(history->size());
+    }
+  }
+  EXPECT_THAT(met, testing::IsSupersetOf({2U, 5U, 6U}));
+  EXPECT_TRUE(verifyPreferences(path).isGood);
 }
 
 TEST_F(StoreCrash, FileThatCannotBeReadIsNeverTakenForEmpty) {

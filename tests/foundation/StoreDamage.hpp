@@ -18,6 +18,21 @@ inline void overwriteAt(const std::filesystem::path& path, std::size_t offset,
   file << bytes;
 }
 
+// Where the first pages with rows of the preferences begin, in a file with several of them: the
+// table's root is the second page, and names the others.
+inline std::vector<std::size_t> pagesWithRows(const std::string& file) {
+  const auto number = [&](std::size_t at, int bytes) {
+    std::size_t number = 0;
+    for (int i = 0; i < bytes; ++i)
+      number = number << 8 | static_cast<unsigned char>(file.at(at++));
+    return number;
+  };
+  std::vector<std::size_t> pages;
+  for (std::size_t i = 0; i < number(kPage + 3, 2); ++i)
+    pages.push_back((number(kPage + number(kPage + 12 + 2 * i, 2), 4) - 1) * kPage);
+  return pages;
+}
+
 // A store that has a good copy and, after a kill, newer changes in its log.
 class DamagedStoreTest : public StoreTest {
 protected:

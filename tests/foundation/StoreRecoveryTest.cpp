@@ -180,8 +180,9 @@ TEST_F(StoreRecovery, LossIsReportedWithTheNumberOfKeys) {
       {"pages swapped",
        [&] {
          const std::string contents = contentsOf(path);
-         overwriteAt(path, 3 * kPage, contents.substr(4 * kPage, kPage));
-         overwriteAt(path, 4 * kPage, contents.substr(3 * kPage, kPage));
+         const auto pages = pagesWithRows(contents);
+         overwriteAt(path, pages.at(0), contents.substr(pages.at(1), kPage));
+         overwriteAt(path, pages.at(1), contents.substr(pages.at(0), kPage));
        },
        Outcome::restored, 0},
       {"last write of the log garbled",

@@ -18,6 +18,7 @@ TEST(HeadlessDescription, TreeIsDescribedAsTextAndAsJSON) {
                                       .label = "Say \"hi\"\n\xFF",
                                       .value = "",
                                       .help = "Greets",
+                                      .note = "Changed",
                                       .enabled = false,
                                       .selected = true},
                     .frame = {{10, 20}, {80, 20}},
@@ -26,17 +27,19 @@ TEST(HeadlessDescription, TreeIsDescribedAsTextAndAsJSON) {
   };
   EXPECT_EQ(textDescription(tree),
             "VStack (0, 0) 100.5 x 40\n"
-            "  Button button \"Say \\\"hi\\\"\\n\xEF\xBF\xBD\" help \"Greets\" selected disabled "
+            "  Button button \"Say \\\"hi\\\"\\n\xEF\xBF\xBD\" help \"Greets\" note \"Changed\" "
+            "selected disabled "
             "(10, 20) 80 x 20 [placeholder \\\"a\\\"]\n");
-  EXPECT_EQ(jsonDescription(tree),
-            R"({"kind":"VStack","role":"none","label":"","value":"","help":"","enabled":true,)"
-            R"("selected":null,"visual":"",)"
-            R"("frame":{"x":0,"y":0,"width":100.5,"height":40},"children":[)"
-            R"({"kind":"Button","role":"button","label":"Say \"hi\"\n)"
-            "\xEF\xBF\xBD"
-            R"(","value":"","help":"Greets","enabled":false,)"
-            R"("selected":true,"visual":"placeholder \"a\"",)"
-            R"("frame":{"x":10,"y":20,"width":80,"height":20},"children":[]}]})");
+  EXPECT_EQ(
+      jsonDescription(tree),
+      R"({"kind":"VStack","role":"none","label":"","value":"","help":"","note":"","enabled":true,)"
+      R"("selected":null,"visual":"",)"
+      R"("frame":{"x":0,"y":0,"width":100.5,"height":40},"children":[)"
+      R"({"kind":"Button","role":"button","label":"Say \"hi\"\n)"
+      "\xEF\xBF\xBD"
+      R"(","value":"","help":"Greets","note":"Changed","enabled":false,)"
+      R"("selected":true,"visual":"placeholder \"a\"",)"
+      R"("frame":{"x":10,"y":20,"width":80,"height":20},"children":[]}]})");
 }
 
 }  // namespace

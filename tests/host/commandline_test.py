@@ -122,6 +122,71 @@ class CommandLine(unittest.TestCase):
         self.run_host("prefs", "delete", "key", code=1)
         self.assertEqual(self.listed(), {})
 
+    def history(self, *words):
+        return json.loads(self.run_host("prefs", "history", *words, "--format", "json"))
+
+    def test_history_tells_each_change_the_newest_first(self):
+        begin = datetime.datetime.now(datetime.timezone.utc) - datetime.timedelta(seconds=1)
+        self.run_host("prefs", "set", "a", "--int", "1")
+        self.run_host("prefs", "set", "b", "--json", '{"x":[true,"y"]}')
+        self.run_host("prefs", "set", "a", "--string", "one")
+        self.run_host("prefs", "delete", "b")
+        changes = self.history()
+        sides = [(change["key"], change["before"], change["after"]) for change in changes]
+        b = {"x": [True, "y"]}
+        self.assertEqual(sides, [("b", b, None), ("a", 1, "one"), ("b", None, b), ("a", None, 1)])
+        times = [datetime.datetime.fromisoformat(change["time"].replace("Z", "+00:00")) for change in changes]
+        self.assertEqual(times, sorted(times, reverse=True))
+        self.assertGreater(times[-1], begin)
+        version = self.run_host("--version").split()[-1]
+        self.assertEqual({change["program"] for change in changes}, {f"zorvantine {version}"})
+        self.assertEqual(self.history("a"), [changes[1], changes[3]])
+        lines = self.run_host("prefs", "history").splitlines()
+        self.assertEqual(len(lines), 4)
+        self.assertIn("  a  1 → one  (zorvantine", lines[1])
+        self.assertIn("no key", self.run_host("prefs", "history", "nothing", code=1))
+
+    def test_undo_takes_changes_back_and_can_be_undone(self):
+        self.run_host("prefs", "set", "a", "--int", "1")
+        self.run_host("prefs", "set", "a", "--int", "2")
+        self.run_host("prefs", "set", "b", "--string", "text")
+        before = self.listed()
+        self.run_host("prefs", "undo")
+        self.assertNotIn("b", self.listed())
+        self.run_host("prefs", "undo")
+        self.assertEqual(self.listed(), before)
+        self.assertIn("Undid 5 changes of 2 settings.", self.run_host("prefs", "undo", "5"))
+        self.assertEqual(self.listed(), {})
+        moment = self.history()[-2]["time"]
+        self.run_host("prefs", "undo", "--to", moment)
+        self.assertEqual(self.listed(), {"a": {"type": "integer", "value": 2}})
+        self.assertIn("Undid 0 changes", self.run_host("prefs", "undo", "--to", "2900-01-01T00:00:00Z"))
+
+    def test_undo_is_all_or_nothing(self):
+        self.run_host("prefs", "set", "large", "--string", "x" * 70_000)
+        self.run_host("prefs", "set", "large", "--string", "small")
+        self.run_host("prefs", "set", "a", "--int", "1")
+        self.assertEqual(self.history("large")[0]["beforeBytes"], 70_000)
+        self.assertIsNone(self.history("large")[0]["before"])
+        before = self.listed()
+        self.assertIn("“large” cannot be put back", self.run_host("prefs", "undo", "2", code=3))
+        self.assertIn("no more than 3 changes", self.run_host("prefs", "undo", "4", code=3))
+        self.assertIn("does not reach back", self.run_host("prefs", "undo", "--to", "2020-01-01T00:00:00Z", code=3))
+        for words in (["0"], ["1001"], ["x"], ["--to", "yesterday"], ["1", "--to", "2026-01-01T00:00:00Z"]):
+            self.run_host("prefs", "undo", *words, code=2)
+        self.assertEqual(self.listed(), before)
+
+    def test_history_is_off_by_a_setting(self):
+        key = "com_velloquin_zorvantine_keepsHistory"
+        self.run_host("prefs", "set", "a", "--string", "remember me")
+        self.run_host("prefs", "set", key, "false")
+        self.run_host("prefs", "set", "a", "--string", "forget me")
+        self.assertEqual(self.history(), [])
+        self.assertNotIn(b"remember me", self.store.read_bytes())
+        self.run_host("prefs", "reset", key)
+        self.run_host("prefs", "set", "a", "--string", "again")
+        self.assertEqual(self.history()[0]["before"], "forget me")
+
     def test_commands_that_read_refuse_a_store_that_is_not_there(self):
         for words in (
             ["prefs", "list"],
@@ -130,6 +195,7 @@ class CommandLine(unittest.TestCase):
             ["prefs", "verify"],
             ["prefs", "watch"],
             ["analyzers"],
+            ["find", "dns"],
             ["describe"],
         ):
             self.assertIn(f"no store {self.store}", self.run_host(*words, code=3))
@@ -193,7 +259,8 @@ class CommandLine(unittest.TestCase):
 
     def reading(self):
         exported = str(self.folder / "no" / "such" / "folder")
-        return [["prefs", "list"], ["prefs", "get", "key"], ["prefs", "export", exported], ["analyzers"], ["describe"]]
+        return [["prefs", "list"], ["prefs", "get", "key"], ["prefs", "export", exported], ["analyzers"],
+                ["find", "dns"], ["describe"]]
 
     def test_commands_refuse_a_file_that_is_no_store_and_leave_it_alone(self):
         database = self.folder / "other.sqlite"
@@ -238,7 +305,7 @@ class CommandLine(unittest.TestCase):
     def test_commands_that_read_leave_the_folder_as_it_is(self):
         self.run_host("prefs", "set", "key", "--string", "value")
         before = self.files()
-        for words in (["prefs", "list"], ["prefs", "get", "key"], ["prefs", "verify"], ["analyzers"], ["describe"]):
+        for words in (["prefs", "list"], ["prefs", "get", "key"], ["prefs", "verify"], ["analyzers"], ["find", "dns"], ["describe"]):
             self.run_host(*words)
             self.assertEqual(self.files(), before, words)
 
@@ -511,6 +578,31 @@ class CommandLine(unittest.TestCase):
         text = self.run_host("analyzers")
         for title in analyzers:
             self.assertRegex(text, f"(?m)^{re.escape(title)} ")
+
+    def test_settings_are_found_wherever_the_window_shows_them(self):
+        self.run_host("prefs", "set", f"{PREFIX}tcp_checksums", "--bool", "true")
+        found = json.loads(self.run_host("find", "5353", "--format", "json"))
+        self.assertEqual(
+            found[0],
+            {"title": "Multicast DNS", "tab": "analyze", "analyzer": "DNS", "key": f"{PREFIX}dns_protocols"},
+        )
+        self.assertIn({"title": "DNS", "tab": "analyze", "analyzer": "DNS", "key": None}, found)
+        capture = json.loads(self.run_host("find", "CAPTURE", "--format", "json"))[0]
+        self.assertEqual(capture, {"title": "Capture", "tab": "capture", "analyzer": None, "key": None})
+        self.assertEqual(
+            self.run_host("find", "Checksums", "tcp"), f"Compute checksums  Analyzer › TCP  {PREFIX}tcp_checksums\n"
+        )
+        changed = json.loads(self.run_host("find", "is:changed", "--format", "json"))
+        self.assertEqual([each["key"] for each in changed], [f"{PREFIX}tcp_checksums"])
+        described = json.loads(self.run_host("prefs", "describe", "--format", "json"))
+        for each in json.loads(self.run_host("find", "e", "--format", "json")):
+            self.assertIn(each["tab"], ("general", "capture", "proxy", "analyze", "appearance"))
+            if each["key"] is not None:
+                self.assertIn(each["key"], described)
+        nothing = subprocess.run(self.command("find", "zebra", "--format", "json"), capture_output=True, text=True)
+        self.assertEqual((nothing.returncode, json.loads(nothing.stdout)), (1, []))
+        self.assertRegex(nothing.stderr, r"\Azorvantine: no setting has “zebra”[^\n]*\n\Z")
+        self.run_host("find", code=2)
 
     def test_help_on_a_command_describes_that_command_alone(self):
         text = self.run_host("prefs", "set", "--help")

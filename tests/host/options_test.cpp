@@ -110,8 +110,8 @@ TEST(CommandLine, ErrorNamesWhatIsWrong) {
       {{"setings"}, "“setings”"},
       {{""}, "no command"},
       {{"prefs"},
-       "list, describe, get, set, reset, diff, edit, delete, import, export, migrate, watch or "
-       "verify"},
+       "list, describe, get, set, reset, diff, edit, delete, import, export, migrate, watch, "
+       "history, undo or verify"},
       {{"prefs", "show"}, "list, describe, get, set"},
       {{"prefs", "get"}, "a KEY"},
       {{"prefs", "get", ""}, "a key is text"},

@@ -20,7 +20,7 @@ from pathlib import Path
 
 PROGRAM = sys.argv[1]
 TABS = ["general", "capture", "proxy", "analyze", "appearance"]
-MEMBERS = {"kind", "role", "label", "value", "help", "enabled", "selected", "visual", "frame",
+MEMBERS = {"kind", "role", "label", "value", "help", "note", "enabled", "selected", "visual", "frame",
            "children"}
 
 

@@ -6,7 +6,8 @@
     pages_test.py ZORVANTINE --write    writes the golden files anew
 
 Each golden file is the output of `zorvantine describe` for one state of one page, without the
-views that neither draw nor say anything: a view that only places others may come and go.
+views that neither draw nor say anything: a view that only places others may come and go. Marks of
+changed settings are left out too, so that the files show that a mark moves nothing.
 """
 
 import base64
@@ -96,6 +97,25 @@ def condensed(description):
     return lines
 
 
+NOTE = re.compile(r' note ("(?:[^"\\]|\\.)*")')
+
+
+def without_marks(lines):
+    """The page without the marks before changed settings, and without what is said of them."""
+    notes = {note for line in lines for note in NOTE.findall(line)}
+    kept = []
+    mark = None
+    for line in lines:
+        if mark is not None and depth(line) > mark:
+            continue
+        mark = None
+        if any(line.lstrip().startswith(f"AccessibilityRole image {note} ") for note in notes):
+            mark = depth(line)
+        else:
+            kept.append(NOTE.sub("", line))
+    return kept
+
+
 def without_interfaces(lines):
     """The capture page without its list of interfaces, which is the machine's own."""
     kept = []
@@ -137,7 +157,7 @@ def describe(program, arguments, preferences):
         for key, value in {**TIME_ZONE, **preferences}.items():
             zorvantine("prefs", "set", key, *option_of(value))
         language = [] if "--language" in arguments else ["--language", "en"]
-        lines = condensed(zorvantine("describe", *arguments, *language))
+        lines = without_marks(condensed(zorvantine("describe", *arguments, *language)))
     return without_interfaces(lines) if "capture" in arguments else lines
 
 

@@ -35,7 +35,7 @@ TEST(PreferenceCatalogue, FixedKeysAreDescribedWithDefaultsThatFitAndTexts) {
                             kPrefTimezoneString.name,  kFontPacketTable.name,
                             kFontProtocolDetails.name, kFontBaseProtocolStatistics.name,
                             kFontDataSourcesList.name, kFontDataSourcesHead.name,
-                            kFontConsoleRaw.name};
+                            kFontConsoleRaw.name,      kKeepsHistory.name};
   EXPECT_EQ(catalogue.size(), keys.size());
   for (const std::string_view key : keys) {
     SCOPED_TRACE(key);

@@ -161,6 +161,17 @@ TEST_F(FontPickerTest, EscapeBringsBackTheFormerFontAndReturnKeepsTheNewOne) {
   }
 }
 
+TEST_F(FontPickerTest, EscapeKeepsAFontOfElsewhere) {
+  QFontDialog& dialog = openDialog();
+  QFont other = dialog.currentFont();
+  other.setPointSize(20);
+  pick(dialog, other);
+  *picker.size = 31;
+  QTest::keyClick(&dialog, Qt::Key_Escape);
+  settle();
+  EXPECT_EQ(*picker.size, 31);
+}
+
 TEST_F(ChoosersTest, EscapeInColorChooserRestoresFormerColor) {
   const struct {
     const char* way;

@@ -11,6 +11,7 @@
 #include "analyzers/options/analyzerOptionStyles.hpp"
 #include "resources/resource_bundle_accessor.hpp"
 #include "rows/OptionRow.hpp"
+#include "rows/SettingRow.hpp"
 #include "viewkit/Controls.hpp"
 #include "viewkit/ErrorBoundary.hpp"
 #include "viewkit/Stacks.hpp"
@@ -112,13 +113,16 @@ struct ToggleRow {
 };
 
 View coloringRow(const AnalyzerColorSpec& spec) {
-  return ColoringRow{.color = {spec.colorKey, std::string()},
-                     .usesColor = {spec.usesColorKey, AnalyzerOption{kUsesColorDefault}}};
+  return settingRow(
+      {spec.usesColorKey, spec.colorKey},
+      ColoringRow{.color = {spec.colorKey, std::string()},
+                  .usesColor = {spec.usesColorKey, AnalyzerOption{kUsesColorDefault}}});
 }
 
 View toggleRow(const AnalyzerToggleSpec& spec) {
-  return ToggleRow{.labelKey = spec.labelKey,
-                   .option = {spec.defaultsKey, AnalyzerOption{spec.defaultValue}}};
+  return settingRow({spec.defaultsKey},
+                    ToggleRow{.labelKey = spec.labelKey,
+                              .option = {spec.defaultsKey, AnalyzerOption{spec.defaultValue}}});
 }
 
 }  // namespace

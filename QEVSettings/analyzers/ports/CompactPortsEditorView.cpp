@@ -12,6 +12,7 @@
 #include "analyzers/ports/PortSourceCell.hpp"
 #include "analyzers/ports/PortsSectionHeader.hpp"
 #include "resources/resource_bundle_accessor.hpp"
+#include "rows/SettingRow.hpp"
 #include "viewkit/Controls.hpp"
 #include "viewkit/Environment.hpp"
 #include "viewkit/Stacks.hpp"
@@ -91,6 +92,7 @@ GridRow protocolRow(const PortsEditing::Row& row, const std::vector<std::string>
 View CompactPortsEditorView::body() const {
   const auto editing = std::make_shared<const PortsEditing>(
       ports, controller, Environment::current().defaultStore.get(),
+      Environment::current().object<SettingWriter>(),
       PortsEditing::ViewState{.rows = rows.binding(),
                               .session = session.binding(),
                               .resetError = resetError.binding(),
@@ -107,11 +109,12 @@ View CompactPortsEditorView::body() const {
                         .frame(FlexibleFrame{.minHeight = 140, .alignment = Alignment::top()}),
                     Hairline{.color = Color::separator()},
                     PortsSectionHeader{},
-                    Grid({.horizontalAlignment = HorizontalAlignment::leading,
-                          .verticalAlignment = VerticalAlignment::firstTextBaseline,
-                          .horizontalSpacing = points(Spacing::s6),
-                          .verticalSpacing = points(Spacing::s5)},
-                         std::move(table))
+                    settingRow({ports.networkProtocolKey},
+                               Grid({.horizontalAlignment = HorizontalAlignment::leading,
+                                     .verticalAlignment = VerticalAlignment::firstTextBaseline,
+                                     .horizontalSpacing = points(Spacing::s6),
+                                     .verticalSpacing = points(Spacing::s5)},
+                                    std::move(table)))
                         .frame(FlexibleFrame{.minHeight = 120, .alignment = Alignment::top()}),
                     HStack({},
                            {

@@ -55,10 +55,12 @@ bool attempt(const Protocol& protocol, const std::function<void()>& steps) {
 
 PortsEditing::PortsEditing(QEVDependencies::AnalyzerPortsSpec ports,
                            std::weak_ptr<QEVDependencies::QEVPortsPreferencesProtocol> controller,
-                           PreferencesStore& defaults, ViewState state)
+                           PreferencesStore& defaults, std::shared_ptr<SettingWriter> writer,
+                           ViewState state)
     : ports_(std::move(ports)),
       controller_(std::move(controller)),
       defaults_(&defaults),
+      writer_(std::move(writer)),
       state_(std::move(state)) {}
 
 void PortsEditing::load() const {
@@ -70,6 +72,10 @@ void PortsEditing::load() const {
   session->storedListChanged = defaults_->observe(
       ports_.networkProtocolKey, [self = *this](std::string_view) { self.follow(); });
   state_.session.set(session);
+  if (!writer_) return;
+  session->listWritten = writer_->observe(ports_.networkProtocolKey,
+                                          [self = *this](std::string_view) { self.showRefusal(); });
+  showRefusal();
 }
 
 void PortsEditing::pickName(const Row& row, const std::string& name) const {
@@ -164,6 +170,17 @@ void PortsEditing::follow() const {
   const auto session = state_.session.get();
   if (session && state_.isManaged.get() != isManaged()) state_.isManaged.set(isManaged());
   if (session && !session->isActing) bringUpToDate(*session);
+}
+
+// A list that was written from outside of the editor, for example by an undo, was refused.
+void PortsEditing::showRefusal() const {
+  if (!state_.session.get()) return;
+  const auto refusal = writer_->takeRefusal(ports_.networkProtocolKey);
+  if (!refusal) return;
+  if (!refusal->record) return state_.resetError.set(refusal->state);
+  for (const Row& row : state_.rows.get()) {
+    if (row->model()->id() == *refusal->record) showErrorState(refusal->state, *row->model());
+  }
 }
 
 bool PortsEditing::isManaged() const { return defaults_->isLocked(ports_.networkProtocolKey); }

@@ -7,6 +7,7 @@
 #include "QEVDependencies/QEVNetworkProtocolProperty.hpp"
 #include "QEVDependencies/QEVPortsPreferencesProtocol.hpp"
 #include "QEVModels/AnalyzerPortsStore.hpp"
+#include "QEVSettings/SettingWriter.hpp"
 #include "QEVSettings/preferences/PreferencesStore.hpp"
 #include "analyzers/ports/PortRows.hpp"
 #include "viewkit/Binding.hpp"
@@ -37,6 +38,7 @@ public:
     std::optional<PreferenceValue> followed;
     bool isActing = false;
     Subscription storedListChanged;
+    Subscription listWritten;
   };
 
   // State that the view keeps.
@@ -50,10 +52,10 @@ public:
   };
 
   // The store outlives the editing. Without a controller its calls are left out, and all else is
-  // done.
+  // done. A writer tells of lists that the analyzer refused; it may be null.
   PortsEditing(QEVDependencies::AnalyzerPortsSpec ports,
                std::weak_ptr<QEVDependencies::QEVPortsPreferencesProtocol> controller,
-               PreferencesStore& defaults, ViewState state);
+               PreferencesStore& defaults, std::shared_ptr<SettingWriter> writer, ViewState state);
 
   void load() const;
   void pickName(const Row& row, const std::string& name) const;
@@ -72,6 +74,7 @@ private:
 
   QEVModels::AnalyzerPortsStore store() const;
   void follow() const;
+  void showRefusal() const;
   bool isManaged() const;
   void markManaged(const Row& row) const;
   void bringUpToDate(Session& session) const;
@@ -86,6 +89,7 @@ private:
   QEVDependencies::AnalyzerPortsSpec ports_;
   std::weak_ptr<QEVDependencies::QEVPortsPreferencesProtocol> controller_;
   PreferencesStore* defaults_;
+  std::shared_ptr<SettingWriter> writer_;
   ViewState state_;
 };
 

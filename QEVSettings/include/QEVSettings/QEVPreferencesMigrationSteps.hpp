@@ -23,6 +23,9 @@ std::optional<PreferenceValue> protocolListWithPortsAsText(std::string_view key,
 
 // Imported preferences in the form of the current schema. They have no schema version, because the
 // store that they are merged into has its own.
+//
+//     if (const auto current = inCurrentSchema(std::move(list)))
+//       report(std::to_string(current->rewritten) + " values had an older form");
 struct CurrentPreferences {
   PreferenceDictionary values;
   std::size_t rewritten = 0;  // the number of values that had an older form

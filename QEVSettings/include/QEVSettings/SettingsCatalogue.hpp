@@ -15,6 +15,9 @@
 namespace QEVSettings {
 
 // What an analyzer describes of its settings.
+//
+//     const AnalyzerSettings dns{.title = "DNS", .toggles = config.toggles, .color = config.color};
+//     for (PreferenceDescriptor& each : analyzerDescriptors(dns)) settings.add(std::move(each));
 struct AnalyzerSettings {
   std::string title;
   std::vector<QEVDependencies::AnalyzerToggleSpec> toggles = {};
@@ -51,10 +54,18 @@ public:
   // call. The reference is valid as long as this object, and a descriptor until the next call.
   const PreferenceCatalogue& current();
 
+  // The descriptor of one key; null for a key that is not described. Asks the analyzers only for a
+  // key that is not of the host. Valid until the next call that takes the analyzers' settings anew.
+  const PreferenceDescriptor* find(std::string_view key);
+
+  // The keys with fixed names and those of the host, without asking any analyzer.
+  std::vector<PreferenceDescriptor> own() const;
+
 private:
   void takeAnalyzers();
 
   PreferenceCatalogue catalogue_;
+  std::vector<std::string> own_;
   std::vector<std::string> ofAnalyzers_;
   std::optional<std::uint64_t> revision_;
 };

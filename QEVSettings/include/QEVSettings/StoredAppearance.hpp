@@ -10,7 +10,8 @@ namespace QEVSettings {
 // store says, from the moment the delegate is made, and also when another process changes the
 // store.
 //
-//     QEVSettingsView(updater, std::make_shared<StoredAppearance>(store), capture, …);
+//     auto appearance = std::make_shared<StoredAppearance>(store);
+//     QEVSettingsView(updater, appearance, capture, QEVSettingsView::Tabs::general, std::nullopt)
 //
 // Main thread.
 class StoredAppearance final : public QEVDependencies::QEVAppDelegateProvider {

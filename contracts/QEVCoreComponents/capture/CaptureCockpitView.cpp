@@ -5,6 +5,7 @@
 #include "QEVCommonTools/ManagedSetting.hpp"
 #include "QEVCommonTools/PlainText.hpp"
 #include "QEVCommonTools/RectCorner.hpp"
+#include "QEVCommonTools/SettingRow.hpp"
 #include "QEVCommonTools/Spacing.hpp"
 #include "QEVCommonTools/localized.hpp"
 #include "fields/CheckedTextField.hpp"
@@ -18,6 +19,7 @@
 #include <charconv>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace QEVCoreComponents {
@@ -31,6 +33,7 @@ using QEVCommonTools::klear;
 using QEVCommonTools::localized;
 using QEVCommonTools::managed;
 using QEVCommonTools::points;
+using QEVCommonTools::settingRow;
 using QEVCommonTools::Spacing;
 using QEVCommonTools::trimmed;
 
@@ -187,7 +190,8 @@ View CaptureCockpitView::interfaceList() const {
           .frame(FixedFrame{.height = kListHeight})
           .background(Color::controlBackground())
           .modifier(CornerRadius{.radius = kCornerLow});
-  return managed(list, model->isManaged(QEVCaptureViewModel::kInterfaceKey));
+  return settingRow({std::string(QEVCaptureViewModel::kInterfaceKey)},
+                    managed(list, model->isManaged(QEVCaptureViewModel::kInterfaceKey)));
 }
 
 View CaptureCockpitView::options() const {
@@ -202,35 +206,43 @@ View CaptureCockpitView::options() const {
   const bool usesRing = model->usesRingOfFiles();
   using Capture = QEVCaptureViewModel;
 
+  const auto row = [](const std::string& label, std::string_view key, const View& control) {
+    return formRow(label, control, {std::string(key)});
+  };
+
   return formGrid({
-      formRow(promiscuous, managed(Toggle(switchBinding(model, &Capture::isPromiscuous,
-                                                        &Capture::setPromiscuous),
-                                          ToggleControl::Size::small)
-                                       .accessibilityLabel(promiscuous),
-                                   model->isManaged(Capture::kPromiscuousKey))),
-      formRow(snapshotLength,
-              numberField(snapshotLength, Capture::kSnapshotLengthKey, Capture::kSnapshotLength,
-                          model, &Capture::snapshotLength, &Capture::setSnapshotLength)),
-      formRow(bufferSize, numberField(bufferSize, Capture::kBufferSizeKey, Capture::kBufferSize,
-                                      model, &Capture::bufferSize, &Capture::setBufferSize)),
-      formRow(filter,
-              CheckedTextField{
-                  .label = filter,
-                  .placeholder = localized("all packets"),
-                  .value = model->captureFilter(),
-                  .commit = [model](std::string_view text) { return setFilter(text, model); },
-                  .isManaged = model->isManaged(Capture::kFilterKey)}),
-      formRow(ring, managed(Toggle(switchBinding(model, &Capture::usesRingOfFiles,
-                                                 &Capture::setUsesRingOfFiles),
-                                   ToggleControl::Size::small)
-                                .accessibilityLabel(ring),
-                            model->isManaged(Capture::kUsesRingKey))),
-      formRow(fileCount, numberField(fileCount, Capture::kRingFileCountKey, Capture::kRingFileCount,
-                                     model, &Capture::ringFileCount, &Capture::setRingFileCount)
-                             .disabled(!usesRing)),
-      formRow(fileSize, numberField(fileSize, Capture::kRingFileSizeKey, Capture::kRingFileSize,
-                                    model, &Capture::ringFileSize, &Capture::setRingFileSize)
-                            .disabled(!usesRing)),
+      row(promiscuous, Capture::kPromiscuousKey,
+          managed(Toggle(switchBinding(model, &Capture::isPromiscuous, &Capture::setPromiscuous),
+                         ToggleControl::Size::small)
+                      .accessibilityLabel(promiscuous),
+                  model->isManaged(Capture::kPromiscuousKey))),
+      row(snapshotLength, Capture::kSnapshotLengthKey,
+          numberField(snapshotLength, Capture::kSnapshotLengthKey, Capture::kSnapshotLength, model,
+                      &Capture::snapshotLength, &Capture::setSnapshotLength)),
+      row(bufferSize, Capture::kBufferSizeKey,
+          numberField(bufferSize, Capture::kBufferSizeKey, Capture::kBufferSize, model,
+                      &Capture::bufferSize, &Capture::setBufferSize)),
+      row(filter, Capture::kFilterKey,
+          CheckedTextField{
+              .label = filter,
+              .placeholder = localized("all packets"),
+              .value = model->captureFilter(),
+              .commit = [model](std::string_view text) { return setFilter(text, model); },
+              .isManaged = model->isManaged(Capture::kFilterKey)}),
+      row(ring, Capture::kUsesRingKey,
+          managed(
+              Toggle(switchBinding(model, &Capture::usesRingOfFiles, &Capture::setUsesRingOfFiles),
+                     ToggleControl::Size::small)
+                  .accessibilityLabel(ring),
+              model->isManaged(Capture::kUsesRingKey))),
+      row(fileCount, Capture::kRingFileCountKey,
+          numberField(fileCount, Capture::kRingFileCountKey, Capture::kRingFileCount, model,
+                      &Capture::ringFileCount, &Capture::setRingFileCount)
+              .disabled(!usesRing)),
+      row(fileSize, Capture::kRingFileSizeKey,
+          numberField(fileSize, Capture::kRingFileSizeKey, Capture::kRingFileSize, model,
+                      &Capture::ringFileSize, &Capture::setRingFileSize)
+              .disabled(!usesRing)),
   });
 }
 

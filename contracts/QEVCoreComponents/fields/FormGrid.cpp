@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "fields/FormGrid.hpp"
 
+#include "QEVCommonTools/SettingRow.hpp"
 #include "QEVCommonTools/Spacing.hpp"
 #include "viewkit/Text.hpp"
 
@@ -12,10 +13,10 @@ using namespace viewkit;
 using QEVCommonTools::points;
 using QEVCommonTools::Spacing;
 
-GridRow formRow(const std::string& label, const View& control) {
+GridRow formRow(const std::string& label, const View& control, std::vector<std::string> keys) {
   return {.cells = {
-              Text(label),
-              control,
+              QEVCommonTools::settingLabel(keys, Text(label)),
+              QEVCommonTools::settingRow(std::move(keys), control),
           }};
 }
 

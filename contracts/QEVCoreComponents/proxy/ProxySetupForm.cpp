@@ -4,6 +4,7 @@
 #include "QEVCommonTools/ManagedSetting.hpp"
 #include "QEVCommonTools/MessageText.hpp"
 #include "QEVCommonTools/PlainText.hpp"
+#include "QEVCommonTools/SettingRow.hpp"
 #include "QEVCommonTools/Spacing.hpp"
 #include "QEVCommonTools/localized.hpp"
 #include "QEVDependencies/ProxyAddress.hpp"
@@ -28,6 +29,7 @@ using QEVCommonTools::managed;
 using QEVCommonTools::MessageKind;
 using QEVCommonTools::messageText;
 using QEVCommonTools::points;
+using QEVCommonTools::settingRow;
 using QEVCommonTools::Spacing;
 using QEVCommonTools::trimmed;
 using QEVDependencies::ProxyAddress;
@@ -155,27 +157,32 @@ View proxySetupRows(const Service& proxy) {
   const std::string intercepts = localized("Intercept TLS");
 
   return formGrid({
-      formRow(enabled, HStack({.spacing = points(Spacing::s6)},
-                              {
-                                  managed(Toggle({[proxy] { return proxy->isEnabled(); },
-                                                  [proxy](bool isOn) { proxy->setEnabled(isOn); }},
-                                                 ToggleControl::Size::small)
-                                              .accessibilityLabel(enabled),
-                                          proxy->isManaged(Setting::enabled)),
-                                  messageText(proxy->problem().value_or(""), MessageKind::problem),
-                                  Spacer(0),
-                              })),
-      formRow(localized("Listening address"), listeningAddress(proxy)),
-      formRow(localized("Upstream proxy"), upstream(proxy)),
+      formRow(enabled,
+              HStack({.spacing = points(Spacing::s6)},
+                     {
+                         managed(Toggle({[proxy] { return proxy->isEnabled(); },
+                                         [proxy](bool isOn) { proxy->setEnabled(isOn); }},
+                                        ToggleControl::Size::small)
+                                     .accessibilityLabel(enabled),
+                                 proxy->isManaged(Setting::enabled)),
+                         messageText(proxy->problem().value_or(""), MessageKind::problem),
+                         Spacer(0),
+                     }),
+              proxy->keysOf(Setting::enabled)),
+      formRow(localized("Listening address"), listeningAddress(proxy),
+              proxy->keysOf(Setting::listeningAddress)),
+      formRow(localized("Upstream proxy"), upstream(proxy), proxy->keysOf(Setting::upstream)),
       formRow(intercepts,
               HStack({.spacing = points(Spacing::s6)},
                      {
-                         managed(Toggle({[proxy] { return proxy->interceptsTLS(); },
-                                         [proxy](bool isOn) { proxy->setInterceptsTLS(isOn); }},
-                                        ToggleControl::Size::small)
-                                     .accessibilityLabel(intercepts),
-                                 proxy->isManaged(Setting::interceptsTLS)),
-                         certificate(proxy),
+                         settingRow(
+                             proxy->keysOf(Setting::interceptsTLS),
+                             managed(Toggle({[proxy] { return proxy->interceptsTLS(); },
+                                             [proxy](bool isOn) { proxy->setInterceptsTLS(isOn); }},
+                                            ToggleControl::Size::small)
+                                         .accessibilityLabel(intercepts),
+                                     proxy->isManaged(Setting::interceptsTLS))),
+                         settingRow(proxy->keysOf(Setting::certificatePath), certificate(proxy)),
                      })),
   });
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "QEVSettings/PreferenceListReader.hpp"
+#include "QEVSettings/SettingDefault.hpp"
 #include "QEVSettings/SettingsCatalogue.hpp"
 #include "QEVSettings/preferences/PreferenceKeys.hpp"
 #include "catalogue/HostSettings.hpp"

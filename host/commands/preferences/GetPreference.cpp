@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "QEVSettings/SettingDefault.hpp"
 #include "catalogue/HostSettings.hpp"
 #include "catalogue/SettingValues.hpp"
 #include "commandline/TextForm.hpp"

@@ -4,7 +4,9 @@
 #include "commands/SharedArguments.hpp"
 #include "foundation/Translation.hpp"
 
+#include <cstdint>
 #include <functional>
+#include <memory>
 #include <utility>
 
 namespace zorvantine {
@@ -167,6 +169,53 @@ Arguments watchArguments(WatchPreferencesCommand& command) {
   return {.options = {formatOption(command.format)}, .operands = {keysOperand(command.keys)}};
 }
 
+Operand optionalKeyOperand(std::string& key) {
+  Operand operand = keyOperand(key);
+  operand.needs = {};
+  operand.isOptional = true;
+  return operand;
+}
+
+Arguments historyArguments(ShowHistoryCommand& command) {
+  return {.options = {formatOption(command.format)}, .operands = {optionalKeyOperand(command.key)}};
+}
+
+Outcome readCount(std::string_view word, std::size_t& count) {
+  const auto number = QEVSettings::readValue(PreferenceValue::Type::integer, word);
+  const auto wanted = number ? number->asInteger() : std::nullopt;
+  constexpr auto most = static_cast<std::int64_t>(foundation::kMostRememberedChanges);
+  if (!wanted || *wanted < 1 || *wanted > most)
+    return Error{translated("N is a number of changes from 1 to %1", {std::to_string(most)})};
+  count = static_cast<std::size_t>(*wanted);
+  return done();
+}
+
+Arguments undoArguments(UndoChangesCommand& command) {
+  const auto isCounted = std::make_shared<bool>(false);
+  Option time{.name = "--to",
+              .value = "TIME",
+              .help = "Undo every change after this time, in UTC, as in 2026-03-01T12:30:00Z.",
+              .take = [&command](std::string_view text) {
+                auto date = QEVSettings::readValue(PreferenceValue::Type::date, text);
+                if (!date) return Outcome(date.error());
+                command.time = date->asDate();
+                return done();
+              }};
+  return {.options = {std::move(time)},
+          .operands = {{.name = "N",
+                        .needs = {},
+                        .take =
+                            [&command, isCounted](std::string_view word) {
+                              *isCounted = true;
+                              return readCount(word, command.count);
+                            },
+                        .isOptional = true}},
+          .check = [&command, isCounted] {
+            if (!*isCounted || !command.time) return done();
+            return Outcome(Error{translated("give N or --to, not both")});
+          }};
+}
+
 template <class Command>
 Arguments noArguments(Command&) {
   return {};
@@ -260,6 +309,19 @@ std::vector<CommandEntry> storeCommands() {
                .storeUse = StoreUse::follows,
                .runsUntilEnded = true},
               watchArguments),
+      command({.name = "prefs history",
+               .chapter = chapter,
+               .help = "Print what was changed, the newest change first: when, the key, the values "
+                       "before and after, and the program; of all keys, or of the key named. The "
+                       "store remembers 1,000 changes, or those of 90 days.",
+               .storeUse = StoreUse::reads},
+              historyArguments),
+      command({.name = "prefs undo",
+               .chapter = chapter,
+               .help = "Take back the newest N changes that prefs history shows, or one; all of "
+                       "them or none. Undoing is a change that can be undone in turn.",
+               .storeUse = StoreUse::writes},
+              undoArguments),
       command({.name = "prefs verify",
                .chapter = chapter,
                .help = "Check the store, and say how it is. Changes nothing. Keys in the form of "

@@ -62,6 +62,23 @@ Arguments describeArguments(DescribeCommand& command) {
   return arguments;
 }
 
+Arguments findArguments(FindCommand& command) {
+  return {.options = {formatOption(command.format)},
+          .operands = {{.name = "WORD",
+                        .needs = "a WORD",
+                        .take =
+                            [&command](std::string_view word) {
+                              command.words.emplace_back(word);
+                              return done();
+                            },
+                        .repeats = true}},
+          .check = [&command] {
+            return command.words.empty()
+                       ? Outcome(Error{translated("find needs a WORD to look for")})
+                       : done();
+          }};
+}
+
 }  // namespace
 
 std::vector<CommandEntry> windowCommands() {
@@ -90,12 +107,19 @@ std::vector<CommandEntry> windowCommands() {
                .program = Program::window},
               snapshotArguments),
       command({.name = "describe",
-               .help = "Print what is on a page: the kind, role, label, value and help of each "
-                       "element, whether it is enabled and selected, what it looks like (visual), "
-                       "and its frame in points. Changes no preference.",
+               .help = "Print what is on a page: the kind, role, label, value, help and note "
+                       "of each element, whether it is enabled and selected, what it looks like "
+                       "(visual), and its frame in points. Changes no preference.",
                .storeUse = StoreUse::reads,
                .program = Program::pages},
               describeArguments),
+      command({.name = "find",
+               .help = "Print where the settings window has each WORD, the best first: in titles, "
+                       "purposes, analyzers, protocols, ports and values. The word is:changed "
+                       "stands for the settings that differ from their defaults. Exits with 1 when "
+                       "nothing is found.",
+               .storeUse = StoreUse::reads},
+              findArguments),
   };
 }
 

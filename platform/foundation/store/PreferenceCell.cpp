@@ -69,6 +69,7 @@ PreferenceCell PreferenceCell::ofColumns(sqlite3_stmt* row, int typeColumn, int 
       const auto* bytes = static_cast<const std::uint8_t*>(sqlite3_column_blob(row, valueColumn));
       cell.contents_ =
           Bytes(bytes, static_cast<std::size_t>(sqlite3_column_bytes(row, valueColumn)));
+      cell.isText_ = sqlite3_column_type(row, valueColumn) == SQLITE_TEXT;
       break;
     }
     default: break;
@@ -83,6 +84,24 @@ std::optional<PreferenceCell> PreferenceCell::ofRecord(const DatabaseValue& type
   PreferenceCell cell;
   if (number != nullptr) cell.type_ = *number;
   cell.contents_ = value;
+  return cell;
+}
+
+std::optional<std::int64_t> PreferenceCell::integer() const {
+  const auto* integer = std::get_if<std::int64_t>(&contents_);
+  return integer != nullptr ? std::optional(*integer) : std::nullopt;
+}
+
+std::size_t PreferenceCell::byteCount() const {
+  if (const auto* bytes = std::get_if<Bytes>(&contents_)) return bytes->size();
+  return std::holds_alternative<std::monostate>(contents_) ? 0 : sizeof(std::int64_t);
+}
+
+PreferenceCell PreferenceCell::withoutContents(std::int64_t addedToType,
+                                               std::optional<std::int64_t> contents) const {
+  PreferenceCell cell;
+  if (type_) cell.type_ = *type_ + addedToType;
+  if (contents) cell.contents_ = *contents;
   return cell;
 }
 

@@ -4,6 +4,7 @@
 #include "QEVSettings/preferences/PreferenceValue.hpp"
 #include "store/recovery/DatabaseCells.hpp"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -40,6 +41,17 @@ public:
   void bind(sqlite3_stmt* statement, int typeParameter, int valueParameter) const;
 
   bool isRemoval() const { return !type_; }
+
+  // Nothing for a removed key.
+  std::optional<std::int64_t> type() const { return type_; }
+  // The contents when they are an integer.
+  std::optional<std::int64_t> integer() const;
+  // The length of a text or of bytes, as they are stored; 8 for a number, 0 for NULL.
+  std::size_t byteCount() const;
+
+  // The cell with a number added to its type, and an integer or NULL in place of its contents.
+  PreferenceCell withoutContents(std::int64_t addedToType,
+                                 std::optional<std::int64_t> contents) const;
 
   // Nothing when no release writes such a cell.
   std::optional<QEVSettings::PreferenceValue> value() const;

@@ -121,7 +121,7 @@ Outcome PreferencesFile::readAll(const Receiver& receive) {
 }
 
 Outcome PreferencesFile::write(std::span<PreferenceChange> changes, const Receiver& receive,
-                               const RowNumbers& rows) {
+                               const RowNumbers& rows, const HistoryRequest& history) {
   if (readOnly_) {
     return fail(
         State::unusable, StorageProblem::notWritable,
@@ -134,11 +134,11 @@ Outcome PreferencesFile::write(std::span<PreferenceChange> changes, const Receiv
     if (foundation::run(begin_) != SQLITE_DONE) return failure("write");
     const RollBackAtEnd transaction(database_.get());
     // Otherwise another process has written before this one took the lock.
-    if (isLogEmpty()) return writeInTransaction(changes, receive, rows);
+    if (isLogEmpty()) return writeInTransaction(changes, receive, rows, history);
   }
   if (foundation::run(begin_) != SQLITE_DONE) return failure("write");
   const RollBackAtEnd transaction(database_.get());
-  return writeInTransaction(changes, receive, rows);
+  return writeInTransaction(changes, receive, rows, history);
 }
 
 bool PreferencesFile::isLogEmpty() const {
@@ -147,8 +147,10 @@ bool PreferencesFile::isLogEmpty() const {
 }
 
 Outcome PreferencesFile::writeInTransaction(std::span<PreferenceChange> changes,
-                                            const Receiver& receive, const RowNumbers& rows) {
+                                            const Receiver& receive, const RowNumbers& rows,
+                                            const HistoryRequest& history) {
   auto outcome = mayHaveChanged() ? readChanges(receive) : succeed();
+  if (outcome && history_.begin(history, changes.size()) != SQLITE_OK) outcome = failure("write");
   const std::uint32_t commitsBefore = stamp_.commitCount();
   std::int64_t last = lastChange_;
   bool bringsAlong = false;
@@ -162,6 +164,7 @@ Outcome PreferencesFile::writeInTransaction(std::span<PreferenceChange> changes,
     const PreferenceChange mark{.key = std::string(kRecoveryKey), .value = std::nullopt};
     outcome = replaceRow(mark, last, rowInIndex(kRecoveryKey));
   }
+  if (outcome && history_.end() != SQLITE_OK) outcome = failure("write");
   if (outcome && foundation::run(commit_) != SQLITE_DONE) outcome = failure("write");
   if (!outcome) return outcome;
   lastChange_ = last;
@@ -174,7 +177,9 @@ Outcome PreferencesFile::writeInTransaction(std::span<PreferenceChange> changes,
 
 Outcome PreferencesFile::writeOne(PreferenceChange& change, std::int64_t& last,
                                   const RowNumbers& rows) {
-  auto outcome = replaceRow(change, last + 1, rows(change.key));
+  const std::int64_t row = rows(change.key);
+  if (history_.remember(change, last + 1, row) != SQLITE_OK) return failure("write");
+  auto outcome = replaceRow(change, last + 1, row);
   if (outcome) change.number = ++last;
   return outcome;
 }
@@ -293,6 +298,16 @@ Outcome PreferencesFile::copyTo(const std::filesystem::path& path) {
   }
   if (!outcome) removeUnsharedStore(path);
   return outcome;
+}
+
+Result<std::vector<RememberedChange>> PreferencesFile::history(std::string_view key) {
+  if (isIndexCut()) {
+    return fail(State::unusable, StorageProblem::failing,
+                path_.string() + " lost the index of its log");
+  }
+  std::vector<RememberedChange> changes;
+  if (history_.read(key, changes) != SQLITE_OK) return failure("read");
+  return changes;
 }
 
 std::vector<std::string> PreferencesFile::faults() {

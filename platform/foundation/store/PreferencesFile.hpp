@@ -3,6 +3,7 @@
 
 #include "QEVSettings/preferences/StorageReport.hpp"
 #include "foundation/Result.hpp"
+#include "store/PreferencesHistory.hpp"
 #include "store/PreferencesTable.hpp"
 #include "store/SQLiteFileUse.hpp"
 #include "store/SQLiteHandles.hpp"
@@ -30,7 +31,8 @@ void cueWatchers(const std::filesystem::path& store);
 inline constexpr const char* kSynchronizing =
     "PRAGMA synchronous = NORMAL; PRAGMA wal_autocheckpoint = 4000";
 
-// The preferences on disk: an SQLite database in WAL mode with one table.
+// The preferences on disk: an SQLite database in WAL mode with this table. PreferencesHistory.hpp
+// describes the other one.
 //
 //     preferences(change INTEGER PRIMARY KEY, key BLOB UNIQUE, type INTEGER, value ANY, sum
 //     INTEGER)
@@ -134,10 +136,15 @@ public:
 
   // Writes all changes or none, and numbers them. First hands over what others wrote. A change that
   // has a number already was lost by the file: it keeps its number where possible, and is left out
-  // and numbered 0 when the file has a newer change of its key. After the return, the end of the
-  // process does not undo the changes.
+  // and numbered 0 when the file has a newer change of its key. The history remembers the other
+  // changes in the same transaction. After the return, the end of the process does not undo the
+  // changes.
   Outcome write(std::span<PreferenceChange> changes, const Receiver& receive,
-                const RowNumbers& rows);
+                const RowNumbers& rows, const HistoryRequest& history);
+
+  // What the history remembers of a key, or of every key if it is empty, the newest change first.
+  // `isInForce` is not set.
+  Result<std::vector<RememberedChange>> history(std::string_view key);
 
   // Returns when all writes survive a power cut. Before, a power cut undoes the last writes and
   // does no other harm.
@@ -151,6 +158,9 @@ public:
   // Copies all rows into a new store at another path, marked as a good copy. On success the new
   // store is complete and on the disk; otherwise there is none.
   Outcome copyTo(const std::filesystem::path& path);
+
+  // Whether the history is as it was written. Reads all of it.
+  bool isHistorySound() const { return history_.isSound(); }
 
   // The faults that SQLite finds in the file, a line each. Reads all of the file.
   std::vector<std::string> faults();
@@ -181,7 +191,7 @@ private:
   // without a log has no journal open.
   sqlite3_file* logFile() const;
   Outcome writeInTransaction(std::span<PreferenceChange> changes, const Receiver& receive,
-                             const RowNumbers& rows);
+                             const RowNumbers& rows, const HistoryRequest& history);
   Outcome writeOne(PreferenceChange& change, std::int64_t& last, const RowNumbers& rows);
   Outcome bringAlong(PreferenceChange& change, std::int64_t& last);
   Outcome replaceRow(const PreferenceChange& change, std::int64_t number, std::int64_t row);
@@ -203,6 +213,7 @@ private:
   Statement insert_;
   Statement delete_;
   Statement commit_;
+  PreferencesHistory history_{database_};
   State state_ = State::closed;
   QEVSettings::StorageProblem problem_ = QEVSettings::StorageProblem::failing;
   bool readOnly_ = false;

@@ -166,23 +166,29 @@ void UserDefaults::write(std::string_view key, std::optional<PreferenceValue> va
     return done();
   });
   if (!outcome) setStatus(outcome.error(), QEVSettings::StorageProblem::failing);
+  if (changed) keepsHistory_ = keepsHistory();
   // Setting the same value again retries a write that failed.
   if (changed || !unsaved_.empty()) saveUnlessJustFailed();
   if (changed) observers_->announce(ownKey);
 }
 
 Outcome UserDefaults::applyAll(const PreferenceDictionary& values) {
+  return applyChanges(Changes(values.begin(), values.end()));
+}
+
+Outcome UserDefaults::applyChanges(const Changes& changes) {
   std::vector<std::string> changed;  // as far as anybody observes
   bool isChanged = false;
   const bool isObserved = !observers_->isEmpty();
   closeCutFile();
   catchUp();
   auto outcome = withinMemory([&]() -> Outcome {
-    for (const auto& [key, value] : values) {
-      if (auto refusal = PreferencesFile::refusalOf(key, &value)) return *std::move(refusal);
+    for (const auto& [key, value] : changes) {
+      if (auto refusal = PreferencesFile::refusalOf(key, value ? &*value : nullptr))
+        return *std::move(refusal);
     }
-    if (!values.empty()) refusal_.reset();
-    for (const auto& [key, value] : values) {
+    if (!changes.empty()) refusal_.reset();
+    for (const auto& [key, value] : changes) {
       if (!put(key, value)) continue;
       isChanged = true;
       if (isObserved) changed.push_back(key);
@@ -190,6 +196,7 @@ Outcome UserDefaults::applyAll(const PreferenceDictionary& values) {
     return done();
   });
   if (!outcome && !isChanged) return outcome;
+  if (isChanged) keepsHistory_ = keepsHistory();
   if (isChanged || !unsaved_.empty()) save();
   for (const std::string& key : changed) observers_->announce(key);
   return status_ ? Outcome(*status_) : done();

@@ -81,10 +81,12 @@ void UserDefaults::connect() {
 void UserDefaults::connectForReading() {
   auto opened = readPreferences(path_);
   // From here on a store in memory.
-  path_.clear();
+  readOnlyPath_ = std::exchange(path_, {});
   for (PreferenceChange& change : opened.contents) {
-    if (change.value)
-      image_.insert_or_assign(std::move(change.key), Kept{.value = *std::move(change.value)});
+    if (change.value) {
+      image_.insert_or_assign(std::move(change.key),
+                              Kept{.value = *std::move(change.value), .number = change.number});
+    }
   }
   setOpening(std::move(opened.opening));
   if (opened.error && opened.problem == StorageProblem::noFile) {
@@ -289,7 +291,8 @@ Outcome UserDefaults::saveOnce(Suspicion suspicion) {
   std::vector<std::string> changedKeys;
   auto outcome = file_->write(
       changes, [&](PreferenceChange change) { takeOver(std::move(change), changedKeys); },
-      [this](std::string_view key) { return numberOf(key); });
+      [this](std::string_view key) { return numberOf(key); },
+      {.isKept = keepsHistory_, .isSecret = &historyRules_.isSecret});
   if (outcome) didWrite(changes);
   announceLater(std::move(changedKeys));
   return outcome ? synchronizeOrLater() : outcome;

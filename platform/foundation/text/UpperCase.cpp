@@ -1,34 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/Diagnostics.hpp"
 #include "foundation/Unicode.hpp"
+#include "text/ICULibrary.hpp"
 
-#include <dlfcn.h>
 #include <unicode/ucasemap.h>
 
 #include <algorithm>
 #include <cstdint>
 
-// ICU is loaded when the first text beyond ASCII is to be written in capitals. Loading it takes
-// longer than all that a command of the shell does, and most programs never need it.
-
 namespace foundation {
 
 namespace {
 
-// ICU's names bear its version: "ucasemap_open_72" in "libicuuc.so.72".
-#define QEV_TEXT_OF(name) #name
-#define QEV_SYMBOL(name) QEV_TEXT_OF(name)
-constexpr const char* kLibrary = "libicuuc.so." U_ICU_VERSION_SHORT;
-
 class CaseMapping {
 public:
   CaseMapping() {
-    void* const library = ::dlopen(kLibrary, RTLD_NOW | RTLD_LOCAL);
-    if (library == nullptr) return;
-    const auto open =
-        reinterpret_cast<decltype(&ucasemap_open)>(::dlsym(library, QEV_SYMBOL(ucasemap_open)));
-    toUpper_ = reinterpret_cast<decltype(&ucasemap_utf8ToUpper)>(
-        ::dlsym(library, QEV_SYMBOL(ucasemap_utf8ToUpper)));
+    const auto open = QEV_ICU(ucasemap_open);
+    toUpper_ = QEV_ICU(ucasemap_utf8ToUpper);
     if (open == nullptr || toUpper_ == nullptr) return;
     constexpr const char* everyLanguage = "";
     UErrorCode error = U_ZERO_ERROR;
@@ -60,7 +48,7 @@ const CaseMapping& caseMapping() {
     CaseMapping made;
     if (!made.isUsable()) {
       reportDiagnostic(std::string("text: no capitals beyond ASCII, because the library ") +
-                       kLibrary + " cannot be used; install ICU");
+                       icuLibraryName() + " cannot be used; install ICU");
     }
     return made;
   }();

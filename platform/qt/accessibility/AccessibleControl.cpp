@@ -32,10 +32,16 @@ const viewkit::PresentationNode* AccessibleControl::node() const {
   return tree() ? control_.node() : nullptr;
 }
 
+AccessibleRoot* AccessibleControl::root() const {
+  return control_.node() ? dynamic_cast<AccessibleRoot*>(&control_.tree().canvas()) : nullptr;
+}
+
 AccessibleTree* AccessibleControl::tree() const {
-  if (!control_.node()) return nullptr;
-  const auto* root = dynamic_cast<const AccessibleRoot*>(&control_.tree().canvas());
-  return root ? root->accessibleTree() : nullptr;
+  return root() ? root()->accessibleTree() : nullptr;
+}
+
+bool AccessibleControl::hasContextMenu() const {
+  return node() && control_.tree().host().hasContextMenu(node()->id);
 }
 
 bool AccessibleControl::isValid() const { return QAccessibleWidget::isValid() && node(); }
@@ -67,10 +73,6 @@ QAccessibleInterface* AccessibleControl::focusChild() const {
 
 QString AccessibleControl::text(QAccessible::Text kind) const {
   if (!node()) return {};
-  const bool tellsValue =
-      kind == QAccessible::Description && isValueDescription(node()->accessibility.role);
-  if (tellsValue && !node()->accessibility.value.empty())
-    return toQString(node()->accessibility.value);
   const QString own = accessibleText(node()->accessibility, kind);
   // A button without a name of its own is named after its children.
   const bool isUnnamed =
@@ -105,12 +107,15 @@ QStringList AccessibleControl::actionNames() const {
   QStringList names = QAccessibleWidget::actionNames();
   const QString own = actionName();
   if (!own.isEmpty() && widget()->isEnabled()) names.prepend(own);
+  if (own != showMenuAction() && hasContextMenu()) names.append(showMenuAction());
   return names;
 }
 
 void AccessibleControl::doAction(const QString& name) {
   if (!name.isEmpty() && name == actionName()) {
     control_.performPress();
+  } else if (name == showMenuAction() && hasContextMenu()) {
+    root()->openContextMenu(node()->id);
   } else {
     QAccessibleWidget::doAction(name);
   }

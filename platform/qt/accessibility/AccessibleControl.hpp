@@ -7,6 +7,7 @@
 
 namespace qt {
 
+class AccessibleRoot;
 class AccessibleTree;
 class ControlWidget;
 
@@ -36,8 +37,10 @@ protected:
   ControlWidget& control() const { return control_; }
 
 private:
+  AccessibleRoot* root() const;
   AccessibleTree* tree() const;
   QString actionName() const;
+  bool hasContextMenu() const;
 
   ControlWidget& control_;
 };

@@ -36,6 +36,7 @@ private:
     return row.translated(0, -list_.verticalOffset());
   }
   bool isCurrentPart(int index) const override { return list_.currentRow() == index; }
+  bool isPartEnabled(int index) const override { return list_.isEnabled(index); }
   void pressPart(int index) override { list_.pick(index); }
 
   MenuList& list_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "accessibility/AccessibleNode.hpp"
 
+#include "accessibility/AccessibleRoot.hpp"
 #include "accessibility/AccessibleTree.hpp"
 #include "accessibility/accessibleValues.hpp"
 #include "bridge/MirroredTree.hpp"
@@ -71,17 +72,23 @@ QAccessible::State AccessibleNode::state() const {
 }
 
 void* AccessibleNode::interface_cast(QAccessible::InterfaceType type) {
-  const bool acts =
-      type == QAccessible::ActionInterface && node() && node()->accessibility.pressable;
+  const bool acts = type == QAccessible::ActionInterface && !actionNames().isEmpty();
   return acts ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
 }
 
 QStringList AccessibleNode::actionNames() const {
-  return {QAccessibleActionInterface::pressAction()};
+  QStringList names;
+  if (!node()) return names;
+  if (node()->accessibility.pressable) names.append(QAccessibleActionInterface::pressAction());
+  if (tree_.tree().host().hasContextMenu(id_))
+    names.append(QAccessibleActionInterface::showMenuAction());
+  return names;
 }
 
 void AccessibleNode::doAction(const QString& name) {
   if (name == QAccessibleActionInterface::pressAction()) tree_.tree().host().press(id_);
+  auto* root = dynamic_cast<AccessibleRoot*>(&tree_.tree().canvas());
+  if (root && name == QAccessibleActionInterface::showMenuAction()) root->openContextMenu(id_);
 }
 
 QStringList AccessibleNode::keyBindingsForAction(const QString& /*name*/) const { return {}; }

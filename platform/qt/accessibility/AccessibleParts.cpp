@@ -43,7 +43,7 @@ public:
     state.focusable = true;
     state.selected = whole_.isCurrentPart(index_);
     state.focused = state.selected && widget().hasFocus();
-    state.disabled = !widget().isEnabled();
+    state.disabled = !widget().isEnabled() || !whole_.isPartEnabled(index_);
     state.invisible = !widget().isVisible();
     state.offscreen = !widget().rect().intersects(whole_.partRect(index_));
     return state;

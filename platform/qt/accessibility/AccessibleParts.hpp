@@ -21,6 +21,7 @@ public:
   // In the widget's coordinates.
   virtual QRect partRect(int index) const = 0;
   virtual bool isCurrentPart(int index) const = 0;
+  virtual bool isPartEnabled(int index) const = 0;
   virtual void pressPart(int index) = 0;
 };
 

@@ -28,6 +28,7 @@ private:
   QString partName(int index) const override { return bar_.tabText(index); }
   QRect partRect(int index) const override { return bar_.tabRect(index); }
   bool isCurrentPart(int index) const override { return bar_.currentIndex() == index; }
+  bool isPartEnabled(int index) const override { return bar_.isTabEnabled(index); }
   void pressPart(int index) override { bar_.setCurrentIndex(index); }
 
   QTabBar& bar_;

@@ -20,7 +20,7 @@ QString AccessibleText::text(QAccessible::Text kind) const {
 }
 
 QAccessible::Role AccessibleText::role() const {
-  return edit_.isReadOnly() ? QAccessible::StaticText : QAccessible::EditableText;
+  return edit_.isReadOnly() ? QAccessible::StaticText : AccessibleControl::role();
 }
 
 QAccessible::State AccessibleText::state() const {

@@ -151,14 +151,17 @@ void AccessibleTree::announceDifference(const viewkit::PresentationNode& node,
   if (isRenamed) notify(interface, QAccessible::NameChanged);
   if (before.value != now.value) notifyValue(interface, now.value);
   const bool isDescribedAnew = before.value != now.value && isValueDescription(now.role);
-  if (isDescribedAnew || before.help != now.help || before.problem != now.problem)
+  if (isDescribedAnew || before.help != now.help || before.problem != now.problem ||
+      before.note != now.note)
     notify(interface, QAccessible::DescriptionChanged);
   QAccessible::State changed;
   if (before.selected != now.selected) changed.selected = true;
   if (before.enabled != now.enabled) changed.disabled = true;
+  if (before.expanded != now.expanded) changed.expanded = true;
   if (before.problem.empty() != now.problem.empty()) changed.invalid = true;
   if (before.value != now.value && now.role == viewkit::Role::toggle) changed.checked = true;
-  if (changed.selected || changed.disabled || changed.checked || changed.invalid)
+  if (changed.selected || changed.disabled || changed.checked || changed.invalid ||
+      changed.expanded)
     notifyState(interface, changed);
   if (changed.selected) announceSelection(node);
   if (isRenamed && now.role == viewkit::Role::alert) notify(interface, QAccessible::Alert);

@@ -19,6 +19,9 @@ public:
   QAccessibleInterface* childAt(int x, int y) const override;
 
 private:
+  // The open context menu, the last child; null when none is open.
+  QAccessibleInterface* contextMenu() const;
+
   const AccessibleRoot& root_;
 };
 

@@ -23,6 +23,7 @@ QAccessible::Role accessibleRole(viewkit::Role role) {
     case Role::toggle: return QAccessible::CheckBox;
     case Role::menuButton: return QAccessible::ButtonMenu;
     case Role::textField: return QAccessible::EditableText;
+    case Role::comboBox: return QAccessible::ComboBox;
     case Role::scrollArea: return QAccessible::Pane;
     case Role::list: return QAccessible::List;
     case Role::listItem: return QAccessible::ListItem;
@@ -30,16 +31,30 @@ QAccessible::Role accessibleRole(viewkit::Role role) {
   return QAccessible::NoRole;
 }
 
+namespace {
+
+QString helpOf(const viewkit::Accessibility& accessibility) {
+  return accessibility.label.empty() || accessibility.label == accessibility.help
+             ? QString()
+             : toQString(accessibility.help);
+}
+
+QString descriptionOf(const viewkit::Accessibility& accessibility) {
+  QString said = toQString(accessibility.problem);
+  if (said.isEmpty() && isValueDescription(accessibility.role))
+    said = toQString(accessibility.value);
+  if (said.isEmpty()) said = helpOf(accessibility);
+  if (!said.isEmpty() && !accessibility.note.empty()) said += QLatin1String(", ");
+  return said + toQString(accessibility.note);
+}
+
+}  // namespace
+
 QString accessibleText(const viewkit::Accessibility& accessibility, QAccessible::Text kind) {
   switch (kind) {
     case QAccessible::Name: return accessibleNameOf(accessibility);
-    case QAccessible::Description:
-      if (!accessibility.problem.empty()) return toQString(accessibility.problem);
-      [[fallthrough]];
-    case QAccessible::Help:
-      return accessibility.label.empty() || accessibility.label == accessibility.help
-                 ? QString()
-                 : toQString(accessibility.help);
+    case QAccessible::Description: return descriptionOf(accessibility);
+    case QAccessible::Help: return helpOf(accessibility);
     case QAccessible::Value: return toQString(accessibility.value);
     default: return {};
   }
@@ -55,6 +70,9 @@ void addAccessibleState(QAccessible::State& state, const viewkit::Accessibility&
   state.selectable = accessibility.selected.has_value();
   state.selected = accessibility.selected.value_or(false);
   state.invalid = !accessibility.problem.empty();
+  state.expandable = accessibility.expanded.has_value();
+  state.expanded = accessibility.expanded.value_or(false);
+  state.collapsed = state.expandable && !state.expanded;
 }
 
 }  // namespace qt

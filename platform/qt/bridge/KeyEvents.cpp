@@ -15,7 +15,7 @@ struct Key {
 };
 // Qt has a key of its own for Shift+Tab. It comes last, so that the code of Tab leads to the plain
 // key.
-constexpr std::array<Key, 14> kKeys{{{Qt::Key_Down, appkit::Event::kDownArrow},
+constexpr std::array<Key, 18> kKeys{{{Qt::Key_Down, appkit::Event::kDownArrow},
                                      {Qt::Key_Up, appkit::Event::kUpArrow},
                                      {Qt::Key_Left, appkit::Event::kLeftArrow},
                                      {Qt::Key_Right, appkit::Event::kRightArrow},
@@ -26,7 +26,11 @@ constexpr std::array<Key, 14> kKeys{{{Qt::Key_Down, appkit::Event::kDownArrow},
                                      {Qt::Key_PageDown, appkit::Event::kPageDown},
                                      {Qt::Key_F1, appkit::Event::kF1},
                                      {Qt::Key_F4, appkit::Event::kF4},
+                                     {Qt::Key_F, appkit::Event::kF},
+                                     {Qt::Key_F10, appkit::Event::kF10},
+                                     {Qt::Key_Menu, appkit::Event::kMenu},
                                      {Qt::Key_W, appkit::Event::kW},
+                                     {Qt::Key_Z, appkit::Event::kZ},
                                      {Qt::Key_Tab, appkit::Event::kTab},
                                      {Qt::Key_Backtab, appkit::Event::kTab}}};
 

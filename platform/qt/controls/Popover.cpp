@@ -52,11 +52,18 @@ bool Popover::eventFilter(QObject* watched, QEvent* event) {
   tree().host().update();
   if (!node()) return false;
   const auto* pressed = qobject_cast<QWidget*>(watched);
-  const bool isElsewhere =
-      pressed && pressed != this && !isAncestorOf(pressed) && pressed->window() == window();
+  const bool isElsewhere = pressed && pressed != this && !isAncestorOf(pressed) &&
+                           pressed->window() == window() && !isInParent(*pressed, *event);
   // A press that closes the popover does nothing else.
   if (isElsewhere) dismiss();
   return isElsewhere;
+}
+
+bool Popover::isInParent(const QWidget& pressed, const QEvent& press) const {
+  const auto* popover = control<viewkit::PopoverControl>();
+  if (!popover || !popover->staysForParent || !node()->parent) return false;
+  const QPointF position = static_cast<const QMouseEvent&>(press).position();
+  return node()->parent->frameInWindow().contains(tree().treePoint(pressed, position));
 }
 
 void Popover::mousePressEvent(QMouseEvent* event) { event->accept(); }

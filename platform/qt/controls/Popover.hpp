@@ -25,6 +25,9 @@ protected:
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+  bool isInParent(const QWidget& pressed, const QEvent& press) const;
 };
 
 }  // namespace qt

@@ -3,6 +3,8 @@
 
 #include "QEVSettings/preferences/HostIdentity.hpp"
 #include "accessibility/makeAccessible.hpp"
+#include "appkit/Pasteboard.hpp"
+#include "bridge/Strings.hpp"
 #include "desktop/fontNamed.hpp"
 #include "foundation/MainQueue.hpp"
 #include "paint/Colors.hpp"
@@ -11,6 +13,7 @@
 #include "paint/Style.hpp"
 
 #include <QAccessible>
+#include <QClipboard>
 #include <QScopedValueRollback>
 #include <QThread>
 #include <QToolTip>
@@ -95,6 +98,8 @@ Runtime::Runtime(Origin origin, bool followsDesktop) : application_(qApp), origi
 
   QAccessible::installFactory(makeAccessible);
   shared.setFontCatalog(std::make_shared<QtFontCatalog>());
+  appkit::Pasteboard::general().setBackEnd(
+      [](const std::string& text) { QGuiApplication::clipboard()->setText(toQString(text)); });
   applyAppearance();
   appearance_ = shared.effectiveAppearanceDidChange().subscribe([this] { applyAppearance(); });
   platformChanged_.setSingleShot(true);
@@ -111,6 +116,7 @@ Runtime::~Runtime() {
   foundation::MainQueue::mainQueue().setWaker(nullptr);
   auto& shared = appkit::Application::sharedApplication();
   shared.setFontCatalog(nullptr);
+  appkit::Pasteboard::general().setBackEnd(nullptr);
   QAccessible::removeFactory(makeAccessible);
   if (!application_) return;
   application_->removeEventFilter(&keyMonitors_);

@@ -14,6 +14,7 @@
 
 #include <QApplication>
 #include <QBuffer>
+#include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QImage>
 #include <QKeyEvent>
@@ -64,6 +65,8 @@ WindowWidget::WindowWidget(Window& window, WindowOptions options)
   host_ = std::make_unique<viewkit::ViewHost>(options.root, environment, metrics_);
   mirror_ = std::make_unique<Mirror>(*this, *host_, makeControl);
   accessibles_ = std::make_unique<AccessibleTree>(*mirror_);
+  contextMenus_.emplace(*mirror_,
+                        [this](const QWidget* widget) { return mirror_->controlAround(widget); });
   host_->setObserver([this](const viewkit::PresentationChanges& changes) { present(changes); });
 
   frames_.setTimerType(Qt::PreciseTimer);
@@ -107,6 +110,7 @@ void WindowWidget::endViews() {
   const auto refusedTexts = host_->refusedTexts();
   // The observer goes first: what views change while they disappear is not shown any more.
   host_->setObserver(nullptr);
+  contextMenus_.reset();
   accessibles_.reset();
   mirror_.reset();
   host_.reset();
@@ -118,6 +122,9 @@ void WindowWidget::present(const viewkit::PresentationChanges& changes) {
   scrolling_.refresh();
   scrolling_.raiseBars();
   accessibles_->show(changes);
+  if (QWidget* wanted = changes.focused != 0 ? mirror_->widgetOf(changes.focused) : nullptr)
+    wanted->setFocus(Qt::TabFocusReason);
+  contextMenus_->viewsChanged();
   if (host_->isAnimating() && !frames_.isActive()) {
     sinceFrame_.start();
     frames_.start();
@@ -213,19 +220,36 @@ void WindowWidget::revealFocus(const QWidget* focused) {
 QSize WindowWidget::sizeHint() const { return preferredSize_.expandedTo(fitted_); }
 
 bool WindowWidget::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::ActivationChange && watched == window()) noteActivation();
-  if (event->type() == QEvent::Polish) polish(*watched);
-  const bool isMove = event->type() == QEvent::MouseMove;
-  if (!host_ || !(isMove || event->type() == QEvent::KeyPress)) return false;
-  const auto* under = qobject_cast<QWidget*>(watched);
-  if (!under || !(under == this || isAncestorOf(under))) return false;
-  if (!isMove) return routeKey(*static_cast<QKeyEvent*>(event));
-  host_->pointerMoved(mirror_->treePoint(*under, static_cast<QMouseEvent*>(event)->position()));
+  const QEvent::Type type = event->type();
+  if (type == QEvent::ActivationChange && watched == window()) noteActivation();
+  if (type == QEvent::Polish) polish(*watched);
+  if (!host_) return false;
+  contextMenus_->noteTouch(*watched, *event);
+  const bool isOfInterest =
+      type == QEvent::MouseMove || type == QEvent::KeyPress || type == QEvent::ContextMenu;
+  const auto* under = isOfInterest ? qobject_cast<QWidget*>(watched) : nullptr;
+  return under && (under == this || isAncestorOf(under)) && handle(*under, *event);
+}
+
+bool WindowWidget::handle(const QWidget& under, QEvent& event) {
+  if (event.type() == QEvent::KeyPress) return routeKey(static_cast<QKeyEvent&>(event));
+  if (event.type() == QEvent::ContextMenu)
+    return contextMenus_->handle(under, static_cast<QContextMenuEvent&>(event));
+  host_->pointerMoved(mirror_->treePoint(under, static_cast<QMouseEvent&>(event).position()));
   return false;
 }
 
+void WindowWidget::openContextMenu(viewkit::NodeId id) {
+  if (contextMenus_) contextMenus_->openOf(id);
+}
+
+MenuList* WindowWidget::contextMenuList() const {
+  return contextMenus_ ? contextMenus_->openList() : nullptr;
+}
+
 bool WindowWidget::routeKey(const QKeyEvent& press) {
-  const ControlWidget* control = focusedControl();
+  ControlWidget* control = focusedControl();
+  if (contextMenus_->handle(control, press)) return true;
   const viewkit::PresentationNode* node = control ? control->node() : nullptr;
   switch (viewkit::routeKey(*host_, eventFrom(press), node ? node->id : 0)) {
     case viewkit::KeyOutcome::handled: return true;

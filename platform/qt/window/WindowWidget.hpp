@@ -4,6 +4,7 @@
 #include "accessibility/AccessibleRoot.hpp"
 #include "accessibility/AccessibleTree.hpp"
 #include "controls/Scrolling.hpp"
+#include "controls/menus/ContextMenus.hpp"
 #include "foundation/ObservableObject.hpp"
 #include "mirror/Mirror.hpp"
 #include "qt/Window.hpp"
@@ -32,6 +33,8 @@ public:
   // May be called only while the window is open.
   viewkit::ViewHost& host() { return *host_; }
   AccessibleTree* accessibleTree() const override { return accessibles_.get(); }
+  void openContextMenu(viewkit::NodeId id) override;
+  MenuList* contextMenuList() const override;
   void setMayClose(std::function<bool(const std::vector<viewkit::RefusedText>&)> mayClose) {
     mayClose_ = std::move(mayClose);
   }
@@ -80,7 +83,8 @@ private:
   bool agreesToClose();
   void revealFocus(const QWidget* focused);
   bool showTooltip(QPoint point, QPoint onScreen);
-  // Whether the window handled the key press.
+  // Each returns whether the window handled the event. `under` is a widget of the window.
+  bool handle(const QWidget& under, QEvent& event);
   bool routeKey(const QKeyEvent& press);
 
   Window& window_;
@@ -90,6 +94,7 @@ private:
   std::unique_ptr<viewkit::ViewHost> host_;
   std::unique_ptr<Mirror> mirror_;
   std::unique_ptr<AccessibleTree> accessibles_;
+  std::optional<ContextMenus> contextMenus_;
   std::function<void()> closed_;
   std::function<bool(const std::vector<viewkit::RefusedText>&)> mayClose_;
   std::function<void(const std::vector<viewkit::RefusedText>&)> refused_;

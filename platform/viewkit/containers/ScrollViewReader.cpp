@@ -63,6 +63,10 @@ void ScrollProxy::scrollTo(ViewId id) const {
     target->services.scrollAfterLayout(target_, std::move(id));
 }
 
+void ScrollProxy::focus(ViewId id) const {
+  if (const auto target = target_.lock()) target->services.focusAfterUpdate(target_, std::move(id));
+}
+
 View ScrollViewReader(std::function<View(ScrollProxy)> content) {
   return View(std::make_shared<const ReaderValue>(std::move(content)));
 }

@@ -17,15 +17,18 @@ namespace {
 
 // Between the header, the bar and the page.
 constexpr double kSpacing = 8;
+// Beside the bar, for the accessory.
+constexpr double kLeastRoom = 56;
 
 class TabViewValue final : public ViewValue {
 public:
   TabViewValue(std::vector<detail::TabPage> pages, std::int64_t selected,
-               std::function<void(std::int64_t)> select, View header)
+               std::function<void(std::int64_t)> select, View header, View accessory)
       : pages(std::move(pages)),
         selected(selected),
         select(std::move(select)),
-        header(std::move(header)) {}
+        header(std::move(header)),
+        accessory(std::move(accessory)) {}
 
   std::unique_ptr<Node> makeNode() const override;
   std::string kind() const override { return "TabView"; }
@@ -41,6 +44,7 @@ public:
   const std::int64_t selected;
   const std::function<void(std::int64_t)> select;
   const View header;
+  const View accessory;
 };
 
 class TabViewNode final : public Node {
@@ -51,12 +55,14 @@ public:
     if (header_) visit(*header_);
     if (bar_) visit(*bar_);
     for (Page& page : pages_) visit(*page.node);
+    if (accessory_) visit(*accessory_);
   }
 
   void visitShownChildren(const Visitor& visit) override {
     if (header_) visit(*header_);
     if (bar_) visit(*bar_);
     if (Node* page = shownPage()) visit(*page);
+    if (accessory_) visit(*accessory_);
   }
 
 protected:
@@ -65,6 +71,7 @@ protected:
     const auto& value = valueAs<TabViewValue>();
     reconcile(header_, value.header, inheritedByChildren());
     reconcile(bar_, describeBar(), inheritedByChildren());
+    reconcile(accessory_, value.accessory, inheritedByChildren());
     dropMissingPages();
     if (value.pages.empty()) {
       hasShown_ = false;
@@ -100,7 +107,7 @@ protected:
     if (node)
       width =
           std::max(width, node->sizeThatFits(pageProposal(proposal, bar.height + kSpacing)).width);
-    const double top = headerHeight(width) + bar.height + kSpacing;
+    const double top = headerHeight(width) + accessoryRowHeight(width, bar) + bar.height + kSpacing;
     const Size page = node ? node->sizeThatFits(pageProposal(proposal, top)) : Size{};
     return {{std::max(width, page.width), top + page.height}};
   }
@@ -109,10 +116,12 @@ protected:
     const double header = headerHeight(size().width);
     if (header_) placeChild(*header_, {0, 0}, {size().width, header - kSpacing});
     const Size bar = bar_->sizeThatFits({size().width, std::nullopt});
-    placeChild(*bar_, {std::floor((size().width - bar.width) / 2), header}, bar);
+    const double barTop = header + accessoryRowHeight(size().width, bar);
+    placeChild(*bar_, {std::floor((size().width - bar.width) / 2), barTop}, bar);
+    if (accessory_) placeAccessory(header, bar);
     Node* const node = shownPage();
     if (!node) return;
-    const double top = header + bar.height + kSpacing;
+    const double top = barTop + bar.height + kSpacing;
     const Size page = node->sizeThatFits(pageProposal({size().width, size().height}, top));
     placeChild(*node, {std::floor((size().width - page.width) / 2), top}, page);
   }
@@ -133,6 +142,26 @@ private:
   // Including the space below it; 0 without a header.
   double headerHeight(double width) const {
     return header_ ? header_->sizeThatFits({width, std::nullopt}).height + kSpacing : 0;
+  }
+
+  // The width that the centred bar leaves at its trailing end; nothing where that is too little.
+  static std::optional<double> roomBeside(const Size& bar, double width) {
+    const double room = std::floor((width - bar.width) / 2) - kSpacing;
+    return room >= kLeastRoom ? std::optional(room) : std::nullopt;
+  }
+
+  // The row above the bar, including the space below it; 0 where the accessory is beside the bar.
+  double accessoryRowHeight(double width, const Size& bar) const {
+    if (!accessory_ || roomBeside(bar, width)) return 0;
+    return accessory_->sizeThatFits({width, std::nullopt}).height + kSpacing;
+  }
+
+  // `top` is where the row of the bar, or of the accessory above it, begins.
+  void placeAccessory(double top, const Size& bar) {
+    const auto room = roomBeside(bar, size().width);
+    const Size accessory = accessory_->sizeThatFits({room.value_or(size().width), std::nullopt});
+    const double below = room ? std::floor((bar.height - accessory.height) / 2) : 0;
+    placeChild(*accessory_, {size().width - accessory.width, top + below}, accessory);
   }
 
   Node* shownPage() {
@@ -174,6 +203,7 @@ private:
 
   std::unique_ptr<Node> header_;
   std::unique_ptr<Node> bar_;
+  std::unique_ptr<Node> accessory_;
   std::vector<Page> pages_;
   std::int64_t shownTag_ = 0;
   bool hasShown_ = false;
@@ -184,9 +214,9 @@ std::unique_ptr<Node> TabViewValue::makeNode() const { return std::make_unique<T
 }  // namespace
 
 View detail::makeTabView(std::vector<TabPage> pages, std::int64_t selected,
-                         std::function<void(std::int64_t)> select, View header) {
+                         std::function<void(std::int64_t)> select, View header, View accessory) {
   return View(std::make_shared<const TabViewValue>(std::move(pages), selected, std::move(select),
-                                                   std::move(header)));
+                                                   std::move(header), std::move(accessory)));
 }
 
 }  // namespace viewkit

@@ -17,7 +17,9 @@ bool alike(const FontPickerControl& a, const FontPickerControl& b) {
 bool alike(const TabBarControl& a, const TabBarControl& b) {
   return a.items == b.items && a.selected == b.selected;
 }
-bool alike(const PopoverControl&, const PopoverControl&) { return true; }
+bool alike(const PopoverControl& a, const PopoverControl& b) {
+  return a.staysForParent == b.staysForParent;
+}
 bool alike(const ToggleControl& a, const ToggleControl& b) {
   return a.isOn == b.isOn && a.size == b.size;
 }
@@ -41,6 +43,12 @@ bool alike(const ScrollControl& a, const ScrollControl& b) {
 }
 
 }  // namespace
+
+bool takesKeyboard(const Control& control) {
+  if (const auto* scroll = std::get_if<ScrollControl>(&control)) return scroll->list.has_value();
+  return !std::holds_alternative<PopoverControl>(control) &&
+         !std::holds_alternative<SelectableTextControl>(control);
+}
 
 bool looksLike(const Control& a, const Control& b) {
   if (a.index() != b.index()) return false;

@@ -2,6 +2,7 @@
 #include "viewkit/Controls.hpp"
 
 #include "controls/ControlNode.hpp"
+#include "controls/GestureWrite.hpp"
 #include "controls/MenuNode.hpp"
 #include "controls/TextEditing.hpp"
 
@@ -72,14 +73,20 @@ View FontChooser(std::string title, const Binding<appkit::Font>& selection) {
   appkit::Font font = selection.get();
   Accessibility accessibility{
       .role = Role::fontPicker, .label = title, .value = font.displayName()};
-  return makeControl(
-      "FontChooser",
-      FontPickerControl{
-          .title = std::move(title),
-          .font = std::move(font),
-          .read = [selection] { return selection.get(); },
-          .choose = [selection](appkit::Font chosen) { selection.set(std::move(chosen)); }},
-      std::move(accessibility));
+  return makeControl("FontChooser",
+                     FontPickerControl{.title = std::move(title),
+                                       .font = std::move(font),
+                                       .read =
+                                           [selection] {
+                                             endGesture();
+                                             return selection.get();
+                                           },
+                                       .choose =
+                                           [selection](appkit::Font chosen) {
+                                             const GestureWrite writing;
+                                             selection.set(std::move(chosen));
+                                           }},
+                     std::move(accessibility));
 }
 
 View Toggle(const Binding<bool>& isOn, ToggleControl::Size size) {
@@ -93,15 +100,26 @@ View Toggle(const Binding<bool>& isOn, ToggleControl::Size size) {
 View ColorWell(const Binding<appkit::RGBA>& selection, const ColorWellOptions& options) {
   const appkit::RGBA color = selection.get();
   const auto rememberColor = [selection] {
-    return [selection, before = selection.get()] { selection.set(before); };
+    return std::function([selection, before = selection.get()] { selection.set(before); });
   };
-  return makeControl(
-      "ColorWell",
-      ColorWellControl{.color = color,
-                       .supportsOpacity = options.supportsOpacity,
-                       .choose = [selection](appkit::RGBA chosen) { selection.set(chosen); },
-                       .checkpoint = options.checkpoint ? options.checkpoint : rememberColor},
-      {.role = Role::colorWell, .value = hexadecimal(color)});
+  const auto checkpoint = options.checkpoint ? options.checkpoint : rememberColor;
+  return makeControl("ColorWell",
+                     ColorWellControl{.color = color,
+                                      .supportsOpacity = options.supportsOpacity,
+                                      .choose =
+                                          [selection](appkit::RGBA chosen) {
+                                            const GestureWrite writing;
+                                            selection.set(chosen);
+                                          },
+                                      .checkpoint =
+                                          [checkpoint] {
+                                            endGesture();
+                                            return [restore = checkpoint()] {
+                                              const GestureWrite writing;
+                                              restore();
+                                            };
+                                          }},
+                     {.role = Role::colorWell, .value = hexadecimal(color)});
 }
 
 View PopUpMenu(std::string title, std::function<std::vector<MenuItem>()> items) {
@@ -119,10 +137,11 @@ View Menu(const View& label, std::string value, std::function<std::vector<MenuIt
 View TextField(const TextFieldOptions& options, const Binding<std::string>& text,
                std::function<void()> onCommit) {
   std::string typed = text.get();
-  Accessibility accessibility{.role = Role::textField,
+  Accessibility accessibility{.role = options.isListOpen ? Role::comboBox : Role::textField,
                               .label = options.placeholder,
                               .value = typed,
-                              .problem = options.problem};
+                              .problem = options.problem,
+                              .expanded = options.isListOpen};
   return makeTextField({.text = std::move(typed),
                         .placeholder = options.placeholder,
                         .lineLimit = options.lineLimit,

@@ -2,11 +2,11 @@
 #include "controls/MenuNode.hpp"
 
 #include "controls/ControlNode.hpp"
+#include "tree/menuItems.hpp"
 
 #include <memory>
 #include <utility>
 #include <variant>
-#include <vector>
 
 namespace viewkit {
 
@@ -23,7 +23,7 @@ protected:
   Control presentedControl() override {
     const auto& described = std::get<MenuControl>(value().control);
     const auto items = [description = view(), shown = isShown_] {
-      return itemsWhile(shown, std::get<MenuControl>(valueOf(description).control));
+      return itemsWhile(shown, std::get<MenuControl>(valueOf(description).control).items);
     };
     return MenuControl{.title = described.title, .items = items, .kind = described.kind};
   }
@@ -33,18 +33,6 @@ protected:
 private:
   static const MenuValue& valueOf(const View& description) {
     return static_cast<const MenuValue&>(*description.value());
-  }
-
-  static std::vector<MenuItem> itemsWhile(const std::shared_ptr<const bool>& shown,
-                                          const MenuControl& described) {
-    if (!*shown || !described.items) return {};
-    std::vector<MenuItem> items = described.items();
-    for (MenuItem& item : items) {
-      item.action = [shown, action = std::move(item.action)] {
-        if (*shown && action) action();
-      };
-    }
-    return items;
   }
 
   std::shared_ptr<bool> isShown_ = std::make_shared<bool>(false);

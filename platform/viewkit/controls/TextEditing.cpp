@@ -2,6 +2,7 @@
 #include "controls/TextEditing.hpp"
 
 #include "controls/ControlNode.hpp"
+#include "controls/GestureWrite.hpp"
 #include "tree/NodeServices.hpp"
 
 #include <utility>
@@ -75,13 +76,18 @@ void TextEditing::change(std::string text) {
   hasChanged_ = true;
   // Kept alive: the call may replace the description.
   const View description = description_;
+  const GestureWrite writing;
   if (field().change) field().change(std::move(text));
 }
 
 void TextEditing::commit() {
   hasChanged_ = false;
   const View description = description_;
-  if (field().commit) field().commit();
+  {
+    const GestureWrite writing;
+    if (field().commit) field().commit();
+  }
+  endGesture();
 }
 
 void TextEditing::endEditing() {
@@ -96,6 +102,7 @@ bool TextEditing::revert() {
   if (!isRefused && !isOther) return false;
   // Kept alive: the call may replace the description.
   const View description = description_;
+  const GestureWrite writing;
   const auto& described = static_cast<const TextFieldValue&>(*description.value());
   if (described.revert) {
     described.revert(before.value_or(field().text));

@@ -13,20 +13,24 @@ namespace {
 // The surface, which is the parent of all that it shows.
 class PopoverSurfaceValue final : public ModifierValue {
 public:
-  PopoverSurfaceValue(View content, std::function<void()> dismiss)
-      : ModifierValue(std::move(content)), dismiss(std::move(dismiss)) {}
+  PopoverSurfaceValue(View content, std::function<void()> dismiss, bool staysForView)
+      : ModifierValue(std::move(content)),
+        dismiss(std::move(dismiss)),
+        staysForView(staysForView) {}
 
   std::unique_ptr<Node> makeNode() const override;
   std::string kind() const override { return "Popover"; }
 
   const std::function<void()> dismiss;
+  const bool staysForView;
 };
 
 class PopoverSurfaceNode final : public ModifierNode {
 protected:
   void apply(const ViewValue* before) override {
+    const auto& value = valueAs<PopoverSurfaceValue>();
     present().setContent(
-        Control(PopoverControl{.dismiss = valueAs<PopoverSurfaceValue>().dismiss}));
+        Control(PopoverControl{.dismiss = value.dismiss, .staysForParent = value.staysForView}));
     present().setAccessibility({.role = Role::popover});
     ModifierNode::apply(before);
   }
@@ -100,7 +104,8 @@ std::unique_ptr<Node> PopoverValue::makeNode() const { return std::make_unique<P
 View modified::byPopover(const View& content, const Binding<bool>& isPresented,
                          std::function<View()> popover, PopoverOptions options) {
   const View surface = isPresented.get() ? modifiedView<PopoverSurfaceValue>(
-                                               popover(), [isPresented] { isPresented.set(false); })
+                                               popover(), [isPresented] { isPresented.set(false); },
+                                               options.staysForView)
                                          : View{};
   return modifiedView<PopoverValue>(content, surface, options);
 }

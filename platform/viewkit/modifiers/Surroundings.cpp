@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tree/ModifierNode.hpp"
+#include "viewkit/AccessibilityNote.hpp"
+#include "viewkit/EnvironmentObject.hpp"
 
 #include <functional>
 #include <memory>
@@ -51,7 +53,9 @@ constexpr const char* kFont = "Font";
 constexpr const char* kDisabled = "Disabled";
 constexpr const char* kHelp = "Help";
 constexpr const char* kLabel = "AccessibilityLabel";
+constexpr const char* kNote = "AccessibilityNote";
 constexpr const char* kSelected = "AccessibilitySelected";
+constexpr const char* kObject = "EnvironmentObject";
 
 }  // namespace
 
@@ -79,9 +83,21 @@ View modified::byAccessibilityLabel(const View& content, std::string label) {
   });
 }
 
+View accessibilityNote(const View& content, std::string note) {
+  return withInherited(content, kNote,
+                       [note = std::move(note)](Inherited& next) { next.controlNote = note; });
+}
+
 View modified::byAccessibilitySelected(const View& content, bool selected) {
   return withInherited(content, kSelected,
                        [selected](Inherited& next) { next.forNearest.selected = selected; });
+}
+
+View detail::withEnvironmentObjects(
+    const View& content, std::function<EnvironmentObjects(const EnvironmentObjects&)> add) {
+  return withInherited(content, kObject, [add = std::move(add)](Inherited& next) {
+    next.environment.objects = add(next.environment.objects);
+  });
 }
 
 }  // namespace viewkit

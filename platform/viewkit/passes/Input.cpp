@@ -58,4 +58,10 @@ bool clickAt(Point point, Node& root) {
   return true;
 }
 
+Node* nodeWithContextMenuAt(Point point, Node& root) {
+  std::vector<Node*> nodes;
+  collectRegions(root, point, &PointerRegion::wantsContextMenu, nodes);
+  return nodes.empty() ? nullptr : nodes.back();
+}
+
 }  // namespace viewkit

@@ -31,4 +31,7 @@ private:
 // Clicks the innermost node under the point that wants clicks. Returns whether there is one.
 bool clickAt(Point point, Node& root);
 
+// The innermost node under the point that has a context menu; null for none.
+Node* nodeWithContextMenuAt(Point point, Node& root);
+
 }  // namespace viewkit

@@ -91,6 +91,7 @@ KeyOutcome selectTab(const ViewHost& host, int step) {
 }  // namespace
 
 KeyOutcome routeKey(ViewHost& host, const Event& press, NodeId focused) {
+  if (host.handleKey(press, focused)) return KeyOutcome::handled;
   const auto* shortcut = std::ranges::find_if(kShortcuts, [&](const Shortcut& each) {
     return each.keyCode == press.keyCode && each.modifiers == press.modifiers;
   });
@@ -122,6 +123,11 @@ bool opensMenu(const Event& press) {
   if (press.keyCode == Event::kDownArrow) return press.modifiers == Event::option;
   if (press.modifiers != Event::none) return false;
   return press.keyCode == Event::kF4 || press.characters == " " || press.characters == "\r";
+}
+
+bool opensContextMenu(const Event& press) {
+  if (press.keyCode == Event::kF10) return press.modifiers == Event::shift;
+  return press.keyCode == Event::kMenu && press.modifiers == Event::none;
 }
 
 bool isOfMenuAlone(const Event& press) {

@@ -96,14 +96,18 @@ bool ViewHost::Runtime::isMarked() const {
   return rebuild_.isMarked() || layout_.isMarked() || scroll_.isMarked() || !handlers_.isEmpty();
 }
 
+bool ViewHost::Runtime::hasWork() const {
+  return isMarked() || present_.isMarked() || scroll_.wantsFocus();
+}
+
 void ViewHost::Runtime::update() {
   scheduled_ = false;
-  if (inPass_ || closed_ || !(isMarked() || present_.isMarked())) return;
+  if (inPass_ || closed_ || !hasWork()) return;
   try {
     runUpdate();
   } catch (...) {
     // The update ended early: what is still marked is shown by the next one.
-    if (isMarked() || present_.isMarked()) schedule();
+    if (hasWork()) schedule();
     throw;
   }
 }
@@ -132,13 +136,23 @@ void ViewHost::Runtime::rebuildAndLayOut() {
   scroll_.run(layout_, *root_);
 }
 
+NodeId ViewHost::Runtime::focusRequested() {
+  if (!scroll_.wantsFocus()) return 0;
+  const foundation::ScopedFlag pass(inPass_, true);
+  return scroll_.runFocus(layout_, *root_);
+}
+
 void ViewHost::Runtime::present() {
-  if (!present_.isMarked()) return;
-  const PresentationChanges changes = [this] {
+  const NodeId focused = focusRequested();
+  if (!present_.isMarked() && focused == 0) return;
+  PresentationChanges changes = [this] {
     const foundation::ScopedFlag pass(inPass_, true);
     return present_.run(*root_, animation_);
   }();
-  if (changes.changed.empty() && changes.removed.empty() && changes.damage.empty()) return;
+  changes.focused = present_.shownNode(focused) ? focused : 0;
+  if (changes.changed.empty() && changes.removed.empty() && changes.damage.empty() &&
+      changes.focused == 0)
+    return;
   counters.nodesChanged += changes.changed.size();
   // A copy: the observer may replace itself, or destroy the host.
   const Observer observer = observer_;
@@ -193,6 +207,11 @@ void ViewHost::Runtime::scrollAfterLayout(std::weak_ptr<ScrollProxy::Target> tar
   schedule();
 }
 
+void ViewHost::Runtime::focusAfterUpdate(std::weak_ptr<ScrollProxy::Target> target, ViewId id) {
+  scroll_.requestFocus(std::move(target), std::move(id));
+  schedule();
+}
+
 void ViewHost::Runtime::pointerMoved(std::optional<Point> point) {
   input_.setPointer(point);
   if (inPass_) return;
@@ -217,8 +236,44 @@ bool ViewHost::Runtime::press(NodeId id) {
   return true;
 }
 
+std::optional<ContextMenu> ViewHost::Runtime::contextMenuAt(Point point) {
+  if (inPass_) return std::nullopt;
+  update();
+  return closed_ ? std::nullopt : contextMenuOf(nodeWithContextMenuAt(point, *root_));
+}
+
+std::optional<ContextMenu> ViewHost::Runtime::contextMenuOf(NodeId id) {
+  if (inPass_) return std::nullopt;
+  update();
+  Node* const node = closed_ ? nullptr : present_.shownNode(id);
+  return contextMenuOf(node ? nodeWithContextMenuAround(*node) : nullptr);
+}
+
+std::optional<ContextMenu> ViewHost::Runtime::contextMenuOf(Node* node) {
+  if (!node) return std::nullopt;
+  ContextMenu menu = node->pointerRegion()->contextMenu();
+  return menu.items.empty() ? std::nullopt : std::optional(std::move(menu));
+}
+
+bool ViewHost::Runtime::hasContextMenu(NodeId id) const {
+  Node* const node = present_.shownNode(id);
+  return node && nodeWithContextMenuAround(*node);
+}
+
 void ViewHost::Runtime::reveal(NodeId id) {
   if (Node* const node = present_.shownNode(id)) scrollIntoSight(*node, {{}, node->size()});
+}
+
+bool ViewHost::Runtime::handleKey(const appkit::Event& press, NodeId focused) {
+  if (inPass_) return false;
+  update();
+  if (closed_) return false;
+  const Node* const focus = present_.shownNode(focused);
+  for (const auto& handle : keyHandlersFor(focus, keyHandlers_)) {
+    if (handle(press)) return true;
+    if (closed_) return true;
+  }
+  return false;
 }
 
 void ViewHost::Runtime::endEditing() {

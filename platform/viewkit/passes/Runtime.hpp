@@ -8,6 +8,7 @@
 #include "passes/Present.hpp"
 #include "passes/Rebuild.hpp"
 #include "passes/Scroll.hpp"
+#include "tree/KeyHandler.hpp"
 #include "tree/NodeServices.hpp"
 #include "viewkit/ViewHost.hpp"
 
@@ -15,6 +16,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace viewkit {
 
@@ -44,7 +46,11 @@ public:
   void pointerMoved(std::optional<Point> point);
   bool click(Point point);
   bool press(NodeId id);
+  std::optional<ContextMenu> contextMenuAt(Point point);
+  std::optional<ContextMenu> contextMenuOf(NodeId id);
+  bool hasContextMenu(NodeId id) const;
   void reveal(NodeId id);
+  bool handleKey(const appkit::Event& press, NodeId focused);
   void endEditing();
 
   bool isAnimating() const { return animation_.isRunning(); }
@@ -68,12 +74,20 @@ private:
   void callAfterLayout(HandlerKind kind, std::function<void()> handler) override;
   void callFirstAfterLayout(std::function<void()> handler) override;
   void scrollAfterLayout(std::weak_ptr<ScrollProxy::Target> target, ViewId id) override;
+  void focusAfterUpdate(std::weak_ptr<ScrollProxy::Target> target, ViewId id) override;
+  void addKeyHandler(KeyHandler& handler) override { keyHandlers_.push_back(&handler); }
+  void removeKeyHandler(KeyHandler& handler) override { std::erase(keyHandlers_, &handler); }
 
+  static std::optional<ContextMenu> contextMenuOf(Node* node);
   void schedule();
   // Whether a pass before present has anything to do.
   bool isMarked() const;
+  // Whether the update has anything to do.
+  bool hasWork() const;
   void runUpdate();
   void rebuildAndLayOut();
+  // The control that gets the keyboard, 0 for none.
+  NodeId focusRequested();
   void present();
 
   Environment environment_;
@@ -88,6 +102,7 @@ private:
   ScrollPass scroll_;
   InputPass input_;
   Handlers handlers_;
+  std::vector<KeyHandler*> keyHandlers_;
   PresentPass present_;
   AnimationPass animation_;
 

@@ -29,6 +29,19 @@ Found find(Node& branch, const ViewId& id) {
   return found;
 }
 
+// The first control in the branch that can have the keyboard; null when there is none.
+Node* firstControl(Node& branch) {
+  if (const Presented* presented = branch.presented()) {
+    const Control* control = presented->node.control();
+    if (control && takesKeyboard(*control) && presented->node.accessibility.enabled) return &branch;
+  }
+  Node* found = nullptr;
+  branch.visitShownChildren([&](Node& child) {
+    if (!found) found = firstControl(child);
+  });
+  return found;
+}
+
 }  // namespace
 
 bool scrollIntoSight(Node& node, Rect rect) {
@@ -51,15 +64,32 @@ void ScrollPass::request(std::weak_ptr<ScrollProxy::Target> target, ViewId id) {
 }
 
 void ScrollPass::run(LayoutPass& layout, Node& root) {
-  for (const Request& request : std::exchange(requests_, {})) {
-    for (int round = 0; round < kMostRounds; ++round) {
-      const auto target = request.target.lock();
-      if (!target) break;
-      const Found found = find(target->node, request.id);
-      if (!found.node || !scrollIntoSight(*found.node, found.frame)) break;
-      layout.run(root);
-    }
+  for (const Request& request : std::exchange(requests_, {}))
+    scrolledIntoSight(request, layout, root);
+}
+
+void ScrollPass::requestFocus(std::weak_ptr<ScrollProxy::Target> target, ViewId id) {
+  focus_ = Request{std::move(target), std::move(id)};
+}
+
+NodeId ScrollPass::runFocus(LayoutPass& layout, Node& root) {
+  const Request request = *std::exchange(focus_, std::nullopt);
+  Node* const view = scrolledIntoSight(request, layout, root);
+  Node* const control = view ? firstControl(*view) : nullptr;
+  return control ? control->presented()->node.id : 0;
+}
+
+// The view of the request; null when there is none.
+Node* ScrollPass::scrolledIntoSight(const Request& request, LayoutPass& layout, Node& root) {
+  Node* view = nullptr;
+  for (int round = 0; round < kMostRounds; ++round) {
+    const auto target = request.target.lock();
+    const Found found = target ? find(target->node, request.id) : Found{};
+    view = found.node;
+    if (!view || !scrollIntoSight(*view, found.frame)) break;
+    layout.run(root);
   }
+  return view;
 }
 
 }  // namespace viewkit

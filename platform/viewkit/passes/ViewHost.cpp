@@ -58,6 +58,18 @@ bool ViewHost::press(NodeId id) {
   return runtime->press(id);
 }
 
+std::optional<ContextMenu> ViewHost::contextMenuAt(Point point) {
+  const auto runtime = runtime_;
+  return runtime->contextMenuAt(point);
+}
+
+std::optional<ContextMenu> ViewHost::contextMenuOf(NodeId id) {
+  const auto runtime = runtime_;
+  return runtime->contextMenuOf(id);
+}
+
+bool ViewHost::hasContextMenu(NodeId id) const { return runtime_->hasContextMenu(id); }
+
 void ViewHost::reveal(NodeId id) { runtime_->reveal(id); }
 
 void ViewHost::endEditing() {
@@ -68,6 +80,11 @@ void ViewHost::endEditing() {
 std::vector<RefusedText> ViewHost::refusedTexts() const {
   return viewkit::refusedTexts(runtime_->root());
 }
+bool ViewHost::handleKey(const appkit::Event& press, NodeId focused) {
+  const auto runtime = runtime_;
+  return runtime->handleKey(press, focused);
+}
+
 bool ViewHost::isAnimating() const { return runtime_->isAnimating(); }
 
 void ViewHost::advanceAnimations(std::chrono::duration<double> elapsed) {

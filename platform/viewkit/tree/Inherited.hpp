@@ -19,6 +19,8 @@ struct Inherited {
   Color foreground = Color::primary();
   Font font = Font::body();
   bool enabled = true;
+  // Said of every control.
+  std::string controlNote = {};
   // How much of its contents a node around speaks for: assistive technology is told of that node
   // instead of them.
   enum class SpokenFor { nothing, allButControls, everything };

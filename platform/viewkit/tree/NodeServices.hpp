@@ -13,6 +13,7 @@
 namespace viewkit {
 
 class CompositeNode;
+class KeyHandler;
 class Node;
 
 // The state of layout that all nodes of a host share.
@@ -63,6 +64,14 @@ public:
   virtual void callFirstAfterLayout(std::function<void()> handler) = 0;
   // Scrolls the view with this id into sight after layout.
   virtual void scrollAfterLayout(std::weak_ptr<ScrollProxy::Target> target, ViewId id) = 0;
+  // The same at the end of the update, when the handlers have been called; the first control in the
+  // view gets the keyboard.
+  virtual void focusAfterUpdate(std::weak_ptr<ScrollProxy::Target> target, ViewId id) = 0;
+
+  // Calls the handler for key presses until it is removed, which a node does at the latest when it
+  // disappears.
+  virtual void addKeyHandler(KeyHandler& handler) = 0;
+  virtual void removeKeyHandler(KeyHandler& handler) = 0;
 
   // Read for every node that is measured, and therefore not behind virtual functions.
   const PlatformMetrics& metrics;

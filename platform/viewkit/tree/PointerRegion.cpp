@@ -3,6 +3,8 @@
 
 #include "tree/Node.hpp"
 
+#include <variant>
+
 namespace viewkit {
 
 namespace {
@@ -10,6 +12,16 @@ namespace {
 bool wantsClick(Node& node) {
   const PointerRegion* region = node.pointerRegion();
   return region && region->wantsClick();
+}
+
+bool wantsContextMenu(Node& node) {
+  const PointerRegion* region = node.pointerRegion();
+  return region && region->wantsContextMenu();
+}
+
+bool isPopover(const Node& node) {
+  const Control* control = node.presented() ? node.presented()->node.control() : nullptr;
+  return control && std::holds_alternative<PopoverControl>(*control);
 }
 
 Node* firstClickedWithin(Node& node) {
@@ -32,6 +44,13 @@ Node* nodeClickedByPressing(Node& node) {
     outer = children == 1 ? outer->parent() : nullptr;
   }
   return outer;
+}
+
+Node* nodeWithContextMenuAround(Node& node) {
+  Node* around = &node;
+  while (around && !wantsContextMenu(*around))
+    around = isPopover(*around) ? nullptr : around->parent();
+  return around;
 }
 
 }  // namespace viewkit

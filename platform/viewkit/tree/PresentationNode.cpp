@@ -20,6 +20,7 @@ std::string_view nameOf(Role role) {
     case Role::colorWell: return "colorWell";
     case Role::menuButton: return "menuButton";
     case Role::textField: return "textField";
+    case Role::comboBox: return "comboBox";
     case Role::scrollArea: return "scrollArea";
     case Role::list: return "list";
     case Role::listItem: return "listItem";

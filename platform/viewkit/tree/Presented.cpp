@@ -52,6 +52,7 @@ void Presented::setAccessibility(Accessibility accessibility) {
   if (!given.accessibilityLabel.empty()) accessibility.label = given.accessibilityLabel;
   if (!given.help.empty()) accessibility.help = given.help;
   if (given.selected) accessibility.selected = given.selected;
+  if (node.control()) accessibility.note = owner_.inherited().controlNote;
   accessibility.enabled = owner_.inherited().enabled;
   if (!speaksForItself(owner_)) accessibility.role = Role::none;
   if (node.accessibility == accessibility && node.tooltip == given.help) return;

@@ -6,6 +6,8 @@
 namespace QEVCommonTools {
 
 // A separator between sections: a line one point high, as wide as it may be.
+//
+//     VStack({}, {Text("Appearance"), Hairline{.color = Color::separator()}, Text("Updates")})
 struct Hairline {
   viewkit::Color color;
 

@@ -8,6 +8,8 @@
 namespace QEVCommonTools {
 
 // What a message says of what was entered.
+//
+//     messageText(correction.message(), MessageKind::notice)
 enum class MessageKind {
   problem,  // what was entered is not stored, or something does not work
   notice,   // what was entered was corrected and is stored

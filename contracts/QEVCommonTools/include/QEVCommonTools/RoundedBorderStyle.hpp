@@ -5,7 +5,7 @@
 
 namespace QEVCommonTools {
 
-// Where the outline of a RoundedBorder is drawn, if anywhere.
+// Where the outline of a RoundedBorder is drawn, if anywhere. See RoundedBorder.
 enum class RoundedBorderStyle {
   line,  // along the inside of the edge
   none,

@@ -9,6 +9,9 @@ namespace QEVCoreComponents {
 
 // Shows and edits all options of the next capture. Each change goes to the model at once. The model
 // is never null. Main thread.
+//
+//     auto capture = std::make_shared<QEVCaptureViewModel>(store, interfaces);
+//     const viewkit::View page = CaptureCockpitView{.viewModel = capture};
 struct CaptureCockpitView {
   viewkit::ObservedObject<QEVCaptureViewModel> viewModel;
 

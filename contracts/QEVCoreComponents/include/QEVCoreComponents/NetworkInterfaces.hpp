@@ -9,6 +9,8 @@
 namespace QEVCoreComponents {
 
 // An interface on which packets can be captured.
+//
+//     NetworkInterface{.name = "lo", .addresses = {"127.0.0.1", "::1"}, .isUp = true}
 struct NetworkInterface {
   std::string name;
   // In text form: "192.0.2.7", "2001:db8::7".

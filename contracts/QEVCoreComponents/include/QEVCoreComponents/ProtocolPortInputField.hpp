@@ -19,6 +19,12 @@ namespace QEVCoreComponents {
 // Typing changes the record's ports. `onCommit` is called when the user presses Return, and once
 // when a changed text loses the keyboard focus, disappears, or its window closes. Escape restores
 // the stored text and removes the message.
+//
+//     ProtocolPortInputField{.titleKey = "",
+//                            .placeholderKey = "Protocol Ports",
+//                            .model = record,
+//                            .helperText = Binding<std::optional<std::string>>::constant(""),
+//                            .onCommit = [record] { registerPorts(*record); }}
 struct ProtocolPortInputField {
   // Localisation keys of the shared views' string table.
   std::string titleKey;

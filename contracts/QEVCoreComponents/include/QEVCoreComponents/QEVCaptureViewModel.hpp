@@ -16,6 +16,8 @@
 namespace QEVCoreComponents {
 
 // The limits of a whole number, both included, and its default.
+//
+//     if (!QEVCaptureViewModel::kBufferSize.contains(mebibytes)) return refuse(mebibytes);
 struct NumberRange {
   std::int64_t lowest;
   std::int64_t highest;

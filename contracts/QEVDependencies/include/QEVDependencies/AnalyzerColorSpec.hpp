@@ -6,6 +6,9 @@
 namespace QEVDependencies {
 
 // How the packets of one analyzer's protocol are coloured.
+//
+//     config.color = AnalyzerColorSpec{.colorKey = "com_velloquin_qev_dns_color",
+//                                      .usesColorKey = "com_velloquin_qev_dns_usesColor"};
 struct AnalyzerColorSpec {
   // The key of the colour, which is stored as the text that QEVCommonTools::rawValue returns. Must
   // begin with "com_velloquin_qev_" and end with "_color", because the migration finds it by these.

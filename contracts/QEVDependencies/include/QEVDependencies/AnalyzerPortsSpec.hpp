@@ -9,6 +9,10 @@
 namespace QEVDependencies {
 
 // The protocols of an analyzer that recognises protocols by their ports.
+//
+//     config.ports = AnalyzerPortsSpec{.networkProtocolKey = "com_velloquin_qev_dns_protocols",
+//                                      .defaultProtocolNames = {"DNS", "mDNS"},
+//                                      .defaultPorts = {dns, multicastDNS}};
 struct AnalyzerPortsSpec {
   // The key of the protocol list in the preferences store. Must begin with "com_velloquin_qev_" and
   // end with "_protocols", because the migration finds it by these.

@@ -15,7 +15,9 @@ namespace QEVDependencies {
 // The settings that one analyzer offers.
 //
 //     AnalyzerSettingsConfig config;
-//     config.toggles = {{.id = "times", .defaultsKey = "com_velloquin_qev_dns_times", …}};
+//     config.toggles = {{.id = "times",
+//                        .defaultsKey = "com_velloquin_qev_dns_times",
+//                        .labelKey = "Show response times"}};
 struct AnalyzerSettingsConfig {
   // In the order of the plug-in, which is not the order on the page.
   std::vector<AnalyzerToggleSpec> toggles = {};

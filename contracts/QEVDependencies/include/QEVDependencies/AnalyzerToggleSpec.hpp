@@ -6,6 +6,11 @@
 namespace QEVDependencies {
 
 // One on/off option of an analyzer.
+//
+//     config.toggles.push_back({.id = "checksums",
+//                               .defaultsKey = "com_velloquin_qev_dns_checksums",
+//                               .defaultValue = true,
+//                               .labelKey = "Verify checksums"});
 struct AnalyzerToggleSpec {
   // Unique among the options of the analyzer.
   std::string id;

@@ -9,6 +9,7 @@
 namespace QEVDependencies {
 
 // The error of a row's last change, or its corrections. Without text and details there is none.
+// See ErrorViewModel.
 struct ErrorState {
   std::string errorText;
   std::optional<QEVError> errorDetails;

@@ -6,11 +6,17 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace QEVDependencies {
 
 // The host's interception proxy, as its settings page sees it. The service keeps its settings
 // itself, and announces each change of a getter's result before the change. Main thread.
+//
+//     void ProxyService::setEnabled(bool enabled) {  // ProxyService is the host's
+//       objectWillChange().announce();
+//       store_.setBool(enabled, kEnabledKey);
+//     }
 class ProxyServiceProtocol : public foundation::ObservableObject {
 public:
   // A setting of the page.
@@ -18,6 +24,10 @@ public:
 
   // Whether an administrator has locked the setting, so that the page must not change it.
   virtual bool isManaged(Setting) const { return false; }
+
+  // The keys under which the service stores the setting in the preferences store; none when it
+  // keeps the setting elsewhere.
+  virtual std::vector<std::string> keysOf(Setting) const { return {}; }
 
   // Whether the proxy is meant to run.
   virtual bool isEnabled() const = 0;

@@ -4,6 +4,12 @@
 namespace QEVDependencies {
 
 // Implemented by the host application for the settings module. Main thread.
+//
+//     struct AlwaysDark final : QEVAppDelegateProvider {
+//       void setupAppearanceFromUserDefaults() override {
+//         appkit::Application::sharedApplication().setAppearance(appkit::Appearance::dark);
+//       }
+//     };
 class QEVAppDelegateProvider {
 public:
   QEVAppDelegateProvider() = default;

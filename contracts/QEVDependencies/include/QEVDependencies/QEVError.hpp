@@ -8,6 +8,8 @@ namespace QEVDependencies {
 
 // Why an analyzer did not accept a change of its settings. Analyzers throw it, and the settings
 // show it on the row concerned.
+//
+//     if (!accepts(protocol)) throw QEVError::analyzerRefusedChange;
 enum class QEVError : std::uint8_t {
   analyzerNotRunning,
   analyzerRefusedChange,

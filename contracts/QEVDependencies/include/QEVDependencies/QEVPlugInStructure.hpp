@@ -10,6 +10,11 @@
 namespace QEVDependencies {
 
 // A loaded analyzer plug-in. Its texts are shown as they are.
+//
+//     registry.registerPlugIn({.id = foundation::UUID::random(),
+//                              .plugInTitle = "DNS",
+//                              .plugInVersion = "1.4",
+//                              .plugInPreferencesInstance = preferences});
 struct QEVPlugInStructure {
   // Unique among the loaded plug-ins, and the same as long as the application runs.
   foundation::UUID id;

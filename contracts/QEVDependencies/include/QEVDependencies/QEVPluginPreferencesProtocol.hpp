@@ -8,6 +8,10 @@
 namespace QEVDependencies {
 
 // Implemented by the preferences object of a plug-in that has settings. Main thread.
+//
+//     std::optional<AnalyzerSettingsConfig> DNSPreferences::analyzerSettingsConfig() const {
+//       return AnalyzerSettingsConfig{.toggles = toggles_, .color = color_};
+//     }
 class QEVPluginPreferencesProtocol {
 public:
   QEVPluginPreferencesProtocol() = default;

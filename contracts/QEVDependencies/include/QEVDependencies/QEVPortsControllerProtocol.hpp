@@ -8,6 +8,12 @@ namespace QEVDependencies {
 class QEVNetworkProtocol;
 
 // The interface of the application's ports controller to protocol records. Main thread.
+//
+//     struct PortsController final : QEVPortsControllerProtocol {
+//       void registered(QEVNetworkProtocol& record, QEVNetworkProtocolProperty changed) override {
+//         bringUpToDate(record, changed);
+//       }
+//     };
 class QEVPortsControllerProtocol {
 public:
   QEVPortsControllerProtocol() = default;

@@ -10,6 +10,12 @@ namespace QEVDependencies {
 
 // Implemented by the preferences object of a plug-in that has protocol ports. The settings do not
 // own it: an unloaded plug-in receives no more calls. Main thread.
+//
+//     void DNSPreferences::replaceProtoocol(const std::shared_ptr<QEVNetworkProtocol>& old,
+//                                           const std::shared_ptr<QEVNetworkProtocol>& current,
+//                                           QEVNetworkProtocolProperty /*changed*/) {
+//       if (!analyzer_.replace(*old, *current)) throw QEVError::analyzerRefusedChange;
+//     }
 class QEVPortsPreferencesProtocol {
 public:
   QEVPortsPreferencesProtocol() = default;

@@ -6,11 +6,8 @@ namespace QEVDependencies {
 // The base of the objects that plug-ins keep their preferences in. The settings ask an object for
 // the interfaces that it implements:
 //
-//     class DNSPreferences final : public QEVPreferencesObject, public QEVPluginPreferencesProtocol
-//     { … };
-//
-//     std::shared_ptr<QEVPreferencesObject> object = …;
-//     if (auto settings = std::dynamic_pointer_cast<QEVPluginPreferencesProtocol>(object)) …
+//     if (auto settings = std::dynamic_pointer_cast<QEVPluginPreferencesProtocol>(object))
+//       show(settings->analyzerSettingsConfig());
 class QEVPreferencesObject {
 public:
   QEVPreferencesObject() = default;

@@ -9,6 +9,10 @@ namespace QEVDependencies {
 
 // Texts that the settings and the analyzers share: the names of the members of a stored protocol
 // record, and of two notifications.
+//
+//     auto& center = foundation::NotificationCenter::defaultCenter();
+//     token = center.observe(rawValue(QEVProtocolKonstants::portsDidChange),
+//                            [](std::string_view) { readPorts(); });
 enum class QEVProtocolKonstants : std::uint8_t {
   id,
   protocolName,

@@ -14,6 +14,8 @@
 namespace QEVLog {
 
 // A value to log. A number is written in decimal, a Boolean as "true" or "false".
+//
+//     qevLog({"ports", 8080, true}, "Capture.cpp", "start()", 12, ", ", "\n");
 class LogItem {
 public:
   LogItem(std::string text) : text_(std::move(text)) {}
@@ -31,6 +33,8 @@ private:
 };
 
 // The arguments of one call of `qevLog`.
+//
+//     setLogSink([](const LogEntry& entry) { std::clog << entry.text(); });
 struct LogEntry {
   std::vector<std::string> items;
   std::string filename;

@@ -5,9 +5,16 @@
 #include "QEVModels/PortValidationResult.hpp"
 #include "QEVSettings/preferences/PreferencesStore.hpp"
 
+#include <optional>
 #include <string>
 
 namespace QEVModels {
+
+// The readable records of a stored list; the fallback for a value of which
+// AnalyzerPortsStore::decode returns it.
+QEVDependencies::QEVNetworkProtocolList decodedProtocols(
+    const std::optional<QEVSettings::PreferenceValue>& stored,
+    const QEVDependencies::QEVNetworkProtocolList& fallback);
 
 // Reads and writes the protocol list of one analyzer in the preferences store. The stored form is
 // raw bytes: a JSON array with an object for each record. No operation fails. Main thread.

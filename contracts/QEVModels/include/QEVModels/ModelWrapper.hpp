@@ -10,6 +10,9 @@ namespace QEVModels {
 
 // Gives a model an identity in a list. Two wrappers of the same model have different ids. Shared
 // pointers own the wrappers.
+//
+//     const auto row = std::make_shared<ModelWrapper<QEVNetworkProtocol>>(protocol);
+//     rows.emplace(row->id(), row->model());
 template <class Model>
 class ModelWrapper {
 public:

@@ -10,6 +10,9 @@
 namespace QEVModels {
 
 // All changes of one kind that the validator made to a ports text.
+//
+//     const PortValidationResult result = validatedPorts("80, x");
+//     for (const PortCorrection& each : result.corrections) show(each.message());
 class PortCorrection {
 public:
   enum class Kind : std::uint8_t {

@@ -9,6 +9,10 @@
 namespace QEVModels {
 
 // The result of validating a ports text.
+//
+//     const PortValidationResult result = validatedPorts("90-80");
+//     result.ports;                     // "80-90"
+//     result.corrections.at(0).kind();  // PortCorrection::Kind::reversed
 struct PortValidationResult {
   // In normal form. Empty when nothing valid remains.
   std::string ports;

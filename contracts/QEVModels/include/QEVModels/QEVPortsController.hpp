@@ -8,6 +8,8 @@
 namespace QEVModels {
 
 // The application's ports controller. It keeps the last registered values of records up to date.
+//
+//     protocol->setPortController(QEVPortsController::sharedPortsController());
 class QEVPortsController final : public QEVDependencies::QEVPortsControllerProtocol {
 public:
   // The controller of every record that the settings edit.

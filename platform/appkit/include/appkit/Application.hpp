@@ -13,10 +13,19 @@ namespace appkit {
 
 class Window;
 
+// Whether windows are light or dark. See Application.
 enum class Appearance { light, dark };
+
+// How much the colours of windows differ from each other.
+//
+//     if (Application::sharedApplication().contrast() == Contrast::high) borderWidth = 2;
 enum class Contrast { normal, high };
 
 // The running application: what all of its windows share. Main thread.
+//
+//     auto& application = Application::sharedApplication();
+//     application.setAppearance(Appearance::dark);
+//     const auto token = application.effectiveAppearanceDidChange().subscribe([] { repaint(); });
 class Application {
 public:
   static Application& sharedApplication();

@@ -6,6 +6,8 @@
 namespace appkit {
 
 // Red, green, blue and opacity in sRGB, each from 0 to 1.
+//
+//     const RGBA orange{.red = 1, .green = 0.6, .blue = 0};
 struct RGBA {
   double red = 0;
   double green = 0;
@@ -69,6 +71,8 @@ private:
 double contrastBetween(const RGBA& a, const RGBA& b);
 
 // The colours behind the roles, for one appearance.
+//
+//     const RGBA text = Color::primary().resolved(Palette::dark());
 struct Palette {
   RGBA accent;
   RGBA primary;

@@ -10,6 +10,11 @@
 namespace appkit {
 
 // A key that was pressed in one of the application's windows.
+//
+//     const auto consumeF1 = [](const Event& event) {
+//       return event.keyCode == Event::kF1 ? std::nullopt : std::optional(event);
+//     };
+//     monitor = Event::addLocalMonitorForEventsMatchingMask(Event::kKeyDownMask, consumeF1);
 struct Event {
   // The keys that the application itself asks for; a back end gives every other key kOtherKey.
   static constexpr int kDownArrow = 125;
@@ -24,8 +29,12 @@ struct Event {
   static constexpr int kPageDown = 121;
   static constexpr int kF1 = 122;
   static constexpr int kF4 = 118;
-  // The key that types "w".
+  static constexpr int kF10 = 109;
+  static constexpr int kMenu = 110;
+  // The keys that type "f", "w" and "z".
+  static constexpr int kF = 3;
   static constexpr int kW = 13;
+  static constexpr int kZ = 6;
   static constexpr int kOtherKey = -1;
 
   enum Modifier : std::uint8_t { none = 0, shift = 1, control = 2, option = 4, command = 8 };

@@ -7,6 +7,9 @@
 namespace appkit {
 
 // One of the machine's fonts at one size: what the user picks in a font chooser.
+//
+//     const Font font{.family = "DejaVu Sans", .style = "Bold", .pointSize = 11};
+//     font.displayName();  // "DejaVu Sans Bold"
 struct Font {
   std::string family;
   // The face within the family as the machine names it, "Bold Italic" for instance; empty is the
@@ -25,6 +28,11 @@ struct Font {
 
 // What the machine knows about its fonts. A back end supplies one to the application; without any,
 // a font is named by its family and style, and is fixed-pitch when the family's name says so.
+//
+//     struct Fonts final : FontCatalog {
+//       bool isFixedPitch(const Font& font) const override { return font.family == "Terminus"; }
+//     };
+//     Application::sharedApplication().setFontCatalog(std::make_shared<Fonts>());
 class FontCatalog {
 public:
   virtual ~FontCatalog() = default;

@@ -4,6 +4,9 @@
 namespace appkit {
 
 // What can receive the keyboard in a window.
+//
+//     const Window* window = Application::sharedApplication().keyWindow();
+//     const bool isEditing = window && dynamic_cast<const Text*>(window->firstResponder());
 class Responder {
 public:
   Responder() = default;
@@ -12,7 +15,7 @@ public:
   virtual ~Responder() = default;
 };
 
-// A responder in which text is being edited: arrow keys move its caret.
+// A responder in which text is being edited: arrow keys move its caret. See Responder.
 class Text : public Responder {};
 
 }  // namespace appkit

@@ -7,6 +7,9 @@ class Responder;
 
 // A window as the application knows it. The back end owns it and tells the application when it
 // becomes or stops being the one that receives the keyboard.
+//
+//     if (Window* window = Application::sharedApplication().keyWindow())
+//       window->makeFirstResponder(nullptr);  // ends the editing of text
 class Window {
 public:
   Window() = default;

@@ -98,12 +98,14 @@ private:
 };
 
 // A name of an object and its value.
+//
+//     for (const JSON::Member& member : json.members()) show(member.name, member.value.text());
 struct JSON::Member {
   std::string name;
   JSON value;
 };
 
-// The children of one value. Each step of the iterator makes the handle of one child.
+// The children of one value. Each step of the iterator makes the handle of one child. See JSON.
 template <class Item>
 class JSON::Range {
 public:

@@ -10,7 +10,7 @@
 
 namespace foundation {
 
-// What an observer of a property wants to be told.
+// What an observer of a property wants to be told. See Observable.
 enum class ObservingOptions : std::uint8_t {
   newValue = 1,  // the value after each assignment
   initial = 4,   // the value at the moment of subscribing, before `observe` returns
@@ -26,7 +26,7 @@ constexpr bool contains(ObservingOptions options, ObservingOptions option) {
 //
 //     Observable<bool> canCheck{false};
 //     Subscription token = canCheck.observe(ObservingOptions::initial | ObservingOptions::newValue,
-//                                           [](bool can) { … });
+//                                           [](bool can) { show(can); });
 //
 // Every assignment is told, whether it changes the value or not. An observer may assign, subscribe
 // and unsubscribe while it is told. Main thread; neither copied nor moved.

@@ -13,8 +13,9 @@ namespace foundation {
 
 // Tells whoever asked that something with a name has happened. Main thread.
 //
-//     Subscription token = NotificationCenter::defaultCenter().observe("ports changed",
-//     [](std::string_view) { … }); NotificationCenter::defaultCenter().post("ports changed");
+//     auto& center = NotificationCenter::defaultCenter();
+//     const Subscription token = center.observe("ports changed", [](std::string_view) { read(); });
+//     center.post("ports changed");
 class NotificationCenter {
 public:
   using Observer = std::function<void(std::string_view name)>;

@@ -16,6 +16,10 @@ using QEVSettings::Subscription;
 // Tells any number of listeners that something happens. A listener may subscribe, unsubscribe and
 // destroy the announcer while it is being told; one that is added meanwhile is told from the next
 // time on. Main thread.
+//
+//     Announcer changed;
+//     const Subscription token = changed.subscribe([] { readAgain(); });
+//     changed.announce();
 class Announcer {
 public:
   using Listener = std::function<void()>;
@@ -32,7 +36,7 @@ private:
 };
 
 // A model object that views can watch: it announces each change of a published value before the
-// value changes. Held by shared pointer; neither copied nor moved.
+// value changes. Held by shared pointer; neither copied nor moved. See Published.
 class ObservableObject {
 public:
   ObservableObject() = default;

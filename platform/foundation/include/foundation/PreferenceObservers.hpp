@@ -15,6 +15,10 @@ namespace foundation {
 // The observers of a store's keys, for a class that implements `PreferencesStore`. While an
 // observer is called, it may subscribe, unsubscribe and write; an observer that is added then is
 // called from the next change on. Held by shared pointer. Main thread.
+//
+//     auto observers = std::make_shared<PreferenceObservers>();
+//     const auto token = observers->observe("ports", [](std::string_view key) { show(key); });
+//     observers->announce("ports");
 class PreferenceObservers : public std::enable_shared_from_this<PreferenceObservers> {
 public:
   using Observer = QEVSettings::PreferencesStore::Observer;

@@ -24,6 +24,10 @@ inline constexpr std::size_t kMaximumPropertyListValues = std::size_t{1} << 20;
 // refer to an object several times, and the limits count the object each time.
 inline constexpr std::size_t kMaximumPropertyListRepeatedBytes = std::size_t{64} << 20;
 
+// The formats of a property list.
+//
+//     const Outcome outcome = writePropertyList(values, path, PropertyListFormat::xml);
+//     if (!outcome) report(outcome.error().message);
 enum class PropertyListFormat { xml, binary };
 
 // Property lists in both formats. The top level is a dictionary. Every value keeps its type.

@@ -8,6 +8,8 @@
 namespace foundation {
 
 // What went wrong, and what the user can do about it, in one line without a full stop.
+//
+//     if (ports.empty()) return Error{"the list has no ports; name at least one"};
 struct Error {
   std::string message;
 };

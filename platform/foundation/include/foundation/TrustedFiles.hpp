@@ -12,6 +12,10 @@ namespace foundation {
 std::vector<std::filesystem::path> systemConfigurationFolders();
 
 // The files of an administrator's folder.
+//
+//     const TrustedFiles trusted = trustedFiles("/etc/xdg/analyzer/locks.d", currentPerson());
+//     for (const auto& file : trusted.files) read(file);
+//     for (const auto& problem : trusted.problems) report(problem);
 struct TrustedFiles {
   // In the order of their names. Names that begin with a dot, or end with "~", are left out.
   std::vector<std::filesystem::path> files = {};

@@ -10,6 +10,8 @@
 namespace foundation {
 
 // A universally unique identifier, a value of 16 bytes.
+//
+//     const UUID id = UUID::parse(text).value_or(UUID::random());
 class UUID {
 public:
   // A new identifier of random bits (version 4).

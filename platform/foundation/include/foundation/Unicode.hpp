@@ -12,6 +12,11 @@ namespace foundation {
 inline constexpr char32_t kReplacementCharacter = 0xFFFD;
 
 // A character that was decoded, and how long it is.
+//
+//     while (const std::optional<Utf8Character> first = firstCharacter(text)) {
+//       use(first->codePoint);
+//       text.remove_prefix(first->length);
+//     }
 struct Utf8Character {
   char32_t codePoint;
   std::size_t length;  // in bytes, 1 to 4
@@ -35,6 +40,10 @@ void appendUtf8(std::string& text, char32_t codePoint);
 // The text in upper case by Unicode's full mapping for every language: "ß" becomes "SS". Bytes that
 // are not well-formed UTF-8 stay as they are.
 std::string uppercased(std::string_view text);
+
+// The form in which texts are compared by a search, the same for every language: small letters
+// without accents, wide and narrow forms alike. "Größe" and "GRÖSSE" become "grosse".
+std::string searchForm(std::string_view text);
 
 // Converts UTF-16 to UTF-8. A byte-order mark decides the byte order and is left out of the result.
 // Without a mark, the order is the one in which more characters are below U+0100; little-endian

@@ -2,11 +2,13 @@
 #pragma once
 
 #include "QEVSettings/preferences/PreferencesStore.hpp"
+#include "foundation/PreferenceHistory.hpp"
 #include "foundation/Result.hpp"
 
 #include <chrono>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -26,8 +28,7 @@ enum class Suspicion;
 //
 //     UserDefaults& defaults = UserDefaults::standardUserDefaults();
 //     defaults.setObject("Europe/Berlin", key);  // kept, whatever becomes of this process
-//     defaults.stringForKey(key);                // as the last writer left it, whichever process
-//     that was
+//     defaults.stringForKey(key);                // the text of the last writer in any process
 //
 // A write that returned survives the end of the process, however sudden. It survives a power cut
 // too, unless the last write was less than 20 ms before: a burst of writes waits for the disk
@@ -104,6 +105,18 @@ public:
   // Fails when that was nothing; a dictionary with a value that is refused changes nothing at all.
   Outcome applyAll(const QEVSettings::PreferenceDictionary& values);
 
+  // The same for new values and removals: a key without a value is removed.
+  using Changes = std::map<std::string, std::optional<QEVSettings::PreferenceValue>, std::less<>>;
+  Outcome applyChanges(const Changes& changes);
+
+  // What the store remembers of its changes from now on. A store without rules keeps a history
+  // unless its own value of kKeepsHistory is false.
+  void setHistoryRules(HistoryRules rules) { historyRules_ = std::move(rules); }
+
+  // The remembered changes of a key, or of every key if it is empty, the newest first. Reads the
+  // file. A store in memory remembers nothing. Fails when the file cannot be read.
+  Result<std::vector<RememberedChange>> history(std::string_view key = {}) const;
+
   // Returns when all that was written survives a power cut; fails when that cannot be had.
   Outcome synchronize();
 
@@ -150,6 +163,8 @@ private:
   void takeOverChanges();
   void write(std::string_view key, std::optional<QEVSettings::PreferenceValue> value);
   bool put(const std::string& key, std::optional<QEVSettings::PreferenceValue> value);
+  bool keepsHistory() const;
+  bool isInForce(const RememberedChange& change) const;
   void saveUnlessJustFailed();
   void save();
   Outcome saveOnce(Suspicion suspicion);
@@ -166,14 +181,17 @@ private:
 
   std::shared_ptr<PreferenceObservers> observers_;
   std::shared_ptr<PreferenceObservers> storageObservers_;
-  std::filesystem::path path_;  // empty for a store in memory
+  std::filesystem::path path_;          // empty for a store in memory
+  std::filesystem::path readOnlyPath_;  // of the file that a store in memory was read from
   bool isShortLived_ = false;
   std::unique_ptr<PreferencesFile> file_;
   // A read takes over first what other processes wrote, and recovers a file that it finds damaged.
   UserDefaults& self_ = *this;
   Image image_;
-  Removed removed_;               // keys that were removed, with the numbers of their rows
-  Unsaved unsaved_;               // what the file lacks
+  Removed removed_;  // keys that were removed, with the numbers of their rows
+  Unsaved unsaved_;  // what the file lacks
+  HistoryRules historyRules_;
+  bool keepsHistory_ = true;      // as the rules said at the last change
   std::optional<Error> status_;   // of the file
   std::optional<Error> refusal_;  // of the last value that was set
   std::optional<QEVSettings::StorageProblem> problem_;

@@ -10,6 +10,7 @@
 namespace foundation {
 
 // An attribute of an element. The texts last until the handler that gets them returns.
+// See XMLHandler.
 struct XMLAttribute {
   std::string_view name;
   std::string_view value;
@@ -19,6 +20,11 @@ class XMLParser;
 
 // Receives the parts of an XML text in order. The text views are valid during the call only. A
 // handler that refuses the text calls XMLParser::stop, and may still be called for a part or two.
+//
+//     void Links::startElement(std::string_view name, std::span<const XMLAttribute> attributes) {
+//       for (const XMLAttribute& each : attributes)
+//         if (name == "enclosure" && each.name == "url") links_.emplace_back(each.value);
+//     }
 class XMLHandler {
 public:
   virtual ~XMLHandler() = default;

@@ -87,6 +87,8 @@ CopyOutcome replaceGoodCopy(const std::filesystem::path& store) {
   if (last && *lastOfCopy == lowBitsOfChange(*last)) return CopyOutcome::done;
   if (!source.copyTo(temporary)) return outcomeOf(source);
   auto outcome = compare(temporary, goodCopyOf(store));
+  // The copy has no history. Nothing else reads all of it, and SQLite may need its pages.
+  if (outcome == CopyOutcome::done && !source.isHistorySound()) outcome = CopyOutcome::damaged;
   if (outcome == CopyOutcome::done) {
     std::error_code error;
     std::filesystem::rename(temporary, goodCopyOf(store), error);

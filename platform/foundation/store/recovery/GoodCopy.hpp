@@ -31,7 +31,8 @@ bool isGoodCopyRecent(const std::filesystem::path& store, std::optional<std::uin
 enum class CopyOutcome {
   done,
   failed,   // now; the copy is as it was
-  damaged,  // the store is, or it has lost what its copy holds; the copy is as it was
+  damaged,  // the store or its history is, or it has lost what its copy holds; the copy is as it
+            // was
 };
 
 // Renews the good copy unless it has the store's last change. The new copy is read back, and

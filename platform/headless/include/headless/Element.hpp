@@ -15,6 +15,12 @@ class Window;
 
 // Thrown when an element that is not in the window is used. The message says what was searched for
 // and what the window has instead.
+//
+//     try {
+//       window.click(window.find(viewkit::Role::button, "Check Now"));
+//     } catch (const NoSuchElement& missing) {
+//       report(missing.what());
+//     }
 class NoSuchElement : public std::runtime_error {
 public:
   using std::runtime_error::runtime_error;
@@ -26,6 +32,10 @@ public:
 // A search that finds nothing, or several elements where one is expected, returns an element that
 // does not exist. An element stops existing when its view is removed. On such an element every call
 // but `exists`, `problem` and `id` throws NoSuchElement.
+//
+//     const Element ports = window.find(viewkit::Role::textField, "Ports");
+//     EXPECT_TRUE(ports.isEnabled());
+//     EXPECT_EQ(ports.value(), "80,443");
 class Element {
 public:
   bool exists() const { return problem().empty(); }
@@ -37,6 +47,7 @@ public:
   std::string label() const;
   std::string value() const;
   std::string help() const;
+  std::string note() const;
   bool isEnabled() const;
   std::optional<bool> isSelected() const;
   bool isFocused() const;

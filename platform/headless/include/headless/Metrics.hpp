@@ -8,6 +8,9 @@ namespace headless {
 // How large things are where there is no screen: the same on every machine. A character's width
 // depends on nothing but its class (narrow letters, digits, capitals…), the font's size and weight,
 // and whether the font has a fixed pitch; controls are about as large as the real window's.
+//
+//     const Metrics metrics;
+//     viewkit::ViewHost host(root, environment, metrics);
 class Metrics final : public viewkit::PlatformMetrics {
 public:
   // `bodySize` stands for the desktop's own font size, in points.

@@ -12,6 +12,7 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,7 +23,7 @@ namespace headless {
 
 class Keyboard;
 
-// The keys that are pressed for what they do; the rest is typed with `Window::type`.
+// The keys that are pressed for what they do; the rest is typed with `Window::type`. See Window.
 enum class Key {
   enter,
   escape,
@@ -39,7 +40,11 @@ enum class Key {
   end,
   f1,
   f4,
+  f,
+  f10,
+  menu,
   w,
+  z,
 };
 
 // How a window without a screen is opened.
@@ -115,6 +120,14 @@ public:
   // and Space pick the current one, Escape, a click and the end of the control close it. No other
   // key does anything meanwhile. Whether it is open.
   bool openMenu(const Element& menu);
+  // A right click in the middle of the element, which opens the context menu there and leaves it
+  // open. Whether there is one. A press of Key::menu opens that of the control with the keyboard.
+  bool openContextMenu(const Element& element);
+  // Opens the context menu of the element, and picks the item with this title. Throws NoSuchElement
+  // with the titles that there are when this one is not among them. Whether the item was enabled.
+  bool chooseFromContextMenu(const Element& element, std::string_view title);
+  // The items of the open menu; empty while none is open.
+  std::vector<viewkit::MenuItem> openMenuItems() const;
   bool isMenuOpen() const { return menu_.has_value(); }
   // Settles on a colour, or a font, in the chooser that the element opens.
   bool choose(const Element& colorWell, appkit::RGBA color);
@@ -165,7 +178,8 @@ public:
 
 private:
   struct OpenMenu {
-    viewkit::NodeId opener;
+    // Whether its opener can still be used. If not, the menu closes.
+    std::function<bool()> isUsable;
     std::vector<viewkit::MenuItem> items;
     // -1 for none.
     std::ptrdiff_t current = -1;
@@ -178,6 +192,9 @@ private:
   void closePopovers(const viewkit::PresentationNode* clicked);
   void pressKey(const appkit::Event& event);
   void openMenuOf(const viewkit::PresentationNode& opener);
+  bool open(std::optional<viewkit::ContextMenu> menu);
+  // Goes on from the current item by this step, over items that cannot be picked.
+  void moveInMenu(std::ptrdiff_t step);
   void pressInMenu(const appkit::Event& event);
   bool isUsable(viewkit::NodeId id) const;
   viewkit::Size openingSize() const;
@@ -190,6 +207,8 @@ private:
   std::unique_ptr<viewkit::ViewHost> host_;
   std::optional<OpenMenu> menu_;
   std::vector<viewkit::RefusedText> refusedTexts_;
+  // The control that the views want to have the keyboard, 0 for none.
+  viewkit::NodeId wantedFocus_ = 0;
 };
 
 }  // namespace headless

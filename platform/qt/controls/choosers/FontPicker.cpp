@@ -72,6 +72,7 @@ void FontPicker::refresh() {
 }
 
 void FontPicker::makeDialog(const appkit::Font& before) {
+  chosen_ = std::nullopt;
   dialog_ = new ChooserDialog<QFontDialog>(window());
   dialog_->setAttribute(Qt::WA_DeleteOnClose);
   dialog_->setWindowTitle(accessibleNameOf(node()->accessibility));
@@ -83,7 +84,9 @@ void FontPicker::makeDialog(const appkit::Font& before) {
   });
   connect(dialog_, &QDialog::rejected, this, [this, before] {
     settleOn([this, before] {
-      if (font_ != before) call(&viewkit::FontPickerControl::choose, before);
+      const auto* picker = control<viewkit::FontPickerControl>();
+      const auto read = picker ? picker->read : nullptr;
+      if (chosen_ && read && read() == *chosen_) call(&viewkit::FontPickerControl::choose, before);
     });
   });
 }
@@ -105,7 +108,9 @@ void FontPicker::choose(const appkit::Font& picked) {
     font_.style = picked.style;
   }
   if (picked.pointSize != before.pointSize) font_.pointSize = picked.pointSize;
-  if (picked != before) call(&viewkit::FontPickerControl::choose, font_);
+  if (picked == before) return;
+  chosen_ = font_;
+  call(&viewkit::FontPickerControl::choose, font_);
 }
 
 void FontPicker::paintEvent(QPaintEvent* /*event*/) {

@@ -5,6 +5,7 @@
 
 #include <QFontDialog>
 #include <QPointer>
+#include <optional>
 
 namespace qt {
 
@@ -34,6 +35,8 @@ private:
   // installed families. What the user does not change in the dialog stays as it is in `font_`.
   appkit::Font font_;
   appkit::Font shownFont_;
+  // The last font that the user chose in the open dialog.
+  std::optional<appkit::Font> chosen_;
 };
 
 }  // namespace qt

@@ -70,6 +70,10 @@ public:
     if (role == Qt::FontRole && item.font) return fontOf(*item.font);
     return {};
   }
+  Qt::ItemFlags flags(const QModelIndex& index) const override {
+    const bool isEnabled = items_.at(static_cast<size_t>(index.row())).isEnabled;
+    return isEnabled ? QAbstractListModel::flags(index) : Qt::NoItemFlags;
+  }
 
 private:
   const std::vector<viewkit::MenuItem>& items_;
@@ -95,7 +99,8 @@ public:
       const QColor fill = item.palette.color(QPalette::Active, QPalette::Highlight);
       drawRoundedRect(*painter, item.rect, {.radius = look::menu::kItemRadius, .fill = fill});
     }
-    painter->setPen(item.palette.color(QPalette::Active,
+    const bool isEnabled = item.state & QStyle::State_Enabled;
+    painter->setPen(item.palette.color(isEnabled ? QPalette::Active : QPalette::Disabled,
                                        isCurrent ? QPalette::HighlightedText : QPalette::Text));
     painter->setFont(item.font);
     const QRect area = item.rect.adjusted(look::menu::kItemHorizontalPadding, 0,
@@ -136,7 +141,7 @@ MenuList::MenuList(const std::vector<viewkit::MenuItem>& items, QWidget& opener,
 }
 
 void MenuList::pick(int row) {
-  if (row >= 0 && row < rowCount() && picked_) picked_(row);
+  if (row >= 0 && row < rowCount() && isEnabled(row) && picked_) picked_(row);
 }
 
 QString MenuList::title(int row) const {
@@ -191,6 +196,13 @@ void MenuList::keyboardSearch(const QString& typed) {
   scrollTo(currentIndex(), PositionAtCenter);
 }
 
+// Qt would make the first item the current one without showing it, and Return would pick it.
+void MenuList::focusInEvent(QFocusEvent* event) {
+  const bool hadCurrent = currentIndex().isValid();
+  QListView::focusInEvent(event);
+  if (!hadCurrent) selectionModel()->clearCurrentIndex();
+}
+
 void MenuList::keyPressEvent(QKeyEvent* event) {
   const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const bool picks = isReturn || (event->key() == Qt::Key_Space && typed_.isEmpty());
@@ -213,7 +225,7 @@ void MenuList::mouseMoveEvent(QMouseEvent* event) {
   const QPoint onScreen = event->globalPosition().toPoint();
   if ((onScreen - openedAt_).manhattanLength() >= QApplication::startDragDistance()) armed_ = true;
   const QModelIndex index = indexAt(event->position().toPoint());
-  if (!armed_ || !index.isValid() || index == currentIndex()) return;
+  if (!armed_ || !index.isValid() || !isEnabled(index.row()) || index == currentIndex()) return;
   // Otherwise the list would scroll the item under the pointer away.
   setAutoScroll(false);
   setCurrentIndex(index);

@@ -24,11 +24,13 @@ public:
 
   void setPicked(std::function<void(int)> picked) { picked_ = std::move(picked); }
 
-  // Picks the item and closes the menu.
+  // Picks the item, if it can be picked, and closes the menu.
   void pick(int row);
 
   int rowCount() const { return static_cast<int>(items_.size()); }
   QString title(int row) const;
+  bool isEnabled(int row) const { return items_.at(static_cast<size_t>(row)).isEnabled; }
+  using QListView::isEnabled;
   int currentRow() const { return currentIndex().row(); }
   void setCurrentRow(int row);
   QRect rowRect(int row) const;
@@ -41,6 +43,7 @@ public:
   void keyboardSearch(const QString& typed) override;
 
 protected:
+  void focusInEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }

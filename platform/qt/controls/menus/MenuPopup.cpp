@@ -60,31 +60,33 @@ void MenuPopup::openOver() {
   const int half = (item.height() + 1) / 2;
   const int inList = std::clamp(button.center().y() - top - look::menu::kPadding, half,
                                 std::max(half, height - 2 * look::menu::kPadding - half));
-  open(top, height, item.center().y() - inList);
+  open(top, height, item.center().y() - inList, button, button.width());
 }
 
-void MenuPopup::openUnder() {
-  const QRect button = openerOnScreen();
+void MenuPopup::openUnder() { openBeside(openerOnScreen(), opener_->width()); }
+
+void MenuPopup::openAt(const QRect& anchor) { openBeside(anchor, 0); }
+
+void MenuPopup::openBeside(const QRect& anchor, int leastWidth) {
   const QRect screen = available();
-  const int below = screen.bottom() - button.bottom() - look::menu::kGap;
-  const int above = button.top() - screen.top() - look::menu::kGap;
+  const int below = screen.bottom() - anchor.bottom() - look::menu::kGap;
+  const int above = anchor.top() - screen.top() - look::menu::kGap;
   const bool goesUp = naturalHeight() > below && above > below;
   const int height = std::min({naturalHeight(), goesUp ? above : below,
                                static_cast<int>(screen.height() * look::menu::kMaxShare)});
   const int row = list_->currentRow();
   const int scrolledBy = row < 0 ? 0 : list_->rowRect(row).center().y() - height / 2;
-  open(goesUp ? button.top() - look::menu::kGap - height : button.bottom() + 1 + look::menu::kGap,
-       height, scrolledBy);
+  open(goesUp ? anchor.top() - look::menu::kGap - height : anchor.bottom() + 1 + look::menu::kGap,
+       height, scrolledBy, anchor, leastWidth);
 }
 
-void MenuPopup::open(int top, int height, int scrolledBy) {
-  const QRect button = openerOnScreen();
+void MenuPopup::open(int top, int height, int scrolledBy, const QRect& anchor, int leastWidth) {
   const QRect screen = available();
   const int bar = height < naturalHeight() ? list_->verticalScrollBar()->sizeHint().width() : 0;
-  const int width = std::clamp(list_->contentWidth() + 2 * look::menu::kPadding + bar,
-                               button.width(), std::max(button.width(), look::menu::kMaxWidth));
+  const int width = std::clamp(list_->contentWidth() + 2 * look::menu::kPadding + bar, leastWidth,
+                               std::max(leastWidth, look::menu::kMaxWidth));
   const int wanted =
-      layoutDirection() == Qt::RightToLeft ? button.right() + 1 - width : button.left();
+      layoutDirection() == Qt::RightToLeft ? anchor.right() + 1 - width : anchor.left();
   const int left =
       std::clamp(wanted, screen.left(), std::max(screen.left(), screen.right() - width));
   setGeometry(left, top, width, height);

@@ -26,6 +26,8 @@ public:
   void openOver();
   // Opens below the opener, or above it where there is more room.
   void openUnder();
+  // Opens below or above a rectangle of the screen, as wide as its items.
+  void openAt(const QRect& anchor);
 
   MenuList& list() const { return *list_; }
 
@@ -35,7 +37,8 @@ protected:
   void hideEvent(QHideEvent* event) override;
 
 private:
-  void open(int top, int height, int scrolledBy);
+  void open(int top, int height, int scrolledBy, const QRect& anchor, int leastWidth);
+  void openBeside(const QRect& anchor, int leastWidth);
   void pick(int row);
   // Tells assistive technology that the menu was opened or closed.
   void announce(QAccessible::Event event);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "controls/text/TextField.hpp"
 
+#include "bridge/MirroredTree.hpp"
 #include "bridge/Strings.hpp"
 #include "controls/text/LongText.hpp"
 #include "controls/text/editText.hpp"
@@ -8,8 +9,10 @@
 #include "paint/Style.hpp"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QFontMetricsF>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
@@ -192,6 +195,27 @@ void TextField::focusOutEvent(QFocusEvent* event) {
 void TextField::inputMethodEvent(QInputMethodEvent* event) {
   composing_ = !event->preeditString().isEmpty();
   QTextEdit::inputMethodEvent(event);
+}
+
+void TextField::contextMenuEvent(QContextMenuEvent* event) {
+  if (!node()) return;
+  const auto ofView = tree().host().contextMenuOf(node()->id);
+  if (!node()) return;
+  QMenu* menu = createStandardContextMenu();
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setLayoutDirection(layoutDirection());
+  if (ofView) {
+    menu->addSeparator();
+    for (const viewkit::MenuItem& item : ofView->items) {
+      QAction* action = menu->addAction(toQString(item.title));
+      action->setEnabled(item.isEnabled);
+      connect(action, &QAction::triggered, this, [this, act = item.action] {
+        if (node()) tree().host().update();
+        act();
+      });
+    }
+  }
+  menu->popup(event->globalPos());
 }
 
 QMimeData* TextField::createMimeDataFromSelection() const {

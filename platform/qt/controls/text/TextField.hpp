@@ -8,7 +8,8 @@
 namespace qt {
 
 // A text field of one line or a few. Each keystroke is reported at once. Return commits; losing the
-// focus ends the editing.
+// focus ends the editing. Its context menu has the text commands, and below them the items of the
+// view around it.
 class TextField : public QTextEdit, public ControlWidget {
 public:
   TextField(MirroredTree& tree, const viewkit::PresentationNode& node, QWidget& parent);
@@ -30,6 +31,7 @@ protected:
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   QMimeData* createMimeDataFromSelection() const override;
   bool canInsertFromMimeData(const QMimeData* source) const override;
   void insertFromMimeData(const QMimeData* source) override;

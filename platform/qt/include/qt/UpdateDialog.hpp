@@ -13,6 +13,10 @@ namespace qt {
 // Shows the outcome of a check for updates in a modeless dialog. A new outcome replaces one that is
 // still shown. Texts of the feed are shown as plain text. Needs a qt::Application that outlives it.
 // Main thread only.
+//
+//     configuration.userDriver = std::make_shared<qt::UpdateDialog>([](std::string_view key) {
+//       return foundation::Bundle::mainBundle().localizedString(key);
+//     });
 class UpdateDialog final : public sparkle::SPUUserDriver {
 public:
   // Translates a text. The key is the English text with its placeholders, "%1" and so on.

@@ -21,7 +21,7 @@ class QWidget;
 
 namespace qt {
 
-// What a window shows, and how it is opened.
+// What a window shows, and how it is opened. See Window.
 struct WindowOptions {
   // Empty: the display name of the host.
   std::string title = {};

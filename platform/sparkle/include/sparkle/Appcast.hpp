@@ -14,7 +14,7 @@ namespace sparkle {
 // Bytes. A longer feed is refused.
 inline constexpr std::size_t kLongestFeed = std::size_t{4} << 20;
 
-// The download of an item. Fields that the feed leaves out are empty.
+// The download of an item. Fields that the feed leaves out are empty. See AppcastItem.
 struct Enclosure {
   std::string url;
   std::string type;
@@ -25,6 +25,10 @@ struct Enclosure {
 };
 
 // One version in a feed. Fields that the feed leaves out are empty.
+//
+//     const auto items = parseAppcast(feed);
+//     if (!items) return report(items.error().message);
+//     for (const AppcastItem& item : *items) show(item.displayVersion, item.enclosure.url);
 struct AppcastItem {
   std::string title;
   // The version that `compareVersions` compares.

@@ -13,7 +13,7 @@
 namespace sparkle {
 
 // A request to a transport. The transport sends these headers, those that its protocol requires,
-// and nothing that identifies the user or the machine.
+// and nothing that identifies the user or the machine. See FeedTransport.
 struct FeedRequest {
   std::string address;
   std::map<std::string, std::string> headers = {};
@@ -25,6 +25,11 @@ struct FeedRequest {
 
 // Fetches the update feed and packages. The updater opens no connections itself; the host provides
 // a transport. Main thread only.
+//
+//     const FeedRequest request{.address = feedAddress, .longestAnswer = kLongestFeed};
+//     fetch_ = transport.fetch(request, [](const foundation::Result<std::string>& answer) {
+//       if (answer) read(*answer);
+//     });
 class FeedTransport {
 public:
   using Completion = std::function<void(const foundation::Result<std::string>& answer)>;

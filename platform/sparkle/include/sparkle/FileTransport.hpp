@@ -11,6 +11,9 @@ namespace sparkle {
 
 // Reads file:// addresses, such as the feed of a mirror on this machine. Ignores headers. Fails for
 // every other address.
+//
+//     configuration.feedAddress = "file:///srv/mirror/appcast.xml";
+//     configuration.transport = std::make_shared<FileTransport>();
 class FileTransport final : public FeedTransport {
 public:
   [[nodiscard]] QEVSettings::Subscription fetch(const FeedRequest& request,

@@ -9,6 +9,9 @@ namespace sparkle {
 
 // Owns the updater of the application. It works with UpdaterConfiguration::standard(), which the
 // host sets before. Main thread only.
+//
+//     SPUStandardUpdaterController controller(true, {}, {});
+//     controller.checkForUpdates(nullptr);
 class SPUStandardUpdaterController {
 public:
   // Starts the updater when `startingUpdater` is true. The delegates may be empty and may be

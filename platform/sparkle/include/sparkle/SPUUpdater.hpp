@@ -19,6 +19,10 @@ namespace sparkle {
 //
 // Its three settings are stored in the preferences store, and follow changes that are made there,
 // by other processes too. They are off by default. Main thread only.
+//
+//     SPUUpdater updater(UpdaterConfiguration::standard());
+//     updater.start();
+//     updater.setAutomaticallyChecksForUpdates(true);
 class SPUUpdater {
 public:
   // The keys of the settings, and of the time of the last check.

@@ -9,6 +9,12 @@ namespace sparkle {
 class SPUUpdater;
 
 // Influences an updater. Every operation has a default that changes nothing. Main thread only.
+//
+//     struct BetaFeed final : SPUUpdaterDelegate {
+//       std::optional<std::string> feedURLString(const SPUUpdater& /*updater*/) override {
+//         return "https://updates.example.com/beta.xml";
+//       }
+//     };
 class SPUUpdaterDelegate {
 public:
   SPUUpdaterDelegate() = default;
@@ -23,6 +29,10 @@ public:
 };
 
 // Is notified by the standard user interface. Main thread only.
+//
+//     struct WindowRaiser final : SPUStandardUserDriverDelegate {
+//       void standardUserDriverWillShowOutcome() override { raiseMainWindow(); }
+//     };
 class SPUStandardUserDriverDelegate {
 public:
   SPUStandardUserDriverDelegate() = default;

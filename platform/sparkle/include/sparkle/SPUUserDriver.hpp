@@ -10,7 +10,7 @@
 
 namespace sparkle {
 
-// A version newer than the running one.
+// A version newer than the running one. See SPUUserDriver.
 struct FoundUpdate {
   AppcastItem item;
   std::string currentVersion;
@@ -23,6 +23,10 @@ struct FoundUpdate {
 
 // Shows the outcome of a check. Called on the main thread after the check has ended. Returns at
 // once: it opens a dialog but does not run it.
+//
+//     void UpdateLog::showUpdateFound(const FoundUpdate& update) {
+//       log_ << update.item.displayVersion << " replaces " << update.currentVersion;
+//     }
 class SPUUserDriver {
 public:
   SPUUserDriver() = default;

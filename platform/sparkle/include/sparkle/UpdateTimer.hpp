@@ -9,6 +9,8 @@
 namespace sparkle {
 
 // The timer of an event loop. Main thread only.
+//
+//     timer_ = timer.after(std::chrono::hours(24), [] { checkForUpdates(); });
 class UpdateTimer {
 public:
   UpdateTimer() = default;

@@ -16,6 +16,8 @@
 namespace sparkle {
 
 // What the server of a feed is told about the machine, if the user agreed.
+//
+//     configuration.profile = {.systemVersion = "Debian 12", .architecture = "amd64"};
 struct SystemProfile {
   std::string systemVersion;
   std::string architecture;

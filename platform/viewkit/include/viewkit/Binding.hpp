@@ -9,6 +9,10 @@ namespace viewkit {
 
 // Read and write access to a value that is stored elsewhere. A body that reads it runs again when
 // the value changes. Copies share the two functions.
+//
+//     const Binding<bool> isPlaying([player] { return player->isPlaying.get(); },
+//                                   [player](bool plays) { player->isPlaying = plays; });
+//     Toggle(isPlaying).help("Plays the recording")
 template <class T>
 class Binding {
 public:

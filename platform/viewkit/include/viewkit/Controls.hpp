@@ -32,6 +32,8 @@ View FontChooser(std::string title, const Binding<appkit::Font>& selection);
 View Toggle(const Binding<bool>& isOn, ToggleControl::Size size = ToggleControl::Size::regular);
 
 // How a colour well works.
+//
+//     ColorWell(color.binding(), {.supportsOpacity = true})
 struct ColorWellOptions {
   bool supportsOpacity = false;
   // Remembers what is stored, and returns what brings that back (see
@@ -48,6 +50,8 @@ View PopUpMenu(std::string title, std::function<std::vector<MenuItem>()> items);
 View Menu(const View& label, std::string value, std::function<std::vector<MenuItem>()> items);
 
 // How a text field looks, and what its view says about the text.
+//
+//     TextField({.placeholder = "80, 443", .problem = problem}, ports.binding(), commit)
 struct TextFieldOptions {
   std::string placeholder = {};
   int lineLimit = 1;
@@ -57,6 +61,9 @@ struct TextFieldOptions {
   // Brings the stored text back and takes the problem away. The argument is the text that the field
   // had before it was changed. Without this function that text is written to the binding.
   std::function<void(const std::string& before)> revert = {};
+  // Makes the field a combo box for assistive technology: whether the list of what fits the text is
+  // open. The list itself is in a popover of the view.
+  std::optional<bool> isListOpen = std::nullopt;
 };
 // Writes the binding at every keystroke. `onCommit` is called when the user presses Return, and
 // once when a changed text loses the keyboard, disappears, or its window closes. A field that

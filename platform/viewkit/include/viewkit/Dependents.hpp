@@ -11,6 +11,9 @@ struct Body;
 
 // The bodies that have read a value in their last run. Every holder of a value that bodies read has
 // one. Main thread only.
+//
+//     dependents.recordRead();  // in the getter, before it returns the value
+//     dependents.markAll();     // in the setter, after it has changed the value
 class Dependents {
 public:
   // Records that the running body reads the value. Does nothing outside of a body.

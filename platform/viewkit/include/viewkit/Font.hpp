@@ -11,8 +11,8 @@ namespace viewkit {
 // What a text is drawn in: a style relative to the desktop's own font size, or a font of the
 // machine that the user chose.
 //
-//     Font::caption().semibold()
-//     Font::of(store's font)
+//     const Font label = Font::caption().semibold();
+//     const Font chosen = Font::of({.family = "DejaVu Sans Mono", .pointSize = 11});
 class Font {
 public:
   enum class Style : std::uint8_t { body, callout, caption, caption2, title, title3, system };

@@ -13,6 +13,8 @@ namespace viewkit {
 inline constexpr double kUnlimited = std::numeric_limits<double>::infinity();
 
 // A place, in points from the leading top corner.
+//
+//     const Point below = frame.origin + Point{.x = 0, .y = frame.size.height};
 struct Point {
   double x = 0;
   double y = 0;
@@ -22,6 +24,8 @@ struct Point {
 };
 
 // A width and a height, in points.
+//
+//     host.setSize(Size{.width = 840, .height = 600});
 struct Size {
   double width = 0;
   double height = 0;
@@ -29,6 +33,8 @@ struct Size {
 };
 
 // A rectangle, in points.
+//
+//     if (node.frameInWindow().contains(pointer)) highlight(node);
 struct Rect {
   Point origin;
   Size size;
@@ -51,6 +57,8 @@ struct Rect {
 };
 
 // Distances from the four edges of a rectangle, in points.
+//
+//     const EdgeInsets insets{.leading = 8, .trailing = 8};
 struct EdgeInsets {
   double top = 0;
   double leading = 0;
@@ -61,16 +69,28 @@ struct EdgeInsets {
 
 // What a container offers a view: a length, `kUnlimited`, or nothing, which asks for the view's
 // ideal.
+//
+//     const Size narrow = host.sizeThatFits({.width = 320, .height = kUnlimited});
+//     const Size ideal = host.sizeThatFits({});
 struct ProposedSize {
   std::optional<double> width;
   std::optional<double> height;
   friend bool operator==(const ProposedSize&, const ProposedSize&) = default;
 };
 
+// Where views stand between the leading and the trailing edge.
+//
+//     VStack({.alignment = HorizontalAlignment::leading}, {Text("Ports"), Text("80, 443")})
 enum class HorizontalAlignment { leading, center, trailing };
+
+// Where views stand between the top and the bottom.
+//
+//     HStack({.alignment = VerticalAlignment::firstTextBaseline}, {Text("Ports"), Text("80, 443")})
 enum class VerticalAlignment { top, center, bottom, firstTextBaseline };
 
 // Where a view stands in a larger frame.
+//
+//     picture.overlay(badge, {HorizontalAlignment::trailing, VerticalAlignment::bottom})
 struct Alignment {
   HorizontalAlignment horizontal = HorizontalAlignment::center;
   VerticalAlignment vertical = VerticalAlignment::center;
@@ -89,6 +109,11 @@ struct Alignment {
   }
 };
 
+// The direction in which the user's language is written.
+//
+//     auto environment = host.environment();
+//     environment.layoutDirection = LayoutDirection::rightToLeft;
+//     host.setEnvironment(environment);
 enum class LayoutDirection { leftToRight, rightToLeft };
 
 }  // namespace viewkit

@@ -10,6 +10,9 @@
 namespace viewkit {
 
 // A row of a grid.
+//
+//     Grid({.horizontalSpacing = 12}, {{.cells = {Text("Ports"), Text("80, 443")}},
+//                                      {.cells = {Text("Source"), Text("TCP")}}})
 struct GridRow {
   Children cells;
   // Above and below the cells of the row, inside of it.
@@ -18,7 +21,7 @@ struct GridRow {
   std::optional<ViewId> id = std::nullopt;
 };
 
-// How a grid places its cells. Lengths are in points.
+// How a grid places its cells. Lengths are in points. See GridRow.
 struct GridOptions {
   HorizontalAlignment horizontalAlignment = HorizontalAlignment::center;
   VerticalAlignment verticalAlignment = VerticalAlignment::center;

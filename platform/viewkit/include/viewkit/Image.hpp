@@ -15,6 +15,8 @@ namespace viewkit {
 // A symbol is as large as a line of the surrounding text, a picture as large as it says itself; a
 // resizable image takes the size that it is offered and is stretched over it, unless it is to keep
 // its aspect ratio.
+//
+//     HStack({}, {Image::symbol("clock"), Image::named("Portrait").resizable().scaledToFit()})
 class Image : public Modifiers<Image> {
 public:
   static Image symbol(SymbolName name);

@@ -10,6 +10,8 @@
 namespace viewkit {
 
 // The result of a key press. `closesWindow` asks the back end to close the window.
+//
+//     if (routeKey(host, press, focused) == KeyOutcome::closesWindow) close();
 enum class KeyOutcome { passedOn, handled, closesWindow };
 
 // Decides what a key press does in a window, the same in every back end. A back end calls it after
@@ -24,6 +26,8 @@ enum class KeyOutcome { passedOn, handled, closesWindow };
 //     Ctrl+Shift+Tab, Ctrl+PageUp  selects the previous one
 //     Ctrl+W                   closes the window
 //
+// The views' own handlers (see `onKeyPress`) come before these keys.
+//
 // `focused` is the node that has the focus, 0 for none. A field inside of the popover is restored
 // before the popover closes. A pending update of the views is run first. Main thread only.
 KeyOutcome routeKey(ViewHost& host, const appkit::Event& press, NodeId focused);
@@ -35,6 +39,10 @@ std::optional<int> itemSelectedBy(const ListItems& list, const appkit::Event& pr
 // Whether the key opens the focused menu: Space, Return, Alt+Down and F4 do, a plain arrow key does
 // not.
 bool opensMenu(const appkit::Event& press);
+
+// Whether the key opens the context menu of the view around the focused control: the Menu key and
+// Shift+F10 do.
+bool opensContextMenu(const appkit::Event& press);
 
 // Whether a back end hands the key to the closed menu that has the keyboard before any monitor sees
 // it: Alt+Down. Monitors may give the arrow keys, with whatever modifiers, a meaning of their own.

@@ -10,6 +10,9 @@
 namespace viewkit {
 
 // The number of rows, and a function that makes a row when it is needed. Row i has the id i.
+//
+//     const auto row = [names](std::size_t i) { return View(Text(names[i])); };
+//     ScrollView({}, LazyVStack({.spacing = 2}, {.count = names.size(), .row = row}))
 struct LazyRows {
   std::size_t count = 0;
   std::function<View(std::size_t)> row;

@@ -27,6 +27,8 @@ class View;
 using ViewId = std::variant<std::int64_t, std::string>;
 
 // A frame of fixed lengths. A length that is left out is that of the content.
+//
+//     Text("Ports").frame(FixedFrame{.width = 150, .alignment = Alignment::leading()})
 struct FixedFrame {
   std::optional<double> width = std::nullopt;
   std::optional<double> height = std::nullopt;
@@ -35,6 +37,8 @@ struct FixedFrame {
 
 // A frame that takes the length that it is proposed, within limits. A limit that is left out is the
 // length of the content.
+//
+//     Text("Ports").frame(FlexibleFrame{.minWidth = 120, .maxWidth = kUnlimited})
 struct FlexibleFrame {
   std::optional<double> minWidth = std::nullopt;
   std::optional<double> maxWidth = std::nullopt;
@@ -49,12 +53,19 @@ concept SpacingStep = std::is_enum_v<Step> && requires(Step step) {
   { points(step) } -> std::convertible_to<double>;
 };
 
+// The edges of a view that a padding is for.
+//
+//     Text("Ports").padding(Edges::horizontal, 8)
 enum class Edges { all, horizontal, vertical, top, leading, bottom, trailing };
 
 // How a popover is shown.
+//
+//     button.popover(isOpen.binding(), [] { return View(Text("Ports")); }, {.maxWidth = 240})
 struct PopoverOptions {
   // Points; a popover is as wide as its content, up to this.
   double maxWidth = 320;
+  // A click on the view beside it leaves the popover open.
+  bool staysForView = false;
 };
 
 namespace modified {

@@ -12,7 +12,7 @@
 
 namespace viewkit {
 
-// A model together with the bodies that read it.
+// A model together with the bodies that read it. See ObservedObject.
 template <std::derived_from<foundation::ObservableObject> T>
 struct ObjectSlot : Slot {
   explicit ObjectSlot(std::shared_ptr<T> model) { observe(std::move(model)); }
@@ -30,6 +30,11 @@ struct ObjectSlot : Slot {
 };
 
 // A model that belongs to someone else. Bodies that read it run again when it announces a change.
+//
+//     struct PlayerView {
+//       ObservedObject<Player> player;
+//       View body() const { return Text(player->isPlaying ? "Playing" : "Paused"); }
+//     };
 template <class T>
 class ObservedObject : public ViewProperty<ObjectSlot<T>> {
 public:
@@ -60,6 +65,11 @@ private:
 
 // A model that the view owns: made when the view first appears, kept until it is gone. Bodies that
 // read it run again when it announces a change.
+//
+//     struct PlayerView {
+//       StateObject<Player> player{[] { return std::make_shared<Player>(); }};
+//       View body() const { return Text(player->isPlaying ? "Playing" : "Paused"); }
+//     };
 template <class T>
 class StateObject : public ViewProperty<ObjectSlot<T>> {
 public:

@@ -10,7 +10,7 @@
 
 namespace viewkit {
 
-// The size of a text that was laid out, in points.
+// The size of a text that was laid out, in points. See PlatformMetrics.
 struct TextMetrics {
   Size size;
   // From the top of the text's box to its first and its last baseline.
@@ -21,6 +21,9 @@ struct TextMetrics {
 // The sizes that layout needs from the platform. The functions are pure: the same arguments give
 // the same answer until ViewHost::setEnvironment is called. Lengths are in points. Main thread
 // only.
+//
+//     const TextMetrics text = metrics.measureText({.text = "Ports", .lineLimit = 1}, 120);
+//     const Size button = metrics.controlSize(ButtonControl{.title = "Reset"}, {});
 class PlatformMetrics {
 public:
   virtual ~PlatformMetrics() = default;

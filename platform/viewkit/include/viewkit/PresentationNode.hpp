@@ -16,6 +16,8 @@ namespace viewkit {
 using NodeId = std::uint64_t;
 
 // What a node is for assistive technology.
+//
+//     Text("Filters").accessibilityRole(Role::heading)
 enum class Role {
   none,
   text,
@@ -33,6 +35,8 @@ enum class Role {
   colorWell,
   menuButton,
   textField,
+  // A text field with a list of what fits the text. The list is in the popover beside it.
+  comboBox,
   scrollArea,
   list,
   listItem,
@@ -46,6 +50,8 @@ std::string_view nameOf(Role role);
 //
 // Back ends also draw and operate a control by it: a disabled node takes no input, a menu shows its
 // value, and a chooser has the label as its title.
+//
+//     if (node.accessibility.role != Role::none) speak(node.accessibility.label);
 struct Accessibility {
   Role role = Role::none;
   std::string label = {};
@@ -53,11 +59,15 @@ struct Accessibility {
   std::string help = {};
   // Why what the user typed was refused, in the user's language; empty while nothing is wrong.
   std::string problem = {};
+  // What is said of a control after everything else, such as that its setting was changed.
+  std::string note = {};
   bool enabled = true;
   // For one of several that can be selected.
   std::optional<bool> selected = std::nullopt;
   // Assistive technology can press it, as a click would: see ViewHost::press.
   bool pressable = false;
+  // For a combo box: whether its list is open.
+  std::optional<bool> expanded = std::nullopt;
 
   friend bool operator==(const Accessibility&, const Accessibility&) = default;
 };
@@ -71,6 +81,11 @@ struct Accessibility {
 // else.
 //
 // Painted in this order: the node's visual, then its children, first to last.
+//
+//     void paint(const PresentationNode& node) {
+//       draw(node.content, node.frameInWindow());
+//       for (const PresentationNode* child : node.children) paint(*child);
+//     }
 struct PresentationNode {
   NodeId id = 0;
   // In the coordinates of the parent.
@@ -93,6 +108,10 @@ struct PresentationNode {
 };
 
 // What one pass changed.
+//
+//     host.setObserver([](const PresentationChanges& changes) {
+//       for (const Rect& rect : changes.damage) repaint(rect);
+//     });
 struct PresentationChanges {
   // Nodes that are new, that moved, or whose content, attributes or children are not what they
   // were.
@@ -101,6 +120,8 @@ struct PresentationChanges {
   std::vector<NodeId> removed;
   // What has to be painted again, in window coordinates.
   std::vector<Rect> damage;
+  // The control that the views want to have the keyboard from now on; 0 for no wish.
+  NodeId focused = 0;
 };
 
 }  // namespace viewkit

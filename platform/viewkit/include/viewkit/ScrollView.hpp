@@ -11,6 +11,8 @@
 namespace viewkit {
 
 // How a scroll view looks.
+//
+//     ScrollView({.showsIndicators = false}, rows)
 struct ScrollViewOptions {
   bool showsIndicators = true;
   // Makes the scroll view a list: one stop of the keyboard whose items are what the content shows.
@@ -28,6 +30,10 @@ View scrollingWhereTooHigh(const View& content);
 
 // Scrolls the scroll views inside a ScrollViewReader. A copy may outlive the reader, and does
 // nothing then.
+//
+//     ScrollViewReader([rows](const ScrollProxy& proxy) {
+//       return ScrollView({}, rows).onAppear([proxy] { proxy.scrollTo("DNS"); });
+//     })
 class ScrollProxy {
 public:
   class Target;
@@ -38,6 +44,10 @@ public:
   // update. The view may be one that this update makes, or a row of a lazy stack that was never
   // built.
   void scrollTo(ViewId id) const;
+
+  // The same, at the end of the coming update, and gives the keyboard to the first control in the
+  // view that can be used.
+  void focus(ViewId id) const;
 
 private:
   std::weak_ptr<Target> target_;

@@ -7,6 +7,8 @@
 namespace viewkit {
 
 // A rectangle that takes all the space it is offered, with round corners of this radius.
+//
+//     Text("Ports").background(RoundedRectangle(6).fill(Color::groupBackground()))
 class RoundedRectangle : public Modifiers<RoundedRectangle> {
 public:
   explicit RoundedRectangle(double cornerRadius = 0,

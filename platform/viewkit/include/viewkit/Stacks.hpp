@@ -11,7 +11,7 @@
 namespace viewkit {
 
 // Identifies a child among its siblings: its position in the list as written, and its id where one
-// position holds several views.
+// position holds several views. See Children.
 struct ChildKey {
   int position = 0;
   std::optional<ViewId> id = std::nullopt;
@@ -20,6 +20,9 @@ struct ChildKey {
 
 // The children of a container in order. A place holds one view, an empty view, or the views of a
 // `forEach`. A change in one place does not affect the identity of the views in the others.
+//
+//     const auto row = [](const std::string& name) { return Text(name); };
+//     VStack({.spacing = 4}, {Text("Protocols"), forEach(names, std::identity(), row), Spacer()})
 class Children {
 public:
   struct Child {
@@ -63,12 +66,16 @@ Children::Place forEach(Elements&& elements, Identify identify, Make make) {
 }
 
 // How an HStack places its children. The spacing is in points.
+//
+//     HStack({.alignment = VerticalAlignment::firstTextBaseline}, {Text("Ports"), Text("80, 443")})
 struct HStackOptions {
   VerticalAlignment alignment = VerticalAlignment::center;
   double spacing = 8;
 };
 
 // How a VStack places its children. The spacing is in points.
+//
+//     VStack({.alignment = HorizontalAlignment::leading}, {Text("Ports"), Text("80, 443")})
 struct VStackOptions {
   HorizontalAlignment alignment = HorizontalAlignment::center;
   double spacing = 8;

@@ -11,7 +11,7 @@
 
 namespace viewkit {
 
-// The value of a State, which lives as long as the identity of its view.
+// The value of a State, which lives as long as the identity of its view. See State.
 template <class T>
 struct StateSlot : Slot {
   explicit StateSlot(T initial) : value(std::move(initial)) {}

@@ -33,6 +33,7 @@ inline std::optional<std::string> readPreference(const QEVSettings::PreferenceVa
 }
 
 // The binding of a view to a key, which lives as long as the identity of the view.
+// See StoredPreference.
 template <class T>
 struct PreferenceSlot : Slot {
   PreferenceSlot(QEVSettings::PreferencesStore& preferences, std::string name, T fallback)
@@ -57,16 +58,29 @@ struct PreferenceSlot : Slot {
     return stored ? readPreference(*stored, defaultValue).value_or(defaultValue) : defaultValue;
   }
 
+  void write(T value) {
+    QEVSettings::PreferenceValue stored = std::move(value);
+    written = stored;
+    store.setObject(std::move(stored), key);
+  }
+
   QEVSettings::PreferencesStore& store;
   std::string key;
   T defaultValue;
   Dependents dependents;
   QEVSettings::Subscription subscription;
+  // What the view wrote last since the last checkpoint.
+  std::optional<QEVSettings::PreferenceValue> written;
 };
 
 // A value of the environment's default store, bound to its key: reads with a default and never
 // writes it, writes at once, and runs the bodies that read it again when anyone, in this process or
 // another, changes the key. For Booleans, integers and strings.
+//
+//     struct HintsToggle {
+//       StoredPreference<bool> hints{"com_velloquin_zorvantine_hints", true};
+//       View body() const { return Toggle(hints.binding()).disabled(hints.isLocked()); }
+//     };
 template <class T>
 class StoredPreference : public ViewProperty<PreferenceSlot<T>> {
 public:
@@ -76,10 +90,19 @@ public:
   StoredPreference(std::string_view key, T defaultValue)
       : key_(key), defaultValue_(std::move(defaultValue)) {}
 
+  const std::string& key() const { return key_; }
+
   T get() const { return followed()->read(); }
   operator T() const { return get(); }
 
-  void set(T value) const { this->slot().store.setObject(std::move(value), key_); }
+  void set(T value) const {
+    auto& slot = this->slot();
+    if (slot.key == key_) {
+      slot.write(std::move(value));
+    } else {
+      slot.store.setObject(std::move(value), key_);
+    }
+  }
 
   // Whether an administrator has locked the key. Runs the body again when that changes.
   bool isLocked() const {
@@ -90,14 +113,17 @@ public:
 
   Binding<T> binding() const {
     const auto slot = followed();
-    return {[slot] { return slot->read(); },
-            [slot](T value) { slot->store.setObject(std::move(value), slot->key); }};
+    return {[slot] { return slot->read(); }, [slot](T value) { slot->write(std::move(value)); }};
   }
 
-  // Remembers what is stored now, even if that is nothing or no T; the function brings it back.
+  // Remembers what is stored now, even if that is nothing or no T. The function brings it back,
+  // unless someone else has changed the key since this view wrote it last.
   std::function<void()> checkpoint() const {
     const auto slot = followed();
+    slot->written = std::nullopt;
     return [slot, key = slot->key, before = slot->store.objectForKey(slot->key)] {
+      const bool isOwn = slot->written && slot->store.objectForKey(key) == slot->written;
+      if (!isOwn) return;
       if (before) {
         slot->store.setObject(*before, key);
       } else {

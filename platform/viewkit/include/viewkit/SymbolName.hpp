@@ -9,6 +9,8 @@ namespace viewkit {
 
 // The name of a symbol image. It is checked when the program is compiled: a name without a drawing
 // is an error there, not an empty space on the screen.
+//
+//     Image::symbol("lock.fill")  // Image::symbol("lock.full") does not compile
 class SymbolName {
 public:
   consteval SymbolName(const char* name) : name_(name) {

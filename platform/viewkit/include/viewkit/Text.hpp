@@ -11,6 +11,8 @@ namespace viewkit {
 
 // Plain text, wrapped at the width that it is offered. Font and colour are those of the
 // surroundings unless they are said here.
+//
+//     Text(name).font(Font::caption()).foreground(Color::secondary()).lineLimit(1)
 class Text : public Modifiers<Text> {
 public:
   explicit Text(std::string text) : text_(std::move(text)) {}

@@ -51,6 +51,8 @@ private:
 };
 
 // Holds a view of the type V, whose content is its `body`.
+//
+//     const View view = Greeting{.name = "Ada"};  // holds a CompositeValue<Greeting>
 template <class V>
 class CompositeValue final : public CompositeViewValue {
 public:

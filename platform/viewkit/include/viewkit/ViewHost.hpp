@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "appkit/Event.hpp"
+#include "viewkit/ContextMenu.hpp"
 #include "viewkit/Environment.hpp"
 #include "viewkit/PlatformMetrics.hpp"
 #include "viewkit/PresentationNode.hpp"
@@ -10,12 +12,16 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace viewkit {
 
 // A node of the laid-out tree as the user would describe it.
+//
+//     const NodeDescription root = host.describe();
+//     for (const NodeDescription& child : root.children) show(child.kind, child.frame);
 struct NodeDescription {
   // The view's type: "Text", "HStack", "SettingsIconRow".
   std::string kind;
@@ -29,6 +35,11 @@ struct NodeDescription {
 };
 
 // How much work was done since the counters were last set to zero.
+//
+//     host.counters() = {};
+//     player->isPlaying = true;
+//     host.update();
+//     EXPECT_EQ(host.counters().bodiesRun, 1u);
 struct PassCounters {
   std::uint64_t bodiesRun = 0;
   std::uint64_t nodesLaidOut = 0;
@@ -36,6 +47,8 @@ struct PassCounters {
 };
 
 // A text that its view has refused, and that is therefore not stored.
+//
+//     for (const RefusedText& refused : host.refusedTexts()) show(refused.label, refused.problem);
 struct RefusedText {
   // The accessibility label of the field.
   std::string label;
@@ -52,6 +65,11 @@ struct RefusedText {
 // measures and places what their change reaches, *present* tells the observer the difference.
 // Writes only mark; the update runs on the next turn of the main queue, once however many writes
 // there were. Main thread only.
+//
+//     ViewHost host(root, environment, metrics);
+//     host.setSize({.width = 840, .height = 600});
+//     host.setObserver([](const PresentationChanges& changes) { repaint(changes.damage); });
+//     host.update();
 class ViewHost {
 public:
   // The metrics outlive the host.
@@ -92,8 +110,19 @@ public:
   // it.
   bool press(NodeId id);
 
+  // The context menu of the innermost view at the point, or around the node, that has one; nothing
+  // where no view has one, or where it has no items.
+  std::optional<ContextMenu> contextMenuAt(Point point);
+  std::optional<ContextMenu> contextMenuOf(NodeId id);
+  // Whether a view around the node has a context menu. Does not ask for its items.
+  bool hasContextMenu(NodeId id) const;
+
   // Scrolls every scroll view around the node as little as brings the node into sight.
   void reveal(NodeId id);
+
+  // Calls the views' own handlers of key presses, see `onKeyPress`. `focused` is the node that has
+  // the keyboard, 0 for none. Returns whether one of them took the key.
+  bool handleKey(const appkit::Event& press, NodeId focused);
 
   // Commits each text that was changed and not committed, and brings the views up to date. A back
   // end calls it before it closes the window, and when the user's session ends.

@@ -8,7 +8,7 @@
 
 namespace viewkit {
 
-// What a view's member keeps between one description of the view and the next.
+// What a view's member keeps between one description of the view and the next. See ViewProperty.
 struct Slot {
   virtual ~Slot() = default;
 };
@@ -28,6 +28,13 @@ void reportUnlinkedProperty(const std::type_info& property);
 // made anew by every body. It finds its contents while the view's body runs, by its offset in the
 // view, so there is nothing to register. A copy made while the body runs keeps the same contents:
 // handlers capture one with `[self = *this]`.
+//
+//     struct ClickCount : ViewProperty<StateSlot<int>> {
+//       void click() const { slot().write(slot().read() + 1); }
+//       std::shared_ptr<StateSlot<int>> makeSlot() const override {
+//         return std::make_shared<StateSlot<int>>(0);
+//       }
+//     };
 template <class SlotType>
 class ViewProperty {
 public:

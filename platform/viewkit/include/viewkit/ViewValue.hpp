@@ -13,6 +13,12 @@ class View;
 
 // The immutable description behind a View, and the factory of its node. Authors of views do not
 // need it; each kind of node derives its description from it.
+//
+//     class SpacerValue final : public ViewValue {
+//     public:
+//       std::unique_ptr<Node> makeNode() const override { return std::make_unique<SpacerNode>(); }
+//       std::string kind() const override { return "Spacer"; }
+//     };
 class ViewValue {
 public:
   ViewValue() = default;
@@ -25,7 +31,7 @@ public:
   virtual std::string kind() const = 0;
 };
 
-// The description of a view that has a body.
+// The description of a view that has a body. See CompositeValue.
 class CompositeViewValue : public ViewValue {
 public:
   std::unique_ptr<Node> makeNode() const final;

@@ -12,9 +12,14 @@ namespace viewkit {
 
 using appkit::Color;
 
+// Where a text that does not fit is cut.
+//
+//     Text(path).lineLimit(1).truncation(Truncation::middle)
 enum class Truncation { tail, middle };
 
 // A paragraph of plain text.
+//
+//     if (const auto* text = std::get_if<TextVisual>(&node.content)) draw(text->text, text->color);
 struct TextVisual {
   std::string text;
   Font font = Font::body();
@@ -27,6 +32,8 @@ struct TextVisual {
 };
 
 // A symbol, scaled to fit its frame and centred in it.
+//
+//     if (const auto* symbol = std::get_if<SymbolVisual>(&node.content)) draw(symbol->name.text());
 struct SymbolVisual {
   SymbolName name;
   Color color = Color::primary();
@@ -35,6 +42,8 @@ struct SymbolVisual {
 };
 
 // A picture from a file, SVG or PNG.
+//
+//     if (const auto* image = std::get_if<ImageVisual>(&node.content)) draw(image->path);
 struct ImageVisual {
   enum class Mode {
     stretch,  // to the frame, whatever that does to the picture
@@ -50,10 +59,14 @@ struct ImageVisual {
 
 // How a corner is rounded: as a quarter of a circle, or with a curvature that grows and shrinks
 // gradually.
+//
+//     RoundedRectangle(4, CornerStyle::continuous).fill(Color::groupBackground())
 enum class CornerStyle { circular, continuous };
 
 // A rounded rectangle that fills its frame; radius 0 is a plain one. The border lies inside the
 // frame.
+//
+//     if (const auto* shape = std::get_if<ShapeVisual>(&node.content)) draw(shape->fill);
 struct ShapeVisual {
   double cornerRadius = 0;
   CornerStyle cornerStyle = CornerStyle::circular;

@@ -13,6 +13,8 @@
 namespace QEVSettings {
 
 // The whole numbers from one to another, both included.
+//
+//     descriptor.limits = IntegerRange{.lowest = 1, .highest = 1024};
 struct IntegerRange {
   std::int64_t lowest;
   std::int64_t highest;
@@ -22,6 +24,8 @@ struct IntegerRange {
 using PreferenceChoices = std::vector<std::string>;
 
 // Where the user finds a setting in the window.
+//
+//     descriptor.place = {.tab = "general", .row = "Packet time zone"};
 struct PreferencePlace {
   // The name of the tab: "general", "capture", "proxy", "analyze" or "appearance". Empty for a
   // setting that no page shows.
@@ -53,9 +57,14 @@ struct PreferenceDescriptor {
   // Localisation keys, which are the English texts: a few words, and one sentence.
   std::string title;
   std::string purpose;
+  // The localisation keys of what the page calls the values, such as "Dark"; none where it shows
+  // them as they are.
+  std::vector<std::string> valueTitles = {};
   PreferencePlace place = {};
   // Whether an administrator may lock the key.
   bool isLockable = true;
+  // Whether the values are secrets, which the history of a store does not keep.
+  bool isSecret = false;
 };
 
 // What would fit in place of a value that does not, such as "a whole number from 1 to 1024".

@@ -7,6 +7,9 @@
 namespace QEVSettings {
 
 // A default that this machine decides at the moment of reading.
+//
+//     if (kFontConsoleRaw.defaultValue == MachineDefault::fixedPitchFont)
+//       return fonts.fixedPitchFont(0);
 enum class MachineDefault : std::uint8_t { timeZone, interfaceFont, fixedPitchFont };
 
 // A key of a preferences store, with the type of its values and the value in effect while the key

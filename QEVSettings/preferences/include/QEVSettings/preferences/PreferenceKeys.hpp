@@ -53,6 +53,9 @@ inline constexpr FontKey kFontDataSourcesHead{"com_velloquin_zorvantine_fontData
 inline constexpr FontKey kFontConsoleRaw{"com_velloquin_zorvantine_fontConsoleRaw",
                                          MachineDefault::fixedPitchFont};
 
+// Whether the store remembers its changes: when which key was changed, and from what to what.
+inline constexpr PreferenceKey<bool> kKeepsHistory{"com_velloquin_zorvantine_keepsHistory", true};
+
 // Each analyzer names its own keys. All of them begin with this prefix. A key with one of the two
 // suffixes holds a colour or a protocol list; the migration rewrites their older forms.
 inline constexpr std::string_view kAnalyzerKeyPrefix = "com_velloquin_qev_";

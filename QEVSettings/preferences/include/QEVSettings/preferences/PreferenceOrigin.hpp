@@ -8,6 +8,8 @@ namespace QEVSettings {
 
 // Where the value in force comes from. The layers stand in their order: the first that has a value
 // under the key wins.
+//
+//     if (store.origin(key) == PreferenceOrigin::standard) show("not set, so the default applies");
 enum class PreferenceOrigin : std::uint8_t {
   locked,         // an administrator set it, and nobody else may change it
   commandLine,    // given for this run of the program

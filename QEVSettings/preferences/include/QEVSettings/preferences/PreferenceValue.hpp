@@ -20,7 +20,7 @@ namespace QEVSettings {
 // copies, so a snapshot of a whole store copies no contents.
 //
 //     const PreferenceValue value = std::string("Europe/Berlin");
-//     if (const std::string* text = value.asString()) …
+//     if (const std::string* text = value.asString()) show(*text);
 class PreferenceValue {
 public:
   using Bytes = std::vector<std::uint8_t>;

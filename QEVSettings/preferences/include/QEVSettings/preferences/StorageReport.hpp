@@ -36,6 +36,8 @@ struct StoreOpening {
 };
 
 // Why a store cannot save changes to its file.
+//
+//     if (store.storageProblem() == StorageProblem::diskFull) show("Free some space on the disk.");
 enum class StorageProblem {
   diskFull,
   notWritable,  // no permission for the file, its folder or its file system

@@ -10,7 +10,7 @@ namespace QEVSettings {
 // removes the observer. A subscription may outlive the object that is observed. An empty one does
 // nothing.
 //
-//     Subscription token = store.observe(key, [](std::string_view) { … });
+//     Subscription token = store.observe(key, [](std::string_view key) { show(key); });
 class Subscription {
 public:
   Subscription() = default;
