@@ -9,8 +9,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
-#include <fstream>
 #include <utility>
 
 namespace {
@@ -21,15 +19,6 @@ constexpr int kSettlingRounds = 4;
 constexpr int kAnalyzersInTurn = 8;
 constexpr int kPixelsBesideSwitch = 60;
 constexpr int kWidthsInTurn = 40;
-
-using Microseconds = std::chrono::duration<double, std::micro>;
-using Milliseconds = std::chrono::duration<double, std::milli>;
-
-double processorMicroseconds() {
-  timespec now{};
-  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-  return double(now.tv_sec) * 1e6 + double(now.tv_nsec) / 1e3;
-}
 
 // Records when the watched region has been painted.
 class PaintWatch : public QObject {
@@ -102,16 +91,6 @@ void type(QWidget& window, int key, const QString& text) {
 
 }  // namespace
 
-Task Task::of(int argc, char** argv) {
-  if (argc != 4) {
-    std::fprintf(stderr, "usage: %s ANALYZERS REPETITIONS STARTED\n", argv[0]);
-    std::exit(2);
-  }
-  return {.analyzers = std::stoul(argv[1]),
-          .repetitions = std::stoi(argv[2]),
-          .started = Clock::time_point(std::chrono::nanoseconds(std::stoll(argv[3])))};
-}
-
 void Driver::waitFor(const Watched& watched) const {
   const PaintWatch watch(watched);
   while (!watch.hasSeen()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
@@ -127,37 +106,26 @@ void Driver::measure(const char* name, const Watched& watched,
   });
   patience.start(kPatienceMilliseconds);
   const PaintWatch watch(watched);
-  const double processor = processorMicroseconds();
-  const auto start = Clock::now();
+  Stopwatch stopwatch;
   act();
   while (!watch.hasSeen()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  const Microseconds elapsed = Clock::now() - start;
+  stopwatch.stop();
   settle();
-  std::printf("%s %.1f %.1f\n", name, elapsed.count(), processorMicroseconds() - processor);
+  stopwatch.report(name);
 }
 
-void Driver::reportMemory(const char* name) const {
-  std::ifstream status("/proc/self/status");
-  std::string word;
-  while (status >> word) {
-    if (word != "VmHWM:") continue;
-    status >> word;
-    std::printf("%s %s\n", name, word.c_str());
-    return;
-  }
+void Driver::showFirstFrame(QWidget& window) {
+  window.show();
+  waitFor(within(window, window.rect()));
+  reportFirstFrame(task_, start_);
 }
 
 void Driver::run(Contender& contender) {
   QWidget& window = contender.window();
-  window.show();
-  waitFor(within(window, window.rect()));
-  const auto painted = Clock::now();
-  std::printf("first-frame %.2f\n", Milliseconds(painted - task_.started).count());
-  std::printf("own-part %.2f\n", Milliseconds(painted - ready_).count());
-  settle();
-  reportMemory("memory-first-frame");
+  showFirstFrame(window);
   if (task_.repetitions == 0) return;
 
+  settle();
   window.activateWindow();
   settle();
   for (int i = 1; i <= task_.repetitions; ++i) {

@@ -1,12 +1,14 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Drives our window and its twin through the same actions, in turns, and prints a table of ratios.
+"""Measures the Analyzer page in turns with other programs, and prints tables of ratios.
 
-    compare.py FOLDER [--rounds N] [--repetitions N] [--analyzers N,…] [--platforms offscreen,xcb]
+    compare.py FOLDER [--rounds N] [--repetitions N] [--analyzers N,…]
+                      [--environments offscreen,xcb,xcb+bus] [--peers N]
 
-FOLDER holds the two programs. For X windows, an X server without a screen is started. The table is
-Markdown. For each measure it has our median, the twin's and their ratio, and, where it was measured,
-the ratio of the processor time until the window was idle.
+FOLDER holds the programs. The first tables have our window and its twin, driven through the same
+actions: for each measure our median, the twin's and their ratio, and, where it was measured, the
+ratio of the processor time. The last table has the peers as well, in an X window with a session
+bus. For X windows, an X server without a screen is started. The tables are Markdown.
 """
 
 import argparse
@@ -15,11 +17,29 @@ import os
 import statistics
 import subprocess
 import sys
+import tempfile
 import time
 from collections import defaultdict
 from pathlib import Path
 
-CONTENDERS = ("ours", "twin")
+TWINS = ("ours", "twin")
+# What the peers' columns are called. `empty` is an empty window: the limit of the first frame.
+PEERS = {
+    "empty": "an empty Qt window",
+    "ours": "ours",
+    "twin": "Qt Widgets, the twin",
+    "quick": "Qt Quick Controls",
+    "adwaita": "libadwaita",
+}
+PACKAGES = {
+    "quick": "qt6-declarative-dev qml6-module-qtquick-controls qml6-module-qtquick-layouts",
+    "adwaita": "libadwaita-1-dev",
+}
+TITLES = {
+    "offscreen": "Without a screen (Qt's offscreen platform)",
+    "xcb": "In a window of an X server",
+    "xcb+bus": "In a window of an X server, with a session bus",
+}
 
 # The name of a line of output, its name in the table, the column of the line, and the unit.
 MEASURES = [
@@ -36,17 +56,33 @@ MEASURES = [
     ("memory-first-frame", "peak memory up to the first frame", 0, "MB"),
     ("memory-peak", "peak memory of all of it", 0, "MB"),
 ]
+PEER_MEASURES = [
+    ("first-frame", "process start to first frame", 0, "ms"),
+    ("first-frame", "the same, on the processor", 1, "ms"),
+    ("selection", "another analyzer until painted", 0, "ms"),
+    ("selection", "the same, on the processor", 1, "ms"),
+    ("memory-first-frame", "peak memory up to the first frame", 0, "MB"),
+]
 
 
 @contextlib.contextmanager
-def display(platform):
-    """The environment of a process that opens a window there."""
-    environment = dict(os.environ, QT_QPA_PLATFORM=platform, LC_ALL="C.UTF-8")
-    if platform != "xcb":
-        yield environment
-        return
+def session_bus():
+    """The address of a session bus that ends with the block."""
+    command = ["dbus-daemon", "--session", "--nofork", "--print-address=1"]
+    with subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True) as bus:
+        try:
+            yield bus.stdout.readline().strip()
+        finally:
+            bus.terminate()
+
+
+@contextlib.contextmanager
+def x_server():
+    """The name of a display of 24 bits that ends with the block."""
     reader, writer = os.pipe()
-    command = ["Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x1024x24", "-nolisten", "tcp"]
+    # A server that resets itself when its last client leaves would keep the next one waiting.
+    screen = ["-screen", "0", "1280x1024x24", "-nolisten", "tcp", "-noreset"]
+    command = ["Xvfb", "-displayfd", str(writer), *screen]
     server = subprocess.Popen(command, pass_fds=[writer], stderr=subprocess.DEVNULL)
     os.close(writer)
     with os.fdopen(reader) as answer:
@@ -54,10 +90,28 @@ def display(platform):
     if not number:
         sys.exit("compare.py: Xvfb does not start; install the package xvfb")
     try:
-        yield environment | {"DISPLAY": f":{number}"}
+        yield f":{number}"
     finally:
         server.terminate()
         server.wait()
+
+
+@contextlib.contextmanager
+def surroundings(name):
+    """The environment of a process that opens a window there, with a session bus or without."""
+    platform, _, bus = name.partition("+")
+    environment = dict(os.environ)
+    environment |= {"QT_QPA_PLATFORM": platform, "GDK_BACKEND": "x11", "LC_ALL": "C.UTF-8"}
+    for inherited in ("DBUS_SESSION_BUS_ADDRESS", "WAYLAND_DISPLAY", "DISPLAY"):
+        environment.pop(inherited, None)
+    with contextlib.ExitStack() as stack:
+        # A bus is also looked for in this folder.
+        environment["XDG_RUNTIME_DIR"] = stack.enter_context(tempfile.TemporaryDirectory())
+        if platform == "xcb":
+            environment["DISPLAY"] = stack.enter_context(x_server())
+        if bus:
+            environment["DBUS_SESSION_BUS_ADDRESS"] = stack.enter_context(session_bus())
+        yield environment
 
 
 def run(folder, contender, analyzers, repetitions, environment):
@@ -75,14 +129,14 @@ def run(folder, contender, analyzers, repetitions, environment):
     return lines
 
 
-def measure(folder, options, analyzers, environment):
-    """All lines of all processes. The contenders take turns, so other load slows both alike."""
-    results = {contender: defaultdict(list) for contender in CONTENDERS}
-    for number in range(options.starts + options.rounds):
-        repetitions = options.repetitions if number < options.rounds else 0
-        for contender in CONTENDERS if number % 2 == 0 else reversed(CONTENDERS):
-            for name, lines in run(folder, contender, analyzers, repetitions, environment).items():
-                results[contender][name] += lines
+def measure(folder, options, contenders, analyzers, environment):
+    """All lines of all processes. The contenders take turns, so other load slows all alike."""
+    results = {contender: defaultdict(list) for contender in contenders}
+    for number in range(options.rounds):
+        for contender in contenders if number % 2 == 0 else reversed(contenders):
+            lines = run(folder, contender, analyzers, options.repetitions, environment)
+            for name, numbers in lines.items():
+                results[contender][name] += numbers
     return results
 
 
@@ -101,7 +155,7 @@ def processor_ratio(results, name, unit):
     """The ratio of the processor's times, which other processes of the machine disturb less."""
     if unit == "p99" or len(results["ours"][name][0]) < 2:
         return ""
-    ours, twin = (statistics.median(line[1] for line in results[each][name]) for each in CONTENDERS)
+    ours, twin = (statistics.median(line[1] for line in results[each][name]) for each in TWINS)
     return f"{ours / twin:.2f}"
 
 
@@ -110,30 +164,85 @@ def table(results, counts):
     print("| | " + " | ".join(f"{head}: ours / twin | ratio | processor" for head in heads) + " |")
     print("|---|" + "---:|---:|---:|" * len(counts))
     for name, title, column, unit in MEASURES:
+        if not results[counts[0]]["ours"][name]:
+            continue
         cells = [f"{title} ({'MB' if unit == 'MB' else 'ms'})"]
         for count in counts:
-            ours, twin = (summary(results[count][each][name], column, unit) for each in CONTENDERS)
-            cells += [f"{ours:.2f} / {twin:.2f}", f"{ours / twin:.2f}", processor_ratio(results[count], name, unit)]
+            ours, twin = (summary(results[count][each][name], column, unit) for each in TWINS)
+            ratio = processor_ratio(results[count], name, unit)
+            cells += [f"{ours:.2f} / {twin:.2f}", f"{ours / twin:.2f}", ratio]
         print("| " + " | ".join(cells) + " |")
 
 
-def main():
-    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("folder", type=Path)
-    parser.add_argument("--rounds", type=int, default=5, help="processes that do everything, for each contender")
-    parser.add_argument("--starts", type=int, default=16, help="further processes that only start")
-    parser.add_argument("--repetitions", type=int, default=80, help="how often a process does each thing")
-    parser.add_argument("--analyzers", default="10,1000,10000")
-    parser.add_argument("--platforms", default="offscreen,xcb")
-    options = parser.parse_args()
+def peer_table(results, contenders):
+    """Each peer's figure, and ours divided by it."""
+    print("| | " + " | ".join(PEERS[contender] for contender in contenders) + " |")
+    print("|---|" + "---:|" * len(contenders))
+    for name, title, column, unit in PEER_MEASURES:
+        if not results["ours"][name]:
+            continue
+        ours = summary(results["ours"][name], column, unit)
+        cells = [f"{title} ({'MB' if unit == 'MB' else 'ms'})"]
+        for contender in contenders:
+            lines = results[contender].get(name)
+            if not lines:
+                cells.append("–")
+                continue
+            value = summary(lines, column, unit)
+            ratio = "" if contender == "ours" else f", ratio {ours / value:.2f}"
+            cells.append(f"{value:.2f}{ratio}")
+        print("| " + " | ".join(cells) + " |")
 
-    counts = [int(count) for count in options.analyzers.split(",")]
-    titles = {"offscreen": "Without a screen (Qt's offscreen platform)", "xcb": "In a window of an X server"}
-    for platform in options.platforms.split(","):
-        with display(platform) as environment:
-            results = {count: measure(options.folder, options, count, environment) for count in counts}
-        print(f"\n### {titles[platform]}\n")
-        table(results, counts)
+
+def built(folder, contender):
+    if (folder / f"window_benchmark_{contender}").exists():
+        return True
+    print(f"\nLeft out: {PEERS[contender]}; install {PACKAGES[contender]}, and build again.")
+    return False
+
+
+def options_of_command_line():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    add = parser.add_argument
+    add("folder", type=Path)
+    add("--rounds", type=int, default=20, help="processes of each contender")
+    add("--repetitions", type=int, default=20, help="per process; 0 measures the start only")
+    add("--analyzers", default="10,1000,10000", help="in the tables of the twin; may be empty")
+    add("--environments", default=",".join(TITLES))
+    add("--peers", type=int, default=25, help="analyzers in the peers' table; 0 leaves it out")
+    return parser.parse_args()
+
+
+def compare_with_twin(options, counts, name):
+    with surroundings(name) as environment:
+        results = {
+            count: measure(options.folder, options, TWINS, count, environment) for count in counts
+        }
+    print(f"\n### {TITLES[name]}\n")
+    table(results, counts)
+
+
+def compare_with_peers(options):
+    count = options.peers
+    print(f"\n### Beside other toolkits: {count} analyzers, an X window and a session bus")
+    contenders = [each for each in PEERS if each not in PACKAGES or built(options.folder, each)]
+    with surroundings("xcb+bus") as environment:
+        results = measure(options.folder, options, contenders, count, environment)
+    print()
+    peer_table(results, contenders)
+
+
+def main():
+    options = options_of_command_line()
+    print(
+        f"Each figure is a median of {options.rounds} processes in turns, of which each does each "
+        f"thing {options.repetitions} times."
+    )
+    counts = [int(count) for count in options.analyzers.split(",") if count]
+    for name in options.environments.split(",") if counts else []:
+        compare_with_twin(options, counts, name)
+    if options.peers:
+        compare_with_peers(options)
 
 
 if __name__ == "__main__":

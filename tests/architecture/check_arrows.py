@@ -74,7 +74,7 @@ OUTSIDE = {
     "qt": [POSIX, QT],
     "host": [POSIX, NETWORK, QT],
     "tests": [r".+"],
-    "benchmarks": [POSIX, QT, r"benchmark/.+", r"sqlite3\.h", r"gio/.+", r"nlohmann/.+"],
+    "benchmarks": [POSIX, QT, r"benchmark/.+", r"sqlite3\.h", r"gio/.+", r"nlohmann/.+", r"adwaita\.h"],
     "fuzz": [POSIX, r"sqlite3\.h"],
 }
 # The public headers of these rooms may include none of that.

@@ -2,8 +2,8 @@
 #include "foundation/FolderWatch.hpp"
 
 #include "foundation/MainQueue.hpp"
+#include "foundation/Thread.hpp"
 #include "system/FileDescriptor.hpp"
-#include "system/Thread.hpp"
 
 #include <poll.h>
 #include <sys/eventfd.h>

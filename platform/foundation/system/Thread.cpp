@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "system/Thread.hpp"
+#include "foundation/Thread.hpp"
 
 #include <csignal>
 #include <new>

@@ -3,6 +3,7 @@
 
 #include "QEVSettings/preferences/HostIdentity.hpp"
 #include "bridge/Strings.hpp"
+#include "window/FontReadAhead.hpp"
 #include "window/Runtime.hpp"
 
 #include <QApplication>
@@ -29,6 +30,7 @@ std::unique_ptr<QApplication> makeApplication(int& argc, char** argv,
                                               Application::Display display) {
   if (QCoreApplication::instance()) return nullptr;
   prepare(display);
+  const FontReadAhead fonts;
   auto application = std::make_unique<QApplication>(argc, argv);
   const auto& host = QEVSettings::HostIdentity::current();
   QCoreApplication::setApplicationName(toQString(host.id));

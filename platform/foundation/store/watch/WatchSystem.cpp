@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "store/watch/WatchSystem.hpp"
 
+#include "foundation/Thread.hpp"
 #include "store/recovery/PreferencesRecovery.hpp"
-#include "system/Thread.hpp"
 
 #include <fcntl.h>
 #include <sys/eventfd.h>

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+
+using Clock = std::chrono::steady_clock;
+
+// The arguments of a contender's process: `window_benchmark_X ANALYZERS REPETITIONS STARTED`.
+// STARTED is the monotonic clock in nanoseconds just before the process was started. With 0
+// repetitions the process ends after the first painted frame.
+struct Task {
+  // Ends the process with a line of help when the arguments are not these three.
+  static Task of(int argc, char** argv);
+
+  std::size_t analyzers;
+  int repetitions;
+  Clock::time_point started;
+};
