@@ -91,7 +91,10 @@ void SettingsReset::ask(std::vector<std::string> keys, const char* question,
   const std::size_t count = countChanged(keys);
   if (count == 0) return notice.show(localized(nothingToDo));
   notice.ask(formatted(localized(question), {std::to_string(count)}), localized("Reset"),
-             [history = history_, keys = std::move(keys), name = localized(name)] {
+             // The question belongs to the history.
+             [owner = std::weak_ptr(history_), keys = std::move(keys), name = localized(name)] {
+               const auto history = owner.lock();
+               if (!history) return;
                std::vector<SettingWriter::Setting> settings;
                for (const std::string& key : keys)
                  settings.push_back({.key = key, .value = std::nullopt});

@@ -12,12 +12,13 @@ namespace QEVSettings {
 // bar above the tabs, and assistive technology announces it. The model announces each change. Main
 // thread.
 //
-//     notice.ask(question, localized("Reset"), [history] { … });
+//     notice.ask(question, localized("Reset"), [owner = std::weak_ptr(history)] { … });
 class ActionNotice final : public foundation::ObservableObject {
 public:
   // Texts are in the user's language.
   void show(std::string message);
-  // `confirm` is called when the user agrees; the question is gone then.
+  // `confirm` is called when the user agrees; the question is gone then. It does not own the
+  // history, which owns the notice.
   void ask(std::string question, std::string confirmTitle, std::function<void()> confirm);
   // Takes the message or question away.
   void dismiss();
