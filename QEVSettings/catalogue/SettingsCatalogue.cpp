@@ -30,6 +30,7 @@ void SettingsCatalogue::add(PreferenceDescriptor descriptor) {
 
 std::vector<PreferenceDescriptor> SettingsCatalogue::own() const {
   std::vector<PreferenceDescriptor> settings;
+  settings.reserve(own_.size());
   for (const std::string& key : own_) settings.push_back(*catalogue_.find(key));
   return settings;
 }

@@ -89,7 +89,7 @@ std::optional<ErrorState> registerRecord(QEVPortsPreferencesProtocol& controller
         QEVNetworkProtocolProperty::sourceProtocol}) {
     const Protocol old = snapshot(*record);
     if (!take(member, after, *record)) continue;
-    const auto failure = failureOf([&] { controller.replaceProtoocol(old, record, member); });
+    auto failure = failureOf([&] { controller.replaceProtoocol(old, record, member); });
     if (failure) return failure;
     record->reportRegistered(member);
     done.push_back({.old = old, .current = snapshot(*record), .changed = member});

@@ -114,6 +114,7 @@ void SettingWriter::storeValue(const Setting& setting) {
 bool SettingWriter::writeToUpdater(const Setting& setting) {
   const auto found = std::ranges::find(kUpdaterSettings, setting.key, &UpdaterSetting::key);
   if (found == kUpdaterSettings.end() || !doors_.updater) return false;
+  // NOLINTNEXTLINE(misc-const-correctness): called through pointers to its members
   SPUUpdater& updater = doors_.updater->updaterController().updater();
   if (setting.value) {
     (updater.*found->set)(setting.value->convertedToBoolean().value_or(false));

@@ -52,6 +52,7 @@ StoredValues::StoredValues(const SettingsIndex::Contents& contents, const Search
     if (!query.words.empty()) {
       const SearchText text = textOf(value);
       std::vector<int> worths;
+      worths.reserve(query.words.size());
       for (const std::string& word : query.words) worths.push_back(text.worthOf(word));
       if (std::ranges::any_of(worths, [](int worth) { return worth > 0; }))
         worths_.emplace(*entry, std::move(worths));

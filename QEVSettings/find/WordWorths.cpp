@@ -35,6 +35,7 @@ std::vector<std::shared_ptr<const WordWorths::Worths>> WordWorths::of(
   }
   last_ = std::move(known);
   std::vector<std::shared_ptr<const Worths>> worths;
+  worths.reserve(last_.size());
   for (const Known& each : last_) worths.push_back(each.worths);
   return worths;
 }

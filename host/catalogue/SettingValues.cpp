@@ -69,7 +69,7 @@ std::string limitsOf(const PreferenceDescriptor& descriptor) {
 std::string suggestionFor(std::string_view key) {
   std::vector<std::string> near = hostCatalogue().nearMisses(key);
   if (near.empty()) return "";
-  for (std::string& each : near) each = "“" + each + "”";
+  for (std::string& each : near) each.insert(0, "“").append("”");
   return "did you mean " + alternatives({near.begin(), near.end()}) + "?";
 }
 

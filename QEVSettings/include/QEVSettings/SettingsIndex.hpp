@@ -108,11 +108,11 @@ public:
   // Whether analyzers were added or removed since the index was begun.
   bool isOutdated() const;
 
-  // What has each word of the query somewhere. A number also fits a range of ports that it lies in.
+  // What has each word of the text somewhere. A number also fits a range of ports that it lies in.
   // The word "is:changed" stands for the settings whose value in the person's layer differs from
   // the default. Values are those of the store. At most `most` are returned, all are counted.
-  // Nothing fits an empty query.
-  FoundSettings find(std::string_view query, PreferencesStore& store, std::size_t most) const;
+  // Nothing fits an empty text.
+  FoundSettings find(std::string_view text, PreferencesStore& store, std::size_t most) const;
 
   class Contents;
 

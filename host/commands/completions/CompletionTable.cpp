@@ -56,8 +56,8 @@ Completions completionsOf(const CommandEntry& entry) {
   for (const Operand& operand : arguments.operands) {
     if (operand.name == "FILE" || operand.name == "KEY")
       completions.operands.push_back(operand.name);
-    if (operand.name.starts_with("PROFILE")) completions.operands.push_back("PROFILE");
-    if (operand.name == "PROFILE|FILE") completions.operands.push_back("FILE");
+    if (operand.name.starts_with("PROFILE")) completions.operands.emplace_back("PROFILE");
+    if (operand.name == "PROFILE|FILE") completions.operands.emplace_back("FILE");
     if (operand.name == "COMMAND") completions.operands = nextWords({});
   }
   return completions;
