@@ -94,7 +94,8 @@ std::string RecentChangesModel::obstacle(const RememberedChange& change) const {
 void RecentChangesModel::putBack(std::int64_t number) {
   const auto found = std::ranges::find(changes(), number, &RememberedChange::number);
   if (found == changes_.end() || !obstacle(*found).empty()) return;
-  // The write makes another history.
+  // A copy, because the write makes another history.
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
   const RememberedChange change = *found;
   const auto outcome = write_(change.key, inCurrentForm(change));
   objectWillChange().announce();

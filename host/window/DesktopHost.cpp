@@ -63,10 +63,10 @@ void tellOfRefusedTexts(const std::vector<viewkit::RefusedText>& texts) {
 
 }  // namespace
 
-DesktopHost::DesktopHost(const WindowOptions& options, QEVSettings::PreferencesStore& store,
+DesktopHost::DesktopHost(WindowOptions options, QEVSettings::PreferencesStore& store,
                          qt::Application::Display display)
     : application_(preparedFor(messages_, display).count, noArguments().words.data(), display),
-      options_(options),
+      options_(std::move(options)),
       store_(store) {
   messages_.beforeStop(nullptr);
   start();

@@ -24,7 +24,7 @@ class DesktopHost {
 public:
   // The store outlives the host. When the display cannot be reached, the program starts again
   // without one.
-  DesktopHost(const WindowOptions& options, QEVSettings::PreferencesStore& store,
+  DesktopHost(WindowOptions options, QEVSettings::PreferencesStore& store,
               qt::Application::Display display);
   ~DesktopHost();
   DesktopHost(const DesktopHost&) = delete;

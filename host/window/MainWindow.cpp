@@ -35,7 +35,7 @@ MainWindow::MainWindow(Parts parts) : parts_(std::move(parts)) {
 
 void MainWindow::showContent(viewkit::Environment environment,
                              std::shared_ptr<QEVSettings::UpdaterViewModel> updater) {
-  parts_.environment = environment;
+  parts_.environment = std::move(environment);
   parts_.updater = std::move(updater);
   content_ = std::make_unique<qt::Window>(qt::WindowOptions{
       .title = {},

@@ -47,7 +47,8 @@ bool isWithin(const PresentationNode* node, const PresentationNode& branch) {
 Window::Window(viewkit::View root, viewkit::Environment environment, const WindowOptions& options)
     : stepsAnimations_(options.stepsAnimations),
       keyboard_(std::make_unique<Keyboard>(*this)),
-      host_(std::make_unique<viewkit::ViewHost>(std::move(root), environment, metrics_)) {
+      host_(
+          std::make_unique<viewkit::ViewHost>(std::move(root), std::move(environment), metrics_)) {
   host_->setObserver([this](const viewkit::PresentationChanges& changes) {
     if (changes.focused != 0) wantedFocus_ = changes.focused;
   });
@@ -89,7 +90,7 @@ void Window::setSize(viewkit::Size size) {
 }
 
 void Window::setEnvironment(viewkit::Environment environment) {
-  host_->setEnvironment(environment);
+  host_->setEnvironment(std::move(environment));
   settle();
 }
 

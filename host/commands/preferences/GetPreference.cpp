@@ -9,8 +9,6 @@
 
 namespace zorvantine {
 
-using QEVSettings::PreferenceValue;
-
 namespace {
 
 using Part = GetPreferenceCommand::Part;

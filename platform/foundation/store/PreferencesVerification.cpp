@@ -95,7 +95,8 @@ private:
       return;
     }
     const auto faults = file.faults();
-    for (const std::string& fault : faults) problem(name + " is damaged: " + fault + ".");
+    for (const std::string& fault : faults)
+      problem(std::string(name).append(" is damaged: ").append(fault).append("."));
     if (faults.empty()) {
       const std::string_view noun = keys.size() == 1 ? " key" : " keys";
       say(name + " is in order: " + std::to_string(keys.size()).append(noun) +

@@ -14,9 +14,8 @@ namespace {
 
 class CaseMapping {
 public:
-  CaseMapping() {
+  CaseMapping() : toUpper_(QEV_ICU(ucasemap_utf8ToUpper)) {
     const auto open = QEV_ICU(ucasemap_open);
-    toUpper_ = QEV_ICU(ucasemap_utf8ToUpper);
     if (open == nullptr || toUpper_ == nullptr) return;
     constexpr const char* everyLanguage = "";
     UErrorCode error = U_ZERO_ERROR;
@@ -40,7 +39,7 @@ public:
 private:
   // Stays for the life of the process, as the library does.
   UCaseMap* mapping_ = nullptr;
-  decltype(&ucasemap_utf8ToUpper) toUpper_ = nullptr;
+  decltype(&ucasemap_utf8ToUpper) toUpper_;
 };
 
 const CaseMapping& caseMapping() {

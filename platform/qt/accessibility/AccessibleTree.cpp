@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <ranges>
 
 namespace qt {
 
@@ -87,8 +88,8 @@ int AccessibleTree::indexIn(const viewkit::PresentationNode& node,
 QAccessibleInterface* AccessibleTree::childAt(const viewkit::PresentationNode& node,
                                               QPoint onScreen) {
   const auto children = childNodes(node);
-  for (auto child = children.rbegin(); child != children.rend(); ++child) {
-    QAccessibleInterface* interface = interfaceOf(**child);
+  for (const auto* child : std::views::reverse(children)) {
+    QAccessibleInterface* interface = interfaceOf(*child);
     if (interface && interface->rect().contains(onScreen)) return interface;
   }
   return nullptr;

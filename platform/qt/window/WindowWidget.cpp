@@ -26,6 +26,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <ranges>
 #include <utility>
 
 namespace qt {
@@ -40,8 +41,8 @@ const viewkit::PresentationNode* tooltipAt(const viewkit::PresentationNode& node
   const viewkit::Point local = point - node.frame.origin;
   const bool inside = viewkit::Rect{{}, node.frame.size}.contains(local);
   if (!inside && (node.clipRadius || node.control())) return nullptr;
-  for (auto child = node.children.rbegin(); child != node.children.rend(); ++child) {
-    if (const auto* found = tooltipAt(**child, local)) return found;
+  for (const auto* child : std::views::reverse(node.children)) {
+    if (const auto* found = tooltipAt(*child, local)) return found;
   }
   return inside && !node.tooltip.empty() ? &node : nullptr;
 }

@@ -21,9 +21,9 @@ constexpr int kMostRounds = 16;
 
 ViewHost::Runtime::Runtime(Environment environment, const PlatformMetrics& metrics)
     : NodeServices(metrics),
-      environment_(environment),
+      environment_(std::move(environment)),
       layout_(layout),
-      animation_(environment.reducedMotion) {}
+      animation_(environment_.reducedMotion) {}
 
 // The nodes take themselves off the passes, so they go first.
 ViewHost::Runtime::~Runtime() { root_.reset(); }
@@ -68,11 +68,11 @@ Size ViewHost::Runtime::sizeThatFits(const ProposedSize& proposal) {
 }
 
 void ViewHost::Runtime::setEnvironment(Environment environment) {
-  environment_ = environment;
-  animation_.setReducedMotion(environment.reducedMotion);
+  environment_ = std::move(environment);
+  animation_.setReducedMotion(environment_.reducedMotion);
   root_->forgetLayout();
   root_->become(root_->view(),
-                std::make_shared<const Inherited>(Inherited{.environment = environment}));
+                std::make_shared<const Inherited>(Inherited{.environment = environment_}));
   layout_.markRoot();
   schedule();
 }

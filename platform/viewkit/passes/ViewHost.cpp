@@ -13,7 +13,7 @@ namespace viewkit {
 // return.
 
 ViewHost::ViewHost(View root, Environment environment, const PlatformMetrics& metrics)
-    : runtime_(std::make_shared<Runtime>(environment, metrics)) {
+    : runtime_(std::make_shared<Runtime>(std::move(environment), metrics)) {
   runtime_->open(root);
 }
 
@@ -24,7 +24,9 @@ ViewHost::~ViewHost() {
 
 void ViewHost::setSize(Size size) { runtime_->setSize(size); }
 Size ViewHost::sizeThatFits(ProposedSize proposal) { return runtime_->sizeThatFits(proposal); }
-void ViewHost::setEnvironment(Environment environment) { runtime_->setEnvironment(environment); }
+void ViewHost::setEnvironment(Environment environment) {
+  runtime_->setEnvironment(std::move(environment));
+}
 const Environment& ViewHost::environment() const { return runtime_->environment(); }
 
 void ViewHost::update() {

@@ -60,7 +60,9 @@ struct Attempt {
 };
 
 Attempt damaged(std::string damage) {
-  return {.opened = unusable(Error{damage}, StorageProblem::failing), .damage = std::move(damage)};
+  Attempt attempt{.opened = unusable(Error{damage}, StorageProblem::failing)};
+  attempt.damage = std::move(damage);
+  return attempt;
 }
 
 StorageProblem problemOf(int error) {
