@@ -160,6 +160,8 @@ void ActionHistory::tell(const ReplayedStep& replayed, ReplayDirection direction
 }
 
 std::string ActionHistory::nameOf(std::string_view key) const {
+  // The user sees one setting in the two keys of the appearance.
+  if (key == kAppearanceUseSystem.name) key = kAppearanceName.name;
   const PreferenceDescriptor* const known = catalogue_ ? catalogue_->current().find(key) : nullptr;
   return known ? settingName(*known) : std::string(key);
 }

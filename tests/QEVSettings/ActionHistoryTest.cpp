@@ -60,7 +60,7 @@ protected:
 TEST_F(ActionHistoryTest, AppearanceIsOneActionOfTwoKeys) {
   window->click(window->find(Role::button, "Light"));
   window->click(window->find(Role::button, "Auto"));
-  EXPECT_EQ(window.history->undoTitle(), "Undo “Appearance of the system”");
+  EXPECT_EQ(window.history->undoTitle(), "Undo “Appearance”");
   const int calls = window.delegate->calls;
   window.undo();
   EXPECT_TRUE(window->find(Role::button, "Light").isSelected().value());
