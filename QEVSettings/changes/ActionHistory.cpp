@@ -2,18 +2,18 @@
 #include "QEVSettings/ActionHistory.hpp"
 
 #include "QEVCommonTools/PlainText.hpp"
+#include "QEVSettings/isSetting.hpp"
 #include "QEVSettings/preferences/PreferenceKeys.hpp"
 #include "QEVSettings/settingName.hpp"
 #include "changes/ActionStep.hpp"
+#include "changes/isOfAppearance.hpp"
 #include "changes/replayStep.hpp"
 #include "foundation/MainQueue.hpp"
 #include "foundation/ScopedFlag.hpp"
 #include "resources/resource_bundle_accessor.hpp"
-#include "sparkle/SPUUpdater.hpp"
 #include "viewkit/Gesture.hpp"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace QEVSettings {
@@ -21,14 +21,6 @@ namespace QEVSettings {
 using QEVCommonTools::formatted;
 
 namespace {
-
-// What the program remembers of itself. The selection moves with what is shown, and would move
-// under an undo that brings a setting into sight.
-bool isSetting(std::string_view key) {
-  constexpr std::array notSettings{kAnalyzerSelectedIndex.name, kPrefsSchemaVersion.name,
-                                   sparkle::SPUUpdater::kLastCheckKey};
-  return std::ranges::find(notSettings, key) == notSettings.end();
-}
 
 // The names of more settings than this are not listed in a title.
 constexpr std::size_t kNamesInTitle = 2;
@@ -69,6 +61,8 @@ void ActionHistory::perform(std::string name, const std::function<void()>& actio
 }
 
 void ActionHistory::record(const SettingChange& change) {
+  // The selection moves with what is shown, and would move under an undo that brings a setting into
+  // sight.
   if (isReplaying_ || !isSetting(change.key)) return;
   objectWillChange().announce();
   notice_->dismiss();
@@ -160,8 +154,7 @@ void ActionHistory::tell(const ReplayedStep& replayed, ReplayDirection direction
 }
 
 std::string ActionHistory::nameOf(std::string_view key) const {
-  // The user sees one setting in the two keys of the appearance.
-  if (key == kAppearanceUseSystem.name) key = kAppearanceName.name;
+  if (isOfAppearance(key)) key = kAppearanceName.name;
   const PreferenceDescriptor* const known = catalogue_ ? catalogue_->current().find(key) : nullptr;
   return known ? settingName(*known) : std::string(key);
 }

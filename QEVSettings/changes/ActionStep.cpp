@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "changes/ActionStep.hpp"
 
-#include "QEVSettings/preferences/PreferenceKeys.hpp"
+#include "changes/isOfAppearance.hpp"
 
 #include <algorithm>
 #include <numeric>
@@ -26,10 +26,6 @@ std::size_t sizeOf(const PreferenceValue& value) {
 
 std::size_t sizeOf(const std::optional<PreferenceValue>& value) {
   return value ? sizeOf(*value) : 0;
-}
-
-bool isOfAppearance(const std::string& key) {
-  return key == kAppearanceName.name || key == kAppearanceUseSystem.name;
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "analyzers/AnalyzerError.hpp"
 #include "appkit/Application.hpp"
 #include "changes/AnalyzerPorts.hpp"
+#include "changes/isOfAppearance.hpp"
 #include "foundation/NotificationCenter.hpp"
 #include "foundation/PreferenceObservers.hpp"
 
@@ -44,11 +45,6 @@ constexpr std::array kUpdaterSettings{
     UpdaterSetting{SPUUpdater::kSendsSystemProfileKey, &SPUUpdater::sendsSystemProfile,
                    &SPUUpdater::setSendsSystemProfile}};
 
-bool isOfAppearance(std::string_view key) {
-  return key == QEVKonstantsKeys::kAppearanceName.name ||
-         key == QEVKonstantsKeys::kAppearanceUseSystem.name;
-}
-
 std::string textOf(const QEVDependencies::ErrorState& state) {
   return state.errorDetails ? QEVCommonTools::localized(message(*state.errorDetails))
                             : state.errorText;
@@ -79,6 +75,13 @@ std::vector<SettingWriter::Refusal> SettingWriter::writeAll(const std::vector<Se
   const auto observers = observers_;
   for (const Setting& each : settings) observers->announce(each.key);
   return refusals;
+}
+
+std::vector<SettingWriter::Refusal> SettingWriter::resetAll(const std::vector<std::string>& keys) {
+  std::vector<Setting> settings;
+  settings.reserve(keys.size());
+  for (const std::string& key : keys) settings.push_back({.key = key, .value = std::nullopt});
+  return writeAll(settings);
 }
 
 Subscription SettingWriter::observe(std::string_view key, PreferencesStore::Observer observer) {

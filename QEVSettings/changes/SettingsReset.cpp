@@ -95,11 +95,8 @@ void SettingsReset::ask(std::vector<std::string> keys, const char* question,
              [owner = std::weak_ptr(history_), keys = std::move(keys), name = localized(name)] {
                const auto history = owner.lock();
                if (!history) return;
-               std::vector<SettingWriter::Setting> settings;
-               for (const std::string& key : keys)
-                 settings.push_back({.key = key, .value = std::nullopt});
                std::vector<SettingWriter::Refusal> refusals;
-               history->perform(name, [&] { refusals = history->writer().writeAll(settings); });
+               history->perform(name, [&] { refusals = history->writer().resetAll(keys); });
                tell(refusals, *history);
              });
 }

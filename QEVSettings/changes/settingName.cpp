@@ -4,16 +4,17 @@
 #include "QEVCommonTools/PlainText.hpp"
 #include "QEVSettings/settingText.hpp"
 
-#include <string_view>
-
 namespace QEVSettings {
 
-std::string settingName(const PreferenceDescriptor& descriptor) {
-  std::string name = settingText(descriptor.title);
+std::string withoutColon(std::string_view title) {
   for (const std::string_view colon : {":", "："}) {
-    if (name.ends_with(colon)) name.resize(name.size() - colon.size());
+    if (title.ends_with(colon)) title.remove_suffix(colon.size());
   }
-  return std::string(QEVCommonTools::trimmed(name));
+  return std::string(QEVCommonTools::trimmed(title));
+}
+
+std::string settingName(const PreferenceDescriptor& descriptor) {
+  return withoutColon(settingText(descriptor.title));
 }
 
 }  // namespace QEVSettings

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "find/IndexContents.hpp"
 
+#include "QEVSettings/settingName.hpp"
 #include "QEVSettings/settingText.hpp"
 #include "find/SettingTabs.hpp"
 
@@ -11,16 +12,6 @@
 namespace QEVSettings {
 
 namespace {
-
-// The titles of fonts end with a colon, as the page shows them.
-std::string withoutColon(std::string title) {
-  for (const std::string_view colon : {":", "：", " :"}) {
-    if (title.ends_with(colon)) title.resize(title.size() - colon.size());
-  }
-  while (title.ends_with(' ') || title.ends_with("\u00A0"))
-    title.resize(title.size() - (title.ends_with(' ') ? 1 : 2));
-  return title;
-}
 
 void addContained(SearchText& text, const AnalyzerSettings& analyzer) {
   if (!analyzer.ports) return;

@@ -68,11 +68,6 @@ std::string SettingMenu::resetTitle() const {
 }
 
 // A refusal is shown by the page, which follows the writer.
-void SettingMenu::reset() const {
-  std::vector<SettingWriter::Setting> settings;
-  for (const std::string& key : changeableKeys())
-    settings.push_back({.key = key, .value = std::nullopt});
-  writer->writeAll(settings);
-}
+void SettingMenu::reset() const { writer->resetAll(changeableKeys()); }
 
 }  // namespace QEVSettings

@@ -3,6 +3,7 @@
 
 #include "QEVSettings/LayeredPreferences.hpp"
 #include "QEVSettings/QEVPreferencesMigrationSteps.hpp"
+#include "QEVSettings/isSetting.hpp"
 #include "QEVSettings/preferences/PreferenceKeys.hpp"
 #include "QEVSettings/settingName.hpp"
 #include "QEVSettings/settingText.hpp"
@@ -10,7 +11,6 @@
 #include "commandline/TextForm.hpp"
 #include "foundation/Bundle.hpp"
 #include "history/HistoryText.hpp"
-#include "sparkle/SPUUpdater.hpp"
 
 #include <algorithm>
 #include <array>
@@ -27,14 +27,6 @@ namespace {
 
 std::string localized(std::string_view key) {
   return foundation::Bundle::mainBundle().localizedString(key);
-}
-
-// What the program remembers of itself is no setting of the user.
-bool isSetting(std::string_view key) {
-  constexpr std::array notSettings{QEVSettings::kAnalyzerSelectedIndex.name,
-                                   QEVSettings::kPrefsSchemaVersion.name,
-                                   sparkle::SPUUpdater::kLastCheckKey};
-  return std::ranges::find(notSettings, key) == notSettings.end();
 }
 
 // The value before the change. It may be older than the migration of the store.
@@ -72,7 +64,8 @@ void RecentChangesModel::read() {
   auto history = store_.history();
   problem_ = history ? writeProblem_ : history.error().message;
   changes_ = history ? *std::move(history) : std::vector<RememberedChange>();
-  std::erase_if(changes_, [](const RememberedChange& change) { return !isSetting(change.key); });
+  std::erase_if(changes_,
+                [](const RememberedChange& change) { return !QEVSettings::isSetting(change.key); });
 }
 
 std::string RecentChangesModel::emptyText() const {

@@ -72,6 +72,8 @@ public:
   // Writes several settings in this order, as one change of the appearance where keys of it are
   // among them. A refused setting does not stop the others.
   std::vector<Refusal> writeAll(const std::vector<Setting>& settings);
+  // Removes the user's values of the keys in the same way.
+  std::vector<Refusal> resetAll(const std::vector<std::string>& keys);
 
   // For pages that show more than the stored value. The observer is called after each write of the
   // key by this object, refused or not.

@@ -12,7 +12,7 @@ struct Uses {
   int count = 0;
 };
 
-// Trivially usable while the process ends: stores may be closed by destructors of statics.
+// Has no destructor, because the destructors of other statics may close stores.
 Uses& uses() {
   static constinit Uses shared;
   return shared;
