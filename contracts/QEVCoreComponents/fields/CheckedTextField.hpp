@@ -39,7 +39,7 @@ private:
 };
 
 // The width of a field in which `text` fits, in points: `usual`, or more where the desktop asks for
-// large text. For the body that is running.
+// large text. Called in a body.
 double fieldWidth(double usual, const std::string& text);
 
 }  // namespace QEVCoreComponents
