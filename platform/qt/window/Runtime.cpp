@@ -84,9 +84,11 @@ std::shared_ptr<Runtime> Runtime::ofOwned(bool followsDesktop) {
   return runtime;
 }
 
-Runtime::Runtime(Origin origin, bool followsDesktop) : application_(qApp), origin_(origin) {
+Runtime::Runtime(Origin origin, bool followsDesktop)
+    : application_(qApp),
+      origin_(origin),
+      hostHasPalette_(QCoreApplication::testAttribute(Qt::AA_SetPalette)) {
   auto& shared = appkit::Application::sharedApplication();
-  hostHasPalette_ = QCoreApplication::testAttribute(Qt::AA_SetPalette);
   hostPalette_ = QApplication::palette();
   // The palette tells what the desktop prefers only until we set colours of our own.
   ownAppearance_ = appearanceOf(hostPalette_);

@@ -61,7 +61,7 @@ private:
   // The platform's font, before the desktop's preferences are applied.
   QFont ownFont_;
   QPalette hostPalette_;
-  bool hostHasPalette_ = false;
+  bool hostHasPalette_;
   QPalette ownPalette_;
   bool isSettingColors_ = false;
   // Every window reports the same change; the timer handles it once.

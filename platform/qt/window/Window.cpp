@@ -12,8 +12,8 @@ namespace qt {
 
 // The widget belongs to the window, until the host's window around it is destroyed.
 struct Window::Content {
-  Content(Window& window, WindowOptions options)
-      : widget(std::make_unique<WindowWidget>(window, std::move(options)).release()) {}
+  Content(Window& window, const WindowOptions& options)
+      : widget(std::make_unique<WindowWidget>(window, options).release()) {}
   ~Content() { delete widget; }
   Content(const Content&) = delete;
   Content& operator=(const Content&) = delete;
@@ -23,8 +23,7 @@ struct Window::Content {
   QPointer<WindowWidget> widget;
 };
 
-Window::Window(WindowOptions options)
-    : content_(std::make_unique<Content>(*this, std::move(options))) {}
+Window::Window(const WindowOptions& options) : content_(std::make_unique<Content>(*this, options)) {}
 
 Window::~Window() = default;
 

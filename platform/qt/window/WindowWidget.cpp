@@ -49,7 +49,7 @@ const viewkit::PresentationNode* tooltipAt(const viewkit::PresentationNode& node
 
 }  // namespace
 
-WindowWidget::WindowWidget(Window& window, WindowOptions options)
+WindowWidget::WindowWidget(Window& window, const WindowOptions& options)
     : window_(window),
       preferredSize_(QSizeF(options.size.width, options.size.height).toSize()),
       scrolling_(*this, {.control = [this] { return scrolledRoot(); },

@@ -26,7 +26,7 @@ namespace qt {
 // The widget of a window: it owns the view host and its mirror, and passes input to the host.
 class WindowWidget : public QWidget, public AccessibleRoot {
 public:
-  WindowWidget(Window& window, WindowOptions options);
+  WindowWidget(Window& window, const WindowOptions& options);
   ~WindowWidget() override;
 
   bool isOpen() const { return host_ != nullptr; }

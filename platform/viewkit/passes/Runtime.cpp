@@ -3,11 +3,12 @@
 
 #include "foundation/MainQueue.hpp"
 #include "foundation/ScopedFlag.hpp"
+#include "input/PointerRegion.hpp"
 #include "passes/Editing.hpp"
-#include "tree/PointerRegion.hpp"
 #include "tree/RootNode.hpp"
 #include "viewkit/Animation.hpp"
 
+#include <algorithm>
 #include <utility>
 
 namespace viewkit {
@@ -269,11 +270,8 @@ bool ViewHost::Runtime::handleKey(const appkit::Event& press, NodeId focused) {
   update();
   if (closed_) return false;
   const Node* const focus = present_.shownNode(focused);
-  for (const auto& handle : keyHandlersFor(focus, keyHandlers_)) {
-    if (handle(press)) return true;
-    if (closed_) return true;
-  }
-  return false;
+  return std::ranges::any_of(keyHandlersFor(focus, keyHandlers_),
+                             [&](const auto& handle) { return handle(press) || closed_; });
 }
 
 void ViewHost::Runtime::endEditing() {

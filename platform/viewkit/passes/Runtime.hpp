@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "input/KeyHandler.hpp"
 #include "passes/Animation.hpp"
 #include "passes/Handlers.hpp"
 #include "passes/Input.hpp"
@@ -8,7 +9,6 @@
 #include "passes/Present.hpp"
 #include "passes/Rebuild.hpp"
 #include "passes/Scroll.hpp"
-#include "tree/KeyHandler.hpp"
 #include "tree/NodeServices.hpp"
 #include "viewkit/ViewHost.hpp"
 
@@ -27,7 +27,7 @@ class ViewHost::Runtime final : public NodeServices,
                                 public std::enable_shared_from_this<ViewHost::Runtime> {
 public:
   Runtime(Environment environment, const PlatformMetrics& metrics);
-  ~Runtime();
+  ~Runtime() override;
 
   void open(const View& root);
   // Everything disappears. A handler that is running goes on.

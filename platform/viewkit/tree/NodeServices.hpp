@@ -80,7 +80,7 @@ public:
 
 protected:
   explicit NodeServices(const PlatformMetrics& metrics) : metrics(metrics) {}
-  ~NodeServices() = default;
+  virtual ~NodeServices() = default;
 };
 
 }  // namespace viewkit

@@ -45,7 +45,7 @@ struct WindowOptions {
 //     window.show();
 class Window : public appkit::Window {
 public:
-  explicit Window(WindowOptions options);
+  explicit Window(const WindowOptions& options);
   // The views disappear. `onClose` is not called.
   ~Window() override;
 
