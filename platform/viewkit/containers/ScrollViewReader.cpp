@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "input/ScrollTarget.hpp"
 #include "tree/Node.hpp"
 #include "tree/NodeServices.hpp"
-#include "tree/ScrollTarget.hpp"
 #include "viewkit/ScrollView.hpp"
 
 #include <functional>

@@ -2,7 +2,7 @@
 #include "controls/MenuNode.hpp"
 
 #include "controls/ControlNode.hpp"
-#include "tree/menuItems.hpp"
+#include "input/menuItems.hpp"
 
 #include <memory>
 #include <utility>

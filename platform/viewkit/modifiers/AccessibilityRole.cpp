@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "input/PointerRegion.hpp"
 #include "tree/ModifierNode.hpp"
-#include "tree/PointerRegion.hpp"
 #include "tree/Speech.hpp"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "viewkit/ContextMenu.hpp"
 
+#include "input/PointerRegion.hpp"
+#include "input/menuItems.hpp"
 #include "tree/ModifierNode.hpp"
-#include "tree/PointerRegion.hpp"
-#include "tree/menuItems.hpp"
 
 #include <memory>
 #include <utility>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "viewkit/KeyPress.hpp"
 
-#include "tree/KeyHandler.hpp"
+#include "input/KeyHandler.hpp"
 #include "tree/ModifierNode.hpp"
 #include "tree/NodeServices.hpp"
 

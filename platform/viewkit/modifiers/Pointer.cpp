@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "input/PointerRegion.hpp"
 #include "tree/ModifierNode.hpp"
 #include "tree/NodeServices.hpp"
-#include "tree/PointerRegion.hpp"
 
 #include <functional>
 #include <memory>

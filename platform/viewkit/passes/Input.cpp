@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "passes/Input.hpp"
 
+#include "input/PointerRegion.hpp"
 #include "tree/Node.hpp"
-#include "tree/PointerRegion.hpp"
 
 #include <algorithm>
 #include <utility>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "passes/Scroll.hpp"
 
+#include "input/ScrollTarget.hpp"
 #include "tree/ScrollRegion.hpp"
-#include "tree/ScrollTarget.hpp"
 
 #include <utility>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tree/PointerRegion.hpp"
+#include "input/PointerRegion.hpp"
 
 #include "tree/Node.hpp"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tree/menuItems.hpp"
+#include "input/menuItems.hpp"
 
 #include <utility>
 

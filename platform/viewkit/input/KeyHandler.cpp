@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tree/KeyHandler.hpp"
+#include "input/KeyHandler.hpp"
 
 #include "tree/Node.hpp"
 
