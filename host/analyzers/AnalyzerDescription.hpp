@@ -39,6 +39,9 @@ enum class Preferences {
 // links the tables of analyzers, and no views.
 enum class ExtraContent { none, keyLogField };
 
+// The key that a keyLogField stores its file under.
+inline constexpr const char* kKeyLogKey = "com_velloquin_qev_tls_key_log";
+
 // One analyzer of the host, an entry of a table.
 struct AnalyzerDescription {
   // Its part of every key: "dns" of "com_velloquin_qev_dns_protocols".

@@ -3,7 +3,6 @@
 
 #include "QEVCommonTools/ManagedSetting.hpp"
 #include "QEVCommonTools/SettingRow.hpp"
-#include "catalogue/HostSettings.hpp"
 #include "foundation/Bundle.hpp"
 #include "viewkit/Controls.hpp"
 #include "viewkit/Stacks.hpp"
@@ -16,8 +15,8 @@ using namespace viewkit;
 View TLSKeyLogField::body() const {
   const auto& host = foundation::Bundle::mainBundle();
   const std::string label = host.localizedString("Log of session keys");
-  const View field = TextField(
-      {.placeholder = host.localizedString("From SSLKEYLOGFILE")}, file.binding());
+  const View field =
+      TextField({.placeholder = host.localizedString("From SSLKEYLOGFILE")}, file.binding());
   const bool isManaged = file.isLocked();
   const View row =
       HStack({.spacing = 12}, {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "catalogue/HostSettings.hpp"
+#include "analyzers/AnalyzerDescription.hpp"
 #include "viewkit/StoredPreference.hpp"
 #include "viewkit/View.hpp"
 

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "catalogue/HostSettings.hpp"
 
-#include "ProxyService.hpp"
 #include "QEVCoreComponents/QEVCaptureViewModel.hpp"
 #include "QEVSettings/SettingsCatalogue.hpp"
 #include "analyzers/AnalyzerDescription.hpp"
 #include "foundation/Diagnostics.hpp"
+#include "services/ProxyService.hpp"
 #include "sparkle/SPUUpdater.hpp"
-#include "window/Updates.hpp"
 
 #include <utility>
 

@@ -7,7 +7,10 @@
 
 namespace zorvantine {
 
-inline constexpr const char* kKeyLogKey = "com_velloquin_qev_tls_key_log";
+// The keys of the address of the update feed, and of the public key that verifies packages
+// (Ed25519, in base64). The host has no default for either; a packager stores them.
+inline constexpr const char* kUpdateFeedKey = "com_velloquin_zorvantine_updateFeed";
+inline constexpr const char* kUpdatePublicKey = "com_velloquin_zorvantine_updatePublicKey";
 
 // The settings that the host itself stores: capture, proxy, updates and the log of TLS keys.
 std::vector<QEVSettings::PreferenceDescriptor> hostSettings();

@@ -25,26 +25,11 @@ enum class Appearance { light, dark };
 enum class OutputFormat { text, json };
 enum class HelpFormat { text, manual, bash, zsh, fish };
 
-// The streams and the store that a command works with.
+// The streams that a command works with. Its store is that of ProgramPreferences.
 struct Console {
   std::istream& in;
   std::ostream& out;
   bool outIsTerminal = false;
-
-  // The process's store. It is open when a command runs whose entry says that it is used.
-  static foundation::UserDefaults& store();
-
-  // The values in force: what administrators and the command line set, above and below the store.
-  static QEVSettings::LayeredPreferences& preferences();
-
-  // Which files of administrators are not used, and why; nothing before the preferences are used.
-  static std::vector<std::string> layerProblems();
-
-  // How a store is put between these layers.
-  static QEVSettings::LayeredPreferences::Options layers();
-
-  // What --set gives for this run. Before the first use of the preferences.
-  static void setForThisRun(QEVSettings::PreferenceDictionary values);
 };
 
 struct SettingsCommand {

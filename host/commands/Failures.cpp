@@ -2,6 +2,7 @@
 #include "catalogue/SettingValues.hpp"
 #include "commands/Commands.hpp"
 #include "foundation/Translation.hpp"
+#include "preferences/ProgramPreferences.hpp"
 
 namespace zorvantine {
 
@@ -17,7 +18,7 @@ Failed storeFailure(const foundation::UserDefaults& store) {
 }
 
 Failed lockedFailure(std::string_view key) {
-  if (!Console::preferences().isLocked(key)) return std::nullopt;
+  if (!ProgramPreferences::inForce().isLocked(key)) return std::nullopt;
   return Failure{.message = QEVSettings::lockedMessage(key)};
 }
 

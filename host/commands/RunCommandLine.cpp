@@ -6,12 +6,14 @@
 #include "catalogue/SettingValues.hpp"
 #include "commandline/ExitCode.hpp"
 #include "commandline/Messages.hpp"
+#include "commandline/version.hpp"
 #include "commands/Commands.hpp"
 #include "commands/Options.hpp"
 #include "commands/help/Help.hpp"
 #include "foundation/Bundle.hpp"
 #include "foundation/Translation.hpp"
 #include "foundation/UserDefaults.hpp"
+#include "preferences/ProgramPreferences.hpp"
 #include "profiles/Profiles.hpp"
 
 #include <unistd.h>
@@ -78,7 +80,7 @@ Failed takeValuesForThisRun(const Options& options) {
       return Failure{.code = ExitCode::usage, .message = "--set: " + value.error().message};
     values.insert_or_assign(key, *std::move(value));
   }
-  if (!values.empty()) Console::setForThisRun(std::move(values));
+  if (!values.empty()) ProgramPreferences::setForThisRun(std::move(values));
   return std::nullopt;
 }
 
@@ -96,8 +98,8 @@ Failed openStore(const Options& options, Messages& messages) {
     if (auto failure = missingStore(options)) return failure;
   }
   if (!opensStore(options.storeUse)) return std::nullopt;
-  messages.say(Console::store().opening().message);
-  auto failure = storeFailure(Console::store());
+  messages.say(ProgramPreferences::store().opening().message);
+  auto failure = storeFailure(ProgramPreferences::store());
   if (!failure || options.storeUse != StoreUse::shows) return failure;
   messages.say(failure->message);
   return std::nullopt;
@@ -105,7 +107,7 @@ Failed openStore(const Options& options, Messages& messages) {
 
 // Waits until what the command stored is on the disk.
 Failed waitForDisk() {
-  const auto outcome = Console::store().synchronize();
+  const auto outcome = ProgramPreferences::store().synchronize();
   if (outcome) return std::nullopt;
   return Failure{.code = ExitCode::unavailable, .message = outcome.error().message};
 }
@@ -127,9 +129,9 @@ Failed carryOut(const Options& options, Messages& messages, Program program) {
   Console console{.in = std::cin, .out = std::cout, .outIsTerminal = ::isatty(STDOUT_FILENO) == 1};
   failed = options.invocation.run(console);
   if (!failed && !isHandedOver && options.storeUse == StoreUse::writes) failed = waitForDisk();
-  for (const std::string& problem : Console::layerProblems()) messages.say(problem);
+  for (const std::string& problem : ProgramPreferences::layerProblems()) messages.say(problem);
   // The store may have been recovered, and so opened again, while the command ran.
-  if (opensStore(options.storeUse)) messages.say(Console::store().opening().message);
+  if (opensStore(options.storeUse)) messages.say(ProgramPreferences::store().opening().message);
   // The message of a failed command replaces the diagnostics.
   if (!failed) messages.logDiagnostics();
   return failed;

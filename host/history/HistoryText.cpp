@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "history/HistoryText.hpp"
 
+#include "commandline/PreferenceLine.hpp"
 #include "commandline/TextForm.hpp"
-#include "commands/preferences/PreferenceLine.hpp"
 #include "foundation/Translation.hpp"
 
 namespace zorvantine {

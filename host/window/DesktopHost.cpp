@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "window/DesktopHost.hpp"
 
-#include "Language.hpp"
 #include "commandline/TextForm.hpp"
-#include "commands/Commands.hpp"
-#include "commands/ReplaceProcess.hpp"
 #include "foundation/Bundle.hpp"
 #include "history/RecentChangesView.hpp"
 #include "history/historyRules.hpp"
+#include "pages/Language.hpp"
+#include "preferences/ProgramPreferences.hpp"
+#include "process/ReplaceProcess.hpp"
 #include "profiles/Profiles.hpp"
 #include "viewkit/ViewHost.hpp"
 #include "window/DescriptorWatch.hpp"
@@ -113,7 +113,7 @@ std::unique_ptr<qt::Window> DesktopHost::makeWindow(Tab tab) const {
 }
 
 foundation::UserDefaults& DesktopHost::person() const {
-  return profile_.store ? *profile_.store : Console::store();
+  return profile_.store ? *profile_.store : ProgramPreferences::store();
 }
 
 std::unique_ptr<qt::Window> DesktopHost::makeRecentChangesWindow() const {
@@ -181,8 +181,8 @@ void DesktopHost::switchTo(const std::string& profile, MainWindow& main) {
   OpenProfile opened;
   if (const auto file = profileFile(profile); file != foundation::UserDefaults::standardFile()) {
     opened.store = foundation::UserDefaults::open(file);
-    opened.preferences =
-        std::make_unique<QEVSettings::LayeredPreferences>(*opened.store, Console::layers());
+    opened.preferences = std::make_unique<QEVSettings::LayeredPreferences>(
+        *opened.store, ProgramPreferences::layers());
     opened.store->setHistoryRules(
         historyRules([preferences = opened.preferences.get()]() -> QEVSettings::PreferencesStore& {
           return *preferences;

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "QEVSettings/LayeredPreferences.hpp"
-#include "SettingsHost.hpp"
 #include "commandline/WindowOptions.hpp"
-#include "commands/Interruption.hpp"
 #include "foundation/UserDefaults.hpp"
+#include "pages/SettingsHost.hpp"
+#include "process/Interruption.hpp"
 #include "qt/Application.hpp"
 #include "qt/Window.hpp"
 #include "window/QtMessages.hpp"

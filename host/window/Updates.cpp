@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "window/Updates.hpp"
 
-#include "commands/help/Help.hpp"
+#include "catalogue/HostSettings.hpp"
+#include "commandline/version.hpp"
 #include "foundation/Bundle.hpp"
 #include "qt/EventLoopTimer.hpp"
 #include "qt/HttpTransport.hpp"

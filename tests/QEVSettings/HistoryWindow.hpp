@@ -2,11 +2,11 @@
 #pragma once
 
 #include "HostParts.hpp"
-#include "ProxyService.hpp"
 #include "QEVSettings/ActionHistory.hpp"
 #include "QEVSettings/SettingsReset.hpp"
 #include "TestAnalyzers.hpp"
 #include "headless/Window.hpp"
+#include "services/ProxyService.hpp"
 
 #include <memory>
 #include <optional>

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "HostParts.hpp"
-#include "ProxyService.hpp"
 #include "QEVCommonTools/ColorRawValue.hpp"
 #include "QEVModels/QEVPlugInsController.hpp"
 #include "QEVSettings/LayeredPreferences.hpp"
@@ -14,6 +13,7 @@
 #include "catalogue/HostSettings.hpp"
 #include "foundation/Bundle.hpp"
 #include "headless/Window.hpp"
+#include "services/ProxyService.hpp"
 #include "sparkle/SPUUpdater.hpp"
 #include "support/TemporaryFolder.hpp"
 #include "viewkit/EnvironmentObjects.hpp"

@@ -2,7 +2,6 @@
 #include "QEVSettings/SettingsCatalogue.hpp"
 
 #include "HostParts.hpp"
-#include "ProxyService.hpp"
 #include "QEVModels/QEVPlugInsController.hpp"
 #include "QEVSettings/ProxySettingsView.hpp"
 #include "QEVSettings/preferences/PreferenceKeys.hpp"
@@ -11,6 +10,7 @@
 #include "catalogue/HostSettings.hpp"
 #include "foundation/Bundle.hpp"
 #include "headless/Window.hpp"
+#include "services/ProxyService.hpp"
 
 #include <gmock/gmock.h>
 

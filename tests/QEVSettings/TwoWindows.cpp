@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "TwoWindows.hpp"
 
-#include "ProxyService.hpp"
 #include "QEVCommonTools/ColorRawValue.hpp"
 #include "QEVCommonTools/FontPreferences.hpp"
 #include "QEVModels/AnalyzerPortsStore.hpp"
 #include "QEVModels/PortsValidator.hpp"
 #include "QEVSettings/ProxySettingsView.hpp"
 #include "foundation/Bundle.hpp"
+#include "services/ProxyService.hpp"
 #include "viewkit/Controls.hpp"
 #include "viewkit/StoredPreference.hpp"
 

@@ -36,18 +36,21 @@ ROOMS = {
     "fuzz": ("fuzz", {"QEVSettings", "headless"}),
 }
 
+AT_TOP = None  # The files of a room that stand in none of its folders.
+
 # room: {a folder inside of it: the other folders inside of it that it may use}. Every folder may use itself and the
 # public headers, which may use only one another. A room that is not named here has no inner arrows.
 INNER = {
     "viewkit": {
         "support": set(),
         "tree": {"support"},
+        "input": {"tree"},
         "layout": {"tree"},
         "leaves": {"tree"},
-        "controls": {"tree"},
-        "modifiers": {"tree"},
-        "containers": {"tree", "layout", "controls"},
-        "passes": {"tree", "support"},
+        "controls": {"tree", "input"},
+        "modifiers": {"tree", "input"},
+        "containers": {"tree", "input", "layout", "controls"},
+        "passes": {"tree", "input", "support"},
     },
     "qt": {
         "bridge": set(),
@@ -58,6 +61,30 @@ INNER = {
         "mirror": {"bridge", "paint", "controls"},
         "updates": {"paint"},
         "window": {"bridge", "desktop", "paint", "controls", "accessibility", "mirror"},
+    },
+    "host": {
+        AT_TOP: {"commands"},
+        "commandline": set(),
+        "services": set(),
+        "analyzers": set(),
+        "profiles": set(),
+        "process": {"commandline"},
+        "catalogue": {"commandline", "services", "analyzers"},
+        "history": {"commandline", "catalogue"},
+        "preferences": {"catalogue", "history"},
+        "pages": {"commandline", "services", "analyzers", "catalogue"},
+        "window": {"commandline", "process", "profiles", "catalogue", "history", "preferences", "pages"},
+        "commands": {
+            "commandline",
+            "analyzers",
+            "profiles",
+            "process",
+            "catalogue",
+            "history",
+            "preferences",
+            "pages",
+            "window",
+        },
     },
 }
 PUBLIC = "include"
@@ -139,7 +166,8 @@ def check_inner_include(source, room, target, file):
     here, there = inner_folder(room, source), inner_folder(room, file)
     if there in (here, PUBLIC) or there in arrows.get(here, set()):
         return None
-    return f"includes {target}, but {room}/{here} may not use {room}/{there}"
+    user = f"{room}/{here}" if here else room
+    return f"includes {target}, but {user} may not use {room}/{there}"
 
 
 def check_inner_folder(source, room):

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "MachineInterfaces.hpp"
+#include "services/MachineInterfaces.hpp"
 
 #include <gmock/gmock.h>
 #include <net/if.h>

@@ -4,7 +4,8 @@
 #include "QEVSettings/preferences/HostIdentity.hpp"
 #include "appkit/Application.hpp"
 #include "commands/Commands.hpp"
-#include "commands/Interruption.hpp"
+#include "preferences/ProgramPreferences.hpp"
+#include "process/Interruption.hpp"
 #include "profiles/Profiles.hpp"
 #include "support/TemporaryFolder.hpp"
 #include "window/DesktopHost.hpp"
@@ -70,7 +71,8 @@ void note() {
   {
     zorvantine::WindowOptions options;
     options.language = "en";
-    DesktopHost host(options, zorvantine::Console::preferences(), qt::Application::Display::screen);
+    DesktopHost host(options, zorvantine::ProgramPreferences::inForce(),
+                     qt::Application::Display::screen);
     // Each choice takes effect in a later turn of the event loop.
     QTimer::singleShot(0, qApp, [] {
       note();

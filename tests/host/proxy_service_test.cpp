@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ProxyService.hpp"
+#include "services/ProxyService.hpp"
 
 #include "foundation/UserDefaults.hpp"
 

@@ -3,7 +3,8 @@
 
 #include "QEVSettings/preferences/HostIdentity.hpp"
 #include "commands/Commands.hpp"
-#include "commands/Interruption.hpp"
+#include "preferences/ProgramPreferences.hpp"
+#include "process/Interruption.hpp"
 #include "support/TemporaryFolder.hpp"
 #include "window/DesktopHost.hpp"
 
@@ -51,7 +52,8 @@ int openWindows(const QString& title) {
   {
     zorvantine::WindowOptions options;
     options.language = "en";
-    DesktopHost host(options, zorvantine::Console::preferences(), qt::Application::Display::screen);
+    DesktopHost host(options, zorvantine::ProgramPreferences::inForce(),
+                     qt::Application::Display::screen);
     QTimer::singleShot(0, qApp, [] {
       choose("Recent Changes…");
       choose("Recent Changes…");

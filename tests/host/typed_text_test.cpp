@@ -2,8 +2,8 @@
 // A text that is being typed when the program ends: the host's own window, in a forked process.
 // This process has no Qt application, and no thread while it forks.
 
-#include "commands/Interruption.hpp"
 #include "foundation/UserDefaults.hpp"
+#include "process/Interruption.hpp"
 #include "support/TemporaryFolder.hpp"
 #include "window/DesktopHost.hpp"
 

@@ -7,6 +7,7 @@
 #include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
 #include "foundation/JSONWriter.hpp"
+#include "preferences/ProgramPreferences.hpp"
 
 #include <algorithm>
 #include <ostream>
@@ -40,12 +41,12 @@ std::string_view transportOf(const QEVNetworkProtocol& protocol) {
 
 // The list in the store, which the analyzer uses.
 QEVNetworkProtocolList currentList(const QEVDependencies::AnalyzerPortsSpec& ports) {
-  return QEVModels::AnalyzerPortsStore(ports.networkProtocolKey, Console::preferences())
+  return QEVModels::AnalyzerPortsStore(ports.networkProtocolKey, ProgramPreferences::inForce())
       .decode(ports.defaultPorts);
 }
 
 bool isOn(const std::string& key, bool whenAbsent) {
-  const auto& preferences = Console::preferences();
+  const auto& preferences = ProgramPreferences::inForce();
   return preferences.objectForKey(key) ? preferences.boolForKey(key) : whenAbsent;
 }
 
@@ -127,7 +128,7 @@ void writeAnalyzer(JSONWriter& writer, const QEVPlugInStructure& plugIn) {
 }  // namespace
 
 Failed run(const ListAnalyzersCommand& command, Console& console) {
-  loadAnalyzers(std::nullopt, Console::preferences());
+  loadAnalyzers(std::nullopt, ProgramPreferences::inForce());
   const auto& plugIns = QEVModels::QEVPlugInsController::sharedManager().plugInStructs();
   if (command.format == OutputFormat::text) {
     for (const QEVPlugInStructure& plugIn : plugIns) printText(plugIn, console.out);

@@ -5,6 +5,7 @@
 #include "commands/Commands.hpp"
 #include "foundation/JSONWriter.hpp"
 #include "foundation/Translation.hpp"
+#include "preferences/ProgramPreferences.hpp"
 
 #include <limits>
 #include <ostream>
@@ -53,7 +54,8 @@ Failed run(const FindCommand& command, Console& console) {
   index.complete();
   const std::string query = joined(command.words);
   const auto found =
-      index.find(query, Console::preferences(), std::numeric_limits<std::size_t>::max()).best;
+      index.find(query, ProgramPreferences::inForce(), std::numeric_limits<std::size_t>::max())
+          .best;
   if (command.format == OutputFormat::json) {
     JSONWriter writer;
     writer.beginArray();

@@ -93,6 +93,4 @@ std::string helpText(const CommandEntry& entry) {
   return text;
 }
 
-std::string_view versionText() { return ZORVANTINE_VERSION; }
-
 }  // namespace zorvantine

@@ -22,7 +22,4 @@ std::string manualText();
 // The form of a command, as in "prefs export FILE [--format xml|binary]".
 std::string synopsis(const CommandEntry& entry);
 
-// As in "0.1.0".
-std::string_view versionText();
-
 }  // namespace zorvantine

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "commandline/version.hpp"
 #include "commands/help/Help.hpp"
 
 #include "commands/Commands.hpp"

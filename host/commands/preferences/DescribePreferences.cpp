@@ -3,10 +3,11 @@
 #include "catalogue/HostSettings.hpp"
 #include "catalogue/SettingValues.hpp"
 #include "commandline/PreferenceJSON.hpp"
+#include "commandline/PreferenceLine.hpp"
 #include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
-#include "commands/preferences/PreferenceLine.hpp"
 #include "foundation/JSONWriter.hpp"
+#include "preferences/ProgramPreferences.hpp"
 
 #include <ostream>
 
@@ -26,7 +27,7 @@ PreferenceDescriptor undescribed(const std::string& key, const PreferenceValue& 
 }
 
 std::optional<PreferenceValue> inForce(const PreferenceDescriptor& descriptor) {
-  auto value = Console::preferences().objectForKey(descriptor.key);
+  auto value = ProgramPreferences::inForce().objectForKey(descriptor.key);
   return value ? value : defaultOf(descriptor);
 }
 
@@ -53,7 +54,7 @@ void writeRange(JSONWriter& writer, const PreferenceDescriptor& descriptor) {
 }
 
 void writeSetting(JSONWriter& writer, const PreferenceDescriptor& descriptor) {
-  const auto& preferences = Console::preferences();
+  const auto& preferences = ProgramPreferences::inForce();
   writer.name(descriptor.key).beginObject().name("type").string(nameOf(descriptor.type));
   writeValue(writer.name("default"), defaultOf(descriptor));
   writeRange(writer.name("range"), descriptor);
@@ -68,7 +69,7 @@ std::string shown(const std::optional<PreferenceValue>& value) {
 }
 
 void printSetting(std::ostream& out, const PreferenceDescriptor& descriptor) {
-  const auto& preferences = Console::preferences();
+  const auto& preferences = ProgramPreferences::inForce();
   const std::string limits = limitsOf(descriptor);
   out << onOneLine(descriptor.key) << '\n';
   if (!descriptor.title.empty()) {
@@ -89,14 +90,14 @@ Failed run(const DescribePreferencesCommand& command, Console& console) {
   std::vector<PreferenceDescriptor> settings;
   for (const std::string& key : command.keys) {
     const auto* known = hostCatalogue().find(key);
-    const auto stored = Console::preferences().objectForKey(key);
+    const auto stored = ProgramPreferences::inForce().objectForKey(key);
     if (known == nullptr && !stored) return noSuchKey(key);
     settings.push_back(known != nullptr ? *known : undescribed(key, *stored));
   }
   if (command.keys.empty()) {
     for (const PreferenceDescriptor* each : hostCatalogue().all()) settings.push_back(*each);
   }
-  if (auto failure = storeFailure(Console::store())) return failure;
+  if (auto failure = storeFailure(ProgramPreferences::store())) return failure;
   if (command.format == OutputFormat::text) {
     for (const PreferenceDescriptor& each : settings) printSetting(console.out, each);
     return std::nullopt;

@@ -5,10 +5,11 @@
 #include "QEVSettings/preferences/PreferenceKeys.hpp"
 #include "catalogue/HostSettings.hpp"
 #include "catalogue/SettingValues.hpp"
+#include "commandline/PreferenceLine.hpp"
 #include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
-#include "commands/preferences/PreferenceLine.hpp"
 #include "foundation/Files.hpp"
+#include "preferences/ProgramPreferences.hpp"
 #include "profiles/Profiles.hpp"
 
 #include <map>
@@ -76,11 +77,11 @@ void print(std::ostream& out, const std::string& key, const PreferenceValue* min
 
 // What is in force and differs from the default. A key without a default differs when it is set.
 void printAgainstDefaults(std::ostream& out) {
-  for (const std::string& key : Console::preferences().keys()) {
+  for (const std::string& key : ProgramPreferences::inForce().keys()) {
     if (key == QEVSettings::kPrefsSchemaVersion.name) continue;
     const auto* known = hostCatalogue().find(key);
     const auto standard = known != nullptr ? defaultOf(*known) : std::nullopt;
-    const auto value = Console::preferences().objectForKey(key);
+    const auto value = ProgramPreferences::inForce().objectForKey(key);
     const PreferenceValue* const mine = value ? &*value : nullptr;
     const PreferenceValue* const other = standard ? &*standard : nullptr;
     if (!areSame(key, mine, other)) print(out, key, mine, other, "default");
@@ -92,12 +93,12 @@ void printAgainstDefaults(std::ostream& out) {
 Failed run(const DiffPreferencesCommand& command, Console& console) {
   if (command.other.empty()) {
     printAgainstDefaults(console.out);
-    return storeFailure(Console::store());
+    return storeFailure(ProgramPreferences::store());
   }
   const auto others = valuesOf(command.other);
   if (!others) return Failure{.message = others.error().message};
-  const PreferenceDictionary values = Console::store().dictionaryRepresentation();
-  if (auto failure = storeFailure(Console::store())) return failure;
+  const PreferenceDictionary values = ProgramPreferences::store().dictionaryRepresentation();
+  if (auto failure = storeFailure(ProgramPreferences::store())) return failure;
   std::set<std::string> keys;
   for (const auto& [key, value] : values) keys.insert(key);
   for (const auto& [key, value] : *others) keys.insert(key);

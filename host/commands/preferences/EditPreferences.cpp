@@ -6,6 +6,7 @@
 #include "commands/Commands.hpp"
 #include "foundation/Files.hpp"
 #include "foundation/JSONWriter.hpp"
+#include "preferences/ProgramPreferences.hpp"
 
 #include <unistd.h>
 
@@ -103,7 +104,7 @@ Result<Change> readChange(const PreferenceDictionary& before, const std::filesys
 }  // namespace
 
 Failed run(const EditPreferencesCommand&, Console& console) {
-  auto& store = Console::store();
+  auto& store = ProgramPreferences::store();
   const PreferenceDictionary before = store.dictionaryRepresentation();
   if (auto failure = storeFailure(store)) return failure;
   const auto file = writeTemporary(editableText(before));

@@ -2,14 +2,15 @@
 #include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
 #include "foundation/PropertyList.hpp"
+#include "preferences/ProgramPreferences.hpp"
 
 #include <ostream>
 
 namespace zorvantine {
 
 Failed run(const ExportPreferencesCommand& command, Console& console) {
-  const auto preferences = Console::store().dictionaryRepresentation();
-  if (auto failure = storeFailure(Console::store())) return failure;
+  const auto preferences = ProgramPreferences::store().dictionaryRepresentation();
+  if (auto failure = storeFailure(ProgramPreferences::store())) return failure;
   if (command.file != "-") {
     const auto outcome = foundation::writePropertyList(preferences, command.file, command.format);
     if (!outcome) return Failure{.message = outcome.error().message};

@@ -4,6 +4,7 @@
 #include "catalogue/SettingValues.hpp"
 #include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
+#include "preferences/ProgramPreferences.hpp"
 
 #include <ostream>
 
@@ -21,10 +22,10 @@ void print(const std::string& text, Console& console) {
 }  // namespace
 
 Failed run(const GetPreferenceCommand& command, Console& console) {
-  auto value = Console::preferences().objectForKey(command.key);
-  if (auto failure = storeFailure(Console::store())) return failure;
+  auto value = ProgramPreferences::inForce().objectForKey(command.key);
+  if (auto failure = storeFailure(ProgramPreferences::store())) return failure;
   if (command.part == Part::origin && value) {
-    print(std::string(nameOf(Console::preferences().origin(command.key))), console);
+    print(std::string(nameOf(ProgramPreferences::inForce().origin(command.key))), console);
     return std::nullopt;
   }
   if (!value || command.part != Part::value) {

@@ -7,6 +7,7 @@
 #include "foundation/Files.hpp"
 #include "foundation/PropertyList.hpp"
 #include "foundation/Translation.hpp"
+#include "preferences/ProgramPreferences.hpp"
 
 #include <array>
 #include <istream>
@@ -70,7 +71,7 @@ Result<PreferenceDictionary> readList(const std::filesystem::path& file, std::is
 std::vector<std::string> takeLocked(PreferenceDictionary& values) {
   std::vector<std::string> locked;
   std::erase_if(values, [&](const auto& entry) {
-    if (!Console::preferences().isLocked(entry.first)) return false;
+    if (!ProgramPreferences::inForce().isLocked(entry.first)) return false;
     locked.push_back(entry.first);
     return true;
   });
@@ -84,10 +85,10 @@ Failed run(const ImportPreferencesCommand& command, Console& console) {
   if (!list) return Failure{.message = list.error().message};
   auto current = QEVSettings::inCurrentSchema(*std::move(list));
   if (!current) return Failure{.message = nameOf(command.file) + ": " + current.error().message};
-  if (auto failure = storeFailure(Console::store())) return failure;
-  if (auto failure = newerStore(Console::store())) return failure;
+  if (auto failure = storeFailure(ProgramPreferences::store())) return failure;
+  if (auto failure = newerStore(ProgramPreferences::store())) return failure;
   const auto skipped = takeLocked((*current).values);
-  if (const auto outcome = Console::store().applyAll(current->values); !outcome) {
+  if (const auto outcome = ProgramPreferences::store().applyAll(current->values); !outcome) {
     return Failure{.message = outcome.error().message};
   }
   console.out << "Imported " << current->values.size()

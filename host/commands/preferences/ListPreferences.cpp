@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "commandline/PreferenceJSON.hpp"
+#include "commandline/PreferenceLine.hpp"
 #include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
-#include "commands/preferences/PreferenceLine.hpp"
 #include "foundation/JSONWriter.hpp"
+#include "preferences/ProgramPreferences.hpp"
 
 #include <algorithm>
 #include <ostream>
@@ -36,8 +37,8 @@ void printJSON(const PreferenceDictionary& preferences, std::ostream& out) {
 }  // namespace
 
 Failed run(const ListPreferencesCommand& command, Console& console) {
-  const PreferenceDictionary preferences = Console::store().dictionaryRepresentation();
-  if (auto failure = storeFailure(Console::store())) return failure;
+  const PreferenceDictionary preferences = ProgramPreferences::store().dictionaryRepresentation();
+  if (auto failure = storeFailure(ProgramPreferences::store())) return failure;
   command.format == OutputFormat::json ? printJSON(preferences, console.out)
                                        : printText(preferences, console.out);
   return std::nullopt;

@@ -6,6 +6,7 @@
 #include "catalogue/HostSettings.hpp"
 #include "catalogue/SettingValues.hpp"
 #include "commands/Commands.hpp"
+#include "preferences/ProgramPreferences.hpp"
 
 #include <algorithm>
 #include <ostream>
@@ -41,7 +42,7 @@ Result<std::vector<std::string>> keysOf(const ResetPreferencesCommand& command) 
       keys.push_back(each.key);
   }
   if (command.resetsAll) {
-    for (const auto& [key, value] : Console::store().dictionaryRepresentation()) {
+    for (const auto& [key, value] : ProgramPreferences::store().dictionaryRepresentation()) {
       if (key != QEVSettings::kPrefsSchemaVersion.name) keys.push_back(key);
     }
   }
@@ -53,7 +54,7 @@ Result<std::vector<std::string>> keysOf(const ResetPreferencesCommand& command) 
 bool resetPorts(const std::string& key) {
   for (const AnalyzerDescription& each : sampleAnalyzers()) {
     if (each.protocols.empty() || each.key("protocols") != key) continue;
-    QEVModels::AnalyzerPortsStore(key, Console::preferences())
+    QEVModels::AnalyzerPortsStore(key, ProgramPreferences::inForce())
         .encode(settingsOf(each).ports->defaultPorts);
     return true;
   }
@@ -65,7 +66,7 @@ bool resetPorts(const std::string& key) {
 Failed run(const ResetPreferencesCommand& command, Console& console) {
   const auto keys = keysOf(command);
   if (!keys) return Failure{.code = ExitCode::noSuchKey, .message = keys.error().message};
-  auto& store = Console::store();
+  auto& store = ProgramPreferences::store();
   if (auto failure = storeFailure(store)) return failure;
   for (const std::string& key : command.keys) {
     if (auto failure = lockedFailure(key)) return failure;
@@ -75,7 +76,7 @@ Failed run(const ResetPreferencesCommand& command, Console& console) {
   std::size_t locked = 0;
   for (const std::string& key : *keys) {
     if (store.find(key) == nullptr) continue;
-    if (Console::preferences().isLocked(key)) {
+    if (ProgramPreferences::inForce().isLocked(key)) {
       ++locked;
       continue;
     }

@@ -3,6 +3,7 @@
 #include "catalogue/SettingValues.hpp"
 #include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
+#include "preferences/ProgramPreferences.hpp"
 
 #include <iostream>
 
@@ -51,8 +52,8 @@ Failed run(const SetPreferenceCommand& command, Console&) {
   auto value =
       known != nullptr ? valueOf(command, *known) : Result<PreferenceValue>(*command.value);
   if (!value) return Failure{.code = ExitCode::usage, .message = value.error().message};
-  Console::store().setObject(*std::move(value), command.key);
-  return storeFailure(Console::store());
+  ProgramPreferences::store().setObject(*std::move(value), command.key);
+  return storeFailure(ProgramPreferences::store());
 }
 
 }  // namespace zorvantine

@@ -5,6 +5,7 @@
 #include "commands/Commands.hpp"
 #include "foundation/JSONWriter.hpp"
 #include "history/HistoryText.hpp"
+#include "preferences/ProgramPreferences.hpp"
 
 #include <ostream>
 
@@ -55,7 +56,7 @@ void printJSON(const std::vector<RememberedChange>& history, std::ostream& out) 
 }  // namespace
 
 Failed run(const ShowHistoryCommand& command, Console& console) {
-  const auto& store = Console::store();
+  const auto& store = ProgramPreferences::store();
   const auto history = store.history(command.key);
   if (!history) return Failure{.message = history.error().message};
   const bool isUnknown = !command.key.empty() && history->empty() &&

@@ -2,6 +2,7 @@
 #include "commands/Commands.hpp"
 #include "foundation/Translation.hpp"
 #include "history/ChangeReversal.hpp"
+#include "preferences/ProgramPreferences.hpp"
 
 #include <ostream>
 
@@ -16,7 +17,7 @@ namespace {
 
 // The changes to take back, the newest first.
 Result<std::vector<RememberedChange>> changesOf(const UndoChangesCommand& command) {
-  auto history = Console::store().history();
+  auto history = ProgramPreferences::store().history();
   if (!history) return history.error();
   if (command.time) return changesSince(*history, *command.time);
   if (history->size() >= command.count) {
@@ -30,7 +31,7 @@ Result<std::vector<RememberedChange>> changesOf(const UndoChangesCommand& comman
 }  // namespace
 
 Failed run(const UndoChangesCommand& command, Console& console) {
-  auto& store = Console::store();
+  auto& store = ProgramPreferences::store();
   if (auto failure = storeFailure(store)) return failure;
   const auto changes = changesOf(command);
   if (!changes) return Failure{.message = changes.error().message};

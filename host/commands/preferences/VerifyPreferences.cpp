@@ -7,6 +7,7 @@
 #include "commands/Commands.hpp"
 #include "foundation/PreferencesVerification.hpp"
 #include "foundation/Translation.hpp"
+#include "preferences/ProgramPreferences.hpp"
 
 #include <filesystem>
 #include <ostream>
@@ -59,7 +60,7 @@ void reportMisfits(const foundation::UserDefaults& store, std::ostream& out) {
 Failed run(const VerifyPreferencesCommand&, Console& console) {
   const auto file = foundation::UserDefaults::standardFile();
   // Opening the store reports why no file can be used.
-  if (file.empty()) return storeFailure(Console::store());
+  if (file.empty()) return storeFailure(ProgramPreferences::store());
   const auto verification = foundation::verifyPreferences(file);
   for (const std::string& sentence : verification.sentences)
     console.out << onOneLine(sentence) << '\n';
@@ -70,8 +71,8 @@ Failed run(const VerifyPreferencesCommand&, Console& console) {
   }
   std::error_code error;
   if (std::filesystem::exists(file, error)) {
-    reportOlderForms(Console::store(), console.out);
-    reportMisfits(Console::store(), console.out);
+    reportOlderForms(ProgramPreferences::store(), console.out);
+    reportMisfits(ProgramPreferences::store(), console.out);
   }
   return std::nullopt;
 }

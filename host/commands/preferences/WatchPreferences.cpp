@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "commandline/PreferenceJSON.hpp"
+#include "commandline/PreferenceLine.hpp"
 #include "commands/Commands.hpp"
-#include "commands/Interruption.hpp"
-#include "commands/preferences/PreferenceLine.hpp"
 #include "foundation/JSONWriter.hpp"
 #include "foundation/MainQueue.hpp"
 #include "foundation/Translation.hpp"
+#include "preferences/ProgramPreferences.hpp"
+#include "process/Interruption.hpp"
 
 #include <poll.h>
 #include <sys/eventfd.h>
@@ -39,9 +40,9 @@ void printJSON(std::string_view key, const std::optional<QEVSettings::Preference
 
 Failed run(const WatchPreferencesCommand& command, Console& console) {
   const Interruption interruption;
-  const auto subscription = Console::preferences().observeAll([&](std::string_view key) {
+  const auto subscription = ProgramPreferences::inForce().observeAll([&](std::string_view key) {
     if (!command.keys.empty() && std::ranges::find(command.keys, key) == command.keys.end()) return;
-    const auto value = Console::preferences().objectForKey(key);
+    const auto value = ProgramPreferences::inForce().objectForKey(key);
     if (command.format == OutputFormat::json) {
       printJSON(key, value, console.out);
     } else {

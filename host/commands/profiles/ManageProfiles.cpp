@@ -2,6 +2,7 @@
 #include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
 #include "foundation/JSONWriter.hpp"
+#include "preferences/ProgramPreferences.hpp"
 #include "profiles/Profiles.hpp"
 
 #include <ostream>
@@ -18,7 +19,7 @@ Failed failureOf(const Outcome& outcome) {
 
 Failed open(const std::string& name) {
   useProfile(name);
-  return storeFailure(Console::store());
+  return storeFailure(ProgramPreferences::store());
 }
 
 }  // namespace

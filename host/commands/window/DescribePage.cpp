@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "SettingsHost.hpp"
 #include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
 #include "headless/Description.hpp"
 #include "headless/Window.hpp"
+#include "pages/SettingsHost.hpp"
+#include "preferences/ProgramPreferences.hpp"
 #include "sparkle/UpdaterConfiguration.hpp"
 
 #include <ostream>
@@ -13,8 +14,8 @@ namespace zorvantine {
 
 Failed run(const DescribeCommand& command, Console& console) {
   // Showing a page migrates the store and selects an analyzer, so it works on a copy.
-  const auto copy = Console::store().copyInMemory();
-  QEVSettings::LayeredPreferences store(*copy, Console::layers());
+  const auto copy = ProgramPreferences::store().copyInMemory();
+  QEVSettings::LayeredPreferences store(*copy, ProgramPreferences::layers());
   sparkle::UpdaterConfiguration updates;
   updates.store = &store;
   sparkle::UpdaterConfiguration::setStandard(std::move(updates));

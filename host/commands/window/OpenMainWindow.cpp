@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/Commands.hpp"
-#include "commands/Interruption.hpp"
 #include "foundation/Translation.hpp"
+#include "preferences/ProgramPreferences.hpp"
+#include "process/Interruption.hpp"
 #include "window/DesktopDisplay.hpp"
 #include "window/DesktopHost.hpp"
 
@@ -21,7 +22,7 @@ Failed run(const RunCommand& command, Console&) {
           .message = translated("a window on Wayland needs the package qt6-wayland; install it")};
   }
   const Interruption interruption;
-  DesktopHost(command.window, Console::preferences(), qt::Application::Display::screen)
+  DesktopHost(command.window, ProgramPreferences::inForce(), qt::Application::Display::screen)
       .runMainWindow(interruption);
   return std::nullopt;
 }

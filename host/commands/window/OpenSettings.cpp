@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "commandline/TextForm.hpp"
 #include "commands/Commands.hpp"
-#include "commands/Interruption.hpp"
+#include "commands/window/Snapshots.hpp"
 #include "foundation/Translation.hpp"
+#include "preferences/ProgramPreferences.hpp"
+#include "process/Interruption.hpp"
 #include "window/DesktopDisplay.hpp"
 #include "window/DesktopHost.hpp"
-#include "window/Snapshots.hpp"
 
 #include <filesystem>
 #include <iostream>
@@ -31,7 +32,7 @@ void tellOfPictures(DesktopDisplay display) {
 }  // namespace
 
 Failed run(const SettingsCommand& command, Console&) {
-  auto& store = Console::store();
+  auto& store = ProgramPreferences::store();
   if (const DesktopDisplay display = desktopDisplay(); display != DesktopDisplay::usable) {
     if (auto failure = storeFailure(store)) return failure;
     tellOfPictures(display);
@@ -39,11 +40,11 @@ Failed run(const SettingsCommand& command, Console&) {
     snapshot.folder = kPicturesFolder;
     snapshot.window = command.window;
     const auto copy = store.copyInMemory();
-    QEVSettings::LayeredPreferences layered(*copy, Console::layers());
+    QEVSettings::LayeredPreferences layered(*copy, ProgramPreferences::layers());
     return takeSnapshots(snapshot, layered);
   }
   const Interruption interruption;
-  DesktopHost(command.window, Console::preferences(), qt::Application::Display::screen)
+  DesktopHost(command.window, ProgramPreferences::inForce(), qt::Application::Display::screen)
       .run(command.tab, interruption);
   return std::nullopt;
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "commands/Commands.hpp"
-#include "commands/StartProgram.hpp"
+#include "process/StartProgram.hpp"
 
 // The commands of the window in a program that does not link Qt. Each starts the program that does,
 // which reads the same command line and opens the store itself.

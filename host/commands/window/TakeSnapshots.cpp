@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "commands/Commands.hpp"
-#include "window/Snapshots.hpp"
+#include "commands/window/Snapshots.hpp"
+#include "preferences/ProgramPreferences.hpp"
 
 namespace zorvantine {
 
 Failed run(const SnapshotCommand& command, Console&) {
-  const auto copy = Console::store().copyInMemory();
-  QEVSettings::LayeredPreferences store(*copy, Console::layers());
+  const auto copy = ProgramPreferences::store().copyInMemory();
+  QEVSettings::LayeredPreferences store(*copy, ProgramPreferences::layers());
   return takeSnapshots(command, store);
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "commands/preferences/PreferenceLine.hpp"
+#include "commandline/PreferenceLine.hpp"
 
 #include "commandline/TextForm.hpp"
 

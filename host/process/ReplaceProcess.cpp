@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "commands/ReplaceProcess.hpp"
+#include "process/ReplaceProcess.hpp"
 
 #include <unistd.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "commands/Interruption.hpp"
+#include "process/Interruption.hpp"
 
 #include <sys/signalfd.h>
 #include <unistd.h>

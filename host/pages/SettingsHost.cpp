@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "SettingsHost.hpp"
+#include "pages/SettingsHost.hpp"
 
-#include "Language.hpp"
-#include "MachineInterfaces.hpp"
 #include "QEVSettings/ProxySettingsView.hpp"
 #include "QEVSettings/QEVPreferencesMigration.hpp"
 #include "QEVSettings/QEVSettingsView.hpp"
 #include "analyzers/LoadAnalyzers.hpp"
 #include "catalogue/HostSettings.hpp"
 #include "foundation/Bundle.hpp"
+#include "pages/Language.hpp"
+#include "services/MachineInterfaces.hpp"
 #include "sparkle/UpdaterConfiguration.hpp"
 
 #include <optional>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "preferences/ProgramPreferences.hpp"
+
 #include "catalogue/HostSettings.hpp"
-#include "commands/Commands.hpp"
 #include "history/historyRules.hpp"
 
 #include <utility>
@@ -25,34 +26,36 @@ LayeredPreferences*& openedPreferences() {
 
 }  // namespace
 
-foundation::UserDefaults& Console::store() {
+foundation::UserDefaults& ProgramPreferences::store() {
   static foundation::UserDefaults& store = []() -> foundation::UserDefaults& {
     auto& opened = foundation::UserDefaults::standardUserDefaults();
     opened.setHistoryRules(
-        historyRules([]() -> const QEVSettings::PreferencesStore& { return preferences(); }));
+        historyRules([]() -> const QEVSettings::PreferencesStore& { return inForce(); }));
     return opened;
   }();
   return store;
 }
 
-LayeredPreferences& Console::preferences() {
+LayeredPreferences& ProgramPreferences::inForce() {
   static LayeredPreferences preferences(store(), layers());
   openedPreferences() = &preferences;
   return preferences;
 }
 
-std::vector<std::string> Console::layerProblems() {
+std::vector<std::string> ProgramPreferences::layerProblems() {
   const auto* opened = openedPreferences();
   return opened != nullptr ? opened->problems() : std::vector<std::string>();
 }
 
-LayeredPreferences::Options Console::layers() {
+LayeredPreferences::Options ProgramPreferences::layers() {
   return {.commandLine = valuesForThisRun(), .isLockable = [](std::string_view key) {
             const auto* known = hostCatalogue().find(key);
             return known == nullptr || known->isLockable;
           }};
 }
 
-void Console::setForThisRun(PreferenceDictionary values) { valuesForThisRun() = std::move(values); }
+void ProgramPreferences::setForThisRun(PreferenceDictionary values) {
+  valuesForThisRun() = std::move(values);
+}
 
 }  // namespace zorvantine

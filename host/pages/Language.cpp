@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Language.hpp"
+#include "pages/Language.hpp"
 
 #include "foundation/Bundle.hpp"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "window/Snapshots.hpp"
+#include "commands/window/Snapshots.hpp"
 
 #include "appkit/Application.hpp"
 #include "foundation/Translation.hpp"

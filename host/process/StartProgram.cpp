@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "commands/StartProgram.hpp"
+#include "process/StartProgram.hpp"
 
-#include "commands/ReplaceProcess.hpp"
 #include "foundation/Bundle.hpp"
 #include "foundation/Translation.hpp"
+#include "process/ReplaceProcess.hpp"
 
 #include <cerrno>
 #include <filesystem>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ProxyService.hpp"
 #include "QEVCoreComponents/QEVCaptureViewModel.hpp"
 #include "QEVSettings/ActionHistory.hpp"
 #include "QEVSettings/RecordingPreferences.hpp"
@@ -12,6 +11,7 @@
 #include "QEVSettings/UpdaterViewModel.hpp"
 #include "QEVSettings/preferences/PreferencesStore.hpp"
 #include "commandline/WindowOptions.hpp"
+#include "services/ProxyService.hpp"
 #include "viewkit/Environment.hpp"
 #include "viewkit/View.hpp"
 
