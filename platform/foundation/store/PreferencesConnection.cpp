@@ -24,9 +24,6 @@ using QEVSettings::StorageProblem;
 
 namespace {
 
-// The sizes of SQLite's cache. A reader uses each page once; a writer's transaction should fit.
-constexpr int kPagesToRead = 50;
-constexpr int kPagesToWrite = 500;
 constexpr auto kLongestWait = std::chrono::milliseconds(500);
 
 std::string_view textOfColumn(sqlite3_stmt* statement, int column) {
@@ -170,9 +167,8 @@ Outcome PreferencesFile::useWriteAheadLog() {
 // What identifies the file. SQLite reads the file only now.
 std::optional<PreferencesFile::Marks> PreferencesFile::readMarks() {
   sqlite3_db_config(database_.get(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-  execute(
-      database_,
-      ("PRAGMA cell_size_check = ON; PRAGMA cache_size = " + std::to_string(kPagesToRead)).c_str());
+  // The cache has few pages, because a reader uses each page once.
+  execute(database_, "PRAGMA cell_size_check = ON; PRAGMA cache_size = 50");
   const Statement objects = prepare(database_, "SELECT type FROM sqlite_schema");
   if (!objects) return std::nullopt;
   Marks marks;
@@ -233,10 +229,8 @@ Outcome PreferencesFile::prepareToWrite() {
                     execute(database_, kSynchronizing))) {
     return failure("write");
   }
-  // Avoids writing a freed page once more, with zeros.
-  execute(database_,
-          ("PRAGMA secure_delete = FAST; PRAGMA cache_size = " + std::to_string(kPagesToWrite))
-              .c_str());
+  // Avoids writing a freed page once more, with zeros. The cache has room for a transaction.
+  execute(database_, "PRAGMA secure_delete = FAST; PRAGMA cache_size = 500");
   // An earlier release would take rows with the new checksum for damage.
   if (number("PRAGMA user_version").value_or(kFormatVersion) < kFormatVersion &&
       !execute(database_, ("PRAGMA user_version = " + std::to_string(kFormatVersion)).c_str())) {

@@ -13,11 +13,10 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
-#include <climits>
 #include <cstdlib>
 #include <ctime>
+#include <memory>
 #include <ranges>
 #include <system_error>
 #include <utility>
@@ -34,9 +33,9 @@ constexpr std::string_view kDamaged = ".damaged-";
 // The folders of the path may be links; the store and the files next to it may not. In a new
 // process, std::filesystem::canonical takes 30 µs more than realpath.
 std::filesystem::path withRealFolder(const std::filesystem::path& store) {
-  std::array<char, PATH_MAX> folder{};
-  const char* real = ::realpath(store.parent_path().c_str(), folder.data());
-  return real != nullptr ? real / store.filename() : store;
+  const std::unique_ptr<char, decltype(&std::free)> real(
+      ::realpath(store.parent_path().c_str(), nullptr), &std::free);
+  return real ? real.get() / store.filename() : store;
 }
 
 OpenedPreferences unusable(Error error, StorageProblem problem) {
