@@ -2,17 +2,18 @@
 #include "TwinPage.hpp"
 
 #include "AnalyzerList.hpp"
-#include "QEVSettings/general/QEVTimeZones.hpp"
 #include "SwitchButton.hpp"
 
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QScrollArea>
+#include <QTabBar>
+#include <QVBoxLayout>
 
 namespace twin {
 
 namespace {
+
+constexpr QSize kSize(760, 552);
 
 QRect placeOf(const QWidget& widget) {
   return {widget.mapTo(widget.window(), QPoint()), widget.size()};
@@ -22,7 +23,7 @@ QRect placeOf(const QWidget& widget) {
 
 TwinPage::TwinPage() {
   page_.setWindowTitle(QStringLiteral("Settings"));
-  page_.resize(760, 552);
+  page_.resize(kSize);
 }
 
 QRect TwinPage::analyzer(int row) {
@@ -42,19 +43,32 @@ QRect TwinPage::firstSwitch() {
 
 QRect TwinPage::firstPorts() { return placeOf(*page_.details().findChild<QLineEdit*>()); }
 
-QWidget& TwinPage::timeZoneWindow() {
-  if (timeZones_) return *timeZones_;
-  timeZones_ = std::make_unique<QWidget>();
-  menu_ = new QComboBox(timeZones_.get());
-  for (const std::string& name : QEVSettings::QEVTimeZones::localizedTimeZoneNames()) {
-    menu_->addItem(QString::fromStdString(name));
-  }
-  auto* layout = new QHBoxLayout(timeZones_.get());
-  layout->addWidget(new QLabel(QStringLiteral("Packet time zone")), 1);
-  layout->addWidget(menu_);
-  return *timeZones_;
+QWidget& TwinPage::tabWindow() {
+  if (tabs_) return *tabs_;
+  tabs_ = std::make_unique<QTabWidget>();
+  general_ = new GeneralPage(*store_);
+  tabs_->addTab(general_, QStringLiteral("General"));
+  // Made when it is first shown.
+  auto* analyzer = new QWidget;
+  auto* layout = new QVBoxLayout(analyzer);
+  layout->setContentsMargins({});
+  tabs_->addTab(analyzer, QStringLiteral("Analyzer"));
+  QObject::connect(tabs_.get(), &QTabWidget::currentChanged, tabs_.get(),
+                   [this, layout](int index) {
+                     if (index == 1 && layout->isEmpty())
+                       layout->addWidget(new AnalyzerPage(*store_));
+                   });
+  tabs_->resize(kSize);
+  return *tabs_;
 }
 
-QRect TwinPage::timeZoneMenu() { return placeOf(*menu_); }
+QRect TwinPage::tab(int index) {
+  const QTabBar& bar = *tabs_->tabBar();
+  return bar.tabRect(index).translated(bar.mapTo(tabs_.get(), QPoint()));
+}
+
+QRect TwinPage::tabContent() { return placeOf(*tabs_->currentWidget()); }
+
+QRect TwinPage::timeZoneMenu() { return placeOf(general_->timeZones()); }
 
 }  // namespace twin

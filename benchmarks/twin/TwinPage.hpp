@@ -2,16 +2,17 @@
 #pragma once
 
 #include "AnalyzerPage.hpp"
+#include "GeneralPage.hpp"
 #include "foundation/UserDefaults.hpp"
 #include "window/Contender.hpp"
 
-#include <QComboBox>
+#include <QTabWidget>
 
 #include <memory>
 
 namespace twin {
 
-// The page written by hand, as the driver uses it.
+// The pages written by hand, as the driver uses it.
 class TwinPage final : public Contender {
 public:
   TwinPage();
@@ -21,14 +22,16 @@ public:
   QRect details() override;
   QRect firstSwitch() override;
   QRect firstPorts() override;
-  QWidget& timeZoneWindow() override;
+  QWidget& tabWindow() override;
+  QRect tab(int index) override;
+  QRect tabContent() override;
   QRect timeZoneMenu() override;
 
 private:
   std::unique_ptr<foundation::UserDefaults> store_ = foundation::UserDefaults::inMemory();
   AnalyzerPage page_{*store_};
-  std::unique_ptr<QWidget> timeZones_;
-  QComboBox* menu_ = nullptr;
+  std::unique_ptr<QTabWidget> tabs_;
+  GeneralPage* general_ = nullptr;
 };
 
 }  // namespace twin

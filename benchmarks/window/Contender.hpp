@@ -20,7 +20,11 @@ public:
   virtual QRect firstSwitch() = 0;
   virtual QRect firstPorts() = 0;
 
-  // A second window with the menu of the time zones, made at the first call.
-  virtual QWidget& timeZoneWindow() = 0;
+  // A second window with the tabs General, which is selected, and Analyzer; made at the first call.
+  virtual QWidget& tabWindow() = 0;
+  virtual QRect tab(int index) = 0;
+  // The place of the selected page.
+  virtual QRect tabContent() = 0;
+  // The menu of the time zones on the page General.
   virtual QRect timeZoneMenu() = 0;
 };

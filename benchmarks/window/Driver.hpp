@@ -24,6 +24,7 @@ private:
 
   void measure(const char* name, const Watched& watched, const std::function<void()>& act) const;
   void waitFor(const Watched& watched) const;
+  void runTabs(Contender& contender) const;
 
   Task task_;
   Start start_;

@@ -5,8 +5,11 @@
 #include "QEVSettings/analyzers/QEVAnalyzerSettingsView.hpp"
 #include "QEVSettings/general/QEVGeneralSettingsView.hpp"
 #include "sparkle/UpdaterConfiguration.hpp"
+#include "viewkit/State.hpp"
+#include "viewkit/TabView.hpp"
 #include "viewkit/ViewHost.hpp"
 
+#include <cstdint>
 #include <stdexcept>
 #include <string>
 
@@ -16,6 +19,7 @@ using viewkit::Role;
 namespace {
 
 constexpr double kMargin = 16;
+constexpr viewkit::Size kSize{760, 552};
 
 class SilentDelegate final : public QEVDependencies::QEVAppDelegateProvider {
 public:
@@ -26,6 +30,27 @@ public:
 viewkit::Environment environment(foundation::UserDefaults& store) {
   return {.defaultStore = store, .reducedMotion = true};
 }
+
+enum class Page : std::uint8_t { general, analyzer };
+
+struct TabbedPages {
+  std::shared_ptr<QEVSettings::UpdaterViewModel> updater;
+  viewkit::State<Page> selected{Page::general};
+
+  viewkit::View body() const {
+    return viewkit::TabView(
+        selected.binding(),
+        std::vector<viewkit::Tab<Page>>{{.tag = Page::general,
+                                         .title = "General",
+                                         .symbol = "tortoise",
+                                         .page = QEVSettings::QEVGeneralSettingsView(
+                                             std::make_shared<SilentDelegate>(), updater)},
+                                        {.tag = Page::analyzer,
+                                         .title = "Analyzer",
+                                         .symbol = "puzzlepiece.extension",
+                                         .page = QEVSettings::QEVAnalyzerSettingsView()}});
+  }
+};
 
 void collect(const PresentationNode& node, Role role, std::vector<const PresentationNode*>& into) {
   if (node.accessibility.role == role) into.push_back(&node);
@@ -42,7 +67,7 @@ QRect rectOf(const PresentationNode& node) {
 OurPage::OurPage()
     : window_(std::make_unique<qt::Window>(qt::WindowOptions{
           .title = "Settings",
-          .size = {760, 552},
+          .size = kSize,
           .environment = environment(*store_),
           .root = viewkit::View(QEVSettings::QEVAnalyzerSettingsView()).padding(kMargin)})) {}
 
@@ -68,18 +93,30 @@ QRect OurPage::details() { return rectOf(*all(*window_, Role::scrollArea).back()
 QRect OurPage::firstSwitch() { return first(*window_, Role::toggle); }
 QRect OurPage::firstPorts() { return first(*window_, Role::textField); }
 
-QWidget& OurPage::timeZoneWindow() {
-  if (!timeZones_) {
+QWidget& OurPage::tabWindow() {
+  if (!tabs_) {
     sparkle::UpdaterConfiguration configuration;
     configuration.store = store_.get();
     sparkle::UpdaterConfiguration::setStandard(configuration);
     updater_ = std::make_shared<QEVSettings::UpdaterViewModel>();
-    timeZones_ = std::make_unique<qt::Window>(qt::WindowOptions{
-        .title = "General",
+    tabs_ = std::make_unique<qt::Window>(qt::WindowOptions{
+        .title = "Settings",
+        .size = kSize,
         .environment = environment(*store_),
-        .root = QEVSettings::QEVGeneralSettingsView(std::make_shared<SilentDelegate>(), updater_)});
+        .root = viewkit::View(TabbedPages{.updater = updater_}).padding(kMargin)});
   }
-  return timeZones_->widget();
+  return tabs_->widget();
 }
 
-QRect OurPage::timeZoneMenu() { return first(*timeZones_, Role::menuButton); }
+QRect OurPage::tab(int index) {
+  return rectOf(*all(*tabs_, Role::tab).at(static_cast<std::size_t>(index)));
+}
+
+QRect OurPage::tabContent() {
+  const QRect bar = first(*tabs_, Role::tab);
+  QRect content = tabs_->widget().rect();
+  content.setTop(bar.bottom() + 1);
+  return content;
+}
+
+QRect OurPage::timeZoneMenu() { return first(*tabs_, Role::menuButton); }

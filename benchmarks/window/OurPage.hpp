@@ -10,7 +10,7 @@
 #include <memory>
 #include <vector>
 
-// The real Analyzer page in the real window.
+// The real pages in the real window.
 class OurPage final : public Contender {
 public:
   OurPage();
@@ -21,7 +21,9 @@ public:
   QRect details() override;
   QRect firstSwitch() override;
   QRect firstPorts() override;
-  QWidget& timeZoneWindow() override;
+  QWidget& tabWindow() override;
+  QRect tab(int index) override;
+  QRect tabContent() override;
   QRect timeZoneMenu() override;
 
 private:
@@ -31,5 +33,5 @@ private:
   std::unique_ptr<foundation::UserDefaults> store_ = foundation::UserDefaults::inMemory();
   std::shared_ptr<QEVSettings::UpdaterViewModel> updater_;
   std::unique_ptr<qt::Window> window_;
-  std::unique_ptr<qt::Window> timeZones_;
+  std::unique_ptr<qt::Window> tabs_;
 };

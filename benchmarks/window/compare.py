@@ -51,8 +51,10 @@ MEASURES = [
     ("switch", "a switch flipped", 0, "ms"),
     ("hover", "a row hovered", 0, "ms"),
     ("key", "a key typed into a ports field", 0, "ms"),
-    ("menu", "the time-zone menu opened", 0, "ms"),
     ("resize", "a resize step", 0, "ms"),
+    ("tab-first", "the tab Analyzer shown for the first time", 0, "ms"),
+    ("tab-again", "a tab shown again", 0, "ms"),
+    ("menu", "the time-zone menu opened", 0, "ms"),
     ("memory-first-frame", "peak memory up to the first frame", 0, "MB"),
     ("memory-peak", "peak memory of all of it", 0, "MB"),
 ]
