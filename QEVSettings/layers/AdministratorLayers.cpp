@@ -9,6 +9,7 @@
 #include "foundation/TrustedFiles.hpp"
 
 #include <new>
+#include <ranges>
 #include <utility>
 
 namespace QEVSettings {
@@ -41,9 +42,9 @@ Result<PreferenceDictionary> read(const std::filesystem::path& file) {
 std::vector<std::filesystem::path> administratorFolders(
     const std::vector<std::filesystem::path>& configuration) {
   std::vector<std::filesystem::path> folders;
-  for (auto folder = configuration.rbegin(); folder != configuration.rend(); ++folder) {
+  for (const auto& folder : std::views::reverse(configuration)) {
     for (const char* const name : {kDefaults, kLocks})
-      folders.push_back(*folder / HostIdentity::current().id / name);
+      folders.push_back(folder / HostIdentity::current().id / name);
   }
   return folders;
 }

@@ -35,14 +35,14 @@ int rewriteValues(PreferencesStore& defaults, MigrationStep step) {
 
 }  // namespace
 
-void QEVPreferencesMigration::migrateIfNeeded(PreferencesStore& store) {
+void QEVPreferencesMigration::migrateIfNeeded(PreferencesStore& defaults) {
   // What administrators set is converted as it is read, and a lock does not keep an old form alive.
-  PreferencesStore& defaults = store.personLayer();
-  const std::int64_t stored = defaults.integerForKey(schemaVersionKey);
+  PreferencesStore& person = defaults.personLayer();
+  const std::int64_t stored = person.integerForKey(schemaVersionKey);
   if (stored >= currentSchemaVersion) return;
-  if (stored != 1) migrateColorFormatDataToBase64(defaults);
-  migrateProtocolsPortsFromArrayToString(defaults);
-  defaults.setInteger(currentSchemaVersion, schemaVersionKey);
+  if (stored != 1) migrateColorFormatDataToBase64(person);
+  migrateProtocolsPortsFromArrayToString(person);
+  person.setInteger(currentSchemaVersion, schemaVersionKey);
 }
 
 void QEVPreferencesMigration::migrateColorFormatDataToBase64(PreferencesStore& defaults) {

@@ -28,13 +28,13 @@ GeneralPage::GeneralPage(QEVSettings::PreferencesStore& store)
   layout->addWidget(sectionHeader(QStringLiteral("UPDATES"), this));
   const AnalyzerToggleSpec updates[] = {
       {.id = "checks",
-       .defaultsKey = SPUUpdater::kAutomaticallyChecksKey,
+       .defaultsKey = std::string(SPUUpdater::kAutomaticallyChecksKey),
        .labelKey = "Automatically check for updates"},
       {.id = "downloads",
-       .defaultsKey = SPUUpdater::kAutomaticallyDownloadsKey,
+       .defaultsKey = std::string(SPUUpdater::kAutomaticallyDownloadsKey),
        .labelKey = "Automatically download updates"},
       {.id = "profile",
-       .defaultsKey = SPUUpdater::kSendsSystemProfileKey,
+       .defaultsKey = std::string(SPUUpdater::kSendsSystemProfileKey),
        .labelKey = "Include anonymous system profile"},
   };
   for (const AnalyzerToggleSpec& each : updates)
@@ -60,7 +60,7 @@ QWidget* GeneralPage::timeZoneRow() {
     timeZones_->addItem(QString::fromStdString(name));
   }
   connect(timeZones_, &QComboBox::textActivated, this, [this](const QString& name) {
-    store_.setString(name.toStdString(), QEVSettings::kPrefTimezoneString.name);
+    store_.setObject(name.toStdString(), QEVSettings::kPrefTimezoneString.name);
   });
   auto* row = new QWidget(this);
   auto* layout = new QHBoxLayout(row);

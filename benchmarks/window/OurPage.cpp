@@ -9,6 +9,8 @@
 #include "viewkit/TabView.hpp"
 #include "viewkit/ViewHost.hpp"
 
+#include <QTabBar>
+
 #include <cstdint>
 #include <stdexcept>
 #include <string>
@@ -109,13 +111,14 @@ QWidget& OurPage::tabWindow() {
 }
 
 QRect OurPage::tab(int index) {
-  return rectOf(*all(*tabs_, Role::tab).at(static_cast<std::size_t>(index)));
+  QWidget& window = tabs_->widget();
+  const auto* const bar = window.findChild<QTabBar*>();
+  return bar->tabRect(index).translated(bar->mapTo(&window, QPoint()));
 }
 
 QRect OurPage::tabContent() {
-  const QRect bar = first(*tabs_, Role::tab);
   QRect content = tabs_->widget().rect();
-  content.setTop(bar.bottom() + 1);
+  content.setTop(first(*tabs_, Role::tabList).bottom() + 1);
   return content;
 }
 

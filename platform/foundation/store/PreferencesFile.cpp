@@ -110,6 +110,8 @@ Outcome PreferencesFile::readAll(const Receiver& receive) {
     if (rows++ == 0) entries = sqlite3_column_int64(selectAll_.get(), kEntriesColumn);
     receive(std::move(change));
   });
+  // Nobody reads these pages again soon.
+  sqlite3_db_release_memory(database_.get());
   if (!outcome) return outcome;
   if (rows == 0) {
     const auto found = number(kCountEntries);
@@ -235,6 +237,13 @@ std::int64_t PreferencesFile::rowInIndex(std::string_view key) {
   const Statement statement = prepare(database_, "SELECT change FROM preferences WHERE key = ?1");
   sqlite3_bind_blob64(statement.get(), 1, key.empty() ? "" : key.data(), key.size(), SQLITE_STATIC);
   return sqlite3_step(statement.get()) == SQLITE_ROW ? sqlite3_column_int64(statement.get(), 0) : 0;
+}
+
+sqlite3_file* PreferencesFile::mainFile() const {
+  sqlite3_file* file = nullptr;
+  sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_FILE_POINTER,
+                       static_cast<void*>(&file));
+  return file != nullptr && file->pMethods != nullptr ? file : nullptr;
 }
 
 sqlite3_file* PreferencesFile::logFile() const {

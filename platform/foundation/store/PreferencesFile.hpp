@@ -110,7 +110,7 @@ public:
   // be applied to the file that is at the path now.
   bool hasLeftItsLog() const { return identity_.hasLeftItsLog(path_); }
   // Whether another folder, or none, is at the path of the folder that was opened.
-  bool isFolderReplaced() const { return identity_.isFolderReplaced(path_); }
+  bool isFolderReplaced() const { return identity_.isFolderReplaced(); }
 
   // Whether somebody may have written since the last `readChanges` began. Costs one load from
   // shared memory, no system call.
@@ -177,6 +177,7 @@ private:
   Outcome connect(bool forReading);
   Outcome makeUnshared();
   std::optional<Marks> readMarks();
+  bool readMarksOfHeader(Marks& marks) const;
   Outcome identify(const std::optional<Marks>& marks);
   Outcome setUp();
   Outcome useWriteAheadLog();
@@ -187,6 +188,8 @@ private:
   std::optional<std::int64_t> number(const char* query);
   Outcome readRows(sqlite3_stmt* select, const Receiver& receive);
   bool isLogEmpty() const;
+  // Null when SQLite has no file open.
+  sqlite3_file* mainFile() const;
   // The log, once the file was read; null when the file has none. Outside of a write, a file
   // without a log has no journal open.
   sqlite3_file* logFile() const;

@@ -17,10 +17,11 @@ using QEVSettings::PreferenceValue;
 
 namespace {
 
+// SQLite parses this whenever a store is opened. The columns have no types, because the checksum
+// finds what types would refuse.
 constexpr const char* kCreate =
-    "CREATE TABLE IF NOT EXISTS history (change INTEGER PRIMARY KEY, time INTEGER NOT NULL, "
-    "key BLOB NOT NULL, before_type INTEGER, before ANY, after_type INTEGER, after ANY, "
-    "program TEXT NOT NULL, sum INTEGER NOT NULL) STRICT";
+    "CREATE TABLE IF NOT EXISTS history (change INTEGER PRIMARY KEY, time, key, before_type, "
+    "before, after_type, after, program, sum)";
 constexpr const char* kFormer =
     "SELECT type, value FROM preferences WHERE change = ?1 AND key = ?2";
 // A recovery may have given a number out again.

@@ -21,8 +21,8 @@ struct HistoryRequest {
 
 // The table of remembered changes in the database of a store.
 //
-//     history(change INTEGER PRIMARY KEY, time INTEGER, key BLOB, before_type INTEGER, before ANY,
-//     after_type INTEGER, after ANY, program TEXT, sum INTEGER)
+//     history(change INTEGER PRIMARY KEY, time, key, before_type, before, after_type, after,
+//     program, sum)
 //
 // `change` is the number that the row of the key got by the change, `time` milliseconds since 1970.
 // A type is NULL for a key without a value. 100 added to a type says that the value was too large,

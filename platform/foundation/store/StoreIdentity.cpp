@@ -48,29 +48,36 @@ std::int64_t nanoseconds(const timespec& time) {
 
 // The size of the file, or nothing when it is missing. Refuses what neither a store nor a file next
 // to it may be.
-Result<std::optional<off_t>> sizeUnlessRefused(const std::filesystem::path& path) {
+Result<std::optional<off_t>> sizeUnlessRefused(const std::string& path) {
   struct stat found {};
   if (::lstat(path.c_str(), &found) != 0) {
     if (errno == ENOENT) return std::optional<off_t>();
-    return Error{"cannot read " + path.string() + " (" + std::generic_category().message(errno) +
+    return Error{"cannot read " + path + " (" + std::generic_category().message(errno) +
                  "); check its name and its permissions"};
   }
   if (found.st_uid != ::geteuid()) {
-    return Error{path.string() +
+    return Error{path +
                  " belongs to another user; choose a file of your own in a folder of your own"};
   }
   if (S_ISLNK(found.st_mode))
-    return Error{path.string() + " is a symbolic link; choose the file that it leads to"};
-  if (S_ISDIR(found.st_mode)) return Error{path.string() + " is a folder; choose a file"};
-  if (!S_ISREG(found.st_mode)) return Error{path.string() + " is no regular file; choose another"};
+    return Error{path + " is a symbolic link; choose the file that it leads to"};
+  if (S_ISDIR(found.st_mode)) return Error{path + " is a folder; choose a file"};
+  if (!S_ISREG(found.st_mode)) return Error{path + " is no regular file; choose another"};
   return std::optional(found.st_size);
 }
 
 }  // namespace
 
+std::string folderOf(const std::filesystem::path& store) {
+  const std::string& path = store.native();
+  const std::size_t end = path.rfind('/');
+  if (end == std::string::npos) return {};
+  return path.substr(0, std::max<std::size_t>(end, 1));
+}
+
 bool isHeaderOfStore(const FileBytes& header) { return hasMark(header) && isAsWritten(header); }
 
-std::optional<FileIdentity> FileIdentity::of(const std::filesystem::path& path) {
+std::optional<FileIdentity> FileIdentity::of(const std::string& path) {
   struct stat found {};
   if (::lstat(path.c_str(), &found) == 0)
     return FileIdentity{.device = found.st_dev, .node = found.st_ino};
@@ -78,11 +85,11 @@ std::optional<FileIdentity> FileIdentity::of(const std::filesystem::path& path) 
 }
 
 void StoreIdentity::remember(const std::filesystem::path& store) {
-  folderPath_ = store.parent_path();
+  folderPath_ = folderOf(store);
   folder_ = FileIdentity::of(folderPath_);
-  file_ = FileIdentity::of(store);
-  log_ = FileIdentity::of(store.string() + "-wal");
-  index_ = FileIdentity::of(store.string() + "-shm");
+  file_ = FileIdentity::of(store.native());
+  log_ = FileIdentity::of(store.native() + "-wal");
+  index_ = FileIdentity::of(store.native() + "-shm");
   isSettled_ = false;
 }
 
@@ -93,9 +100,9 @@ bool StoreIdentity::isReplaced(const std::filesystem::path& store) {
   const std::int64_t changed = nanoseconds(found.st_mtim);
   const bool isSameTime = changed == folderChanged_;
   if (isSameFolder && isSettled_ && isSameTime) return false;
-  if (!isSameFolder || FileIdentity::of(store) != file_ ||
-      FileIdentity::of(store.string() + "-wal") != log_ ||
-      FileIdentity::of(store.string() + "-shm") != index_) {
+  if (!isSameFolder || FileIdentity::of(store.native()) != file_ ||
+      FileIdentity::of(store.native() + "-wal") != log_ ||
+      FileIdentity::of(store.native() + "-shm") != index_) {
     return true;
   }
   // Two changes of the folder within the resolution of its time look like one. Some file systems
@@ -111,20 +118,20 @@ bool StoreIdentity::isReplaced(const std::filesystem::path& store) {
 
 bool StoreIdentity::hasLeftItsLog(const std::filesystem::path& store) const {
   if (!file_ || !log_ || log_ == FileIdentity()) return false;
-  const auto file = FileIdentity::of(store);
-  return file && file != file_ && FileIdentity::of(store.string() + "-wal") == log_;
+  const auto file = FileIdentity::of(store.native());
+  return file && file != file_ && FileIdentity::of(store.native() + "-wal") == log_;
 }
 
-bool StoreIdentity::isFolderReplaced(const std::filesystem::path& store) const {
-  const auto folder = FileIdentity::of(store.parent_path());
+bool StoreIdentity::isFolderReplaced() const {
+  const auto folder = FileIdentity::of(folderPath_);
   return folder && folder != folder_;
 }
 
 Result<StoreKind> kindOfStore(const std::filesystem::path& store) {
-  const auto size = sizeUnlessRefused(store);
+  const auto size = sizeUnlessRefused(store.native());
   if (!size) return size.error();
   for (const char* ending : {"-wal", "-shm", "-journal"}) {
-    if (auto other = sizeUnlessRefused(store.string() + ending); !other) return other.error();
+    if (auto other = sizeUnlessRefused(store.native() + ending); !other) return other.error();
   }
   if (!*size) return StoreKind::missing;
   if (**size == 0) return StoreKind::empty;

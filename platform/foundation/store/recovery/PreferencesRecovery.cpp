@@ -34,8 +34,9 @@ constexpr std::string_view kDamaged = ".damaged-";
 // process, std::filesystem::canonical takes 30 µs more than realpath.
 std::filesystem::path withRealFolder(const std::filesystem::path& store) {
   const std::unique_ptr<char, decltype(&std::free)> real(
-      ::realpath(store.parent_path().c_str(), nullptr), &std::free);
-  return real ? real.get() / store.filename() : store;
+      ::realpath(folderOf(store).c_str(), nullptr), &std::free);
+  const std::string& path = store.native();
+  return real ? real.get() + path.substr(path.rfind('/')) : path;
 }
 
 OpenedPreferences unusable(Error error, StorageProblem problem) {
@@ -219,7 +220,7 @@ OpenedPreferences openPreferences(const std::filesystem::path& path,
                     StorageProblem::unusable);
   }
   errno = 0;
-  if (auto outcome = makeFolders(path.parent_path()); !outcome)
+  if (auto outcome = makeFolders(folderOf(path)); !outcome)
     return unusable(outcome.error(), problemOf(errno));
   const auto store = withRealFolder(path);
   Attempt attempt = tryToOpen(store, request.patience, false);

@@ -40,7 +40,7 @@ public:
 
 private:
   struct Entry {
-    std::size_t number;
+    std::size_t number = 0;
     std::unique_ptr<const PreferenceDescriptor> descriptor;
   };
   std::map<std::string, Entry, std::less<>> byKey_;
