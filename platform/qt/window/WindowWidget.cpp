@@ -11,6 +11,7 @@
 #include "foundation/MainQueue.hpp"
 #include "paint/Look.hpp"
 #include "viewkit/KeyRouter.hpp"
+#include "window/tooltipAt.hpp"
 
 #include <QApplication>
 #include <QBuffer>
@@ -26,7 +27,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
-#include <ranges>
 #include <utility>
 
 namespace qt {
@@ -34,18 +34,6 @@ namespace qt {
 namespace {
 
 constexpr int kFrameMilliseconds = 16;
-
-// The innermost node at the point that has a tooltip; null when there is none.
-const viewkit::PresentationNode* tooltipAt(const viewkit::PresentationNode& node,
-                                           viewkit::Point point) {
-  const viewkit::Point local = point - node.frame.origin;
-  const bool inside = viewkit::Rect{{}, node.frame.size}.contains(local);
-  if (!inside && (node.clipRadius || node.control())) return nullptr;
-  for (const auto* child : std::views::reverse(node.children)) {
-    if (const auto* found = tooltipAt(*child, local)) return found;
-  }
-  return inside && !node.tooltip.empty() ? &node : nullptr;
-}
 
 }  // namespace
 
