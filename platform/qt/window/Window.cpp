@@ -23,7 +23,8 @@ struct Window::Content {
   QPointer<WindowWidget> widget;
 };
 
-Window::Window(const WindowOptions& options) : content_(std::make_unique<Content>(*this, options)) {}
+Window::Window(const WindowOptions& options)
+    : content_(std::make_unique<Content>(*this, options)) {}
 
 Window::~Window() = default;
 
