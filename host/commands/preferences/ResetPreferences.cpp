@@ -52,13 +52,14 @@ Result<std::vector<std::string>> keysOf(const ResetPreferencesCommand& command) 
 // As the window's reset does: the factory list takes the place of the analyzer's own, and elements
 // that are no protocols stay. Returns whether the key holds a list of protocols.
 bool resetPorts(const std::string& key) {
-  for (const AnalyzerDescription& each : sampleAnalyzers()) {
-    if (each.protocols.empty() || each.key("protocols") != key) continue;
-    QEVModels::AnalyzerPortsStore(key, ProgramPreferences::inForce())
-        .encode(settingsOf(each).ports->defaultPorts);
-    return true;
-  }
-  return false;
+  const auto analyzers = sampleAnalyzers();
+  const auto found = std::ranges::find_if(analyzers, [&](const AnalyzerDescription& each) {
+    return !each.protocols.empty() && each.key("protocols") == key;
+  });
+  if (found == analyzers.end()) return false;
+  QEVModels::AnalyzerPortsStore(key, ProgramPreferences::inForce())
+      .encode(settingsOf(*found).ports->defaultPorts);
+  return true;
 }
 
 }  // namespace
