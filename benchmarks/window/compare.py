@@ -208,8 +208,8 @@ def options_of_command_line():
     add = parser.add_argument
     add("folder", type=Path)
     add("--rounds", type=int, default=20, help="processes of each contender")
-    add("--repetitions", type=int, default=20, help="per process; 0 measures the start only")
-    add("--analyzers", default="10,1000,10000", help="in the tables of the twin; may be empty")
+    add("--repetitions", type=int, default=10, help="per process; 0 measures the start only")
+    add("--analyzers", default="10,10000", help="in the tables of the twin; may be empty")
     add("--environments", default=",".join(TITLES))
     add("--peers", type=int, default=25, help="analyzers in the peers' table; 0 leaves it out")
     return parser.parse_args()
