@@ -77,7 +77,7 @@ std::vector<Measurement> measurements(const std::string& program, const std::str
       {"prefs migrate, nothing to do", prefs({"migrate"})},
       {"prefs set", setKey("3"), setKey("2")},
       {"prefs delete", prefs({"delete", "benchmark key"}), setKey("1")},
-      {"prefs import", prefs({"import", sample}), prefs({"set", kSampleKey, "--int", "1"})},
+      {"prefs import", prefs({"import", sample}), prefs({"delete", kSampleKey})},
   };
 }
 

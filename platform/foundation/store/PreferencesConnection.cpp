@@ -170,7 +170,8 @@ Outcome PreferencesFile::useWriteAheadLog() {
 // What identifies the file. SQLite reads the file only now.
 std::optional<PreferencesFile::Marks> PreferencesFile::readMarks() {
   sqlite3_db_config(database_.get(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-  execute(database_, "PRAGMA cell_size_check = ON");
+  // The cache has few pages, because a reader uses each page once.
+  execute(database_, "PRAGMA cell_size_check = ON; PRAGMA cache_size = 50");
   const Statement objects = prepare(database_, "SELECT type FROM sqlite_schema");
   if (!objects) return std::nullopt;
   Marks marks;

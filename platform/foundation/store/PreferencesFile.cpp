@@ -110,8 +110,6 @@ Outcome PreferencesFile::readAll(const Receiver& receive) {
     if (rows++ == 0) entries = sqlite3_column_int64(selectAll_.get(), kEntriesColumn);
     receive(std::move(change));
   });
-  // Nobody reads these pages again soon.
-  sqlite3_db_release_memory(database_.get());
   if (!outcome) return outcome;
   if (rows == 0) {
     const auto found = number(kCountEntries);
