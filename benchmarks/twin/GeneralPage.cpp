@@ -11,6 +11,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
+#include <string>
+
 namespace twin {
 
 using QEVDependencies::AnalyzerToggleSpec;

@@ -3,6 +3,7 @@
 
 #include "AnalyzerList.hpp"
 #include "SwitchButton.hpp"
+#include "window/Task.hpp"
 
 #include <QLineEdit>
 #include <QScrollArea>
@@ -13,7 +14,7 @@ namespace twin {
 
 namespace {
 
-constexpr QSize kSize(760, 552);
+constexpr QSize kSize(kWindowWidth, kWindowHeight);
 
 QRect placeOf(const QWidget& widget) {
   return {widget.mapTo(widget.window(), QPoint()), widget.size()};

@@ -8,6 +8,7 @@
 #include "viewkit/State.hpp"
 #include "viewkit/TabView.hpp"
 #include "viewkit/ViewHost.hpp"
+#include "window/Task.hpp"
 
 #include <QTabBar>
 
@@ -21,7 +22,7 @@ using viewkit::Role;
 namespace {
 
 constexpr double kMargin = 16;
-constexpr viewkit::Size kSize{760, 552};
+constexpr viewkit::Size kSize{kWindowWidth, kWindowHeight};
 
 class SilentDelegate final : public QEVDependencies::QEVAppDelegateProvider {
 public:

@@ -6,6 +6,10 @@
 
 using Clock = std::chrono::steady_clock;
 
+// The size of every contender's window, in points.
+inline constexpr int kWindowWidth = 760;
+inline constexpr int kWindowHeight = 552;
+
 // The arguments of a contender's process: `window_benchmark_X ANALYZERS REPETITIONS STARTED`.
 // STARTED is the monotonic clock in nanoseconds just before the process was started. With 0
 // repetitions the process ends after the first painted frame.

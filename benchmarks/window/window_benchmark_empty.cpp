@@ -10,6 +10,6 @@ int main(int argc, char** argv) {
   Driver driver(task, Clock::now());
   QWidget window;
   window.setWindowTitle(QStringLiteral("Settings"));
-  window.resize(760, 552);
+  window.resize(kWindowWidth, kWindowHeight);
   driver.showFirstFrame(window);
 }

@@ -5,7 +5,7 @@
 
 namespace zorvantine {
 
-// The program's version, as in "0.1.0".
+// The program's version, as in "1.0.0".
 std::string_view versionText();
 
 }  // namespace zorvantine

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "QEVSettings/LayeredPreferences.hpp"
 #include "QEVSettings/preferences/PreferenceValue.hpp"
 #include "commandline/ExitCode.hpp"
 #include "commandline/WindowOptions.hpp"

@@ -3,7 +3,6 @@
 
 #include "QEVSettings/preferences/HostIdentity.hpp"
 #include "appkit/Application.hpp"
-#include "commands/Commands.hpp"
 #include "preferences/ProgramPreferences.hpp"
 #include "process/Interruption.hpp"
 #include "profiles/Profiles.hpp"

@@ -2,7 +2,6 @@
 // The window of recent changes, opened from the main window's menu, in a forked process.
 
 #include "QEVSettings/preferences/HostIdentity.hpp"
-#include "commands/Commands.hpp"
 #include "preferences/ProgramPreferences.hpp"
 #include "process/Interruption.hpp"
 #include "support/TemporaryFolder.hpp"

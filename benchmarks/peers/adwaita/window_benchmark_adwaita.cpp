@@ -62,7 +62,7 @@ int main(int argc, char** argv) {
   GtkWidget* const window = adw_window_new();
   peers::PageView page(*store);
   gtk_window_set_title(GTK_WINDOW(window), "Settings");
-  gtk_window_set_default_size(GTK_WINDOW(window), 760, 552);
+  gtk_window_set_default_size(GTK_WINDOW(window), kWindowWidth, kWindowHeight);
   adw_window_set_content(ADW_WINDOW(window), page.widget());
   gtk_widget_realize(window);
   const Frames frames(window);

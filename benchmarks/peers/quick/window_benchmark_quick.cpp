@@ -61,7 +61,7 @@ int main(int argc, char** argv) {
   QQuickView view;
   view.setTitle(QStringLiteral("Settings"));
   view.setResizeMode(QQuickView::SizeRootObjectToView);
-  view.resize(760, 552);
+  view.resize(kWindowWidth, kWindowHeight);
   view.setInitialProperties({{QStringLiteral("page"), QVariant::fromValue(&page)}});
   view.setSource(QUrl(QStringLiteral("qrc:/Peer/Page.qml")));
   if (view.status() != QQuickView::Ready) return 1;

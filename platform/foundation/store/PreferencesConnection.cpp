@@ -191,19 +191,18 @@ std::optional<PreferencesFile::Marks> PreferencesFile::readMarks() {
   return marks;
 }
 
-// Reads the marks from the file, which has the current ones while the log is empty. Returns whether
-// that was possible. In a new process, two statements take 5 µs more.
+// Reads the marks from the header of the file, which is current while the log is empty. Returns
+// whether that was possible. Saves two statements, of 7,500 instructions each.
 bool PreferencesFile::readMarksOfHeader(Marks& marks) const {
-  constexpr sqlite3_int64 versionOffset = 60;
-  constexpr std::size_t idOffset = 8;  // from the version
   sqlite3_file* const file = mainFile();
-  std::array<std::uint8_t, 12> bytes{};
-  if (file == nullptr || file->pMethods->xRead(file, bytes.data(), static_cast<int>(bytes.size()),
-                                               versionOffset) != SQLITE_OK) {
+  std::array<std::uint8_t, kApplicationIdOffset + 4> header{};
+  if (file == nullptr ||
+      file->pMethods->xRead(file, header.data(), static_cast<int>(header.size()), 0) != SQLITE_OK) {
     return false;
   }
-  marks.formatVersion = bigEndian32(bytes);
-  marks.isOurs = bigEndian32(std::span(bytes).subspan(idOffset)) == kApplicationId;
+  const std::span bytes(header);
+  marks.formatVersion = bigEndian32(bytes.subspan(kUserVersionOffset));
+  marks.isOurs = bigEndian32(bytes.subspan(kApplicationIdOffset)) == kApplicationId;
   return true;
 }
 

@@ -27,8 +27,8 @@ bool hasMagic(const FileBytes& header) {
 }
 
 bool hasMark(const FileBytes& header) {
-  return hasMagic(header) &&
-         bigEndian32(std::span(header).subspan(68)) == static_cast<std::uint32_t>(kApplicationId);
+  return hasMagic(header) && bigEndian32(std::span(header).subspan(kApplicationIdOffset)) ==
+                                 static_cast<std::uint32_t>(kApplicationId);
 }
 
 // What all headers of our stores have in common.

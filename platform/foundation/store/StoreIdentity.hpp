@@ -20,8 +20,8 @@ struct FileIdentity {
   static std::optional<FileIdentity> of(const std::string& path);
 };
 
-// The folder of a store, empty for a path that names none. In a new process, the parent_path of
-// std::filesystem takes 2 µs more, and there are several for each opening.
+// The folder of a store, empty for a path that names none. The parent_path of std::filesystem
+// splits the whole path, and an opening asks several times.
 std::string folderOf(const std::filesystem::path& store);
 
 // Remembers the file, the log, its index and the folder of an open store, and checks whether they

@@ -8,6 +8,10 @@
 
 namespace foundation {
 
+// Where the header of a database file has these numbers of four bytes.
+inline constexpr std::size_t kUserVersionOffset = 60;
+inline constexpr std::size_t kApplicationIdOffset = 68;
+
 // Numbers in the encoding of database files. The caller checks that the bytes exist.
 inline std::uint32_t bigEndian16(std::span<const std::uint8_t> bytes) {
   return static_cast<std::uint32_t>(bytes[0] << 8 | bytes[1]);
