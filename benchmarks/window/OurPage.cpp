@@ -112,7 +112,7 @@ QWidget& OurPage::tabWindow() {
 }
 
 QRect OurPage::tab(int index) {
-  QWidget& window = tabs_->widget();
+  const QWidget& window = tabs_->widget();
   const auto* const bar = window.findChild<QTabBar*>();
   return bar->tabRect(index).translated(bar->mapTo(&window, QPoint()));
 }

@@ -17,7 +17,7 @@ struct Task {
   // Ends the process with a line of help when the arguments are not these three.
   static Task of(int argc, char** argv);
 
-  std::size_t analyzers;
-  int repetitions;
+  std::size_t analyzers = 0;
+  int repetitions = 0;
   Clock::time_point started;
 };
