@@ -22,8 +22,8 @@ quietly() {
   return "$status"
 }
 
-# configure PRESET: configures the preset unless that was done since the presets last changed. When a
-# CMakeLists changes, Ninja runs CMake by itself.
+# configure PRESET: configures the preset unless that was done since the presets last changed. When
+# a CMakeLists changes, Ninja runs CMake by itself.
 configure() {
   local build="$root/build/$1"
   if [[ ! -e $build/build.ninja || $root/CMakePresets.json -nt $build/build.ninja ]]; then

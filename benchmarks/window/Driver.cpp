@@ -179,10 +179,10 @@ void Driver::runTabs(Contender& contender) const {
   };
   select("tab-first", analyzer);
   for (int i = 0; i < task_.repetitions; ++i) {
-    select("tab-again", general);
-    select("tab-again", analyzer);
+    select("tab-general-again", general);
+    select("tab-analyzer-again", analyzer);
   }
-  select("tab-again", general);
+  select("tab-general-again", general);
 
   const QPoint menu = contender.timeZoneMenu().center();
   pointAt(window, menu);

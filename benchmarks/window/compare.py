@@ -53,7 +53,8 @@ MEASURES = [
     ("key", "a key typed into a ports field", 0, "ms"),
     ("resize", "a resize step", 0, "ms"),
     ("tab-first", "the tab Analyzer shown for the first time", 0, "ms"),
-    ("tab-again", "a tab shown again", 0, "ms"),
+    ("tab-general-again", "the tab General shown again", 0, "ms"),
+    ("tab-analyzer-again", "the tab Analyzer shown again", 0, "ms"),
     ("menu", "the time-zone menu opened", 0, "ms"),
     ("memory-first-frame", "peak memory up to the first frame", 0, "MB"),
     ("memory-peak", "peak memory of all of it", 0, "MB"),
@@ -71,7 +72,9 @@ PEER_MEASURES = [
 def session_bus():
     """The address of a session bus that ends with the block."""
     command = ["dbus-daemon", "--session", "--nofork", "--print-address=1"]
-    with subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True) as bus:
+    with subprocess.Popen(
+        command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True
+    ) as bus:
         try:
             yield bus.stdout.readline().strip()
         finally:

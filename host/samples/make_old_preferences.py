@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Makes the binary property list that an old release leaves behind: colours as data, ports as arrays.
+"""Makes the property list that an old release leaves behind, as a binary one.
 
     make_old_preferences.py FILE
 
-The same list each time. `zorvantine prefs import` takes it over and brings it up to date.
+Colours are data and ports are arrays. The list is the same each time. `zorvantine prefs import`
+takes it over and brings it up to date.
 """
 
 import colorsys
@@ -50,7 +51,9 @@ ANALYZERS = {
 
 def identity(*names):
     """The same identity for the same names each time, of the kind that is otherwise random."""
-    return str(uuid.UUID(bytes=uuid.uuid5(uuid.NAMESPACE_URL, "/".join(names)).bytes, version=4)).upper()
+    return str(
+        uuid.UUID(bytes=uuid.uuid5(uuid.NAMESPACE_URL, "/".join(names)).bytes, version=4)
+    ).upper()
 
 
 def record(analyzer, name, ports, source, **others):
@@ -110,7 +113,9 @@ def odd_ones():
         f"{PREFIX}smb_color": b"\x01\x02\x03",
         f"{PREFIX}truncated_protocols": protocol_list([record("truncated", "Half", [7], TCP)])[:-9],
         f"{PREFIX}empty_protocols": b"",
-        f"{PREFIX}latin_protocols": '[{"protocolName":"Größe","protocolPorts":[7]}]'.encode("latin-1"),
+        f"{PREFIX}latin_protocols": '[{"protocolName":"Größe","protocolPorts":[7]}]'.encode(
+            "latin-1"
+        ),
         f"{PREFIX}object_protocols": b'{"protocolName":"Alone","protocolPorts":[7]}',
         f"{PREFIX}numbers_protocols": b"[1,2,3]",
         f"{PREFIX}fragment_protocols": b"80",
@@ -138,7 +143,9 @@ def odd_ones():
         "com_velloquin_zorvantine_lastRun": datetime.datetime(2019, 5, 17, 8, 30, 12),
         "com_velloquin_zorvantine_zoom": 1.25,
         "com_velloquin_zorvantine_recentFiles": ["morning.pcap", "Übertragung.pcapng"],
-        "com_velloquin_zorvantine_windowFrames": {"main": {"x": 40, "y": 60, "width": 1280, "height": 800}},
+        "com_velloquin_zorvantine_windowFrames": {
+            "main": {"x": 40, "y": 60, "width": 1280, "height": 800}
+        },
         "com_velloquin_zorvantine_serial": 2**53 + 1,
     }
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Reads the includes of every C++ file below a folder and reports those that run against the arrows.
+"""Reports the includes of the C++ files below a folder that run against the arrows.
 
     check_arrows.py ROOT
 
@@ -26,7 +26,10 @@ ROOMS = {
     "QEVLog": ("contracts/QEVLog", CONTRACT_BASE),
     "QEVKonstantsKeys": ("contracts/QEVKonstantsKeys", CONTRACT_BASE),
     "QEVCommonTools": ("contracts/QEVCommonTools", CONTRACT_BASE | {"QEVKonstantsKeys"}),
-    "QEVDependencies": ("contracts/QEVDependencies", {"QEVLog", "QEVKonstantsKeys", "QEVCommonTools"}),
+    "QEVDependencies": (
+        "contracts/QEVDependencies",
+        {"QEVLog", "QEVKonstantsKeys", "QEVCommonTools"},
+    ),
     "QEVModels": ("contracts/QEVModels", {"QEVDependencies"}),
     "QEVCoreComponents": ("contracts/QEVCoreComponents", {"QEVModels"}),
     "QEVSettings": ("QEVSettings", {"QEVCoreComponents"}),
@@ -38,8 +41,9 @@ ROOMS = {
 
 AT_TOP = None  # The files of a room that stand in none of its folders.
 
-# room: {a folder inside of it: the other folders inside of it that it may use}. Every folder may use itself and the
-# public headers, which may use only one another. A room that is not named here has no inner arrows.
+# room: {a folder inside of it: the other folders inside of it that it may use}. Every folder may
+# use itself and the public headers, which may use only one another. A room that is not named here
+# has no inner arrows.
 INNER = {
     "viewkit": {
         "support": set(),
@@ -73,7 +77,15 @@ INNER = {
         "history": {"commandline", "catalogue"},
         "preferences": {"catalogue", "history"},
         "pages": {"commandline", "services", "analyzers", "catalogue"},
-        "window": {"commandline", "process", "profiles", "catalogue", "history", "preferences", "pages"},
+        "window": {
+            "commandline",
+            "process",
+            "profiles",
+            "catalogue",
+            "history",
+            "preferences",
+            "pages",
+        },
         "commands": {
             "commandline",
             "analyzers",
@@ -101,7 +113,15 @@ OUTSIDE = {
     "qt": [POSIX, QT],
     "host": [POSIX, NETWORK, QT],
     "tests": [r".+"],
-    "benchmarks": [POSIX, QT, r"benchmark/.+", r"sqlite3\.h", r"gio/.+", r"nlohmann/.+", r"adwaita\.h"],
+    "benchmarks": [
+        POSIX,
+        QT,
+        r"benchmark/.+",
+        r"sqlite3\.h",
+        r"gio/.+",
+        r"nlohmann/.+",
+        r"adwaita\.h",
+    ],
     "fuzz": [POSIX, r"sqlite3\.h"],
 }
 # The public headers of these rooms may include none of that.
@@ -127,9 +147,7 @@ def reach(room):
 def room_of(path):
     """The room with the innermost folder that contains a path; None when there is none."""
     holding = [
-        (len(folder), room)
-        for room, (folder, _) in ROOMS.items()
-        if path.is_relative_to(folder)
+        (len(folder), room) for room, (folder, _) in ROOMS.items() if path.is_relative_to(folder)
     ]
     return max(holding)[1] if holding else None
 
@@ -214,7 +232,9 @@ def check_built(root, source):
 def sources_below(root):
     for folder, folders, files in os.walk(root):
         here = Path(folder).relative_to(root)
-        folders[:] = sorted(f for f in folders if not f.startswith(".") and here / f != Path("build"))
+        folders[:] = sorted(
+            f for f in folders if not f.startswith(".") and here / f != Path("build")
+        )
         yield from (here / f for f in sorted(files) if Path(f).suffix in SOURCE_ENDINGS)
 
 

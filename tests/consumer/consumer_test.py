@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Installs the library into a folder of its own, then configures, builds and runs projects that use it.
+"""Installs the library into a folder of its own, then builds and runs projects that use it.
 
     consumer_test.py BUILD SCRATCH CXX_COMPILER CXX_FLAGS COMPONENTS [QT_HOST OPEN_EXAMPLE]
 
-COMPONENTS are those to install, with commas between them; shared libraries are in `runtime`. QT_HOST is the folder of a
-project with a QApplication of its own, and OPEN_EXAMPLE the script that starts it; both are left out of a build without
-Qt.
+COMPONENTS are those to install, with commas between them; shared libraries are in `runtime`.
+QT_HOST is the folder of a project with a QApplication of its own, and OPEN_EXAMPLE the script that
+starts it; both are left out of a build without Qt.
 """
 
 import os
@@ -21,7 +21,9 @@ BUNDLES = ["QEVSettings_QEVSettings.bundle", "QEVCommonTools_QEVCommonTools.bund
 
 
 def run(*command, **options):
-    done = subprocess.run([str(word) for word in command], text=True, capture_output=True, **options)
+    done = subprocess.run(
+        [str(word) for word in command], text=True, capture_output=True, **options
+    )
     if done.returncode != 0:
         sys.exit(f"{command[0]} failed ({done.returncode}):\n{done.stdout}{done.stderr}")
     return done.stdout
@@ -33,8 +35,20 @@ def expect(condition, what):
 
 
 def build(source, folder, prefix, compiler, flags, *more):
-    run("cmake", "-S", source, "-B", folder, "-G", "Ninja", f"-DCMAKE_PREFIX_PATH={prefix}",
-        f"-DCMAKE_CXX_COMPILER={compiler}", f"-DCMAKE_CXX_FLAGS={flags}", "-DCMAKE_BUILD_TYPE=Debug", *more)
+    run(
+        "cmake",
+        "-S",
+        source,
+        "-B",
+        folder,
+        "-G",
+        "Ninja",
+        f"-DCMAKE_PREFIX_PATH={prefix}",
+        f"-DCMAKE_CXX_COMPILER={compiler}",
+        f"-DCMAKE_CXX_FLAGS={flags}",
+        "-DCMAKE_BUILD_TYPE=Debug",
+        *more,
+    )
     run("cmake", "--build", folder)
 
 
@@ -50,7 +64,12 @@ def check_program(program, scratch, environment):
 
 
 def main():
-    build_folder, scratch, compiler, flags = Path(sys.argv[1]), Path(sys.argv[2]), sys.argv[3], sys.argv[4]
+    build_folder, scratch, compiler, flags = (
+        Path(sys.argv[1]),
+        Path(sys.argv[2]),
+        sys.argv[3],
+        sys.argv[4],
+    )
     shutil.rmtree(scratch, ignore_errors=True)
     installed, moved, project = scratch / "installed", scratch / "moved", scratch / "project"
     environment = dict(os.environ, XDG_CONFIG_HOME=str(scratch / "config"), LC_ALL="C.UTF-8")
@@ -73,21 +92,30 @@ def main():
     # Without the module's bundle the program must stop rather than show half a window.
     for bundle in BUNDLES:
         shutil.rmtree(project / bundle)
-    stopped = subprocess.run([project / "consumer"], text=True, capture_output=True, cwd=scratch, env=environment)
+    stopped = subprocess.run(
+        [project / "consumer"], text=True, capture_output=True, cwd=scratch, env=environment
+    )
     expect(stopped.returncode != 0, "a failure without the bundle")
-    expect("unable to find bundle named QEVSettings_QEVSettings" in stopped.stderr, f"its reason, not:\n{stopped.stderr}")
+    expect(
+        "unable to find bundle named QEVSettings_QEVSettings" in stopped.stderr,
+        f"its reason, not:\n{stopped.stderr}",
+    )
 
     if len(sys.argv) > 6:
         host, open_example = Path(sys.argv[6]), Path(sys.argv[7])
         build(host, scratch / "qt_host", moved, compiler, flags)
         run(sys.executable, "-B", open_example, scratch / "qt_host" / "packet_viewer")
         plain = scratch / "plain_qt_host"
-        bundles = run("pkg-config", "--variable=bundlesdir", "QEVSettings", env=with_package).strip()
+        bundles = run(
+            "pkg-config", "--variable=bundlesdir", "QEVSettings", env=with_package
+        ).strip()
         shutil.copytree(bundles, plain)
         sources = [host / "main.cpp", host / "MainWindow.cpp"]
         packages = ["QEVSettingsQt", "Qt6Widgets"]
         # Qt demands code that does not depend on its position.
-        build_plainly(sources, plain / "packet_viewer", packages, compiler, flags + " -fPIC", with_package)
+        build_plainly(
+            sources, plain / "packet_viewer", packages, compiler, flags + " -fPIC", with_package
+        )
         run(sys.executable, "-B", open_example, plain / "packet_viewer")
     shutil.rmtree(scratch)
 

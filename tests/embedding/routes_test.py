@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Configures the Qt host with the library built from its sources, in one of the ways that CMake has for that.
+"""Builds the Qt host with the library's sources, in one of the ways that CMake has for that.
 
     routes_test.py ROUTE HOST SOURCE SCRATCH CXX_COMPILER LAUNCHER all|some OPEN_EXAMPLE
 
-ROUTE is add_subdirectory or FetchContent. With `all` the host is built and started, with `some` only one library, which
-shows that the project configures and compiles without the whole library being built again.
+ROUTE is add_subdirectory or FetchContent. With `all` the host is built and started. With `some`
+only one library is built, which shows that the project configures and compiles.
 """
 
 import subprocess
@@ -22,12 +22,31 @@ def run(*command):
 
 def main():
     route, host, source, scratch, compiler, launcher, extent, open_example = sys.argv[1:]
-    run("cmake", "-S", host, "-B", scratch, "-G", "Ninja", f"-DROUTE={route}", f"-DQEVSettings_SOURCE={source}",
-        f"-DCMAKE_CXX_COMPILER={compiler}", f"-DCMAKE_CXX_COMPILER_LAUNCHER={launcher}", "-DCMAKE_BUILD_TYPE=Debug",
-        "-DFETCHCONTENT_FULLY_DISCONNECTED=ON")
-    run("cmake", "--build", scratch, "--target", "packet_viewer" if extent == "all" else "QEVSettings_preferences")
+    run(
+        "cmake",
+        "-S",
+        host,
+        "-B",
+        scratch,
+        "-G",
+        "Ninja",
+        f"-DROUTE={route}",
+        f"-DQEVSettings_SOURCE={source}",
+        f"-DCMAKE_CXX_COMPILER={compiler}",
+        f"-DCMAKE_CXX_COMPILER_LAUNCHER={launcher}",
+        "-DCMAKE_BUILD_TYPE=Debug",
+        "-DFETCHCONTENT_FULLY_DISCONNECTED=ON",
+    )
+    run(
+        "cmake",
+        "--build",
+        scratch,
+        "--target",
+        "packet_viewer" if extent == "all" else "QEVSettings_preferences",
+    )
 
-    # The project around the library gets neither its tests nor its program, and decides about warnings itself.
+    # The project around the library gets neither its tests nor its program, and decides about
+    # warnings itself.
     targets = run("cmake", "--build", scratch, "--target", "help")
     for name in ["zorvantine", "qt_test"]:
         if f"{name}:" in targets.split():

@@ -18,7 +18,6 @@ import sqlite3
 import subprocess
 import sys
 import tempfile
-import time
 import unittest
 from pathlib import Path
 
@@ -71,7 +70,9 @@ def migrated_list(data):
         ports = record.get("protocolPorts")
         if not isinstance(ports, list):
             continue
-        are_numbers = all(isinstance(port, Number) and re.fullmatch("-?[0-9]+", port) for port in ports)
+        are_numbers = all(
+            isinstance(port, Number) and re.fullmatch("-?[0-9]+", port) for port in ports
+        )
         are_texts = all(isinstance(port, str) and not isinstance(port, Number) for port in ports)
         if are_numbers or are_texts:
             record["protocolPorts"] = ",".join(ports)
@@ -90,7 +91,9 @@ class CommandLine(unittest.TestCase):
         return [PROGRAM, "--store", str(self.store), *words]
 
     def run_host(self, *words, code=0, text=""):
-        done = subprocess.run(self.command(*words), input=text, capture_output=True, text=True, timeout=120)
+        done = subprocess.run(
+            self.command(*words), input=text, capture_output=True, text=True, timeout=120
+        )
         return output_of(self, done, code)
 
     def listed(self):
@@ -135,7 +138,10 @@ class CommandLine(unittest.TestCase):
         sides = [(change["key"], change["before"], change["after"]) for change in changes]
         b = {"x": [True, "y"]}
         self.assertEqual(sides, [("b", b, None), ("a", 1, "one"), ("b", None, b), ("a", None, 1)])
-        times = [datetime.datetime.fromisoformat(change["time"].replace("Z", "+00:00")) for change in changes]
+        times = [
+            datetime.datetime.fromisoformat(change["time"].replace("Z", "+00:00"))
+            for change in changes
+        ]
         self.assertEqual(times, sorted(times, reverse=True))
         self.assertGreater(times[-1], begin)
         version = self.run_host("--version").split()[-1]
@@ -160,7 +166,9 @@ class CommandLine(unittest.TestCase):
         moment = self.history()[-2]["time"]
         self.run_host("prefs", "undo", "--to", moment)
         self.assertEqual(self.listed(), {"a": {"type": "integer", "value": 2}})
-        self.assertIn("Undid 0 changes", self.run_host("prefs", "undo", "--to", "2900-01-01T00:00:00Z"))
+        self.assertIn(
+            "Undid 0 changes", self.run_host("prefs", "undo", "--to", "2900-01-01T00:00:00Z")
+        )
 
     def test_undo_is_all_or_nothing(self):
         self.run_host("prefs", "set", "large", "--string", "x" * 70_000)
@@ -171,8 +179,17 @@ class CommandLine(unittest.TestCase):
         before = self.listed()
         self.assertIn("“large” cannot be put back", self.run_host("prefs", "undo", "2", code=3))
         self.assertIn("no more than 3 changes", self.run_host("prefs", "undo", "4", code=3))
-        self.assertIn("does not reach back", self.run_host("prefs", "undo", "--to", "2020-01-01T00:00:00Z", code=3))
-        for words in (["0"], ["1001"], ["x"], ["--to", "yesterday"], ["1", "--to", "2026-01-01T00:00:00Z"]):
+        self.assertIn(
+            "does not reach back",
+            self.run_host("prefs", "undo", "--to", "2020-01-01T00:00:00Z", code=3),
+        )
+        for words in (
+            ["0"],
+            ["1001"],
+            ["x"],
+            ["--to", "yesterday"],
+            ["1", "--to", "2026-01-01T00:00:00Z"],
+        ):
             self.run_host("prefs", "undo", *words, code=2)
         self.assertEqual(self.listed(), before)
 
@@ -247,7 +264,9 @@ class CommandLine(unittest.TestCase):
         for mode in (0o755, 0o770, 0o701):
             folder.chmod(mode)
             environment = os.environ | {"XDG_CONFIG_HOME": str(folder.parent)}
-            subprocess.run([PROGRAM, "prefs", "set", "key", "--int", "1"], env=environment, check=True)
+            subprocess.run(
+                [PROGRAM, "prefs", "set", "key", "--int", "1"], env=environment, check=True
+            )
             self.assertEqual(oct(folder.stat().st_mode & 0o777), "0o700")
 
     def files(self):
@@ -259,8 +278,14 @@ class CommandLine(unittest.TestCase):
 
     def reading(self):
         exported = str(self.folder / "no" / "such" / "folder")
-        return [["prefs", "list"], ["prefs", "get", "key"], ["prefs", "export", exported], ["analyzers"],
-                ["find", "dns"], ["describe"]]
+        return [
+            ["prefs", "list"],
+            ["prefs", "get", "key"],
+            ["prefs", "export", exported],
+            ["analyzers"],
+            ["find", "dns"],
+            ["describe"],
+        ]
 
     def test_commands_refuse_a_file_that_is_no_store_and_leave_it_alone(self):
         database = self.folder / "other.sqlite"
@@ -274,8 +299,15 @@ class CommandLine(unittest.TestCase):
             file.chmod(0o644)
             self.store = file
             before = self.files()
-            writing = [["set", "key", "--int", "1"], ["delete", "key"], ["import", SAMPLE], ["migrate"]]
-            for words in self.reading() + [["prefs", *words] for words in writing] + [["prefs", "watch"]]:
+            writing = [
+                ["set", "key", "--int", "1"],
+                ["delete", "key"],
+                ["import", SAMPLE],
+                ["migrate"],
+            ]
+            for words in (
+                self.reading() + [["prefs", *words] for words in writing] + [["prefs", "watch"]]
+            ):
                 self.assertIn(file.name, self.run_host(*words, code=3))
                 self.assertEqual(self.files(), before, words)
             done = subprocess.run(self.command("prefs", "verify"), capture_output=True, text=True)
@@ -298,14 +330,23 @@ class CommandLine(unittest.TestCase):
                 self.assertTrue(line.startswith("zorvantine: "), line)
             self.assertEqual(self.files(), damaged, words)
         self.assertEqual(len(openings), 1, openings)
-        done = subprocess.run(self.command("prefs", "delete", "key"), capture_output=True, text=True)
+        done = subprocess.run(
+            self.command("prefs", "delete", "key"), capture_output=True, text=True
+        )
         self.assertEqual((done.returncode, len(done.stderr.splitlines())), (1, 2), done.stderr)
         self.assertEqual(self.run_host("prefs", "get", "mine"), "kept\n")
 
     def test_commands_that_read_leave_the_folder_as_it_is(self):
         self.run_host("prefs", "set", "key", "--string", "value")
         before = self.files()
-        for words in (["prefs", "list"], ["prefs", "get", "key"], ["prefs", "verify"], ["analyzers"], ["find", "dns"], ["describe"]):
+        for words in (
+            ["prefs", "list"],
+            ["prefs", "get", "key"],
+            ["prefs", "verify"],
+            ["analyzers"],
+            ["find", "dns"],
+            ["describe"],
+        ):
             self.run_host(*words)
             self.assertEqual(self.files(), before, words)
 
@@ -323,7 +364,9 @@ class CommandLine(unittest.TestCase):
     @unittest.skipUnless(os.path.exists("/dev/full"), "no device that is full")
     def test_result_that_cannot_be_written_is_a_failure(self):
         with open("/dev/full", "w") as full:
-            done = subprocess.run(self.command("--help"), stdout=full, stderr=subprocess.PIPE, text=True)
+            done = subprocess.run(
+                self.command("--help"), stdout=full, stderr=subprocess.PIPE, text=True
+            )
         self.assertEqual(done.returncode, 3)
         self.assertRegex(done.stderr, r"\Azorvantine: [^\n]+\n\Z")
 
@@ -340,7 +383,11 @@ class CommandLine(unittest.TestCase):
         listed = self.listed()
         self.assertEqual(listed.pop("mine")["value"], "stays")
         self.assertEqual(
-            listed, {key: {"type": TYPES[type(value)], "value": plain(value)} for key, value in expected.items()}
+            listed,
+            {
+                key: {"type": TYPES[type(value)], "value": plain(value)}
+                for key, value in expected.items()
+            },
         )
 
     def test_import_of_an_older_release_is_as_if_its_store_had_been_migrated(self):
@@ -360,24 +407,38 @@ class CommandLine(unittest.TestCase):
         migrated = self.listed()
         self.assertEqual(imported, migrated)
         rewritten = sum(migrated[key] != value for key, value in before.items())
-        self.assertEqual(text, f"Imported {len(old)} keys, of which {rewritten} were brought up to date.\n")
+        self.assertEqual(
+            text, f"Imported {len(old)} keys, of which {rewritten} were brought up to date.\n"
+        )
 
     def test_import_goes_by_the_schema_of_the_list(self):
         color, ports = f"{PREFIX}a_color", f"{PREFIX}a_protocols"
         old = {color: b"\1\2\3", ports: b'[{"protocolPorts":[80]}]'}
         as_data = {"type": "data", "value": "AQID"}
         as_text = {"type": "string", "value": "AQID"}
-        for version, expected, are_text in [(None, as_text, True), (-1, as_text, True), (0, as_text, True),
-                                            (1, as_data, True), (2, as_data, False)]:
+        for version, expected, are_text in [
+            (None, as_text, True),
+            (-1, as_text, True),
+            (0, as_text, True),
+            (1, as_data, True),
+            (2, as_data, False),
+        ]:
             self.store = self.folder / f"schema {version}"
-            self.run_host("prefs", "import", self.plist(old if version is None else old | {VERSION_KEY: version}))
+            self.run_host(
+                "prefs",
+                "import",
+                self.plist(old if version is None else old | {VERSION_KEY: version}),
+            )
             listed = self.listed()
             self.assertNotIn(VERSION_KEY, listed)
             self.assertEqual(listed[color], expected, version)
             records = json.loads(base64.b64decode(listed[ports]["value"]))
             self.assertEqual(records, [{"protocolPorts": "80" if are_text else [80]}], version)
         self.store = self.folder / "newer list"
-        self.assertIn("schema 3", self.run_host("prefs", "import", self.plist({VERSION_KEY: 3, "key": 1}), code=3))
+        self.assertIn(
+            "schema 3",
+            self.run_host("prefs", "import", self.plist({VERSION_KEY: 3, "key": 1}), code=3),
+        )
         self.assertEqual(self.listed(), {})
         self.run_host("prefs", "set", VERSION_KEY, "--int", "3")
         self.assertIn("schema 3", self.run_host("prefs", "import", self.plist({"key": 1}), code=3))
@@ -386,7 +447,11 @@ class CommandLine(unittest.TestCase):
     def test_verification_names_keys_in_the_form_of_an_older_release(self):
         names = [f"{PREFIX}a_color", f"{PREFIX}b_protocols"]
         ports = base64.b64encode(b'[{"protocolPorts":[80]}]').decode()
-        for version, hint in (("0", "next start"), ("1", "run “zorvantine"), ("2", "run “zorvantine")):
+        for version, hint in (
+            ("0", "next start"),
+            ("1", "run “zorvantine"),
+            ("2", "run “zorvantine"),
+        ):
             self.run_host("prefs", "set", names[0], "--data", "AQID")
             self.run_host("prefs", "set", names[1], "--data", ports)
             self.run_host("prefs", "set", VERSION_KEY, "--int", version)
@@ -401,7 +466,11 @@ class CommandLine(unittest.TestCase):
 
     def test_import_is_all_or_nothing(self):
         self.run_host("prefs", "set", "mine", "--string", "stays")
-        for name, contents in [("missing", None), ("no list", b"settings"), ("half", Path(SAMPLE).read_bytes()[:-40])]:
+        for name, contents in [
+            ("missing", None),
+            ("no list", b"settings"),
+            ("half", Path(SAMPLE).read_bytes()[:-40]),
+        ]:
             file = self.folder / name
             if contents is not None:
                 file.write_bytes(contents)
@@ -436,7 +505,10 @@ class CommandLine(unittest.TestCase):
             ('{"key": {"type": "array", "value": {}}}', "not of the type array"),
             ('{"key": {"type": "data", "value": "A"}}', "not base64"),
             ('{"key": {"type": "real", "value": "far"}}', "not a real number"),
-            ('{"good": {"type": "integer", "value": 1}, "key": {"type": "array", "value": [null]}}', "null"),
+            (
+                '{"good": {"type": "integer", "value": 1}, "key": {"type": "array", "value": [null]}}',
+                "null",
+            ),
         ]:
             message = self.run_host("prefs", "import", "-", text=text, code=3)
             self.assertTrue(message.startswith("zorvantine: standard input: "), message)
@@ -449,11 +521,18 @@ class CommandLine(unittest.TestCase):
         for form in ("xml", "binary"):
             self.run_host("prefs", "export", str(target), "--format", form)
             done = subprocess.run(
-                self.command("prefs", "export", "-", "--format", form), capture_output=True, check=True
+                self.command("prefs", "export", "-", "--format", form),
+                capture_output=True,
+                check=True,
             )
             self.assertEqual(done.stdout, target.read_bytes())
             self.store = self.folder / f"{form}.sqlite"
-            subprocess.run(self.command("prefs", "import", "-"), input=done.stdout, capture_output=True, check=True)
+            subprocess.run(
+                self.command("prefs", "import", "-"),
+                input=done.stdout,
+                capture_output=True,
+                check=True,
+            )
             self.assertGreater(len(self.listed()), 20)
             self.store = self.folder / "store.sqlite"
         self.assertFalse((self.folder / "-").exists())
@@ -497,11 +576,17 @@ class CommandLine(unittest.TestCase):
             lists += 1
             self.assertEqual(after[key]["type"], "data")
             written = base64.b64decode(after[key]["value"])
-            self.assertEqual(json.loads(written, parse_int=Number, parse_float=Number), expected, key)
+            self.assertEqual(
+                json.loads(written, parse_int=Number, parse_float=Number), expected, key
+            )
         self.assertGreaterEqual(colors, 24)
-        self.assertIn(f"prefs migration v1: rewrote {colors} color key(s) from Data to base64 String", done.stderr)
         self.assertIn(
-            f"prefs migration v2: rewrote protocolPorts from array to String in {lists} protocol list(s)", done.stderr
+            f"prefs migration v1: rewrote {colors} color key(s) from Data to base64 String",
+            done.stderr,
+        )
+        self.assertIn(
+            f"prefs migration v2: rewrote protocolPorts from array to String in {lists} protocol list(s)",
+            done.stderr,
         )
         self.assertLess(done.stderr.index("v1:"), done.stderr.index("v2:"))
 
@@ -511,7 +596,9 @@ class CommandLine(unittest.TestCase):
     def test_watch_prints_each_change_until_interrupted(self):
         self.run_host("prefs", "set", "started", "--int", "-1")
         for stop in (signal.SIGINT, signal.SIGTERM):
-            watcher = subprocess.Popen(self.command("prefs", "watch"), stdout=subprocess.PIPE, text=True)
+            watcher = subprocess.Popen(
+                self.command("prefs", "watch"), stdout=subprocess.PIPE, text=True
+            )
             self.addCleanup(watcher.stdout.close)
             try:
                 # The first changes may be made before the watcher observes the store.
@@ -523,9 +610,12 @@ class CommandLine(unittest.TestCase):
                         break
                 self.assertRegex(line, r"\Astarted +integer +[0-9]+\n\Z")
                 os.set_blocking(watcher.stdout.fileno(), True)
-                # The watcher takes changes over in turns. It reports one change of a key for each turn, and none when
-                # the value is as before, so each change is awaited.
-                changes = (["set", "key", "--string", "one\ntwo"], "key  string"), (["delete", "key"], "key  removed")
+                # The watcher takes changes over in turns. It reports one change of a key for each
+                # turn, and none when the value is as before, so each change is awaited.
+                changes = (["set", "key", "--string", "one\ntwo"], "key  string"), (
+                    ["delete", "key"],
+                    "key  removed",
+                )
                 for change, beginning in changes:
                     self.run_host("prefs", *change)
                     line = ""
@@ -541,7 +631,9 @@ class CommandLine(unittest.TestCase):
     def test_watch_prints_the_named_keys_as_json(self):
         self.run_host("prefs", "set", "started", "--int", "0")
         watcher = subprocess.Popen(
-            self.command("prefs", "watch", "--format", "json", "started", "key"), stdout=subprocess.PIPE, text=True
+            self.command("prefs", "watch", "--format", "json", "started", "key"),
+            stdout=subprocess.PIPE,
+            text=True,
         )
         self.addCleanup(watcher.stdout.close)
         try:
@@ -568,7 +660,10 @@ class CommandLine(unittest.TestCase):
 
     def test_analyzers_show_their_defaults_and_what_is_stored(self):
         self.run_host("prefs", "set", f"{PREFIX}tcp_checksums", "--bool", "true")
-        analyzers = {analyzer["title"]: analyzer for analyzer in json.loads(self.run_host("analyzers", "--format", "json"))}
+        analyzers = {
+            analyzer["title"]: analyzer
+            for analyzer in json.loads(self.run_host("analyzers", "--format", "json"))
+        }
         option = next(o for o in analyzers["TCP"]["options"] if o["label"] == "Compute checksums")
         self.assertEqual((option["default"], option["value"]), (False, True))
         self.assertEqual(
@@ -584,13 +679,21 @@ class CommandLine(unittest.TestCase):
         found = json.loads(self.run_host("find", "5353", "--format", "json"))
         self.assertEqual(
             found[0],
-            {"title": "Multicast DNS", "tab": "analyze", "analyzer": "DNS", "key": f"{PREFIX}dns_protocols"},
+            {
+                "title": "Multicast DNS",
+                "tab": "analyze",
+                "analyzer": "DNS",
+                "key": f"{PREFIX}dns_protocols",
+            },
         )
         self.assertIn({"title": "DNS", "tab": "analyze", "analyzer": "DNS", "key": None}, found)
         capture = json.loads(self.run_host("find", "CAPTURE", "--format", "json"))[0]
-        self.assertEqual(capture, {"title": "Capture", "tab": "capture", "analyzer": None, "key": None})
         self.assertEqual(
-            self.run_host("find", "Checksums", "tcp"), f"Compute checksums  Analyzer › TCP  {PREFIX}tcp_checksums\n"
+            capture, {"title": "Capture", "tab": "capture", "analyzer": None, "key": None}
+        )
+        self.assertEqual(
+            self.run_host("find", "Checksums", "tcp"),
+            f"Compute checksums  Analyzer › TCP  {PREFIX}tcp_checksums\n",
         )
         changed = json.loads(self.run_host("find", "is:changed", "--format", "json"))
         self.assertEqual([each["key"] for each in changed], [f"{PREFIX}tcp_checksums"])
@@ -599,7 +702,9 @@ class CommandLine(unittest.TestCase):
             self.assertIn(each["tab"], ("general", "capture", "proxy", "analyze", "appearance"))
             if each["key"] is not None:
                 self.assertIn(each["key"], described)
-        nothing = subprocess.run(self.command("find", "zebra", "--format", "json"), capture_output=True, text=True)
+        nothing = subprocess.run(
+            self.command("find", "zebra", "--format", "json"), capture_output=True, text=True
+        )
         self.assertEqual((nothing.returncode, json.loads(nothing.stdout)), (1, []))
         self.assertRegex(nothing.stderr, r"\Azorvantine: no setting has “zebra”[^\n]*\n\Z")
         self.run_host("find", code=2)
@@ -607,24 +712,41 @@ class CommandLine(unittest.TestCase):
     def test_help_on_a_command_describes_that_command_alone(self):
         text = self.run_host("prefs", "set", "--help")
         self.assertEqual(text, self.run_host("help", "prefs", "set"))
-        self.assertIn("Usage: zorvantine prefs set KEY [VALUE] [(--string|--int", " ".join(text.split()))
+        self.assertIn(
+            "Usage: zorvantine prefs set KEY [VALUE] [(--string|--int", " ".join(text.split())
+        )
         self.assertIn("base64", text)
         self.assertNotIn("prefs get", text)
         group = self.run_host("prefs", "--help")
-        for name in ("list", "get", "set", "delete", "import", "export", "migrate", "watch", "verify"):
+        for name in (
+            "list",
+            "get",
+            "set",
+            "delete",
+            "import",
+            "export",
+            "migrate",
+            "watch",
+            "verify",
+        ):
             self.assertIn(f"Usage: zorvantine prefs {name}", group)
         self.run_host("frobnicate", "--help", code=2)
         self.assertLessEqual(max(map(len, self.run_host("--help").splitlines())), 80)
 
     def test_ports_are_put_in_order(self):
         done = subprocess.run(
-            self.command("ports", "validate", "90000; 443,80 80", "--format", "json"), capture_output=True, text=True
+            self.command("ports", "validate", "90000; 443,80 80", "--format", "json"),
+            capture_output=True,
+            text=True,
         )
         self.assertEqual(done.returncode, 1)
         self.assertRegex(done.stderr, r"\Azorvantine: [^\n]+ left out[^\n]*\n\Z")
         result = json.loads(done.stdout)
         self.assertEqual(result["ports"], "80,443")
-        self.assertEqual([correction["kind"] for correction in result["corrections"]], ["outOfRange", "duplicate"])
+        self.assertEqual(
+            [correction["kind"] for correction in result["corrections"]],
+            ["outOfRange", "duplicate"],
+        )
         lines = self.run_host("ports", "validate", "-", text="8010-8000\n").splitlines()
         self.assertEqual(lines[0], "8000-8010")
         self.assertEqual(len(lines), 2)

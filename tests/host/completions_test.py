@@ -24,7 +24,8 @@ _zorvantine
 printf '%s\\n' "${COMPREPLY[@]}"
 """
 
-# The functions of zsh that add a completion work only in its line editor, so the test replaces them.
+# The functions of zsh that add a completion work only in its line editor, so the test replaces
+# them.
 ZSH = """
 compadd() { if [[ $2 == ${words[CURRENT]}* ]]; then print -r -- "$2"; fi }
 _files() { print -rl -- ${words[CURRENT]}*(N) }
@@ -34,7 +35,7 @@ source "$0"
 _zorvantine
 """
 
-FISH = "source $argv[1]; complete -C \"$argv[2]\""
+FISH = 'source $argv[1]; complete -C "$argv[2]"'
 
 
 class Completions(unittest.TestCase):
@@ -47,12 +48,20 @@ class Completions(unittest.TestCase):
             "XDG_CONFIG_HOME": scratch.name,
             "PATH": f"{PROGRAM.parent}:{os.environ['PATH']}",
         }
-        for store, key in ((["--store", "other.sqlite"], "other_key"), ([], "first_key"), ([], "second_key")):
-            self.run_in(self.folder, [PROGRAM, *store, "prefs", "set", key, "--string", "two words"])
+        for store, key in (
+            (["--store", "other.sqlite"], "other_key"),
+            ([], "first_key"),
+            ([], "second_key"),
+        ):
+            self.run_in(
+                self.folder, [PROGRAM, *store, "prefs", "set", key, "--string", "two words"]
+            )
         (self.folder / "list.plist").touch()
 
     def run_in(self, folder, command):
-        done = subprocess.run(command, cwd=folder, env=self.environment, capture_output=True, text=True, timeout=120)
+        done = subprocess.run(
+            command, cwd=folder, env=self.environment, capture_output=True, text=True, timeout=120
+        )
         self.assertEqual((done.returncode, done.stderr), (0, ""), command)
         return done.stdout
 
@@ -81,10 +90,16 @@ class Completions(unittest.TestCase):
             (["prefs", "set", "--d"], {"--data", "--date"}),
             (["prefs", "list", "--analyzers", ""], set()),
             (["prefs", "get", "f"], {"first_key"}),
-            (["prefs", "get", "com_velloquin_zorvantine_capture_b"], {"com_velloquin_zorvantine_capture_bufferSize"}),
+            (
+                ["prefs", "get", "com_velloquin_zorvantine_capture_b"],
+                {"com_velloquin_zorvantine_capture_bufferSize"},
+            ),
             (["--store", "other.sqlite", "prefs", "delete", "o"], {"other_key"}),
             (["prefs", "set", "com_velloquin_zorvantine_appearanceUseSystem", "t"], {"true"}),
-            (["prefs", "set", "com_velloquin_zorvantine_appearanceName", "NSAppearanceNameD"], {"NSAppearanceNameDarkAqua"}),
+            (
+                ["prefs", "set", "com_velloquin_zorvantine_appearanceName", "NSAppearanceNameD"],
+                {"NSAppearanceNameDarkAqua"},
+            ),
             (["prefs", "diff", "sta"], {"standard"}),
             (["--profile", "s"], {"standard"}),
             (["prefs", "import", "li"], {"list.plist"}),
@@ -100,7 +115,11 @@ class Completions(unittest.TestCase):
 
     def test_each_shell_knows_every_command_of_the_help(self):
         text = self.run_in(self.folder, [PROGRAM, "--help"])
-        commands = {line.split()[0] for line in text.splitlines() if line.startswith("  ") and line[2:3].islower()}
+        commands = {
+            line.split()[0]
+            for line in text.splitlines()
+            if line.startswith("  ") and line[2:3].islower()
+        }
         self.assertGreater(len(commands), 5)
         for shell in ("bash", "zsh", "fish"):
             self.assertLessEqual(commands, self.completed(shell, [""]), shell)

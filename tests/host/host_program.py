@@ -3,7 +3,7 @@
 
 
 def output_of(test, done, code=0):
-    """The output of a run that ended with this code; of a failure, its one line on standard error."""
+    """The output of a run that ended with this code, or a failed run's line of standard error."""
     test.assertEqual(done.returncode, code, done.stderr)
     if code == 0:
         return done.stdout

@@ -23,7 +23,8 @@ class InstalledTree(unittest.TestCase):
         installed, cls.tree = SCRATCH / "installed", SCRATCH / "moved"
         subprocess.run(
             ["cmake", "--install", BUILD, "--prefix", installed, "--component", "runtime"],
-            check=True, capture_output=True,
+            check=True,
+            capture_output=True,
         )
         installed.rename(cls.tree)
         cls.program = cls.tree / BINARIES / "zorvantine"
@@ -33,9 +34,18 @@ class InstalledTree(unittest.TestCase):
         shutil.rmtree(SCRATCH)
 
     def run_host(self, program, *words, code=0):
-        environment = os.environ | {"XDG_CONFIG_HOME": str(SCRATCH / "config"), "LC_ALL": "C.UTF-8", "LANGUAGE": "de"}
+        environment = os.environ | {
+            "XDG_CONFIG_HOME": str(SCRATCH / "config"),
+            "LC_ALL": "C.UTF-8",
+            "LANGUAGE": "de",
+        }
         done = subprocess.run(
-            [program, *words], env=environment, cwd=SCRATCH, capture_output=True, text=True, timeout=120
+            [program, *words],
+            env=environment,
+            cwd=SCRATCH,
+            capture_output=True,
+            text=True,
+            timeout=120,
         )
         self.assertEqual(done.returncode, code, done.stderr)
         return done.stdout if code == 0 else done.stderr
@@ -45,7 +55,9 @@ class InstalledTree(unittest.TestCase):
         return (SCRATCH / name / "general.png").read_bytes()
 
     def test_program_of_the_shell_does_not_link_qt(self):
-        libraries = subprocess.run(["ldd", self.program], check=True, capture_output=True, text=True).stdout
+        libraries = subprocess.run(
+            ["ldd", self.program], check=True, capture_output=True, text=True
+        ).stdout
         self.assertIn("libsqlite3", libraries)
         unwanted = ["libQt6", "libicu", "libsodium"]
         if "libasan" not in libraries:  # which brings the standard library with it
@@ -73,7 +85,9 @@ class InstalledTree(unittest.TestCase):
                 ("pages", ["analyzers"]),
             ):
                 message = self.run_host(self.program, *words, code=3)
-                self.assertRegex(message, rf"\Azorvantine: [^\n]*/zorvantine-{name} [^\n]*install[^\n]*\n\Z")
+                self.assertRegex(
+                    message, rf"\Azorvantine: [^\n]*/zorvantine-{name} [^\n]*install[^\n]*\n\Z"
+                )
         finally:
             hidden.rename(programs)
 

@@ -38,11 +38,19 @@ class Settings(unittest.TestCase):
         }
 
     def run_host(self, *words, code=0, **variables):
-        done = subprocess.run([PROGRAM, *words], env=self.environment | variables, capture_output=True, text=True, timeout=120)
+        done = subprocess.run(
+            [PROGRAM, *words],
+            env=self.environment | variables,
+            capture_output=True,
+            text=True,
+            timeout=120,
+        )
         return output_of(self, done, code)
 
     def described(self, *words):
-        return json.loads(self.run_host(*words[:-1], "prefs", "describe", words[-1], "--format", "json"))[words[-1]]
+        return json.loads(
+            self.run_host(*words[:-1], "prefs", "describe", words[-1], "--format", "json")
+        )[words[-1]]
 
     def administer(self, name, text):
         file = self.system / "zorvantine" / name
@@ -72,7 +80,10 @@ class Settings(unittest.TestCase):
         self.assertEqual(self.run_host("prefs", "get", BUFFER, "--default"), "16\n")
         self.assertEqual(self.run_host("prefs", "get", BUFFER, "--origin"), "user\n")
         self.assertEqual(self.run_host("--set", BUFFER + "=64", "prefs", "get", BUFFER), "64\n")
-        self.assertEqual(self.run_host("prefs", "get", BUFFER, "--origin", "--set", BUFFER + "=64"), "command-line\n")
+        self.assertEqual(
+            self.run_host("prefs", "get", BUFFER, "--origin", "--set", BUFFER + "=64"),
+            "command-line\n",
+        )
         self.assertEqual(self.run_host("prefs", "get", USE_SYSTEM, "--origin"), "default\n")
         self.run_host("prefs", "get", "unknown", code=1)
         self.assertIn("1 to 1024", self.run_host("--set", BUFFER + "=0", "prefs", "list", code=2))
@@ -88,18 +99,32 @@ class Settings(unittest.TestCase):
             (DNS + "protocols", "AP8=", "a list of protocols"),
         ):
             self.assertIn(message, self.run_host("prefs", "set", key, text, code=2))
-        self.assertIn("from 1 to 1024", self.run_host("prefs", "set", BUFFER, "--string", "banana", code=2))
+        self.assertIn(
+            "from 1 to 1024", self.run_host("prefs", "set", BUFFER, "--string", "banana", code=2)
+        )
         self.assertIn("did you mean", self.run_host("prefs", "set", BUFFER + "s", "3", code=1))
         self.assertEqual(self.run_host("prefs", "list"), "")
         self.run_host("prefs", "set", BUFFER, "--string", "banana", "--force")
         self.assertIn("from 1 to 1024", self.run_host("prefs", "verify"))
-        for words, note in ((["a key of nobody"], ""), ([BUFFER + "s"], f"“{BUFFER}”"), ([BUFFER + "s", "--force"], "")):
+        for words, note in (
+            (["a key of nobody"], ""),
+            ([BUFFER + "s"], f"“{BUFFER}”"),
+            ([BUFFER + "s", "--force"], ""),
+        ):
             done = subprocess.run(
-                [PROGRAM, "prefs", "set", *words, "--int", "3"], env=self.environment, capture_output=True, text=True
+                [PROGRAM, "prefs", "set", *words, "--int", "3"],
+                env=self.environment,
+                capture_output=True,
+                text=True,
             )
             self.assertEqual((done.returncode, bool(done.stderr)), (0, bool(note)))
             self.assertIn(note, done.stderr)
-        self.run_host("prefs", "set", DNS + "protocols", '[{"protocolName":"D","protocolPorts":"54","sourceProtocol":3}]')
+        self.run_host(
+            "prefs",
+            "set",
+            DNS + "protocols",
+            '[{"protocolName":"D","protocolPorts":"54","sourceProtocol":3}]',
+        )
         # The form of an older release, which the migration brings up to date.
         self.run_host("prefs", "set", DNS + "color", "--data", "AQID")
         self.run_host("prefs", "set", BUFFER, code=2)
@@ -133,7 +158,9 @@ class Settings(unittest.TestCase):
             kept = Path(error.rsplit(" ", 1)[1].strip())
             self.assertTrue(kept.exists())
         self.assertEqual(self.run_host("prefs", "get", BUFFER), "32\n")
-        edited = self.run_host("prefs", "edit", EDITOR=f"sed -i -e 's/32/33/' -e 's/}},$/}}/' -e '/{USE_SYSTEM}/d'")
+        edited = self.run_host(
+            "prefs", "edit", EDITOR=f"sed -i -e 's/32/33/' -e 's/}},$/}}/' -e '/{USE_SYSTEM}/d'"
+        )
         self.assertEqual(edited, "Changed 2 keys.\n")
         self.assertEqual(self.run_host("prefs", "get", BUFFER), "33\n")
         self.assertEqual(self.run_host("prefs", "get", USE_SYSTEM, "--origin"), "default\n")
@@ -145,13 +172,25 @@ class Settings(unittest.TestCase):
         self.assertEqual(self.described(USE_SYSTEM)["origin"], "administrator")
         self.administer("locks.d/1.json", json.dumps({BUFFER: 64}))
         locked = self.described("--set", BUFFER + "=8", BUFFER)
-        self.assertEqual((locked["value"], locked["origin"], locked["locked"]), (64, "locked", True))
+        self.assertEqual(
+            (locked["value"], locked["origin"], locked["locked"]), (64, "locked", True)
+        )
         exported = self.folder / "list.plist"
         self.run_host("prefs", "export", str(exported))
-        for words in (["set", BUFFER, "16"], ["set", BUFFER, "--int", "16", "--force"], ["delete", BUFFER], ["reset", BUFFER]):
+        for words in (
+            ["set", BUFFER, "16"],
+            ["set", BUFFER, "--int", "16", "--force"],
+            ["delete", BUFFER],
+            ["reset", BUFFER],
+        ):
             self.assertIn("managed by your organization", self.run_host("prefs", *words, code=3))
-        self.assertIn("managed by", self.run_host("prefs", "edit", code=3, EDITOR="sed -i s/32/33/"))
-        self.assertIn(f"Left out what your organization manages: {BUFFER}", self.run_host("prefs", "import", str(exported)))
+        self.assertIn(
+            "managed by", self.run_host("prefs", "edit", code=3, EDITOR="sed -i s/32/33/")
+        )
+        self.assertIn(
+            f"Left out what your organization manages: {BUFFER}",
+            self.run_host("prefs", "import", str(exported)),
+        )
         self.assertIn("left 1", self.run_host("prefs", "reset", "--all"))
         self.administer("locks.d/1.json", "{}")
         self.assertEqual(self.run_host("prefs", "get", BUFFER), "32\n")
@@ -159,11 +198,15 @@ class Settings(unittest.TestCase):
     @unittest.skipUnless(IS_ROOT, "only root can make administrators' files")
     def test_broken_file_is_one_line_and_changes_are_told_while_a_process_watches(self):
         self.administer("locks.d/1.json", "{")
-        done = subprocess.run([PROGRAM, "prefs", "get", BUFFER], env=self.environment, capture_output=True, text=True)
+        done = subprocess.run(
+            [PROGRAM, "prefs", "get", BUFFER], env=self.environment, capture_output=True, text=True
+        )
         self.assertEqual((done.returncode, done.stdout), (0, "16\n"))
         self.assertRegex(done.stderr, r"\Azorvantine: [^\n]*locks.d/1.json[^\n]*byte[^\n]*\n\Z")
         self.run_host("prefs", "migrate")
-        watch = subprocess.Popen([PROGRAM, "prefs", "watch"], env=self.environment, stdout=subprocess.PIPE, text=True)
+        watch = subprocess.Popen(
+            [PROGRAM, "prefs", "watch"], env=self.environment, stdout=subprocess.PIPE, text=True
+        )
         try:
             time.sleep(0.5)
             begun = time.monotonic()
@@ -179,7 +222,10 @@ class Settings(unittest.TestCase):
         self.run_host("prefs", "set", BUFFER, "32")
         self.run_host("profiles", "create", "Anlage Süd", "--from", "standard")
         self.run_host("profiles", "create", "büro")
-        self.assertEqual(json.loads(self.run_host("profiles", "list", "--format", "json")), ["standard", "Anlage Süd", "büro"])
+        self.assertEqual(
+            json.loads(self.run_host("profiles", "list", "--format", "json")),
+            ["standard", "Anlage Süd", "büro"],
+        )
         self.assertEqual(self.run_host("--profile", "Anlage Süd", "prefs", "get", BUFFER), "32\n")
         self.run_host("--profile", "Anlage Süd", "prefs", "set", BUFFER, "33")
         self.assertEqual(self.run_host("prefs", "get", BUFFER), "32\n")

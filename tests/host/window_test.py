@@ -20,8 +20,19 @@ from pathlib import Path
 
 PROGRAM = sys.argv[1]
 TABS = ["general", "capture", "proxy", "analyze", "appearance"]
-MEMBERS = {"kind", "role", "label", "value", "help", "note", "enabled", "selected", "visual", "frame",
-           "children"}
+MEMBERS = {
+    "kind",
+    "role",
+    "label",
+    "value",
+    "help",
+    "note",
+    "enabled",
+    "selected",
+    "visual",
+    "frame",
+    "children",
+}
 
 
 def pixels(picture):
@@ -42,7 +53,15 @@ class WindowCommands(unittest.TestCase):
         scratch = tempfile.TemporaryDirectory()
         self.addCleanup(scratch.cleanup)
         self.folder = Path(scratch.name)
-        hidden = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR", "LANGUAGE", "LC_ALL", "LC_MESSAGES"}
+        hidden = {
+            "DISPLAY",
+            "WAYLAND_DISPLAY",
+            "QT_QPA_PLATFORM",
+            "XDG_RUNTIME_DIR",
+            "LANGUAGE",
+            "LC_ALL",
+            "LC_MESSAGES",
+        }
         self.environment = {name: value for name, value in os.environ.items() if name not in hidden}
         self.environment["LANG"] = "C.UTF-8"
         self.run_host("prefs", "migrate")
@@ -63,18 +82,24 @@ class WindowCommands(unittest.TestCase):
         return done
 
     def described(self, tab, *words, **variables):
-        return json.loads(self.run_host("describe", "--tab", tab, "--format", "json", *words, **variables).stdout)
+        return json.loads(
+            self.run_host("describe", "--tab", tab, "--format", "json", *words, **variables).stdout
+        )
 
     def test_snapshot_draws_every_tab_as_large_as_the_page(self):
         for scale in (1, 2):
             target = self.folder / f"scale {scale}"
             done = self.run_host("snapshot", "--out", str(target), "--scale", str(scale))
             self.assertEqual((done.stdout, done.stderr), ("", ""))
-            self.assertEqual({picture.name for picture in target.iterdir()}, {f"{tab}.png" for tab in TABS})
+            self.assertEqual(
+                {picture.name for picture in target.iterdir()}, {f"{tab}.png" for tab in TABS}
+            )
         for tab in TABS:
             width, height = pixels(self.folder / "scale 1" / f"{tab}.png")
             self.assertEqual(width, 720)
-            self.assertEqual(pixels(self.folder / "scale 2" / f"{tab}.png"), (2 * width, 2 * height))
+            self.assertEqual(
+                pixels(self.folder / "scale 2" / f"{tab}.png"), (2 * width, 2 * height)
+            )
 
     def test_a_language_whose_letters_no_font_has_is_reported(self):
         fonts = self.folder / "fonts.conf"
@@ -82,12 +107,26 @@ class WindowCommands(unittest.TestCase):
             "<fontconfig><dir>/usr/share/fonts/truetype/dejavu</dir>"
             f"<cachedir>{self.folder}/cache</cachedir></fontconfig>"
         )
-        for language, package in (("ja", "fonts-noto-cjk"), ("zh-Hans", "fonts-noto-cjk"), ("de", None), ("ar", None)):
+        for language, package in (
+            ("ja", "fonts-noto-cjk"),
+            ("zh-Hans", "fonts-noto-cjk"),
+            ("de", None),
+            ("ar", None),
+        ):
             done = self.run_host(
-                "snapshot", "--out", "pictures", "--tab", "general", "--language", language, FONTCONFIG_FILE=str(fonts)
+                "snapshot",
+                "--out",
+                "pictures",
+                "--tab",
+                "general",
+                "--language",
+                language,
+                FONTCONFIG_FILE=str(fonts),
             )
             lines = done.stderr.splitlines()
-            self.assertEqual([package in line for line in lines], [True] if package else [], done.stderr)
+            self.assertEqual(
+                [package in line for line in lines], [True] if package else [], done.stderr
+            )
 
     def test_snapshot_refuses_what_it_cannot_do(self):
         (self.folder / "file").write_text("in the way")
@@ -112,23 +151,36 @@ class WindowCommands(unittest.TestCase):
             self.assertRegex(done.stderr, rf"\Azorvantine: [^\n]*{tab}\.png[^\n]*\n\Z")
         self.assertEqual((self.folder / "mine").read_text(), "kept")
         self.assertFalse((self.folder / "nowhere").exists())
-        self.assertEqual({picture.name for picture in pictures.iterdir()}, {"general.png", "capture.png"})
+        self.assertEqual(
+            {picture.name for picture in pictures.iterdir()}, {"general.png", "capture.png"}
+        )
 
     def test_commands_that_show_a_page_change_no_preference(self):
         self.run_host("prefs", "delete", "com_velloquin_zorvantine_prefs_schema_version")
         self.run_host("prefs", "set", "QEVAnalyzerSettingsSelectedIndex", "--int", "30")
         self.run_host("prefs", "set", "com_velloquin_qev_dns_color", "--data", "AQID")
         before = self.run_host("prefs", "list").stdout
-        for words in (["describe"], ["snapshot", "--out", str(self.folder / "pictures")], ["settings"]):
+        for words in (
+            ["describe"],
+            ["snapshot", "--out", str(self.folder / "pictures")],
+            ["settings"],
+        ):
             self.run_host(*words, "--tab", "analyze", "--analyzers", "3")
             self.assertEqual(self.run_host("prefs", "list").stdout, before, words)
 
     def test_description_escapes_stored_text(self):
-        names = [{"protocolName": "HTTP\x1b[2J\u009b\u202e", "protocolPorts": "80", "sourceProtocol": 0}]
+        names = [
+            {"protocolName": "HTTP\x1b[2J\u009b\u202e", "protocolPorts": "80", "sourceProtocol": 0}
+        ]
         protocols = base64.b64encode(json.dumps(names).encode()).decode()
         self.run_host("prefs", "set", "com_velloquin_qev_http_protocols", "--data", protocols)
-        titles = [analyzer["title"] for analyzer in json.loads(self.run_host("analyzers", "--format", "json").stdout)]
-        self.run_host("prefs", "set", "QEVAnalyzerSettingsSelectedIndex", "--int", str(titles.index("HTTP")))
+        titles = [
+            analyzer["title"]
+            for analyzer in json.loads(self.run_host("analyzers", "--format", "json").stdout)
+        ]
+        self.run_host(
+            "prefs", "set", "QEVAnalyzerSettingsSelectedIndex", "--int", str(titles.index("HTTP"))
+        )
         for words in (["describe", "--tab", "analyze"], ["analyzers"]):
             shown = self.run_host(*words).stdout
             self.assertIn("HTTP\\", shown)
@@ -140,7 +192,9 @@ class WindowCommands(unittest.TestCase):
             for node in nodes(page):
                 self.assertEqual(set(node), MEMBERS)
                 self.assertEqual(set(node["frame"]), {"x", "y", "width", "height"})
-            self.assertEqual(sum(node["enabled"] and node["role"] == "helpButton" for node in nodes(page)), 1)
+            self.assertEqual(
+                sum(node["enabled"] and node["role"] == "helpButton" for node in nodes(page)), 1
+            )
         labels = {node["label"] for node in nodes(self.described("general"))}
         text = self.run_host("describe", "--tab", "general").stdout
         for label in labels - {""}:
@@ -158,7 +212,9 @@ class WindowCommands(unittest.TestCase):
 
         def picture(*words):
             target = self.folder / "-".join(["picture", *words])
-            self.run_host("snapshot", "--out", str(target), "--tab", "general", *words, LANG="ar_EG.UTF-8")
+            self.run_host(
+                "snapshot", "--out", str(target), "--tab", "general", *words, LANG="ar_EG.UTF-8"
+            )
             return (target / "general.png").read_bytes()
 
         self.assertEqual(picture(), picture("--language", "ar"))
@@ -175,11 +231,17 @@ class WindowCommands(unittest.TestCase):
         def place(folder, general):
             tables = folder / "QEVSettings_QEVSettings.bundle" / "de.lproj"
             tables.mkdir(parents=True)
-            (tables / "Localizable.strings").write_text(f'"General" = "{general}";', encoding="utf-16")
+            (tables / "Localizable.strings").write_text(
+                f'"General" = "{general}";', encoding="utf-16"
+            )
 
         def title():
-            done = self.run_host("describe", "--format", "json", "--language", "de", program=program)
-            return next(each for each in nodes(json.loads(done.stdout)) if each["role"] == "tabList")["value"]
+            done = self.run_host(
+                "describe", "--format", "json", "--language", "de", program=program
+            )
+            return next(
+                each for each in nodes(json.loads(done.stdout)) if each["role"] == "tabList"
+            )["value"]
 
         stopped = self.run_host("describe", program=program, code=-signal.SIGABRT)
         self.assertIn("unable to find bundle named QEVSettings_QEVSettings\n", stopped.stderr)
@@ -193,9 +255,13 @@ class WindowCommands(unittest.TestCase):
             done = self.run_host("settings", **variables)
             self.assertRegex(done.stderr, r"\Azorvantine: no display [^\n]+\n\Z")
             pictures = self.folder / "zorvantine-settings"
-            self.assertEqual({picture.name for picture in pictures.iterdir()}, {f"{tab}.png" for tab in TABS})
+            self.assertEqual(
+                {picture.name for picture in pictures.iterdir()}, {f"{tab}.png" for tab in TABS}
+            )
             pictures.rename(self.folder / f"drawn {number}")
-        self.assertRegex(self.run_host("run", code=3).stderr, r"\Azorvantine: no display [^\n]+\n\Z")
+        self.assertRegex(
+            self.run_host("run", code=3).stderr, r"\Azorvantine: no display [^\n]+\n\Z"
+        )
 
     def test_window_stays_open_until_a_signal_closes_it(self):
         for words, signum in (
@@ -204,12 +270,16 @@ class WindowCommands(unittest.TestCase):
             (["run"], signal.SIGTERM),
         ):
             window = subprocess.Popen(
-                self.command(*words), stderr=subprocess.PIPE, env=self.environment | {"QT_QPA_PLATFORM": "offscreen"}
+                self.command(*words),
+                stderr=subprocess.PIPE,
+                env=self.environment | {"QT_QPA_PLATFORM": "offscreen"},
             )
             try:
                 # The process blocks the signals as soon as they close the window.
                 status = Path(f"/proc/{window.pid}/status")
-                while not int(status.read_text().split("SigBlk:")[1].split()[0], 16) & 1 << signum - 1:
+                while (
+                    not int(status.read_text().split("SigBlk:")[1].split()[0], 16) & 1 << signum - 1
+                ):
                     self.assertIsNone(window.poll(), "the window did not stay open")
                     time.sleep(0.01)
                 window.send_signal(signum)

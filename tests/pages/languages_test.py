@@ -17,8 +17,11 @@ from pathlib import Path
 
 LANGUAGES = ["de", "fr", "es", "ja", "zh-Hans", "ar"]
 TABS = ["general", "capture", "proxy", "analyze", "appearance"]
-BUNDLES = ["QEVSettings/resources/QEVSettings_QEVSettings.bundle", "host/resources",
-           "contracts/QEVCommonTools/resources/QEVCommonTools_QEVCommonTools.bundle"]
+BUNDLES = [
+    "QEVSettings/resources/QEVSettings_QEVSettings.bundle",
+    "host/resources",
+    "contracts/QEVCommonTools/resources/QEVCommonTools_QEVCommonTools.bundle",
+]
 APP = "com_velloquin_zorvantine_"
 # Shown as they are in every language.
 TRANSPORTS = {"TCP", "UDP", "UDP/TCP", "None"}
@@ -26,11 +29,22 @@ TRANSPORTS = {"TCP", "UDP", "UDP/TCP", "None"}
 
 def run(zorvantine, store, *arguments):
     folder = str(Path(store).parent)
-    environment = {"PATH": os.environ.get("PATH", ""), "LC_ALL": "C.UTF-8", "TZ": "UTC",
-                   "HOME": folder, "XDG_CONFIG_HOME": folder, "XDG_DATA_HOME": folder,
-                   "XDG_RUNTIME_DIR": folder}
-    result = subprocess.run([zorvantine, "--store", store, *arguments], env=environment,
-                            capture_output=True, text=True, check=False)
+    environment = {
+        "PATH": os.environ.get("PATH", ""),
+        "LC_ALL": "C.UTF-8",
+        "TZ": "UTC",
+        "HOME": folder,
+        "XDG_CONFIG_HOME": folder,
+        "XDG_DATA_HOME": folder,
+        "XDG_RUNTIME_DIR": folder,
+    }
+    result = subprocess.run(
+        [zorvantine, "--store", store, *arguments],
+        env=environment,
+        capture_output=True,
+        text=True,
+        check=False,
+    )
     if result.returncode != 0:
         sys.exit(f"{' '.join(arguments)}: {result.stderr}")
     return result.stdout
@@ -80,14 +94,31 @@ def walk(zorvantine, folder, language, count):
     run(zorvantine, store, "prefs", "set", APP + "prefTimezone", "--string", "Europe/Berlin")
     found = set()
     for tab in TABS:
-        page = run(zorvantine, store, "describe", "--tab", tab, "--language", language,
-                   "--format", "json")
+        page = run(
+            zorvantine, store, "describe", "--tab", tab, "--language", language, "--format", "json"
+        )
         found |= texts(json.loads(page))
     for index in range(count):
-        run(zorvantine, store, "prefs", "set", "QEVAnalyzerSettingsSelectedIndex", "--int",
-            str(index))
-        page = run(zorvantine, store, "describe", "--tab", "analyze", "--language", language,
-                   "--format", "json")
+        run(
+            zorvantine,
+            store,
+            "prefs",
+            "set",
+            "QEVAnalyzerSettingsSelectedIndex",
+            "--int",
+            str(index),
+        )
+        page = run(
+            zorvantine,
+            store,
+            "describe",
+            "--tab",
+            "analyze",
+            "--language",
+            language,
+            "--format",
+            "json",
+        )
         found |= texts(json.loads(page))
     return found
 
@@ -103,8 +134,7 @@ def main():
         store = str(Path(folder) / "list.store")
         run(zorvantine, store, "prefs", "set", APP + "proxy_enabled", "--bool", "true")
         analyzers = json.loads(run(zorvantine, store, "analyzers", "--format", "json"))
-        english = {text for text in walk(zorvantine, folder, "en", len(analyzers))
-                   if is_word(text)}
+        english = {text for text in walk(zorvantine, folder, "en", len(analyzers)) if is_word(text)}
         if len(english) < 100:
             sys.exit("the English pages show too few texts to compare")
         same = names(analyzers) | TRANSPORTS
@@ -116,7 +146,9 @@ def main():
             for text in sorted(shown & english):
                 is_data = text in same or text.split(" ")[0] in interfaces or text in meant
                 # Fonts, the time zone, and the addresses of this machine.
-                if not is_data and not text.startswith(("Sans ", "Monospace ", "Europe/", "\u2066")):
+                if not is_data and not text.startswith(
+                    ("Sans ", "Monospace ", "Europe/", "\u2066")
+                ):
                     failures.append(f"{language}: {text}")
     for failure in failures:
         print(failure)

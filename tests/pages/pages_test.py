@@ -30,8 +30,13 @@ SELECTED = "QEVAnalyzerSettingsSelectedIndex"
 
 def fonts(console):
     """Every font chosen, so that the machine's own do not matter."""
-    names = ["fontPacketTable", "fontProtocolDetails", "fontBaseProtocolStatistics",
-             "fontDataSourcesHead", "fontDataSourcesList"]
+    names = [
+        "fontPacketTable",
+        "fontProtocolDetails",
+        "fontBaseProtocolStatistics",
+        "fontDataSourcesHead",
+        "fontDataSourcesList",
+    ]
     text = {"family": "Sample Sans", "style": "Bold", "pointSize": 11.5}
     chosen = {APP + name: text for name in names}
     chosen[APP + "fontConsoleRaw"] = {"family": console, "style": "", "pointSize": 13.0}
@@ -45,8 +50,11 @@ def mode(uses_system, name):
 LIGHT = mode(False, "NSAppearanceNameAqua")
 DARK = mode(False, "NSAppearanceNameDarkAqua")
 AUTOMATIC = {APP + "appearanceUseSystem": True}
-UPDATES = {"sparkle_automaticallyChecks": True, "sparkle_automaticallyDownloads": True,
-           "sparkle_sendsSystemProfile": True}
+UPDATES = {
+    "sparkle_automaticallyChecks": True,
+    "sparkle_automaticallyDownloads": True,
+    "sparkle_sendsSystemProfile": True,
+}
 
 # A colour that was never chosen is a new one each time.
 COLOR = base64.b64encode(struct.pack("<4d", 1, 0.5, 0.25, 1)).decode()
@@ -59,12 +67,16 @@ def analyzer(index, name):
 # A golden file's name: the arguments of `describe`, the stored preferences.
 STATES = {
     "general-automatic": (["--tab", "general"], {**AUTOMATIC, **UPDATES}),
-    "general-light-updates-off": (["--tab", "general"],
-                                  {**LIGHT, "sparkle_automaticallyChecks": False}),
+    "general-light-updates-off": (
+        ["--tab", "general"],
+        {**LIGHT, "sparkle_automaticallyChecks": False},
+    ),
     "general-dark": (["--tab", "general"], {**DARK, **UPDATES}),
     "general-arabic": (["--tab", "general", "--language", "ar"], {**LIGHT, **UPDATES}),
-    "capture": (["--tab", "capture"], {APP + "capture_filter": "tcp port 443",
-                                       APP + "capture_usesRingOfFiles": True}),
+    "capture": (
+        ["--tab", "capture"],
+        {APP + "capture_filter": "tcp port 443", APP + "capture_usesRingOfFiles": True},
+    ),
     "proxy-off": (["--tab", "proxy"], {}),
     "proxy-on": (["--tab", "proxy"], {APP + "proxy_enabled": True}),
     "analyze-options": (["--tab", "analyze"], analyzer(0, "ethernet")),
@@ -145,14 +157,24 @@ def option_of(value):
 
 def describe(program, arguments, preferences):
     with tempfile.TemporaryDirectory() as folder:
-        environment = {"PATH": os.environ.get("PATH", ""), "LC_ALL": "C.UTF-8", "TZ": "UTC",
-                       "HOME": folder, "XDG_CONFIG_HOME": folder, "XDG_DATA_HOME": folder,
-                       "XDG_RUNTIME_DIR": folder}
+        environment = {
+            "PATH": os.environ.get("PATH", ""),
+            "LC_ALL": "C.UTF-8",
+            "TZ": "UTC",
+            "HOME": folder,
+            "XDG_CONFIG_HOME": folder,
+            "XDG_DATA_HOME": folder,
+            "XDG_RUNTIME_DIR": folder,
+        }
 
         def zorvantine(*command):
-            return subprocess.run([program, "--store", folder + "/preferences.sqlite", *command],
-                                  env=environment, check=True, capture_output=True,
-                                  encoding="utf-8").stdout
+            return subprocess.run(
+                [program, "--store", folder + "/preferences.sqlite", *command],
+                env=environment,
+                check=True,
+                capture_output=True,
+                encoding="utf-8",
+            ).stdout
 
         for key, value in {**TIME_ZONE, **preferences}.items():
             zorvantine("prefs", "set", key, *option_of(value))
@@ -176,8 +198,11 @@ def main():
         expected = golden.read_text(encoding="utf-8").splitlines() if golden.exists() else []
         if lines != expected:
             differs.add(name)
-            print("\n".join(difflib.unified_diff(expected, lines, f"{name}.txt", "the program",
-                                                 lineterm="")))
+            print(
+                "\n".join(
+                    difflib.unified_diff(expected, lines, f"{name}.txt", "the program", lineterm="")
+                )
+            )
     if differs and not writes:
         print("Where the change is meant, write the files anew with --write and read the diff.")
     return 1 if differs else 0

@@ -51,12 +51,18 @@ def finding(name, comment, with_example):
 
 def main():
     root = Path(sys.argv[1])
-    headers = [header for room in ("QEVSettings", "contracts", "platform")
-               for header in sorted((root / room).glob("**/include/**/*.hpp"))]
+    headers = [
+        header
+        for room in ("QEVSettings", "contracts", "platform")
+        for header in sorted((root / room).glob("**/include/**/*.hpp"))
+    ]
     types = [(header, *found) for header in headers for found in public_types(header)]
     with_example = {name for _, _, name, comment in types if has_example(comment)}
-    findings = [f"{header}:{number}: {missing}" for header, number, name, comment in types
-                if (missing := finding(name, comment, with_example))]
+    findings = [
+        f"{header}:{number}: {missing}"
+        for header, number, name, comment in types
+        if (missing := finding(name, comment, with_example))
+    ]
     if len(headers) < 50 or findings:
         sys.exit("\n".join([f"{len(headers)} public headers, {len(types)} types", *findings]))
 

@@ -18,10 +18,28 @@ def is_source(file):
 
 def main():
     root = Path(sys.argv[1])
-    rooms = [root / room for room in ("QEVSettings", "contracts", "platform", "host", "tests", "benchmarks", "fuzz",
-                                      "cmake", "docs", "scripts", ".github")]
-    sources = [file for room in rooms for file in sorted(room.rglob("*"))
-               if file.is_file() and is_source(file) and "__pycache__" not in file.parts]
+    rooms = [
+        root / room
+        for room in (
+            "QEVSettings",
+            "contracts",
+            "platform",
+            "host",
+            "tests",
+            "benchmarks",
+            "fuzz",
+            "cmake",
+            "docs",
+            "scripts",
+            ".github",
+        )
+    ]
+    sources = [
+        file
+        for room in rooms
+        for file in sorted(room.rglob("*"))
+        if file.is_file() and is_source(file) and "__pycache__" not in file.parts
+    ]
     missing = []
     for source in sources:
         first_lines = source.read_text(encoding="utf-8").splitlines()[:2]

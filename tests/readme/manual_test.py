@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Fails when `--help` names a command or an option that the manual page or the README leaves out or calls otherwise.
+"""Fails when the manual page or the README lacks a command or an option that `--help` names.
 
     manual_test.py PROGRAM MANUAL README
 """
@@ -12,8 +12,12 @@ from pathlib import Path
 
 
 def main():
-    text = subprocess.run([sys.argv[1], "--help"], capture_output=True, text=True, check=True).stdout
-    manual = re.sub(r"\\f[A-Z]", "", Path(sys.argv[2]).read_text(encoding="utf-8")).replace("\\-", "-")
+    text = subprocess.run(
+        [sys.argv[1], "--help"], capture_output=True, text=True, check=True
+    ).stdout
+    manual = re.sub(r"\\f[A-Z]", "", Path(sys.argv[2]).read_text(encoding="utf-8")).replace(
+        "\\-", "-"
+    )
     readme = Path(sys.argv[3]).read_text(encoding="utf-8")
 
     options = set(re.findall(r"--[a-z-]+", text))

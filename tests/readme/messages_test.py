@@ -26,11 +26,19 @@ def main():
         used |= {joined(match[1]) for match in re.finditer(rf"translated\(\s*{LITERALS}", text)}
         used |= {match[1] for match in re.finditer(rf"\.needs = {LITERAL}", text)}
         # A message that has a name, or is chosen between two.
-        used |= {joined(match[1]) for match in re.finditer(rf"[=?:]\s*{LITERALS}", text) if "%1" in joined(match[1])}
+        used |= {
+            joined(match[1])
+            for match in re.finditer(rf"[=?:]\s*{LITERALS}", text)
+            if "%1" in joined(match[1])
+        }
     table = (host / "resources/en.lproj/Localizable.strings").read_text(encoding="utf-8")
-    known = set(re.findall(rf"^{LITERAL} = ", table.split("/* Messages of the command line.")[1], re.M))
+    known = set(
+        re.findall(rf"^{LITERAL} = ", table.split("/* Messages of the command line.")[1], re.M)
+    )
     if len(used) < 50 or used != known:
-        sys.exit(f"not in the table: {sorted(used - known)}\nnot in the sources: {sorted(known - used)}")
+        sys.exit(
+            f"not in the table: {sorted(used - known)}\nnot in the sources: {sorted(known - used)}"
+        )
 
 
 if __name__ == "__main__":

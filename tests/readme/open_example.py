@@ -16,7 +16,9 @@ from pathlib import Path
 def main():
     with tempfile.TemporaryDirectory() as scratch:
         environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", XDG_CONFIG_HOME=scratch)
-        example = subprocess.Popen([sys.argv[1]], env=environment, stderr=subprocess.PIPE, text=True)
+        example = subprocess.Popen(
+            [sys.argv[1]], env=environment, stderr=subprocess.PIPE, text=True
+        )
         while example.poll() is None and not list(Path(scratch).rglob("*.sqlite")):
             time.sleep(0.05)
         # A window that opened stays open; a second is what one that cannot needs to say so.
