@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <string>
@@ -115,7 +116,7 @@ double middle(std::vector<Typing> runs, double Typing::*part) {
 void measure(const Models& models, std::size_t analyzers) {
   registerAnalyzers(analyzers);
   std::vector<Typing> runs;
-  for (int run = 0; run < kRuns; ++run) runs.push_back(typed(models));
+  std::generate_n(std::back_inserter(runs), kRuns, [&] { return typed(models); });
   std::printf("%9zu  %9.2f %9.2f  %9.2f  %9.2f %9.2f\n", analyzers, middle(runs, &Typing::firstKey),
               worst(runs, &Typing::firstKey), middle(runs, &Typing::complete),
               middle(runs, &Typing::median), worst(runs, &Typing::slowest));

@@ -53,9 +53,13 @@ std::string listOf(std::size_t analyzer, Size size) {
   for (std::size_t i = 0; list.size() < size.listBytes; ++i) {
     const std::string number = std::to_string(analyzer * 7 + i);
     list += list.size() > 1 ? "," : "";
-    list += R"({"id":"6F9619FF-8B86-D011-B42D-00CF4FC964FF","protocolName":"Protocol )" + number +
-            R"(","protocolPorts":[)" + std::to_string(1024 + i) +
-            R"(,8080,49152],"sourceProtocol":1,"ethertype":null,"size":)" + number + "}";
+    list.append(R"({"id":"6F9619FF-8B86-D011-B42D-00CF4FC964FF","protocolName":"Protocol )")
+        .append(number)
+        .append(R"(","protocolPorts":[)")
+        .append(std::to_string(1024 + i))
+        .append(R"(,8080,49152],"sourceProtocol":1,"ethertype":null,"size":)")
+        .append(number)
+        .append("}");
   }
   return list + "]";
 }

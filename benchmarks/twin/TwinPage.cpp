@@ -2,13 +2,14 @@
 #include "TwinPage.hpp"
 
 #include "AnalyzerList.hpp"
-#include "SwitchButton.hpp"
 #include "window/Task.hpp"
 
 #include <QLineEdit>
 #include <QScrollArea>
 #include <QTabBar>
 #include <QVBoxLayout>
+
+#include <stdexcept>
 
 namespace twin {
 
@@ -35,11 +36,15 @@ QRect TwinPage::analyzer(int row) {
 
 QRect TwinPage::details() { return placeOf(page_.details()); }
 
-QRect TwinPage::firstSwitch() {
+QRect TwinPage::firstSwitch() { return placeOf(switchButton()); }
+
+bool TwinPage::isFirstSwitchOn() { return switchButton().isChecked(); }
+
+const SwitchButton& TwinPage::switchButton() const {
   for (const QAbstractButton* button : page_.details().findChildren<QAbstractButton*>()) {
-    if (dynamic_cast<const SwitchButton*>(button)) return placeOf(*button);
+    if (const auto* found = dynamic_cast<const SwitchButton*>(button)) return *found;
   }
-  return {};
+  throw std::runtime_error("the page has no switch");
 }
 
 QRect TwinPage::firstPorts() { return placeOf(*page_.details().findChild<QLineEdit*>()); }

@@ -3,6 +3,7 @@
 
 #include "AnalyzerPage.hpp"
 #include "GeneralPage.hpp"
+#include "SwitchButton.hpp"
 #include "foundation/UserDefaults.hpp"
 #include "window/Contender.hpp"
 
@@ -21,6 +22,7 @@ public:
   QRect analyzer(int row) override;
   QRect details() override;
   QRect firstSwitch() override;
+  bool isFirstSwitchOn() override;
   QRect firstPorts() override;
   QWidget& tabWindow() override;
   QRect tab(int index) override;
@@ -28,6 +30,8 @@ public:
   QRect timeZoneMenu() override;
 
 private:
+  const SwitchButton& switchButton() const;
+
   std::unique_ptr<foundation::UserDefaults> store_ = foundation::UserDefaults::inMemory();
   AnalyzerPage page_{*store_};
   std::unique_ptr<QTabWidget> tabs_;

@@ -18,6 +18,8 @@ public:
   // The details of the selected analyzer, and the visible parts of them:
   virtual QRect details() = 0;
   virtual QRect firstSwitch() = 0;
+  // Whether the first switch is shown as on.
+  virtual bool isFirstSwitchOn() = 0;
   virtual QRect firstPorts() = 0;
 
   // A second window with the tabs General, which is selected, and Analyzer; made at the first call.

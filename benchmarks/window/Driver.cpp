@@ -131,7 +131,12 @@ void Driver::run(Contender& contender) {
   const QRect toggle = contender.firstSwitch();
   pointAt(window, toggle.center());
   for (int i = 0; i < task_.repetitions; ++i) {
-    measure("switch", within(window, toggle), [&] { click(window, toggle.center()); });
+    const bool wasOn = contender.isFirstSwitchOn();
+    const auto isFlipped = [&, isInSwitch = within(window, toggle)](const QWidget& painted,
+                                                                    const QRect& part) {
+      return isInSwitch(painted, part) && contender.isFirstSwitchOn() != wasOn;
+    };
+    measure("switch", isFlipped, [&] { click(window, toggle.center()); });
   }
 
   const QPoint beside(toggle.left() - kPixelsBesideSwitch, toggle.center().y());

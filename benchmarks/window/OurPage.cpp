@@ -15,6 +15,7 @@
 #include <cstdint>
 #include <stdexcept>
 #include <string>
+#include <variant>
 
 using viewkit::PresentationNode;
 using viewkit::Role;
@@ -94,6 +95,11 @@ QRect OurPage::analyzer(int row) {
 }
 QRect OurPage::details() { return rectOf(*all(*window_, Role::scrollArea).back()); }
 QRect OurPage::firstSwitch() { return first(*window_, Role::toggle); }
+bool OurPage::isFirstSwitchOn() {
+  const PresentationNode& node = *all(*window_, Role::toggle).at(0);
+  return std::get<viewkit::ToggleControl>(*node.control()).isOn;
+}
+
 QRect OurPage::firstPorts() { return first(*window_, Role::textField); }
 
 QWidget& OurPage::tabWindow() {

@@ -20,6 +20,7 @@ public:
   QRect analyzer(int row) override;
   QRect details() override;
   QRect firstSwitch() override;
+  bool isFirstSwitchOn() override;
   QRect firstPorts() override;
   QWidget& tabWindow() override;
   QRect tab(int index) override;

@@ -9,6 +9,8 @@
 #include "viewkit/TabView.hpp"
 #include "viewkit/Text.hpp"
 
+#include <gmock/gmock.h>
+
 #include <QApplication>
 #include <QMouseEvent>
 #include <QTabBar>
@@ -102,6 +104,49 @@ TEST_F(ControlsTest, EachPressWithinOneTurnOfTheQueueCounts) {
             (std::vector<std::string>{"tap 1", "tap 2", "tap 3"}));
   EXPECT_EQ(pressed(topLevel()), (std::vector<std::string>{"tap 4", "tap 5", "tap 6"}))
       << "a painted row";
+}
+
+// Records at each painting of a control whether it is checked.
+class CheckedWatcher : public QObject {
+public:
+  explicit CheckedWatcher(QWidget& control) : QObject(&control) {
+    control.installEventFilter(this);
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Paint)
+      painted.push_back(QAccessible::queryAccessibleInterface(watched)->state().checked != 0);
+    return false;
+  }
+
+  std::vector<bool> painted;
+};
+
+TEST_F(ControlsTest, ReleasedSwitchIsPaintedWithItsNewStateOnly) {
+  struct Switch {
+    viewkit::State<bool> isOn = false;
+    View body() const { return viewkit::Toggle(isOn.binding()).accessibilityLabel("switch"); }
+  };
+  open(Switch{});
+  QWidget& toggle = widget(QAccessible::CheckBox, "switch");
+  QTest::mousePress(&toggle, Qt::LeftButton);
+  settle();
+  const CheckedWatcher watcher(toggle);
+  QTest::mouseRelease(&toggle, Qt::LeftButton);
+  settle();
+  EXPECT_THAT(watcher.painted,
+              testing::AllOf(testing::Not(testing::IsEmpty()), testing::Each(true)));
+}
+
+TEST_F(ControlsTest, PressMayDestroyTheWindow) {
+  int presses = 0;
+  open(viewkit::Button("close", [&] {
+    ++presses;
+    destroyWindow();
+  }));
+  pressQuickly(widget(QAccessible::PushButton, "close"), QEvent::MouseButtonPress);
+  settle();
+  EXPECT_EQ(presses, 1);
 }
 
 enum class Page { first, second };

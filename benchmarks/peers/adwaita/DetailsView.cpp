@@ -35,6 +35,7 @@ GtkWidget* group(const char* title, GtkWidget* icon) {
 
 GtkWidget* dropDown(const std::vector<std::string>& choices, std::size_t chosen) {
   std::vector<const char*> texts;
+  texts.reserve(choices.size() + 1);
   for (const std::string& choice : choices) texts.push_back(choice.c_str());
   texts.push_back(nullptr);
   GtkWidget* const widget = gtk_drop_down_new_from_strings(texts.data());

@@ -62,7 +62,7 @@ int main(int argc, char** argv) {
   view.setTitle(QStringLiteral("Settings"));
   view.setResizeMode(QQuickView::SizeRootObjectToView);
   view.resize(kWindowWidth, kWindowHeight);
-  view.setInitialProperties({{QStringLiteral("page"), QVariant::fromValue(&page)}});
+  view.setInitialProperties({{QStringLiteral("page"), QVariant::fromValue<QObject*>(&page)}});
   view.setSource(QUrl(QStringLiteral("qrc:/Peer/Page.qml")));
   if (view.status() != QQuickView::Ready) return 1;
   view.show();

@@ -4,6 +4,7 @@
 #include "bridge/MirroredTree.hpp"
 
 #include <QKeyEvent>
+#include <QPointer>
 
 namespace qt {
 
@@ -12,7 +13,6 @@ ButtonWidget::ButtonWidget(MirroredTree& tree, const viewkit::PresentationNode& 
     : QAbstractButton(&parent), ControlWidget(tree, node) {
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_Hover);
-  connect(this, &QAbstractButton::clicked, this, [this] { pressUpToDate(); });
 }
 
 bool ButtonWidget::performPress() {
@@ -23,7 +23,11 @@ bool ButtonWidget::performPress() {
 void ButtonWidget::pressUpToDate() {
   if (!node()) return;
   tree().host().update();
-  if (node() && isEnabled()) press();
+  if (!node() || !isEnabled()) return;
+  // The press may close the window.
+  const QPointer<ButtonWidget> self(this);
+  press();
+  if (self && node()) tree().host().update();
 }
 
 void ButtonWidget::keyPressEvent(QKeyEvent* event) {

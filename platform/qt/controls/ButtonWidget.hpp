@@ -19,11 +19,14 @@ public:
 
 protected:
   virtual void press() = 0;
-  // Updates the views, then presses the control: the views may still have to take over the result
-  // of the press before this one.
+  // Updates the views, presses the control, and updates the views again. They may still have to
+  // take over the result of the press before this one; and Qt then paints a released button once,
+  // with the result of its press.
   void pressUpToDate();
 
   void keyPressEvent(QKeyEvent* event) override;
+  // Qt calls this when the button is released, before it paints the button as released.
+  void nextCheckState() override { pressUpToDate(); }
   // The state and the palette to paint with.
   QStyleOption styleOption() const;
 };

@@ -118,7 +118,7 @@ void WindowWidget::present(const viewkit::PresentationChanges& changes) {
     sinceFrame_.start();
     frames_.start();
   }
-  fitLater();
+  if (changes.laidOut) fitLater();
 }
 
 void WindowWidget::stepAnimations() {

@@ -22,6 +22,7 @@ void LayoutPass::setSize(Size size) {
 }
 
 void LayoutPass::run(Node& root) {
+  laidOut_ = laidOut_ || isMarked();
   for (int round = 0; round < kMostRounds; ++round) {
     remeasure();
     if (std::exchange(rootChanged_, false)) root.place({}, size_);

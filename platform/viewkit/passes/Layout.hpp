@@ -4,6 +4,7 @@
 #include "passes/MarkedNodes.hpp"
 #include "tree/NodeServices.hpp"
 
+#include <utility>
 #include <vector>
 
 namespace viewkit {
@@ -21,6 +22,8 @@ public:
   void markLayout(Node& node) { layouts_.push(node); }
   void markPlacement(Node& node) { placements_.emplace_back(node); }
   void nodeGone(const Node& node);
+  // Whether anything was laid out since the last call.
+  bool takeLaidOut() { return std::exchange(laidOut_, false); }
   bool isMarked() const { return rootChanged_ || !layouts_.isEmpty() || !placements_.empty(); }
 
   // Begins a pass, which is counted.
@@ -35,6 +38,7 @@ private:
   LayoutProgress& progress_;
   Size size_;
   bool rootChanged_ = true;
+  bool laidOut_ = false;
   MarkedNodes<isHigher> layouts_;
   std::vector<MarkedNode> placements_;
 };

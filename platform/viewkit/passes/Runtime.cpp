@@ -154,6 +154,7 @@ void ViewHost::Runtime::present() {
   if (changes.changed.empty() && changes.removed.empty() && changes.damage.empty() &&
       changes.focused == 0)
     return;
+  changes.laidOut = layout_.takeLaidOut();
   counters.nodesChanged += changes.changed.size();
   // A copy: the observer may replace itself, or destroy the host.
   const Observer observer = observer_;

@@ -122,6 +122,8 @@ struct PresentationChanges {
   std::vector<Rect> damage;
   // The control that the views want to have the keyboard from now on; 0 for no wish.
   NodeId focused = 0;
+  // Whether anything was laid out since the last changes: the size that the views need may differ.
+  bool laidOut = false;
 };
 
 }  // namespace viewkit
