@@ -8,7 +8,6 @@
 namespace zorvantine {
 
 using foundation::done;
-using foundation::Error;
 using foundation::Outcome;
 
 namespace {
