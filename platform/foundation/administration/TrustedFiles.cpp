@@ -30,7 +30,8 @@ struct Owners {
 bool isOpenToOthers(const struct stat& found) {
   const bool isOpen =
       (found.st_mode & S_IWOTH) != 0 || ((found.st_mode & S_IWGRP) != 0 && found.st_gid != kRoot);
-  return isOpen && !(S_ISDIR(found.st_mode) && (found.st_mode & S_ISVTX) != 0);
+  const bool isSticky = S_ISDIR(found.st_mode) && (found.st_mode & S_ISVTX) != 0;
+  return isOpen && !isSticky;
 }
 
 // Why a path cannot be trusted: the first part of it that somebody else can change.
