@@ -46,31 +46,31 @@ std::string described(const QEVNetworkProtocol& protocol) {
 class AnalyzerPortsStoreTest : public ::testing::Test {
 protected:
   std::string stored() const {
-    const auto value = defaults_->objectForKey(kKey);
+    const auto value = defaults->objectForKey(kKey);
     const auto* bytes = value ? value->asData() : nullptr;
     return bytes ? std::string(bytes->begin(), bytes->end()) : "nothing";
   }
 
   // The records of a stored text; the fallback has one named "fallback".
   std::vector<std::string> decoded(const PreferenceValue& value) {
-    defaults_->setObject(value, kKey);
+    defaults->setObject(value, kKey);
     std::vector<std::string> result;
-    for (const auto& each : store_.decode({record("fallback", "1", 0)}))
+    for (const auto& each : store.decode({record("fallback", "1", 0)}))
       result.push_back(described(*each));
-    EXPECT_EQ(defaults_->objectForKey(kKey), value);
+    EXPECT_EQ(defaults->objectForKey(kKey), value);
     return result;
   }
 
-  std::unique_ptr<foundation::UserDefaults> defaults_ = foundation::UserDefaults::inMemory();
-  AnalyzerPortsStore store_{kKey, *defaults_};
+  std::unique_ptr<foundation::UserDefaults> defaults = foundation::UserDefaults::inMemory();
+  AnalyzerPortsStore store{kKey, *defaults};
 };
 
 TEST_F(AnalyzerPortsStoreTest, StoresAListAsAnArrayOfObjects) {
   const QEVNetworkProtocolList fallback{record("DNS", "53", kQEVSourceProtocols::both)};
-  EXPECT_EQ(store_.decode(fallback), fallback);
+  EXPECT_EQ(store.decode(fallback), fallback);
   EXPECT_EQ(stored(), "nothing");
 
-  store_.encode({fallback.front(), record("mDNS “lan”", "", kQEVSourceProtocols::udp)});
+  store.encode({fallback.front(), record("mDNS “lan”", "", kQEVSourceProtocols::udp)});
   EXPECT_EQ(
       stored(),
       R"([{"id":"3F2504E0-4F89-41D3-9A0C-0305E82C3301","protocolName":"DNS","protocolPorts":"53",)"
@@ -78,7 +78,7 @@ TEST_F(AnalyzerPortsStoreTest, StoresAListAsAnArrayOfObjects) {
       R"({"id":"3F2504E0-4F89-41D3-9A0C-0305E82C3301","protocolName":"mDNS “lan”","protocolPorts":"",)"
       R"("sourceProtocol":2,"linktype":"EN10MB","size":0}])");
 
-  const auto list = store_.decode({});
+  const auto list = store.decode({});
   ASSERT_THAT(list, SizeIs(2));
   EXPECT_EQ(list[0]->id(), *UUID::parse(kId));
   EXPECT_EQ(list[0]->linktype(), "EN10MB");
@@ -93,14 +93,14 @@ TEST_F(AnalyzerPortsStoreTest, UnchangedMembersAreWrittenAsTheyWereRead) {
       R"([{"note":{"a":[1e400]},"protocolName":"\u0044NS","id":"3f2504e0-4f89-41d3-9a0c-0305e82c3301",)"
       R"("sourceProtocol":3.0,"protocolPorts":"53","size":"large","ethertype":null},)"
       R"({"protocolName":"HTTP","protocolPorts":"80","sourceProtocol":"tcp"}])";
-  defaults_->setObject(bytes(before), kKey);
-  auto list = store_.decode({});
+  defaults->setObject(bytes(before), kKey);
+  auto list = store.decode({});
   ASSERT_THAT(list, SizeIs(2));
   // As the editor does: it shows a copy, and writes all copies after a change to one of them.
   for (auto& each : list) each = *each->copied();
   list[0]->protocolPorts = "53,5353";
   list[1]->sourceProtocol = kQEVSourceProtocols::tcp;
-  store_.encode(list);
+  store.encode(list);
   EXPECT_EQ(
       stored(),
       R"([{"note":{"a":[1e400]},"protocolName":"\u0044NS","id":"3f2504e0-4f89-41d3-9a0c-0305e82c3301",)"
@@ -158,14 +158,14 @@ TEST_F(AnalyzerPortsStoreTest, UnreadableElementsAreSkippedAndStoredAgainWhereTh
       std::string("[") + kBroken + "," + good("A") + ",5," + good("B") + ",{}]";
   EXPECT_THAT(decoded(bytes(before)), ElementsAre("A|1|0", "B|1|0"));
 
-  auto list = store_.decode({});
+  auto list = store.decode({});
   list[1]->protocolName = "C";
-  store_.encode(list);
+  store.encode(list);
   EXPECT_EQ(stored(), std::string("[") + kBroken + "," + good("A") + ",5," + good("C") + ",{}]");
   list.pop_back();
-  store_.encode(list);
+  store.encode(list);
   EXPECT_EQ(stored(), std::string("[") + kBroken + "," + good("A") + ",5,{}]");
-  store_.encode({});
+  store.encode({});
   EXPECT_EQ(stored(), std::string("[") + kBroken + ",5,{}]");
 }
 
@@ -188,8 +188,8 @@ TEST_F(AnalyzerPortsStoreTest, PortsAreStoredInTheValidatorsFormOrAsLastRegister
     const auto protocol = record("DNS", each.before, 0);
     if (each.reports) protocol->setPortController(QEVPortsController::sharedPortsController());
     protocol->protocolPorts = each.typed;
-    store_.encode({protocol});
-    EXPECT_EQ(store_.decode({}).at(0)->protocolPorts.get(), each.stored);
+    store.encode({protocol});
+    EXPECT_EQ(store.decode({}).at(0)->protocolPorts.get(), each.stored);
     EXPECT_EQ(protocol->protocolPorts.get(), each.typed);
   }
 }
@@ -200,8 +200,8 @@ TEST_F(AnalyzerPortsStoreTest, RefusedNameAndSourceAreNotStored) {
   protocol->protocolName = "mDNS";
   protocol->sourceProtocol = kQEVSourceProtocols::tcp;
   protocol->reportRegistered(QEVDependencies::QEVNetworkProtocolProperty::sourceProtocol);
-  store_.encode({protocol});
-  EXPECT_EQ(described(*store_.decode({}).at(0)), "DNS|53|1");
+  store.encode({protocol});
+  EXPECT_EQ(described(*store.decode({}).at(0)), "DNS|53|1");
 }
 
 TEST_F(AnalyzerPortsStoreTest, TakesAHundredThousandRecords) {
@@ -210,11 +210,11 @@ TEST_F(AnalyzerPortsStoreTest, TakesAHundredThousandRecords) {
     if (i > 0) text += ',';
     text += R"({"protocolName":"P","protocolPorts":")" + std::to_string(i % 65536) + R"(","x":1})";
   }
-  defaults_->setObject(bytes(text + ']'), kKey);
-  const auto list = store_.decode({});
+  defaults->setObject(bytes(text + ']'), kKey);
+  const auto list = store.decode({});
   ASSERT_THAT(list, SizeIs(100'000));
-  store_.encode(list);
-  EXPECT_THAT(store_.decode({}), SizeIs(100'000));
+  store.encode(list);
+  EXPECT_THAT(store.decode({}), SizeIs(100'000));
 }
 
 // The record that a plug-in's analyzer goes by.

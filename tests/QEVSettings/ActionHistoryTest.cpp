@@ -138,7 +138,7 @@ TEST_F(ActionHistoryTest, UndoOfPortsTellsTheAnalyzerAndPostsTheNotifications) {
   const auto list = post(9);
   const auto ports = post(3);
   const auto stored = store->observe(
-      HistoryWindow::kPortsKey, [this](std::string_view) { window.journal.push_back("store"); });
+      HistoryWindow::kPortsKey, [this](std::string_view) { window.journal.emplace_back("store"); });
   window.undo();
   EXPECT_THAT(window.journal, ElementsAre("replace HTTP 8000 1 by HTTP 80 1, ports",
                                           "set default settings", "store", "notify 9", "notify 3"));

@@ -108,13 +108,13 @@ protected:
 
 private:
   Subscription stored_ =
-      store.observe(kPortsKey, [this](std::string_view) { journal.push_back("store"); });
+      store.observe(kPortsKey, [this](std::string_view) { journal.emplace_back("store"); });
   Subscription listChanged_ = foundation::NotificationCenter::defaultCenter().observe(
       rawValue(static_cast<QEVProtocolKonstants>(9)),
-      [this](std::string_view) { journal.push_back("notify 9"); });
+      [this](std::string_view) { journal.emplace_back("notify 9"); });
   Subscription portsChanged_ = foundation::NotificationCenter::defaultCenter().observe(
       rawValue(static_cast<QEVProtocolKonstants>(3)),
-      [this](std::string_view) { journal.push_back("notify 3"); });
+      [this](std::string_view) { journal.emplace_back("notify 3"); });
 };
 
 TEST_F(AnalyzerDesktopTest, ArrowsAndClicksMoveTheSelection) {

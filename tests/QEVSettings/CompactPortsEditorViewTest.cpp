@@ -26,7 +26,7 @@ TEST_F(CompactPortsEditorViewTest, ShowsTheStoredListOrElseTheFactoryList) {
   close();
   QEVModels::AnalyzerPortsStore(kPortsKey, store.underneath())
       .encode({protocol("", "1-5", 3), protocol("X", "9", 77)});
-  headless::Window& window = show();
+  const headless::Window& window = show();
   EXPECT_THAT(shownPorts(window), ElementsAre("1-5", "9"));
   EXPECT_EQ(menu(window, "Name", 0).value(), "Select");
   EXPECT_EQ(menu(window, "Source", 0).value(), "UDP/TCP");

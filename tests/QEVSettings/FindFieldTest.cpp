@@ -29,7 +29,7 @@ protected:
       preferences->config->toggles.push_back({.id = "sums",
                                               .defaultsKey = std::string(title) + "_sums",
                                               .labelKey = "Compute checksums"});
-      plugIns_.load(title, preferences);
+      plugIns.load(title, preferences);
     }
   }
 
@@ -52,7 +52,7 @@ protected:
     window.type(text);
   }
 
-  LoadedPlugIns plugIns_;
+  LoadedPlugIns plugIns;
 };
 
 TEST_F(FindFieldTest, ListsResultsWhileTyping) {
@@ -145,7 +145,7 @@ TEST_F(FindFieldTest, FindsAnalyzersThatAreLoadedLater) {
   headless::Window& window = open(Tabs::general);
   find(window, "third");
   EXPECT_THAT(results(window), IsEmpty());
-  plugIns_.load("Third");
+  plugIns.load("Third");
   window.press(Key::escape);
   window.type("third");
   EXPECT_THAT(results(window), ElementsAre("Third Analyzer"));
@@ -153,7 +153,7 @@ TEST_F(FindFieldTest, FindsAnalyzersThatAreLoadedLater) {
 
 TEST_F(FindFieldTest, MovesNeitherTabsNorPages) {
   const auto frames = [&](SettingsWindowOptions options) {
-    headless::Window window(
+    const headless::Window window(
         QEVSettingsView(updater, delegate, captureModel, Tabs::general, std::nullopt, options),
         viewkit::Environment{.defaultStore = store}, {.size = viewkit::Size{720, 680}});
     return std::vector{window.find(Role::tabList).frame(),

@@ -78,7 +78,7 @@ private:
 
 public:
   std::unique_ptr<foundation::UserDefaults> store = foundation::UserDefaults::open(path_);
-  HistoryWindow window{*store, factory_, {.actions = 2 * kActions}};
+  HistoryWindow window{*store, factory_, {.actions = std::size_t{2} * kActions}};
   // The last value of each key that the second process has changed.
   std::map<std::string, PreferenceValue> foreign;
 

@@ -44,12 +44,12 @@ constexpr unsigned kStranger = 4242;
 class LayeredPreferencesTest : public testing::Test {
 protected:
   LayeredPreferencesTest() {
-    foundation::setDiagnosticSink([this](std::string_view line) { lines_.emplace_back(line); });
+    foundation::setDiagnosticSink([this](std::string_view line) { lines.emplace_back(line); });
   }
   ~LayeredPreferencesTest() override { foundation::setDiagnosticSink({}); }
 
   std::filesystem::path folder(const std::string& name) const {
-    return folder_.path() / HostIdentity::current().id / name;
+    return scratch.path() / HostIdentity::current().id / name;
   }
   // Writes a file as an administrator does: completely, under its final name.
   void write(const std::string& file, const std::string& text) const {
@@ -59,7 +59,7 @@ protected:
     std::filesystem::rename(path.parent_path() / ".new", path);
   }
   LayeredPreferences::Options options() const {
-    return {.configurationFolders = std::vector{folder_.path()}, .person = kStranger};
+    return {.configurationFolders = std::vector{scratch.path()}, .person = kStranger};
   }
   // The files are owned by whoever runs the test, which administrators' files may be only for root.
   static bool isRoot() { return ::getuid() == 0; }
@@ -74,15 +74,15 @@ protected:
     return condition();
   }
 
-  support::TemporaryFolder folder_;
-  support::RecordingPreferencesStore person_;
-  std::vector<std::string> lines_;
+  support::TemporaryFolder scratch;
+  support::RecordingPreferencesStore person;
+  std::vector<std::string> lines;
 };
 
 TEST_F(LayeredPreferencesTest, FirstLayerThatHasTheKeyIsInForce) {
   if (!isRoot()) GTEST_SKIP() << "only root can make administrators' files";
   auto given = options();
-  LayeredPreferences plain(person_, given);
+  const LayeredPreferences plain(person, given);
   EXPECT_EQ(plain.find(kKey), nullptr);
   EXPECT_EQ(plain.origin(kKey), Origin::standard);
 
@@ -90,32 +90,32 @@ TEST_F(LayeredPreferencesTest, FirstLayerThatHasTheKeyIsInForce) {
   write("defaults.d/20.plist",
         "<plist version=\"1.0\"><dict><key>other</key><integer>2</integer>"
         "</dict></plist>");
-  const LayeredPreferences withDefaults(person_, given);
+  const LayeredPreferences withDefaults(person, given);
   EXPECT_EQ(withDefaults.origin(kKey), Origin::administrator);
   EXPECT_TRUE(withDefaults.boolForKey(kKey));
   EXPECT_EQ(withDefaults.integerForKey("other"), 2);
 
-  person_.setBool(false, kKey);
+  person.setBool(false, kKey);
   EXPECT_EQ(withDefaults.origin(kKey), Origin::user);
   EXPECT_FALSE(withDefaults.boolForKey(kKey));
 
   given.commandLine = {{kKey, true}};
-  const LayeredPreferences withCommandLine(person_, given);
+  const LayeredPreferences withCommandLine(person, given);
   EXPECT_EQ(withCommandLine.origin(kKey), Origin::commandLine);
   EXPECT_TRUE(withCommandLine.boolForKey(kKey));
 
   write("locks.d/lock.json", R"({"com_velloquin_qev_dns_checksums":
                                  {"type": "boolean", "value": false}})");
-  LayeredPreferences locked(person_, given);
+  LayeredPreferences locked(person, given);
   EXPECT_EQ(locked.origin(kKey), Origin::locked);
   EXPECT_FALSE(locked.boolForKey(kKey));
-  person_.forget();
-  lines_.clear();
+  person.forget();
+  lines.clear();
   locked.setBool(true, kKey);
   locked.removeObject(kKey);
   EXPECT_FALSE(locked.remove(kKey));
-  EXPECT_THAT(person_.changes(), IsEmpty());
-  EXPECT_THAT(lines_, Contains(HasSubstr("managed by your organization")).Times(2));
+  EXPECT_THAT(person.changes(), IsEmpty());
+  EXPECT_THAT(lines, Contains(HasSubstr("managed by your organization")).Times(2));
   EXPECT_TRUE(locked.remove("other"));
 }
 
@@ -125,26 +125,26 @@ TEST_F(LayeredPreferencesTest, FilesOfAPersonAndBrokenFilesAreLeftOutInOneLineEa
   write("defaults.d/3.plist", "<plist><dict><key>a</key><integer>x</integer></dict></plist>");
   write("defaults.d/.hidden", "{}");
   if (isRoot()) {
-    const LayeredPreferences layers(person_, options());
+    const LayeredPreferences layers(person, options());
     EXPECT_EQ(layers.integerForKey("a"), 1);
     ASSERT_EQ(layers.problems().size(), 2U);
     EXPECT_THAT(layers.problems()[0], testing::AllOf(HasSubstr("2.json"), HasSubstr("byte")));
     EXPECT_THAT(layers.problems()[1], testing::AllOf(HasSubstr("3.plist"), HasSubstr("line")));
-    EXPECT_EQ(lines_.size(), 2U);
+    EXPECT_EQ(lines.size(), 2U);
 
     ASSERT_EQ(::chmod(folder("defaults.d/1.json").c_str(), 0666), 0);
-    const LayeredPreferences open(person_, options());
+    const LayeredPreferences open(person, options());
     EXPECT_EQ(open.find("a"), nullptr);
     EXPECT_THAT(open.problems(), Contains(HasSubstr("may be written by others")));
     ASSERT_EQ(::chmod(folder("defaults.d/1.json").c_str(), 0644), 0);
     ASSERT_EQ(::chown(folder("defaults.d/1.json").c_str(), kStranger, kStranger), 0);
-    const LayeredPreferences foreign(person_, options());
+    const LayeredPreferences foreign(person, options());
     EXPECT_EQ(foreign.find("a"), nullptr);
     EXPECT_THAT(foreign.problems(), Contains(HasSubstr("does not belong to root")));
   } else {
     auto own = options();
     own.person = ::getuid();
-    const LayeredPreferences layers(person_, own);
+    const LayeredPreferences layers(person, own);
     EXPECT_EQ(layers.find("a"), nullptr);
     EXPECT_THAT(layers.problems(), Contains(HasSubstr("does not belong to root")));
   }
@@ -157,7 +157,7 @@ TEST_F(LayeredPreferencesTest, FolderThatIsALinkToAPlaceOfThePersonIsRefused) {
   ASSERT_EQ(::chown(home.path().c_str(), kStranger, kStranger), 0);
   std::filesystem::create_directories(folder("locks.d").parent_path());
   std::filesystem::create_directory_symlink(home.path(), folder("locks.d"));
-  const LayeredPreferences layers(person_, options());
+  const LayeredPreferences layers(person, options());
   EXPECT_FALSE(layers.isLocked("a"));
   EXPECT_THAT(layers.problems(), ElementsAre(HasSubstr("does not belong to root")));
 }
@@ -170,14 +170,14 @@ TEST_F(LayeredPreferencesTest,
   write("locks.d/1.json", R"({"com_velloquin_qev_dns_color": {"type": "data", "value": "AQID"}})");
   write("defaults.d/1.json", R"({"com_velloquin_zorvantine_prefs_schema_version": 2,
                                  "com_velloquin_qev_tcp_color": {"type": "data", "value": "AQID"}})");
-  person_.setObject(PreferenceValue::Bytes{4, 5, 6}, color);
-  LayeredPreferences layers(person_, options());
+  person.setObject(PreferenceValue::Bytes{4, 5, 6}, color);
+  LayeredPreferences layers(person, options());
   EXPECT_EQ(layers.stringForKey(color), "AQID");
   EXPECT_EQ(layers.find(other)->type(), PreferenceValue::Type::data) << "a file of schema 2";
   QEVPreferencesMigration::migrateIfNeeded(layers);
-  EXPECT_EQ(person_.stringForKey(color), "BAUG");
-  EXPECT_EQ(person_.find(other), nullptr);
-  EXPECT_EQ(person_.integerForKey(kPrefsSchemaVersion.name), 2);
+  EXPECT_EQ(person.stringForKey(color), "BAUG");
+  EXPECT_EQ(person.find(other), nullptr);
+  EXPECT_EQ(person.integerForKey(kPrefsSchemaVersion.name), 2);
 }
 
 TEST_F(LayeredPreferencesTest, LargeFilesAndAThousandFoldersAreHandled) {
@@ -187,8 +187,8 @@ TEST_F(LayeredPreferencesTest, LargeFilesAndAThousandFoldersAreHandled) {
   std::filesystem::resize_file(folder("locks.d/1.json"), std::uintmax_t{100} << 20);
   auto given = options();
   for (int i = 0; i < 1000; ++i)
-    given.configurationFolders->push_back(folder_.path() / std::to_string(i));
-  const LayeredPreferences layers(person_, given);
+    given.configurationFolders->push_back(scratch.path() / std::to_string(i));
+  const LayeredPreferences layers(person, given);
   EXPECT_EQ(layers.integerForKey("a"), 1);
   ASSERT_EQ(layers.problems().size(), 1U);
   EXPECT_THAT(layers.problems()[0], HasSubstr("locks.d/1.json"));
@@ -199,7 +199,7 @@ TEST_F(LayeredPreferencesTest, KeyThatCannotBeLockedStaysFree) {
   write("locks.d/1.json", R"({"free": 1, "unknown": 2})");
   auto given = options();
   given.isLockable = [](std::string_view key) { return key != "free"; };
-  const LayeredPreferences layers(person_, given);
+  const LayeredPreferences layers(person, given);
   EXPECT_FALSE(layers.isLocked("free"));
   EXPECT_TRUE(layers.isLocked("unknown"));
   EXPECT_THAT(layers.problems(), ElementsAre(HasSubstr("cannot be locked")));
@@ -207,7 +207,7 @@ TEST_F(LayeredPreferencesTest, KeyThatCannotBeLockedStaysFree) {
 
 TEST_F(LayeredPreferencesTest, ObserversHearOfLocksAndDefaultsThatComeAndGo) {
   if (!isRoot()) GTEST_SKIP() << "only root can make administrators' files";
-  LayeredPreferences layers(person_, options());
+  LayeredPreferences layers(person, options());
   std::vector<std::string> heard;
   const auto one = layers.observe(kKey, [&](std::string_view key) { heard.emplace_back(key); });
   int all = 0;
@@ -233,30 +233,33 @@ class ManagedWindowTest : public LayeredPreferencesTest {
 protected:
   void SetUp() override {
     if (!isRoot()) GTEST_SKIP() << "only root can make administrators' files";
-    layers_ = std::make_unique<LayeredPreferences>(person_, options());
+    layers_ = std::make_unique<LayeredPreferences>(person, options());
     parts_.captureModel =
         std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(*layers_, parts_.interfaces);
     changes_ = layers_->observeAll([this](std::string_view) { ++heard_; });
   }
 
   headless::Window& open(QEVSettingsView::Tabs tab) {
-    window_ = std::make_unique<headless::Window>(parts_.settingsView(tab),
-                                                 viewkit::Environment{.defaultStore = *layers_});
-    return *window_;
+    settings = std::make_unique<headless::Window>(parts_.settingsView(tab),
+                                                  viewkit::Environment{.defaultStore = *layers_});
+    return *settings;
   }
   // Returns when the window has heard of the change by itself.
   void lock(const std::string& json) {
     const int before = heard_;
     write("locks.d/1.json", json);
     ASSERT_TRUE(waitFor([&] { return heard_ > before; }));
-    window_->settle();
+    settings->settle();
   }
 
+private:
   HostParts parts_;
   std::unique_ptr<LayeredPreferences> layers_;
-  std::unique_ptr<headless::Window> window_;
   int heard_ = 0;
   Subscription changes_;
+
+protected:
+  std::unique_ptr<headless::Window> settings;
 };
 
 TEST_F(ManagedWindowTest, LockedSwitchIsDisabledAndMarkedUntilTheLockIsGone) {
@@ -271,7 +274,7 @@ TEST_F(ManagedWindowTest, LockedSwitchIsDisabledAndMarkedUntilTheLockIsGone) {
   ASSERT_TRUE(mark.exists()) << mark.problem();
   EXPECT_EQ(mark.help(), "Managed by your organization");
   window.click(promiscuous());
-  EXPECT_THAT(person_.changes(), IsEmpty());
+  EXPECT_THAT(person.changes(), IsEmpty());
   lock("{}");
   EXPECT_TRUE(promiscuous().isEnabled());
   EXPECT_FALSE(window.find(Role::image, "Managed by your organization").exists());
@@ -286,8 +289,8 @@ TEST_F(ManagedWindowTest, TextThatIsTypedWhenTheLockComesStaysAndIsNotStored) {
   EXPECT_FALSE(filter().isEnabled());
   EXPECT_EQ(filter().value(), "tcp port 80");
   EXPECT_TRUE(window.find(Role::image, "Managed by your organization").exists());
-  window_->close();
-  EXPECT_THAT(person_.changes(), IsEmpty());
+  settings->close();
+  EXPECT_THAT(person.changes(), IsEmpty());
 }
 
 TEST_F(ManagedWindowTest, LockedListOfPortsIsShownAndNeitherEditedNorReset) {
@@ -313,7 +316,7 @@ TEST_F(ManagedWindowTest, LockedListOfPortsIsShownAndNeitherEditedNorReset) {
   for (const auto& menu : window.findAll(Role::menuButton)) EXPECT_FALSE(menu.isEnabled());
   window.close();
   EXPECT_THAT(journal, IsEmpty());
-  EXPECT_EQ(person_.find(kPortsKey), nullptr);
+  EXPECT_EQ(person.find(kPortsKey), nullptr);
 }
 
 TEST_F(ManagedWindowTest, EveryLockedSettingOfThePagesIsDisabled) {
@@ -322,12 +325,12 @@ TEST_F(ManagedWindowTest, EveryLockedSettingOfThePagesIsDisabled) {
            "com_velloquin_zorvantine_prefTimezone": "Europe/Berlin",
            "sparkle_automaticallyChecks": true,
            "com_velloquin_zorvantine_fontConsoleRaw": {"family": "Test Mono", "pointSize": 9}})");
-  EXPECT_FALSE(window_->find(Role::button, "Light").isEnabled());
-  EXPECT_FALSE(window_->find(Role::menuButton, "Packet time zone").isEnabled());
-  EXPECT_FALSE(window_->find(Role::toggle, "Automatically check for updates").isEnabled());
-  EXPECT_TRUE(window_->find(Role::toggle, "Include anonymous system profile").isEnabled());
-  EXPECT_EQ(window_->findAll(Role::image).size(), 3U);
-  headless::Window& fonts = open(QEVSettingsView::Tabs::appearance);
+  EXPECT_FALSE(settings->find(Role::button, "Light").isEnabled());
+  EXPECT_FALSE(settings->find(Role::menuButton, "Packet time zone").isEnabled());
+  EXPECT_FALSE(settings->find(Role::toggle, "Automatically check for updates").isEnabled());
+  EXPECT_TRUE(settings->find(Role::toggle, "Include anonymous system profile").isEnabled());
+  EXPECT_EQ(settings->findAll(Role::image).size(), 3U);
+  const headless::Window& fonts = open(QEVSettingsView::Tabs::appearance);
   EXPECT_FALSE(fonts.find(Role::fontPicker, "Console Font:").isEnabled());
   EXPECT_TRUE(fonts.find(Role::fontPicker, "Packets List Font:").isEnabled());
 }

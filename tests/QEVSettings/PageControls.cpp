@@ -81,6 +81,7 @@ FieldOnPage addressField(const char* label, const std::string& name, const Addre
       .shown = [=](const StoredValues& values) { return addressAt(values, key, initial).*part; },
       .store =
           [=](StoredValues& values, const std::string& text) {
+            // NOLINTNEXTLINE(misc-const-correctness): changed through the pointer to a member
             AddressParts address = addressAt(values, key, initial);
             address.*part = text;
             values.insert_or_assign(key, address.text());

@@ -37,7 +37,7 @@ struct FontPickerOnPage {
 // A text field that refuses some texts.
 struct FieldOnPage {
   struct Text {
-    const char* typed;
+    const char* typed = nullptr;
     // What is stored; nothing for a text that is refused.
     std::optional<std::string> stored;
   };

@@ -81,13 +81,13 @@ protected:
 
 private:
   QEVSettings::Subscription stored_ =
-      store.observe(kPortsKey, [this](std::string_view) { journal.push_back("store"); });
+      store.observe(kPortsKey, [this](std::string_view) { journal.emplace_back("store"); });
   QEVSettings::Subscription listChanged_ = foundation::NotificationCenter::defaultCenter().observe(
       rawValue(static_cast<QEVDependencies::QEVProtocolKonstants>(9)),
-      [this](std::string_view) { journal.push_back("notify 9"); });
+      [this](std::string_view) { journal.emplace_back("notify 9"); });
   QEVSettings::Subscription portsChanged_ = foundation::NotificationCenter::defaultCenter().observe(
       rawValue(static_cast<QEVDependencies::QEVProtocolKonstants>(3)),
-      [this](std::string_view) { journal.push_back("notify 3"); });
+      [this](std::string_view) { journal.emplace_back("notify 3"); });
 };
 
 }  // namespace QEVSettings

@@ -16,10 +16,8 @@ namespace {
 
 using headless::Key;
 using support::wrote;
-using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Not;
 using viewkit::Role;
 
 constexpr std::string_view kSelectedKey = kAnalyzerSelectedIndex.name;
@@ -48,8 +46,8 @@ TEST_F(QEVAnalyzerSettingsViewTest, SelectsTheStoredAnalyzerWithinTheList) {
   loadThree();
   struct Case {
     std::optional<std::int64_t> stored;
-    std::int64_t index;
-    const char* title;
+    std::int64_t index = 0;
+    const char* title = nullptr;
   };
   for (const Case& each : {
            Case{std::nullopt, 0, "First"},
@@ -75,8 +73,8 @@ TEST_F(QEVAnalyzerSettingsViewTest, FollowsClicksKeysAndTheStore) {
   const auto press = [&](Key key) { window.press(key); };
   struct Step {
     std::function<void()> act;
-    std::int64_t index;
-    const char* title;
+    std::int64_t index = 0;
+    const char* title = nullptr;
   };
   int number = 0;
   for (const Step& step : {

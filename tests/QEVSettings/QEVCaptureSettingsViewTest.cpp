@@ -181,7 +181,7 @@ TEST_F(QEVCaptureSettingsViewTest, UnusableStoredValueShowsTheDefault) {
   store.underneath().setInteger(-1, std::string(keys) + "snapshotLength");
   store.underneath().setObject("many", std::string(keys) + "bufferSize");
   store.underneath().setObject(PreferenceValue::Bytes{0}, std::string(keys) + "filter");
-  headless::Window& window = open(Tabs::capture);
+  const headless::Window& window = open(Tabs::capture);
   EXPECT_EQ(window.find(Role::textField, "Snapshot length (bytes)").value(), "262144");
   EXPECT_EQ(window.find(Role::textField, "Buffer size (MiB)").value(), "16");
   EXPECT_EQ(window.find(Role::textField, "Capture filter").value(), "");

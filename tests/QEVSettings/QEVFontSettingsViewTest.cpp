@@ -15,7 +15,6 @@ namespace QEVSettings {
 namespace {
 
 using QEVCommonTools::FontPreferences;
-using testing::ElementsAre;
 using viewkit::Role;
 
 constexpr const char* kWarning = "Not a monospaced font. Consider using a monospaced font.";
@@ -114,7 +113,7 @@ TEST_F(QEVFontSettingsViewTest, ShortensALongNameInItsMiddle) {
   FontPreferences(store.underneath())
       .setCom_velloquin_zorvantine_fontPacketTable(
           {.family = std::string(200, 'W'), .style = "", .pointSize = 10});
-  headless::Window& window = open(Tabs::appearance);
+  const headless::Window& window = open(Tabs::appearance);
   const auto sample = window.findText(std::string(200, 'W') + " 10.0");
   ASSERT_TRUE(sample.exists()) << sample.problem();
   EXPECT_EQ(std::get<viewkit::TextVisual>(sample.content().content).truncation,

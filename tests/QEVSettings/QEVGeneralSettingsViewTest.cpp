@@ -42,7 +42,7 @@ TEST_F(QEVGeneralSettingsViewTest, ShowsTheModeThatTheStoredValuesMean) {
   struct Case {
     std::optional<std::string> name;
     std::optional<bool> useSystem;
-    const char* mode;
+    const char* mode = nullptr;
   };
   for (const Case& each : {
            Case{std::nullopt, std::nullopt, "Dark"},
@@ -142,7 +142,7 @@ TEST_F(QEVGeneralSettingsViewTest, StoresTheTextOfTheZoneThatIsPicked) {
 
 TEST_F(QEVGeneralSettingsViewTest, EmptyStoredZoneLeavesThePopUpButton) {
   store.underneath().setObject("", kPrefTimezoneString.name);
-  headless::Window& window = open(Tabs::general);
+  const headless::Window& window = open(Tabs::general);
   const auto menu = window.find(Role::menuButton, "Packet time zone");
   ASSERT_TRUE(menu.exists()) << menu.problem();
   EXPECT_EQ(menu.value(), "");

@@ -35,19 +35,19 @@ constexpr const char* kOtherList = "com_velloquin_qev_http_protocols";
 class QEVPreferencesMigrationTest : public ::testing::Test {
 protected:
   void fill(const PreferenceDictionary& values) {
-    for (const auto& [key, value] : values) store_.underneath().setObject(value, key);
+    for (const auto& [key, value] : values) store.underneath().setObject(value, key);
   }
 
   // What becomes of one value under a key, in a store of schema 0.
   PreferenceValue migrated(const char* key, const PreferenceValue& value) {
     fill({{key, value}, {kVersion, 0}});
-    QEVPreferencesMigration::migrateIfNeeded(store_);
-    EXPECT_EQ(store_.underneath().objectForKey(kVersion), PreferenceValue(2));
-    return *store_.underneath().objectForKey(key);
+    QEVPreferencesMigration::migrateIfNeeded(store);
+    EXPECT_EQ(store.underneath().objectForKey(kVersion), PreferenceValue(2));
+    return *store.underneath().objectForKey(key);
   }
 
-  support::RecordingPreferencesStore store_;
-  support::LogCapture log_;
+  support::RecordingPreferencesStore store;
+  support::LogCapture log;
 };
 
 TEST_F(QEVPreferencesMigrationTest, RunsEachStepOnAFreshSnapshotAndAdvancesTheVersionLast) {
@@ -56,13 +56,13 @@ TEST_F(QEVPreferencesMigrationTest, RunsEachStepOnAFreshSnapshotAndAdvancesTheVe
         {kList, bytes(R"([{"protocolPorts":[80,8080]}])")},
         {kOtherList, bytes("not JSON")},
         {kVersion, -1}});
-  QEVPreferencesMigration::migrateIfNeeded(store_);
-  EXPECT_THAT(store_.operations(),
+  QEVPreferencesMigration::migrateIfNeeded(store);
+  EXPECT_THAT(store.operations(),
               ElementsAre(read(kVersion), readAll(), wrote(kColor, "AQID"), wrote(kOtherColor, ""),
                           readAll(), wrote(kList, bytes(R"([{"protocolPorts":"80,8080"}])")),
                           wrote(kVersion, 2)));
 
-  const auto& entries = log_.entries();
+  const auto& entries = log.entries();
   ASSERT_EQ(entries.size(), 2);
   EXPECT_THAT(entries[0].items,
               ElementsAre("prefs migration v1: rewrote 2 color key(s) from Data to base64 String"));
@@ -79,28 +79,28 @@ TEST_F(QEVPreferencesMigrationTest, RunsEachStepOnAFreshSnapshotAndAdvancesTheVe
     EXPECT_EQ(entry.terminator, "\n");
   }
 
-  store_.forget();
-  QEVPreferencesMigration::migrateIfNeeded(store_);
-  EXPECT_THAT(store_.operations(), ElementsAre(read(kVersion)));
+  store.forget();
+  QEVPreferencesMigration::migrateIfNeeded(store);
+  EXPECT_THAT(store.operations(), ElementsAre(read(kVersion)));
 }
 
 TEST_F(QEVPreferencesMigrationTest, AnEmptyStoreOnlyGetsItsVersion) {
-  QEVPreferencesMigration::migrateIfNeeded(store_);
-  EXPECT_THAT(store_.changes(), ElementsAre(wrote(kVersion, 2)));
-  EXPECT_THAT(log_.texts(), IsEmpty());
+  QEVPreferencesMigration::migrateIfNeeded(store);
+  EXPECT_THAT(store.changes(), ElementsAre(wrote(kVersion, 2)));
+  EXPECT_THAT(log.texts(), IsEmpty());
 }
 
 TEST_F(QEVPreferencesMigrationTest, StartsWhereTheStoredVersionSays) {
   fill({{kColor, bytes("\x01")}, {kList, bytes(R"([{"protocolPorts":[80]}])")}, {kVersion, 1}});
-  QEVPreferencesMigration::migrateIfNeeded(store_);
-  EXPECT_THAT(store_.changes(),
+  QEVPreferencesMigration::migrateIfNeeded(store);
+  EXPECT_THAT(store.changes(),
               ElementsAre(wrote(kList, bytes(R"([{"protocolPorts":"80"}])")), wrote(kVersion, 2)));
 
-  store_.forget();
+  store.forget();
   fill({{kList, bytes(R"([{"protocolPorts":[80]}])")}, {kVersion, 3}});
-  QEVPreferencesMigration::migrateIfNeeded(store_);
-  EXPECT_THAT(store_.operations(), ElementsAre(read(kVersion)));
-  EXPECT_EQ(log_.entries().size(), 1);
+  QEVPreferencesMigration::migrateIfNeeded(store);
+  EXPECT_THAT(store.operations(), ElementsAre(read(kVersion)));
+  EXPECT_EQ(log.entries().size(), 1);
 }
 
 TEST_F(QEVPreferencesMigrationTest, RewritesPortsAndNothingElseOfAList) {
@@ -124,9 +124,9 @@ TEST_F(QEVPreferencesMigrationTest, RewritesPortsAndNothingElseOfAList) {
     SCOPED_TRACE(before);
     EXPECT_EQ(migrated(kList, bytes(before)), bytes(after));
     // Once rewritten, a list has nothing left to rewrite.
-    store_.forget();
+    store.forget();
     EXPECT_EQ(migrated(kList, bytes(after)), bytes(after));
-    EXPECT_THAT(store_.changes(), ElementsAre(wrote(kVersion, 2)));
+    EXPECT_THAT(store.changes(), ElementsAre(wrote(kVersion, 2)));
   }
 }
 
@@ -163,11 +163,11 @@ TEST_F(QEVPreferencesMigrationTest, LeavesOtherValuesUnchanged) {
   };
   for (const auto& [key, value] : values) {
     SCOPED_TRACE(key);
-    store_.forget();
+    store.forget();
     EXPECT_EQ(migrated(key, value), value);
-    EXPECT_THAT(store_.changes(), ElementsAre(wrote(kVersion, 2)));
+    EXPECT_THAT(store.changes(), ElementsAre(wrote(kVersion, 2)));
   }
-  EXPECT_THAT(log_.texts(), IsEmpty());
+  EXPECT_THAT(log.texts(), IsEmpty());
 }
 
 TEST_F(QEVPreferencesMigrationTest, AListInMemoryTakesTheSameStepsWithoutALogAndWithoutItsVersion) {
@@ -200,7 +200,7 @@ TEST_F(QEVPreferencesMigrationTest, AListInMemoryTakesTheSameStepsWithoutALogAnd
   ASSERT_FALSE(newer);
   EXPECT_THAT(newer.error().message, ::testing::HasSubstr("schema 3"));
   EXPECT_THAT(keysInOlderForm(old), ElementsAre(kColor, kList));
-  EXPECT_THAT(log_.texts(), IsEmpty());
+  EXPECT_THAT(log.texts(), IsEmpty());
 }
 
 }  // namespace

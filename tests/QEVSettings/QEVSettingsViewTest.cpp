@@ -16,6 +16,7 @@ std::vector<std::string> tabTitles(const headless::Window& window) {
   const auto& tabs =
       std::get<viewkit::TabBarControl>(*window.find(Role::tabList).content().control());
   std::vector<std::string> titles;
+  titles.reserve(tabs.items.size());
   for (const auto& item : tabs.items) titles.push_back(item.title);
   return titles;
 }
@@ -80,7 +81,7 @@ TEST_F(QEVSettingsViewTest, ShowsTheFirstPageForASelectionWithoutPage) {
 
 TEST_F(QEVSettingsViewTest, OpensOnTheDefaultTabAfterClosing) {
   open(Tabs::general).selectTab("Fonts");
-  headless::Window& window = open(Tabs::general);
+  const headless::Window& window = open(Tabs::general);
   EXPECT_TRUE(window.findText("APPEARANCE").exists());
   EXPECT_FALSE(window.findText("INTERFACE FONTS").exists());
 }

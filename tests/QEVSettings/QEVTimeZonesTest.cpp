@@ -42,24 +42,23 @@ std::string utf16(std::string_view ascii, Order order = Order::littleEndian, boo
 class QEVTimeZonesTest : public testing::Test {
 protected:
   QEVTimeZonesTest() {
-    fs::create_directories(folder_ / "zones" / "Europe");
-    fs::create_directories(folder_ / "resources");
+    fs::create_directories(folder / "zones" / "Europe");
+    fs::create_directories(folder / "resources");
     for (const char* const name : {"UTC", "Europe/Berlin", "Europe/Paris"})
-      std::ofstream(folder_ / "zones" / name);
-    std::ofstream(folder_ / "zones" / "tzdata.zi")
+      std::ofstream(folder / "zones" / name);
+    std::ofstream(folder / "zones" / "tzdata.zi")
         << "Z Europe/Paris 1\nZ UTC 0\nL Europe/Paris Europe/Berlin\n";
-    setenv("TZDIR", (folder_ / "zones").c_str(), 1);
-    Bundle::setMainResourceFolder(folder_ / "resources");
+    setenv("TZDIR", (folder / "zones").c_str(), 1);
+    Bundle::setMainResourceFolder(folder / "resources");
   }
   ~QEVTimeZonesTest() override { unsetenv("TZDIR"); }
 
   void ship(std::string_view bytes) const {
-    std::ofstream(folder_ / "resources" / "LocalizableTimeZones.strings", std::ios::binary)
-        << bytes;
+    std::ofstream(folder / "resources" / "LocalizableTimeZones.strings", std::ios::binary) << bytes;
   }
 
-  const support::TemporaryFolder scratch_;
-  const fs::path folder_ = scratch_.path();
+  const support::TemporaryFolder scratch;
+  const fs::path folder = scratch.path();
 };
 
 TEST_F(QEVTimeZonesTest, NamesEachIdentifierInTheOrderOfIdentifiers) {
@@ -84,11 +83,11 @@ TEST_F(QEVTimeZonesTest, NamesEachIdentifierInTheOrderOfIdentifiers) {
       {utf16(whole, Order::bigEndian), named, {}},
       {utf16(whole, Order::littleEndian, false), named, {}},
       {utf16(whole, Order::bigEndian, false), named, {}},
-      {utf16("\"UTC\";\"Europe/Berlin\";\"Europe/Paris\" = \"Europe/Paris\";"), bare, {}},
-      {utf16(whole + "\"Europe/Atlantis\" = \"X\";"), named, {mismatch(4)}},
-      {utf16("\"Europe/Berlin\" = \"Z\";"), {"Z", "Europe/Paris", "UTC"}, {mismatch(1)}},
-      {utf16("utc = A; \"Europe/Berlin\" = Z; \"Europe/Paris\" = M;"), {"Z", "M", "UTC"}, {}},
-      {utf16("\"UTC\" = \"A\"; \"Europe/Berlin\""), bare, {mismatch(0)}},
+      {utf16(R"("UTC";"Europe/Berlin";"Europe/Paris" = "Europe/Paris";)"), bare, {}},
+      {utf16(whole + R"("Europe/Atlantis" = "X";)"), named, {mismatch(4)}},
+      {utf16(R"("Europe/Berlin" = "Z";)"), {"Z", "Europe/Paris", "UTC"}, {mismatch(1)}},
+      {utf16(R"(utc = A; "Europe/Berlin" = Z; "Europe/Paris" = M;)"), {"Z", "M", "UTC"}, {}},
+      {utf16(R"("UTC" = "A"; "Europe/Berlin")"), bare, {mismatch(0)}},
       {utf16(""), bare, {mismatch(0)}},
       {utf16(whole) + "x", {}, {missing}},
       {std::string("\xFF\xFE\x00\xD8", 4), {}, {missing}},
@@ -112,8 +111,8 @@ TEST_F(QEVTimeZonesTest, LogsWhereAFileIsMissingAndReadsItAnewOnceItIsThere) {
 
   ship(utf16("UTC = A; Europe/Berlin = Z; Europe/Paris = M;"));
   EXPECT_THAT(QEVTimeZones::localizedTimeZoneNames(), ElementsAre("Z", "M", "A"));
-  fs::remove(folder_ / "resources" / "LocalizableTimeZones.strings");
-  fs::create_directory(folder_ / "resources" / "LocalizableTimeZones.strings");
+  fs::remove(folder / "resources" / "LocalizableTimeZones.strings");
+  fs::create_directory(folder / "resources" / "LocalizableTimeZones.strings");
   EXPECT_THAT(QEVTimeZones::localizedTimeZoneNames(), IsEmpty());
   EXPECT_EQ(log.entries().size(), 3U);
 }

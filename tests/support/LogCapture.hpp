@@ -22,6 +22,7 @@ public:
   // The text of each entry, with its separators and its terminator.
   std::vector<std::string> texts() const {
     std::vector<std::string> texts;
+    texts.reserve(entries_.size());
     for (const QEVLog::LogEntry& entry : entries_) texts.push_back(entry.text());
     return texts;
   }

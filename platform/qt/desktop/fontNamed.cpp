@@ -12,7 +12,7 @@ namespace {
 
 struct Word {
   QLatin1String text;
-  QFont::Weight weight;
+  QFont::Weight weight = QFont::Normal;
 };
 
 constexpr std::array<Word, 8> kWeights{{{QLatin1String("thin"), QFont::Thin},

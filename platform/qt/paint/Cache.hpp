@@ -17,7 +17,7 @@ Value cached(const Key& key, const Make& make) {
   Q_UNUSED(registered);
 
   if (const Value* const known = cache.object(key)) return *known;
-  const Value value = make();
+  Value value = make();
   cache.insert(key, new Value(value));
   return value;
 }

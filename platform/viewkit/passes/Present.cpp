@@ -117,6 +117,7 @@ void PresentPass::show(Node& node) {
 std::vector<const PresentationNode*> PresentPass::takeChanged(
     const std::vector<Node*>& withNewChildren) {
   std::vector<const PresentationNode*> changed;
+  changed.reserve(new_.size());
   for (const Node* node : new_) changed.push_back(&node->presented()->node);
   for (Node* node : withNewChildren) {
     node->marks.children = false;

@@ -97,11 +97,7 @@ bool Node::remeasuresEqually() {
   bool equal = !before.hasDropped() && cachesMeasurements();
   for (const LayoutAnswers::Answer& answer : before.all()) {
     // Answers from before the window's last resize are not worth the work of measuring them again.
-    if (answer.era() != era) {
-      equal = false;
-    } else if (measured(answer.proposal()) != answer.measurement()) {
-      equal = false;
-    }
+    if (answer.era() != era || measured(answer.proposal()) != answer.measurement()) equal = false;
   }
   return equal;
 }

@@ -80,7 +80,7 @@ public:
 
 protected:
   explicit NodeServices(const PlatformMetrics& metrics) : metrics(metrics) {}
-  virtual ~NodeServices() = default;
+  ~NodeServices() = default;
 };
 
 }  // namespace viewkit
