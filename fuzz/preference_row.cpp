@@ -50,7 +50,7 @@ private:
 };
 
 // Binds one column as any of the five types of the database.
-void bind(sqlite3_stmt* statement, int parameter, unsigned type, std::string_view bytes) {
+void bindParameter(sqlite3_stmt* statement, int parameter, unsigned type, std::string_view bytes) {
   std::int64_t integer = 0;
   double real = 0;
   std::memcpy(&integer, bytes.data(), bytes.size() < 8 ? bytes.size() : 8);
@@ -82,8 +82,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string_view contents(reinterpret_cast<const char*>(data) + 3, size - 3);
   sqlite3_stmt* const statement = row.begin();
   const char type = static_cast<char>(data[0]);
-  bind(statement, 1, data[1], {&type, 1});
-  bind(statement, 2, data[2], contents);
+  bindParameter(statement, 1, data[1], {&type, 1});
+  bindParameter(statement, 2, data[2], contents);
   const PreferenceCell cell = row.cell();
   static_cast<void>(cell.sum("key"));
   const auto value = cell.value();

@@ -27,7 +27,7 @@ class ViewHost::Runtime final : public NodeServices,
                                 public std::enable_shared_from_this<ViewHost::Runtime> {
 public:
   Runtime(Environment environment, const PlatformMetrics& metrics);
-  ~Runtime();
+  ~Runtime() override;
 
   void open(const View& root);
   // Everything disappears. A handler that is running goes on.

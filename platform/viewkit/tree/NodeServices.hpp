@@ -34,6 +34,7 @@ class NodeServices {
 public:
   NodeServices(const NodeServices&) = delete;
   NodeServices& operator=(const NodeServices&) = delete;
+  virtual ~NodeServices() = default;
 
   // Marks: a pass of the coming update visits the node. A node that is marked already must not be
   // marked again; see Node::marks.
@@ -80,7 +81,6 @@ public:
 
 protected:
   explicit NodeServices(const PlatformMetrics& metrics) : metrics(metrics) {}
-  ~NodeServices() = default;
 };
 
 }  // namespace viewkit
