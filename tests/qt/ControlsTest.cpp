@@ -31,10 +31,10 @@ using ControlsTest = WindowFixture;
 TEST_F(ControlsTest, ButtonsArePressedByMouseAndKeyboard) {
   std::vector<std::string> pressed;
   open(viewkit::VStack(
-      {}, {viewkit::Button("push", [&] { pressed.push_back("push"); }),
-           viewkit::PlainButton(viewkit::Text("plain"), [&] { pressed.push_back("plain"); })
+      {}, {viewkit::Button("push", [&] { pressed.emplace_back("push"); }),
+           viewkit::PlainButton(viewkit::Text("plain"), [&] { pressed.emplace_back("plain"); })
                .accessibilityLabel("plain"),
-           viewkit::Button("off", [&] { pressed.push_back("off"); }).disabled(true)}));
+           viewkit::Button("off", [&] { pressed.emplace_back("off"); }).disabled(true)}));
   for (const char* name : {"push", "plain", "off"}) {
     QWidget& button = widget(QAccessible::PushButton, name);
     QTest::mouseClick(&button, Qt::LeftButton);
@@ -185,7 +185,7 @@ TEST_F(ControlsTest, FocusScrollsControlIntoView) {
                                 return viewkit::Button("row " + std::to_string(i), [] {})
                                     .frame(viewkit::FixedFrame{.height = 100});
                               })})));
-  QWidget& last = widget(QAccessible::PushButton, "row 9");
+  const QWidget& last = widget(QAccessible::PushButton, "row 9");
   EXPECT_TRUE(last.visibleRegion().isEmpty());
   widget(QAccessible::PushButton, "row 0").setFocus();
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
