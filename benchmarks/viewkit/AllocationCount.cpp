@@ -6,7 +6,7 @@
 
 std::size_t allocatedBytes = 0;
 
-// The replaced functions are what owns memory everywhere else, so they allocate it by hand.
+// These functions are the allocator, so they call malloc and free.
 // NOLINTBEGIN(cppcoreguidelines-no-malloc,cppcoreguidelines-owning-memory)
 void* operator new(std::size_t size) {
   allocatedBytes += size;

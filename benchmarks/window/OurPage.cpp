@@ -83,12 +83,14 @@ std::vector<const PresentationNode*> OurPage::all(qt::Window& window, Role role)
   return found;
 }
 
-QRect OurPage::first(qt::Window& window, Role role) {
+const PresentationNode& OurPage::firstNode(qt::Window& window, Role role) {
   const auto found = all(window, role);
   if (found.empty())
     throw std::runtime_error("the page has no " + std::string(viewkit::nameOf(role)));
-  return rectOf(*found.front());
+  return *found.front();
 }
+
+QRect OurPage::first(qt::Window& window, Role role) { return rectOf(firstNode(window, role)); }
 
 QRect OurPage::analyzer(int row) {
   return rectOf(*all(*window_, Role::listItem).at(static_cast<std::size_t>(row)));
@@ -96,10 +98,8 @@ QRect OurPage::analyzer(int row) {
 QRect OurPage::details() { return rectOf(*all(*window_, Role::scrollArea).back()); }
 QRect OurPage::firstSwitch() { return first(*window_, Role::toggle); }
 bool OurPage::isFirstSwitchOn() {
-  const PresentationNode& node = *all(*window_, Role::toggle).at(0);
-  return std::get<viewkit::ToggleControl>(*node.control()).isOn;
+  return std::get<viewkit::ToggleControl>(*firstNode(*window_, Role::toggle).control()).isOn;
 }
-
 QRect OurPage::firstPorts() { return first(*window_, Role::textField); }
 
 QWidget& OurPage::tabWindow() {

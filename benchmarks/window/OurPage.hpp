@@ -29,6 +29,8 @@ public:
 
 private:
   static std::vector<const viewkit::PresentationNode*> all(qt::Window& window, viewkit::Role role);
+  // The first node of a role, and its place. There must be one.
+  static const viewkit::PresentationNode& firstNode(qt::Window& window, viewkit::Role role);
   static QRect first(qt::Window& window, viewkit::Role role);
 
   std::unique_ptr<foundation::UserDefaults> store_ = foundation::UserDefaults::inMemory();

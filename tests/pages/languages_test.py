@@ -10,10 +10,11 @@ language say so, or if it is data: a name of a protocol or an interface, a numbe
 
 import json
 import os
-import subprocess
 import sys
 import tempfile
 from pathlib import Path
+
+from page_program import run
 
 LANGUAGES = ["de", "fr", "es", "ja", "zh-Hans", "ar"]
 TABS = ["general", "capture", "proxy", "analyze", "appearance"]
@@ -25,29 +26,6 @@ BUNDLES = [
 APP = "com_velloquin_zorvantine_"
 # Shown as they are in every language.
 TRANSPORTS = {"TCP", "UDP", "UDP/TCP", "None"}
-
-
-def run(zorvantine, store, *arguments):
-    folder = str(Path(store).parent)
-    environment = {
-        "PATH": os.environ.get("PATH", ""),
-        "LC_ALL": "C.UTF-8",
-        "TZ": "UTC",
-        "HOME": folder,
-        "XDG_CONFIG_HOME": folder,
-        "XDG_DATA_HOME": folder,
-        "XDG_RUNTIME_DIR": folder,
-    }
-    result = subprocess.run(
-        [zorvantine, "--store", store, *arguments],
-        env=environment,
-        capture_output=True,
-        text=True,
-        check=False,
-    )
-    if result.returncode != 0:
-        sys.exit(f"{' '.join(arguments)}: {result.stderr}")
-    return result.stdout
 
 
 def texts(node):

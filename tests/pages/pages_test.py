@@ -13,13 +13,13 @@ changed settings are left out too, so that the files show that a mark moves noth
 import base64
 import difflib
 import json
-import os
 import re
 import struct
-import subprocess
 import sys
 import tempfile
 from pathlib import Path
+
+from page_program import run
 
 FOLDER = Path(__file__).parent
 APP = "com_velloquin_zorvantine_"
@@ -157,29 +157,11 @@ def option_of(value):
 
 def describe(program, arguments, preferences):
     with tempfile.TemporaryDirectory() as folder:
-        environment = {
-            "PATH": os.environ.get("PATH", ""),
-            "LC_ALL": "C.UTF-8",
-            "TZ": "UTC",
-            "HOME": folder,
-            "XDG_CONFIG_HOME": folder,
-            "XDG_DATA_HOME": folder,
-            "XDG_RUNTIME_DIR": folder,
-        }
-
-        def zorvantine(*command):
-            return subprocess.run(
-                [program, "--store", folder + "/preferences.sqlite", *command],
-                env=environment,
-                check=True,
-                capture_output=True,
-                encoding="utf-8",
-            ).stdout
-
+        store = folder + "/preferences.sqlite"
         for key, value in {**TIME_ZONE, **preferences}.items():
-            zorvantine("prefs", "set", key, *option_of(value))
+            run(program, store, "prefs", "set", key, *option_of(value))
         language = [] if "--language" in arguments else ["--language", "en"]
-        lines = without_marks(condensed(zorvantine("describe", *arguments, *language)))
+        lines = without_marks(condensed(run(program, store, "describe", *arguments, *language)))
     return without_interfaces(lines) if "capture" in arguments else lines
 
 

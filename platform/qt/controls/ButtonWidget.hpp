@@ -19,9 +19,9 @@ public:
 
 protected:
   virtual void press() = 0;
-  // Updates the views, presses the control, and updates the views again. Before the press, they may
-  // still have to take over the result of an earlier one. After it, Qt paints the released button
-  // once, with the result of its press: a switch is shown in four fifths of the time.
+  // Updates the views, presses the control, and updates the views again. The first update takes
+  // over the result of an earlier press. The second one comes before Qt paints the released button,
+  // so that one painting shows the result. Without it, a switch takes 1.3 times as long to change.
   void pressUpToDate();
 
   void keyPressEvent(QKeyEvent* event) override;

@@ -118,6 +118,7 @@ void WindowWidget::present(const viewkit::PresentationChanges& changes) {
     sinceFrame_.start();
     frames_.start();
   }
+  // A change that only paints, such as a hover, needs no turn of the event loop for this.
   if (changes.laidOut) fitLater();
 }
 
