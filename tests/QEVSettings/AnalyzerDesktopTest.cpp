@@ -2,11 +2,9 @@
 #include "HostParts.hpp"
 #include "QEVCommonTools/ColorRawValue.hpp"
 #include "QEVDependencies/QEVError.hpp"
-#include "QEVDependencies/QEVProtocolKonstants.hpp"
 #include "QEVModels/AnalyzerPortsStore.hpp"
 #include "QEVSettings/preferences/PreferenceKeys.hpp"
 #include "TestAnalyzers.hpp"
-#include "foundation/NotificationCenter.hpp"
 #include "qt/WindowFixture.hpp"
 
 #include <gmock/gmock.h>
@@ -28,7 +26,6 @@ namespace QEVSettings {
 namespace {
 
 using QEVDependencies::QEVError;
-using QEVDependencies::QEVProtocolKonstants;
 using support::wrote;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -107,14 +104,7 @@ protected:
   std::shared_ptr<PortsPreferences> preferences = std::make_shared<PortsPreferences>(journal);
 
 private:
-  Subscription stored_ =
-      store.observe(kPortsKey, [this](std::string_view) { journal.emplace_back("store"); });
-  Subscription listChanged_ = foundation::NotificationCenter::defaultCenter().observe(
-      rawValue(static_cast<QEVProtocolKonstants>(9)),
-      [this](std::string_view) { journal.emplace_back("notify 9"); });
-  Subscription portsChanged_ = foundation::NotificationCenter::defaultCenter().observe(
-      rawValue(static_cast<QEVProtocolKonstants>(3)),
-      [this](std::string_view) { journal.emplace_back("notify 3"); });
+  PortsWatch watch_{journal, store, kPortsKey};
 };
 
 TEST_F(AnalyzerDesktopTest, ArrowsAndClicksMoveTheSelection) {

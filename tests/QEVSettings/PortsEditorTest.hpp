@@ -2,9 +2,7 @@
 #pragma once
 
 #include "AnalyzerWindowTest.hpp"
-#include "QEVDependencies/QEVProtocolKonstants.hpp"
 #include "QEVModels/AnalyzerPortsStore.hpp"
-#include "foundation/NotificationCenter.hpp"
 
 #include <functional>
 #include <memory>
@@ -80,14 +78,7 @@ protected:
   std::shared_ptr<PortsPreferences> preferences = std::make_shared<PortsPreferences>(journal);
 
 private:
-  QEVSettings::Subscription stored_ =
-      store.observe(kPortsKey, [this](std::string_view) { journal.emplace_back("store"); });
-  QEVSettings::Subscription listChanged_ = foundation::NotificationCenter::defaultCenter().observe(
-      rawValue(static_cast<QEVDependencies::QEVProtocolKonstants>(9)),
-      [this](std::string_view) { journal.emplace_back("notify 9"); });
-  QEVSettings::Subscription portsChanged_ = foundation::NotificationCenter::defaultCenter().observe(
-      rawValue(static_cast<QEVDependencies::QEVProtocolKonstants>(3)),
-      [this](std::string_view) { journal.emplace_back("notify 3"); });
+  PortsWatch watch_{journal, store, kPortsKey};
 };
 
 }  // namespace QEVSettings

@@ -53,12 +53,12 @@ protected:
     foundation::Bundle::setMainResourceFolder(QEV_SOURCE_FOLDER "/host/resources");
     clearRegistry();
     zorvantine::loadAnalyzers(std::nullopt, store());
-    for (auto& each : zorvantine::hostSettings()) catalogue_->add(std::move(each));
+    for (auto& each : zorvantine::hostSettings()) catalogue->add(std::move(each));
     sparkle::UpdaterConfiguration configuration;
     configuration.store = &store();
     sparkle::UpdaterConfiguration::setStandard(configuration);
-    parts_.updater = std::make_shared<UpdaterViewModel>();
-    parts_.interfaces->interfaces = {{.name = "eth0", .addresses = {}, .isUp = true}};
+    parts.updater = std::make_shared<UpdaterViewModel>();
+    parts.interfaces->interfaces = {{.name = "eth0", .addresses = {}, .isUp = true}};
   }
   ~SettingRowTest() override {
     window_.reset();
@@ -71,25 +71,24 @@ protected:
       registry.unregisterPlugIn(registry.plugInStructs().front().id);
   }
 
-  foundation::UserDefaults& store() { return parts_.store.underneath(); }
+  foundation::UserDefaults& store() { return parts.store.underneath(); }
 
   enum class Marks { shown, leftOut };
   Window& open(Tabs tab, Marks marks = Marks::shown) { return open(tab, store(), marks); }
   Window& open(Tabs tab, PreferencesStore& preferences, Marks marks = Marks::shown) {
     window_.reset();
-    writer_ = std::make_shared<SettingWriter>(
-        preferences,
-        SettingWriter::Doors{.appDelegate = parts_.delegate, .updater = parts_.updater});
+    writer = std::make_shared<SettingWriter>(
+        preferences, SettingWriter::Doors{.appDelegate = parts.delegate, .updater = parts.updater});
     auto capture =
-        std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(preferences, parts_.interfaces);
+        std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(preferences, parts.interfaces);
     const QEVSettingsView view(
-        parts_.updater, parts_.delegate, capture, tab,
+        parts.updater, parts.delegate, capture, tab,
         ProxySettingsView(std::make_shared<zorvantine::ProxyService>(preferences)),
         SettingsWindowOptions{.hasMarks = marks == Marks::shown});
     window_ = std::make_unique<Window>(
         view, viewkit::Environment{
                   .defaultStore = preferences,
-                  .objects = viewkit::EnvironmentObjects().with(catalogue_).with(writer_)});
+                  .objects = viewkit::EnvironmentObjects().with(catalogue).with(writer)});
     return *window_;
   }
 
@@ -119,9 +118,11 @@ protected:
     return titles;
   }
 
-  HostParts parts_;
-  std::shared_ptr<SettingsCatalogue> catalogue_ = std::make_shared<SettingsCatalogue>();
-  std::shared_ptr<SettingWriter> writer_;
+  HostParts parts;
+  std::shared_ptr<SettingsCatalogue> catalogue = std::make_shared<SettingsCatalogue>();
+  std::shared_ptr<SettingWriter> writer;
+
+private:
   std::unique_ptr<Window> window_;
 };
 
@@ -148,7 +149,7 @@ TEST_F(SettingRowTest, MarksMoveNothingOnAnyPage) {
   for (const Tabs tab : {Tabs::general, Tabs::capture, Tabs::proxy, Tabs::appearance}) {
     SCOPED_TRACE(static_cast<int>(tab));
     const std::vector<std::string> plain = shownIn(open(tab, Marks::leftOut));
-    Window& window = open(tab);
+    const Window& window = open(tab);
     EXPECT_THAT(marksIn(window), IsEmpty());
     EXPECT_EQ(shownIn(window), plain);
   }
@@ -162,7 +163,7 @@ TEST_F(SettingRowTest, MarksMoveNothingOnAnyPage) {
   for (const Tabs tab : kAllTabs) {
     SCOPED_TRACE(static_cast<int>(tab));
     const std::vector<std::string> plain = shownIn(open(tab, Marks::leftOut));
-    Window& window = open(tab);
+    const Window& window = open(tab);
     EXPECT_THAT(marksIn(window), Not(IsEmpty()));
     EXPECT_EQ(shownIn(window), plain);
   }
@@ -203,12 +204,12 @@ TEST_F(SettingRowTest, ResetBringsTheDefaultBackThroughTheWriter) {
   EXPECT_THAT(marksIn(window), IsEmpty());
 
   window.click(window.find(Role::button, "Light"));
-  const int calls = parts_.delegate->calls;
+  const int calls = parts.delegate->calls;
   EXPECT_TRUE(
       window.chooseFromContextMenu(window.find(Role::button, "Light"), "Reset to Default (Dark)"));
   EXPECT_EQ(store().find(kAppearanceName.name), nullptr);
   EXPECT_EQ(store().find(kAppearanceUseSystem.name), nullptr);
-  EXPECT_GT(parts_.delegate->calls, calls);
+  EXPECT_GT(parts.delegate->calls, calls);
   EXPECT_EQ(window.find(Role::button, "Dark").isSelected(), true);
 }
 
@@ -236,7 +237,7 @@ TEST_F(SettingRowTest, ListOfPortsIsMarkedOnlyWhenItMeansSomethingElse) {
     store().setObject(PreferenceValue::Bytes(list.begin(), list.end()), key);
     window.settle();
   };
-  const auto* descriptor = catalogue_->current().find(key);
+  const auto* descriptor = catalogue->current().find(key);
   ASSERT_NE(descriptor, nullptr);
   store().setObject(*descriptor->defaultValue, key);
   window.settle();
@@ -270,7 +271,7 @@ TEST_F(SettingRowTest, EveryRowOfEveryPageCopiesItsKeys) {
     store().setInteger(static_cast<std::int64_t>(i), kAnalyzerSelectedIndex.name);
     copyAll(open(Tabs::analyze));
   }
-  for (const PreferenceDescriptor* each : catalogue_->current().all()) {
+  for (const PreferenceDescriptor* each : catalogue->current().all()) {
     const bool hasRow = !each->place.tab.empty() && !each->place.row.empty();
     EXPECT_TRUE(!hasRow || copied.contains(each->key)) << each->key;
   }

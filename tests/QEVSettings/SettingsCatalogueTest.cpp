@@ -81,37 +81,37 @@ protected:
   SettingsCatalogueTest() {
     // With the names of the time zones.
     foundation::Bundle::setMainResourceFolder(QEV_SOURCE_FOLDER "/host/resources");
-    parts_.interfaces->interfaces = {{.name = "eth0", .addresses = {}, .isUp = true},
-                                     {.name = "eth1", .addresses = {}, .isUp = false}};
+    parts.interfaces->interfaces = {{.name = "eth0", .addresses = {}, .isUp = true},
+                                    {.name = "eth1", .addresses = {}, .isUp = false}};
   }
 
-  EmptyRegistry registry_;
-  HostParts parts_;
+  EmptyRegistry registry;
+  HostParts parts;
 };
 
 TEST_F(SettingsCatalogueTest, EveryControlOfEveryPageWritesValuesThatFitTheirDescriptors) {
-  zorvantine::loadAnalyzers(std::nullopt, parts_.store);
+  zorvantine::loadAnalyzers(std::nullopt, parts.store);
   SettingsCatalogue settings;
   for (const auto& each : zorvantine::hostSettings()) settings.add(each);
   auto capture =
-      std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(parts_.store, parts_.interfaces);
-  parts_.captureModel = capture;
-  auto proxy = std::make_shared<zorvantine::ProxyService>(parts_.store);
+      std::make_shared<QEVCoreComponents::QEVCaptureViewModel>(parts.store, parts.interfaces);
+  parts.captureModel = capture;
+  auto proxy = std::make_shared<zorvantine::ProxyService>(parts.store);
   const auto open = [&](Tabs tab) {
-    return std::make_unique<headless::Window>(parts_.settingsView(tab, ProxySettingsView(proxy)),
-                                              viewkit::Environment{.defaultStore = parts_.store});
+    return std::make_unique<headless::Window>(parts.settingsView(tab, ProxySettingsView(proxy)),
+                                              viewkit::Environment{.defaultStore = parts.store});
   };
   for (const Tabs tab : {Tabs::general, Tabs::capture, Tabs::proxy, Tabs::appearance})
     useEveryControl(*open(tab));
   const auto count = QEVPlugInsController::sharedManager().plugInStructs().size();
   for (std::size_t i = 0; i < count; ++i) {
-    parts_.store.setInteger(static_cast<std::int64_t>(i), kAnalyzerSelectedIndex.name);
+    parts.store.setInteger(static_cast<std::int64_t>(i), kAnalyzerSelectedIndex.name);
     useEveryControl(*open(Tabs::analyze));
   }
 
   std::set<std::string> written;
-  auto changes = parts_.store.changes();
-  const auto updates = parts_.updaterStore.changes();
+  auto changes = parts.store.changes();
+  const auto updates = parts.updaterStore.changes();
   changes.insert(changes.end(), updates.begin(), updates.end());
   for (const auto& change : changes) {
     SCOPED_TRACE(change.key);
@@ -131,7 +131,7 @@ TEST_F(SettingsCatalogueTest, EveryControlOfEveryPageWritesValuesThatFitTheirDes
 TEST_F(SettingsCatalogueTest, AnalyzersSettingsAreTakenAnewWhenOneRegistersOrLeaves) {
   SettingsCatalogue settings;
   const std::size_t fixed = settings.current().size();
-  zorvantine::loadAnalyzers(2, parts_.store);
+  zorvantine::loadAnalyzers(2, parts.store);
   const auto* const option = settings.current().find("com_velloquin_qev_synthetic1_checksums");
   ASSERT_NE(option, nullptr);
   EXPECT_EQ(option->place.analyzer, "Analyzer 1");

@@ -17,10 +17,8 @@
 namespace QEVSettings {
 namespace {
 
-using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Not;
 
 constexpr const char* kAppearance = "com_velloquin_zorvantine_appearanceName";
 constexpr const char* kConsoleFont = "com_velloquin_zorvantine_fontConsoleRaw";

@@ -131,7 +131,7 @@ TEST_F(StorageNoticeTest, PageShowsWhatIsInMemoryWhileTheStoreCannotBeWritten) {
 
 TEST_F(StorageNoticeTest, RecoveryIsShownUntilItIsDismissedInAnyWindow) {
   headless::Window& window = open(Tabs::general);
-  headless::Window other = secondWindow();
+  const headless::Window other = secondWindow();
   for (const StoreOpening& opening : {reported(Outcome::restored), reported(Outcome::restored, 3),
                                       reported(Outcome::begunEmpty)}) {
     SCOPED_TRACE(opening.message);

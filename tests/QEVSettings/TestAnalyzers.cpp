@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "TestAnalyzers.hpp"
 
+#include "QEVDependencies/QEVProtocolKonstants.hpp"
 #include "QEVModels/QEVPlugInsController.hpp"
-
-#include <array>
-#include <utility>
+#include "foundation/NotificationCenter.hpp"
 
 namespace QEVSettings {
 
@@ -19,6 +18,14 @@ std::string described(const QEVNetworkProtocol& protocol) {
          std::to_string(protocol.sourceProtocol.get());
 }
 
+Subscription noteNotifications(Journal& journal, int number) {
+  return foundation::NotificationCenter::defaultCenter().observe(
+      rawValue(static_cast<QEVDependencies::QEVProtocolKonstants>(number)),
+      [&journal, number](std::string_view) {
+        journal.push_back("notify " + std::to_string(number));
+      });
+}
+
 }  // namespace
 
 void PortsPreferences::replaceProtoocol(const std::shared_ptr<QEVNetworkProtocol>& old,
@@ -31,16 +38,22 @@ void PortsPreferences::replaceProtoocol(const std::shared_ptr<QEVNetworkProtocol
 }
 
 void PortsPreferences::setDefaultSettings(bool reset) {
-  journal_.push_back(reset ? "set default settings" : "leave default settings");
+  journal_.emplace_back(reset ? "set default settings" : "leave default settings");
   if (refuseDefaults) refuseDefaults();
 }
+
+PortsWatch::PortsWatch(Journal& journal, PreferencesStore& store, std::string_view key)
+    : subscriptions_{
+          store.observe(key, [&journal](std::string_view) { journal.emplace_back("store"); }),
+          noteNotifications(journal, 9), noteNotifications(journal, 3)} {}
 
 LoadedPlugIns::~LoadedPlugIns() {
   for (const auto& id : loaded_) QEVPlugInsController::sharedManager().unregisterPlugIn(id);
 }
 
-void LoadedPlugIns::load(const std::string& title,
-                         std::shared_ptr<QEVDependencies::QEVPreferencesObject> preferences) {
+void LoadedPlugIns::load(
+    const std::string& title,
+    const std::shared_ptr<QEVDependencies::QEVPreferencesObject>& preferences) {
   loaded_.push_back(foundation::UUID::random());
   QEVPlugInsController::sharedManager().registerPlugIn(
       {.id = loaded_.back(),
@@ -48,7 +61,7 @@ void LoadedPlugIns::load(const std::string& title,
        .plugInDescription = "\n  What " + title + " is \n",
        .plugInAuthor = "its author",
        .plugInVersion = "1.2",
-       .plugInPreferencesInstance = std::move(preferences)});
+       .plugInPreferencesInstance = preferences});
 }
 
 std::shared_ptr<QEVNetworkProtocol> protocol(const std::string& name, const std::string& ports,

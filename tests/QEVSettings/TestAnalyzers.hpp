@@ -5,13 +5,16 @@
 #include "QEVDependencies/QEVPluginPreferencesProtocol.hpp"
 #include "QEVDependencies/QEVPortsPreferencesProtocol.hpp"
 #include "QEVDependencies/QEVPreferencesObject.hpp"
+#include "QEVSettings/preferences/PreferencesStore.hpp"
 #include "foundation/UUID.hpp"
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace QEVSettings {
@@ -51,6 +54,16 @@ private:
   Journal& journal_;
 };
 
+// While it lives, a journal notes each write of a list of ports ("store") and each notification of
+// one ("notify 9", "notify 3").
+class PortsWatch {
+public:
+  PortsWatch(Journal& journal, PreferencesStore& store, std::string_view key);
+
+private:
+  std::array<Subscription, 3> subscriptions_;
+};
+
 // Plug-ins of a test's own, loaded until it ends.
 class LoadedPlugIns {
 public:
@@ -61,7 +74,7 @@ public:
 
   // Listed after those before it.
   void load(const std::string& title,
-            std::shared_ptr<QEVDependencies::QEVPreferencesObject> preferences = nullptr);
+            const std::shared_ptr<QEVDependencies::QEVPreferencesObject>& preferences = nullptr);
 
 private:
   std::vector<foundation::UUID> loaded_;

@@ -41,51 +41,51 @@ TEST(KeyWindow, NoWindowIsKeyAfterTheKeyWindowIsDestroyed) {
 
 class AppearanceTest : public ::testing::Test {
 protected:
-  AppearanceTest() {
+  void SetUp() override {
     restore();
-    announcements_ = 0;
+    announcements = 0;
   }
-  ~AppearanceTest() override { restore(); }
+  void TearDown() override { restore(); }
 
   void restore() {
-    application_.setAppearance(std::nullopt);
-    application_.setSystemAppearance(Appearance::light);
+    application.setAppearance(std::nullopt);
+    application.setSystemAppearance(Appearance::light);
   }
 
-  Application& application_ = Application::sharedApplication();
-  int announcements_ = 0;
-  Appearance announced_ = Appearance::light;
-  foundation::Subscription subscription_ =
-      application_.effectiveAppearanceDidChange().subscribe([this] {
-        ++announcements_;
-        announced_ = application_.effectiveAppearance();
+  Application& application = Application::sharedApplication();
+  int announcements = 0;
+  Appearance announced = Appearance::light;
+  foundation::Subscription subscription =
+      application.effectiveAppearanceDidChange().subscribe([this] {
+        ++announcements;
+        announced = application.effectiveAppearance();
       });
 };
 
 TEST_F(AppearanceTest, ChangeIsAnnouncedOnceAfterItIsInEffect) {
-  application_.setAppearance(Appearance::dark);
-  EXPECT_EQ(announcements_, 1);
-  EXPECT_EQ(announced_, Appearance::dark);
-  EXPECT_EQ(application_.palette(), Palette::dark());
+  application.setAppearance(Appearance::dark);
+  EXPECT_EQ(announcements, 1);
+  EXPECT_EQ(announced, Appearance::dark);
+  EXPECT_EQ(application.palette(), Palette::dark());
 }
 
 TEST_F(AppearanceTest, ChangeWithoutEffectIsNotAnnounced) {
-  application_.setAppearance(Appearance::light);
-  EXPECT_EQ(announcements_, 0) << "light was in force already";
-  application_.setSystemAppearance(Appearance::dark);
-  EXPECT_EQ(announcements_, 0) << "the application's own choice is in force";
-  application_.setAppearance(std::nullopt);
-  EXPECT_EQ(announcements_, 1);
-  EXPECT_EQ(announced_, Appearance::dark) << "without a choice the desktop's counts";
+  application.setAppearance(Appearance::light);
+  EXPECT_EQ(announcements, 0) << "light was in force already";
+  application.setSystemAppearance(Appearance::dark);
+  EXPECT_EQ(announcements, 0) << "the application's own choice is in force";
+  application.setAppearance(std::nullopt);
+  EXPECT_EQ(announcements, 1);
+  EXPECT_EQ(announced, Appearance::dark) << "without a choice the desktop's counts";
 }
 
 TEST_F(AppearanceTest, FollowsTheDesktopUntilThereIsAChoice) {
-  application_.setSystemAppearance(Appearance::dark);
-  EXPECT_EQ(announced_, Appearance::dark);
-  application_.setAppearance(Appearance::light);
-  application_.setSystemAppearance(Appearance::light);
-  EXPECT_EQ(announcements_, 2);
-  EXPECT_EQ(announced_, Appearance::light);
+  application.setSystemAppearance(Appearance::dark);
+  EXPECT_EQ(announced, Appearance::dark);
+  application.setAppearance(Appearance::light);
+  application.setSystemAppearance(Appearance::light);
+  EXPECT_EQ(announcements, 2);
+  EXPECT_EQ(announced, Appearance::light);
 }
 
 // The least contrast of the color on any background of the palette.
@@ -98,25 +98,25 @@ double leastContrast(const Palette& palette, const RGBA& color) {
 TEST_F(AppearanceTest, TextIsReadableWithStrongContrastAndWithAnyAccent) {
   EXPECT_NEAR(contrastBetween({0, 0, 0, 1}, {1, 1, 1, 1}), 21, 0.01);
   for (const auto appearance : {Appearance::light, Appearance::dark}) {
-    application_.setAppearance(appearance);
-    const Palette normal = application_.palette();
+    application.setAppearance(appearance);
+    const Palette normal = application.palette();
     for (const RGBA wanted : {RGBA{1, 1, 0, 1}, RGBA{0, 0, 0.4, 1}, RGBA{0.9, 0.2, 0.1, 1}}) {
-      application_.setSystemAccent(wanted);
-      const Palette& palette = application_.palette();
+      application.setSystemAccent(wanted);
+      const Palette& palette = application.palette();
       EXPECT_NE(palette.accent, normal.accent);
       EXPECT_GE(leastContrast(palette, palette.accent), 4.5);
       EXPECT_GE(contrastBetween(palette.accent, palette.selectedText), 4.5);
     }
-    application_.setSystemAccent(std::nullopt);
-    EXPECT_EQ(application_.palette(), normal);
+    application.setSystemAccent(std::nullopt);
+    EXPECT_EQ(application.palette(), normal);
 
-    const int before = announcements_;
-    application_.setSystemContrast(Contrast::high);
-    EXPECT_EQ(announcements_, before + 1);
-    const Palette& strong = application_.palette();
+    const int before = announcements;
+    application.setSystemContrast(Contrast::high);
+    EXPECT_EQ(announcements, before + 1);
+    const Palette& strong = application.palette();
     for (const RGBA& text : {strong.primary, strong.secondary, strong.accent, strong.systemRed})
       EXPECT_GE(leastContrast(strong, text), 7);
-    application_.setSystemContrast(Contrast::normal);
+    application.setSystemContrast(Contrast::normal);
   }
 }
 

@@ -25,19 +25,19 @@ protected:
   MonitorPtr noting(const std::string& name) {
     return Event::addLocalMonitorForEventsMatchingMask(Event::kKeyDownMask,
                                                        [this, name](const Event& event) {
-                                                         seen_.push_back(name);
+                                                         seen.push_back(name);
                                                          return std::optional(event);
                                                        });
   }
 
-  std::vector<std::string> seen_;
+  std::vector<std::string> seen;
 };
 
 TEST_F(EventMonitorTest, SeesEventsInTheOrderOfInstallation) {
   const auto first = noting("first");
   const auto second = noting("second");
   const auto passedOn = pressDown();
-  EXPECT_THAT(seen_, ElementsAre("first", "second"));
+  EXPECT_THAT(seen, ElementsAre("first", "second"));
   ASSERT_TRUE(passedOn);
   EXPECT_EQ(passedOn->keyCode, Event::kDownArrow);
 }
@@ -47,7 +47,7 @@ TEST_F(EventMonitorTest, ConsumedEventsGoNoFurther) {
       Event::kKeyDownMask, [](const Event&) { return std::optional<Event>(); });
   const auto later = noting("later");
   EXPECT_FALSE(pressDown());
-  EXPECT_THAT(seen_, IsEmpty());
+  EXPECT_THAT(seen, IsEmpty());
 }
 
 TEST_F(EventMonitorTest, NextMonitorSeesTheEventThatTheFirstPassesOn) {
@@ -73,7 +73,7 @@ TEST_F(EventMonitorTest, SeesOnlyTheKindsThatItAskedFor) {
   const auto monitor = noting("keys");
   const auto passedOn = Event::passThroughMonitors(Event::kKeyDownMask << 1U, kDown);
   EXPECT_TRUE(passedOn);
-  EXPECT_THAT(seen_, IsEmpty());
+  EXPECT_THAT(seen, IsEmpty());
 }
 
 TEST_F(EventMonitorTest, EndsWhenItIsRemovedOrDestroyed) {
@@ -85,7 +85,7 @@ TEST_F(EventMonitorTest, EndsWhenItIsRemovedOrDestroyed) {
   Event::removeMonitor(nullptr);
   destroyed.reset();
   pressDown();
-  EXPECT_THAT(seen_, ElementsAre("kept"));
+  EXPECT_THAT(seen, ElementsAre("kept"));
 }
 
 TEST_F(EventMonitorTest, HandlerMayRemoveItselfAndOthers) {
@@ -93,7 +93,7 @@ TEST_F(EventMonitorTest, HandlerMayRemoveItselfAndOthers) {
   MonitorPtr next;
   itself =
       Event::addLocalMonitorForEventsMatchingMask(Event::kKeyDownMask, [&](const Event& event) {
-        seen_.emplace_back("itself");
+        seen.emplace_back("itself");
         Event::removeMonitor(itself);
         Event::removeMonitor(next);
         itself.reset();
@@ -103,7 +103,7 @@ TEST_F(EventMonitorTest, HandlerMayRemoveItselfAndOthers) {
   const auto last = noting("last");
   pressDown();
   pressDown();
-  EXPECT_THAT(seen_, ElementsAre("itself", "last", "last"));
+  EXPECT_THAT(seen, ElementsAre("itself", "last", "last"));
 }
 
 TEST_F(EventMonitorTest, MonitorAddedByAHandlerSeesTheNextEvent) {
@@ -114,9 +114,9 @@ TEST_F(EventMonitorTest, MonitorAddedByAHandlerSeesTheNextEvent) {
         return std::optional(event);
       });
   pressDown();
-  EXPECT_THAT(seen_, IsEmpty());
+  EXPECT_THAT(seen, IsEmpty());
   pressDown();
-  EXPECT_THAT(seen_, ElementsAre("added"));
+  EXPECT_THAT(seen, ElementsAre("added"));
 }
 
 }  // namespace

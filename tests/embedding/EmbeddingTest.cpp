@@ -59,16 +59,16 @@ protected:
     settle();
   }
 
-  int count_ = 1;
-  char name_[10] = "embedding";
-  char* words_[2] = {name_, nullptr};
-  QApplication application_{count_, words_};
-  std::unique_ptr<UserDefaults> store_ = UserDefaults::inMemory();
+  int count = 1;
+  char programName[10] = "embedding";
+  char* words[2] = {programName, nullptr};
+  QApplication application{count, words};
+  std::unique_ptr<UserDefaults> store = UserDefaults::inMemory();
 };
 
 TEST_F(Embedding, DialogOfTheHostShowsThePageTwiceAndStoresWhatIsChosen) {
   const qt::Application settings;
-  MainWindow window(*store_);
+  MainWindow window(*store);
   window.show();
   for (const auto& [mode, appearance] :
        {std::pair("Light", Appearance::light), std::pair("Dark", Appearance::dark)}) {
@@ -86,13 +86,13 @@ TEST_F(Embedding, DialogOfTheHostShowsThePageTwiceAndStoresWhatIsChosen) {
     settle();
     EXPECT_EQ(dialog, nullptr);
   }
-  EXPECT_EQ(store_->stringForKey(QEVKonstantsKeys::kAppearanceName.name),
+  EXPECT_EQ(store->stringForKey(QEVKonstantsKeys::kAppearanceName.name),
             "NSAppearanceNameDarkAqua");
 }
 
 TEST_F(Embedding, DialogStaysOpenWhileATextIsRefused) {
   const qt::Application settings;
-  MainWindow window(*store_);
+  MainWindow window(*store);
   window.show();
   const QPointer<PreferencesDialog> dialog = window.openPreferences();
   ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
@@ -116,7 +116,7 @@ TEST_F(Embedding, DialogStaysOpenWhileATextIsRefused) {
   dialog->close();
   settle();
   EXPECT_EQ(dialog, nullptr);
-  EXPECT_EQ(store_->integerForKey("com_velloquin_zorvantine_capture_snapshotLength"), 128);
+  EXPECT_EQ(store->integerForKey("com_velloquin_zorvantine_capture_snapshotLength"), 128);
 }
 
 TEST_F(Embedding, StyleIsTheHostsAndThePaletteIsPutBack) {
@@ -138,55 +138,55 @@ TEST_F(Embedding, StyleIsTheHostsAndThePaletteIsPutBack) {
 class EmbeddedKeys : public Embedding {
 protected:
   EmbeddedKeys() {
-    settings_.widget().setParent(&dialog_);
-    hostField_.setGeometry(0, 0, 100, 30);
-    settings_.widget().setGeometry(0, 40, 400, 300);
-    dialog_.show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog_));
+    settings.widget().setParent(&dialog);
+    hostField.setGeometry(0, 0, 100, 30);
+    settings.widget().setGeometry(0, 40, 400, 300);
+    dialog.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
     settle();
   }
-  ~EmbeddedKeys() override { appkit::Event::removeMonitor(monitor_); }
+  ~EmbeddedKeys() override { appkit::Event::removeMonitor(monitor); }
 
-  QDialog dialog_;
-  QLineEdit hostField_{&dialog_};
-  int presses_ = 0;
-  qt::Window settings_{{.environment = {.defaultStore = *store_},
-                        .root = viewkit::Button("press", [this] { ++presses_; })}};
-  std::vector<int> seen_;
-  bool consume_ = false;
-  std::shared_ptr<appkit::Event::Monitor> monitor_ =
+  QDialog dialog;
+  QLineEdit hostField{&dialog};
+  int presses = 0;
+  qt::Window settings{{.environment = {.defaultStore = *store},
+                       .root = viewkit::Button("press", [this] { ++presses; })}};
+  std::vector<int> seen;
+  bool consume = false;
+  std::shared_ptr<appkit::Event::Monitor> monitor =
       appkit::Event::addLocalMonitorForEventsMatchingMask(
           appkit::Event::kKeyDownMask, [this](const appkit::Event& event) {
-            seen_.push_back(event.keyCode);
-            return consume_ ? std::nullopt : std::optional(event);
+            seen.push_back(event.keyCode);
+            return consume ? std::nullopt : std::optional(event);
           });
 };
 
 TEST_F(EmbeddedKeys, MonitorsSeeEachPressOnceInADialogWithAPage) {
-  EXPECT_EQ(appkit::Application::sharedApplication().keyWindow(), &settings_);
-  QWidget& button = *settings_.widget().findChild<QAbstractButton*>();
+  EXPECT_EQ(appkit::Application::sharedApplication().keyWindow(), &settings);
+  QWidget& button = *settings.widget().findChild<QAbstractButton*>();
   button.setFocus();
   // Nobody accepts the arrow, which so passes through every ancestor of the button.
-  QTest::keyClick(dialog_.windowHandle(), Qt::Key_Up, Qt::ShiftModifier);
+  QTest::keyClick(dialog.windowHandle(), Qt::Key_Up, Qt::ShiftModifier);
   QTest::keyClick(&button, Qt::Key_Up, Qt::ShiftModifier);
-  EXPECT_EQ(std::ranges::count(seen_, appkit::Event::kUpArrow), 2);
-  consume_ = true;
-  QTest::keyClick(dialog_.windowHandle(), Qt::Key_Space);
+  EXPECT_EQ(std::ranges::count(seen, appkit::Event::kUpArrow), 2);
+  consume = true;
+  QTest::keyClick(dialog.windowHandle(), Qt::Key_Space);
   QTest::keyClick(&button, Qt::Key_Space);
-  EXPECT_EQ(presses_, 0);
-  consume_ = false;
-  QTest::keyClick(dialog_.windowHandle(), Qt::Key_Space);
+  EXPECT_EQ(presses, 0);
+  consume = false;
+  QTest::keyClick(dialog.windowHandle(), Qt::Key_Space);
   QTest::keyClick(&button, Qt::Key_Space);
-  EXPECT_EQ(presses_, 2);
-  hostField_.setFocus();
-  QTest::keyClicks(&hostField_, "ab");
-  EXPECT_EQ(hostField_.text(), "ab");
+  EXPECT_EQ(presses, 2);
+  hostField.setFocus();
+  QTest::keyClicks(&hostField, "ab");
+  EXPECT_EQ(hostField.text(), "ab");
 }
 
 TEST_F(Embedding, WindowIsClosedWhenTheHostsWindowIsDestroyedFirst) {
   auto dialog = std::make_unique<QDialog>();
   qt::Window settings(
-      {.environment = {.defaultStore = *store_}, .root = viewkit::Button("press", [] {})});
+      {.environment = {.defaultStore = *store}, .root = viewkit::Button("press", [] {})});
   settings.widget().setParent(dialog.get());
   dialog->show();
   EXPECT_TRUE(settings.isOpen());

@@ -60,8 +60,8 @@ TEST(JSON, ResolvesManyNamesOccurringTwice) {
 
 TEST(JSON, ReadsNumbers) {
   struct Case {
-    const char* text;
-    const char* integer;  // null when not integral
+    const char* text = nullptr;
+    const char* integer = nullptr;  // null when not integral
     std::optional<std::int64_t> fitting;
     std::optional<double> real;
   };
@@ -128,9 +128,9 @@ TEST(JSON, RefusesTextThatIsNotJSON) {
                                  "[1,",
                                  "[1,]",
                                  "{",
-                                 "{\"a\"",
-                                 "{\"a\":",
-                                 "{\"a\":1,}",
+                                 R"({"a")",
+                                 R"({"a":)",
+                                 R"({"a":1,})",
                                  "{a:1}",
                                  "{1:1}",
                                  "tru",
@@ -145,15 +145,15 @@ TEST(JSON, RefusesTextThatIsNotJSON) {
                                  "[1]x",
                                  "[1 2]",
                                  "'a'",
-                                 "\"",
-                                 "\"\\",
-                                 "\"\\x\"",
-                                 "\"\\u12\"",
-                                 "\"\\u12g4\"",
-                                 "\"\\ud800\"",
-                                 "\"\\ud800\\n\"",
-                                 "\"\\udc00\"",
-                                 "\"\\ud800\\u0041\"",
+                                 R"(")",
+                                 R"("\)",
+                                 R"("\x")",
+                                 R"("\u12")",
+                                 R"("\u12g4")",
+                                 R"("\ud800")",
+                                 R"("\ud800\n")",
+                                 R"("\udc00")",
+                                 R"("\ud800\u0041")",
                                  "\"\t\"",
                                  "\"\x80\"",
                                  "\"\xC0\xAF\"",
@@ -183,7 +183,7 @@ TEST(JSON, RefusesDeeperNestingThanAllowed) {
     ASSERT_FALSE(json);
     EXPECT_THAT(json.error().message, HasSubstr("512"));
   }
-  EXPECT_FALSE(JSON::parse(nested(10'000, "{\"a\":", "}")));
+  EXPECT_FALSE(JSON::parse(nested(10'000, R"({"a":)", "}")));
 }
 
 // Any text is read, or refused, as an independent reader does.
@@ -195,19 +195,19 @@ TEST(JSON, AgreesWithAnotherReader) {
                                      "}",
                                      ",",
                                      ":",
-                                     "\"a\"",
-                                     "\"\\u0061\"",
+                                     R"("a")",
+                                     R"("\u0061")",
                                      "1",
                                      "-2.5e3",
                                      "true",
                                      " ",
                                      "null",
                                      "\"\xC3\xA9\"",
-                                     "\"\\",
+                                     R"("\)",
                                      "0",
                                      "e",
-                                     "\"b\":",
-                                     "\"\\ud83d\\ude00\"",
+                                     R"("b":)",
+                                     R"("\ud83d\ude00")",
                                      "\x80"};
   int read = 0;
   for (int round = 0; round < 100'000; ++round) {

@@ -94,12 +94,12 @@ class PropertyListFiles : public testing::Test {
 protected:
   // What becomes of a file with these contents.
   Result<PreferenceDictionary> read(const std::string& contents) {
-    EXPECT_TRUE(writeFile(path_, contents));
-    return readPropertyList(path_);
+    EXPECT_TRUE(writeFile(path, contents));
+    return readPropertyList(path);
   }
 
-  support::TemporaryFolder folder_;
-  const std::filesystem::path path_ = folder_.path() / "list.plist";
+  support::TemporaryFolder folder;
+  const std::filesystem::path path = folder.path() / "list.plist";
 };
 
 TEST(PropertyList, KeepsEveryTypeInBothFormats) {
@@ -207,7 +207,7 @@ TEST_F(PropertyListFiles, WrongXMLIsRefusedWithItsLineAndKey) {
     const auto list = read(xmlValue(value));
     ASSERT_FALSE(list) << value;
     EXPECT_THAT(list.error().message, HasSubstr("line 3, under the key “k”")) << value;
-    EXPECT_THAT(list.error().message, HasSubstr(path_.string())) << value;
+    EXPECT_THAT(list.error().message, HasSubstr(path.string())) << value;
   }
   const auto nested = read(xmlValue(
       "<dict><key>a</key><array>\n<dict><key>b</key><date>x</date></dict></array></dict>"));
@@ -345,22 +345,22 @@ TEST_F(PropertyListFiles, BinaryThatUnfoldsIsRefusedBeforeItTakesMemory) {
                                     "\x51"
                                     "b"};
   for (unsigned i = 0; i < 512; ++i) chain.push_back("\xA1" + references({i + 4}));
-  chain.push_back("\x09");
+  chain.emplace_back("\x09");
   EXPECT_TRUE(read(binary(chain)));
   chain.insert(chain.end() - 1, "\xA1" + references({516}));
   EXPECT_THAT(read(binary(chain)).error().message, HasSubstr("deeper than 512 levels"));
 }
 
 TEST_F(PropertyListFiles, AreReplacedInOneStep) {
-  ASSERT_TRUE(writePropertyList(everyType(), path_, PropertyListFormat::xml));
-  ASSERT_TRUE(writePropertyList({{"a", 1}}, path_, PropertyListFormat::binary));
-  const auto list = readPropertyList(path_);
+  ASSERT_TRUE(writePropertyList(everyType(), path, PropertyListFormat::xml));
+  ASSERT_TRUE(writePropertyList({{"a", 1}}, path, PropertyListFormat::binary));
+  const auto list = readPropertyList(path);
   ASSERT_TRUE(list);
   EXPECT_EQ(*list, (PreferenceDictionary{{"a", 1}}));
-  EXPECT_THAT(readPropertyList(folder_.path() / "absent").error().message, HasSubstr("absent"));
-  EXPECT_FALSE(readPropertyList(folder_.path()));
-  EXPECT_FALSE(writePropertyList({}, folder_.path(), PropertyListFormat::xml));
-  EXPECT_FALSE(writePropertyList({}, folder_.path() / "no" / "list", PropertyListFormat::xml));
+  EXPECT_THAT(readPropertyList(folder.path() / "absent").error().message, HasSubstr("absent"));
+  EXPECT_FALSE(readPropertyList(folder.path()));
+  EXPECT_FALSE(writePropertyList({}, folder.path(), PropertyListFormat::xml));
+  EXPECT_FALSE(writePropertyList({}, folder.path() / "no" / "list", PropertyListFormat::xml));
 }
 
 }  // namespace

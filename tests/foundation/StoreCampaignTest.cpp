@@ -23,7 +23,8 @@ protected:
       case 0:
       case 1:  // some bits flipped
         for (std::size_t i = 0, count = 1 + below(8); i < count; ++i) {
-          bytes[below(bytes.size())] ^= static_cast<char>(1 << below(8));
+          char& byte = bytes[below(bytes.size())];
+          byte = static_cast<char>(byte ^ 1 << below(8));
         }
         break;
       case 2:  // cut off

@@ -273,6 +273,7 @@ TEST_F(StoreHistory, EightWritersGiveEachChangeItsOwnNumberAndWakeAnObserverOnce
   std::array<int, 2> pipe{};
   ASSERT_EQ(::pipe(pipe.data()), 0);
   std::vector<Child> children;
+  children.reserve(writers);
   for (int writer = 0; writer < writers; ++writer) {
     children.emplace_back([&, writer] {
       char go = 0;

@@ -22,9 +22,9 @@ using testing::IsEmpty;
 using testing::Not;
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool isSanitized = true;
+constexpr bool kIsSanitized = true;
 #else
-constexpr bool isSanitized = false;
+constexpr bool kIsSanitized = false;
 #endif
 
 class StoreLimits : public StoreTest {};
@@ -75,7 +75,7 @@ TEST_F(StoreLimits, FileSizeLimitEndsInAStatusUntilItIsRaised) {
 constexpr std::size_t kLargeBytes = 40'000'000;
 
 TEST_F(StoreLimits, WriteWithoutMemoryEndsInAStatus) {
-  if (isSanitized) GTEST_SKIP() << "a sanitizer reserves more address space than can be limited";
+  if (kIsSanitized) GTEST_SKIP() << "a sanitizer reserves more address space than can be limited";
   const PreferenceValue text = std::string(kLargeBytes, 'x');
   for (const PreferenceValue& value : {text, PreferenceValue(PreferenceValue::Array{text})}) {
     SCOPED_TRACE(nameOf(value.type()));
@@ -96,7 +96,7 @@ TEST_F(StoreLimits, WriteWithoutMemoryEndsInAStatus) {
 }
 
 TEST_F(StoreLimits, ReadWithoutMemoryEndsInAStatusAndIsNoDamage) {
-  if (isSanitized) GTEST_SKIP() << "a sanitizer reserves more address space than can be limited";
+  if (kIsSanitized) GTEST_SKIP() << "a sanitizer reserves more address space than can be limited";
   const PreferenceValue value = PreferenceValue::Array{std::string(kLargeBytes, 'x')};
   Child child([&]() -> int {
     const auto store = open();
@@ -139,7 +139,7 @@ TEST_F(StoreLimits, ProcessWithoutThreadsWritesToTheDiskAndNoticesChanges) {
 }
 
 TEST_F(StoreLimits, StoreWithFewDescriptorsReadsAndWritesItsMemory) {
-  if (isSanitized) GTEST_SKIP() << "a sanitizer checks memory through descriptors of its own";
+  if (kIsSanitized) GTEST_SKIP() << "a sanitizer checks memory through descriptors of its own";
   { open()->setInteger(1, "key"); }
   for (rlim_t spare = 0; spare < 12; ++spare) {
     SCOPED_TRACE(spare);

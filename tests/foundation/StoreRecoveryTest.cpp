@@ -276,6 +276,7 @@ TEST_F(StoreRecovery, EightStartsOnADamagedStoreLoseNothing) {
     overwriteAt(path, (2 + round % 2) * kPage, std::string(kPage, '\0'));
     overwriteAt(path, 18, "\x07");
     std::vector<Child> children;
+    children.reserve(8);
     for (int writer = 0; writer < 8; ++writer) {
       children.emplace_back([&, writer] {
         const auto store = open();

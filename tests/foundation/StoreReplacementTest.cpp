@@ -10,7 +10,6 @@
 namespace foundation {
 namespace {
 
-using QEVSettings::PreferenceValue;
 using QEVSettings::Subscription;
 
 // A store whose files are removed, moved or replaced while it is open.

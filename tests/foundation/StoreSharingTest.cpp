@@ -44,6 +44,7 @@ TEST_F(StoreSharing, EightWritersLoseNothing) {
   constexpr int writers = 8;
   const int writes = runs(25, 500);
   std::vector<Child> children;
+  children.reserve(writers);
   for (int writer = 0; writer < writers; ++writer) {
     children.emplace_back([&, writer] {
       const auto store = open();

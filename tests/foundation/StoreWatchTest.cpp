@@ -139,7 +139,7 @@ TEST_F(StoreWatch, ProcessThatEndsWhileTheThreadQueuesWorkEndsInOrder) {
       gateAtExit().hold();
       MainQueue::mainQueue().async([] {});
     });
-    static Subscription all = store.observeAll([](std::string_view) {});
+    static const Subscription all = store.observeAll([](std::string_view) {});
     if (write(isWatching[1], "", 1) != 1 || !gateAtExit().waitUntilHeld()) return 1;
     writer.wait();
     std::exit(store.integerForKey("key") == 1 ? 0 : 2);

@@ -11,6 +11,7 @@
 #include <utility>
 
 // The headers of these functions are left out: their declarations differ from library to library.
+// NOLINTNEXTLINE(readability-identifier-naming)
 extern "C" [[noreturn]] void _exit(int code);
 extern "C" long readlink(const char* path, char* target, std::size_t size);
 

@@ -66,12 +66,12 @@ class HeadlessTest : public ::testing::Test {
 protected:
   std::unique_ptr<Window> show(const View& root,
                                const WindowOptions& options = {.size = {{400, 400}}}) {
-    return std::make_unique<Window>(root, Environment{.defaultStore = *store_}, options);
+    return std::make_unique<Window>(root, Environment{.defaultStore = *store}, options);
   }
-  std::unique_ptr<Window> showForm() { return show(Form{.journal = journal_}); }
+  std::unique_ptr<Window> showForm() { return show(Form{.journal = journal}); }
 
-  std::unique_ptr<foundation::UserDefaults> store_ = foundation::UserDefaults::inMemory();
-  Journal journal_ = std::make_shared<std::vector<std::string>>();
+  std::unique_ptr<foundation::UserDefaults> store = foundation::UserDefaults::inMemory();
+  Journal journal = std::make_shared<std::vector<std::string>>();
 };
 
 }  // namespace headless::testing

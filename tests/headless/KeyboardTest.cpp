@@ -32,13 +32,13 @@ TEST_F(HeadlessKeyboard, TypingWritesEachCharacterAndEnterCommits) {
   window->press(Key::deleteBackward);
   window->press(Key::leftArrow);
   window->type("1");
-  EXPECT_THAT(*journal_, ElementsAre("typed 8", "typed 8€", "typed 8", "typed 18"));
-  journal_->clear();
+  EXPECT_THAT(*journal, ElementsAre("typed 8", "typed 8€", "typed 8", "typed 18"));
+  journal->clear();
   window->press(Key::enter);
-  EXPECT_THAT(*journal_, ElementsAre("ports 18"));
+  EXPECT_THAT(*journal, ElementsAre("ports 18"));
   // Nothing changed since.
   window->makeFirstResponder(nullptr);
-  EXPECT_THAT(*journal_, ElementsAre("ports 18"));
+  EXPECT_THAT(*journal, ElementsAre("ports 18"));
   EXPECT_EQ(window->firstResponder(), nullptr);
 }
 
@@ -54,12 +54,12 @@ TEST_F(HeadlessKeyboard, ChangedTextIsCommittedOnceWhenTheFieldLosesTheKeyboard)
     auto window = showForm();
     window->click(window->find(Role::textField, "Ports"));
     window->type("7");
-    journal_->clear();
+    journal->clear();
     ways[way](window);
-    EXPECT_THAT(*journal_, ElementsAre("ports 7")) << "way " << way;
+    EXPECT_THAT(*journal, ElementsAre("ports 7")) << "way " << way;
     window.reset();
-    EXPECT_EQ(journal_->size(), 1U) << "committed again, way " << way;
-    journal_->clear();
+    EXPECT_EQ(journal->size(), 1U) << "committed again, way " << way;
+    journal->clear();
   }
 }
 
@@ -77,12 +77,12 @@ TEST_F(HeadlessKeyboard, ChangedTextIsCommittedWhenTheFieldDisappears) {
                      Text("Elsewhere").onTap([self = *this] { self.isShown.set(false); })});
     }
   };
-  const auto window = show(Row{.journal = journal_});
+  const auto window = show(Row{.journal = journal});
   window->click(window->find(Role::textField));
   window->type("x");
   window->click(window->findText("Elsewhere"));
   EXPECT_FALSE(window->find(Role::textField).exists());
-  EXPECT_THAT(*journal_, ElementsAre("appear", "x"));
+  EXPECT_THAT(*journal, ElementsAre("appear", "x"));
   EXPECT_EQ(window->firstResponder(), nullptr);
 }
 
@@ -125,7 +125,7 @@ TEST_F(HeadlessKeyboard, TabVisitsTheEnabledControlsInTreeOrder) {
   window->press(Key::tab);
   window->type("lo");
   window->press(Key::enter);
-  EXPECT_THAT(*journal_, ElementsAre("name lo"));
+  EXPECT_THAT(*journal, ElementsAre("name lo"));
 }
 
 TEST_F(HeadlessKeyboard, SpaceAndEnterPressTheFocusedControl) {
@@ -136,7 +136,7 @@ TEST_F(HeadlessKeyboard, SpaceAndEnterPressTheFocusedControl) {
   EXPECT_FALSE(std::get<ToggleControl>(*toggle.content().control()).isOn);
   window->click(window->find(Role::button, "Reset"));
   window->press(Key::enter);
-  EXPECT_THAT(*journal_, ElementsAre("reset", "reset"));
+  EXPECT_THAT(*journal, ElementsAre("reset", "reset"));
 }
 
 TEST_F(HeadlessKeyboard, DisabledControlLosesTheKeyboard) {
@@ -154,13 +154,13 @@ TEST_F(HeadlessKeyboard, MonitorGetsKeysBeforeTheControl) {
   const auto monitor = appkit::Event::addLocalMonitorForEventsMatchingMask(
       appkit::Event::kKeyDownMask,
       [this](const appkit::Event& event) -> std::optional<appkit::Event> {
-        journal_->push_back("key " + event.characters + " " + std::to_string(event.keyCode));
+        journal->push_back("key " + event.characters + " " + std::to_string(event.keyCode));
         if (event.characters == "x") return std::nullopt;
         return event;
       });
   window->type("xy");
   window->press(Key::downArrow);
-  EXPECT_THAT(*journal_, ElementsAre("key x -1", "key y -1", "typed y", "key  125"));
+  EXPECT_THAT(*journal, ElementsAre("key x -1", "key y -1", "typed y", "key  125"));
 }
 
 TEST_F(HeadlessKeyboard, OnlyTheKeyWindowGetsKeys) {
@@ -170,12 +170,12 @@ TEST_F(HeadlessKeyboard, OnlyTheKeyWindowGetsKeys) {
   const auto second = showForm();
   EXPECT_FALSE(first->isKey());
   first->type("x");
-  EXPECT_THAT(*journal_, IsEmpty());
+  EXPECT_THAT(*journal, IsEmpty());
   EXPECT_NE(first->firstResponder(), nullptr)
       << "the window keeps its responder while another is key";
   first->becomeKey();
   first->type("x");
-  EXPECT_THAT(*journal_, ElementsAre("typed x"));
+  EXPECT_THAT(*journal, ElementsAre("typed x"));
   first->resignKey();
   EXPECT_EQ(appkit::Application::sharedApplication().keyWindow(), nullptr);
 }

@@ -57,11 +57,11 @@ TEST_F(HeadlessWindow, ClickOperatesAControlUnlessItIsDisabled) {
 
   const Element reset = window->find(Role::button, "Reset");
   EXPECT_TRUE(window->click(reset));
-  EXPECT_THAT(*journal_, ElementsAre("reset"));
+  EXPECT_THAT(*journal, ElementsAre("reset"));
   window->click(window->find(Role::button, "Lock"));
   EXPECT_FALSE(reset.isEnabled());
   EXPECT_FALSE(window->click(reset));
-  EXPECT_THAT(*journal_, ElementsAre("reset"));
+  EXPECT_THAT(*journal, ElementsAre("reset"));
 }
 
 TEST_F(HeadlessWindow, MenuItemIsChosenByTitle) {
@@ -80,22 +80,22 @@ TEST_F(HeadlessWindow, MenuItemIsChosenByTitle) {
 
 TEST_F(HeadlessWindow, ClickOutsideOfControlsGoesToTheViewUnderIt) {
   const View root = Text("Row").frame(FixedFrame{.width = 100, .height = 30}).onTap([this] {
-    journal_->push_back("tapped");
+    journal->push_back("tapped");
   });
   const auto window = show(root);
   EXPECT_TRUE(window->click(window->findText("Row")));
   EXPECT_FALSE(window->click(Point{399, 399}));
-  EXPECT_THAT(*journal_, ElementsAre("tapped"));
+  EXPECT_THAT(*journal, ElementsAre("tapped"));
 }
 
 TEST_F(HeadlessWindow, HoverEndsWhenThePointerLeavesTheWindow) {
   const View root =
-      Text("Row").onHover([this](bool inside) { journal_->push_back(inside ? "in" : "out"); });
+      Text("Row").onHover([this](bool inside) { journal->push_back(inside ? "in" : "out"); });
   const auto window = show(root);
   window->hover(window->findText("Row"));
   window->settle();
   window->pointerLeft();
-  EXPECT_THAT(*journal_, ElementsAre("in", "out"));
+  EXPECT_THAT(*journal, ElementsAre("in", "out"));
 }
 
 enum class Page { first, second };
@@ -121,16 +121,16 @@ TEST_F(HeadlessWindow, TabIsSelectedByTitle) {
 TEST_F(HeadlessWindow, ClickScrollsTheElementIntoSight) {
   const View root =
       ScrollView({}, VStack({}, {
-                                    Button("Top", [this] { journal_->push_back("top"); }),
+                                    Button("Top", [this] { journal->push_back("top"); }),
                                     RoundedRectangle().frame(FixedFrame{.height = 1000}),
-                                    Button("Bottom", [this] { journal_->push_back("bottom"); }),
+                                    Button("Bottom", [this] { journal->push_back("bottom"); }),
                                 }));
   const auto window = show(root);
   const Element bottom = window->find(Role::button, "Bottom");
   EXPECT_GT(bottom.frame().origin.y, window->size().height);
   EXPECT_TRUE(window->click(bottom));
   EXPECT_LE(bottom.frame().maxY(), window->size().height);
-  EXPECT_THAT(*journal_, ElementsAre("bottom"));
+  EXPECT_THAT(*journal, ElementsAre("bottom"));
 
   const Element top = window->find(Role::button, "Top");
   EXPECT_LT(top.frame().origin.y, 0);

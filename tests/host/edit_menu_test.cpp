@@ -56,7 +56,7 @@ QAction& withKey(const QMenu& menu, const QKeySequence& key) {
   std::string name = "test";
   std::array<char*, 2> words{name.data(), nullptr};
   int count = 1;
-  qt::Application application(count, words.data(), qt::Application::Display::screen);
+  const qt::Application application(count, words.data(), qt::Application::Display::screen);
   const auto store = foundation::UserDefaults::inMemory();
   RecordingPreferences recording(*store);
   const auto catalogue = std::make_shared<SettingsCatalogue>();
@@ -65,7 +65,7 @@ QAction& withKey(const QMenu& menu, const QKeySequence& key) {
       recording, std::make_shared<SettingWriter>(recording), catalogue);
   const auto reset = std::make_shared<SettingsReset>(history, catalogue);
 
-  QMainWindow window;
+  const QMainWindow window;
   int openings = 0;
   zorvantine::EditMenu edit(*window.menuBar(), [&openings] { ++openings; });
   const QMenu& menu = *window.menuBar()->actions().first()->menu();

@@ -26,7 +26,7 @@ protected:
     return text;
   }
 
-  Messages messages_;
+  Messages messages;
 
 private:
   std::ostringstream written_;
@@ -34,10 +34,10 @@ private:
 };
 
 TEST_F(MessagesTest, MessageSaidBeforeIsNotRepeated) {
-  messages_.say("");
-  messages_.say("the store was restored\nfrom \x1b[2J");
-  messages_.say("from \x1b[2J");
-  messages_.say("there is no key");
+  messages.say("");
+  messages.say("the store was restored\nfrom \x1b[2J");
+  messages.say("from \x1b[2J");
+  messages.say("there is no key");
   EXPECT_EQ(takeWritten(),
             "zorvantine: the store was restored\\nfrom \\x1b[2J\nzorvantine: there is no key\n");
 }
@@ -45,19 +45,19 @@ TEST_F(MessagesTest, MessageSaidBeforeIsNotRepeated) {
 TEST_F(MessagesTest, DiagnosticsAreHeldBackUntilLoggedWithoutWhatWasSaid) {
   reportDiagnostic("preferences: the store was restored");
   reportDiagnostic("resources: \x1b]0;title\x07 is missing");
-  messages_.say("the store was restored");
+  messages.say("the store was restored");
   EXPECT_EQ(takeWritten(), "zorvantine: the store was restored\n");
-  messages_.logDiagnostics();
+  messages.logDiagnostics();
   const std::string logged = takeWritten();
   EXPECT_THAT(logged, HasSubstr("resources: \\x1b]0;title\\x07 is missing\n"));
   EXPECT_THAT(logged, testing::Not(HasSubstr("restored")));
-  messages_.logDiagnostics();
+  messages.logDiagnostics();
   EXPECT_EQ(takeWritten(), "");
 }
 
 TEST_F(MessagesTest, DiagnosticsOfALongRunAreLoggedAtOnce) {
   reportDiagnostic("before");
-  messages_.logDiagnosticsAsTheyCome();
+  messages.logDiagnosticsAsTheyCome();
   EXPECT_THAT(takeWritten(), HasSubstr("before\n"));
   reportDiagnostic("after");
   EXPECT_THAT(takeWritten(), HasSubstr("after\n"));

@@ -16,7 +16,6 @@
 namespace zorvantine {
 namespace {
 
-using foundation::RememberedChange;
 using foundation::UserDefaults;
 using headless::Key;
 using QEVSettings::PreferenceValue;

@@ -79,10 +79,10 @@ TEST(TypedTextDeathTest, IsStoredHoweverTheProgramEnds) {
       {"the application quits", [] { qt::Application::quit(); }},
   };
   const struct {
-    Tab tab;
-    const char* field;
-    const char* text;
-    const char* key;
+    Tab tab = Tab::general;
+    const char* field = nullptr;
+    const char* text = nullptr;
+    const char* key = nullptr;
     QEVSettings::PreferenceValue stored;
   } fields[] = {
       {Tab::proxy, "Listening port", "9090", "com_velloquin_zorvantine_proxy_listeningAddress",

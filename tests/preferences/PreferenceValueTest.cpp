@@ -92,6 +92,7 @@ TEST(Subscription, EndsOnceWhereverItWasMoved) {
   int ended = 0;
   Subscription first([&] { ++ended; });
   Subscription second = std::move(first);
+  // NOLINTNEXTLINE(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
   first.cancel();
   EXPECT_EQ(ended, 0);
   second = Subscription();

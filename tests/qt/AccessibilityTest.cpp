@@ -55,20 +55,20 @@ TEST_F(AccessibilityTest, PaintedNodesHavePlaceAndParent) {
   open(Rows{});
   EXPECT_TRUE(has(QAccessible::Heading, "Heading"));
   EXPECT_TRUE(has(QAccessible::Graphic, "A clock"));
-  QAccessibleInterface& list = find(QAccessible::List, "Rows");
+  const QAccessibleInterface& list = find(QAccessible::List, "Rows");
   ASSERT_EQ(list.childCount(), 2);
-  QAccessibleInterface& second = *list.child(1);
+  const QAccessibleInterface& second = *list.child(1);
   EXPECT_EQ(second.role(), QAccessible::ListItem);
   EXPECT_EQ(second.parent(), &list);
   EXPECT_EQ(list.indexOfChild(&second), 1);
   EXPECT_TRUE(list.rect().contains(second.rect()));
 
-  QAccessibleInterface& toggle = find(QAccessible::CheckBox, "switch");
+  const QAccessibleInterface& toggle = find(QAccessible::CheckBox, "switch");
   EXPECT_EQ(toggle.parent()->role(), QAccessible::Grouping)
       << "a control has the parent of its view";
   EXPECT_TRUE(toggle.state().checked);
   EXPECT_TRUE(toggle.parent()->rect().contains(toggle.rect()));
-  QAccessibleInterface& row = find(QAccessible::ListItem, "Row");
+  const QAccessibleInterface& row = find(QAccessible::ListItem, "Row");
   ASSERT_EQ(row.childCount(), 1) << "the controls of a row are its children";
   EXPECT_EQ(row.child(0)->role(), QAccessible::PushButton);
   EXPECT_EQ(row.child(0)->text(QAccessible::Name), "Edit");
@@ -90,9 +90,10 @@ TEST_F(AccessibilityTest, PressOnPaintedNodeUpdatesStateAndShowsAlert) {
 
 TEST_F(AccessibilityTest, TextFieldIsReadAndEdited) {
   std::string typed;
-  open(viewkit::TextField({.placeholder = "Ports"},
-                          viewkit::Binding<std::string>([&] { return typed; },
-                                                        [&](std::string text) { typed = text; })));
+  open(viewkit::TextField(
+      {.placeholder = "Ports"},
+      viewkit::Binding<std::string>([&] { return typed; },
+                                    [&](const std::string& text) { typed = text; })));
   QAccessibleInterface& field = find(QAccessible::EditableText, "Ports");
   ASSERT_NE(field.editableTextInterface(), nullptr);
   field.editableTextInterface()->insertText(0, "80,443");
@@ -136,7 +137,7 @@ TEST_F(AccessibilityTest, ListIsOneStopAndItsSelectedItemHasTheFocus) {
   open(SelectableList{});
   widget(QAccessible::PushButton, "before").setFocus();
   press(Qt::Key_Tab);
-  QAccessibleInterface& list = find(QAccessible::List, "Items");
+  const QAccessibleInterface& list = find(QAccessible::List, "Items");
   EXPECT_TRUE(list.state().focused);
   ASSERT_EQ(list.childCount(), 6);
   const auto focused = [&] {
@@ -167,7 +168,7 @@ TEST_F(AccessibilityTest, RefusedTextIsInvalidAndTellsWhy) {
     }
   };
   open(Field{});
-  QAccessibleInterface& field = find(QAccessible::EditableText, "Ports");
+  const QAccessibleInterface& field = find(QAccessible::EditableText, "Ports");
   EXPECT_FALSE(field.state().invalid);
   widget(QAccessible::EditableText, "Ports").setFocus();
   press(Qt::Key_Return);

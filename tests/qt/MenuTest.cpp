@@ -91,7 +91,7 @@ TEST_F(MenuTest, AssistiveTechnologyOpensReadsAndPicks) {
   settle();
   ASSERT_EQ(button.childCount(), 1) << "the menu is a child of its opener";
   EXPECT_TRUE(button.state().expanded);
-  QAccessibleInterface& menu = *button.child(0);
+  const QAccessibleInterface& menu = *button.child(0);
   EXPECT_EQ(menu.parent(), &button);
   EXPECT_TRUE(find(QAccessible::MenuItem, "Zone 400").state().focused);
 
@@ -115,7 +115,7 @@ TEST_F(MenuTest, MousePicksButOpeningClickDoesNot) {
 }
 
 TEST_F(MenuTest, RowsOfAnotherFontAreAsHighAsOthersAndAMarkedItemIsCurrent) {
-  const auto rowHeight = [this](std::optional<viewkit::Font> font) {
+  const auto rowHeight = [this](const std::optional<viewkit::Font>& font) {
     destroyWindow();
     open(viewkit::PopUpMenu("an identifier", [font] {
            return std::vector<viewkit::MenuItem>{

@@ -116,7 +116,7 @@ TEST_F(PaintingTest, RoundCornersAreAntialiasedAtEveryScale) {
        [](QPainter& p) { fill(p, kRed, 10); }},
   };
   show({});
-  QImage empty[] = {picture(1), picture(1.5), picture(2)};
+  const QImage empty[] = {picture(1), picture(1.5), picture(2)};
   destroyWindow();
   for (const auto& each : cases) {
     show(each.view);

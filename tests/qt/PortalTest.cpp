@@ -95,84 +95,84 @@ protected:
     return QTest::qWaitFor([&] { return looksDark() == (appearance == appkit::Appearance::dark); },
                            20'000);
   }
-  bool looksDark() { return window_.widget().grab().toImage().pixelColor(3, 3).lightness() < 128; }
+  bool looksDark() { return window.widget().grab().toImage().pixelColor(3, 3).lightness() < 128; }
 
   // Constructed in this order.
-  Bus bus_;
-  QByteArray address_ = busAddress(bus_);
-  Portal portal_;
-  int argumentCount_ = 1;
-  char name_[12] = "portal_test";
-  char* arguments_[2] = {name_, nullptr};
-  Application application_{argumentCount_, arguments_, Application::Display::screen};
-  std::unique_ptr<foundation::UserDefaults> store_ = foundation::UserDefaults::inMemory();
-  Window window_{{.title = "Test",
-                  .size = {200, 100},
-                  .environment = {.defaultStore = *store_},
-                  .root = viewkit::Text("text")}};
+  Bus bus;
+  QByteArray address = busAddress(bus);
+  Portal portal;
+  int argumentCount = 1;
+  char programName[12] = "portal_test";
+  char* arguments[2] = {programName, nullptr};
+  Application application{argumentCount, arguments, Application::Display::screen};
+  std::unique_ptr<foundation::UserDefaults> store = foundation::UserDefaults::inMemory();
+  Window window{{.title = "Test",
+                 .size = {200, 100},
+                 .environment = {.defaultStore = *store},
+                 .root = viewkit::Text("text")}};
 };
 
 TEST_F(PortalTest, WindowFollowsDesktopUnlessApplicationSetsAppearance) {
   using appkit::Appearance;
-  window_.show();
+  window.show();
   EXPECT_TRUE(looksDark()) << "before its first turn of the event loop";
   for (const auto& [scheme, appearance] :
        {std::pair{2, Appearance::light}, {1, Appearance::dark}, {0, Appearance::light}}) {
-    portal_.announce("color-scheme", QByteArray::number(scheme));
+    portal.announce("color-scheme", QByteArray::number(scheme));
     EXPECT_TRUE(becomes(appearance)) << scheme;
   }
 
   auto& shared = appkit::Application::sharedApplication();
   shared.setAppearance(Appearance::light);
-  portal_.announce("color-scheme", "1");
+  portal.announce("color-scheme", "1");
   // Once this later change has arrived, the color scheme has too.
-  portal_.announce("reduced-motion", "1");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return application_.reducedMotion(); }, 20'000));
+  portal.announce("reduced-motion", "1");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return application.reducedMotion(); }, 20'000));
   EXPECT_FALSE(looksDark());
   shared.setAppearance(std::nullopt);
   EXPECT_TRUE(becomes(Appearance::dark));
 
   shared.setAppearance(Appearance::dark);
-  portal_.announce("color-scheme", "2");
-  portal_.announce("reduced-motion", "0");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !application_.reducedMotion(); }, 20'000));
+  portal.announce("color-scheme", "2");
+  portal.announce("reduced-motion", "0");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !application.reducedMotion(); }, 20'000));
   EXPECT_TRUE(looksDark());
 }
 
 TEST_F(PortalTest, ContrastAccentAndTextFollowDesktop) {
   auto& shared = appkit::Application::sharedApplication();
-  window_.show();
+  window.show();
   const auto becomesTrue = [](const std::function<bool()>& holds) {
     return QTest::qWaitFor(holds, 20'000);
   };
   EXPECT_EQ(shared.contrast(), appkit::Contrast::normal);
-  portal_.announce("contrast", "1");
+  portal.announce("contrast", "1");
   EXPECT_TRUE(becomesTrue([&] { return shared.contrast() == appkit::Contrast::high; }));
   EXPECT_GE(appkit::contrastBetween(shared.palette().secondary, shared.palette().windowBackground),
             7);
-  portal_.announce("contrast", "0");
+  portal.announce("contrast", "0");
   EXPECT_TRUE(becomesTrue([&] { return shared.contrast() == appkit::Contrast::normal; }));
 
   const appkit::RGBA own = shared.palette().accent;
-  portal_.announce("accent-color", "0.9 0.2 0.1");
+  portal.announce("accent-color", "0.9 0.2 0.1");
   EXPECT_TRUE(becomesTrue([&] { return shared.palette().accent != own; }));
   EXPECT_GT(shared.palette().accent.red, shared.palette().accent.blue);
-  portal_.announce("accent-color", "-1 -1 -1");
+  portal.announce("accent-color", "-1 -1 -1");
   EXPECT_TRUE(becomesTrue([&] { return shared.palette().accent == own; }));
 
   const double size = QApplication::font().pointSizeF();
   const auto isAsLarge = [&](double scale) {
     return std::abs(QApplication::font().pointSizeF() - size * scale) < 0.1;
   };
-  const double height = window_.host().sizeThatFits({}).height;
-  portal_.announce("text-scaling-factor", "2");
+  const double height = window.host().sizeThatFits({}).height;
+  portal.announce("text-scaling-factor", "2");
   EXPECT_TRUE(becomesTrue([&] { return isAsLarge(2); }));
-  EXPECT_TRUE(becomesTrue([&] { return window_.host().sizeThatFits({}).height > 1.5 * height; }))
+  EXPECT_TRUE(becomesTrue([&] { return window.host().sizeThatFits({}).height > 1.5 * height; }))
       << "the open window follows";
-  portal_.announce("text-scaling-factor", "1");
+  portal.announce("text-scaling-factor", "1");
   EXPECT_TRUE(becomesTrue([&] { return isAsLarge(1); }));
 
-  portal_.announce("font-name", "DejaVu Serif Bold 14");
+  portal.announce("font-name", "DejaVu Serif Bold 14");
   EXPECT_TRUE(becomesTrue([&] { return QApplication::font().pointSizeF() == 14; }));
   EXPECT_EQ(QApplication::font().family(), "DejaVu Serif");
   EXPECT_TRUE(QApplication::font().bold());

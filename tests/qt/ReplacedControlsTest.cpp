@@ -21,7 +21,6 @@
 namespace qt {
 namespace {
 
-using viewkit::Binding;
 using viewkit::View;
 
 struct Page {

@@ -133,9 +133,9 @@ TEST_F(WindowTest, SnapshotHasRequestedScaleAndFailureNamesPath) {
 
 TEST_F(WindowTest, ClosingEndsViewsThenCallsOnClose) {
   std::vector<std::string> order;
-  open(View(viewkit::Text("text").onDisappear([&] { order.push_back("disappeared"); })));
+  open(View(viewkit::Text("text").onDisappear([&] { order.emplace_back("disappeared"); })));
   window().onClose([&] {
-    order.push_back("closed");
+    order.emplace_back("closed");
     EXPECT_FALSE(window().isOpen());
   });
   window().close();

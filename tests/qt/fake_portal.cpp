@@ -99,7 +99,7 @@ int main(int argc, char** argv) {
   }
 
   std::ios::sync_with_stdio(false);
-  QSocketNotifier input(0, QSocketNotifier::Read);
+  const QSocketNotifier input(0, QSocketNotifier::Read);
   QObject::connect(&input, &QSocketNotifier::activated, [&portal] {
     do {
       std::string line;

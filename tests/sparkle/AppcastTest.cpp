@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <compare>
 #include <string>
 #include <vector>
 
@@ -26,12 +27,13 @@ TEST(Version, ComparesByComponents) {
       {"3.0-beta3", "3.0"}, {"1.0a", "1.0b"},
   };
   for (const auto& [older, newer] : olderAndNewer) {
-    EXPECT_TRUE(compareVersions(older, newer) < 0) << older << " < " << newer;
-    EXPECT_TRUE(compareVersions(newer, older) > 0) << newer << " > " << older;
+    EXPECT_TRUE(std::is_lt(compareVersions(older, newer))) << older << " < " << newer;
+    EXPECT_TRUE(std::is_gt(compareVersions(newer, older))) << newer << " > " << older;
   }
   const std::vector<std::pair<std::string, std::string>> equals = {
       {"2", "2.0"}, {"1.0", "1.00"}, {"v1.2", "v1.2"}, {"1_2", "1.2"}, {"", "0"}};
-  for (const auto& [a, b] : equals) EXPECT_TRUE(compareVersions(a, b) == 0) << a << " = " << b;
+  for (const auto& [a, b] : equals)
+    EXPECT_TRUE(std::is_eq(compareVersions(a, b))) << a << " = " << b;
 }
 
 TEST(Appcast, ReadsVersionsFromElementsAndFromTheEnclosure) {

@@ -72,7 +72,7 @@ protected:
     return condition();
   }
 
-  std::optional<Result<std::string>> fetch(FeedRequest request) {
+  std::optional<Result<std::string>> fetch(const FeedRequest& request) {
     std::optional<Result<std::string>> outcome;
     const auto fetching =
         transport.fetch(request, [&](const Result<std::string>& answer) { outcome = answer; });
@@ -96,10 +96,10 @@ protected:
     return text;
   }
 
-  int argc_ = 1;
-  char name_[5] = "test";
-  char* argv_[2] = {name_, nullptr};
-  QApplication application_{(qputenv("QT_QPA_PLATFORM", "offscreen"), argc_), argv_};
+  int argc = 1;
+  char programName[5] = "test";
+  char* argv[2] = {programName, nullptr};
+  QApplication application{(qputenv("QT_QPA_PLATFORM", "offscreen"), argc), argv};
   Server server;
   qt::HttpTransport transport;
 };

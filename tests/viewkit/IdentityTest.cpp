@@ -112,7 +112,7 @@ TEST(Identity, HostDestroyedBeforeItsFirstUpdateStillPairsAppearances) {
 TEST(Identity, ChildrenWithTheSameIdAreReportedAndToldApartByPosition) {
   ::testing::internal::CaptureStderr();
   const std::vector<int> twins{1, 1, 2};
-  headless::Window window =
+  const headless::Window window =
       testing::open(VStack({}, {forEach(
                                    twins, [](int i) { return i; },
                                    [](int i) { return Text("row " + std::to_string(i)); })}));

@@ -25,7 +25,8 @@ using ::testing::IsEmpty;
 
 using Journal = std::shared_ptr<std::vector<std::string>>;
 
-std::function<bool(const Event&)> noting(const Journal& journal, std::string name, bool takes) {
+std::function<bool(const Event&)> noting(const Journal& journal, const std::string& name,
+                                         bool takes) {
   return [journal, name, takes](const Event& press) {
     if (press.keyCode != Event::kF) return false;
     journal->push_back(name);
@@ -82,7 +83,7 @@ struct Rows {
   View body() const {
     return ScrollViewReader([proxy = proxy](const ScrollProxy& views) {
       *proxy = views;
-      std::vector<int> numbers{0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
+      const std::vector<int> numbers{0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
       const View rows =
           VStack({}, {forEach(
                          numbers, [](int number) { return std::to_string(number); },

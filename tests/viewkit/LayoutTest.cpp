@@ -129,7 +129,7 @@ TEST(Layout, EachFixtureIsPlacedAsExpected) {
 }
 
 TEST(Layout, HostReportsTheIdealSizeOfItsView) {
-  headless::Metrics metrics;
+  const headless::Metrics metrics;
   ViewHost host(HStack({.spacing = 4}, {box(30, 10), Spacer(6), box(20, 40)}),
                 {.defaultStore = testing::store()}, metrics);
   EXPECT_EQ(host.sizeThatFits({}), (Size{64, 40}));

@@ -14,6 +14,7 @@
 
 #include <chrono>
 #include <memory>
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -40,8 +41,8 @@ struct Row {
 struct Rows {
   int count;
   View body() const {
-    std::vector<int> numbers;
-    for (int i = 0; i < count; ++i) numbers.push_back(i);
+    std::vector<int> numbers(static_cast<std::size_t>(count));
+    std::iota(numbers.begin(), numbers.end(), 0);
     return VStack({.spacing = 0}, {forEach(
                                       numbers, [](int i) { return i; },
                                       [](int i) { return Row{"row " + std::to_string(i)}; })});

@@ -75,10 +75,10 @@ TEST(Speech, ControlsInAListItemAreToldSeparately) {
 }
 
 TEST(Speech, LabelHelpAndSelectionApplyToTheContainerAlone) {
-  headless::Window window = testing::open(HStack({}, {Text("a"), Text("b")})
-                                              .accessibilityLabel("both")
-                                              .help("two letters")
-                                              .accessibilitySelected(true));
+  const headless::Window window = testing::open(HStack({}, {Text("a"), Text("b")})
+                                                    .accessibilityLabel("both")
+                                                    .help("two letters")
+                                                    .accessibilitySelected(true));
   const headless::Element group = window.find(Role::group);
   EXPECT_EQ(group.label(), "both");
   EXPECT_EQ(group.help(), "two letters");
@@ -88,7 +88,7 @@ TEST(Speech, LabelHelpAndSelectionApplyToTheContainerAlone) {
 }
 
 TEST(Speech, PlainButtonIsNamedByTheTextsInIt) {
-  headless::Window window =
+  const headless::Window window =
       testing::open(PlainButton(HStack({}, {Text("Open"), Text("file")}), [] {}));
   EXPECT_EQ(window.find(Role::button).label(), "Open file");
 }

@@ -11,7 +11,7 @@
 int main(int argc, char** argv) {
   QEVSettings::HostIdentity::set(
       {.id = "packet-viewer", .displayName = "Packet Viewer", .version = "2.0"});
-  QApplication application(argc, argv);
+  const QApplication application(argc, argv);
   const qt::Application settings;
   auto& store = foundation::UserDefaults::standardUserDefaults();
   QEVSettings::QEVPreferencesMigration::migrateIfNeeded(store);
