@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "RandomWalk.hpp"
+#include "foundation/StoreFixture.hpp"
 
 #include <cstdlib>
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Child.hpp"
 #include "StoreDamage.hpp"
 #include "SystemCallFaults.hpp"
 #include "foundation/PreferencesVerification.hpp"

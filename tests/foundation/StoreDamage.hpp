@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Child.hpp"
 #include "StoreFixture.hpp"
 
 #include <map>

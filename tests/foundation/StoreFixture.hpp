@@ -7,11 +7,9 @@
 #include "support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
-#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -89,35 +87,5 @@ inline bool waitUntil(const std::function<bool()>& condition) {
   }
   return true;
 }
-
-// Another process that does one thing. It must not be made while this process has a store with a
-// thread, because a forked process has only one thread.
-class Child {
-public:
-  explicit Child(const std::function<int()>& work) : id_(::fork()) {
-    if (id_ == 0) ::_exit(work());
-  }
-  Child(Child&& other) noexcept : id_(std::exchange(other.id_, -1)) {}
-  Child& operator=(Child&&) = delete;
-  ~Child() {
-    if (id_ > 0) {
-      kill();
-      wait();
-    }
-  }
-
-  pid_t id() const { return id_; }
-  void kill() const { ::kill(id_, SIGKILL); }
-
-  // Its exit code; -1 when it was killed.
-  int wait() {
-    int status = 0;
-    ::waitpid(std::exchange(id_, -1), &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  }
-
-private:
-  pid_t id_;
-};
 
 }  // namespace foundation

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Child.hpp"
 #include "QEVSettings/preferences/HostIdentity.hpp"
 #include "StoreFixture.hpp"
 

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
+#include "Child.hpp"
 #include "QEVSettings/preferences/HostIdentity.hpp"
 #include "QEVSettings/preferences/PreferenceKeys.hpp"
 #include "StoreDamage.hpp"
+#include "WaitingChild.hpp"
 #include "foundation/PreferencesVerification.hpp"
 
 #include <gmock/gmock.h>
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <array>
 #include <set>
 
 namespace foundation {
@@ -270,14 +271,10 @@ TEST_F(StoreHistory, DamagedHistoryCostsNoSetting) {
 TEST_F(StoreHistory, EightWritersGiveEachChangeItsOwnNumberAndWakeAnObserverOnceForEach) {
   constexpr int writers = 8;
   constexpr int writes = 20;
-  std::array<int, 2> pipe{};
-  ASSERT_EQ(::pipe(pipe.data()), 0);
-  std::vector<Child> children;
+  std::vector<WaitingChild> children;
   children.reserve(writers);
   for (int writer = 0; writer < writers; ++writer) {
     children.emplace_back([&, writer] {
-      char go = 0;
-      if (::read(pipe[0], &go, 1) != 1) return 1;
       const auto store = open();
       for (int i = 0; i < writes; ++i)
         store->setInteger(i, std::to_string(writer) + " " + std::to_string(i));
@@ -287,12 +284,10 @@ TEST_F(StoreHistory, EightWritersGiveEachChangeItsOwnNumberAndWakeAnObserverOnce
   const auto store = open();
   std::vector<std::string> heard;
   const auto all = store->observeAll([&](std::string_view key) { heard.emplace_back(key); });
-  ASSERT_EQ(::write(pipe[1], "!!!!!!!!", writers), writers);
+  for (const WaitingChild& child : children) child.start();
   constexpr std::size_t changes = std::size_t{writers} * writes;
   EXPECT_TRUE(waitUntil([&] { return heard.size() >= changes; }));
-  for (Child& child : children) EXPECT_EQ(child.wait(), 0);
-  ::close(pipe[0]);
-  ::close(pipe[1]);
+  for (WaitingChild& child : children) EXPECT_EQ(child.wait(), 0);
   MainQueue::mainQueue().drainAll();
   EXPECT_THAT(heard, SizeIs(changes));
   std::set<std::int64_t> numbers;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Child.hpp"
 #include "StoreFixture.hpp"
 
 #include <fcntl.h>

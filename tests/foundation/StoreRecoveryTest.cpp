@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "Child.hpp"
 #include "StoreDamage.hpp"
+#include "WaitingChild.hpp"
 #include "foundation/PreferencesVerification.hpp"
 
 #include <gmock/gmock.h>
@@ -245,17 +247,18 @@ TEST_F(StoreRecovery, FileOlderThanItsGoodCopyTakesTheNewerChanges) {
 
 TEST_F(StoreRecovery, RunningStoreKeepsItsNewerValuesWhenAnotherRecovers) {
   makeGoodCopy();
-  const auto running = open();
-  running->setInteger(1, "only here");
-  running->setObject("newer", "old 0");
-  // The log is lost, and another process recovers the store without it.
-  overwriteAt(log(), 0, std::string(contentsOf(log()).size(), '\0'));
-  Child other([&] {
+  WaitingChild other([&] {
     overwriteAt(path, 2 * kPage, std::string(kPage, '\0'));
     const auto store = open();
     store->setInteger(2, "theirs");
     return store->status() ? 1 : 0;
   });
+  const auto running = open();
+  running->setInteger(1, "only here");
+  running->setObject("newer", "old 0");
+  // The log is lost, and another process recovers the store without it.
+  overwriteAt(log(), 0, std::string(contentsOf(log()).size(), '\0'));
+  other.start();
   EXPECT_EQ(other.wait(), 0);
   EXPECT_EQ(running->integerForKey("theirs"), 2);
   EXPECT_TRUE(waitUntil([&] { return open()->integerForKey("only here") == 1; }));

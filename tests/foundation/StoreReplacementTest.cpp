@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "StoreDamage.hpp"
+#include "WaitingChild.hpp"
 #include "foundation/PreferencesVerification.hpp"
 
 #include <gmock/gmock.h>
 
-#include <array>
 #include <functional>
 
 namespace foundation {
@@ -97,11 +97,7 @@ TEST_F(StoreReplacement, ObserversAreToldOfTheNewFile) {
   for (const auto& [name, replace] : cases()) {
     SCOPED_TRACE(name);
     clear();
-    std::array<int, 2> pipe{};
-    ASSERT_EQ(::pipe(pipe.data()), 0);
-    Child other([&] {
-      char go = 0;
-      if (::read(pipe[0], &go, 1) != 1) return 1;
+    WaitingChild other([&] {
       const auto theirs = open();
       theirs->setInteger(3, "theirs");
       return theirs->status() || theirs->integerForKey("key") != 2 ? 1 : 0;
@@ -113,11 +109,9 @@ TEST_F(StoreReplacement, ObserversAreToldOfTheNewFile) {
         store->observeAll([&](std::string_view key) { heard.emplace_back(key); });
     replace();
     store->setInteger(2, "key");
-    ASSERT_EQ(::write(pipe[1], "!", 1), 1);
+    other.start();
     EXPECT_EQ(other.wait(), 0);
     EXPECT_TRUE(waitUntil([&] { return !heard.empty() && heard.back() == "theirs"; }));
-    ::close(pipe[0]);
-    ::close(pipe[1]);
   }
 }
 

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "Child.hpp"
 #include "StoreFixture.hpp"
+#include "WaitingChild.hpp"
 
 #include <gmock/gmock.h>
 #include <sqlite3.h>
@@ -17,11 +19,7 @@ class StoreSharing : public StoreTest {};
 
 TEST_F(StoreSharing, ObserversAreToldOfAnotherProcessWithoutARead) {
   open()->setInteger(1, "before");
-  std::array<int, 2> pipe{};
-  ASSERT_EQ(::pipe(pipe.data()), 0);
-  Child writer([&] {
-    char go = 0;
-    if (::read(pipe[0], &go, 1) != 1) return 1;
+  WaitingChild writer([&] {
     const auto store = open();
     store->setObject("new", "added");
     store->removeObject("before");
@@ -31,13 +29,11 @@ TEST_F(StoreSharing, ObserversAreToldOfAnotherProcessWithoutARead) {
   std::vector<std::string> heard;
   const Subscription all =
       store->observeAll([&](std::string_view key) { heard.emplace_back(key); });
-  ASSERT_EQ(::write(pipe[1], "!", 1), 1);
+  writer.start();
   EXPECT_TRUE(waitUntil([&] { return heard.size() == 2; }));
   EXPECT_THAT(heard, testing::ElementsAre("added", "before"));
   EXPECT_EQ(store->stringForKey("added"), "new");
   EXPECT_EQ(writer.wait(), 0);
-  ::close(pipe[0]);
-  ::close(pipe[1]);
 }
 
 TEST_F(StoreSharing, EightWritersLoseNothing) {

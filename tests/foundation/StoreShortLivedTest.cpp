@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Child.hpp"
 #include "StoreDamage.hpp"
 #include "SystemCallFaults.hpp"
 
@@ -21,20 +22,17 @@ protected:
   std::int64_t valueInGoodCopy() const {
     return UserDefaults::open(goodCopy(), UserDefaults::Access::readOnly)->integerForKey("key");
   }
-  static std::ptrdiff_t threads() {
-    return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
-  }
 };
 
 TEST_F(StoreShortLived, WritesNeedNoThreadAndLeaveNoLog) {
-  const auto before = threads();
+  const auto before = threadCount();
   {
     const auto store = openShortLived();
     store->setInteger(1, "key");
     store->setInteger(2, "other");
     store->removeObject("other");
     EXPECT_TRUE(store->synchronize());
-    EXPECT_EQ(threads(), before);
+    EXPECT_EQ(threadCount(), before);
     EXPECT_EQ(open()->integerForKey("key"), 1);
   }
   EXPECT_FALSE(std::filesystem::exists(log()));

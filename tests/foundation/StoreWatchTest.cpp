@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include "Child.hpp"
 #include "StoreFixture.hpp"
+#include "WaitingChild.hpp"
 #include "foundation/store/watch/CommitStamp.hpp"
 #include "foundation/store/watch/PreferencesWatch.hpp"
 
 #include <gmock/gmock.h>
 #include <poll.h>
-#include <unistd.h>
 
-#include <array>
 #include <atomic>
 #include <cstdlib>
 #include <fstream>
@@ -124,11 +124,8 @@ TEST_F(StoreWatch, ProcessThatEndsWhileTheThreadQueuesWorkEndsInOrder) {
   Child child([&] {
     // Another process writes. A second store in this process would have a thread that may arrive at
     // the gate first, and closing the store would wait for it.
-    std::array<int, 2> isWatching{};
-    if (pipe(isWatching.data()) != 0) return 3;
-    Child writer([&] {
-      char byte = 0;
-      if (read(isWatching[0], &byte, 1) == 1) open()->setInteger(1, "key");
+    WaitingChild writer([&] {
+      open()->setInteger(1, "key");
       return 0;
     });
     UserDefaults::setStandardFile(path);
@@ -140,7 +137,8 @@ TEST_F(StoreWatch, ProcessThatEndsWhileTheThreadQueuesWorkEndsInOrder) {
       MainQueue::mainQueue().async([] {});
     });
     static const Subscription all = store.observeAll([](std::string_view) {});
-    if (write(isWatching[1], "", 1) != 1 || !gateAtExit().waitUntilHeld()) return 1;
+    writer.start();
+    if (!gateAtExit().waitUntilHeld()) return 1;
     writer.wait();
     std::exit(store.integerForKey("key") == 1 ? 0 : 2);
   });
