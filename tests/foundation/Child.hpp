@@ -21,9 +21,8 @@ inline std::ptrdiff_t threadCount() {
   return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
 }
 
-// Another process that does one thing. A forked process has one thread and waits forever for a
-// mutex that another thread held when it was made. So it must not be made while a store of this
-// process has a thread, which ends the test.
+// Another process that does one thing. Aborts the test when a store of this process has a thread: a
+// forked process would wait forever for a mutex that this thread held.
 class Child {
 public:
   explicit Child(const std::function<int()>& work) : id_(forkOnlyThread()) {
