@@ -130,6 +130,14 @@ constexpr double kTabMargin = 16;
 constexpr double kTabBarHeight = 52;
 constexpr double kTextFieldWidth = 160;
 
+Size textFieldSize(const Metrics& metrics, const viewkit::TextFieldControl& field, double width) {
+  const double margin =
+      kTextFieldHeight - metrics.measureText({.text = "x"}, std::nullopt).size.height;
+  const double inside = std::max(width - margin, 1.0);
+  const auto text = metrics.measureText({.text = field.text, .lineLimit = field.lineLimit}, inside);
+  return {width, text.size.height + margin};
+}
+
 }  // namespace
 
 TextMetrics Metrics::measureText(const TextVisual& text, std::optional<double> maxWidth) const {
@@ -193,11 +201,7 @@ Size Metrics::controlSize(const viewkit::Control& control, ProposedSize proposal
         return within({width, kTabBarHeight});
       },
       [&](const viewkit::TextFieldControl& field) {
-        const double width = wide(kTextFieldWidth);
-        const double margin = kTextFieldHeight - textSize("x").height;
-        const double inside = std::max(width - margin, 1.0);
-        const auto text = measureText({.text = field.text, .lineLimit = field.lineLimit}, inside);
-        return Size{width, text.size.height + margin};
+        return textFieldSize(*this, field, wide(kTextFieldWidth));
       },
       [&](const viewkit::SelectableTextControl& text) {
         return measureText(text.text, proposal.width).size;

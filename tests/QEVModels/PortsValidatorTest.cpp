@@ -32,66 +32,68 @@ struct Case {
   std::string_view kinds;
 };
 
+using namespace std::string_view_literals;
+
+constexpr Case kCases[] = {
+    {"", "", ""},
+    {" ,;\n\t ", "", ""},
+    {"80", "80", ""},
+    {"0,65535", "0,65535", ""},
+    {"0-65535", "0-65535", ""},
+    {"0080,007-0009", "7-9,80", ""},
+    // Separators and order
+    {"443 80", "80,443", ""},
+    {"443;80\r\n8080,\t53", "53,80,443,8080", ""},
+    {",,80,,443,;", "80,443", ""},
+    {"443\xE3\x80\x81"
+     "80\xC2\xA0"
+     "53",
+     "53,80,443", ""},
+    // Full-width forms, and every kind of dash
+    {"８０，４４３；５３", "53,80,443", ""},
+    {"８０００－８０１０　２１", "21,8000-8010", ""},
+    {"1‐3;5–7;9—11;13−15;17～19;21〜23", "1-3,5-7,9-11,13-15,17-19,21-23", ""},
+    {"8000 - 8010", "8000-8010", ""},
+    {"80 -90 100- 110", "80-90,100-110", ""},
+    // Ranges swallow what overlaps, touches or lies next to them; ports stay single
+    {"80, 81", "80,81", ""},
+    {"10-20,15-30", "10-30", ""},
+    {"10-20,21-30", "10-30", ""},
+    {"10-30,15-20", "10-30", ""},
+    {"10-20,22-30", "10-20,22-30", ""},
+    {"15,10-20", "10-20", ""},
+    {"8,9,10-20,21,22,24", "8-22,24", ""},
+    {"65534-65535,0-1", "0-1,65534-65535", ""},
+    // What is left out
+    {"http", "", "invalid"},
+    {"80,http,+443,0x50,80.1", "80", "invalid"},
+    {"-", "", "invalid"},
+    {"- 80\n- 443", "80,443", "invalid"},
+    {"80-,-90,1-2-3,4--5", "", "invalid"},
+    {"80 -", "80", "invalid"},
+    {"80-\n90", "90", "invalid"},
+    {"٨٠", "", "invalid"},
+    {"80\0,443"sv, "443", "invalid"},
+    {"8\xFF"
+     "0,\xC0\xB8\xB0,443",
+     "443", "invalid"},
+    {"65536", "", "outOfRange"},
+    {"70000-80000,80", "80", "outOfRange"},
+    {"1-65536", "", "outOfRange"},
+    {"65536-1", "", "outOfRange"},
+    {"18446744073709551696,99999999999999999999999999", "", "outOfRange"},
+    // What is put right aloud
+    {"8010-8000", "8000-8010", "reversed"},
+    {"80,80,80", "80", "duplicate"},
+    {"80,８０", "80", "duplicate"},
+    {"1-5,1-5", "1-5", "duplicate"},
+    {"1-5,5-1", "1-5", "reversed duplicate"},
+    {"80-80", "80", "duplicate"},
+    {"80,80,9-1,70000,x", "1-9,80", "invalid outOfRange reversed duplicate"},
+};
+
 TEST(PortsValidatorTest, BringsEveryTextIntoNormalForm) {
-  using namespace std::string_view_literals;
-  const std::vector<Case> cases{
-      {"", "", ""},
-      {" ,;\n\t ", "", ""},
-      {"80", "80", ""},
-      {"0,65535", "0,65535", ""},
-      {"0-65535", "0-65535", ""},
-      {"0080,007-0009", "7-9,80", ""},
-      // Separators and order
-      {"443 80", "80,443", ""},
-      {"443;80\r\n8080,\t53", "53,80,443,8080", ""},
-      {",,80,,443,;", "80,443", ""},
-      {"443\xE3\x80\x81"
-       "80\xC2\xA0"
-       "53",
-       "53,80,443", ""},
-      // Full-width forms, and every kind of dash
-      {"８０，４４３；５３", "53,80,443", ""},
-      {"８０００－８０１０　２１", "21,8000-8010", ""},
-      {"1‐3;5–7;9—11;13−15;17～19;21〜23", "1-3,5-7,9-11,13-15,17-19,21-23", ""},
-      {"8000 - 8010", "8000-8010", ""},
-      {"80 -90 100- 110", "80-90,100-110", ""},
-      // Ranges swallow what overlaps, touches or lies next to them; ports stay single
-      {"80, 81", "80,81", ""},
-      {"10-20,15-30", "10-30", ""},
-      {"10-20,21-30", "10-30", ""},
-      {"10-30,15-20", "10-30", ""},
-      {"10-20,22-30", "10-20,22-30", ""},
-      {"15,10-20", "10-20", ""},
-      {"8,9,10-20,21,22,24", "8-22,24", ""},
-      {"65534-65535,0-1", "0-1,65534-65535", ""},
-      // What is left out
-      {"http", "", "invalid"},
-      {"80,http,+443,0x50,80.1", "80", "invalid"},
-      {"-", "", "invalid"},
-      {"- 80\n- 443", "80,443", "invalid"},
-      {"80-,-90,1-2-3,4--5", "", "invalid"},
-      {"80 -", "80", "invalid"},
-      {"80-\n90", "90", "invalid"},
-      {"٨٠", "", "invalid"},
-      {"80\0,443"sv, "443", "invalid"},
-      {"8\xFF"
-       "0,\xC0\xB8\xB0,443",
-       "443", "invalid"},
-      {"65536", "", "outOfRange"},
-      {"70000-80000,80", "80", "outOfRange"},
-      {"1-65536", "", "outOfRange"},
-      {"65536-1", "", "outOfRange"},
-      {"18446744073709551696,99999999999999999999999999", "", "outOfRange"},
-      // What is put right aloud
-      {"8010-8000", "8000-8010", "reversed"},
-      {"80,80,80", "80", "duplicate"},
-      {"80,８０", "80", "duplicate"},
-      {"1-5,1-5", "1-5", "duplicate"},
-      {"1-5,5-1", "1-5", "reversed duplicate"},
-      {"80-80", "80", "duplicate"},
-      {"80,80,9-1,70000,x", "1-9,80", "invalid outOfRange reversed duplicate"},
-  };
-  for (const Case& each : cases) {
+  for (const Case& each : kCases) {
     SCOPED_TRACE(each.text);
     const PortValidationResult result = validatedPorts(each.text);
     EXPECT_EQ(result.ports, each.ports);

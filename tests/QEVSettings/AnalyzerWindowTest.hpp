@@ -6,7 +6,6 @@
 
 #include <memory>
 #include <string>
-#include <utility>
 
 namespace QEVSettings {
 
@@ -16,8 +15,8 @@ protected:
   ~AnalyzerWindowTest() override { close(); }
 
   void load(const std::string& title,
-            std::shared_ptr<QEVDependencies::QEVPreferencesObject> preferences = nullptr) {
-    plugIns_.load(title, std::move(preferences));
+            const std::shared_ptr<QEVDependencies::QEVPreferencesObject>& preferences = nullptr) {
+    plugIns_.load(title, preferences);
   }
   headless::Window& open() { return SettingsWindowTest::open(Tabs::analyze); }
 

@@ -27,6 +27,8 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
+#include <memory>
 #include <set>
 
 // A program of its own: the module looks for its resources once in the life of a process.
@@ -122,6 +124,85 @@ private:
   std::unique_ptr<foundation::UserDefaults> store_ = foundation::UserDefaults::inMemory();
 };
 
+// A history with a window, of which a test sees what undo, redo and resets are called, ask and
+// tell.
+class SeenHistory {
+public:
+  SeenHistory(MarkedTexts& texts, const QEVSettingsView& page)
+      : texts_(texts),
+        window_(page, viewkit::Environment{
+                          .defaultStore = recording_,
+                          .objects = viewkit::EnvironmentObjects().with(history_).with(reset_)}) {}
+
+  void seeItBeforeAnyChange() {
+    ASSERT_TRUE(window_.openContextMenu(window_.find(Role::tabList)));
+    for (const auto& item : window_.openMenuItems()) texts_.see(item.title);
+    window_.press(headless::Key::escape);
+    texts_.see(history_->undoTitle());
+    texts_.see(history_->redoTitle());
+    reset_->askToResetPage();
+    seeNotice();
+    reset_->askToResetAll();
+    seeNotice();
+  }
+
+  void seeChangesTakenBack() {
+    setZone("x-1");
+    texts_.see(history_->undoTitle());
+    setElsewhere("x-other");
+    history_->undo();
+    seeNotice();
+    setZone("x-2");
+    history_->undo();
+    texts_.see(history_->redoTitle());
+    setZone("x-3");
+    history_->undo();
+    setElsewhere("x-elsewhere");
+    history_->redo();
+    seeNotice();
+    setZone("x-4");
+    whileLocked([&] { history_->undo(); });
+    setZone("x-5");
+    history_->undo();
+    whileLocked([&] { history_->redo(); });
+  }
+
+  void seeResets() {
+    reset_->askToResetPage();
+    foundation::MainQueue::mainQueue().drain();
+    texts_.see(window_);
+    whileLocked([&] { history_->notice()->confirm(); });
+    reset_->askToResetPage();
+    history_->notice()->confirm();
+    texts_.see(history_->undoTitle());
+    setZone("x-6");
+    reset_->askToResetAll();
+    seeNotice();
+    history_->notice()->confirm();
+    texts_.see(history_->undoTitle());
+  }
+
+private:
+  void setZone(const char* zone) { recording_.setObject(zone, kPrefTimezoneString.name); }
+  void setElsewhere(const char* zone) { underneath_.setObject(zone, kPrefTimezoneString.name); }
+  void seeNotice() { texts_.see(history_->notice()->text()); }
+  void whileLocked(const std::function<void()>& act) {
+    underneath_.isEveryKeyLocked = true;
+    act();
+    seeNotice();
+    underneath_.isEveryKeyLocked = false;
+  }
+
+  MarkedTexts& texts_;
+  LockableStore underneath_;
+  RecordingPreferences recording_{underneath_};
+  std::shared_ptr<SettingsCatalogue> catalogue_ = std::make_shared<SettingsCatalogue>();
+  std::shared_ptr<ActionHistory> history_ = std::make_shared<ActionHistory>(
+      recording_, std::make_shared<SettingWriter>(recording_), catalogue_);
+  std::shared_ptr<SettingsReset> reset_ = std::make_shared<SettingsReset>(history_, catalogue_);
+  headless::Window window_;
+};
+
 class LocalizationTest : public AnalyzerWindowTest {
 protected:
   // The titles, purposes and values of every setting, and what its row offers.
@@ -166,74 +247,44 @@ protected:
       texts.see(general->findText(marked(label)).label());
   }
 
-  // What undo, redo and resets are called, ask and tell.
-  void seeHistory(MarkedTexts& texts) {
-    LockableStore underneath;
-    RecordingPreferences recording(underneath);
-    const auto catalogue = std::make_shared<SettingsCatalogue>();
-    const auto history = std::make_shared<ActionHistory>(
-        recording, std::make_shared<SettingWriter>(recording), catalogue);
-    const auto reset = std::make_shared<SettingsReset>(history, catalogue);
-    headless::Window window(
-        settingsView(Tabs::general),
-        viewkit::Environment{.defaultStore = recording,
-                             .objects = viewkit::EnvironmentObjects().with(history).with(reset)});
-    const auto setZone = [&](const char* zone) {
-      recording.setObject(zone, kPrefTimezoneString.name);
-    };
-    const auto setElsewhere = [&] { underneath.setObject("x-other", kPrefTimezoneString.name); };
-    const auto seeNotice = [&] { texts.see(history->notice()->text()); };
+  // The notice of a problem of the store, and that of its opening.
+  void seeStorageNotices(MarkedTexts& texts) {
+    for (const auto problem :
+         {StorageProblem::diskFull, StorageProblem::notWritable, StorageProblem::busy,
+          StorageProblem::unusable, StorageProblem::noFile, StorageProblem::failing}) {
+      store.setStorageProblem(problem);
+      texts.see(SettingsWindowTest::open(Tabs::general));
+    }
+    store.setStorageProblem(std::nullopt);
+    StoreOpening opening;
+    for (const auto outcome : {StoreOpening::Outcome::restored, StoreOpening::Outcome::begunEmpty,
+                               StoreOpening::Outcome::inMemory}) {
+      opening.outcome = outcome;
+      for (opening.lostKeys = 0; opening.lostKeys < 2; ++opening.lostKeys) {
+        close();  // a window that is open would report the recovery first
+        store.setOpening(opening);
+        texts.see(SettingsWindowTest::open(Tabs::general));
+      }
+    }
+  }
 
-    ASSERT_TRUE(window.openContextMenu(window.find(Role::tabList)));
-    for (const auto& item : window.openMenuItems()) texts.see(item.title);
-    window.press(headless::Key::escape);
-    texts.see(history->undoTitle());
-    texts.see(history->redoTitle());
-    reset->askToResetPage();
-    seeNotice();
-    reset->askToResetAll();
-    seeNotice();
-
-    setZone("x-1");
-    texts.see(history->undoTitle());
-    setElsewhere();
-    history->undo();
-    seeNotice();
-    setZone("x-2");
-    history->undo();
-    texts.see(history->redoTitle());
-    setZone("x-3");
-    history->undo();
-    underneath.setObject("x-elsewhere", kPrefTimezoneString.name);
-    history->redo();
-    seeNotice();
-    setZone("x-4");
-    underneath.isEveryKeyLocked = true;
-    history->undo();
-    seeNotice();
-    underneath.isEveryKeyLocked = false;
-    setZone("x-5");
-    history->undo();
-    underneath.isEveryKeyLocked = true;
-    history->redo();
-    seeNotice();
-    underneath.isEveryKeyLocked = false;
-
-    reset->askToResetPage();
-    foundation::MainQueue::mainQueue().drain();
-    texts.see(window);
-    underneath.isEveryKeyLocked = true;
-    history->notice()->confirm();
-    seeNotice();
-    underneath.isEveryKeyLocked = false;
-    reset->askToResetPage();
-    history->notice()->confirm();
-    texts.see(history->undoTitle());
-    setZone("x-6");
-    reset->askToResetAll();
-    seeNotice();
-    history->notice()->confirm();
-    texts.see(history->undoTitle());
+  // Of errors and of what is typed.
+  void seeMessages(MarkedTexts& texts) {
+    for (int i = 0; i < 10; ++i)
+      texts.see(QEVCommonTools::localized(message(static_cast<QEVDependencies::QEVError>(i))));
+    texts.see(QEVCommonTools::localized(message(static_cast<QEVDependencies::QEVError>(10))));
+    for (const char* ports :
+         {"x", "x,y", "70000", "70000,70001", "2-1", "2-1,3-1", "1,1", "1,1,2,2", "x,y,z,w"}) {
+      texts.see(QEVModels::validatedPorts(ports).corrections.front().message());
+    }
+    for (const char* host : {"", "no host"}) {
+      texts.see(
+          QEVCommonTools::localized(QEVDependencies::validatedProxyHost(host).error().message));
+    }
+    texts.see(
+        QEVCommonTools::localized(QEVDependencies::validatedProxyPort("none").error().message));
+    texts.see(
+        headless::Window(QEVCommonTools::managed(viewkit::View(), true), {.defaultStore = store}));
   }
 
   // With every option that an analyzer of the host has.
@@ -321,40 +372,13 @@ TEST_F(LocalizationTest, EveryTextOfTheTablesIsUsedAndNoOther) {
   texts.see(SettingsWindowTest::open(Tabs::capture));
   texts.see(headless::Window(CheckForUpdatesView(updater), {.defaultStore = store}));
 
-  for (const auto problem :
-       {StorageProblem::diskFull, StorageProblem::notWritable, StorageProblem::busy,
-        StorageProblem::unusable, StorageProblem::noFile, StorageProblem::failing}) {
-    store.setStorageProblem(problem);
-    texts.see(SettingsWindowTest::open(Tabs::general));
-  }
-  store.setStorageProblem(std::nullopt);
-  StoreOpening opening;
-  for (const auto outcome : {StoreOpening::Outcome::restored, StoreOpening::Outcome::begunEmpty,
-                             StoreOpening::Outcome::inMemory}) {
-    opening.outcome = outcome;
-    for (opening.lostKeys = 0; opening.lostKeys < 2; ++opening.lostKeys) {
-      close();  // a window that is open would report the recovery first
-      store.setOpening(opening);
-      texts.see(SettingsWindowTest::open(Tabs::general));
-    }
-  }
-
-  for (int i = 0; i < 10; ++i)
-    texts.see(QEVCommonTools::localized(message(static_cast<QEVDependencies::QEVError>(i))));
-  texts.see(QEVCommonTools::localized(message(static_cast<QEVDependencies::QEVError>(10))));
-  for (const char* ports :
-       {"x", "x,y", "70000", "70000,70001", "2-1", "2-1,3-1", "1,1", "1,1,2,2", "x,y,z,w"}) {
-    texts.see(QEVModels::validatedPorts(ports).corrections.front().message());
-  }
-  for (const char* host : {"", "no host"}) {
-    texts.see(QEVCommonTools::localized(QEVDependencies::validatedProxyHost(host).error().message));
-  }
-  texts.see(QEVCommonTools::localized(QEVDependencies::validatedProxyPort("none").error().message));
-  texts.see(
-      headless::Window(QEVCommonTools::managed(viewkit::View(), true), {.defaultStore = store}));
-
+  seeStorageNotices(texts);
+  seeMessages(texts);
   seeSettings(texts);
-  seeHistory(texts);
+  SeenHistory history(texts, settingsView(Tabs::general));
+  history.seeItBeforeAnyChange();
+  history.seeChangesTakenBack();
+  history.seeResets();
 
   EXPECT_THAT(texts.unmarked(), IsEmpty())
       << "shown without being looked up, or missing in the English table";

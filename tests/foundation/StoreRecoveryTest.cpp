@@ -22,7 +22,18 @@ using testing::SizeIs;
 
 using Outcome = QEVSettings::StoreOpening::Outcome;
 
-class StoreRecovery : public DamagedStoreTest {};
+class StoreRecovery : public DamagedStoreTest {
+protected:
+  // The contents of the damaged files that were kept.
+  std::vector<std::string> setAside() const {
+    std::vector<std::string> contents;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+      if (entry.path().string().find(".damaged-") != std::string::npos)
+        contents.push_back(contentsOf(entry.path()));
+    }
+    return contents;
+  }
+};
 
 TEST_F(StoreRecovery, DamagedFileIsRecoveredWithItsGoodCopy) {
   const PreferenceValue text = std::string(20'000, 'x');
@@ -79,12 +90,7 @@ TEST_F(StoreRecovery, DamagedFileIsRecoveredWithItsGoodCopy) {
     EXPECT_THAT(verification.sentences,
                 testing::ElementsAre(HasSubstr("in order: 3 keys"), HasSubstr("in order: 3 keys"),
                                      HasSubstr("set aside")));
-    std::vector<std::string> kept;
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-      if (entry.path().string().find(".damaged-") != std::string::npos)
-        kept.push_back(contentsOf(entry.path()));
-    }
-    EXPECT_EQ(kept, std::vector<std::string>{damaged});
+    EXPECT_EQ(setAside(), std::vector<std::string>{damaged});
   }
 }
 

@@ -40,7 +40,7 @@ Text fixed(const std::string& text) {
   return Text(text).font(Font::of({.family = "Monospace", .style = "", .pointSize = 10}));
 }
 
-std::vector<Fixture> fixtures() {
+std::vector<Fixture> stacks() {
   return {
       {"a stack gives what is left to what can take it",
        HStack({.spacing = 10}, {box(50, 20), filler(), box(40, 30)}),
@@ -68,6 +68,11 @@ std::vector<Fixture> fixtures() {
       {"a text gives way before it is pushed out",
        HStack({.spacing = 0}, {fixed("aaaa bbbb"), box(370, 10)}),
        {{{0, 0}, {24, 26}}, {{24, 8}, {370, 10}}}},
+  };
+}
+
+std::vector<Fixture> modifiers() {
+  return {
       {"padding before a background lies inside of it",
        box(10, 10).padding(5).background(filler()).padding(Edges::leading, 7),
        {{{7, 0}, {20, 20}}, {{12, 5}, {10, 10}}}},
@@ -92,6 +97,11 @@ std::vector<Fixture> fixtures() {
       {"fixed size ignores what is offered",
        fixed("aaaa bbbb").fixedSize().frame({.width = 30}),
        {{{-12, 0}, {54, 13}}}},
+  };
+}
+
+std::vector<Fixture> otherContainers() {
+  return {
       {"children one over the other",
        ZStack(Alignment::topLeading(), {box(100, 20), box(10, 60)}),
        {{{0, 0}, {100, 20}}, {{0, 0}, {10, 60}}}},
@@ -119,12 +129,14 @@ std::vector<Fixture> fixtures() {
 }
 
 TEST(Layout, EachFixtureIsPlacedAsExpected) {
-  for (const Fixture& fixture : fixtures()) {
-    SCOPED_TRACE(fixture.name);
-    const headless::Window window = testing::open(fixture.root);
-    std::vector<Rect> frames;
-    collect(window.describe(), frames);
-    EXPECT_THAT(frames, ::testing::ElementsAreArray(fixture.frames));
+  for (const auto& fixtures : {stacks(), modifiers(), otherContainers()}) {
+    for (const Fixture& fixture : fixtures) {
+      SCOPED_TRACE(fixture.name);
+      const headless::Window window = testing::open(fixture.root);
+      std::vector<Rect> frames;
+      collect(window.describe(), frames);
+      EXPECT_THAT(frames, ::testing::ElementsAreArray(fixture.frames));
+    }
   }
 }
 
