@@ -68,23 +68,19 @@ std::string textOf(StorageProblem problem) {
     case StorageProblem::notWritable:
       return localized(
           "Changes cannot be saved: the settings file is write-protected. They are kept and will "
-          "be saved when "
-          "it can be written.");
+          "be saved when it can be written.");
     case StorageProblem::busy:
       return localized(
           "Changes cannot be saved: another program is using the settings file. They are kept and "
-          "will be saved "
-          "when it is free.");
+          "will be saved when it is free.");
     case StorageProblem::unusable:
       return localized(
           "Changes cannot be saved: the settings file belongs to another program, another user or "
-          "a newer "
-          "version. They are kept until the program ends.");
+          "a newer version. They are kept until the program ends.");
     case StorageProblem::noFile:
       return localized(
           "Changes cannot be saved: there is no folder for the settings file. They are kept until "
-          "the program "
-          "ends.");
+          "the program ends.");
     case StorageProblem::failing: break;
   }
   return localized(

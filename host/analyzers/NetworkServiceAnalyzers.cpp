@@ -98,8 +98,8 @@ AnalyzerDescription bgp() {
       .id = "8FCB0DB1-5AF7-48B2-BDEA-79077DB008EE",
       .title = "BGP",
       .description =
-          "Lists the routes that neighbours announce and withdraw. Its port is the "
-          "same everywhere.",
+          "Lists the routes that neighbours announce and withdraw. Its port is the same "
+          "everywhere.",
       .version = "2.8",
       .options = {{.name = "four_byte_numbers", .label = "Show long system numbers with a dot"}},
       .protocols = {{"BGP", "179", Transport::tcp}},

@@ -11,8 +11,7 @@ AnalyzerDescription tcp() {
       .id = "59FBAB0C-A61B-477C-8A61-2354F48CD19A",
       .title = "TCP",
       .description =
-          "Follows each connection from handshake to close, and marks what was lost "
-          "or sent twice.",
+          "Follows each connection from handshake to close, and marks what was lost or sent twice.",
       .version = "5.0",
       .options = {{.name = "relative_numbers",
                    .label = "Show relative sequence numbers",
@@ -43,8 +42,7 @@ AnalyzerDescription quic() {
       .id = "FA013A74-33D8-418D-8CF4-DDEE249A25BB",
       .title = "QUIC",
       .description =
-          "Tells connections apart by their identifiers, and opens the packets of "
-          "the handshake.",
+          "Tells connections apart by their identifiers, and opens the packets of the handshake.",
       .version = "1.3",
       .options = {{.name = "any_port",
                    .label = "Recognise QUIC on any port",
@@ -62,8 +60,8 @@ AnalyzerDescription tls() {
       .id = "9C752ACD-20CB-4ABF-BFED-6B0827DB3017",
       .title = "TLS",
       .description =
-          "Shows versions, cipher suites, names and certificates, and decrypts with "
-          "a log of session keys.",
+          "Shows versions, cipher suites, names and certificates, and decrypts with a log of "
+          "session keys.",
       .version = "3.7",
       .options = {{.name = "certificates",
                    .label = "Check certificate dates",

@@ -76,43 +76,44 @@ Result<Options> parseCommand(const CommandEntry& entry, Words words, bool isName
 
 std::vector<Option> programOptions(ProgramOptions& options) {
   Option shortHelp = flag("-h", {}, options.wantsHelp, true);
-  return {{.name = "--store",
-           .value = "FILE",
-           .help = "Use another store than $XDG_CONFIG_HOME/zorvantine/preferences.sqlite (in "
-                   "~/.config without "
-                   "XDG_CONFIG_HOME). Commands that change preferences make it when it is missing.",
-           .take =
-               [&options](std::string_view value) {
-                 if (value.empty())
-                   return Outcome(Error{translated("--store needs the name of a file")});
-                 options.store = value;
-                 return done();
-               }},
-          {.name = "--profile",
-           .value = "NAME",
-           .help = "Use the profile of that name instead of the standard one.",
-           .take =
-               [&options](std::string_view value) {
-                 auto name = checkedProfileName(value);
-                 if (!name) return Outcome(name.error());
-                 options.profile = *std::move(name);
-                 return done();
-               }},
-          {.name = "--set",
-           .value = "KEY=VALUE",
-           .help = "Put a setting in force for this run, unless an administrator locked it. "
-                   "Nothing is stored.",
-           .take =
-               [&options](std::string_view value) {
-                 if (value.find('=') == std::string_view::npos || value.starts_with('='))
-                   return Outcome(Error{"--set needs KEY=VALUE"});
-                 options.forThisRun.emplace_back(value);
-                 return done();
-               }},
-          flag("--help", "Print help on the command, or on everything without one.",
-               options.wantsHelp, true),
-          std::move(shortHelp),
-          flag("--version", "Print the version.", options.wantsVersion, true)};
+  return {
+      {.name = "--store",
+       .value = "FILE",
+       .help =
+           "Use another store than $XDG_CONFIG_HOME/zorvantine/preferences.sqlite (in ~/.config "
+           "without XDG_CONFIG_HOME). Commands that change preferences make it when it is missing.",
+       .take =
+           [&options](std::string_view value) {
+             if (value.empty())
+               return Outcome(Error{translated("--store needs the name of a file")});
+             options.store = value;
+             return done();
+           }},
+      {.name = "--profile",
+       .value = "NAME",
+       .help = "Use the profile of that name instead of the standard one.",
+       .take =
+           [&options](std::string_view value) {
+             auto name = checkedProfileName(value);
+             if (!name) return Outcome(name.error());
+             options.profile = *std::move(name);
+             return done();
+           }},
+      {.name = "--set",
+       .value = "KEY=VALUE",
+       .help = "Put a setting in force for this run, unless an administrator locked it. Nothing is "
+               "stored.",
+       .take =
+           [&options](std::string_view value) {
+             if (value.find('=') == std::string_view::npos || value.starts_with('='))
+               return Outcome(Error{"--set needs KEY=VALUE"});
+             options.forThisRun.emplace_back(value);
+             return done();
+           }},
+      flag("--help", "Print help on the command, or on everything without one.", options.wantsHelp,
+           true),
+      std::move(shortHelp),
+      flag("--version", "Print the version.", options.wantsVersion, true)};
 }
 
 Result<Options> parseOptions(Words words) {

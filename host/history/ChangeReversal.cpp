@@ -43,15 +43,14 @@ Result<UserDefaults::Changes> reversalOf(std::span<const RememberedChange> newes
   for (const RememberedChange& change : newest) {
     const bool isNewestOfKey = reversal.find(change.key) == reversal.end();
     if (isNewestOfKey && !change.isInForce) {
-      return Error{
-          translated("“%1” was changed since by a program that keeps no history; set it "
-                     "with prefs set",
-                     {change.key})};
+      return Error{translated(
+          "“%1” was changed since by a program that keeps no history; set it with prefs set",
+          {change.key})};
     }
     if (!change.before.isKnown()) {
       return Error{
-          translated("“%1” cannot be put back, because the history has not kept its "
-                     "former value; set it with prefs set",
+          translated("“%1” cannot be put back, because the history has not kept its former value; "
+                     "set it with prefs set",
                      {change.key})};
     }
     reversal.insert_or_assign(change.key, change.before.value);

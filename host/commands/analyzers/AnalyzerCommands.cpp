@@ -33,8 +33,7 @@ std::vector<CommandEntry> analyzerCommands() {
       command({.name = "ports validate",
                .chapter = Chapter::analyzers,
                .help = "Put a list of ports in order. A TEXT of - is read from standard input. "
-                       "Exits with 1 when "
-                       "something was left out."},
+                       "Exits with 1 when something was left out."},
               validateArguments),
   };
 }

@@ -26,9 +26,8 @@ inline constexpr std::array<std::pair<std::string_view, std::string_view>, 4> kE
      {"2", "The command line is wrong, or a value does not fit its setting."},
      {"3",
       "The store or a file could not be read or written, or an administrator has locked the "
-      "setting. A command that reads gives this too when "
-      "--store names a "
-      "file that is not there; the person's own store is empty until something is stored."}}};
+      "setting. A command that reads gives this too when --store names a file that is not there; "
+      "the person's own store is empty until something is stored."}}};
 
 // "--format text|json".
 std::string nameAndValue(const Option& option);

@@ -250,8 +250,8 @@ std::vector<CommandEntry> settingCommands() {
               setArguments),
       command({.name = "prefs reset",
                .chapter = chapter,
-               .help = "Remove your own values, so that the defaults are in force. A list "
-                       "of protocols becomes the analyzer's factory list.",
+               .help = "Remove your own values, so that the defaults are in force. A list of "
+                       "protocols becomes the analyzer's factory list.",
                .storeUse = StoreUse::writes},
               resetArguments),
       command({.name = "prefs diff",
@@ -262,8 +262,8 @@ std::vector<CommandEntry> settingCommands() {
               diffArguments),
       command({.name = "prefs edit",
                .chapter = chapter,
-               .help = "Open your own values as JSON in $EDITOR, and store what was "
-                       "changed; all of it or nothing.",
+               .help = "Open your own values as JSON in $EDITOR, and store what was changed; all "
+                       "of it or nothing.",
                .storeUse = StoreUse::writes},
               noArguments<EditPreferencesCommand>),
       command({.name = "prefs delete",
@@ -278,19 +278,17 @@ std::vector<CommandEntry> settingCommands() {
 std::vector<CommandEntry> storeCommands() {
   constexpr auto chapter = Chapter::preferences;
   return {
-      command(
-          {.name = "prefs import",
-           .chapter = chapter,
-           .help =
-               "Take over every key of a property list, XML or binary, or of what prefs list "
-               "--format json printed; all of them or none. A FILE of - is standard input. Values "
-               "that an older release wrote are brought up to date. A list of a newer release is "
-               "refused. The list's own schema version is not taken over. A property list "
-               "holds at most 1,048,576 values, and a FILE 1 GB. Settings that an administrator "
-               "locked are left out, and named. In JSON, data and dates inside an "
-               "array or a dictionary are text.",
-           .storeUse = StoreUse::writes},
-          importArguments),
+      command({.name = "prefs import",
+               .chapter = chapter,
+               .help = "Take over every key of a property list, XML or binary, or of what prefs "
+                       "list --format json printed; all of them or none. A FILE of - is standard "
+                       "input. Values that an older release wrote are brought up to date. A list "
+                       "of a newer release is refused. The list's own schema version is not taken "
+                       "over. A property list holds at most 1,048,576 values, and a FILE 1 GB. "
+                       "Settings that an administrator locked are left out, and named. In JSON, "
+                       "data and dates inside an array or a dictionary are text.",
+               .storeUse = StoreUse::writes},
+              importArguments),
       command({.name = "prefs export",
                .chapter = chapter,
                .help = "Write every key to a property list. A FILE of - is standard output.",
@@ -325,9 +323,8 @@ std::vector<CommandEntry> storeCommands() {
       command({.name = "prefs verify",
                .chapter = chapter,
                .help = "Check the store, and say how it is. Changes nothing. Keys in the form of "
-                       "an older release are "
-                       "named, with what to do about them, and so are values that do not fit "
-                       "their settings.",
+                       "an older release are named, with what to do about them, and so are values "
+                       "that do not fit their settings.",
                .storeUse = StoreUse::inspects},
               noArguments<VerifyPreferencesCommand>),
   };

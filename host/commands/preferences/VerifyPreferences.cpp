@@ -36,8 +36,7 @@ void reportOlderForms(const foundation::UserDefaults& store, std::ostream& out) 
       << (needsEveryStep ? "To bring up to date what it wrote, run “zorvantine prefs set " + key +
                                " --int 0” and then “zorvantine prefs migrate”:\n"
                          : "The next start of the window brings up to date what it wrote, and so "
-                           "does “zorvantine prefs "
-                           "migrate”:\n");
+                           "does “zorvantine prefs migrate”:\n");
   for (const std::string& name : keys) out << "  " << onOneLine(name) << '\n';
 }
 
@@ -65,9 +64,9 @@ Failed run(const VerifyPreferencesCommand&, Console& console) {
   for (const std::string& sentence : verification.sentences)
     console.out << onOneLine(sentence) << '\n';
   if (!verification.isGood) {
-    return Failure{
-        .message = translated("the store is not in order, as the lines on standard output tell; "
-                              "the next command that writes recovers what can be had")};
+    return Failure{.message =
+                       translated("the store is not in order, as the lines on standard output "
+                                  "tell; the next command that writes recovers what can be had")};
   }
   std::error_code error;
   if (std::filesystem::exists(file, error)) {

@@ -85,41 +85,39 @@ std::vector<CommandEntry> windowCommands() {
   return {
       command({.name = "settings",
                .help = "Open the settings window; also what happens without a COMMAND. Without a "
-                       "display, draw it into "
-                       "the folder zorvantine-settings instead.",
+                       "display, draw it into the folder zorvantine-settings instead.",
                .storeUse = StoreUse::shows,
                .runsUntilEnded = true,
                .program = Program::window},
               settingsArguments),
       command({.name = "run",
                .help = "Open the main window: sample packets, listed as the settings say, and a "
-                       "menu that opens the "
-                       "settings.",
+                       "menu that opens the settings.",
                .storeUse = StoreUse::shows,
                .runsUntilEnded = true,
                .program = Program::window},
               runArguments),
       command({.name = "snapshot",
                .help = "Draw the settings window into DIR, one picture TAB.png a tab. Needs no "
-                       "display, and changes no "
-                       "preference.",
+                       "display, and changes no preference.",
                .storeUse = StoreUse::reads,
                .program = Program::window},
               snapshotArguments),
       command({.name = "describe",
-               .help = "Print what is on a page: the kind, role, label, value, help and note "
-                       "of each element, whether it is enabled and selected, what it looks like "
+               .help = "Print what is on a page: the kind, role, label, value, help and note of "
+                       "each element, whether it is enabled and selected, what it looks like "
                        "(visual), and its frame in points. Changes no preference.",
                .storeUse = StoreUse::reads,
                .program = Program::pages},
               describeArguments),
-      command({.name = "find",
-               .help = "Print where the settings window has each WORD, the best first: in titles, "
-                       "purposes, analyzers, protocols, ports and values. The word is:changed "
-                       "stands for the settings that differ from their defaults. Exits with 1 when "
-                       "nothing is found.",
-               .storeUse = StoreUse::reads},
-              findArguments),
+      command(
+          {.name = "find",
+           .help =
+               "Print where the settings window has each WORD, the best first: in titles, "
+               "purposes, analyzers, protocols, ports and values. The word is:changed stands for "
+               "the settings that differ from their defaults. Exits with 1 when nothing is found.",
+           .storeUse = StoreUse::reads},
+          findArguments),
   };
 }
 

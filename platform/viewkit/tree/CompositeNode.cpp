@@ -117,8 +117,7 @@ void reportUnlinkedProperty(const std::type_info& property) {
 #ifndef NDEBUG
   std::fprintf(stderr,
                "viewkit: %s is used outside of the view that it belongs to: declare it as a member "
-               "of the view, and "
-               "take the view along into handlers with [self = *this]\n",
+               "of the view, and take the view along into handlers with [self = *this]\n",
                unqualifiedTypeName(property).c_str());
   std::abort();
 #else

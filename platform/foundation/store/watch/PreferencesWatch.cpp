@@ -58,8 +58,7 @@ PreferencesWatch::PreferencesWatch(std::filesystem::path store, Callbacks callba
     const std::string reason = events_.refusal().empty() ? "" : " (" + events_.refusal() + ")";
     reportOnce("the system cannot watch the folder of " + store_.string() + reason +
                ", so changes by other programs are looked for every 250 ms; raise "
-               "fs.inotify.max_user_instances and "
-               "the number of open files");
+               "fs.inotify.max_user_instances and the number of open files");
   }
   start();
 }
@@ -85,8 +84,7 @@ void PreferencesWatch::start() {
   turns_ = MainQueue::mainQueue().repeat(kLookInterval, [this] { turnWithoutThread(); });
   reportOnce(
       "the system has no thread left, so changes by other programs are looked for when the main "
-      "queue has a "
-      "turn; raise the number of processes of this user");
+      "queue has a turn; raise the number of processes of this user");
 }
 
 void PreferencesWatch::reportOnce(const std::string& line) {
