@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "RandomWalk.hpp"
-#include "foundation/StoreFixture.hpp"
+#include "foundation/store/StoreFixture.hpp"
 
 #include <cstdlib>
 

@@ -3,7 +3,7 @@
 
 #include "QEVDependencies/QEVNetworkProtocol.hpp"
 #include "QEVSettings/preferences/PreferenceValue.hpp"
-#include "foundation/Child.hpp"
+#include "foundation/store/Child.hpp"
 
 #include <array>
 #include <cstddef>
