@@ -130,7 +130,9 @@ constexpr double kTabMargin = 16;
 constexpr double kTabBarHeight = 52;
 constexpr double kTextFieldWidth = 160;
 
-Size textFieldSize(const Metrics& metrics, const viewkit::TextFieldControl& field, double width) {
+Size textFieldSize(const Metrics& metrics, const viewkit::TextFieldControl& field,
+                   double offeredWidth) {
+  const double width = std::isfinite(offeredWidth) ? offeredWidth : kTextFieldWidth;
   const double margin =
       kTextFieldHeight - metrics.measureText({.text = "x"}, std::nullopt).size.height;
   const double inside = std::max(width - margin, 1.0);
@@ -160,11 +162,6 @@ Size Metrics::controlSize(const viewkit::Control& control, ProposedSize proposal
   };
   const auto titled = [&](const std::string& title) {
     return Size{textSize(title).width + 2 * kHorizontalMargin, kControlHeight};
-  };
-  // The proposed width, if it is finite.
-  const auto wide = [&](double ideal) {
-    const double offered = proposal.width.value_or(ideal);
-    return std::isfinite(offered) ? offered : ideal;
   };
   // A control that elides its text is no wider than it is offered.
   const auto within = [&](Size ideal) {
@@ -201,7 +198,7 @@ Size Metrics::controlSize(const viewkit::Control& control, ProposedSize proposal
         return within({width, kTabBarHeight});
       },
       [&](const viewkit::TextFieldControl& field) {
-        return textFieldSize(*this, field, wide(kTextFieldWidth));
+        return textFieldSize(*this, field, proposal.width.value_or(kTextFieldWidth));
       },
       [&](const viewkit::SelectableTextControl& text) {
         return measureText(text.text, proposal.width).size;

@@ -124,8 +124,14 @@ private:
   std::unique_ptr<foundation::UserDefaults> store_ = foundation::UserDefaults::inMemory();
 };
 
-// A history with a window, of which a test sees what undo, redo and resets are called, ask and
-// tell.
+void seeMenu(MarkedTexts& texts, headless::Window& window, const headless::Element& element) {
+  ASSERT_TRUE(window.openContextMenu(element));
+  for (const auto& item : window.openMenuItems()) texts.see(item.title);
+  window.press(headless::Key::escape);
+}
+
+// Sees the titles, questions and notices of undo, redo and resets, in a window over a store of its
+// own.
 class SeenHistory {
 public:
   SeenHistory(MarkedTexts& texts, const QEVSettingsView& page)
@@ -135,9 +141,7 @@ public:
                           .objects = viewkit::EnvironmentObjects().with(history_).with(reset_)}) {}
 
   void seeItBeforeAnyChange() {
-    ASSERT_TRUE(window_.openContextMenu(window_.find(Role::tabList)));
-    for (const auto& item : window_.openMenuItems()) texts_.see(item.title);
-    window_.press(headless::Key::escape);
+    seeMenu(texts_, window_, window_.find(Role::tabList));
     texts_.see(history_->undoTitle());
     texts_.see(history_->redoTitle());
     reset_->askToResetPage();
@@ -230,24 +234,19 @@ protected:
                                .objects = viewkit::EnvironmentObjects().with(catalogue).with(
                                    std::make_shared<SettingWriter>(store))});
     };
-    const auto seeMenu = [&](headless::Window& window, const headless::Element& element) {
-      ASSERT_TRUE(window.openContextMenu(element));
-      for (const auto& item : window.openMenuItems()) texts.see(item.title);
-      window.press(headless::Key::escape);
-    };
     // The catalogue does not describe the settings of this page.
     const auto capture = open(Tabs::capture);
-    seeMenu(*capture, capture->findAll(Role::toggle).front());
+    seeMenu(texts, *capture, capture->findAll(Role::toggle).front());
     const auto general = open(Tabs::general);
     const auto zone = general->find(Role::menuButton);
-    seeMenu(*general, zone);
+    seeMenu(texts, *general, zone);
     texts.see(zone.note());
     general->chooseFromContextMenu(zone, marked("What Is This?"));
     for (const char* label : {"Key", "Default", "Origin"})
       texts.see(general->findText(marked(label)).label());
   }
 
-  // The notice of a problem of the store, and that of its opening.
+  // The notices about problems of the store and about its opening.
   void seeStorageNotices(MarkedTexts& texts) {
     for (const auto problem :
          {StorageProblem::diskFull, StorageProblem::notWritable, StorageProblem::busy,
@@ -268,7 +267,7 @@ protected:
     }
   }
 
-  // Of errors and of what is typed.
+  // The messages about errors and about typed ports and addresses.
   void seeMessages(MarkedTexts& texts) {
     for (int i = 0; i < 10; ++i)
       texts.see(QEVCommonTools::localized(message(static_cast<QEVDependencies::QEVError>(i))));
